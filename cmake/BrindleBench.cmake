@@ -1,0 +1,15 @@
+# The C++ side of the measurements; bench/run.py prints it beside the Python side.
+file(GLOB_RECURSE bench_found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/bench/*.cpp)
+if(bench_found)
+    find_package(benchmark REQUIRED)
+    brindle_sources(bench_sources bench)
+    add_executable(brindle_bench ${bench_sources})
+    brindle_own_code(brindle_bench)
+    target_link_libraries(brindle_bench PRIVATE
+        BrindleObjectModelCore $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}> benchmark::benchmark)
+    set(mains ${bench_sources})
+    list(FILTER mains INCLUDE REGEX "/main\\.cpp$")
+    if(NOT mains)
+        target_link_libraries(brindle_bench PRIVATE benchmark::benchmark_main)
+    endif()
+endif()

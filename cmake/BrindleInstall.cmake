@@ -1,0 +1,20 @@
+# cmake --install gives the libraries with their headers and find_package(Brindle), the Python package, the command line.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS BrindleHost EXPORT BrindleTargets)
+install(EXPORT BrindleTargets NAMESPACE Brindle:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Brindle)
+configure_package_config_file(cmake/BrindleConfig.cmake.in ${CMAKE_BINARY_DIR}/BrindleConfig.cmake
+    INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Brindle)
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/BrindleConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${CMAKE_BINARY_DIR}/BrindleConfig.cmake ${CMAKE_BINARY_DIR}/BrindleConfigVersion.cmake
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Brindle)
+
+install(DIRECTORY core DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/brindle FILES_MATCHING PATTERN "*.h")
+
+# Debian's interpreter looks here, under the prefix it was installed to and under /usr/local.
+set(BRINDLE_PYTHON_DIR ${CMAKE_INSTALL_LIBDIR}/python3/dist-packages CACHE STRING
+    "Where the Python package goes, relative to the prefix")
+file(GLOB python_package_files CONFIGURE_DEPENDS
+    ${PROJECT_SOURCE_DIR}/service/python/brindle/*.py ${PROJECT_SOURCE_DIR}/service/python/brindle/*.pyi
+    ${PROJECT_SOURCE_DIR}/service/python/brindle/py.typed)
+install(FILES ${python_package_files} DESTINATION ${BRINDLE_PYTHON_DIR}/brindle)

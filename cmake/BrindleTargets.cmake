@@ -1,0 +1,59 @@
+# The few functions that the targets are made with.
+
+# Sources and headers below a folder, new files included at the next build. A folder that has no source yet gives a
+# library without content, so that a tree under construction configures.
+function(brindle_sources result folder)
+    cmake_parse_arguments(arg "" "" "EXCLUDE" ${ARGN})
+    file(GLOB_RECURSE found CONFIGURE_DEPENDS
+        ${PROJECT_SOURCE_DIR}/${folder}/*.cpp ${PROJECT_SOURCE_DIR}/${folder}/*.h)
+    foreach(excluded IN LISTS arg_EXCLUDE)
+        list(FILTER found EXCLUDE REGEX "^${PROJECT_SOURCE_DIR}/${excluded}/")
+    endforeach()
+    set(units ${found})
+    list(FILTER units INCLUDE REGEX "\\.cpp$")
+    if(NOT units)
+        set(placeholder ${CMAKE_BINARY_DIR}/empty/${folder}.cpp)
+        file(CONFIGURE OUTPUT ${placeholder} CONTENT "")
+        list(APPEND found ${placeholder})
+    endif()
+    set(${result} ${found} PARENT_SCOPE)
+endfunction()
+
+# Our own code: warnings are errors, Qt's headers are compiled once a target.
+function(brindle_own_code target)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Werror)
+    target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
+    target_precompile_headers(${target} PRIVATE
+        <QByteArray> <QHash> <QList> <QMap> <QMetaObject> <QMetaProperty> <QMetaType> <QObject> <QString> <QStringList>
+        <QVariant> <algorithm> <array> <cmath> <functional> <map> <memory> <optional> <string> <unordered_map> <utility>
+        <vector>)
+endfunction()
+
+function(brindle_shared_library target export_name)
+    set_target_properties(${target} PROPERTIES
+        EXPORT_NAME ${export_name} VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+        INSTALL_RPATH "$ORIGIN" LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)
+    target_link_options(${target} PRIVATE -Wl,--as-needed
+        -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map)
+    # An operation that a host header declares and the engine lacks is an error of the build, not of the first call.
+    # Sanitizer runtimes, and the interpreter for the service library, come in with the process.
+    if(NOT BRINDLE_SANITIZE AND NOT target STREQUAL "BrindleObjectModelServiceLib")
+        target_link_options(${target} PRIVATE -Wl,--no-undefined)
+    endif()
+    install(TARGETS ${target} EXPORT BrindleTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} NAMELINK_COMPONENT Development)
+endfunction()
+
+# The package directory of the build, importable with PYTHONPATH=<build>/python: links to the sources and the library.
+function(brindle_python_package target)
+    set(package ${CMAKE_BINARY_DIR}/python/brindle)
+    file(MAKE_DIRECTORY ${package})
+    file(GLOB files CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/service/python/brindle
+        ${PROJECT_SOURCE_DIR}/service/python/brindle/*.py ${PROJECT_SOURCE_DIR}/service/python/brindle/*.pyi
+        ${PROJECT_SOURCE_DIR}/service/python/brindle/py.typed)
+    foreach(file IN LISTS files)
+        file(CREATE_LINK ${PROJECT_SOURCE_DIR}/service/python/brindle/${file} ${package}/${file} SYMBOLIC)
+    endforeach()
+    add_custom_command(TARGET ${target} POST_BUILD VERBATIM
+        COMMAND ${CMAKE_COMMAND} -E create_symlink $<TARGET_FILE:${target}> ${package}/_brindle.so)
+endfunction()

@@ -1,0 +1,64 @@
+# One ctest run has every test: the GoogleTest cases one by one, pytest's as one entry, and the checks of the build.
+
+find_package(GTest 1.12 REQUIRED)
+include(GoogleTest)
+
+set(test_environment QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8)
+set(python_environment ${test_environment} PYTHONPATH=${CMAKE_BINARY_DIR}/python PYTHONDONTWRITEBYTECODE=1)
+if("address" IN_LIST BRINDLE_SANITIZE)
+    # The interpreter isn't sanitized, so the runtimes are loaded before it. It keeps memory until the process ends,
+    # which isn't ours to report.
+    set(preload)
+    foreach(runtime libasan.so libubsan.so libstdc++.so)
+        execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${runtime}
+            OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE)
+        file(REAL_PATH ${file} file)
+        list(APPEND preload ${file})
+    endforeach()
+    list(JOIN preload ":" preload)
+    set(interpreter_options ASAN_OPTIONS=detect_leaks=0)
+    list(APPEND python_environment LD_PRELOAD=${preload} PYTHONMALLOC=malloc ${interpreter_options})
+endif()
+if(BRINDLE_SANITIZE)
+    list(APPEND test_environment UBSAN_OPTIONS=print_stacktrace=1)
+    list(APPEND python_environment UBSAN_OPTIONS=print_stacktrace=1)
+endif()
+
+# brindle_gtest(<target> <folder> [ENVIRONMENT <name=value>...] LIBRARIES <library>...): nothing while it has no test.
+function(brindle_gtest target folder)
+    cmake_parse_arguments(arg "" "" "LIBRARIES;ENVIRONMENT" ${ARGN})
+    file(GLOB_RECURSE found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
+    if(NOT found)
+        return()
+    endif()
+    brindle_sources(sources ${folder})
+    add_executable(${target} ${sources})
+    brindle_own_code(${target})
+    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    target_precompile_headers(${target} PRIVATE <gtest/gtest.h>)
+    target_link_libraries(${target} PRIVATE ${arg_LIBRARIES} GTest::gmock GTest::gtest)
+    # A folder's tests bring their own main() when they need one.
+    set(mains ${sources})
+    list(FILTER mains INCLUDE REGEX "/main\\.cpp$")
+    if(NOT mains)
+        target_link_libraries(${target} PRIVATE GTest::gtest_main)
+    endif()
+    gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+        PROPERTIES ENVIRONMENT "${test_environment};${arg_ENVIRONMENT}" TIMEOUT 300)
+endfunction()
+
+brindle_gtest(engine_tests tests/engine LIBRARIES BrindleEngineObjects)
+brindle_gtest(core_tests tests/core LIBRARIES BrindleObjectModelCore $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}>)
+brindle_gtest(service_tests tests/service
+    LIBRARIES BrindleObjectModelServiceLib $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}> Python3::Python
+    ENVIRONMENT PYTHONPATH=${CMAKE_BINARY_DIR}/python ${interpreter_options})
+
+file(GLOB_RECURSE python_tests CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/python/test_*.py)
+if(python_tests)
+    add_test(NAME python
+        COMMAND ${Python3_EXECUTABLE} -m pytest -q -p no:cacheprovider
+            --junitxml=${CMAKE_BINARY_DIR}/reports/python.xml ${PROJECT_SOURCE_DIR}/tests/python)
+    list(APPEND python_environment BRINDLE_BIN=$<TARGET_FILE_DIR:BrindleObjectModelCore>/../bin)
+    set_tests_properties(python PROPERTIES ENVIRONMENT "${python_environment}" TIMEOUT 1800
+        WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+endif()
