@@ -1,0 +1,184 @@
+#include "core/frame/baseobject.h"
+
+#include "core/frame/obj.h"
+#include "core/frame/threadmanager.h"
+
+#include <QMetaProperty>
+#include <QMetaType>
+
+#include <atomic>
+#include <set>
+
+namespace OMC {
+
+namespace {
+
+const char* const getterPrefix = "get_";
+const char* const setterPrefix = "set_";
+
+std::atomic<qint64> liveObjectCount = 0;
+
+std::set<qint32>& valueTypeIDList()
+{
+    static std::set<qint32> ids;
+    return ids;
+}
+
+QObject* pointerIn(const QVariant& value)
+{
+    if (value.metaType() == QMetaType::fromType<QObject*>())
+        return *static_cast<QObject* const*>(value.constData());
+    QObject* object = nullptr;
+    QMetaType::convert(value.metaType(), value.constData(), QMetaType::fromType<QObject*>(), &object);
+    return object;
+}
+
+QMetaProperty propertyNamed(const QMetaObject* metaObject, const std::string& name)
+{
+    const int index = metaObject ? metaObject->indexOfProperty(name.c_str()) : -1;
+    return index < 0 ? QMetaProperty() : metaObject->property(index);
+}
+
+} // namespace
+
+BaseObject::BaseObject()
+{
+    liveObjectCount.fetch_add(1, std::memory_order_relaxed);
+}
+
+BaseObject::BaseObject(const BaseObject&) : BaseObject() {}
+
+BaseObject::~BaseObject()
+{
+    liveObjectCount.fetch_sub(1, std::memory_order_relaxed);
+}
+
+BaseObject* BaseObject::copy() const
+{
+    throw Exception(std::string("!! A proper copy constructor is needed. !!\n"));
+}
+
+bool BaseObject::__bool__() const
+{
+    return false;
+}
+
+std::string BaseObject::__str__() const
+{
+    return "Base Object";
+}
+
+QVariant BaseObject::getAttr(const std::string& name, bool& found)
+{
+    found = false;
+    const QMetaProperty property = propertyNamed(metaObject(), name);
+    // A write-only property is not valid to Qt and so comes out as unknown here: both tests are required as they are.
+    if (!property.isValid())
+        return {};
+    if (!property.isReadable())
+        throw Exception(std::string("Property is write-only."));
+    QVariant value = property.read(this);
+    if (!value.isValid())
+        throw Exception(std::string("Failed to read the property."));
+    found = true;
+    return value;
+}
+
+void BaseObject::setAttr(const std::string& name, const QVariant& value, bool& found)
+{
+    found = false;
+    const QMetaProperty property = propertyNamed(metaObject(), name);
+    if (!property.isValid())
+        return;
+    if (!property.isWritable())
+        throw Exception(tr("Property is read-only."));
+    if (!property.write(this, value))
+        throw Exception(tr("Failed to write the property (Argument Type %1)").arg(value.typeName()));
+    found = true;
+}
+
+bool BaseObject::filterDir() const
+{
+    return true;
+}
+
+bool BaseObject::filterDir(std::string& name) const
+{
+    return !name.starts_with(getterPrefix) && !name.starts_with(setterPrefix);
+}
+
+void BaseObject::validate() const {}
+
+// The names come by value, so an override can't change what getDir gives: this is required.
+void BaseObject::extendDir(std::vector<std::string>) const {}
+
+bool BaseObject::extendNative() const
+{
+    return true;
+}
+
+std::vector<std::string> BaseObject::getDir(bool& extendNative, bool& filter) const
+{
+    extendNative = this->extendNative();
+    filter = true;
+    std::vector<std::string> names;
+    const QMetaObject* meta = metaObject();
+    if (!meta)
+        return names;
+    names.reserve(static_cast<std::size_t>(meta->propertyCount()));
+    for (int index = 0; index < meta->propertyCount(); ++index)
+        names.emplace_back(meta->property(index).name());
+    extendDir(names);
+    return names;
+}
+
+const QObject* BaseObject::QVariantToPointer(const QVariant& value)
+{
+    const int id = value.typeId();
+    if (id == QMetaType::QObjectStar)
+        return pointerIn(value);
+    if (id == QMetaType::fromType<Obj>().id())
+        return static_cast<const Obj*>(value.constData())->get();
+    if (value.canConvert<QObject*>())
+        return pointerIn(value);
+    if (valueTypeIDList().contains(id))
+        return static_cast<const BaseObject*>(value.constData());
+    return nullptr;
+}
+
+void BaseObject::registerValueType(int metaTypeId)
+{
+    valueTypeIDList().insert(metaTypeId);
+}
+
+void BaseObject::throwInvalid()
+{
+    throw Exception(tr("Object is no longer valid."));
+}
+
+void BaseObject::throwInvalidArgument(unsigned int index)
+{
+    throw Exception(tr("Invalid argument at index %1.").arg(index));
+}
+
+void BaseObject::throwUnexpected()
+{
+    throw Exception(tr("An unexpected error has occurred."));
+}
+
+void BaseObject::throwIfNotMainThread(const QString& what)
+{
+    ThreadManager::instance()->throwIfNotMainThread(what);
+}
+
+void BaseObject::validateThreadLock()
+{
+    ThreadManager::instance()->throwIfNecessary();
+}
+
+qint64 BaseObject::liveObjects()
+{
+    return liveObjectCount.load(std::memory_order_relaxed);
+}
+
+} // namespace OMC

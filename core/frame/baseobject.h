@@ -1,0 +1,95 @@
+#pragma once
+
+#include "core/frame/exception.h"
+#include "core/frame/export.h"
+
+#include <QObject>
+#include <QVariant>
+
+#include <string>
+#include <vector>
+
+namespace OMC {
+
+/// Who destroys an object of the object model.
+enum OwnershipType_e : quint32 {
+    Unowned = 0,       ///< Nobody yet: fresh out of `new`.
+    OwnedByHandle = 1, ///< An Obj.
+    OwnedByNative = 2, ///< Native code, through Obj::releaseToCPP.
+    OwnedByPython = 3  ///< The binding layer, through Obj::releaseToPython.
+};
+
+/// Root of everything that a script can touch.
+///
+/// A wrapper of an engine object holds a weak handle in a private record, checks it in `validate()` at the start of each
+/// operation, and never owns the engine object. Properties are Qt properties; `getAttr` and `setAttr` serve them by name.
+/// Failures are OMC::Exception. An object belongs to one thread at a time; neither it nor Obj locks anything.
+class BRINDLE_CORE_EXPORT BaseObject : public QObject {
+    Q_OBJECT
+
+public:
+    BaseObject();
+    /// Copies nothing: the copy is a QObject of its own and nobody owns it yet.
+    BaseObject(const BaseObject& other);
+    BaseObject& operator=(const BaseObject&) { return *this; }
+    ~BaseObject() override;
+
+    /// A new object of the same class; throws where a class has no copy.
+    virtual BaseObject* copy() const;
+    virtual bool __bool__() const;
+    virtual std::string __str__() const;
+
+    /// Reads a property. An unknown name (`found` false, invalid result) is left to the caller's own look-up.
+    virtual QVariant getAttr(const std::string& name, bool& found);
+    /// Writes a property, converting the value. An unknown name is no error (`found` false).
+    virtual void setAttr(const std::string& name, const QVariant& value, bool& found);
+
+private:
+    virtual bool filterDir() const;
+
+public:
+    /// Whether a name shows in a listing of the object. Accessor names ("get_", "set_") don't.
+    virtual bool filterDir(std::string& name) const;
+
+protected:
+    /// Throws when the object, or the calling thread, may not go on.
+    virtual void validate() const;
+
+private:
+    virtual void extendDir(std::vector<std::string> names) const;
+    virtual bool extendNative() const;
+
+public:
+    OwnershipType_e getOwnership() const { return m_ownership; }
+    void setOwnership(OwnershipType_e ownership) { m_ownership = ownership; }
+
+    /// The names of all properties, base class first. `extendNative`: add the script methods' names. `filter`: show
+    /// only what `filterDir` lets through.
+    std::vector<std::string> getDir(bool& extendNative, bool& filter) const;
+
+    /// The object in a script's argument, or null. A value class comes as a pointer into the variant and lives as long.
+    static const QObject* QVariantToPointer(const QVariant& value);
+    /// Lets a class travel inside a QVariant by value. Called during static initialisation.
+    static void registerValueType(int metaTypeId);
+
+    [[noreturn]] static void throwInvalid();
+    [[noreturn]] static void throwInvalidArgument(unsigned int index);
+    [[noreturn]] static void throwUnexpected();
+    static void throwIfNotMainThread(const QString& what);
+    static void validateThreadLock();
+
+    /// Objects of all classes that are alive in the process, to find what leaks.
+    static qint64 liveObjects();
+
+private:
+    OwnershipType_e m_ownership = Unowned;
+};
+
+/// The object of class T in a script's argument, or null.
+template <typename T>
+const T* objectFrom(const QVariant& value)
+{
+    return dynamic_cast<const T*>(BaseObject::QVariantToPointer(value));
+}
+
+} // namespace OMC

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "core/frame/export.h"
+
+#include <QString>
+
+#include <exception>
+#include <string>
+
+namespace OMC {
+
+/// The one failure that leaves a call of the object model: a readable sentence, and nothing else.
+class BRINDLE_CORE_EXPORT Exception : public std::exception {
+public:
+    explicit Exception(std::string message) : m_message(std::move(message)) {}
+    explicit Exception(const QString& message) : m_message(message.toStdString()) {}
+
+    const char* what() const noexcept override { return m_message.c_str(); }
+
+private:
+    std::string m_message;
+};
+
+} // namespace OMC

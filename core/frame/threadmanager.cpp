@@ -1,0 +1,133 @@
+#include "core/frame/threadmanager.h"
+
+#include "core/frame/exception.h"
+#include "core/frame/global.h"
+#include "core/host/sc_scene.h"
+#include "core/host/sc_session.h"
+
+#include <QCoreApplication>
+#include <QThread>
+
+namespace OMC {
+
+namespace {
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("CadenceMain", text);
+}
+
+bool isExternal()
+{
+    return !ThreadManager::getPythonEngine();
+}
+
+TUSceneChangeManager& changeManager()
+{
+    SC_SessionContext* session = Global::sessionContext();
+    TUSceneChangeManager* manager = session ? session->changeManager() : nullptr;
+    if (!manager)
+        throw Exception(translated("Thread failed to get Application Lock."));
+    return *manager;
+}
+
+} // namespace
+
+ThreadManager* ThreadManager::instance()
+{
+    static ThreadManager manager;
+    return &manager;
+}
+
+bool ThreadManager::mainThread()
+{
+    if (!QCoreApplication::instance())
+        throw Exception(translated("The application does not appear to be loaded."));
+    thread_local const bool isMain = QCoreApplication::instance()->thread() == QThread::currentThread();
+    return isMain;
+}
+
+SCP_PythonEngine* ThreadManager::getPythonEngine()
+{
+    SC_SessionContext* session = Global::sessionContext();
+    return session ? session->pythonEngine() : nullptr;
+}
+
+void ThreadManager::throwIfNecessary()
+{
+    if (mainThread() || isExternal())
+        return;
+    if (m_applockDelayed && SCP_PythonEngine::mainThreadState() > 0)
+        return;
+    // Nobody records which thread took the lock: while one holds it, all may go on.
+    if (m_appLock)
+        return;
+    if (m_applockDelayed) {
+        getApplockDelayed();
+        return;
+    }
+    throw Exception(translated("Unable to access Object Model from another thread -- application must be locked."));
+}
+
+void ThreadManager::throwIfNotMainThread(const QString& what)
+{
+    if (mainThread())
+        return;
+    static const QString defaultName = QStringLiteral("Object Model");
+    throw Exception(translated("Unable to access %1 from another thread.").arg(what.isEmpty() ? defaultName : what));
+}
+
+void ThreadManager::lock()
+{
+    if (mainThread() || isExternal())
+        return;
+    TUSceneChangeManager& changes = changeManager();
+    getApplock();
+    m_notifyStates.push_back(changes.isNotifyEnabled());
+    changes.setNotifyEnabled(false);
+}
+
+void ThreadManager::unlock()
+{
+    if (mainThread() || isExternal())
+        return;
+    TUSceneChangeManager& changes = changeManager();
+    // First in, first out: a nested pair leaves notifications off. Required as it is.
+    if (!m_notifyStates.empty()) {
+        changes.setNotifyEnabled(m_notifyStates.front());
+        m_notifyStates.pop_front();
+    }
+    releaseApplock();
+}
+
+void ThreadManager::getApplock()
+{
+    ++m_applockDepth;
+    // The main thread in Python may be waiting for this thread: the real lock has to wait until it is out.
+    if (SCP_PythonEngine::mainThreadState() > 0) {
+        m_applockDelayed = true;
+        return;
+    }
+    m_applockDelayed = false;
+    if (!m_appLock)
+        m_appLock = std::make_unique<PL_AppLock::AppLock>();
+}
+
+void ThreadManager::getApplockDelayed()
+{
+    if (SCP_PythonEngine::mainThreadState() > 0)
+        return;
+    m_applockDelayed = false;
+    if (!m_appLock)
+        m_appLock = std::make_unique<PL_AppLock::AppLock>();
+}
+
+void ThreadManager::releaseApplock()
+{
+    if (m_applockDepth != 0 && --m_applockDepth != 0)
+        return;
+    m_applockDelayed = false;
+    m_appLock.reset();
+}
+
+} // namespace OMC

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/host/export.h"
+
+class QString;
+
+/// The application's preferences, by name.
+class BRINDLE_HOST_EXPORT PR_Preference {
+public:
+    virtual ~PR_Preference() = default;
+    virtual bool getBoolValue(const QString& name, bool defaultValue) const = 0;
+    virtual void setBoolValue(const QString& name, bool value) = 0;
+};
+
+/// The preferences of the running application.
+BRINDLE_HOST_EXPORT PR_Preference* tuPref();
+
+/// Preferences that are read at every edit, kept at hand.
+class BRINDLE_HOST_EXPORT PR_CachedPreferences {
+public:
+    /// "SP_CONSTANT_SEGMENT": a new keyframe holds its value up to the next one.
+    static bool getSpConstantSegment();
+};

@@ -1,0 +1,113 @@
+#pragma once
+
+#include "core/host/co_command.h"
+#include "core/host/export.h"
+#include "core/host/sc_session.h"
+#include "core/host/ut_sharedweak.h"
+
+#include <QString>
+
+#include <vector>
+
+class MO_Node;
+class SC_SceneCommon;
+class TUGroup;
+class TUScene;
+class TUTimedValue;
+
+/// Frames per second.
+class BRINDLE_HOST_EXPORT UT_FrameRate {
+public:
+    explicit UT_FrameRate(double fps = 24.0) : m_fps(fps) {}
+    double fps() const { return m_fps; }
+    bool operator==(const UT_FrameRate& other) const { return m_fps == other.m_fps; }
+
+private:
+    double m_fps;
+};
+
+/// Announces changes of a scene to whoever shows it.
+class BRINDLE_HOST_EXPORT TUSceneChangeManager {
+public:
+    virtual ~TUSceneChangeManager() = default;
+
+    virtual bool isNotifyEnabled() const = 0;
+    virtual void setNotifyEnabled(bool enabled) = 0;
+    virtual void notify() = 0;                      ///< The scene changed.
+    virtual void emitNodeChanged(MO_Node* node) = 0;///< A value of the node changed.
+};
+
+/// A scene of a project, as the project lists it.
+class BRINDLE_HOST_EXPORT SC_SceneBase : public UT_SharedWeakBase {
+public:
+    virtual SC_Id id() const = 0;
+    virtual QString name() const = 0;
+};
+
+/// The columns of a scene, in the order of the exposure sheet.
+class BRINDLE_HOST_EXPORT SC_TimedValueListInterface {
+public:
+    virtual ~SC_TimedValueListInterface() = default;
+
+    using Iterator = TUTimedValue* const*;
+    virtual Iterator timedValuesBegin() const = 0;
+    virtual Iterator timedValuesEnd() const = 0;
+    int timedValueCount() const { return static_cast<int>(timedValuesEnd() - timedValuesBegin()); }
+
+    /// The column of that name, or null. The second argument is always 0.
+    virtual TUTimedValue* findTimedValue(const QString& name, int) const = 0;
+};
+
+/// A scene: its timing, its node graph and its columns. Frames count from 1.
+class BRINDLE_HOST_EXPORT TUScene : public SC_SceneBase, public SC_TimedValueListInterface {
+public:
+    virtual SC_SceneCommon* sceneCommon() const = 0;
+    virtual SC_ProjectCommon* projectCommon() const = 0;
+    virtual CO_CommandManager* commandManager() const = 0;
+    virtual TUSceneChangeManager* changeManager() const = 0;
+    virtual TUGroup* getRootGroup() const = 0;
+    virtual UT_FrameRate frameRate() const = 0;
+
+    virtual int getNumberOfFrames() const = 0;
+    /// Inserts `delta` frames before frame `at` + 1, or removes -`delta` frames that begin there when it is negative
+    /// (at the end of the scene, the last ones), with everything that lies on them. One undo entry. `rippleMarkers`
+    /// moves the scene markers along; the last argument is always true. A change that the scene can't take is left out.
+    virtual void setNumberOfFrames(int at, int delta, bool rippleMarkers, bool) = 0;
+
+    /// False when the frame lies outside the scene, or start beyond stop. One undo entry otherwise.
+    virtual bool setStartFrame(int frame) = 0;
+    virtual bool setStopFrame(int frame) = 0;
+};
+
+/// What the nodes of a scene reach of it.
+class BRINDLE_HOST_EXPORT SC_SceneCommon {
+public:
+    virtual ~SC_SceneCommon() = default;
+
+    virtual CO_CommandManager* commandManager() const = 0;
+    virtual TUSceneChangeManager* changeManager() const = 0;
+    virtual SC_TimedValueListInterface* timedValues() const = 0; ///< The TUScene itself.
+    virtual TUGroup* rootGroup() const = 0;
+    virtual int getNumberOfFrames() const = 0;
+    virtual int getStartFrame() const = 0;
+    virtual int getStopFrame() const = 0;
+    /// A name for a node of this base name that nothing in the group has.
+    virtual QString generateNodeName(const QString& base, const TUGroup* group) const = 0;
+};
+
+namespace SC_SceneCmds {
+
+/// Sets the frame rate. Fails for a rate that is not a positive, finite number.
+class BRINDLE_HOST_EXPORT SetFrameRateCmd final : public CO_EngineCommand {
+public:
+    SetFrameRateCmd(SC_SceneCommon* scene, const UT_FrameRate& rate);
+};
+
+/// Adds a new column, which it takes, at places in the scene's list and its view; -1 is the end. Fails when the scene
+/// has a column of that name.
+class BRINDLE_HOST_EXPORT AddTimedValueCmd final : public CO_EngineCommand {
+public:
+    AddTimedValueCmd(SC_SceneCommon* scene, TUTimedValue* timedValue, int position, int viewPosition);
+};
+
+} // namespace SC_SceneCmds

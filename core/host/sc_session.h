@@ -1,0 +1,109 @@
+#pragma once
+
+#include "core/host/export.h"
+#include "core/host/ut_sharedweak.h"
+
+#include <QString>
+
+#include <memory>
+
+class CO_CommandManager;
+class SC_Project;
+class SC_ProjectCommon;
+class SC_ProjectManager;
+class SC_SceneBase;
+class SC_SceneManager;
+class SC_SessionContext;
+class SCP_PythonEngine;
+class TUScene;
+class TUSceneChangeManager;
+
+/// The way to the host's session from anywhere.
+class BRINDLE_HOST_EXPORT PLUG_Services {
+public:
+    /// The host's session, or null when there is none.
+    static SC_SessionContext* getSessionContext();
+};
+
+/// The identity of a project or scene within a session.
+class BRINDLE_HOST_EXPORT SC_Id {
+public:
+    explicit SC_Id(unsigned int value = 0) : m_value(value) {}
+    unsigned int value() const { return m_value; }
+    bool operator==(const SC_Id& other) const { return m_value == other.m_value; }
+
+private:
+    unsigned int m_value;
+};
+
+/// A run of the application: at most one project is open in it at a time.
+class BRINDLE_HOST_EXPORT SC_SessionContext {
+public:
+    virtual ~SC_SessionContext() = default;
+
+    /// A new session of the open engine without a Python engine of its own, as a plain interpreter uses it. It becomes
+    /// the one that PLUG_Services gives, until it is destroyed.
+    static std::unique_ptr<SC_SessionContext> create();
+
+    virtual SC_ProjectManager* projectManager() const = 0;
+    virtual SC_ProjectCommon* projectCommon() const = 0;       ///< Of the open project, or null.
+    virtual CO_CommandManager* commandManager() const = 0;     ///< Of the open project, or null.
+    virtual TUSceneChangeManager* changeManager() const = 0;   ///< Of the open project's first scene, or null.
+    virtual SCP_PythonEngine* pythonEngine() const = 0;        ///< Null in a plain interpreter.
+};
+
+/// Makes, opens, saves and closes project folders. A failure is one sentence in `error` that names the file and, in a
+/// damaged file, the place; the open project and what is on disk are then as before.
+class BRINDLE_HOST_EXPORT SC_ProjectManager {
+public:
+    virtual ~SC_ProjectManager() = default;
+
+    /// Closes the open project, if any, and makes a new one in a folder that holds no project. Null on failure.
+    virtual SC_Project* createProject(const QString& path, QString& error) = 0;
+    /// Closes the open project, if any, and opens the one in the folder. Null on failure; the open one then stays open.
+    virtual SC_Project* openProject(const QString& path, QString& error) = 0;
+    /// Writes the open project to its folder; the folder changes whole or not at all.
+    virtual bool saveProject(QString& error) = 0;
+    /// Writes the open project to another folder that holds no project, and goes on there.
+    virtual bool saveProjectAs(const QString& path, QString& error) = 0;
+    virtual void closeProject() = 0;
+
+    virtual SC_Project* project() const = 0; ///< The open project, or null.
+    virtual SC_Project* findProject(const SC_Id& id) const = 0;
+};
+
+/// An open project and its scenes.
+class BRINDLE_HOST_EXPORT SC_Project {
+public:
+    virtual ~SC_Project() = default;
+
+    virtual SC_Id id() const = 0;
+    virtual QString path() const = 0; ///< The absolute path of the project's folder.
+    virtual SC_ProjectCommon* projectCommon() const = 0;
+    virtual SC_SceneBase* sceneAt(int index) const = 0; ///< In the project's order; null beyond the end.
+    virtual int sceneCount() const = 0;
+};
+
+/// What all scenes of a project share.
+class BRINDLE_HOST_EXPORT SC_ProjectCommon : public UT_SharedWeakBase {
+public:
+    virtual SC_Id id() const = 0;
+    virtual CO_CommandManager* commandManager() const = 0;
+    virtual SC_SceneManager* sceneManager() const = 0;
+};
+
+class BRINDLE_HOST_EXPORT SC_AbstractSceneVisitor {
+public:
+    virtual ~SC_AbstractSceneVisitor() = default;
+    virtual void visit(SC_SceneBase& scene) = 0;
+};
+
+class BRINDLE_HOST_EXPORT SC_SceneManager {
+public:
+    virtual ~SC_SceneManager() = default;
+
+    /// Calls the visitor once for each scene, in the project's order.
+    virtual void forAllScenes(SC_AbstractSceneVisitor& visitor) = 0;
+    virtual SC_SceneBase* find(const SC_Id& id) const = 0;
+    virtual int sceneCount() const = 0;
+};

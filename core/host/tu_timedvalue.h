@@ -1,0 +1,166 @@
+#pragma once
+
+#include "core/host/co_command.h"
+#include "core/host/export.h"
+#include "core/host/ut_sharedweak.h"
+
+#include <QString>
+
+#include <vector>
+
+class AT_Attr;
+class AT_TimedValueVisitor;
+class MO_Node;
+class SC_SceneCommon;
+
+/// A column of the exposure sheet: a value for each frame. It belongs to its scene; while only the undo list keeps it,
+/// weak pointers to it are expired. Frames count from 1 and may be fractional.
+class BRINDLE_HOST_EXPORT TUTimedValue : public UT_SharedWeakBase {
+public:
+    enum timedValueType {
+        kDrawing = 0,
+        kSound = 1,
+        k3dPath = 2,
+        kBezier = 3,
+        kEase = 4,
+        kExpression = 5,
+        kTiming = 6,
+        kVeloBased = 7,
+        kQuaternionPath = 8,
+        kAnnotation = 9,
+        kFileLibrary = 10
+    };
+
+    virtual timedValueType type() const = 0;
+    virtual QString getName() const = 0; ///< Unique in the scene.
+    virtual QString getDisplayName() const = 0;
+    virtual bool isAnonymous() const = 0;         ///< Named by the engine, and shown by what it drives.
+    virtual SC_SceneCommon* sceneCommon() const = 0; ///< Null while the column is in no scene.
+    virtual void accept(AT_TimedValueVisitor& visitor) = 0;
+
+    /// The text that the exposure sheet shows at a frame. The flags tell of the cell's look.
+    virtual void getValueForXsheet(double frame, int subColumn, QString* text, bool& isKey, bool& isHeld, bool& isBlank,
+                                   bool& isLocked) const = 0;
+    /// Writes `count` cells as if typed into the exposure sheet, undoably. 0 on success.
+    virtual int setValuesFromXsheet(double frame, int count, const QString& text, int subColumn) = 0;
+
+    /// The links from attributes, in the order of linking; and the nodes of those attributes, each once.
+    virtual unsigned int getNumLinks() const = 0;
+    virtual AT_Attr* linkedAttr(unsigned int index) const = 0;
+    virtual std::vector<MO_Node*> linkedNodes() const = 0;
+
+    /// Leaves a new command that multiplies the values by a factor, or null when the column can't be scaled.
+    virtual void scale(double factor, int second, CO_Command** command) = 0;
+
+    virtual void endModif(double frame) = 0; ///< An edit at this frame is complete: what depends on it may be told.
+
+    /// A name that no column of the scene has, made from a prefix (or the engine's own when it is empty).
+    static QString generateAnonymousName(const SC_SceneCommon* scene, const QString& prefix);
+};
+
+/// A column that is a function of time with control points.
+class BRINDLE_HOST_EXPORT AT_FncTimedValue : public TUTimedValue {
+public:
+    virtual double evaluate(double frame) const = 0;
+    virtual int pointCount() const = 0;
+    virtual bool isKey(double frame) const = 0;        ///< Whether a keyframe stands exactly there.
+    virtual std::vector<int> keyframes() const = 0;    ///< Their frames, ascending, cut to integers.
+    /// Leave a new command that makes (removes) keyframes over a range of frames, or null when there is nothing to do.
+    virtual void createKeyframes(double first, double last, CO_Command** command) = 0;
+    virtual void removeKeyframes(double first, double last, CO_Command** command) = 0;
+    /// Makes a control point at the frame if none stands there, keeping the curve's shape; true when it made one.
+    virtual bool addControlPoint(double frame) = 0;
+    /// Takes the control point at exactly this frame away; false when there is none.
+    virtual bool eraseControlPoint(double frame) = 0;
+};
+
+/// A curve in the plane of frame and value.
+class BRINDLE_HOST_EXPORT TUFnc2DTimedValue : public AT_FncTimedValue {
+public:
+    virtual int start() const = 0; ///< Hold values, in frames: the curve holds its value over steps from start to stop.
+    virtual int stop() const = 0;
+    virtual int step() const = 0;
+};
+
+/// A control point of a bezier column. Handles are in global coordinates: x in frames, y in the column's values.
+struct BezierCtrlPt {
+    double frame = 0;
+    double value = 0;
+    double leftX = 0, leftY = 0;
+    double rightX = 0, rightY = 0;
+    bool constSegment = false; ///< The value holds up to the next point.
+    int continuity = 0;        ///< 0 corner, 1 straight, 2 smooth.
+};
+
+/// A cubic Bezier curve through control points. The x of the handles is held within the neighbouring points, so that the
+/// curve is a function of the frame; before the first and after the last point the value is constant.
+class BRINDLE_HOST_EXPORT TUBezierTimedValue : public TUFnc2DTimedValue {
+public:
+    virtual BezierCtrlPt point(int index) const = 0; ///< By its place; `index` below pointCount().
+    virtual bool pointAt(double frame, BezierCtrlPt& point) const = 0;     ///< At exactly this frame.
+    virtual bool pointBefore(double frame, BezierCtrlPt& point) const = 0; ///< The last one at or before the frame.
+};
+
+class BRINDLE_HOST_EXPORT AT_TimedValueVisitor {
+public:
+    virtual ~AT_TimedValueVisitor() = default;
+    virtual void visit(TUTimedValue&) {}
+    virtual void visit(AT_FncTimedValue& column) { visit(static_cast<TUTimedValue&>(column)); }
+    virtual void visit(TUBezierTimedValue& column) { visit(static_cast<AT_FncTimedValue&>(column)); }
+};
+
+/// Where an attribute is linked to a column.
+class BRINDLE_HOST_EXPORT TUTvSocket {
+public:
+    virtual ~TUTvSocket() = default;
+    virtual AT_Attr* attr() const = 0;
+    virtual TUTimedValue* linkedTimedValue() const = 0; ///< Null when not linked.
+    bool isLinked() const { return linkedTimedValue() != nullptr; }
+    /// Gives the name of the linked column; false when there is none. The second argument is always 0.
+    virtual bool columnName(QString& name, int) const = 0;
+};
+
+namespace tu_tv_socket {
+
+/// Links an attribute to a column of its scene, in place of the one it had. Fails when the column's values don't fit.
+class BRINDLE_HOST_EXPORT LinkCmd final : public CO_EngineCommand {
+public:
+    LinkCmd(TUTvSocket* socket, TUTimedValue* timedValue);
+};
+
+/// Without a link it does nothing. The second argument is always 0.
+class BRINDLE_HOST_EXPORT UnlinkCmd final : public CO_EngineCommand {
+public:
+    UnlinkCmd(TUTvSocket* socket, int);
+};
+
+} // namespace tu_tv_socket
+
+namespace tu_timedvalue {
+
+namespace timedvalue {
+
+/// Fails when another column of the scene has the name, or it is empty.
+class BRINDLE_HOST_EXPORT RenameCmd final : public CO_EngineCommand {
+public:
+    RenameCmd(TUTimedValue* timedValue, const QString& name);
+};
+
+class BRINDLE_HOST_EXPORT SetAnonymous final : public CO_EngineCommand {
+public:
+    SetAnonymous(TUTimedValue* timedValue, bool anonymous);
+};
+
+} // namespace timedvalue
+
+namespace bezier {
+
+/// Makes a keyframe at the frame without changing the curve's shape; where one stands it does nothing.
+class BRINDLE_HOST_EXPORT SpliceCmd final : public CO_EngineCommand {
+public:
+    SpliceCmd(TUBezierTimedValue* column, double frame, bool makeKey, bool constantSegment = false);
+};
+
+} // namespace bezier
+
+} // namespace tu_timedvalue
