@@ -53,12 +53,20 @@ brindle_gtest(service_tests tests/service
     LIBRARIES BrindleObjectModelServiceLib $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}> Python3::Python
     ENVIRONMENT PYTHONPATH=${CMAKE_BINARY_DIR}/python ${interpreter_options})
 
-file(GLOB_RECURSE python_tests CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/python/test_*.py)
-if(python_tests)
-    add_test(NAME python
+# brindle_pytest(<name> <folder> [ENVIRONMENT <name=value>...]): one entry, whose cases are in reports/<name>.xml.
+function(brindle_pytest name folder)
+    cmake_parse_arguments(arg "" "" "ENVIRONMENT" ${ARGN})
+    file(GLOB_RECURSE found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/test_*.py)
+    if(NOT found)
+        return()
+    endif()
+    add_test(NAME ${name}
         COMMAND ${Python3_EXECUTABLE} -m pytest -q -p no:cacheprovider
-            --junitxml=${CMAKE_BINARY_DIR}/reports/python.xml ${PROJECT_SOURCE_DIR}/tests/python)
-    list(APPEND python_environment BRINDLE_BIN=$<TARGET_FILE_DIR:BrindleObjectModelCore>/../bin)
-    set_tests_properties(python PROPERTIES ENVIRONMENT "${python_environment}" TIMEOUT 1800
+            --junitxml=${CMAKE_BINARY_DIR}/reports/${name}.xml ${PROJECT_SOURCE_DIR}/${folder}
         WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
-endif()
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${arg_ENVIRONMENT}" TIMEOUT 1800)
+endfunction()
+
+brindle_pytest(python tests/python
+    ENVIRONMENT ${python_environment} BRINDLE_BIN=${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/brindle)
+brindle_pytest(build_checks tests/build ENVIRONMENT ${test_environment} PYTHONDONTWRITEBYTECODE=1)

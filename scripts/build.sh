@@ -1,0 +1,36 @@
+#!/bin/bash
+# Configures a preset when it is new and builds targets of it, with one line of progress.
+#   scripts/build.sh <preset> [target...]
+set -euo pipefail
+PATH=/usr/sbin:/usr/bin:/sbin:/bin:$PATH
+root=$(cd "$(dirname "$0")/.." && pwd)
+preset=$1
+shift
+build=$root/build/$preset
+mkdir -p "$build"
+exec 9>"$build/.lock"
+flock 9
+
+if [ ! -f "$build/build.ninja" ]; then
+    echo "build: configuring build/$preset" >&2
+    (cd "$root" && cmake --preset "$preset") >"$build/configure.log" 2>&1 || {
+        cat "$build/configure.log" >&2
+        exit 1
+    }
+fi
+
+if [ -t 2 ]; then
+    NINJA_STATUS="build: [%f/%t] " ninja -C "$build" "$@" >&2
+else
+    # Ten lines for a whole build; what a compiler says is shown as it is.
+    NINJA_STATUS="[%p] " ninja -C "$build" "$@" 9>&- | awk '
+        /^\[ *[0-9]+%\] / {
+            percent = substr($0, 2) + 0
+            if (percent >= next_shown && !/Re-checking|Re-running/) {
+                print "build: " percent "%"; fflush(); next_shown = percent - percent % 10 + 10
+            }
+            next
+        }
+        /^ninja: (Entering directory|no work to do)/ || /^-- / { next }
+        { print; fflush() }' >&2
+fi

@@ -1,0 +1,53 @@
+#!/bin/bash
+# Installs what is missing of Debian's packages to build, run and test; done in a moment when nothing is.
+#   scripts/setup.sh             what ./run and ./test need
+#   scripts/setup.sh --develop   the formatter and the linter as well
+set -euo pipefail
+PATH=/usr/sbin:/usr/bin:/sbin:/bin:$PATH
+
+packages=(
+    g++ cmake ninja-build ccache pkgconf
+    qt6-base-dev libimath-dev
+    python3 python3-dev
+    libgtest-dev libgmock-dev libbenchmark-dev python3-pytest python3-hypothesis
+)
+case "${1:-}" in
+    "") ;;
+    --develop) packages+=(clang-format clang-tidy git) ;;
+    *) echo "usage: scripts/setup.sh [--develop]" >&2; exit 2 ;;
+esac
+
+command -v dpkg-query >/dev/null || {
+    echo "setup: this machine has no Debian packages; install by hand: ${packages[*]}" >&2
+    exit 1
+}
+installed=$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "${packages[@]}" 2>/dev/null | sed -n 's/^installed //p')
+missing=()
+for package in "${packages[@]}"; do
+    grep -qxF "$package" <<<"$installed" || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+as_root=()
+if [ "$(id -u)" != 0 ]; then
+    command -v sudo >/dev/null || {
+        echo "setup: not root and no sudo; as root, run: apt-get install ${missing[*]}" >&2
+        exit 1
+    }
+    as_root=(sudo)
+fi
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+step() {
+    echo "setup: $1" >&2
+    shift
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive "$@" >"$log" 2>&1 </dev/null || {
+        cat "$log" >&2
+        echo "setup: failed: $*" >&2
+        exit 1
+    }
+}
+step "reading the package lists" apt-get update -q
+step "installing ${missing[*]} (some minutes on a bare machine)" \
+    apt-get install -y -q --no-install-recommends "${missing[@]}"
+echo "setup: done" >&2
