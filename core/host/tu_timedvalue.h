@@ -9,9 +9,18 @@
 #include <vector>
 
 class AT_Attr;
+class AT_ColumnMarkerManager;
 class AT_TimedValueVisitor;
 class MO_Node;
 class SC_SceneCommon;
+
+/// What shows which control points of a column are selected.
+class BRINDLE_HOST_EXPORT TUSelInterface {
+public:
+    virtual ~TUSelInterface() = default;
+    virtual void refresh() = 0;                    ///< Values of selected points changed.
+    virtual void pointErased(double frame) = 0;    ///< The point at this frame is about to go.
+};
 
 /// A column of the exposure sheet: a value for each frame. It belongs to its scene; while only the undo list keeps it,
 /// weak pointers to it are expired. Frames count from 1 and may be fractional.
@@ -53,6 +62,9 @@ public:
     virtual void scale(double factor, int second, CO_Command** command) = 0;
 
     virtual void endModif(double frame) = 0; ///< An edit at this frame is complete: what depends on it may be told.
+    virtual TUSelInterface* selInterface() { return nullptr; } ///< Null where nothing shows a selection.
+    /// The markers on stretches of the column's cells; null for a column that keeps none.
+    virtual AT_ColumnMarkerManager* createOrGetColumnMarkerManager() { return nullptr; }
 
     /// A name that no column of the scene has, made from a prefix (or the engine's own when it is empty).
     static QString generateAnonymousName(const SC_SceneCommon* scene, const QString& prefix);
@@ -80,6 +92,10 @@ public:
     virtual int start() const = 0; ///< Hold values, in frames: the curve holds its value over steps from start to stop.
     virtual int stop() const = 0;
     virtual int step() const = 0;
+
+    /// Adds the commands by which the rest of the column follows a new value at a frame: when the last keyframe lies
+    /// before the frame, it takes the value too, so that a value set behind the animation doesn't start a motion.
+    virtual void adjustColumn(double frame, double value, CO_BaseOrCommand& commands) = 0;
 };
 
 /// A control point of a bezier column. Handles are in global coordinates: x in frames, y in the column's values.
@@ -90,6 +106,9 @@ struct BezierCtrlPt {
     double rightX = 0, rightY = 0;
     bool constSegment = false; ///< The value holds up to the next point.
     int continuity = 0;        ///< 0 corner, 1 straight, 2 smooth.
+    /// Which point this is: unlike all others that the column ever had, also one at the same frame. Given by the column
+    /// when the point is made (also when an undo brings one back), kept while it is edited, not saved.
+    unsigned long long identity = 0;
 };
 
 /// A cubic Bezier curve through control points. The x of the handles is held within the neighbouring points, so that the
@@ -99,6 +118,10 @@ public:
     virtual BezierCtrlPt point(int index) const = 0; ///< By its place; `index` below pointCount().
     virtual bool pointAt(double frame, BezierCtrlPt& point) const = 0;     ///< At exactly this frame.
     virtual bool pointBefore(double frame, BezierCtrlPt& point) const = 0; ///< The last one at or before the frame.
+    virtual bool pointAfter(double frame, BezierCtrlPt& point) const = 0;  ///< The first one behind the frame.
+    /// Writes all fields of the point at `point.frame` as they are given (its identity apart), without any adaptation of
+    /// it or its neighbours: how a command brings back what it changed. False when no point stands there.
+    virtual bool restorePoint(const BezierCtrlPt& point) = 0;
 };
 
 class BRINDLE_HOST_EXPORT AT_TimedValueVisitor {
@@ -161,6 +184,62 @@ public:
     SpliceCmd(TUBezierTimedValue* column, double frame, bool makeKey, bool constantSegment = false);
 };
 
+/// The commands below name a point by its frame, and fail when none stands at exactly that frame or a number is not
+/// finite.
+
+class BRINDLE_HOST_EXPORT RemovePointCmd final : public CO_EngineCommand {
+public:
+    RemovePointCmd(TUBezierTimedValue* column, double frame);
+};
+
+/// Moves a point to another frame and value; its handles stay where they are in global coordinates, held within the
+/// neighbouring points. Fails when another point stands at the new frame.
+class BRINDLE_HOST_EXPORT SetPointCmd2 final : public CO_EngineCommand {
+public:
+    SetPointCmd2(TUBezierTimedValue* column, double frame, double newFrame, double value);
+};
+
+class BRINDLE_HOST_EXPORT SetLeftHandleGlobalCmd final : public CO_EngineCommand {
+public:
+    SetLeftHandleGlobalCmd(TUBezierTimedValue* column, double frame, double x, double y);
+};
+
+class BRINDLE_HOST_EXPORT SetRightHandleGlobalCmd final : public CO_EngineCommand {
+public:
+    SetRightHandleGlobalCmd(TUBezierTimedValue* column, double frame, double x, double y);
+};
+
+class BRINDLE_HOST_EXPORT SetConstSegCmd final : public CO_EngineCommand {
+public:
+    SetConstSegCmd(TUBezierTimedValue* column, double frame, bool constantSegment);
+};
+
+/// 0 corner, 1 straight, 2 smooth; fails for another number. The last argument is always 0.
+class BRINDLE_HOST_EXPORT SetContinuityCmd final : public CO_EngineCommand {
+public:
+    SetContinuityCmd(TUBezierTimedValue* column, double frame, int continuity, int);
+};
+
 } // namespace bezier
+
+/// The hold values of a function column. Each fails for a value that the column refuses.
+namespace fnc2d {
+
+class BRINDLE_HOST_EXPORT SetStartCmd final : public CO_EngineCommand {
+public:
+    SetStartCmd(TUFnc2DTimedValue* column, int frame);
+};
+
+class BRINDLE_HOST_EXPORT SetStopCmd final : public CO_EngineCommand {
+public:
+    SetStopCmd(TUFnc2DTimedValue* column, int frame);
+};
+
+class BRINDLE_HOST_EXPORT SetStepCmd final : public CO_EngineCommand {
+public:
+    SetStepCmd(TUFnc2DTimedValue* column, int step);
+};
+
+} // namespace fnc2d
 
 } // namespace tu_timedvalue
