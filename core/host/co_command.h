@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/host/export.h"
+#include "core/host/ut_sharedweak.h"
 
 #include <QList>
 #include <QString>
@@ -93,10 +94,8 @@ class CO_CommandAccumScope;
 ///
 /// `execute` records what was done under the label that the person sees; recording drops what stood to be redone. While
 /// an accumulating scope is open, commands go to the scope, and `unexecute` and `reexecute` do nothing.
-class BRINDLE_HOST_EXPORT CO_CommandManager {
+class BRINDLE_HOST_EXPORT CO_CommandManager : public UT_SharedWeakBase {
 public:
-    virtual ~CO_CommandManager() = default;
-
     /// Takes the command and runs it. False: the command failed, and neither the project nor the undo list changed.
     virtual bool execute(CO_Command* command, const QString& label) = 0;
 
@@ -128,7 +127,8 @@ protected:
 };
 
 /// While it lives, everything executed on the manager becomes one undo entry under its label. Scopes nest: an inner one
-/// becomes part of the outer. A scope in which nothing was executed leaves no entry.
+/// becomes part of the outer. A scope in which nothing was executed leaves no entry. A scope may outlive its manager (a
+/// script's bracket whose project was closed): it then does nothing.
 class BRINDLE_HOST_EXPORT CO_CommandAccumScope {
 public:
     enum Mode { kDefault = 0 };
@@ -144,7 +144,7 @@ public:
     QString sessionName() const { return m_label; }
 
 private:
-    CO_CommandManager* m_manager;
+    UT_SharedWeakPtrBase m_manager; ///< A CO_CommandManager, or null once it is gone.
     QString m_label;
     bool m_open = true;
 };

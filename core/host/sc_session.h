@@ -23,6 +23,9 @@ class BRINDLE_HOST_EXPORT PLUG_Services {
 public:
     /// The host's session, or null when there is none.
     static SC_SessionContext* getSessionContext();
+    /// Makes a session, which stays its owner's, the one that is given; null for none. A host that brings a session of
+    /// its own installs it here.
+    static void setSessionContext(SC_SessionContext* session);
 };
 
 /// The identity of a project or scene within a session.
