@@ -123,7 +123,7 @@ public:
 };
 
 /// Called by MO_Node::accept with the node's own class. The `visit` of a kind falls back on the more general one; that
-/// of a group carries the visitor through its sub-nodes.
+/// of a group carries the visitor to every module below it, however deep, without a call stack as deep as the groups.
 class BRINDLE_HOST_EXPORT MO_ModuleVisitor {
 public:
     virtual ~MO_ModuleVisitor() = default;
@@ -136,8 +136,12 @@ public:
     virtual void visit(TUMultiPortOut& node) { visit(static_cast<MO_Module&>(node)); }
     virtual void visit(TUGroup& group)
     {
-        for (auto node = group.subNodesBegin(); node != group.subNodesEnd(); ++node)
-            (*node)->accept(*this);
+        std::vector<MO_Node*> nodes;
+        group.getRecursiveSubNodeList(nodes);
+        for (MO_Node* node : nodes) {
+            if (!node->group())
+                node->accept(*this);
+        }
     }
 };
 
