@@ -1,0 +1,79 @@
+#pragma once
+
+#include "core/frame/obj.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class CO_CommandManager;
+class SC_ProjectCommon;
+
+namespace OMC {
+
+/// The undo list of a project: its names, undo and redo by count, and a bracket that makes one entry of all that is done
+/// between `begin` and `end`.
+///
+/// The bracket belongs to the process and not to the wrapper: `begin` on one and `end` on another match. It stays open
+/// until `end`, `cancel`, or the next use of a History whose project is gone.
+class BRINDLE_CORE_EXPORT History : public BaseObject {
+    Q_OBJECT
+    Q_PROPERTY(QString current READ getCurrent)
+    Q_PROPERTY(bool active READ getActive)
+    Q_PROPERTY(size_t size_total READ getSizeTotal)
+    Q_PROPERTY(size_t size_unexecuted READ getSizeUnexecuted)
+    Q_PROPERTY(size_t size_executed READ getSizeExecuted)
+    Q_PROPERTY(size_t size_max READ getSizeMax)
+
+public:
+    explicit History(SC_ProjectCommon* project);
+    History(const History& other);
+    ~History() override;
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    virtual std::size_t size() const;            ///< Entries that can be undone.
+    virtual std::size_t getSizeTotal() const;    ///< Entries that can be undone or done again.
+    virtual std::size_t getSizeUnexecuted() const;
+    virtual std::size_t getSizeExecuted() const;
+    virtual std::size_t getSizeMax() const;
+
+    /// The name of an entry that can be undone, oldest first; throws beyond the end.
+    virtual QString get(const unsigned int& index) const;
+    virtual void set(const unsigned int& index, const std::string& name); ///< Always throws.
+    virtual bool contains(const QString& name) const;
+    virtual QStringList list() const;
+
+    virtual Obj __iter__() const;
+    virtual QString __iterItem__() const;
+    virtual void operator++();
+    virtual void operator--();
+    virtual bool __atend__() const;
+
+    void undo(unsigned int count);
+    void redo(unsigned int count);
+    void clear();
+
+    /// Opens a bracket; a nested one is counted, and its name dropped.
+    void begin(const QString& name);
+    /// Closes what the matching `begin` opened; without one it does nothing.
+    void end();
+    /// Takes everything back that was done in the bracket, whatever the nesting.
+    void cancel();
+
+    QString getCurrent() const; ///< The name of the open bracket, or "NONE".
+    bool getActive() const;     ///< Always false.
+
+protected:
+    void validate() const override;
+
+private:
+    CO_CommandManager& manager() const;
+
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace OMC

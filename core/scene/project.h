@@ -1,0 +1,34 @@
+#pragma once
+
+#include "core/frame/obj.h"
+#include "core/frame/weakhandle.h"
+
+class SC_ProjectCommon;
+
+namespace OMC {
+
+/// The open project: whether it has changed, and its undo history. Invalid once the project is closed.
+class BRINDLE_CORE_EXPORT Project : public BaseObject {
+    Q_OBJECT
+    Q_PROPERTY(bool dirty READ getDirty)
+    Q_PROPERTY(bool dirty_previously READ getDirtyPreviously)
+    Q_PROPERTY(OMC::Obj history READ getHistory)
+
+public:
+    explicit Project(SC_ProjectCommon* project);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    virtual bool getDirty() const;           ///< Whether it differs from what was last saved.
+    virtual bool getDirtyPreviously() const; ///< Whether there is anything to undo.
+    virtual Obj getHistory() const;
+
+protected:
+    void validate() const override;
+
+private:
+    WeakHandle<SC_ProjectCommon> m_project;
+};
+
+} // namespace OMC
