@@ -75,12 +75,18 @@ QVariant BaseObject::getAttr(const std::string& name, bool& found)
     // A write-only property is not valid to Qt and so comes out as unknown here: both tests are required as they are.
     if (!property.isValid())
         return {};
+    QVariant value = readProperty(property);
+    found = true;
+    return value;
+}
+
+QVariant BaseObject::readProperty(const QMetaProperty& property) const
+{
     if (!property.isReadable())
         throw Exception(std::string("Property is write-only."));
     QVariant value = property.read(this);
     if (!value.isValid())
         throw Exception(std::string("Failed to read the property."));
-    found = true;
     return value;
 }
 
@@ -90,11 +96,16 @@ void BaseObject::setAttr(const std::string& name, const QVariant& value, bool& f
     const QMetaProperty property = propertyNamed(metaObject(), name);
     if (!property.isValid())
         return;
+    writeProperty(property, value);
+    found = true;
+}
+
+void BaseObject::writeProperty(const QMetaProperty& property, const QVariant& value)
+{
     if (!property.isWritable())
         throw Exception(tr("Property is read-only."));
     if (!property.write(this, value))
         throw Exception(tr("Failed to write the property (Argument Type %1)").arg(value.typeName()));
-    found = true;
 }
 
 bool BaseObject::filterDir() const

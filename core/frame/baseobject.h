@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+class QMetaProperty;
+
 namespace OMC {
 
 /// Who destroys an object of the object model.
@@ -62,6 +64,10 @@ private:
 public:
     OwnershipType_e getOwnership() const { return m_ownership; }
     void setOwnership(OwnershipType_e ownership) { m_ownership = ownership; }
+
+    /// What `getAttr` and `setAttr` do once the property is found, for a binding that remembers it.
+    QVariant readProperty(const QMetaProperty& property) const;
+    void writeProperty(const QMetaProperty& property, const QVariant& value);
 
     /// The names of all properties, base class first. `extendNative`: add the script methods' names. `filter`: show
     /// only what `filterDir` lets through.
