@@ -21,10 +21,11 @@ command -v dpkg-query >/dev/null || {
     echo "setup: this machine has no Debian packages; install by hand: ${packages[*]}" >&2
     exit 1
 }
-installed=$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "${packages[@]}" 2>/dev/null | sed -n 's/^installed //p')
+# dpkg-query fails when it doesn't know one of them; what it does know is the answer.
+known=$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "${packages[@]}" 2>/dev/null || true)
 missing=()
 for package in "${packages[@]}"; do
-    grep -qxF "$package" <<<"$installed" || missing+=("$package")
+    grep -qxF "installed $package" <<<"$known" || missing+=("$package")
 done
 [ ${#missing[@]} -gt 0 ] || exit 0
 
