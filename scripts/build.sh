@@ -22,15 +22,5 @@ fi
 if [ -t 2 ]; then
     NINJA_STATUS="build: [%f/%t] " ninja -C "$build" "$@" >&2
 else
-    # Ten lines for a whole build; what a compiler says is shown as it is.
-    NINJA_STATUS="[%p] " ninja -C "$build" "$@" 9>&- | awk '
-        /^\[ *[0-9]+%\] / {
-            percent = substr($0, 2) + 0
-            if (percent >= next_shown && !/Re-checking|Re-running/) {
-                print "build: " percent "%"; fflush(); next_shown = percent - percent % 10 + 10
-            }
-            next
-        }
-        /^ninja: (Entering directory|no work to do)/ || /^-- / { next }
-        { print; fflush() }' >&2
+    NINJA_STATUS="[%p] " ninja -C "$build" "$@" 9>&- | /usr/bin/python3 "$root/scripts/progress.py" build >&2
 fi
