@@ -105,4 +105,11 @@ BaseObject* Obj::release(OwnershipType_e owner)
     return std::exchange(m_owned, nullptr);
 }
 
+QVariant toVariant(Obj&& handle)
+{
+    QVariant value(QMetaType::fromType<Obj>());
+    *static_cast<Obj*>(value.data()) = std::move(handle);
+    return value;
+}
+
 } // namespace OMC

@@ -54,6 +54,9 @@ T* objectIn(const Obj& handle)
     return dynamic_cast<T*>(handle.get());
 }
 
+/// A variant that holds the handle, moved there: QVariant::fromValue would clone the object.
+BRINDLE_CORE_EXPORT QVariant toVariant(Obj&& handle);
+
 } // namespace OMC
 
 Q_DECLARE_METATYPE(OMC::Obj)
