@@ -1,0 +1,187 @@
+#pragma once
+
+#include "service/python/errors.h"
+#include "service/python/values.h"
+
+#include <QString>
+#include <QVariant>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <string_view>
+
+/// Arguments of script methods: their names and defaults, written once as a text ("frame, value, adjust_column=False"),
+/// and the reading of each C++ type from Python.
+namespace brindle::python {
+
+/// A text as a template argument.
+template <std::size_t N>
+struct Text {
+    char characters[N];
+
+    constexpr Text(const char (&text)[N]) { std::copy_n(text, N, characters); } // NOLINT: implicit on purpose
+    constexpr std::string_view view() const { return {characters, N - 1}; }
+};
+
+/// One argument of a method: its name, and the Python text of what stands for it when it is left out.
+struct Argument {
+    std::string_view name;
+    std::string_view fallback;
+
+    constexpr bool required() const { return fallback.empty(); }
+};
+
+constexpr std::size_t countArguments(std::string_view text)
+{
+    return text.empty() ? 0 : 1 + static_cast<std::size_t>(std::count(text.begin(), text.end(), ','));
+}
+
+/// The arguments in a text of comma-separated "name" or "name=default".
+template <Text Names>
+constexpr auto argumentsIn()
+{
+    constexpr std::size_t count = countArguments(Names.view());
+    std::array<Argument, count> arguments{};
+    std::string_view rest = Names.view();
+    for (Argument& argument : arguments) {
+        const std::size_t end = std::min(rest.find(','), rest.size());
+        std::string_view item = rest.substr(0, end);
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+        item.remove_prefix(std::min(item.find_first_not_of(' '), item.size()));
+        const std::size_t equals = std::min(item.find('='), item.size());
+        argument.name = item.substr(0, equals);
+        if (equals < item.size())
+            argument.fallback = item.substr(equals + 1);
+    }
+    return arguments;
+}
+
+template <Text Names>
+inline constexpr auto argumentTable = argumentsIn<Names>();
+
+/// How a C++ type is read from Python: `type` is its name in a signature, `accepts` whether the value fits, `read` gives
+/// it (throwing for one that doesn't fit), `fallback` reads a default's text.
+template <typename T>
+struct From;
+
+template <>
+struct From<bool> {
+    static constexpr const char* type = "bool";
+    static bool accepts(PyObject* value) { return PyBool_Check(value) || PyLong_Check(value); }
+    static bool read(PyObject* value, unsigned int) { return PyObject_IsTrue(value) == 1; }
+    static bool fallback(std::string_view text) { return text == "True"; }
+};
+
+template <typename Integer>
+struct FromInteger {
+    static constexpr const char* type = "int";
+    static bool accepts(PyObject* value) { return PyIndex_Check(value); }
+    static Integer read(PyObject* value, unsigned int index)
+    {
+        const Ref number(PyNumber_Index(value));
+        if (!number)
+            throw PythonError{};
+        int overflow = 0;
+        const long long wide = PyLong_AsLongLongAndOverflow(number.get(), &overflow);
+        if (overflow || !std::in_range<Integer>(wide))
+            throwArgument(index, std::is_unsigned_v<Integer> ? "a number from 0 to 4294967295" : "a number of 32 bits",
+                          value);
+        return static_cast<Integer>(wide);
+    }
+    static Integer fallback(std::string_view text)
+    {
+        const bool negative = text.starts_with('-');
+        Integer number = 0;
+        for (const char digit : text.substr(negative))
+            number = static_cast<Integer>(number * 10 + (digit - '0'));
+        return negative ? static_cast<Integer>(-number) : number;
+    }
+};
+
+template <>
+struct From<int> : FromInteger<int> {};
+template <>
+struct From<unsigned int> : FromInteger<unsigned int> {};
+
+template <>
+struct From<double> {
+    static constexpr const char* type = "float";
+    static bool accepts(PyObject* value)
+    {
+        return PyFloat_Check(value) || PyLong_Check(value) ||
+               (Py_TYPE(value)->tp_as_number && Py_TYPE(value)->tp_as_number->nb_float);
+    }
+    static double read(PyObject* value, unsigned int)
+    {
+        const double number = PyFloat_AsDouble(value);
+        if (number == -1.0 && PyErr_Occurred())
+            throw PythonError{};
+        return number;
+    }
+    static double fallback(std::string_view text) { return From<int>::fallback(text); }
+};
+
+template <>
+struct From<QString> {
+    static constexpr const char* type = "str";
+    static bool accepts(PyObject* value) { return PyUnicode_Check(value) || PyObject_HasAttrString(value, "__fspath__"); }
+    static QString read(PyObject* value, unsigned int)
+    {
+        if (PyUnicode_Check(value))
+            return stringFrom(value);
+        const Ref path(PyOS_FSPath(value));
+        if (!path)
+            throw PythonError{};
+        if (!PyUnicode_Check(path.get()))
+            throwTypeError("A path must be of str, not %s", Py_TYPE(path.get())->tp_name);
+        return stringFrom(path.get());
+    }
+    static QString fallback(std::string_view text)
+    {
+        return text == "None" ? QString() : QString::fromUtf8(text.data() + 1, static_cast<qsizetype>(text.size()) - 2);
+    }
+};
+
+template <>
+struct From<QVariant> {
+    static constexpr const char* type = "Any";
+    static bool accepts(PyObject*) { return true; }
+    static QVariant read(PyObject* value, unsigned int) { return variantFrom(value); }
+    static QVariant fallback(std::string_view) { return {}; }
+};
+
+template <>
+struct From<OMC::Obj> {
+    static constexpr const char* type = "BaseObject | None";
+    static bool accepts(PyObject* value) { return value == Py_None || isWrapper(value); }
+    static OMC::Obj read(PyObject* value, unsigned int) { return value == Py_None ? OMC::Obj() : OMC::Obj(objectOf(value)); }
+    static OMC::Obj fallback(std::string_view) { return {}; }
+};
+
+/// The name of a result's type in a signature.
+template <typename T>
+constexpr const char* resultType()
+{
+    if constexpr (std::is_void_v<T>)
+        return "None";
+    else if constexpr (std::is_same_v<T, bool>)
+        return "bool";
+    else if constexpr (std::is_integral_v<T>)
+        return "int";
+    else if constexpr (std::is_floating_point_v<T>)
+        return "float";
+    else if constexpr (std::is_same_v<T, QString> || std::is_same_v<T, std::string>)
+        return "str";
+    else if constexpr (std::is_same_v<T, std::vector<OMC::Obj>> || std::is_same_v<T, QList<QVariant>>)
+        return "list";
+    else if constexpr (std::is_same_v<T, QStringList>)
+        return "list[str]";
+    else if constexpr (std::is_same_v<T, QList<int>>)
+        return "list[int]";
+    else
+        return "Any";
+}
+
+} // namespace brindle::python

@@ -1,0 +1,13 @@
+"""The object model of a 2D animation project.
+
+    import brindle
+
+    app = brindle.create("walk-cycle")
+    peg = app.scene.nodes.create("PEG", "Arm")
+    peg.attributes["angle"].set_value(1, 30.0)
+    app.save()
+    app.close()
+"""
+
+from brindle._brindle import *  # noqa: F401,F403
+from brindle._brindle import _describe, _live_objects  # noqa: F401

@@ -1,0 +1,206 @@
+#pragma once
+
+#include "service/python/method.h"
+
+#include <QMetaObject>
+
+#include <string>
+#include <vector>
+
+/// The table of a class: all that makes it a Python type. Properties come from its meta-object; what the table adds is
+/// their one line of text, the methods, and the operators that the class has.
+namespace brindle::python {
+
+/// What a property is for, in one line.
+struct PropertyText {
+    const char* name;
+    const char* text;
+};
+
+/// A public member of a value class, as an attribute.
+struct Member {
+    const char* name;
+    const char* documentation;
+    const char* type;
+    getter get;
+    setter set;
+};
+
+/// The operators of a class; null where it has none.
+struct Operators {
+    Py_ssize_t (*length)(OMC::BaseObject*) = nullptr;
+    PyObject* (*itemByIndex)(OMC::BaseObject*, int) = nullptr;
+    PyObject* (*itemByKey)(OMC::BaseObject*, const QString&) = nullptr;
+    void (*setItem)(OMC::BaseObject*, PyObject* key, PyObject* value) = nullptr;
+    bool (*contains)(OMC::BaseObject*, PyObject*) = nullptr;
+    bool containsTextOnly = false; ///< Other values are looked for by going through the list.
+    PyObject* (*call)(OMC::BaseObject*, const QString&) = nullptr;
+    PyObject* (*iterate)(OMC::BaseObject*) = nullptr;
+    PyObject* (*next)(OMC::BaseObject*) = nullptr; ///< Null without an error at the end.
+    bool (*equals)(OMC::BaseObject*, OMC::BaseObject*) = nullptr;
+    const char* itemType = "Any";
+};
+
+struct ClassTable {
+    const char* name = nullptr;
+    const char* documentation = nullptr;
+    const QMetaObject* metaObject = nullptr;
+    std::vector<PropertyText> properties;
+    std::vector<Method> methods;
+    std::vector<Member> members;
+    Operators operators;
+    OMC::BaseObject* (*construct)(const CallArguments& call) = nullptr;
+    std::vector<std::string> constructors; ///< The signature of each form of the constructor.
+};
+
+/// A form of a constructor: a function that gives a new object.
+template <typename Function>
+struct FactoryValues;
+template <typename R, typename... A>
+struct FactoryValues<R* (*)(A...)> {
+    using Values = std::tuple<std::decay_t<A>...>;
+};
+template <auto Factory, Text Names = "">
+struct Construct : ArgumentReader<typename FactoryValues<decltype(Factory)>::Values, Names> {};
+
+/// Fills a class's table from its C++ class: the list protocol, the call operator and equality come by themselves.
+template <typename T>
+class Class {
+public:
+    Class(const char* name, const char* documentation)
+    {
+        m_table.name = name;
+        m_table.documentation = documentation;
+        m_table.metaObject = &T::staticMetaObject;
+        deriveOperators();
+    }
+
+    /// The one line of text of a property.
+    Class& property(const char* name, const char* text)
+    {
+        m_table.properties.push_back({name, text});
+        return *this;
+    }
+
+    /// A method under its script name, with its forms.
+    template <Text Name, typename... Forms>
+    Class& method(const char* documentation)
+    {
+        m_table.methods.push_back(python::method<Name, Forms...>(documentation));
+        return *this;
+    }
+
+    /// A public member.
+    template <auto Field>
+    Class& member(const char* name, const char* documentation);
+
+    /// Lets scripts build objects of the class.
+    template <auto Factory, Text Names>
+    Class& constructor();
+
+    operator ClassTable() const { return m_table; }
+
+private:
+    static T& self(OMC::BaseObject* object) { return static_cast<T&>(*object); }
+    void deriveOperators();
+
+    ClassTable m_table;
+};
+
+template <typename T>
+template <auto Field>
+Class<T>& Class<T>::member(const char* name, const char* documentation)
+{
+    using Value = std::decay_t<decltype(std::declval<T&>().*Field)>;
+    m_table.members.push_back({name, documentation, From<Value>::type,
+                               [](PyObject* object, void*) -> PyObject* {
+                                   return guarded([&] { return toPython(self(objectOf(object)).*Field); });
+                               },
+                               [](PyObject* object, PyObject* value, void*) -> int {
+                                   return guarded([&] {
+                                       if (!value || !From<Value>::accepts(value))
+                                           throwArgument(0, From<Value>::type, value ? value : Py_None);
+                                       self(objectOf(object)).*Field = From<Value>::read(value, 0);
+                                       return 0;
+                                   });
+                               }});
+    return *this;
+}
+
+template <typename T>
+template <auto Factory, Text Names>
+Class<T>& Class<T>::constructor()
+{
+    using Form = Construct<Factory, Names>;
+    m_table.construct = [](const CallArguments& call) -> OMC::BaseObject* {
+        return callFirst<Form>(T::staticMetaObject.className(), call, []<typename F>(const typename F::Slots& slots) {
+            return std::apply([](auto&... value) -> OMC::BaseObject* { return Factory(value...); }, F::read(slots));
+        });
+    };
+    m_table.constructors.push_back(Form::describe());
+    return *this;
+}
+
+template <typename T>
+void Class<T>::deriveOperators()
+{
+    Operators& operators = m_table.operators;
+    if constexpr (requires(T& t) { t.size(); })
+        operators.length = [](OMC::BaseObject* o) { return static_cast<Py_ssize_t>(self(o).size()); };
+    if constexpr (requires(T& t, int i) { t.get(i); })
+        operators.itemByIndex = [](OMC::BaseObject* o, int index) { return toPython(self(o).get(index)); };
+    if constexpr (requires(T& t, const QString& k) { t(k); }) {
+        operators.call = [](OMC::BaseObject* o, const QString& key) { return toPython(self(o)(key)); };
+        operators.itemByKey = operators.call;
+    } else if constexpr (requires(T& t, const QString& k) { t.get(k); }) {
+        operators.itemByKey = [](OMC::BaseObject* o, const QString& key) { return toPython(self(o).get(key)); };
+    }
+    if constexpr (requires(T& t, int i, const OMC::Obj& v) { t.set(i, v); }) {
+        operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
+            self(o).set(From<int>::read(key, 0), From<OMC::Obj>::accepts(value) ? From<OMC::Obj>::read(value, 1) : OMC::Obj());
+        };
+    } else if constexpr (requires(T& t, int i, const QVariant& v) { t.set(i, v); }) {
+        operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
+            if (PyUnicode_Check(key))
+                self(o).set(stringFrom(key), variantFrom(value));
+            else
+                self(o).set(From<int>::read(key, 0), variantFrom(value));
+        };
+    }
+    if constexpr (requires(T& t, const QString& k) { t.contains(k); } && !requires(T& t, const QVariant& v) { t.contains(v); }) {
+        operators.contains = [](OMC::BaseObject* o, PyObject* value) { return bool(self(o).contains(stringFrom(value))); };
+        operators.containsTextOnly = true;
+    } else if constexpr (requires(T& t, const QVariant& v) { t.contains(v); }) {
+        operators.contains = [](OMC::BaseObject* o, PyObject* value) { return bool(self(o).contains(variantFrom(value))); };
+    } else if constexpr (requires(T& t, const OMC::Obj& v) { t.contains(v); }) {
+        operators.contains = [](OMC::BaseObject* o, PyObject* value) {
+            return From<OMC::Obj>::accepts(value) && self(o).contains(From<OMC::Obj>::read(value, 0));
+        };
+    }
+    if constexpr (requires(T& t) { t.__iter__(); t.__iterItem__(); t.__atend__(); ++t; }) {
+        operators.iterate = [](OMC::BaseObject* o) { return toPython(self(o).__iter__()); };
+        operators.next = [](OMC::BaseObject* o) -> PyObject* {
+            T& list = self(o);
+            if (list.__atend__())
+                return nullptr;
+            auto item = list.__iterItem__();
+            ++list;
+            return toPython(std::move(item));
+        };
+    }
+    if constexpr (requires(T& t, const OMC::Obj& other) { t.__eq__(other); }) {
+        operators.equals = [](OMC::BaseObject* o, OMC::BaseObject* other) { return bool(self(o).__eq__(OMC::Obj(other))); };
+    } else if constexpr (requires(T& t, const T& other) { t.operator==(other); }) {
+        operators.equals = [](OMC::BaseObject* o, OMC::BaseObject* other) {
+            const T* same = dynamic_cast<const T*>(other);
+            return same && self(o) == *same;
+        };
+    } else if constexpr (requires(T& t, const T* other) { t.operator==(other); }) {
+        operators.equals = [](OMC::BaseObject* o, OMC::BaseObject* other) {
+            const T* same = dynamic_cast<const T*>(other);
+            return same && self(o) == same;
+        };
+    }
+}
+
+} // namespace brindle::python

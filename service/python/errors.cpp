@@ -1,0 +1,78 @@
+#include "service/python/errors.h"
+
+#include "core/frame/baseobject.h"
+
+#include <cstdarg>
+#include <exception>
+
+namespace brindle::python {
+
+namespace {
+
+PyObject* errorType = nullptr;
+PyObject* argumentErrorType = nullptr;
+
+/// The sentence that the object model has for a bad argument.
+std::string argumentSentence(unsigned int index)
+{
+    try {
+        OMC::BaseObject::throwInvalidArgument(index);
+    } catch (const OMC::Exception& exception) {
+        return exception.what();
+    }
+}
+
+} // namespace
+
+void throwTypeError(const char* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    PyErr_FormatV(PyExc_TypeError, format, arguments);
+    va_end(arguments);
+    throw PythonError{};
+}
+
+void throwArgument(unsigned int index, const char* expected, PyObject* got)
+{
+    const std::string sentence = argumentSentence(index);
+    const Ref error(PyObject_CallFunction(argumentErrorType, "s", sentence.c_str()));
+    if (error) {
+        const Ref note(PyUnicode_FromFormat("expected %s, not %s", expected, Py_TYPE(got)->tp_name));
+        const Ref done(note ? PyObject_CallMethod(error.get(), "add_note", "O", note.get()) : nullptr);
+        if (done)
+            PyErr_SetObject(argumentErrorType, error.get());
+    }
+    throw PythonError{};
+}
+
+void raiseCurrentException() noexcept
+{
+    try {
+        throw;
+    } catch (const PythonError&) {
+    } catch (const OMC::Exception& exception) {
+        PyErr_SetString(errorType, exception.what());
+    } catch (const std::bad_alloc&) {
+        PyErr_NoMemory();
+    } catch (const std::exception& exception) {
+        PyErr_SetString(PyExc_SystemError, exception.what());
+    } catch (...) {
+        PyErr_SetString(PyExc_SystemError, "An unexpected error has occurred.");
+    }
+}
+
+bool addErrors(PyObject* module)
+{
+    errorType = PyErr_NewExceptionWithDoc("brindle.Error", "A failure of the object model: a readable sentence.",
+                                          PyExc_RuntimeError, nullptr);
+    const Ref bases(errorType ? PyTuple_Pack(2, errorType, PyExc_TypeError) : nullptr);
+    if (!bases)
+        return false;
+    argumentErrorType = PyErr_NewExceptionWithDoc("brindle.ArgumentError", "An argument of a type that doesn't fit.",
+                                                  bases.get(), nullptr);
+    return argumentErrorType && PyModule_AddObjectRef(module, "Error", errorType) == 0 &&
+           PyModule_AddObjectRef(module, "ArgumentError", argumentErrorType) == 0;
+}
+
+} // namespace brindle::python

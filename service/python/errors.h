@@ -1,0 +1,45 @@
+#pragma once
+
+#include "service/python/enginegate.h"
+#include "service/python/pyref.h"
+
+#include <new>
+#include <type_traits>
+
+namespace brindle::python {
+
+/// Thrown where a Python error has been raised already and only has to reach the caller.
+struct PythonError {};
+
+/// Raises a Python TypeError in the words of PyErr_Format.
+[[noreturn]] void throwTypeError(const char* format, ...);
+
+/// Throws `brindle.ArgumentError`, which is a `brindle.Error` and a `TypeError`: "Invalid argument at index %1.", with
+/// a note that says what was expected and what came.
+[[noreturn]] void throwArgument(unsigned int index, const char* expected, PyObject* got);
+
+/// Turns the C++ exception in flight into the Python error that stands for it.
+void raiseCurrentException() noexcept;
+
+/// Makes `brindle.Error` and `brindle.ArgumentError`; false with a Python error raised.
+bool addErrors(PyObject* module);
+
+/// Runs a call of the object model on behalf of Python: waits while a blocking operation has the engine, and turns
+/// every exception into a Python error. `Result` is what a slot returns on failure: null for a pointer, else -1.
+template <typename Function>
+auto guarded(Function&& function) noexcept -> std::invoke_result_t<Function>
+{
+    using Result = std::invoke_result_t<Function>;
+    try {
+        EngineGate::enter();
+        return function();
+    } catch (...) {
+        raiseCurrentException();
+    }
+    if constexpr (std::is_pointer_v<Result>)
+        return nullptr;
+    else
+        return Result(-1);
+}
+
+} // namespace brindle::python

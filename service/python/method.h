@@ -1,0 +1,221 @@
+#pragma once
+
+#include "service/python/arguments.h"
+
+#include <string>
+#include <tuple>
+#include <utility>
+
+/// From a member function to a Python method: one entry of a family's table.
+namespace brindle::python {
+
+/// Picks an overloaded member function by its argument types: `pick<int>(&ListObj::get)`.
+template <typename... Arguments>
+struct Pick {
+    template <typename Result, typename Class>
+    constexpr auto operator()(Result (Class::*member)(Arguments...)) const
+    {
+        return member;
+    }
+    template <typename Result, typename Class>
+    constexpr auto operator()(Result (Class::*member)(Arguments...) const) const
+    {
+        return member;
+    }
+};
+template <typename... Arguments>
+inline constexpr Pick<Arguments...> pick{};
+
+/// The class, result and arguments of a member function, or of a free function whose first argument is the object.
+template <typename Function>
+struct Signature;
+
+template <typename R, typename C, typename... A>
+struct Signature<R (C::*)(A...)> {
+    using Result = R;
+    using Class = C;
+    using Values = std::tuple<std::decay_t<A>...>;
+};
+template <typename R, typename C, typename... A>
+struct Signature<R (C::*)(A...) const> : Signature<R (C::*)(A...)> {};
+template <typename R, typename C, typename... A>
+struct Signature<R (*)(C&, A...)> : Signature<R (C::*)(A...)> {};
+template <typename R, typename C, typename... A>
+struct Signature<R (*)(const C&, A...)> : Signature<R (C::*)(A...)> {};
+
+/// What came with a call, as CPython's fast calls hand it over.
+struct CallArguments {
+    PyObject* const* values;
+    Py_ssize_t count;
+    PyObject* names; ///< A tuple of the names of the last values, or null.
+
+    Py_ssize_t named() const { return names ? PyTuple_GET_SIZE(names) : 0; }
+    Py_ssize_t total() const { return count + named(); }
+};
+
+/// Puts the arguments in order; false when their number or names don't fit.
+bool arrange(const CallArguments& call, const Argument* arguments, std::size_t count, PyObject** slots);
+
+/// Raises the TypeError for a call whose arguments fit no form of the method.
+[[noreturn]] void throwArity(const char* method, const CallArguments& call);
+
+/// Reads the values of one form of a call: `Values` is the tuple of their C++ types.
+template <typename Values, Text Names>
+struct ArgumentReader {
+    static constexpr std::size_t count = std::tuple_size_v<Values>;
+    static constexpr auto& arguments = argumentTable<Names>;
+    static_assert(std::tuple_size_v<std::decay_t<decltype(arguments)>> == count, "every argument has a name");
+
+    /// The arguments of one call in order; null where one is left out.
+    using Slots = std::array<PyObject*, count>;
+    using Indexes = std::make_index_sequence<count>;
+
+    static bool arrange(const CallArguments& call, Slots& slots)
+    {
+        return python::arrange(call, arguments.data(), count, slots.data());
+    }
+
+    /// Whether all values fit; where they don't, the first that does not.
+    static bool accepts(const Slots& slots, unsigned int& misfit) { return acceptsAll(slots, misfit, Indexes{}); }
+    static const char* expected(unsigned int index) { return expectedOf(index, Indexes{}); }
+    static Values read(const Slots& slots) { return readAll(slots, Indexes{}); }
+
+    /// "(frame: int, value: float, adjust_column: bool = False)"
+    static std::string describe() { return "(" + describeAll(Indexes{}) + ")"; }
+
+private:
+    template <std::size_t I>
+    using Reader = From<std::tuple_element_t<I, Values>>;
+
+    template <std::size_t... I>
+    static bool acceptsAll([[maybe_unused]] const Slots& slots, [[maybe_unused]] unsigned int& misfit,
+                           std::index_sequence<I...>)
+    {
+        return ((!slots[I] || Reader<I>::accepts(slots[I]) || (misfit = I, false)) && ...);
+    }
+
+    template <std::size_t... I>
+    static const char* expectedOf([[maybe_unused]] unsigned int index, std::index_sequence<I...>)
+    {
+        const char* type = "";
+        ((I == index ? void(type = Reader<I>::type) : void()), ...);
+        return type;
+    }
+
+    template <std::size_t I>
+    static auto readOne(const Slots& slots)
+    {
+        return slots[I] ? Reader<I>::read(slots[I], I) : Reader<I>::fallback(arguments[I].fallback);
+    }
+
+    template <std::size_t... I>
+    static Values readAll([[maybe_unused]] const Slots& slots, std::index_sequence<I...>)
+    {
+        return Values{readOne<I>(slots)...}; // Braces keep the order of reading.
+    }
+
+    template <std::size_t... I>
+    static std::string describeAll(std::index_sequence<I...>)
+    {
+        std::string text;
+        ((text += (I ? ", " : "") + std::string(arguments[I].name) + ": " + Reader<I>::type +
+                  (arguments[I].required() ? "" : " = " + std::string(arguments[I].fallback))),
+         ...);
+        return text;
+    }
+};
+
+/// One form of a method: a function and the names of its arguments. The function is a member, or a free one whose first
+/// argument is the object.
+template <auto Function, Text Names = "">
+struct Form : ArgumentReader<typename Signature<decltype(Function)>::Values, Names> {
+    using Sig = Signature<decltype(Function)>;
+    using Reader = ArgumentReader<typename Sig::Values, Names>;
+
+    static PyObject* call(OMC::BaseObject* object, const typename Reader::Slots& slots)
+    {
+        auto& self = static_cast<typename Sig::Class&>(*object);
+        typename Sig::Values values = Reader::read(slots);
+        const auto run = [&]() -> decltype(auto) {
+            return std::apply(
+                [&](auto&... value) -> decltype(auto) {
+                    if constexpr (std::is_member_function_pointer_v<decltype(Function)>)
+                        return (self.*Function)(value...);
+                    else
+                        return Function(self, value...);
+                },
+                values);
+        };
+        if constexpr (std::is_void_v<typename Sig::Result>) {
+            run();
+            Py_RETURN_NONE;
+        } else {
+            return toPython(run());
+        }
+    }
+
+    static std::string describe() { return Reader::describe() + " -> " + resultType<typename Sig::Result>(); }
+};
+
+/// The result of the first form that fits the call.
+template <typename... Forms, typename Run>
+auto callFirst(const char* name, const CallArguments& call, Run&& run)
+{
+    using Result = std::common_type_t<decltype(run.template operator()<Forms>({}))...>;
+    Result result{};
+    bool arranged = false;
+    unsigned int misfit = 0;
+    const char* expected = nullptr;
+    PyObject* got = nullptr;
+    const auto attempt = [&]<typename F>() {
+        typename F::Slots slots;
+        if (!F::arrange(call, slots))
+            return false;
+        unsigned int index = 0;
+        if (F::accepts(slots, index)) {
+            result = run.template operator()<F>(slots);
+            return true;
+        }
+        if (!std::exchange(arranged, true)) {
+            misfit = index;
+            expected = F::expected(index);
+            got = slots[index];
+        }
+        return false;
+    };
+    if ((attempt.template operator()<Forms>() || ...))
+        return result;
+    if (arranged)
+        throwArgument(misfit, expected, got);
+    throwArity(name, call);
+}
+
+/// A method of a class as its table keeps it.
+struct Method {
+    const char* name;
+    const char* documentation;
+    PyCFunction function;
+    std::vector<std::string> (*describe)(); ///< The signature of each form.
+};
+
+/// The function that CPython calls for a method with one form or several, of which the first that fits is taken.
+template <Text Name, typename... Forms>
+PyObject* callMethod(PyObject* self, PyObject* const* values, Py_ssize_t count, PyObject* names)
+{
+    return guarded([&]() -> PyObject* {
+        OMC::BaseObject* object = objectOf(self);
+        return callFirst<Forms...>(Name.characters, {values, count, names},
+                                   [&]<typename F>(const typename F::Slots& slots) { return F::call(object, slots); });
+    });
+}
+
+/// An entry of a class's table: the script name, what the method does in one line, and its forms.
+template <Text Name, typename... Forms>
+Method method(const char* documentation)
+{
+    return {Name.characters, documentation,
+            reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(&callMethod<Name, Forms...>)),
+            [] { return std::vector<std::string>{Forms::describe()...}; }};
+}
+
+} // namespace brindle::python

@@ -1,0 +1,95 @@
+#include "service/python/errors.h"
+#include "service/python/operators.h"
+#include "service/python/property.h"
+#include "service/python/session.h"
+#include "service/python/tables.h"
+#include "service/python/types.h"
+
+namespace brindle::python {
+
+namespace {
+
+/// A function of the module: its arguments are read like those of a method.
+template <Text Name, auto Function, Text Names = "">
+PyObject* callFunction(PyObject*, PyObject* const* values, Py_ssize_t count, PyObject* names)
+{
+    return guarded([&]() -> PyObject* {
+        return callFirst<Construct<Function, Names>>(
+            Name.characters, {values, count, names},
+            []<typename Form>(const typename Form::Slots& slots) { return std::apply(Function, Form::read(slots)); });
+    });
+}
+
+template <Text Name, auto Function, Text Names = "">
+PyMethodDef function(const char* documentation)
+{
+    return {Name.characters,
+            reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(&callFunction<Name, Function, Names>)),
+            METH_FASTCALL | METH_KEYWORDS, documentation};
+}
+
+PyObject* liveObjects()
+{
+    return toPython(qlonglong(OMC::BaseObject::liveObjects()));
+}
+
+PyObject* endOfInterpreter(PyObject*, PyObject*)
+{
+    return guarded([]() -> PyObject* {
+        shutDown();
+        Py_RETURN_NONE;
+    });
+}
+
+bool addClasses(PyObject* module)
+{
+    for (const auto tables : {&frameTables, &applicationTables, &pointTables, &sceneTables, &nodeTables, &portTables,
+                              &attributeTables, &columnTables}) {
+        for (const ClassTable& table : tables())
+            addClass(module, table);
+    }
+    return true;
+}
+
+/// Lets the project go before the interpreter does.
+bool registerShutDown()
+{
+    static PyMethodDef definition = {"_shut_down", &endOfInterpreter, METH_NOARGS, nullptr};
+    const Ref callable(PyCFunction_New(&definition, nullptr));
+    const Ref atexit(callable ? PyImport_ImportModule("atexit") : nullptr);
+    const Ref done(atexit ? PyObject_CallMethod(atexit.get(), "register", "O", callable.get()) : nullptr);
+    return bool(done);
+}
+
+PyMethodDef functions[] = {
+    function<"create", &createProject, "path">(
+        "create(path: str) -> Application\n\nMakes a project folder and opens it; fails where there is one already."),
+    function<"open", &openProject, "path">("open(path: str) -> Application\n\nOpens the project in a folder."),
+    function<"application", &currentApplication>(
+        "application() -> Application | None\n\nThe application whose project is open, or None."),
+    function<"_live_objects", &liveObjects>("How many objects of the object model are alive, to find what leaks."),
+    function<"_describe", &describeClasses>("What all classes offer, as plain data."),
+    {nullptr, nullptr, 0, nullptr}};
+
+PyModuleDef definition = {PyModuleDef_HEAD_INIT, "brindle._brindle", "The object model of a 2D animation project.",
+                          -1, functions, nullptr, nullptr, nullptr, nullptr};
+
+} // namespace
+
+} // namespace brindle::python
+
+extern "C" __attribute__((visibility("default"))) PyObject* PyInit__brindle()
+{
+    using namespace brindle::python;
+    Ref module(PyModule_Create(&definition));
+    if (!module)
+        return nullptr;
+    try {
+        if (addErrors(module.get()) && addIteratorType() && addAccessorType() && addClasses(module.get()) &&
+            registerShutDown())
+            return module.release();
+    } catch (...) {
+        raiseCurrentException();
+    }
+    return nullptr;
+}

@@ -1,0 +1,231 @@
+#include "service/python/operators.h"
+
+#include <unordered_set>
+
+namespace brindle::python {
+
+namespace {
+
+/// Goes through the copy of a list that `__iter__` gave.
+struct Iterator {
+    PyObject_HEAD
+    PyObject* list;
+};
+
+PyTypeObject* iteratorType = nullptr;
+
+const Operators& operatorsOf(PyObject* self)
+{
+    return *reinterpret_cast<Wrapper*>(self)->operators;
+}
+
+Py_ssize_t length(PyObject* self)
+{
+    return guarded([&] { return operatorsOf(self).length(objectOf(self)); });
+}
+
+/// The items of a slice, as a new list.
+PyObject* itemsOf(PyObject* self, PyObject* slice)
+{
+    const Operators& operators = operatorsOf(self);
+    Py_ssize_t start = 0;
+    Py_ssize_t stop = 0;
+    Py_ssize_t step = 0;
+    if (!operators.length || !operators.itemByIndex || PySlice_Unpack(slice, &start, &stop, &step) < 0)
+        throwArgument(0, "an index", slice);
+    const Py_ssize_t count = PySlice_AdjustIndices(operators.length(objectOf(self)), &start, &stop, step);
+    Ref items(PyList_New(0));
+    for (Py_ssize_t i = 0; items && i < count; ++i) {
+        const Ref item(operators.itemByIndex(objectOf(self), static_cast<int>(start + i * step)));
+        if (PyList_Append(items.get(), item.get()) < 0)
+            throw PythonError{};
+    }
+    return items.release();
+}
+
+PyObject* subscript(PyObject* self, PyObject* key)
+{
+    return guarded([&]() -> PyObject* {
+        const Operators& operators = operatorsOf(self);
+        if (PyUnicode_Check(key) && operators.itemByKey)
+            return operators.itemByKey(objectOf(self), stringFrom(key));
+        if (PyIndex_Check(key) && operators.itemByIndex)
+            return operators.itemByIndex(objectOf(self), From<int>::read(key, 0));
+        if (PySlice_Check(key))
+            return itemsOf(self, key);
+        throwArgument(0, operators.itemByKey ? "int or str" : "int", key);
+    });
+}
+
+int assignSubscript(PyObject* self, PyObject* key, PyObject* value)
+{
+    return guarded([&] {
+        if (!value)
+            throwTypeError("Items of %s can't be deleted", Py_TYPE(self)->tp_name);
+        if (!PyIndex_Check(key) && !PyUnicode_Check(key))
+            throwArgument(0, "an index", key);
+        operatorsOf(self).setItem(objectOf(self), key, value);
+        return 0;
+    });
+}
+
+/// Looks for a value by going through the list.
+bool isAmongItems(PyObject* self, PyObject* value)
+{
+    const Ref iterator(PyObject_GetIter(self));
+    if (!iterator)
+        throw PythonError{};
+    while (Ref item{PyIter_Next(iterator.get())}) {
+        const int equal = PyObject_RichCompareBool(item.get(), value, Py_EQ);
+        if (equal < 0)
+            throw PythonError{};
+        if (equal)
+            return true;
+    }
+    if (PyErr_Occurred())
+        throw PythonError{};
+    return false;
+}
+
+int contains(PyObject* self, PyObject* value)
+{
+    return guarded([&]() -> int {
+        const Operators& operators = operatorsOf(self);
+        if (operators.containsTextOnly && !PyUnicode_Check(value))
+            return isAmongItems(self, value);
+        return operators.contains(objectOf(self), value);
+    });
+}
+
+PyObject* call(PyObject* self, PyObject* arguments, PyObject* names)
+{
+    return guarded([&]() -> PyObject* {
+        if (PyTuple_GET_SIZE(arguments) != 1 || (names && PyDict_GET_SIZE(names) > 0))
+            throwTypeError("%s takes one argument", Py_TYPE(self)->tp_name);
+        PyObject* key = PyTuple_GET_ITEM(arguments, 0);
+        if (!PyUnicode_Check(key))
+            throwArgument(0, "str", key);
+        return operatorsOf(self).call(objectOf(self), stringFrom(key));
+    });
+}
+
+PyObject* iterate(PyObject* self)
+{
+    return guarded([&]() -> PyObject* {
+        Ref list(operatorsOf(self).iterate(objectOf(self)));
+        auto* iterator = PyObject_New(Iterator, iteratorType);
+        if (!iterator)
+            throw PythonError{};
+        iterator->list = list.release();
+        return reinterpret_cast<PyObject*>(iterator);
+    });
+}
+
+PyObject* next(PyObject* self)
+{
+    return guarded([&] {
+        PyObject* list = reinterpret_cast<Iterator*>(self)->list;
+        return operatorsOf(list).next(objectOf(list));
+    });
+}
+
+void deallocateIterator(PyObject* self)
+{
+    PyTypeObject* type = Py_TYPE(self);
+    Py_XDECREF(reinterpret_cast<Iterator*>(self)->list);
+    PyObject_Free(self);
+    Py_DECREF(type);
+}
+
+PyObject* compare(PyObject* self, PyObject* other, int operation)
+{
+    return guarded([&]() -> PyObject* {
+        if ((operation != Py_EQ && operation != Py_NE) || !isWrapper(other))
+            Py_RETURN_NOTIMPLEMENTED;
+        const bool equal = operatorsOf(self).equals(objectOf(self), objectOf(other));
+        return toPython(equal == (operation == Py_EQ));
+    });
+}
+
+PyObject* text(PyObject* self)
+{
+    return guarded([&] { return toPython(objectOf(self)->__str__()); });
+}
+
+/// Never fails: a repr is what a person sees of an object that has gone, too.
+PyObject* representation(PyObject* self)
+{
+    const char* type = Py_TYPE(self)->tp_name;
+    const Ref description(text(self));
+    if (description)
+        return PyUnicode_FromFormat("<%s: %U>", type, description.get());
+    PyErr_Clear();
+    return PyUnicode_FromFormat("<%s, no longer valid>", type);
+}
+
+PyObject* directory(PyObject* self, PyObject*)
+{
+    return guarded([&]() -> PyObject* {
+        OMC::BaseObject* object = objectOf(self);
+        bool extendNative = false;
+        bool filter = false;
+        std::vector<std::string> names = object->getDir(extendNative, filter);
+        std::unordered_set<std::string> known(names.begin(), names.end());
+        if (extendNative) {
+            const Ref native(PyObject_CallMethod(reinterpret_cast<PyObject*>(&PyBaseObject_Type), "__dir__", "O", self));
+            const Ref list(native ? PySequence_List(native.get()) : nullptr);
+            if (!list)
+                throw PythonError{};
+            for (Py_ssize_t i = 0; i < PyList_GET_SIZE(list.get()); ++i) {
+                const char* name = PyUnicode_AsUTF8(PyList_GET_ITEM(list.get(), i));
+                if (!name)
+                    throw PythonError{};
+                if (known.insert(name).second)
+                    names.emplace_back(name);
+            }
+        }
+        if (filter)
+            std::erase_if(names, [object](std::string& name) { return !object->filterDir(name); });
+        QStringList shown;
+        for (const std::string& name : names)
+            shown.append(QString::fromStdString(name));
+        return toPython(shown);
+    });
+}
+
+} // namespace
+
+const PyMethodDef directoryMethod = {"__dir__", &directory, METH_NOARGS, nullptr};
+
+std::vector<PyType_Slot> operatorSlots(const Operators& operators)
+{
+    std::vector<PyType_Slot> slotList = {{Py_tp_str, reinterpret_cast<void*>(&text)},
+                                         {Py_tp_repr, reinterpret_cast<void*>(&representation)}};
+    const auto add = [&](bool has, int slot, auto function) {
+        if (has)
+            slotList.push_back({slot, reinterpret_cast<void*>(function)});
+    };
+    add(operators.length, Py_mp_length, &length);
+    add(operators.length, Py_sq_length, &length);
+    add(operators.itemByIndex || operators.itemByKey, Py_mp_subscript, &subscript);
+    add(operators.setItem, Py_mp_ass_subscript, &assignSubscript);
+    add(operators.contains, Py_sq_contains, &contains);
+    add(operators.call, Py_tp_call, &call);
+    add(operators.next, Py_tp_iter, &iterate);
+    add(operators.equals, Py_tp_richcompare, &compare);
+    return slotList;
+}
+
+bool addIteratorType()
+{
+    static PyType_Slot typeSlots[] = {{Py_tp_dealloc, reinterpret_cast<void*>(&deallocateIterator)},
+                                      {Py_tp_iter, reinterpret_cast<void*>(&PyObject_SelfIter)},
+                                      {Py_tp_iternext, reinterpret_cast<void*>(&next)},
+                                      {0, nullptr}};
+    static PyType_Spec spec = {"brindle.Iterator", sizeof(Iterator), 0,
+                               Py_TPFLAGS_DEFAULT | Py_TPFLAGS_DISALLOW_INSTANTIATION, typeSlots};
+    iteratorType = reinterpret_cast<PyTypeObject*>(PyType_FromSpec(&spec));
+    return iteratorType;
+}
+
+} // namespace brindle::python

@@ -1,0 +1,192 @@
+#include "service/python/property.h"
+
+#include "service/python/errors.h"
+#include "service/python/values.h"
+
+#include <limits>
+
+namespace brindle::python {
+
+namespace {
+
+template <typename Value>
+PyObject* readAs(OMC::BaseObject* object, const Property& property)
+{
+    Value value{};
+    int status = -1;
+    void* slots[] = {&value, nullptr, &status};
+    object->qt_metacall(QMetaObject::ReadProperty, property.meta.propertyIndex(), slots);
+    return toPython(std::move(value));
+}
+
+PyObject* readVariant(OMC::BaseObject* object, const Property& property)
+{
+    return toPython(object->readProperty(property.meta));
+}
+
+struct PropertyType {
+    int id;
+    const char* name;
+    PyObject* (*read)(OMC::BaseObject*, const Property&);
+};
+
+const PropertyType& propertyType(const QMetaProperty& meta)
+{
+    static const PropertyType entries[] = {
+        {QMetaType::fromType<OMC::Obj>().id(), "Any", &readAs<OMC::Obj>},
+        {QMetaType::Int, "int", &readAs<int>},
+        {QMetaType::UInt, "int", &readAs<unsigned int>},
+        {QMetaType::ULong, "int", &readAs<unsigned long>},
+        {QMetaType::Bool, "bool", &readAs<bool>},
+        {QMetaType::Double, "float", &readAs<double>},
+        {QMetaType::QString, "str", &readAs<QString>},
+        {QMetaType::QStringList, "list[str]", &readAs<QStringList>},
+        {QMetaType::QVariantList, "list", &readAs<QVariantList>},
+        {QMetaType::fromType<std::vector<OMC::Obj>>().id(), "list", &readAs<std::vector<OMC::Obj>>},
+    };
+    static const PropertyType other = {0, "Any", &readVariant};
+    for (const PropertyType& entry : entries) {
+        if (entry.id == meta.typeId())
+            return entry;
+    }
+    return other;
+}
+
+/// A number that an int property would cut short must not get as far as Qt's conversion.
+void refuseCutNumber(const QMetaProperty& meta, const QVariant& value)
+{
+    const bool wide = value.typeId() == QMetaType::LongLong || value.typeId() == QMetaType::Double;
+    if (meta.typeId() != QMetaType::Int || !wide)
+        return;
+    const double number = value.toDouble();
+    if (!(number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max()))
+        throw OMC::Exception(OMC::BaseObject::tr("Failed to write the property (Argument Type %1)").arg(value.typeName()));
+}
+
+void write(PyObject* self, const Property& property, PyObject* value)
+{
+    OMC::BaseObject* object = objectOf(self);
+    const QVariant variant = variantFrom(value);
+    if (property.meta.isWritable())
+        refuseCutNumber(property.meta, variant);
+    object->writeProperty(property.meta, variant);
+}
+
+/// The script method behind a property: a descriptor of the type, and what it gives when it is bound to an object.
+struct Accessor {
+    PyObject_HEAD
+    const Property* property;
+    PyObject* self;
+    bool setter;
+};
+
+PyTypeObject* accessorType = nullptr;
+
+PyObject* newAccessorOn(const Property* property, bool setter, PyObject* self)
+{
+    auto* accessor = PyObject_New(Accessor, accessorType);
+    if (!accessor)
+        return nullptr;
+    accessor->property = property;
+    accessor->setter = setter;
+    Py_XINCREF(self);
+    accessor->self = self;
+    return reinterpret_cast<PyObject*>(accessor);
+}
+
+PyObject* bindAccessor(PyObject* descriptor, PyObject* object, PyObject*)
+{
+    auto* accessor = reinterpret_cast<Accessor*>(descriptor);
+    if (!object || object == Py_None) {
+        Py_INCREF(descriptor);
+        return descriptor;
+    }
+    return newAccessorOn(accessor->property, accessor->setter, object);
+}
+
+PyObject* callAccessor(PyObject* callable, PyObject* arguments, PyObject* names)
+{
+    return guarded([&]() -> PyObject* {
+        auto* accessor = reinterpret_cast<Accessor*>(callable);
+        const char* name = accessor->property->meta.name();
+        if (!accessor->self)
+            throwTypeError("%s_%s() needs an object", accessor->setter ? "set" : "get", name);
+        const Py_ssize_t count = PyTuple_GET_SIZE(arguments) + (names ? PyDict_GET_SIZE(names) : 0);
+        if (count != (accessor->setter ? 1 : 0) || PyTuple_GET_SIZE(arguments) != count)
+            throwTypeError("%s_%s() takes %d argument(s), not %zd", accessor->setter ? "set" : "get", name,
+                           int(accessor->setter), count);
+        if (!accessor->setter)
+            return accessor->property->read(objectOf(accessor->self), *accessor->property);
+        write(accessor->self, *accessor->property, PyTuple_GET_ITEM(arguments, 0));
+        Py_RETURN_NONE;
+    });
+}
+
+void deallocateAccessor(PyObject* self)
+{
+    PyTypeObject* type = Py_TYPE(self);
+    Py_XDECREF(reinterpret_cast<Accessor*>(self)->self);
+    PyObject_Free(self);
+    Py_DECREF(type);
+}
+
+PyObject* accessorText(PyObject* self, void*)
+{
+    auto* accessor = reinterpret_cast<Accessor*>(self);
+    return PyUnicode_FromFormat("%s the property %s.", accessor->setter ? "Sets" : "Gives",
+                                accessor->property->meta.name());
+}
+
+} // namespace
+
+Property makeProperty(const QMetaProperty& meta, const char* documentation)
+{
+    return {meta, documentation, propertyType(meta).read};
+}
+
+PyObject* getProperty(PyObject* self, void* closure)
+{
+    return guarded([&]() -> PyObject* {
+        const auto& property = *static_cast<const Property*>(closure);
+        return property.read(objectOf(self), property);
+    });
+}
+
+int setProperty(PyObject* self, PyObject* value, void* closure)
+{
+    return guarded([&]() -> int {
+        const auto& property = *static_cast<const Property*>(closure);
+        if (!value) {
+            PyErr_Format(PyExc_AttributeError, "%s can't be deleted", property.meta.name());
+            throw PythonError{};
+        }
+        write(self, property, value);
+        return 0;
+    });
+}
+
+const char* typeName(const QMetaProperty& meta)
+{
+    return propertyType(meta).name;
+}
+
+PyObject* newAccessor(const Property& property, bool setter)
+{
+    return newAccessorOn(&property, setter, nullptr);
+}
+
+bool addAccessorType()
+{
+    static PyGetSetDef attributes[] = {{"__doc__", &accessorText, nullptr, nullptr, nullptr}, {}};
+    static PyType_Slot typeSlots[] = {{Py_tp_dealloc, reinterpret_cast<void*>(&deallocateAccessor)},
+                                      {Py_tp_descr_get, reinterpret_cast<void*>(&bindAccessor)},
+                                      {Py_tp_call, reinterpret_cast<void*>(&callAccessor)},
+                                      {Py_tp_getset, attributes},
+                                      {0, nullptr}};
+    static PyType_Spec spec = {"brindle.Accessor", sizeof(Accessor), 0,
+                               Py_TPFLAGS_DEFAULT | Py_TPFLAGS_DISALLOW_INSTANTIATION, typeSlots};
+    accessorType = reinterpret_cast<PyTypeObject*>(PyType_FromSpec(&spec));
+    return accessorType;
+}
+
+} // namespace brindle::python

@@ -1,0 +1,132 @@
+#include "service/python/session.h"
+
+#include "service/python/errors.h"
+#include "service/python/wrapper.h"
+
+#include <QCoreApplication>
+
+#include <clocale>
+#include <memory>
+
+namespace brindle::python {
+
+namespace {
+
+/// What one process has open. The Qt application is made here when the process has none: it marks the main thread.
+struct Session {
+    std::unique_ptr<QCoreApplication> qtApplication;
+    std::unique_ptr<SC_SessionContext> context;
+    Ref application;
+};
+
+Session& session()
+{
+    static Session only;
+    return only;
+}
+
+SC_SessionContext& context()
+{
+    Session& current = session();
+    if (!QCoreApplication::instance()) {
+        static int argumentCount = 1;
+        static char name[] = "brindle";
+        static char* arguments[] = {name, nullptr};
+        current.qtApplication = std::make_unique<QCoreApplication>(argumentCount, arguments);
+        // Qt takes on the person's locale for all; Python and scripts count on "." in numbers.
+        std::setlocale(LC_NUMERIC, "C");
+    }
+    if (!current.context)
+        current.context = SC_SessionContext::create();
+    return *current.context;
+}
+
+using OpenFunction = SC_Project* (SC_ProjectManager::*)(const QString&, QString&);
+
+PyObject* enterProject(OpenFunction open, const QString& path)
+{
+    SC_SessionContext& current = context();
+    QString error;
+    {
+        const EngineGate::Blocking blocking;
+        (current.projectManager()->*open)(path, error);
+    }
+    if (!error.isEmpty())
+        throw OMC::Exception(error);
+    session().application = Ref(toPython(new ServiceApplication(&current)));
+    return Ref::borrow(session().application.get()).release();
+}
+
+using SaveFunction = bool (*)(SC_ProjectManager&, const QString&, QString&);
+
+void saveWith(const ServiceApplication& application, SaveFunction function, const QString& path)
+{
+    SC_ProjectManager& manager = application.projectManager();
+    QString error;
+    bool done = false;
+    {
+        const EngineGate::Blocking blocking;
+        done = function(manager, path, error);
+    }
+    if (!done)
+        throw OMC::Exception(error);
+}
+
+} // namespace
+
+PyObject* createProject(const QString& path)
+{
+    return enterProject(&SC_ProjectManager::createProject, path);
+}
+
+PyObject* openProject(const QString& path)
+{
+    return enterProject(&SC_ProjectManager::openProject, path);
+}
+
+PyObject* currentApplication()
+{
+    PyObject* application = session().application.get();
+    return Ref::borrow(application ? application : Py_None).release();
+}
+
+void save(const ServiceApplication& application, const QString& path)
+{
+    if (!path.isNull()) {
+        saveAs(application, path);
+        return;
+    }
+    saveWith(
+        application, [](SC_ProjectManager& manager, const QString&, QString& error) { return manager.saveProject(error); },
+        path);
+}
+
+void saveAs(const ServiceApplication& application, const QString& path)
+{
+    saveWith(
+        application,
+        [](SC_ProjectManager& manager, const QString& to, QString& error) { return manager.saveProjectAs(to, error); },
+        path);
+}
+
+void close(const ServiceApplication& application)
+{
+    if (!application.isOpen())
+        return;
+    SC_ProjectManager& manager = application.projectManager();
+    {
+        const EngineGate::Blocking blocking;
+        manager.closeProject();
+    }
+    session().application = Ref();
+}
+
+void shutDown()
+{
+    Session& current = session();
+    current.application = Ref();
+    current.context.reset();
+    current.qtApplication.reset();
+}
+
+} // namespace brindle::python

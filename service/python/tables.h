@@ -1,0 +1,19 @@
+#pragma once
+
+#include "service/python/classtable.h"
+
+#include <vector>
+
+/// The tables of the families, each in the file of its family. Base classes stand ahead of what derives from them.
+namespace brindle::python {
+
+std::vector<ClassTable> frameTables();
+std::vector<ClassTable> applicationTables();
+std::vector<ClassTable> pointTables();
+std::vector<ClassTable> sceneTables();
+std::vector<ClassTable> nodeTables();
+std::vector<ClassTable> portTables();
+std::vector<ClassTable> attributeTables();
+std::vector<ClassTable> columnTables();
+
+} // namespace brindle::python

@@ -1,0 +1,230 @@
+#include "service/python/types.h"
+
+#include "service/python/operators.h"
+#include "service/python/property.h"
+
+#include <deque>
+#include <structmember.h>
+
+namespace brindle::python {
+
+namespace {
+
+/// What CPython refers to for as long as the type lives; types live as long as the process.
+struct TypeStorage {
+    ClassTable table;
+    std::string qualifiedName;
+    std::deque<Property> properties;
+    std::vector<PyGetSetDef> attributes;
+    std::deque<std::string> texts;
+    std::vector<PyMethodDef> methods;
+    PyTypeObject* type = nullptr;
+};
+
+std::deque<TypeStorage>& storages()
+{
+    static std::deque<TypeStorage> all;
+    return all;
+}
+
+const char* textOf(const ClassTable& table, const char* property)
+{
+    for (const PropertyText& entry : table.properties) {
+        if (qstrcmp(entry.name, property) == 0)
+            return entry.text;
+    }
+    return nullptr;
+}
+
+/// The properties that the class has beyond those of its base type.
+void addProperties(TypeStorage& storage, const QMetaObject* base)
+{
+    const QMetaObject* metaObject = storage.table.metaObject;
+    for (int index = base ? base->propertyCount() : 0; index < metaObject->propertyCount(); ++index) {
+        const QMetaProperty meta = metaObject->property(index);
+        storage.properties.push_back(makeProperty(meta, textOf(storage.table, meta.name())));
+        Property& property = storage.properties.back();
+        storage.attributes.push_back({meta.name(), &getProperty, &setProperty, property.documentation, &property});
+    }
+}
+
+void addMethods(TypeStorage& storage)
+{
+    for (const Method& method : storage.table.methods) {
+        std::string& text = storage.texts.emplace_back();
+        for (const std::string& form : method.describe())
+            text += std::string(method.name) + form + "\n";
+        text += std::string("\n") + method.documentation;
+        storage.methods.push_back({method.name, method.function, METH_FASTCALL | METH_KEYWORDS, text.c_str()});
+    }
+}
+
+/// A text for a property that isn't there is a slip in the table: the module doesn't load with it.
+void refuseUnknownTexts(const TypeStorage& storage)
+{
+    for (const PropertyText& entry : storage.table.properties) {
+        if (storage.table.metaObject->indexOfProperty(entry.name) < 0)
+            throwTypeError("%s has no property %s", storage.table.name, entry.name);
+    }
+}
+
+PyObject* newObject(PyTypeObject* type, PyObject* arguments, PyObject* keywords)
+{
+    return guarded([&]() -> PyObject* {
+        const ClassTable& table = tableOf(type);
+        if (!table.construct)
+            throwTypeError("%s objects are got from the project, not made", table.name);
+        std::vector<PyObject*> values;
+        for (Py_ssize_t i = 0; i < PyTuple_GET_SIZE(arguments); ++i)
+            values.push_back(PyTuple_GET_ITEM(arguments, i));
+        Ref names;
+        if (keywords && PyDict_GET_SIZE(keywords) > 0) {
+            names = Ref(PyTuple_New(PyDict_GET_SIZE(keywords)));
+            Py_ssize_t position = 0;
+            Py_ssize_t index = 0;
+            PyObject* key = nullptr;
+            PyObject* value = nullptr;
+            while (names && PyDict_Next(keywords, &position, &key, &value)) {
+                Py_INCREF(key);
+                PyTuple_SET_ITEM(names.get(), index++, key);
+                values.push_back(value);
+            }
+            if (!names)
+                throw PythonError{};
+        }
+        return adopt({type, &table.operators}, table.construct({values.data(), PyTuple_GET_SIZE(arguments), names.get()}));
+    });
+}
+
+QStringList texts(const std::vector<std::string>& list)
+{
+    QStringList result;
+    for (const std::string& text : list)
+        result.append(QString::fromStdString(text));
+    return result;
+}
+
+/// The special methods that a class has, as stubs declare them.
+QStringList operatorNames(const Operators& operators)
+{
+    QStringList names;
+    const auto add = [&](bool has, const char* name) {
+        if (has)
+            names.append(name);
+    };
+    add(operators.length, "__len__");
+    add(operators.itemByIndex || operators.itemByKey, "__getitem__");
+    add(operators.setItem, "__setitem__");
+    add(operators.contains, "__contains__");
+    add(operators.call, "__call__");
+    add(operators.next, "__iter__");
+    add(operators.equals, "__eq__");
+    return names;
+}
+
+void addAccessors(const TypeStorage& storage)
+{
+    for (const Property& property : storage.properties) {
+        for (const bool setter : {false, true}) {
+            if (setter && !property.meta.isWritable())
+                continue;
+            const std::string name = std::string(setter ? "set_" : "get_") + property.meta.name();
+            // A method of that name in the table goes first.
+            const auto& methods = storage.table.methods;
+            if (std::any_of(methods.begin(), methods.end(), [&](const Method& method) { return name == method.name; }))
+                continue;
+            const Ref accessor(newAccessor(property, setter));
+            if (!accessor ||
+                PyObject_SetAttrString(reinterpret_cast<PyObject*>(storage.type), name.c_str(), accessor.get()) < 0)
+                throw PythonError{};
+        }
+    }
+}
+
+} // namespace
+
+const ClassTable& tableOf(PyTypeObject* type)
+{
+    for (; type; type = type->tp_base) {
+        for (const TypeStorage& storage : storages()) {
+            if (storage.type == type)
+                return storage.table;
+        }
+    }
+    throwTypeError("The class is not one of this module");
+}
+
+void addClass(PyObject* module, const ClassTable& table)
+{
+    TypeStorage& storage = storages().emplace_back();
+    storage.table = table;
+    storage.qualifiedName = std::string("brindle.") + table.name;
+    refuseUnknownTexts(storage);
+
+    const QMetaObject* base = nullptr;
+    PyTypeObject* baseType = nullptr;
+    if (table.metaObject != &OMC::BaseObject::staticMetaObject) {
+        baseType = typeFor(table.metaObject->superClass()).type;
+        base = tableOf(baseType).metaObject;
+    }
+    addProperties(storage, base);
+    for (const Member& member : table.members)
+        storage.attributes.push_back({member.name, member.get, member.set, member.documentation, nullptr});
+    storage.attributes.push_back({});
+    addMethods(storage);
+    if (!base)
+        storage.methods.push_back(directoryMethod);
+    storage.methods.push_back({});
+
+    static PyMemberDef members[] = {{"__weaklistoffset__", T_PYSSIZET, offsetof(Wrapper, weakReferences), READONLY, nullptr},
+                                    {}};
+    std::vector<PyType_Slot> typeSlots = operatorSlots(table.operators);
+    typeSlots.push_back({Py_tp_doc, const_cast<char*>(table.documentation)});
+    typeSlots.push_back({Py_tp_dealloc, reinterpret_cast<void*>(&deallocate)});
+    typeSlots.push_back({Py_tp_new, reinterpret_cast<void*>(&newObject)});
+    typeSlots.push_back({Py_tp_getset, storage.attributes.data()});
+    typeSlots.push_back({Py_tp_methods, storage.methods.data()});
+    if (!base)
+        typeSlots.push_back({Py_tp_members, members});
+    typeSlots.push_back({0, nullptr});
+    PyType_Spec spec = {storage.qualifiedName.c_str(), sizeof(Wrapper), 0, Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE,
+                        typeSlots.data()};
+    const Ref bases(baseType ? PyTuple_Pack(1, baseType) : nullptr);
+    storage.type = reinterpret_cast<PyTypeObject*>(PyType_FromSpecWithBases(&spec, bases.get()));
+    if (!storage.type)
+        throw PythonError{};
+    registerType(table.metaObject, {storage.type, &storage.table.operators});
+    addAccessors(storage);
+    if (PyModule_AddObjectRef(module, table.name, reinterpret_cast<PyObject*>(storage.type)) < 0)
+        throw PythonError{};
+}
+
+PyObject* describeClasses()
+{
+    QVariantList classes;
+    for (const TypeStorage& storage : storages()) {
+        const ClassTable& table = storage.table;
+        QVariantList properties;
+        for (const Property& property : storage.properties)
+            properties.append(QVariantMap{{"name", property.meta.name()},
+                                          {"type", typeName(property.meta)},
+                                          {"writable", property.meta.isWritable()},
+                                          {"text", QString(property.documentation)}});
+        for (const Member& member : table.members)
+            properties.append(QVariantMap{{"name", member.name}, {"type", member.type}, {"writable", true},
+                                          {"text", member.documentation}});
+        QVariantList methods;
+        for (const Method& method : table.methods)
+            methods.append(QVariantMap{{"name", method.name}, {"forms", texts(method.describe())}, {"text", method.documentation}});
+        classes.append(QVariantMap{{"name", table.name},
+                                   {"base", storage.type->tp_base->tp_name},
+                                   {"text", table.documentation},
+                                   {"constructors", texts(table.constructors)},
+                                   {"properties", properties},
+                                   {"methods", methods},
+                                   {"operators", operatorNames(table.operators)}});
+    }
+    return toPython(classes);
+}
+
+} // namespace brindle::python

@@ -1,0 +1,302 @@
+#include "service/python/values.h"
+
+#include "service/python/errors.h"
+
+#include <QMetaType>
+#include <QRegularExpression>
+
+#include <cmath>
+#include <limits>
+
+namespace brindle::python {
+
+namespace {
+
+/// A new reference, or the Python error that stands in its place.
+PyObject* checked(PyObject* object)
+{
+    if (!object)
+        throw PythonError{};
+    return object;
+}
+
+template <typename Container>
+PyObject* listOf(const Container& items)
+{
+    Ref list(checked(PyList_New(static_cast<Py_ssize_t>(items.size()))));
+    Py_ssize_t index = 0;
+    for (const auto& item : items)
+        PyList_SET_ITEM(list.get(), index++, toPython(item));
+    return list.release();
+}
+
+PyObject* dictOf(const QVariantMap& map)
+{
+    Ref dict(checked(PyDict_New()));
+    for (auto item = map.begin(); item != map.end(); ++item) {
+        const Ref key(toPython(item.key()));
+        const Ref value(toPython(item.value()));
+        if (PyDict_SetItem(dict.get(), key.get(), value.get()) < 0)
+            throw PythonError{};
+    }
+    return dict.release();
+}
+
+QVariant integerFrom(PyObject* number)
+{
+    int overflow = 0;
+    const long long value = PyLong_AsLongLongAndOverflow(number, &overflow);
+    if (value == -1 && PyErr_Occurred())
+        throw PythonError{};
+    if (overflow) {
+        PyErr_SetString(PyExc_OverflowError, "The number is beyond 64 bits.");
+        throw PythonError{};
+    }
+    if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max())
+        return QVariant(static_cast<qlonglong>(value));
+    return QVariant(static_cast<int>(value));
+}
+
+QVariant sequenceFrom(PyObject* sequence)
+{
+    // A list or tuple: PySequence_Fast hands out the object itself.
+    const Py_ssize_t size = PySequence_Fast_GET_SIZE(sequence);
+    bool allText = size > 0;
+    for (Py_ssize_t i = 0; allText && i < size; ++i)
+        allText = PyUnicode_Check(PySequence_Fast_GET_ITEM(sequence, i));
+    if (allText) {
+        QStringList texts;
+        texts.reserve(size);
+        for (Py_ssize_t i = 0; i < size; ++i)
+            texts.append(stringFrom(PySequence_Fast_GET_ITEM(sequence, i)));
+        return texts;
+    }
+    if (Py_EnterRecursiveCall(" while reading a list"))
+        throw PythonError{};
+    struct Leave {
+        ~Leave() { Py_LeaveRecursiveCall(); }
+    } leave;
+    QVariantList values;
+    values.reserve(size);
+    // The size is asked anew: reading an item may run a script's own code, which may change the list.
+    for (Py_ssize_t i = 0; i < PySequence_Fast_GET_SIZE(sequence); ++i) {
+        const Ref item = Ref::borrow(PySequence_Fast_GET_ITEM(sequence, i));
+        values.append(variantFrom(item.get()));
+    }
+    return values;
+}
+
+QVariant mapFrom(PyObject* dict)
+{
+    if (Py_EnterRecursiveCall(" while reading a dict"))
+        throw PythonError{};
+    struct Leave {
+        ~Leave() { Py_LeaveRecursiveCall(); }
+    } leave;
+    const Ref items(checked(PyDict_Items(dict)));
+    QVariantMap map;
+    for (Py_ssize_t i = 0; i < PyList_GET_SIZE(items.get()); ++i) {
+        PyObject* item = PyList_GET_ITEM(items.get(), i);
+        PyObject* key = PyTuple_GET_ITEM(item, 0);
+        if (!PyUnicode_Check(key))
+            throwTypeError("The keys of a dict must be str, not %s", Py_TYPE(key)->tp_name);
+        map.insert(stringFrom(key), variantFrom(PyTuple_GET_ITEM(item, 1)));
+    }
+    return map;
+}
+
+bool isInstanceOf(PyObject* value, const char* module, const char* name)
+{
+    // A module that nobody has loaded has no instances.
+    const Ref moduleName(checked(PyUnicode_FromString(module)));
+    const Ref owner(PyImport_GetModule(moduleName.get()));
+    if (!owner)
+        return false;
+    const Ref type(checked(PyObject_GetAttrString(owner.get(), name)));
+    const int is = PyObject_IsInstance(value, type.get());
+    if (is < 0)
+        throw PythonError{};
+    return is;
+}
+
+QVariant expressionFrom(PyObject* pattern)
+{
+    const Ref text(checked(PyObject_GetAttrString(pattern, "pattern")));
+    if (!PyUnicode_Check(text.get()))
+        throwTypeError("A pattern must be of str, not %s", Py_TYPE(text.get())->tp_name);
+    const Ref flags(checked(PyObject_GetAttrString(pattern, "flags")));
+    const long bits = PyLong_AsLong(flags.get());
+    if (bits == -1 && PyErr_Occurred())
+        throw PythonError{};
+    // The bits of re.IGNORECASE, re.MULTILINE, re.DOTALL, re.VERBOSE.
+    QRegularExpression::PatternOptions options = QRegularExpression::UseUnicodePropertiesOption;
+    options.setFlag(QRegularExpression::CaseInsensitiveOption, bits & 2);
+    options.setFlag(QRegularExpression::MultilineOption, bits & 8);
+    options.setFlag(QRegularExpression::DotMatchesEverythingOption, bits & 16);
+    options.setFlag(QRegularExpression::ExtendedPatternSyntaxOption, bits & 64);
+    return QRegularExpression(stringFrom(text.get()), options);
+}
+
+} // namespace
+
+QString stringFrom(PyObject* text)
+{
+    Py_ssize_t size = 0;
+    const char* utf8 = PyUnicode_AsUTF8AndSize(text, &size);
+    if (!utf8)
+        throw PythonError{};
+    return QString::fromUtf8(utf8, size);
+}
+
+QVariant variantFrom(PyObject* value)
+{
+    if (value == Py_None)
+        return {};
+    if (PyBool_Check(value))
+        return QVariant(value == Py_True);
+    if (PyLong_Check(value))
+        return integerFrom(value);
+    if (PyFloat_Check(value))
+        return QVariant(PyFloat_AS_DOUBLE(value));
+    if (PyUnicode_Check(value))
+        return QVariant(stringFrom(value));
+    if (isWrapper(value))
+        return QVariant::fromValue<QObject*>(objectOf(value));
+    if (PyList_Check(value) || PyTuple_Check(value))
+        return sequenceFrom(value);
+    if (PyDict_Check(value))
+        return mapFrom(value);
+    if (isInstanceOf(value, "re", "Pattern"))
+        return expressionFrom(value);
+    if (isInstanceOf(value, "pathlib", "PurePath")) {
+        const Ref path(checked(PyOS_FSPath(value)));
+        return QVariant(stringFrom(path.get()));
+    }
+    throwTypeError("A value of type %s can't be used here", Py_TYPE(value)->tp_name);
+}
+
+PyObject* toPython(const QVariant& value)
+{
+    switch (value.typeId()) {
+    case QMetaType::UnknownType:
+    case QMetaType::Nullptr:
+        Py_RETURN_NONE;
+    case QMetaType::Bool:
+        return toPython(value.toBool());
+    case QMetaType::Int:
+        return toPython(value.toInt());
+    case QMetaType::UInt:
+        return toPython(value.toUInt());
+    case QMetaType::Long:
+    case QMetaType::LongLong:
+        return toPython(value.toLongLong());
+    case QMetaType::ULong:
+    case QMetaType::ULongLong:
+        return checked(PyLong_FromUnsignedLongLong(value.toULongLong()));
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return toPython(value.toDouble());
+    case QMetaType::QString:
+        return toPython(*static_cast<const QString*>(value.constData()));
+    case QMetaType::QStringList:
+        return toPython(*static_cast<const QStringList*>(value.constData()));
+    case QMetaType::QVariantList:
+        return toPython(*static_cast<const QVariantList*>(value.constData()));
+    case QMetaType::QVariantMap:
+        return dictOf(*static_cast<const QVariantMap*>(value.constData()));
+    default:
+        break;
+    }
+    if (value.typeId() == QMetaType::fromType<std::vector<OMC::Obj>>().id())
+        return toPython(*static_cast<const std::vector<OMC::Obj>*>(value.constData()));
+    const QObject* object = OMC::BaseObject::QVariantToPointer(value);
+    if (auto* known = dynamic_cast<OMC::BaseObject*>(const_cast<QObject*>(object))) {
+        // A fresh object in a plain pointer is the receiver's; everything else is copied out of the variant.
+        if (known->getOwnership() == OMC::Unowned && !(value.metaType().flags() & QMetaType::PointerToQObject))
+            return toPython(OMC::Obj(known->copy()));
+        return toPython(OMC::Obj(known));
+    }
+    if (object == nullptr && (value.canConvert<QObject*>() || value.typeId() == QMetaType::fromType<OMC::Obj>().id()))
+        Py_RETURN_NONE;
+    throwTypeError("A value of type %s has no form in Python", value.typeName());
+}
+
+PyObject* toPython(const QString& text)
+{
+    char16_t all = 0;
+    bool surrogates = false;
+    const auto* units = reinterpret_cast<const char16_t*>(text.utf16());
+    const qsizetype size = text.size();
+    for (qsizetype i = 0; i < size; ++i) {
+        all |= units[i];
+        surrogates |= QChar::isSurrogate(units[i]);
+    }
+    if (all < 0x100) {
+        PyObject* result = checked(PyUnicode_New(size, all < 0x80 ? 0x7f : 0xff));
+        auto* bytes = PyUnicode_1BYTE_DATA(result);
+        for (qsizetype i = 0; i < size; ++i)
+            bytes[i] = static_cast<Py_UCS1>(units[i]);
+        return result;
+    }
+    if (!surrogates)
+        return checked(PyUnicode_FromKindAndData(PyUnicode_2BYTE_KIND, units, size));
+    int littleEndian = -1;
+    return checked(PyUnicode_DecodeUTF16(reinterpret_cast<const char*>(units), size * 2, "surrogatepass", &littleEndian));
+}
+
+PyObject* toPython(const std::string& text)
+{
+    return checked(PyUnicode_DecodeUTF8(text.data(), static_cast<Py_ssize_t>(text.size()), "replace"));
+}
+
+PyObject* toPython(const std::vector<OMC::Obj>& objects)
+{
+    return listOf(objects);
+}
+
+PyObject* toPython(const QList<QVariant>& values)
+{
+    return listOf(values);
+}
+
+PyObject* toPython(const QStringList& texts)
+{
+    return listOf(texts);
+}
+
+PyObject* toPython(const QList<int>& numbers)
+{
+    return listOf(numbers);
+}
+
+PyObject* toPython(bool value)
+{
+    return PyBool_FromLong(value);
+}
+
+PyObject* toPython(int value)
+{
+    return checked(PyLong_FromLong(value));
+}
+
+PyObject* toPython(unsigned int value)
+{
+    return checked(PyLong_FromUnsignedLong(value));
+}
+
+PyObject* toPython(unsigned long value)
+{
+    return checked(PyLong_FromUnsignedLong(value));
+}
+
+PyObject* toPython(qlonglong value)
+{
+    return checked(PyLong_FromLongLong(value));
+}
+
+PyObject* toPython(double value)
+{
+    return checked(PyFloat_FromDouble(value));
+}
+
+} // namespace brindle::python

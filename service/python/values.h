@@ -1,0 +1,42 @@
+#pragma once
+
+#include "service/python/wrapper.h"
+
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <string>
+#include <vector>
+
+/// Values both ways, by the table in the Python contract. `toPython` gives a new reference, or throws PythonError.
+namespace brindle::python {
+
+QVariant variantFrom(PyObject* value);
+QString stringFrom(PyObject* text); ///< Of a str; throws on one that is no Unicode text (lone surrogates).
+
+PyObject* toPython(const QVariant& value);
+PyObject* toPython(const QString& text);
+PyObject* toPython(const std::string& text);
+PyObject* toPython(const std::vector<OMC::Obj>& objects);
+PyObject* toPython(const QList<QVariant>& values);
+PyObject* toPython(const QStringList& texts);
+PyObject* toPython(const QList<int>& numbers);
+PyObject* toPython(bool value);
+PyObject* toPython(int value);
+PyObject* toPython(unsigned int value);
+PyObject* toPython(unsigned long value);
+PyObject* toPython(qlonglong value);
+PyObject* toPython(double value);
+/// A reference that is one already.
+inline PyObject* toPython(PyObject* object)
+{
+    return object;
+}
+/// An object that nobody owns yet.
+inline PyObject* toPython(OMC::BaseObject* object)
+{
+    return toPython(OMC::Obj(object));
+}
+
+} // namespace brindle::python

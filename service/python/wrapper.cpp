@@ -1,0 +1,86 @@
+#include "service/python/wrapper.h"
+
+#include "service/python/errors.h"
+
+#include <unordered_map>
+
+namespace brindle::python {
+
+namespace {
+
+std::unordered_map<const QMetaObject*, TypeEntry>& typesByClass()
+{
+    static std::unordered_map<const QMetaObject*, TypeEntry> types;
+    return types;
+}
+
+} // namespace
+
+PyObject* toPython(OMC::Obj handle)
+{
+    OMC::BaseObject* object = handle.get();
+    if (!object)
+        Py_RETURN_NONE;
+    if (handle.hasRealOwner()) {
+        object = object->copy();
+        object->setOwnership(OMC::OwnedByPython);
+    } else {
+        object = handle.releaseToPython();
+    }
+    return adopt(typeFor(object->metaObject()), object);
+}
+
+bool isWrapper(PyObject* value)
+{
+    static PyTypeObject* root = typeFor(&OMC::BaseObject::staticMetaObject).type;
+    return PyObject_TypeCheck(value, root);
+}
+
+OMC::BaseObject* objectOf(PyObject* wrapper)
+{
+    OMC::BaseObject* object = reinterpret_cast<Wrapper*>(wrapper)->object;
+    if (!object)
+        OMC::BaseObject::throwInvalid();
+    return object;
+}
+
+PyObject* adopt(const TypeEntry& entry, OMC::BaseObject* object)
+{
+    auto* wrapper = reinterpret_cast<Wrapper*>(entry.type->tp_alloc(entry.type, 0));
+    if (!wrapper) {
+        delete object;
+        throw PythonError{};
+    }
+    object->setOwnership(OMC::OwnedByPython);
+    wrapper->object = object;
+    wrapper->operators = entry.operators;
+    return reinterpret_cast<PyObject*>(wrapper);
+}
+
+void registerType(const QMetaObject* metaObject, const TypeEntry& entry)
+{
+    typesByClass()[metaObject] = entry;
+}
+
+const TypeEntry& typeFor(const QMetaObject* metaObject)
+{
+    auto& types = typesByClass();
+    const auto found = types.find(metaObject);
+    if (found != types.end())
+        return found->second;
+    // A class without a type of its own is shown as its nearest base class.
+    return types[metaObject] = TypeEntry(typeFor(metaObject->superClass()));
+}
+
+void deallocate(PyObject* self)
+{
+    auto* wrapper = reinterpret_cast<Wrapper*>(self);
+    PyTypeObject* type = Py_TYPE(self);
+    if (wrapper->weakReferences)
+        PyObject_ClearWeakRefs(self);
+    delete wrapper->object;
+    type->tp_free(self);
+    Py_DECREF(type);
+}
+
+} // namespace brindle::python
