@@ -124,6 +124,11 @@ Obj Scene::getCompositions() const
     throw Exception(tr("Compositions are not currently supported in Python."));
 }
 
+TUScene* Scene::scene() const
+{
+    return m_scene.get();
+}
+
 bool Scene::operator==(const Scene* other) const
 {
     return other && m_scene.sameTarget(other->m_scene);

@@ -48,7 +48,7 @@ public:
     virtual Obj getNodes() const;               ///< All nodes.
     virtual Obj getCompositions() const;        ///< Always throws.
 
-    TUScene* scene() const { return m_scene.get(); } ///< Null once it is gone.
+    TUScene* scene() const; ///< Null once it is gone.
     /// Whether both are of one scene; true also after it is gone.
     bool operator==(const Scene* other) const;
 

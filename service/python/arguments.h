@@ -145,6 +145,12 @@ struct From<QString> {
 };
 
 template <>
+struct From<std::string> : From<QString> {
+    static std::string read(PyObject* value, unsigned int index) { return From<QString>::read(value, index).toStdString(); }
+    static std::string fallback(std::string_view text) { return From<QString>::fallback(text).toStdString(); }
+};
+
+template <>
 struct From<QVariant> {
     static constexpr const char* type = "Any";
     static bool accepts(PyObject*) { return true; }

@@ -134,7 +134,7 @@ Class<T>& Class<T>::constructor()
     using Form = Construct<Factory, Names>;
     m_table.construct = [](const CallArguments& call) -> OMC::BaseObject* {
         return callFirst<Form>(T::staticMetaObject.className(), call, []<typename F>(const typename F::Slots& slots) {
-            return std::apply([](auto&... value) -> OMC::BaseObject* { return Factory(value...); }, F::read(slots));
+            return std::apply([](const auto&... value) -> OMC::BaseObject* { return Factory(value...); }, F::read(slots));
         });
     };
     m_table.constructors.push_back(Form::describe());
@@ -165,6 +165,10 @@ void Class<T>::deriveOperators()
                 self(o).set(stringFrom(key), variantFrom(value));
             else
                 self(o).set(From<int>::read(key, 0), variantFrom(value));
+        };
+    } else if constexpr (requires(T& t, int i, const std::string& v) { t.set(i, v); }) {
+        operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
+            self(o).set(From<unsigned int>::read(key, 0), From<std::string>::read(value, 1));
         };
     }
     if constexpr (requires(T& t, const QString& k) { t.contains(k); } && !requires(T& t, const QVariant& v) { t.contains(v); }) {
