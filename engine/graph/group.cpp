@@ -1,0 +1,58 @@
+#include "engine/graph/group.h"
+
+namespace engine {
+
+Group::Group() : HostNode(groupNodeType()), m_subNodes(*this) {}
+
+void Group::noteMultiPort(Node& node, bool present)
+{
+    if (node.type().nodeClass == NodeClass::MultiPortIn)
+        m_multiPortIn = present ? &node : nullptr;
+    else if (node.type().nodeClass == NodeClass::MultiPortOut)
+        m_multiPortOut = present ? &node : nullptr;
+}
+
+MO_Node* Group::subNode(unsigned int index) const
+{
+    return index < m_subNodes.size() ? m_subNodes.begin()[index] : nullptr;
+}
+
+MO_Node* Group::subNode(const QString& name) const
+{
+    const Node* node = m_subNodes.find(name);
+    return node ? &node->host() : nullptr;
+}
+
+void Group::getRecursiveSubNodeList(std::vector<MO_Node*>& nodes) const
+{
+    nodes.clear();
+    for (std::size_t i = 0; i < m_subNodes.size(); ++i)
+        forEachFrom(m_subNodes.at(i), [&nodes](Node& node) { nodes.push_back(&node.host()); });
+}
+
+TUMultiPortIn* Group::getOutMultiPort() const
+{
+    return static_cast<HostModule<TUMultiPortIn>*>(m_multiPortIn);
+}
+
+TUMultiPortOut* Group::getInMultiPort() const
+{
+    return static_cast<HostModule<TUMultiPortOut>*>(m_multiPortOut);
+}
+
+TUGroup* parentHost(const Node& node)
+{
+    return node.parent();
+}
+
+Group* engineGroup(TUGroup* group)
+{
+    return dynamic_cast<Group*>(group);
+}
+
+const Group* engineGroup(const TUGroup* group)
+{
+    return dynamic_cast<const Group*>(group);
+}
+
+} // namespace engine

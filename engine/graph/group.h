@@ -1,0 +1,62 @@
+#pragma once
+
+#include "engine/graph/hostnode.h"
+#include "engine/graph/subnodes.h"
+
+namespace engine {
+
+/// A node that holds nodes. The multi-port nodes inside show the group's ports from within, one of each at most.
+class Group final : public HostNode<TUGroup> {
+public:
+    Group();
+
+    SubNodes& subNodes() { return m_subNodes; }
+    const SubNodes& subNodes() const { return m_subNodes; }
+    Node* multiPortIn() const { return m_multiPortIn; }   ///< Faces the group's in-ports; null while there is none.
+    Node* multiPortOut() const { return m_multiPortOut; } ///< Faces the group's out-ports.
+    void noteMultiPort(Node& node, bool present);         ///< A sub-node came or went.
+
+    NodeIterator subNodesBegin() const override { return m_subNodes.begin(); }
+    NodeIterator subNodesEnd() const override { return m_subNodes.end(); }
+    unsigned int nSubNodes() const override { return static_cast<unsigned int>(m_subNodes.size()); }
+    MO_Node* subNode(unsigned int index) const override;
+    MO_Node* subNode(const QString& name) const override;
+    void getRecursiveSubNodeList(std::vector<MO_Node*>& nodes) const override;
+    TUMultiPortIn* getOutMultiPort() const override;
+    TUMultiPortOut* getInMultiPort() const override;
+
+private:
+    SubNodes m_subNodes;
+    Node* m_multiPortIn = nullptr;
+    Node* m_multiPortOut = nullptr;
+};
+
+/// The engine's group behind a host group, or null for null and for a group that is not the engine's.
+Group* engineGroup(TUGroup* group);
+const Group* engineGroup(const TUGroup* group);
+
+/// Calls a function for a node and all nodes below it, depth first, each group ahead of its content.
+template <typename Function>
+void forEachFrom(Node& top, Function function)
+{
+    struct Level {
+        const SubNodes* nodes;
+        std::size_t next;
+    };
+    std::vector<Level> levels;
+    const auto enter = [&](Node& node) {
+        function(node);
+        if (const Group* group = node.asGroup())
+            levels.push_back({&group->subNodes(), 0});
+    };
+    enter(top);
+    while (!levels.empty()) {
+        Level& level = levels.back();
+        if (level.next < level.nodes->size())
+            enter(level.nodes->at(level.next++));
+        else
+            levels.pop_back();
+    }
+}
+
+} // namespace engine

@@ -1,0 +1,59 @@
+#include "engine/graph/group.h"
+
+namespace engine {
+
+namespace {
+
+MO_Module* newModule(const NodeType& type)
+{
+    switch (type.nodeClass) {
+    case NodeClass::Module:
+        return new HostModule<MO_Module>(type);
+    case NodeClass::Peg:
+        return new HostModule<TUPegModule>(type);
+    case NodeClass::Camera:
+        return new HostModule<TUCameraModule>(type);
+    case NodeClass::Display:
+        return new HostModule<TUDisplayModule>(type);
+    case NodeClass::Element:
+        return new HostModule<MO_ElementModule>(type);
+    case NodeClass::MultiPortIn:
+        return TUMultiPortIn::create();
+    case NodeClass::MultiPortOut:
+        return TUMultiPortOut::create();
+    case NodeClass::Group:
+        break;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+} // namespace engine
+
+TUGroup* TUGroup::create()
+{
+    return new engine::Group;
+}
+
+MO_Module* TUGroup::createNode(const QString& type, int x, int y, int z, bool&, const void*)
+{
+    const engine::NodeType* found = engine::findNodeType(type);
+    MO_Module* node = found ? engine::newModule(*found) : nullptr;
+    if (node) {
+        node->setX(x);
+        node->setY(y);
+        node->setZ(z);
+    }
+    return node;
+}
+
+TUMultiPortIn* TUMultiPortIn::create()
+{
+    return new engine::HostModule<TUMultiPortIn>(engine::multiPortInNodeType());
+}
+
+TUMultiPortOut* TUMultiPortOut::create()
+{
+    return new engine::HostModule<TUMultiPortOut>(engine::multiPortOutNodeType());
+}

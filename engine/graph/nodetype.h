@@ -1,0 +1,55 @@
+#pragma once
+
+#include "core/host/mo_node.h"
+
+#include <QStringView>
+
+#include <array>
+
+namespace engine {
+
+/// What flows through a port.
+enum class PortKind { Image, Peg };
+
+QStringView portKindName(PortKind kind); ///< "IMAGE" or "PEG".
+
+struct PortSpec {
+    PortKind kind = PortKind::Image;
+    bool matte = false; ///< Its image cuts what the node shows.
+};
+
+/// The host class that nodes of a type have.
+enum class NodeClass { Module, Peg, Camera, Display, Element, MultiPortIn, MultiPortOut, Group };
+
+/// The facts of a type of node.
+struct NodeType {
+    QStringView name;        ///< "PEG", "READ", ...
+    QStringView defaultName; ///< The name of a node that is given none.
+    NodeClass nodeClass = NodeClass::Module;
+    MO_PortMode portMode = MO_FixedPorts;
+    bool makesInPorts = false; ///< Has a command of its own for a new in-port (MO_AutoInPortsModule).
+    bool imagePortsOnly = false; ///< Refuses ports of another kind.
+    int inPortCount = 0;       ///< Ports of a new node.
+    std::array<PortSpec, 2> inPorts = {};
+    int outPortCount = 0;
+    std::array<PortSpec, 1> outPorts = {};
+
+    bool takesInPorts() const
+    {
+        return portMode == MO_DynamicInPorts || portMode == MO_DynamicInPortsOnly || portMode == MO_DynamicPorts;
+    }
+    bool takesOutPorts() const { return portMode == MO_DynamicOutPortsOnly || portMode == MO_DynamicPorts; }
+};
+
+/// The type of that name, or null.
+const NodeType* findNodeType(QStringView name);
+
+/// The only types of their node classes.
+const NodeType& groupNodeType();
+const NodeType& multiPortInNodeType();
+const NodeType& multiPortOutNodeType();
+
+/// A text of the tables as a QString that shares it.
+QString sharedText(QStringView text);
+
+} // namespace engine

@@ -1,0 +1,271 @@
+#include "engine/graph/removal.h"
+
+#include "core/host/at_attr.h"
+#include "core/host/tu_timedvalue.h"
+#include "engine/curves/columnlist.h"
+#include "engine/graph/linkcommands.h"
+#include "engine/graph/links.h"
+#include "engine/graph/scenegraph.h"
+#include "engine/session/scene.h"
+
+#include <algorithm>
+#include <map>
+#include <unordered_set>
+
+namespace engine {
+
+namespace {
+
+/// Takes nodes of one group, given in its order, out of the scene.
+class TakeNodes final : public CO_Command {
+public:
+    TakeNodes(SceneGraph& graph, Group& group, std::vector<Node*> nodes)
+        : m_graph(graph), m_group(group), m_nodes(std::move(nodes))
+    {
+    }
+
+    Status execute() override
+    {
+        m_hosts = m_graph.take(m_group, m_nodes);
+        return kOk;
+    }
+
+    Status unexecute() override
+    {
+        m_graph.putBack(m_group, std::move(m_hosts), m_nodes);
+        return kOk;
+    }
+
+private:
+    SceneGraph& m_graph;
+    Group& m_group;
+    std::vector<Node*> m_nodes;
+    std::vector<std::unique_ptr<MO_Node>> m_hosts; ///< The nodes while they are out.
+};
+
+class TakeColumn final : public CO_Command {
+public:
+    TakeColumn(ColumnList& columns, TUTimedValue& column) : m_columns(columns), m_column(&column) {}
+
+    Status execute() override
+    {
+        m_taken = m_columns.take(m_column, m_position);
+        return m_taken ? kOk : kFail;
+    }
+
+    Status unexecute() override { return m_columns.insert(m_taken, m_position) ? kOk : kFail; }
+
+private:
+    ColumnList& m_columns;
+    TUTimedValue* m_column;
+    std::unique_ptr<TUTimedValue> m_taken;
+    int m_position = -1;
+};
+
+/// Appends the linked sockets among attributes and all below them.
+class LinkedSockets final : public AT_AttrVisitor {
+public:
+    explicit LinkedSockets(std::vector<TUTvSocket*>& found) : m_found(found) {}
+
+    using AT_AttrVisitor::visit;
+    void visit(AT_Attr& attr) override
+    {
+        if (TUTvSocket* socket = attr.socket(); socket && socket->isLinked())
+            m_found.push_back(socket);
+    }
+    void visit(AT_ComplexAttr& attr) override
+    {
+        visit(static_cast<AT_Attr&>(attr));
+        for (auto part = attr.attrsBegin(); part != attr.attrsEnd(); ++part)
+            (*part)->accept(*this);
+    }
+
+private:
+    std::vector<TUTvSocket*>& m_found;
+};
+
+/// Whether a link from one port to the other may take the place of the way through a node that goes.
+bool canBridge(const Port& out, const Port& in)
+{
+    return out.kind() == in.kind() && !in.source() && isLinkAllowed(out, in);
+}
+
+} // namespace
+
+RemoveNodes::RemoveNodes(SceneGraph& graph, ColumnList& columns, const std::vector<Node*>& nodes,
+                         const SU_CleanUpCommands::DeleteStrategy& strategy, bool bridge)
+    : m_graph(graph), m_columns(columns), m_strategy(strategy), m_bridge(bridge)
+{
+    findTopNodes(nodes);
+}
+
+CO_Command::Status RemoveNodes::execute()
+{
+    if (m_nodes.empty())
+        return kFail;
+    if (m_steps.empty()) {
+        if (!plan()) {
+            unexecute();
+            m_steps.clear();
+            return kFail;
+        }
+    } else {
+        for (auto& step : m_steps)
+            step->execute();
+    }
+    m_graph.announceStructure();
+    return kOk;
+}
+
+CO_Command::Status RemoveNodes::unexecute()
+{
+    for (auto step = m_steps.rbegin(); step != m_steps.rend(); ++step)
+        (*step)->unexecute();
+    m_graph.announceStructure();
+    return kOk;
+}
+
+void RemoveNodes::findTopNodes(const std::vector<Node*>& nodes)
+{
+    // Each group on the way up is looked at once: `inside` marks what goes or lies in it, `outside` what stays.
+    const std::uint64_t inside = nextWalkMark();
+    const std::uint64_t outside = nextWalkMark();
+    for (const Node* node : nodes)
+        node->mark(PortSide::In) = inside;
+    for (Node* node : nodes) {
+        const Node* group = node->parent();
+        while (group && group->mark(PortSide::In) != inside && group->mark(PortSide::In) != outside)
+            group = group->parent();
+        const bool isTop = !group || group->mark(PortSide::In) == outside;
+        for (const Node* way = node->parent(); way && way != group; way = way->parent())
+            way->mark(PortSide::In) = isTop ? outside : inside;
+        if (isTop)
+            m_nodes.push_back(node);
+    }
+    std::sort(m_nodes.begin(), m_nodes.end(), [](const Node* a, const Node* b) { return a->serial() < b->serial(); });
+}
+
+bool RemoveNodes::plan()
+{
+    if (!unlinkColumns())
+        return false;
+    for (Node* node : m_nodes) {
+        if (!cutLinks(*node))
+            return false;
+    }
+    return takeNodes();
+}
+
+bool RemoveNodes::unlinkColumns()
+{
+    std::vector<TUTvSocket*> sockets;
+    std::unordered_set<const MO_Node*> leaving;
+    LinkedSockets finder(sockets);
+    for (Node* top : m_nodes) {
+        forEachFrom(*top, [&](Node& node) {
+            if (!node.hasAttributes())
+                return;
+            const std::size_t before = sockets.size();
+            for (auto attr = node.host().attrsBegin(); attr != node.host().attrsEnd(); ++attr)
+                (*attr)->accept(finder);
+            if (sockets.size() > before)
+                leaving.insert(&node.host());
+        });
+    }
+
+    std::vector<TUTimedValue*> columns;
+    if (m_strategy.deleteTimedValues) {
+        std::unordered_set<const TUTimedValue*> seen;
+        for (const TUTvSocket* socket : sockets) {
+            TUTimedValue* column = socket->linkedTimedValue();
+            if (!seen.insert(column).second)
+                continue;
+            const std::vector<MO_Node*> linked = column->linkedNodes();
+            if (std::all_of(linked.begin(), linked.end(), [&](const MO_Node* node) { return leaving.contains(node); }))
+                columns.push_back(column);
+        }
+    }
+    for (TUTvSocket* socket : sockets) {
+        if (!run(std::make_unique<tu_tv_socket::UnlinkCmd>(socket, 0)))
+            return false;
+    }
+    for (TUTimedValue* column : columns) {
+        if (!run(std::make_unique<TakeColumn>(m_columns, *column)))
+            return false;
+    }
+    return true;
+}
+
+bool RemoveNodes::cutLinks(Node& node)
+{
+    const Port* firstIn = node.port(PortSide::In, 0);
+    const Port* firstOut = node.port(PortSide::Out, 0);
+    Port* fed = m_bridge && firstIn && firstOut ? firstIn->source() : nullptr;
+    std::vector<Port*> feeds;
+    for (std::size_t i = 0; fed && i < firstOut->destinationCount(); ++i)
+        feeds.push_back(firstOut->destination(i));
+
+    for (const PortSide side : {PortSide::In, PortSide::Out}) {
+        for (std::size_t place = node.portCount(side); place > 0; --place) {
+            Port& port = *node.port(side, place - 1);
+            if (port.isLinked() && !run(std::make_unique<CutAllLinks>(port)))
+                return false;
+        }
+    }
+    for (Port* in : feeds) {
+        if (canBridge(*fed, *in) && !run(std::make_unique<LinkPorts>(*fed, *in)))
+            return false;
+    }
+    return true;
+}
+
+bool RemoveNodes::takeNodes()
+{
+    // Groups in the order in which they were made, for the same result each time.
+    std::map<std::uint64_t, std::vector<Node*>> byGroup;
+    for (Node* node : m_nodes)
+        byGroup[node->parent()->serial()].push_back(node);
+    for (auto& [serial, nodes] : byGroup) {
+        Group& group = *nodes.front()->parent();
+        std::sort(nodes.begin(), nodes.end(), [](const Node* a, const Node* b) { return a->isBefore(*b); });
+        if (!run(std::make_unique<TakeNodes>(m_graph, group, std::move(nodes))))
+            return false;
+    }
+    return true;
+}
+
+bool RemoveNodes::run(std::unique_ptr<CO_Command> step)
+{
+    if (step->execute() == kFail)
+        return false;
+    m_steps.push_back(std::move(step));
+    return true;
+}
+
+} // namespace engine
+
+bool SU_CleanUpCommands::removeNodes(TUScene* scene, const std::set<MO_Node*>& nodes, const DeleteStrategy& strategy,
+                                     bool bridge)
+{
+    auto* own = dynamic_cast<engine::Scene*>(scene);
+    if (!own || nodes.empty())
+        return false;
+    std::vector<engine::Node*> leaving;
+    leaving.reserve(nodes.size());
+    for (MO_Node* host : nodes) {
+        engine::Node* node = engine::engineNode(host);
+        if (!node || node->graph() != &own->graph() || !node->parent())
+            return false;
+        leaving.push_back(node);
+    }
+    return own->commandManager()->execute(
+        new engine::RemoveNodes(own->graph(), own->columnList(), leaving, strategy, bridge),
+        QStringLiteral("Delete Nodes"));
+}
+
+bool SU_CleanUpCommands::removeNodes(TUScene* scene, const std::set<MO_Node*>& nodes, bool deleteTimedValues)
+{
+    DeleteStrategy strategy;
+    strategy.deleteTimedValues = deleteTimedValues;
+    return removeNodes(scene, nodes, strategy, false);
+}

@@ -1,0 +1,152 @@
+#include "engine/graph/scenegraph.h"
+
+#include "core/host/sc_scene.h"
+
+namespace engine {
+
+SceneGraph::SceneGraph(SC_SceneCommon& scene) : m_scene(scene)
+{
+    m_root.setScene(&scene);
+    m_root.Node::setName(QStringLiteral("Top"));
+    enter(m_root);
+}
+
+SceneGraph::~SceneGraph()
+{
+    leave(m_root);
+}
+
+SceneGraph* SceneGraph::of(const SC_SceneCommon* scene)
+{
+    Group* root = scene ? engineGroup(scene->rootGroup()) : nullptr;
+    return root ? root->graph() : nullptr;
+}
+
+void SceneGraph::append(Group& group, std::unique_ptr<MO_Node> host, Node& node)
+{
+    group.subNodes().append(std::move(host), node);
+    enter(node);
+}
+
+std::vector<std::unique_ptr<MO_Node>> SceneGraph::take(Group& group, const std::vector<Node*>& nodes)
+{
+    for (Node* node : nodes)
+        leave(*node);
+    return group.subNodes().take(nodes);
+}
+
+void SceneGraph::putBack(Group& group, std::vector<std::unique_ptr<MO_Node>> hosts, const std::vector<Node*>& nodes)
+{
+    group.subNodes().putBack(std::move(hosts), nodes);
+    for (Node* node : nodes)
+        enter(*node);
+}
+
+void SceneGraph::rename(Node& node, const QString& name)
+{
+    countDisplay(node, -1);
+    node.parent()->subNodes().rename(node, name);
+    countDisplay(node, +1);
+}
+
+QString SceneGraph::generateName(const QString& base, const Group& group) const
+{
+    return group.subNodes().freeName(base, [this](const QString& name) { return hasDisplay(name); });
+}
+
+QString SceneGraph::freeName(const QString& name, const Group& group) const
+{
+    return group.subNodes().freeName(name, [](const QString&) { return false; });
+}
+
+void SceneGraph::announceStructure() const
+{
+    if (TUSceneChangeManager* changes = m_scene.changeManager())
+        changes->notify();
+}
+
+void SceneGraph::announceNode(MO_Node& node) const
+{
+    if (TUSceneChangeManager* changes = m_scene.changeManager())
+        changes->emitNodeChanged(&node);
+}
+
+void SceneGraph::enter(Node& top)
+{
+    forEachFrom(top, [this](Node& node) {
+        node.m_graph = this;
+        node.m_scene = &m_scene;
+        countDisplay(node, +1);
+    });
+}
+
+void SceneGraph::leave(Node& top)
+{
+    forEachFrom(top, [this](Node& node) {
+        countDisplay(node, -1);
+        node.m_graph = nullptr;
+        node.host().expireWeakPointers();
+    });
+}
+
+void SceneGraph::countDisplay(const Node& node, int change)
+{
+    if (node.type().nodeClass != NodeClass::Display)
+        return;
+    int& count = m_displays[node.name()];
+    count += change;
+    if (count == 0)
+        m_displays.remove(node.name());
+}
+
+} // namespace engine
+
+namespace {
+
+const engine::Node* walkPath(const engine::Node* from, QStringView path)
+{
+    while (from) {
+        const engine::Group* group = from->asGroup();
+        if (!group)
+            return nullptr;
+        const qsizetype bar = path.indexOf(u'/');
+        from = group->subNodes().find(bar < 0 ? path : path.left(bar));
+        if (bar < 0)
+            return from;
+        path = path.mid(bar + 1);
+    }
+    return nullptr;
+}
+
+MO_Node* hostOf(const engine::Node* node)
+{
+    return node ? &node->host() : nullptr;
+}
+
+MO_Node* fromRoot(const engine::Node& root, QStringView path)
+{
+    const qsizetype bar = path.indexOf(u'/');
+    if ((bar < 0 ? path : path.left(bar)) != root.name())
+        return nullptr;
+    return hostOf(bar < 0 ? &root : walkPath(&root, path.mid(bar + 1)));
+}
+
+} // namespace
+
+MO_Node* node_util::getNodeFromQualifiedName_optimized(const SC_SceneCommon* scene, const QString& path)
+{
+    engine::SceneGraph* graph = engine::SceneGraph::of(scene);
+    return graph ? fromRoot(graph->root(), path) : nullptr;
+}
+
+MO_Node* node_util::getNodeFromQualifiedName(const TUGroup* base, const QString& path, bool absolute)
+{
+    const engine::Group* group = engine::engineGroup(base);
+    if (!group)
+        return nullptr;
+    if (absolute)
+        return group->graph() ? fromRoot(group->graph()->root(), path) : nullptr;
+    // A slash ahead of the first name is what a path keeps when the group's own path is cut off it.
+    const QStringView relative = path;
+    return hostOf(walkPath(group, relative.startsWith(u'/') ? relative.mid(1) : relative));
+}

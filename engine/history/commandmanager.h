@@ -1,0 +1,93 @@
+#pragma once
+
+#include "core/host/co_command.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace engine {
+
+/// The undo list of a project. It belongs to the project and goes before the scenes that its commands refer to.
+///
+/// What stands to be redone is dropped when an entry is really pushed: by a command outside every scope, or by the
+/// outermost scope that closes with content. A command that fails, a scope that is cancelled and an empty scope leave
+/// it alone.
+///
+/// Commands that are executed after `cancelScope` belong to the scope around the cancelled one, or to no scope.
+///
+/// The project is dirty while its state is another than the saved one: another place on the list, another content of
+/// the open scopes, or any place once the saved one can't be reached again.
+///
+/// An entry whose undo (or redo) fails or throws stays where it is, and ends the call. While entries are undone or
+/// redone, nothing is executed and the list takes no other request.
+class CommandManager final : public CO_CommandManager {
+public:
+    static constexpr int defaultHistoryMaxSize = 100'000;
+
+    CommandManager() = default;
+    ~CommandManager() override;
+
+    bool execute(CO_Command* command, const QString& label) override;
+    void unexecute(unsigned int count) override;
+    void reexecute(unsigned int count) override;
+    /// Forgets all entries; what an open scope holds stays with it.
+    void clearHistory() override;
+
+    int historySize() const override { return static_cast<int>(m_entries.size()); }
+    int executedHistorySize() const override { return static_cast<int>(m_done); }
+    int historyMaxSize() const override { return static_cast<int>(m_maxSize); }
+    /// A negative size counts as 0: nothing can be undone then.
+    void setHistoryMaxSize(int size) override;
+
+    QStringList collectExecutedNames() const override;
+    QStringList collectUnexecutedNames() const override;
+
+    bool isDirty() const override { return m_saved != current(); }
+    void setClean() override { m_saved = current(); }
+
+protected:
+    void openScope(const QString& label) override;
+    void closeScope() override;
+    void cancelScope() override;
+
+private:
+    using CommandPointer = std::unique_ptr<CO_Command>;
+
+    struct Entry {
+        QString label;
+        CommandPointer command;
+    };
+    struct Scope {
+        QString label;
+        std::vector<CommandPointer> commands;
+    };
+    /// A state of the project: how many entries led to it since the project was opened, and how many commands of open
+    /// scopes on top of them.
+    struct Place {
+        std::uint64_t entries = 0;
+        std::size_t pending = 0;
+        bool operator==(const Place&) const = default;
+    };
+
+    Place current() const { return {m_forgotten + m_done, m_pending}; }
+    void push(CommandPointer command, const QString& label);
+    void dropRedo();
+    void dropBeyondLimit();
+    void popScope();
+
+    std::deque<Entry> m_entries;
+    std::size_t m_done = 0;          ///< The entries before this place are done, those behind it undone.
+    std::uint64_t m_forgotten = 0;   ///< Entries that left the list at its beginning.
+    std::size_t m_maxSize = defaultHistoryMaxSize;
+    std::vector<Scope> m_scopes;     ///< Outermost first.
+    std::size_t m_pending = 0;       ///< Commands of all open scopes.
+    std::optional<Place> m_saved = Place();
+    bool m_stepping = false;         ///< An entry is being undone or redone.
+};
+
+} // namespace engine

@@ -1,0 +1,77 @@
+#include "engine/session/projectmanager.h"
+
+namespace engine {
+
+namespace {
+
+QString noProjectText()
+{
+    return QStringLiteral("Cannot save the project: no project is open.");
+}
+
+} // namespace
+
+SC_Project* ProjectManager::createProject(const QString& path, QString& error)
+{
+    const ProjectFolder folder(path);
+    auto project = std::make_unique<Project>(folder.path());
+    project->addFirstScene();
+    if (!folder.create(project->scenes(), error))
+        return nullptr;
+    return replaceProject(std::move(project));
+}
+
+SC_Project* ProjectManager::openProject(const QString& path, QString& error)
+{
+    const ProjectFolder folder(path);
+    auto project = std::make_unique<Project>(folder.path());
+    if (!folder.read(*project, error))
+        return nullptr;
+    return replaceProject(std::move(project));
+}
+
+bool ProjectManager::saveProject(QString& error)
+{
+    if (!m_project) {
+        error = noProjectText();
+        return false;
+    }
+    if (!ProjectFolder(m_project->path()).write(m_project->scenes(), error))
+        return false;
+    m_project->history().setClean();
+    return true;
+}
+
+bool ProjectManager::saveProjectAs(const QString& path, QString& error)
+{
+    if (!m_project) {
+        error = noProjectText();
+        return false;
+    }
+    const ProjectFolder folder(path);
+    if (!folder.createForSave(m_project->scenes(), error))
+        return false;
+    m_project->setPath(folder.path());
+    m_project->history().setClean();
+    return true;
+}
+
+void ProjectManager::closeProject()
+{
+    // The session has no project any more while this one goes.
+    const std::unique_ptr<Project> closing = std::move(m_project);
+}
+
+SC_Project* ProjectManager::findProject(const SC_Id& id) const
+{
+    return m_project && m_project->id() == id ? m_project.get() : nullptr;
+}
+
+SC_Project* ProjectManager::replaceProject(std::unique_ptr<Project> project)
+{
+    closeProject();
+    m_project = std::move(project);
+    return m_project.get();
+}
+
+} // namespace engine

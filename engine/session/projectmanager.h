@@ -1,0 +1,26 @@
+#pragma once
+
+#include "core/host/sc_session.h"
+#include "engine/session/project.h"
+
+namespace engine {
+
+/// Opens and closes projects: one at a time. It belongs to the session. What a failure leaves is as before.
+class ProjectManager final : public SC_ProjectManager {
+public:
+    SC_Project* createProject(const QString& path, QString& error) override;
+    SC_Project* openProject(const QString& path, QString& error) override;
+    bool saveProject(QString& error) override;
+    bool saveProjectAs(const QString& path, QString& error) override;
+    void closeProject() override;
+
+    SC_Project* project() const override { return m_project.get(); }
+    SC_Project* findProject(const SC_Id& id) const override;
+
+private:
+    SC_Project* replaceProject(std::unique_ptr<Project> project);
+
+    std::unique_ptr<Project> m_project;
+};
+
+} // namespace engine

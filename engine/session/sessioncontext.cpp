@@ -1,0 +1,59 @@
+#include "engine/session/sessioncontext.h"
+
+#include "core/host/sc_scene.h"
+
+namespace {
+
+SC_SessionContext* givenSession = nullptr;
+
+} // namespace
+
+SC_SessionContext* PLUG_Services::getSessionContext()
+{
+    return givenSession;
+}
+
+void PLUG_Services::setSessionContext(SC_SessionContext* session)
+{
+    givenSession = session;
+}
+
+std::unique_ptr<SC_SessionContext> SC_SessionContext::create()
+{
+    return std::make_unique<engine::SessionContext>();
+}
+
+namespace engine {
+
+SessionContext::SessionContext()
+{
+    PLUG_Services::setSessionContext(this);
+}
+
+SessionContext::~SessionContext()
+{
+    m_projects.closeProject();
+    if (PLUG_Services::getSessionContext() == this)
+        PLUG_Services::setSessionContext(nullptr);
+}
+
+SC_ProjectCommon* SessionContext::projectCommon() const
+{
+    const SC_Project* project = m_projects.project();
+    return project ? project->projectCommon() : nullptr;
+}
+
+CO_CommandManager* SessionContext::commandManager() const
+{
+    const SC_ProjectCommon* common = projectCommon();
+    return common ? common->commandManager() : nullptr;
+}
+
+TUSceneChangeManager* SessionContext::changeManager() const
+{
+    const SC_Project* project = m_projects.project();
+    const auto* scene = project ? dynamic_cast<TUScene*>(project->sceneAt(0)) : nullptr;
+    return scene ? scene->changeManager() : nullptr;
+}
+
+} // namespace engine
