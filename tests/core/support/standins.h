@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <tuple>
 #include <vector>
 
 // Stand-ins for what the open engine can't be made to lack or refuse. Every field may be set; null is a missing part.
@@ -115,7 +116,10 @@ public:
     TUGroup* getRootGroup() const override { return nullptr; }
     UT_FrameRate frameRate() const override { return UT_FrameRate(24.0); }
     int getNumberOfFrames() const override { return 60; }
-    void setNumberOfFrames(int, int, bool, bool) override {}
+    void setNumberOfFrames(int at, int delta, bool rippleMarkers, bool last) override
+    {
+        frameChanges.emplace_back(at, delta, rippleMarkers, last);
+    }
     bool setStartFrame(int) override { return false; }
     bool setStopFrame(int) override { return false; }
     Iterator timedValuesBegin() const override { return nullptr; }
@@ -124,6 +128,7 @@ public:
 
     SC_SceneCommon* common = nullptr;
     CO_CommandManager* commands = nullptr;
+    std::vector<std::tuple<int, int, bool, bool>> frameChanges; ///< What was asked for, argument by argument.
 
 private:
     unsigned int m_id;
