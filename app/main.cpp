@@ -1,0 +1,75 @@
+#include "app/command.h"
+
+#include <QCoreApplication>
+
+#include <clocale>
+#include <cstdio>
+
+namespace app {
+
+namespace {
+
+struct Command {
+    const char* name;
+    const char* arguments;
+    const char* text;
+    int (*run)(const QStringList&);
+};
+
+constexpr Command commands[] = {
+    {"run", "[--project DIR] SCRIPT [ARGUMENT...]", "Runs a Python script with the module brindle at hand.", &runScript},
+    {"new", "DIR", "Makes a new project folder.", &newProject},
+    {"info", "DIR", "Tells what is in a project: scenes, nodes, columns, size.", &projectInfo},
+};
+
+QString help()
+{
+    QString text = "Usage: brindle COMMAND ...\n\nScripts a 2D animation project.\n\nCommands:\n";
+    for (const Command& command : commands)
+        text += QString("  brindle %1 %2\n      %3\n").arg(command.name, command.arguments, command.text);
+    return text + "\nOptions:\n  --help      Shows this text.\n  --version   Shows the version.\n\n"
+                  "Exit codes: 0 done, 1 failed, 2 wrong arguments; run gives the script's own.\n";
+}
+
+int execute(QStringList arguments)
+{
+    if (arguments.isEmpty())
+        return fail("A command is missing; brindle --help lists them.", misused);
+    const QString name = arguments.takeFirst();
+    if (name == "--help" || name == "-h" || name == "help") {
+        print(help());
+        return done;
+    }
+    if (name == "--version") {
+        print("brindle " BRINDLE_VERSION "\n");
+        return done;
+    }
+    for (const Command& command : commands) {
+        if (name == command.name)
+            return command.run(arguments);
+    }
+    return fail(QString("There is no command \"%1\"; brindle --help lists them.").arg(name), misused);
+}
+
+} // namespace
+
+int fail(const QString& sentence, int code)
+{
+    std::fprintf(stderr, "brindle: %s\n", sentence.toLocal8Bit().constData());
+    return code;
+}
+
+void print(const QString& text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stdout);
+}
+
+} // namespace app
+
+int main(int count, char** arguments)
+{
+    const QCoreApplication application(count, arguments);
+    // Qt takes on the person's locale for all; numbers in texts and scripts keep their ".".
+    std::setlocale(LC_NUMERIC, "C");
+    return app::execute(application.arguments().mid(1));
+}
