@@ -1,0 +1,412 @@
+#include "core/attributes/attribute.h"
+
+#include "core/attributes/attributelist.h"
+#include "core/attributes/attributewrappervisitor.h"
+#include "core/columns/column.h"
+#include "core/frame/objvariant.h"
+#include "core/frame/undo.h"
+#include "core/frame/weakhandle.h"
+#include "core/host/at_attr.h"
+#include "core/host/mo_node.h"
+#include "core/host/sc_scene.h"
+#include "core/host/tu_timedvalue.h"
+#include "core/nodes/node.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <tuple>
+#include <utility>
+
+namespace OMC {
+
+struct Attribute::Private {
+    WeakHandle<MO_Node> node;
+    QStringList path;
+    QString keyword;
+    AT_Attr* remembered = nullptr;
+    bool hasRemembered = false;
+};
+
+namespace {
+
+AT_Attr* memberNamed(const AT_ComplexAttr& attribute, const QString& keyword)
+{
+    const auto found = std::find_if(attribute.attrsBegin(), attribute.attrsEnd(),
+                                    [&](const AT_Attr* member) { return member->meta().keyword() == keyword; });
+    return found == attribute.attrsEnd() ? nullptr : *found;
+}
+
+/// The attribute at the end of a path of keywords, or null.
+AT_Attr* attributeAt(const MO_Node& node, const QStringList& path)
+{
+    AT_Attr* attribute = node.findAttributeByKeyword(path.front());
+    for (qsizetype level = 1; attribute && level < path.size(); ++level) {
+        const auto* complex = dynamic_cast<const AT_ComplexAttr*>(attribute);
+        attribute = complex ? memberNamed(*complex, path[level]) : nullptr;
+    }
+    return attribute;
+}
+
+bool readInteger(const QVariant& value, int& result)
+{
+    bool read = true;
+    switch (value.typeId()) {
+    case QMetaType::QString:
+        result = value.toInt(&read);
+        return read;
+    case QMetaType::Double:
+    case QMetaType::Float:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::UInt: {
+        const double number = value.toDouble();
+        if (number != std::trunc(number) || number < std::numeric_limits<int>::min() ||
+            number > std::numeric_limits<int>::max())
+            return false;
+        result = static_cast<int>(number);
+        return true;
+    }
+    default: {
+        const int number = value.toInt(&read);
+        if (read)
+            result = number;
+        return read;
+    }
+    }
+}
+
+} // namespace
+
+Attribute::Attribute(MO_Node* node, const QStringList& parentPath, const QString& keyword)
+    : d(new Private{WeakHandle<MO_Node>(node), parentPath, keyword})
+{
+    d->path.append(keyword);
+    d->remembered = getAttr();
+    d->hasRemembered = true;
+}
+
+Attribute::Attribute(const Attribute& other) : BaseObject(other), d(std::make_unique<Private>(*other.d)) {}
+
+Attribute::~Attribute() = default;
+
+BaseObject* Attribute::copy() const
+{
+    return new Attribute(*this);
+}
+
+std::string Attribute::__str__() const
+{
+    return described(tr("Attribute(%1, %2)"));
+}
+
+// A script sets values by "set_value", a method like any other: the name stays in listings.
+bool Attribute::filterDir(std::string& name) const
+{
+    return name == "set_value" || BaseObject::filterDir(name);
+}
+
+void Attribute::validate() const
+{
+    if (!d->node.get())
+        throwInvalid();
+    validateThreadLock();
+}
+
+QVariant Attribute::getColumn() const
+{
+    const TUTvSocket* socket = attributeToLink().socket();
+    TUTimedValue* column = socket ? socket->linkedTimedValue() : nullptr;
+    return column ? inVariant(Column::getWrapped(column)) : QVariant::fromValue(nullptr);
+}
+
+void Attribute::setColumn(const QVariant& value)
+{
+    AT_Attr& attribute = attributeToLink();
+    const SC_SceneCommon* scene = attribute.sceneCommon();
+    CO_CommandManager& manager = undo::manager(scene, tr("An unexpected error occurred."));
+    TUTvSocket* socket = attribute.socket();
+    if (!socket)
+        throw Exception(std::string("This attribute cannot be linked."));
+
+    TUTimedValue* column = nullptr;
+    if (const QObject* object = QVariantToPointer(value)) {
+        if (const auto* wrapper = dynamic_cast<const Column*>(object))
+            column = wrapper->getTimedValue();
+    } else if (value.typeId() == QMetaType::QString) {
+        const QString name = value.toString();
+        const SC_TimedValueListInterface* columns = scene->timedValues();
+        column = name.isEmpty() || !columns ? nullptr : columns->findTimedValue(name, 0);
+        if (!column && !name.isEmpty())
+            throw Exception(tr("Unable to find specified column by name."));
+    } else if (value.toBool()) {
+        throw Exception(tr("Failed to get valid column argument."));
+    }
+
+    const QString nodeName = d->node.get()->instanceName();
+    auto commands = std::make_unique<CO_AndCommand>();
+    if (!column || socket->isLinked())
+        commands->add(new tu_tv_socket::UnlinkCmd(socket, 0));
+    if (column)
+        commands->add(new tu_tv_socket::LinkCmd(socket, column));
+    undo::run(manager, commands.release(),
+              column ? tr("Linking %1 of %2 to %3").arg(d->keyword, nodeName, column->getName())
+                     : tr("Unlinking %1 of %2").arg(d->keyword, nodeName),
+              tr("Failed to set the attribute's column name."));
+}
+
+QString Attribute::getColumnName() const
+{
+    const TUTvSocket* socket = attributeToLink().socket();
+    QString name;
+    return socket && socket->columnName(name, 0) ? name : QString(QLatin1String(""));
+}
+
+void Attribute::setColumnName(const QString& name)
+{
+    AT_Attr& attribute = attributeToLink();
+    const SC_SceneCommon* scene = attribute.sceneCommon();
+    CO_CommandManager& manager = undo::manager(scene, tr("An unexpected error occurred."));
+    const SC_TimedValueListInterface* columns = scene->timedValues();
+    TUTimedValue* column = name.isEmpty() || !columns ? nullptr : columns->findTimedValue(name, 0);
+    if (!column && !name.isEmpty())
+        throw Exception(tr("Unable to find specified column by name (%1)").arg(name));
+    TUTvSocket* socket = attribute.socket();
+    if (!socket)
+        throw Exception(tr("Attribute cannot be animated."));
+
+    // A link that stands isn't cut first, unlike in setColumn: this is required, and the engine's command replaces it.
+    CO_Command* command = nullptr;
+    if (column)
+        command = new tu_tv_socket::LinkCmd(socket, column);
+    else
+        command = new tu_tv_socket::UnlinkCmd(socket, 0);
+    const QString nodeName = d->node.get()->instanceName();
+    undo::run(manager, command,
+              column ? tr("Linking %1 of %2 to %3").arg(d->keyword, nodeName, name)
+                     : tr("Unlinking %1 of %2").arg(d->keyword, nodeName),
+              tr("Failed to set the attribute's column name."));
+}
+
+bool Attribute::unlink()
+{
+    try {
+        setColumnName(QString());
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+bool Attribute::link(const QVariant& value)
+{
+    try {
+        setColumn(value);
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+QString Attribute::getKeyword() const
+{
+    validate();
+    return d->keyword;
+}
+
+QString Attribute::getDisplayName() const
+{
+    return attribute().displayText();
+}
+
+QString Attribute::getTypeName() const
+{
+    return attribute().typeText();
+}
+
+QString Attribute::getFullKeyword() const
+{
+    validate();
+    return d->path.join(QLatin1Char('.'));
+}
+
+bool Attribute::getDynamic() const
+{
+    return attribute().meta().isDynamic();
+}
+
+bool Attribute::getLinkable() const
+{
+    return attribute().socket() != nullptr;
+}
+
+bool Attribute::setTextValue(int frame, const QString& text)
+{
+    AT_Attr& attribute = this->attribute();
+    CO_CommandManager& manager = undo::manager(attribute.sceneCommon(), tr("An unexpected error occurred."));
+    CO_Command* command = attribute.setTextCommand(frame, text);
+    if (!command)
+        return false;
+    static const QString set = tr("Set ");
+    static const QString of = tr(" of ");
+    return manager.execute(command, set + d->keyword + of + d->node.get()->instanceName());
+}
+
+QString Attribute::getTextValue(int frame) const
+{
+    return attribute().textAt(frame);
+}
+
+AT_Attr* Attribute::getAttr() const
+{
+    const MO_Node* node = d->node.get();
+    if (!node)
+        throwInvalid();
+    AT_Attr* found = attributeAt(*node, d->path);
+    if (d->hasRemembered && found != d->remembered)
+        throwInvalid();
+    return found;
+}
+
+const QStringList& Attribute::getPath() const
+{
+    return d->path;
+}
+
+Obj Attribute::getSubattributes() const
+{
+    if (!dynamic_cast<AT_ComplexAttr*>(&attribute()))
+        return {};
+    return Obj(new AttributeList(d->node.get(), d->path, AttributeList::AllOfLevel));
+}
+
+Obj Attribute::node() const
+{
+    validate();
+    return Obj(Node::getWrapped(d->node.get()));
+}
+
+bool Attribute::operator==(const Attribute& other) const
+{
+    return d->node.sameTarget(other.d->node) && d->path == other.d->path;
+}
+
+bool Attribute::operator==(const Attribute* other) const
+{
+    return other && *this == *other;
+}
+
+Attribute* Attribute::getWrapped(AT_Attr* attribute, const QStringList& parentPath)
+{
+    if (!attribute)
+        return nullptr;
+    AttributeWrapperVisitor visitor(parentPath);
+    attribute->accept(visitor);
+    return visitor.take();
+}
+
+Attribute* Attribute::getWrappedByAttr(AT_Attr* attribute)
+{
+    const MO_Node* node = attribute ? attribute->node() : nullptr;
+    if (!node)
+        return nullptr;
+    // The search ends at the second level: this is required. An attribute further down gives null.
+    for (auto top = node->attrsBegin(); top != node->attrsEnd(); ++top) {
+        if (*top == attribute)
+            return getWrapped(attribute, {});
+        const auto* complex = dynamic_cast<const AT_ComplexAttr*>(*top);
+        if (complex && std::find(complex->attrsBegin(), complex->attrsEnd(), attribute) != complex->attrsEnd())
+            return getWrapped(attribute, {(*top)->meta().keyword()});
+    }
+    return nullptr;
+}
+
+AT_Attr* Attribute::attribFromFullPath(MO_Node* node, const QString& fullPath)
+{
+    if (!node)
+        return nullptr;
+    QString first;
+    QString rest;
+    if (!AT_ComplexAttr::splitNames(fullPath, first, rest))
+        return node->findAttributeByKeyword(fullPath);
+    AT_Attr* attribute = node->findAttributeByKeyword(first);
+    for (bool further = true; attribute && further;) {
+        const QString level = std::exchange(rest, QString());
+        further = AT_ComplexAttr::splitNames(level, first, rest);
+        const auto* complex = dynamic_cast<const AT_ComplexAttr*>(attribute);
+        attribute = complex ? memberNamed(*complex, further ? first : level) : nullptr;
+    }
+    return attribute;
+}
+
+void Attribute::deriveRangeQVariant(SC_SceneCommon* scene, const QVariant& value, int& start, int& end, bool& isRange)
+{
+    switch (value.typeId()) {
+    case QMetaType::QVariantList: {
+        const auto& range = *static_cast<const QVariantList*>(value.constData());
+        if (range.isEmpty())
+            throw Exception(tr("Invalid range specififed."));
+        int first = 0;
+        if (!readInteger(range[0], first))
+            throw Exception(std::string("First range argument is invalid."));
+        int second = end;
+        if (range.size() > 1) {
+            if (!readInteger(range[1], second))
+                throw Exception(std::string("Second range argument is invalid."));
+            if (second < 0) {
+                if (!scene)
+                    throwUnexpected();
+                second = scene->getNumberOfFrames();
+            }
+            isRange = true;
+            std::tie(first, second) = std::minmax({first, second});
+            end = second;
+        }
+        start = first;
+        break;
+    }
+    case QMetaType::Int:
+        start = value.toInt();
+        break;
+    case QMetaType::Double: {
+        const double frame = std::trunc(value.toDouble());
+        if (!(std::abs(frame) <= std::numeric_limits<int>::max()))
+            throwInvalidArgument(0);
+        start = static_cast<int>(frame);
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+std::string Attribute::described(const QString& pattern) const
+{
+    validate();
+    return pattern.arg(d->node.get()->qualifiedName(), d->path.join(QLatin1Char('.'))).toStdString();
+}
+
+void Attribute::throwUnexpectedType()
+{
+    throw Exception(tr("Unexpected type found."));
+}
+
+AT_Attr& Attribute::attribute() const
+{
+    validate();
+    AT_Attr* attribute = getAttr();
+    if (!attribute)
+        throwInvalid();
+    return *attribute;
+}
+
+AT_Attr& Attribute::attributeToLink() const
+{
+    validate();
+    AT_Attr* attribute = getAttr();
+    if (!attribute)
+        throw Exception(tr("Unable to find attribute."));
+    return *attribute;
+}
+
+} // namespace OMC

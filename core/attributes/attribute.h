@@ -1,0 +1,115 @@
+#pragma once
+
+#include "core/frame/obj.h"
+
+#include <QStringList>
+
+#include <memory>
+
+class AT_Attr;
+class MO_Node;
+class SC_SceneCommon;
+
+namespace OMC {
+
+/// A parameter of a node: what it is, which column drives it, its value as text, and the way to its sub-attributes.
+/// Typed values are in the subclasses.
+///
+/// It is found again by its path of keywords at each use, and checked against the attribute that it was made for: once
+/// that one is gone, the object stays invalid, also when another attribute takes the same path.
+///
+///     Obj attribute(Attribute::getWrapped(node->findAttributeByKeyword("angle"), {}));
+class BRINDLE_CORE_EXPORT Attribute : public BaseObject {
+    Q_OBJECT
+    Q_PROPERTY(QVariant column READ getColumn WRITE setColumn)
+    Q_PROPERTY(QString column_name READ getColumnName WRITE setColumnName)
+    Q_PROPERTY(QString keyword READ getKeyword)
+    Q_PROPERTY(QString display_name READ getDisplayName)
+    Q_PROPERTY(QString type READ getTypeName)
+    Q_PROPERTY(QString full_keyword READ getFullKeyword)
+    Q_PROPERTY(bool dynamic READ getDynamic)
+    Q_PROPERTY(bool linkable READ getLinkable)
+    Q_PROPERTY(OMC::Obj subattributes READ getSubattributes)
+
+public:
+    Attribute(MO_Node* node, const QStringList& parentPath, const QString& keyword);
+    Attribute(const Attribute& other);
+    ~Attribute() override;
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+    bool filterDir(std::string& name) const override;
+
+protected:
+    void validate() const override;
+
+public:
+    /// The linked column, or a null pointer. Takes a column, the name of one, or false, "" or null to unlink.
+    virtual QVariant getColumn() const;
+    virtual void setColumn(const QVariant& value);
+    /// The linked column's name, "" without one. Setting links without unlinking first; "" unlinks.
+    virtual QString getColumnName() const;
+    virtual void setColumnName(const QString& name);
+    /// As setting the column name to "" and the column; false where that throws.
+    virtual bool unlink();
+    virtual bool link(const QVariant& value);
+
+    virtual QString getKeyword() const;
+    virtual QString getDisplayName() const;
+    virtual QString getTypeName() const;
+    virtual QString getFullKeyword() const; ///< The keywords of all its levels, with points between them.
+    virtual bool getDynamic() const;        ///< Whether a script or a person added it to the node.
+    virtual bool getLinkable() const;
+
+    /// The value at a frame as text. Setting is false when the text can't be read or the change is refused.
+    virtual bool setTextValue(int frame, const QString& text);
+    virtual QString getTextValue(int frame) const;
+
+    using BaseObject::getAttr;
+    /// The engine's attribute; null when there never was one. Throws when it is no longer the one it was made for.
+    AT_Attr* getAttr() const;
+    const QStringList& getPath() const;
+    /// The list of the attributes inside this one; empty when it holds none.
+    Obj getSubattributes() const;
+    Obj node() const;
+
+    bool operator==(const Attribute& other) const;
+    bool operator==(const Attribute* other) const;
+
+    /// A new wrapper of the attribute's kind, or null for null.
+    static Attribute* getWrapped(AT_Attr* attribute, const QStringList& parentPath);
+    /// The same for an attribute whose path isn't known; null for one below the second level.
+    static Attribute* getWrappedByAttr(AT_Attr* attribute);
+    /// The attribute at a dotted path from the node's top level, or null.
+    static AT_Attr* attribFromFullPath(MO_Node* node, const QString& fullPath);
+    /// Reads a frame ("10") or a range of frames ("[10, 20]", -1 for the scene's last) from a script's argument. What is
+    /// neither leaves the three results as they are.
+    static void deriveRangeQVariant(SC_SceneCommon* scene, const QVariant& value, int& start, int& end, bool& isRange);
+
+protected:
+    /// The engine's attribute as one of class T; throws when it is none.
+    template <typename T>
+    T& typed() const;
+    /// A text with the qualified node name and the full keyword filled in.
+    std::string described(const QString& pattern) const;
+
+private:
+    [[noreturn]] static void throwUnexpectedType();
+    AT_Attr& attribute() const;
+    AT_Attr& attributeToLink() const;
+
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+template <typename T>
+T& Attribute::typed() const
+{
+    validate();
+    auto* attribute = dynamic_cast<T*>(getAttr());
+    if (!attribute)
+        throwUnexpectedType();
+    return *attribute;
+}
+
+} // namespace OMC

@@ -1,0 +1,11 @@
+#include "core/attributes/attributebuilder.h"
+
+namespace tu_attr {
+
+CO_Command* spliceCommand(TUTimedValue* column, double frame, bool constantSegment)
+{
+    auto* bezier = dynamic_cast<TUBezierTimedValue*>(column);
+    return bezier ? new tu_timedvalue::bezier::SpliceCmd(bezier, frame, true, constantSegment) : nullptr;
+}
+
+} // namespace tu_attr

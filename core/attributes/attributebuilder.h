@@ -1,0 +1,162 @@
+#pragma once
+
+#include "core/attributes/attributecommands.h"
+#include "core/host/mo_framerange.h"
+#include "core/host/sc_scene.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+/// How the commands that set one value at one frame are put together: the column and its key first, the value last.
+namespace tu_attr {
+
+struct SetValueOptions {
+    bool force = false;         ///< Also when the value is there already.
+    bool adjustColumn = false;  ///< The rest of the column follows.
+    bool holdFirstFrame = false;///< A new column begins with the old value at frame 1.
+    bool constantSegment = false;
+};
+
+/// The command that gives an attribute a column of its own, or null when it can't have one. `column` gets the new
+/// column, which stays the command's.
+template <typename T>
+CO_AndCommand* makeColumnCommand(T& attr, TUTimedValue*& column)
+{
+    column = attr.socket() ? attr.createTimedValue() : nullptr;
+    if (!column)
+        return nullptr;
+    // All or nothing, so that a link that is refused leaves no stray column.
+    auto* commands = new CO_AndCommand;
+    commands->add(new SC_SceneCmds::AddTimedValueCmd(attr.sceneCommon(), column, -1, -1));
+    commands->add(new tu_tv_socket::LinkCmd(attr.socket(), column));
+    return commands;
+}
+
+/// The command that makes a key without changing the curve, or null for a column of a kind that has none.
+BRINDLE_CORE_EXPORT CO_Command* spliceCommand(TUTimedValue* column, double frame, bool constantSegment);
+
+/// Adds to a composite what sets a value at a frame.
+template <typename T>
+void addSetValue(CO_BaseOrCommand& commands, T& attr, double frame, const typename T::ValueType& value,
+                 const SetValueOptions& options)
+{
+    const TUTvSocket* socket = attr.socket();
+    TUTimedValue* column = socket ? socket->linkedTimedValue() : nullptr;
+    if (column) {
+        if (options.force || !(value == attr.value(frame)))
+            commands.add(spliceCommand(column, frame, options.constantSegment));
+    } else if (socket && (options.force || !(value == attr.localValue()))) {
+        CO_AndCommand* make = makeColumnCommand(attr, column);
+        if (make && options.holdFirstFrame && frame != 1)
+            make->add(new SetValueCmd<T>(attr, 1, attr.localValue(), options.constantSegment, options.force));
+        commands.add(make);
+    }
+    if constexpr (std::is_arithmetic_v<typename T::ValueType>) {
+        auto* curve = options.adjustColumn ? dynamic_cast<TUFnc2DTimedValue*>(column) : nullptr;
+        if (curve)
+            curve->adjustColumn(frame, static_cast<double>(value), commands);
+    }
+    commands.add(new SetValueCmd<T>(attr, frame, value, options.constantSegment, options.force));
+}
+
+/// Adds an amount to an animated attribute over a range of frames, keys of its own included, and holds still what lies
+/// outside the range. Without a column, and over all frames, the local value changes.
+template <typename T>
+class OffsetValueAllFramesCmd final : public CO_OrCommand {
+public:
+    using Value = typename T::ValueType;
+
+    OffsetValueAllFramesCmd(T& attr, Value delta, const MO_FrameRange& range)
+        : CO_OrCommand(true), m_attr(attr), m_delta(delta)
+    {
+        const TUTvSocket* socket = attr.socket();
+        TUTimedValue* column = socket ? socket->linkedTimedValue() : nullptr;
+        const bool makesColumn = socket && !column && !range.isInfinite();
+        CO_Command* make = makesColumn ? makeColumnCommand(attr, column) : nullptr;
+        if (!column) {
+            add(new SetLocalValueCmd<T>(attr, offset(attr.localValue())));
+            return;
+        }
+        add(make);
+        m_column = column;
+        m_isNew = make != nullptr;
+        for (const int frame : range.passiveFrames())
+            addKey(frame, attr.value(frame));
+        for (const int frame : range.edgeFrames())
+            addKey(frame, offset(attr.value(frame)));
+        if (const auto* bezier = m_isNew ? nullptr : dynamic_cast<const TUBezierTimedValue*>(column))
+            addPoints(*bezier, range);
+    }
+
+    /// The first step that fails undoes those before it: half an offset is none.
+    Status execute() override
+    {
+        for (std::size_t index = 0; index < m_commands.size(); ++index) {
+            if (m_commands[index]->execute() != kFail)
+                continue;
+            while (index > 0)
+                m_commands[--index]->unexecute();
+            return kFail;
+        }
+        return kOk;
+    }
+
+private:
+    Value offset(Value value) const
+    {
+        if constexpr (std::is_integral_v<Value>) {
+            using Limits = std::numeric_limits<Value>;
+            return static_cast<Value>(std::clamp<long long>(static_cast<long long>(value) + m_delta, Limits::min(),
+                                                            Limits::max()));
+        } else {
+            return value + m_delta;
+        }
+    }
+
+    /// A key with this value, where none stands.
+    void addKey(double frame, Value value)
+    {
+        const auto* keys = m_isNew ? nullptr : dynamic_cast<const AT_FncTimedValue*>(m_column);
+        if (keys && keys->isKey(frame))
+            return;
+        if (!m_isNew)
+            add(spliceCommand(m_column, frame, isHeld(frame)));
+        add(new SetValueCmd<T>(m_attr, frame, value, isHeld(frame), true));
+    }
+
+    /// Whether the value at a frame is that of the key before it, up to the next one.
+    bool isHeld(double frame) const
+    {
+        const auto* bezier = m_isNew ? nullptr : dynamic_cast<const TUBezierTimedValue*>(m_column);
+        BezierCtrlPt before;
+        return bezier && bezier->pointBefore(frame, before) && before.constSegment;
+    }
+
+    void addPoints(const TUBezierTimedValue& column, const MO_FrameRange& range)
+    {
+        for (int index = 0; index < column.pointCount(); ++index) {
+            const BezierCtrlPt point = column.point(index);
+            if (isEnabled(range, point.frame))
+                add(new SetValueCmd<T>(m_attr, point.frame, offset(m_attr.value(point.frame)), point.constSegment,
+                                       true));
+        }
+    }
+
+    /// A key between two frames moves only when both do.
+    static bool isEnabled(const MO_FrameRange& range, double frame)
+    {
+        constexpr double limit = std::numeric_limits<int>::max();
+        const double held = std::clamp(frame, -limit, limit);
+        return range.isFrameEnabled(static_cast<int>(std::floor(held))) &&
+               range.isFrameEnabled(static_cast<int>(std::ceil(held)));
+    }
+
+    T& m_attr;
+    Value m_delta;
+    TUTimedValue* m_column = nullptr;
+    bool m_isNew = false;
+};
+
+} // namespace tu_attr

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "core/attributes/attribute.h"
+#include "core/attributes/attributebuilder.h"
+#include "core/frame/undo.h"
+#include "core/host/pr_preference.h"
+
+#include <algorithm>
+#include <limits>
+
+/// What the attribute classes with a value do alike: each runs one command under its label and tells whether it was
+/// done.
+namespace OMC::typed {
+
+template <typename T>
+CO_CommandManager& managerOf(const T& attr)
+{
+    const SC_SceneCommon* scene = attr.sceneCommon();
+    CO_CommandManager* manager = scene ? scene->commandManager() : nullptr;
+    if (!manager)
+        BaseObject::throwUnexpected();
+    return *manager;
+}
+
+template <typename T>
+bool setValue(T& attr, int frame, const typename T::ValueType& value, bool adjustColumn, const QString& label)
+{
+    CO_CommandManager& manager = managerOf(attr);
+    auto commands = std::make_unique<CO_OrCommand>(true);
+    tu_attr::addSetValue(*commands, attr, frame, value,
+                         {.force = true,
+                          .adjustColumn = adjustColumn,
+                          .constantSegment = PR_CachedPreferences::getSpConstantSegment()});
+    return manager.execute(commands.release(), label);
+}
+
+template <typename T>
+bool setLocalValue(T& attr, const typename T::ValueType& value, const QString& label)
+{
+    return managerOf(attr).execute(new tu_attr::SetLocalValueCmd<T>(attr, value), label);
+}
+
+template <typename T>
+void offsetValue(T& attr, const QVariant& range, const typename T::ValueType& delta, const QString& label)
+{
+    CO_CommandManager& manager = managerOf(attr);
+    int start = 0;
+    int end = 0;
+    bool isRange = false;
+    Attribute::deriveRangeQVariant(attr.sceneCommon(), range, start, end, isRange);
+    const auto length = static_cast<int>(
+        std::min<long long>(static_cast<long long>(end) - start, std::numeric_limits<int>::max()));
+    manager.execute(new tu_attr::OffsetValueAllFramesCmd<T>(attr, delta,
+                                                            isRange ? MO_FrameRange(start, 0, length)
+                                                                    : MO_FrameRange(start)),
+                    label);
+}
+
+/// Refuses a number that is not finite, by the argument's place.
+inline void requireFinite(double value, unsigned int argument)
+{
+    if (!std::isfinite(value))
+        BaseObject::throwInvalidArgument(argument);
+}
+
+} // namespace OMC::typed

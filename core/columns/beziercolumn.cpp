@@ -1,0 +1,76 @@
+#include "core/columns/beziercolumn.h"
+
+#include "core/columns/beziercolumnvalue.h"
+#include "core/columns/beziercontinuity.h"
+#include "core/columns/bezieredit.h"
+#include "core/frame/objvariant.h"
+
+#include <cmath>
+
+namespace OMC {
+
+BezierColumn::BezierColumn(TUBezierTimedValue* timedValue) : KeyframeableColumn(timedValue) {}
+
+BaseObject* BezierColumn::copy() const
+{
+    return new BezierColumn(*this);
+}
+
+std::string BezierColumn::__str__() const
+{
+    return described(tr("BezierColumn(%1)"));
+}
+
+QVariant BezierColumn::getEntry(double frame, int) const
+{
+    const auto& column = timedValueAs<TUBezierTimedValue>();
+    if (!std::isfinite(frame))
+        throwInvalidArgument(0);
+    return column.evaluate(frame);
+}
+
+void BezierColumn::setEntry(double frame, QVariant value, int)
+{
+    auto& column = timedValueAs<TUBezierTimedValue>();
+    if (!std::isfinite(frame))
+        throwInvalidArgument(0);
+    BezierColumnValue(&column, frame).setValue(value);
+}
+
+QVariant BezierColumn::get(int frame) const
+{
+    return inVariant(new BezierColumnValue(&timedValue(), frame));
+}
+
+void BezierColumn::set(int frame, const QVariant& value)
+{
+    BezierColumnValue(&timedValue(), frame).setValue(value);
+}
+
+void BezierColumn::createPoint(double frame, double value, double handleLeftX, double handleLeftY, double handleRightX,
+                               double handleRightY, bool constSegment, const QString& continuity)
+{
+    auto& column = timedValueAs<TUBezierTimedValue>();
+    const double numbers[] = {frame, value, handleLeftX, handleLeftY, handleRightX, handleRightY};
+    for (unsigned int argument = 0; argument < std::size(numbers); ++argument) {
+        if (!std::isfinite(numbers[argument]))
+            throwInvalidArgument(argument);
+    }
+    const QString word = continuity.toUpper();
+    const int number = beziercontinuity::numberFor(word);
+    if (number < 0)
+        throw Exception(tr("Invalid continuity value %1. Accepted values are : %2 ")
+                            .arg(word, QStringLiteral("STRAIGHT, CORNER, SMOOTH")));
+
+    namespace cmd = tu_timedvalue::bezier;
+    BezierEdit edit(column, tr("Set Bezier Point "));
+    edit.run(new cmd::SpliceCmd(&column, frame, true));
+    edit.run(new cmd::SetPointCmd2(&column, frame, frame, value));
+    edit.pointAt(frame);
+    edit.run(new cmd::SetLeftHandleGlobalCmd(&column, frame, handleLeftX, handleLeftY));
+    edit.run(new cmd::SetRightHandleGlobalCmd(&column, frame, handleRightX, handleRightY));
+    edit.run(new cmd::SetConstSegCmd(&column, frame, constSegment));
+    edit.run(new cmd::SetContinuityCmd(&column, frame, number, 0));
+}
+
+} // namespace OMC

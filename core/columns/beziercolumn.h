@@ -1,0 +1,35 @@
+#pragma once
+
+#include "core/columns/keyframeablecolumn.h"
+
+class TUBezierTimedValue;
+
+namespace OMC {
+
+/// A curve through keyframes with a handle on either side. Its entries by frame are BezierColumnValue objects.
+class BRINDLE_CORE_EXPORT BezierColumn : public KeyframeableColumn {
+    Q_OBJECT
+
+public:
+    explicit BezierColumn(TUBezierTimedValue* timedValue);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    /// The curve's value at a frame. There are no sub-columns.
+    QVariant getEntry(double frame, int subColumn = -1) const override;
+    /// As the `value` of the column's value at the frame.
+    void setEntry(double frame, QVariant value, int subColumn = -1) override;
+
+    using Column::get;
+    using Column::set;
+    QVariant get(int frame) const override;
+    void set(int frame, const QVariant& value) override;
+
+    /// Makes a keyframe, or sets the one at the frame, with all that it has. Handles are in frames and in the column's
+    /// values; `continuity` is "CORNER", "STRAIGHT" or "SMOOTH", in any case of letters.
+    void createPoint(double frame, double value, double handleLeftX, double handleLeftY, double handleRightX,
+                     double handleRightY, bool constSegment, const QString& continuity);
+};
+
+} // namespace OMC

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "core/columns/columnvalue.h"
+#include "core/frame/weakhandle.h"
+#include "core/host/tu_timedvalue.h"
+
+namespace OMC {
+
+/// A bezier column at one frame. It can be read anywhere on the curve; between keyframes, handles and the like are those
+/// of the keyframe before the frame. Setting the value makes a keyframe; the rest is set on keyframes alone.
+///
+/// Handles are in frames (x) and in the column's values (y). Threads are the column's care.
+class BRINDLE_CORE_EXPORT BezierColumnValue : public ColumnValue {
+    Q_OBJECT
+    Q_PROPERTY(bool key READ getKey WRITE setKey)
+    Q_PROPERTY(bool const_segment READ getConstSegment WRITE setConstSegment)
+    Q_PROPERTY(QString continuity READ getContinuity WRITE setContinuity)
+    Q_PROPERTY(double handle_left_x READ getHandleLeftX WRITE setHandleLeftX)
+    Q_PROPERTY(double handle_left_y READ getHandleLeftY WRITE setHandleLeftY)
+    Q_PROPERTY(double handle_right_x READ getHandleRightX WRITE setHandleRightX)
+    Q_PROPERTY(double handle_right_y READ getHandleRightY WRITE setHandleRightY)
+    Q_PROPERTY(OMC::Obj keyframe_previous READ getKeyframePrevious)
+    Q_PROPERTY(OMC::Obj keyframe_next READ getKeyframeNext)
+
+public:
+    BezierColumnValue(TUTimedValue* timedValue, double frame);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    double getFrame() const override;
+    QVariant getValue() const override;
+    void setValue(const QVariant& value) override;
+
+    bool getKey() const;
+    void setKey(bool key); ///< Makes or removes the keyframe.
+    bool getConstSegment() const;
+    void setConstSegment(bool constSegment);
+    QString getContinuity() const; ///< "CORNER", "STRAIGHT", "SMOOTH", or "UNKNOWN" ahead of the first keyframe.
+    void setContinuity(const QString& continuity);
+
+    /// Reading throws ahead of the first keyframe.
+    double getHandleLeftX() const;
+    void setHandleLeftX(double x);
+    double getHandleLeftY() const;
+    void setHandleLeftY(double y);
+    double getHandleRightX() const;
+    void setHandleRightX(double x);
+    double getHandleRightY() const;
+    void setHandleRightY(double y);
+
+    /// The keyframe at or before the frame, and the one behind it; empty when there is none.
+    Obj getKeyframePrevious() const;
+    Obj getKeyframeNext() const;
+
+private:
+    /// The column, and its last point at or before the frame.
+    struct Place {
+        TUBezierTimedValue& column;
+        BezierCtrlPt point;
+        bool hasPoint;
+        bool isKey; ///< The point stands at the frame.
+    };
+    Place place() const;
+    Place keyPlace() const;
+    BezierCtrlPt governingPoint() const;
+    void setLeftHandle(const Place& key, double x, double y);
+    void setRightHandle(const Place& key, double x, double y);
+
+    WeakHandle<TUTimedValue> m_timedValue;
+    double m_frame;
+};
+
+} // namespace OMC

@@ -1,0 +1,85 @@
+#include "core/columns/beziercontrolpoint.h"
+
+#include "core/columns/beziercontinuity.h"
+
+namespace OMC {
+
+BezierControlPoint::BezierControlPoint(TUBezierTimedValue* timedValue, double frame)
+    : ControlPoint(frame), m_timedValue(timedValue)
+{
+    BezierCtrlPt point;
+    if (timedValue && timedValue->pointAt(frame, point))
+        m_identity = point.identity;
+}
+
+BaseObject* BezierControlPoint::copy() const
+{
+    return new BezierControlPoint(*this);
+}
+
+std::string BezierControlPoint::__str__() const
+{
+    const double frame = controlPoint().frame;
+    return tr("BezierControlPoint( \"%1\", %2 )")
+        .arg(m_timedValue.get()->getName(), QString::number(frame))
+        .toStdString();
+}
+
+QVariant BezierControlPoint::getValue() const
+{
+    return controlPoint().value;
+}
+
+void BezierControlPoint::setValue(const QVariant&)
+{
+    throw Exception(tr("NOT YET IMPLEMENTED"));
+}
+
+bool BezierControlPoint::getConstSegment() const
+{
+    return controlPoint().constSegment;
+}
+
+QString BezierControlPoint::getContinuity() const
+{
+    return beziercontinuity::wordFor(controlPoint().continuity);
+}
+
+double BezierControlPoint::getHandleLeftX() const
+{
+    return controlPoint().leftX;
+}
+
+double BezierControlPoint::getHandleLeftY() const
+{
+    return controlPoint().leftY;
+}
+
+double BezierControlPoint::getHandleRightX() const
+{
+    return controlPoint().rightX;
+}
+
+double BezierControlPoint::getHandleRightY() const
+{
+    return controlPoint().rightY;
+}
+
+void BezierControlPoint::validate() const
+{
+    if (!m_timedValue.get())
+        throwInvalid();
+    validateThreadLock();
+}
+
+BezierCtrlPt BezierControlPoint::controlPoint() const
+{
+    validate();
+    const auto* column = dynamic_cast<const TUBezierTimedValue*>(m_timedValue.get());
+    BezierCtrlPt point;
+    if (!column || !column->pointAt(pointFrame(), point) || point.identity != m_identity)
+        throwInvalid();
+    return point;
+}
+
+} // namespace OMC

@@ -1,0 +1,22 @@
+#include "core/columns/bezieredit.h"
+
+#include "core/columns/beziercolumn.h"
+
+namespace OMC {
+
+BezierEdit::BezierEdit(TUBezierTimedValue& column, const QString& what)
+    : m_column(column),
+      m_manager(undo::manager(column.sceneCommon(), BezierColumn::tr("An unexpected error occurred."))),
+      m_scope(m_manager, what + column.getDisplayName())
+{
+}
+
+BezierCtrlPt BezierEdit::pointAt(double frame) const
+{
+    BezierCtrlPt point;
+    if (!m_column.pointAt(frame, point))
+        throw Exception(BezierColumn::tr("Unexpected error"));
+    return point;
+}
+
+} // namespace OMC

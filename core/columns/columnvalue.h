@@ -1,0 +1,22 @@
+#pragma once
+
+#include "core/frame/obj.h"
+
+namespace OMC {
+
+/// A column at one frame, whether a keyframe stands there or not. It is never stored by the column and cheap to make.
+class BRINDLE_CORE_EXPORT ColumnValue : public BaseObject {
+    Q_OBJECT
+    Q_PROPERTY(double frame READ getFrame)
+    Q_PROPERTY(QVariant value READ getValue WRITE setValue)
+
+public:
+    std::string __str__() const override;
+
+    virtual double getFrame() const;
+    virtual QVariant getValue() const;
+    /// Takes a number, or another column value, whose value it takes.
+    virtual void setValue(const QVariant& value);
+};
+
+} // namespace OMC

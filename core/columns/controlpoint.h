@@ -1,0 +1,31 @@
+#pragma once
+
+#include "core/frame/obj.h"
+
+namespace OMC {
+
+/// A control point of a column, found by its frame.
+class BRINDLE_CORE_EXPORT ControlPoint : public BaseObject {
+    Q_OBJECT
+    Q_PROPERTY(double frame READ getFrame)
+    Q_PROPERTY(QVariant value READ getValue WRITE setValue)
+
+public:
+    explicit ControlPoint(double frame);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    virtual QVariant getValue() const;
+    virtual void setValue(const QVariant& value);
+
+    double getFrame() const;
+
+protected:
+    double pointFrame() const { return m_frame; } ///< Without a check.
+
+private:
+    double m_frame;
+};
+
+} // namespace OMC
