@@ -1,0 +1,127 @@
+#include "engine/curves/column.h"
+
+#include "core/host/at_attr.h"
+#include "core/host/mo_node.h"
+#include "core/host/sc_scene.h"
+#include "engine/attributes/attributemeta.h"
+
+#include <unordered_set>
+
+namespace engine {
+
+Socket::~Socket()
+{
+    unlink();
+}
+
+TUTimedValue* Socket::linkedTimedValue() const
+{
+    return m_column ? &m_column->timedValue() : nullptr;
+}
+
+bool Socket::columnName(QString& name, int) const
+{
+    if (!m_column)
+        return false;
+    name = m_column->name();
+    return true;
+}
+
+void Socket::link(Column& column)
+{
+    restore(column, column.m_nextOrder);
+}
+
+void Socket::restore(Column& column, Order order)
+{
+    unlink();
+    m_column = &column;
+    m_order = order;
+    column.add(*this);
+}
+
+void Socket::unlink()
+{
+    if (!m_column)
+        return;
+    m_column->remove(*this);
+    m_column = nullptr;
+}
+
+Column::~Column()
+{
+    for (const auto& [order, socket] : m_links)
+        socket->m_column = nullptr;
+}
+
+Column* Column::of(TUTimedValue* timedValue)
+{
+    return dynamic_cast<Column*>(timedValue);
+}
+
+void Column::add(Socket& socket)
+{
+    m_links.emplace(socket.m_order, &socket);
+    m_nextOrder = std::max(m_nextOrder, socket.m_order + 1);
+    m_ordered.clear();
+    if (socket.meta().kind() == AttributeKind::Bool)
+        ++m_switches;
+}
+
+void Column::remove(Socket& socket)
+{
+    m_links.erase(socket.m_order);
+    m_ordered.clear();
+    if (socket.meta().kind() == AttributeKind::Bool)
+        --m_switches;
+}
+
+QString Column::displayName() const
+{
+    if (!m_anonymous || m_links.empty())
+        return m_name;
+    const Socket& first = *m_links.begin()->second;
+    return first.attr()->node()->instanceName() + ": " + first.meta().fullKeyword();
+}
+
+AT_Attr* Column::linkedAttribute(unsigned int index) const
+{
+    if (index >= m_links.size())
+        return nullptr;
+    if (m_ordered.empty()) {
+        for (const auto& [order, socket] : m_links)
+            m_ordered.push_back(socket);
+    }
+    return m_ordered[index]->attr();
+}
+
+std::vector<MO_Node*> Column::nodes() const
+{
+    std::vector<MO_Node*> nodes;
+    std::unordered_set<MO_Node*> known;
+    for (const auto& [order, socket] : m_links) {
+        MO_Node* node = socket->attr()->node();
+        if (known.insert(node).second)
+            nodes.push_back(node);
+    }
+    return nodes;
+}
+
+void Column::tellLinked() const
+{
+    for (const auto& [order, socket] : m_links)
+        tellChanged(*socket->attr());
+}
+
+void tellChanged(const AT_Attr& attr)
+{
+    MO_Node* node = attr.node();
+    if (attr.meta().isNodeDirtyOnChange())
+        node->setDirty();
+    if (const SC_SceneCommon* scene = attr.sceneCommon()) {
+        if (TUSceneChangeManager* changes = scene->changeManager())
+            changes->emitNodeChanged(node);
+    }
+}
+
+} // namespace engine

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "core/host/tu_timedvalue.h"
+
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace engine {
+
+class AttributeMeta;
+class Column;
+class ColumnList;
+
+/// Where an attribute of the open engine is linked to a column. It is a part of the attribute.
+///
+/// The column lists its links in the order of linking. An order number that only grows says where in the list a link
+/// stands, so that a link that is cut and restored comes back to its place in logarithmic time, whatever their number.
+class Socket final : public TUTvSocket {
+public:
+    using Order = unsigned long long;
+
+    Socket(AT_Attr& attr, const AttributeMeta& meta) : m_attr(attr), m_meta(meta) {}
+    Socket(const Socket&) = delete;
+    Socket& operator=(const Socket&) = delete;
+    ~Socket() override;
+
+    AT_Attr* attr() const override { return &m_attr; }
+    TUTimedValue* linkedTimedValue() const override;
+    bool columnName(QString& name, int) const override;
+
+    const AttributeMeta& meta() const { return m_meta; }
+    Column* column() const { return m_column; }
+    Order order() const { return m_order; } ///< Of the present link.
+
+    void link(Column& column);                 ///< At the end of the column's links. Cuts the link that was.
+    void restore(Column& column, Order order); ///< At the place that the link had. Cuts the link that was.
+    void unlink();
+
+private:
+    friend class Column;
+
+    AT_Attr& m_attr;
+    const AttributeMeta& m_meta;
+    Column* m_column = nullptr;
+    Order m_order = 0;
+};
+
+/// What every column of the open engine has beside its values: a name, a scene and links. Each class of columns derives
+/// from its host class and from this one; `of` leads from one to the other.
+class Column {
+public:
+    explicit Column(TUTimedValue& self) : m_self(self) {}
+    Column(const Column&) = delete;
+    Column& operator=(const Column&) = delete;
+    virtual ~Column();
+
+    static Column* of(TUTimedValue* timedValue); ///< Null for null and for a column of another engine.
+
+    TUTimedValue& timedValue() const { return m_self; }
+    const QString& name() const { return m_name; } ///< Changed by the scene's ColumnList, and before it is in one.
+    void setName(const QString& name) { m_name = name; }
+    bool anonymous() const { return m_anonymous; }
+    void setAnonymous(bool anonymous) { m_anonymous = anonymous; }
+    SC_SceneCommon* scene() const { return m_scene; } ///< Null while it is in no list of columns.
+
+    QString displayName() const; ///< The name; of an anonymous column, what it drives first: "Arm: position.x".
+    int linkCount() const { return static_cast<int>(m_links.size()); }
+    AT_Attr* linkedAttribute(unsigned int index) const; ///< Null beyond the end.
+    std::vector<MO_Node*> nodes() const;
+    bool drivesOnlySwitches() const { return m_switches > 0 && m_switches == linkCount(); }
+    int lastPlace() const { return m_place; } ///< In the list of columns, when it was last put or sought there.
+    /// Tells each linked node, and the scene, that values changed.
+    void tellLinked() const;
+
+    /// What attributes ask of the values.
+    virtual bool fits(const AttributeMeta& attribute) const = 0;
+    virtual bool hasValues() const = 0; ///< False while there is no key.
+    virtual double valueAt(double frame) const = 0;
+    /// Sets the value of the key at a frame, making the key when there is none. With `constantSegment` the key holds its
+    /// value up to the next one; without, that stays as it is. False when a number is refused.
+    virtual bool setValueAt(double frame, double value, bool constantSegment) = 0;
+    virtual std::unique_ptr<CO_Command> setValueCommand(double frame, double value) = 0;
+
+    /// What follows when `delta` frames come in behind frame `at` of the scene, or the -`delta` frames behind it go with
+    /// all that lies on them. Null when nothing lies there.
+    virtual std::unique_ptr<CO_Command> shiftFramesCommand(int at, int delta) = 0;
+
+private:
+    friend class ColumnList;
+    friend class Socket;
+
+    void add(Socket& socket);
+    void remove(Socket& socket);
+
+    TUTimedValue& m_self;
+    SC_SceneCommon* m_scene = nullptr;
+    QString m_name;
+    bool m_anonymous = false;
+    int m_place = 0; // where the list last had it
+    int m_switches = 0;
+    Socket::Order m_nextOrder = 1;
+    std::map<Socket::Order, Socket*> m_links;
+    mutable std::vector<Socket*> m_ordered; // the links by place; empty when out of date
+};
+
+/// Tells the attribute's node, and its scene, that its value changed.
+void tellChanged(const AT_Attr& attr);
+
+} // namespace engine

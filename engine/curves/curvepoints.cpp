@@ -1,0 +1,135 @@
+#include "engine/curves/curvepoints.h"
+
+#include <algorithm>
+
+namespace engine {
+
+namespace {
+
+constexpr std::size_t blockSize = 128;
+
+} // namespace
+
+int CurvePoints::blockOf(double frame) const
+{
+    return static_cast<int>(std::upper_bound(m_firstFrames.begin(), m_firstFrames.end(), frame)
+                            - m_firstFrames.begin())
+           - 1;
+}
+
+int CurvePoints::placeIn(const Block& block, double frame)
+{
+    const auto after = std::upper_bound(block.begin(), block.end(), frame,
+                                        [](double wanted, const CurvePoint& point) { return wanted < point.frame; });
+    return static_cast<int>(after - block.begin()) - 1;
+}
+
+const CurvePoint& CurvePoints::at(int index) const
+{
+    if (m_starts.empty()) {
+        int start = 0;
+        for (const auto& block : m_blocks) {
+            m_starts.push_back(start);
+            start += static_cast<int>(block.size());
+        }
+    }
+    const auto block = std::upper_bound(m_starts.begin(), m_starts.end(), index) - m_starts.begin() - 1;
+    return m_blocks[block][index - m_starts[block]];
+}
+
+CurvePoints::Neighbours CurvePoints::around(double frame) const
+{
+    const int index = blockOf(frame);
+    if (index < 0)
+        return {nullptr, m_size ? &first() : nullptr};
+    const Block& block = m_blocks[index];
+    const int place = placeIn(block, frame);
+    const CurvePoint* after = nullptr;
+    if (place + 1 < static_cast<int>(block.size()))
+        after = &block[place + 1];
+    else if (index + 1 < static_cast<int>(m_blocks.size()))
+        after = &m_blocks[index + 1].front();
+    return {&block[place], after};
+}
+
+const CurvePoint* CurvePoints::find(double frame) const
+{
+    const CurvePoint* point = around(frame).before;
+    return point && point->frame == frame ? point : nullptr;
+}
+
+const CurvePoint* CurvePoints::before(double frame) const
+{
+    const CurvePoint* point = around(frame).before;
+    if (!point || point->frame < frame)
+        return point;
+    const int index = blockOf(frame);
+    if (point != &m_blocks[index].front())
+        return point - 1;
+    return index > 0 ? &m_blocks[index - 1].back() : nullptr;
+}
+
+CurvePoint& CurvePoints::insert(const CurvePoint& point)
+{
+    m_starts.clear();
+    ++m_size;
+    if (m_blocks.empty()) {
+        m_blocks.push_back({point});
+        m_firstFrames.push_back(point.frame);
+        return m_blocks.front().front();
+    }
+    int index = std::max(0, blockOf(point.frame));
+    if (m_blocks[index].size() >= blockSize) {
+        // Points that come in ascending order fill their blocks; others halve them.
+        const bool atEnd = index + 1 == static_cast<int>(m_blocks.size()) && point.frame > last().frame;
+        const auto half = atEnd ? blockSize : blockSize / 2;
+        Block upper(m_blocks[index].begin() + half, m_blocks[index].end());
+        m_blocks[index].resize(half);
+        if (atEnd)
+            upper.push_back(point);
+        m_firstFrames.insert(m_firstFrames.begin() + index + 1, upper.front().frame);
+        m_blocks.insert(m_blocks.begin() + index + 1, std::move(upper));
+        if (atEnd)
+            return m_blocks.back().back();
+        if (point.frame > m_firstFrames[index + 1])
+            ++index;
+    }
+    Block& block = m_blocks[index];
+    const auto inserted = block.insert(block.begin() + placeIn(block, point.frame) + 1, point);
+    m_firstFrames[index] = block.front().frame;
+    return *inserted;
+}
+
+CurvePoint CurvePoints::take(double frame)
+{
+    const int index = blockOf(frame);
+    Block& block = m_blocks[index];
+    const auto place = block.begin() + placeIn(block, frame);
+    const CurvePoint taken = *place;
+    block.erase(place);
+    --m_size;
+    m_starts.clear();
+    if (block.empty()) {
+        m_blocks.erase(m_blocks.begin() + index);
+        m_firstFrames.erase(m_firstFrames.begin() + index);
+    } else {
+        m_firstFrames[index] = block.front().frame;
+        joinSmall(index);
+    }
+    return taken;
+}
+
+void CurvePoints::joinSmall(int index)
+{
+    if (index + 1 >= static_cast<int>(m_blocks.size()))
+        return;
+    Block& block = m_blocks[index];
+    Block& next = m_blocks[index + 1];
+    if (block.size() + next.size() > blockSize / 4)
+        return;
+    block.insert(block.end(), next.begin(), next.end());
+    m_blocks.erase(m_blocks.begin() + index + 1);
+    m_firstFrames.erase(m_firstFrames.begin() + index + 1);
+}
+
+} // namespace engine
