@@ -2,8 +2,7 @@
 
 #include "tests/core/support/failure.h"
 #include "tests/core/support/openproject.h"
-#include "tests/core/support/refusingmanager.h"
-#include "tests/core/support/standinnodes.h"
+#include "tests/core/support/standinnode.h"
 
 #include <gtest/gtest.h>
 
@@ -130,7 +129,7 @@ TEST(NodeCoordinatesOfStandInTest, WithoutASceneOrAManagerNothingCanBeSet)
 {
     StandInSceneCommon scene;
     for (SC_SceneCommon* common : {static_cast<SC_SceneCommon*>(nullptr), static_cast<SC_SceneCommon*>(&scene)}) {
-        StandInModule<> node(common);
+        StandInNode node(common);
         Node_Coordinates coordinates(&node);
         EXPECT_EQ(failureOf([&] { coordinates.setX(1); }), "An unexpected error occurred.");
         EXPECT_EQ(failureOf([&] { coordinates.setY(1); }), "An unexpected error occurred.");
@@ -143,14 +142,14 @@ TEST(NodeCoordinatesOfStandInTest, OnlyTheRefusalOfZIsTold)
     RefusingManager manager;
     StandInSceneCommon scene;
     scene.commands = &manager;
-    StandInModule<> node(&scene);
+    StandInNode node(&scene);
     Node_Coordinates coordinates(&node);
     EXPECT_EQ(failureOf([&] { coordinates.setX(1); }), "no exception");
     EXPECT_EQ(failureOf([&] { coordinates.setY(1); }), "no exception");
     EXPECT_EQ(failureOf([&] { coordinates.setZ(1); }), "Failed to set the node's position.");
     EXPECT_EQ(coordinates.__str__(), "NodeCoordinates(0, 0, 0)");
     EXPECT_EQ(manager.refusedLabels.join(QLatin1Char('|')),
-              QStringLiteral("Set X position of Stand-In|Set Y position of Stand-In|Set Z position of Stand-In"));
+              QStringLiteral("Set X position of StandIn|Set Y position of StandIn|Set Z position of StandIn"));
 }
 
 } // namespace
