@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+namespace engine {
+
+/// Why a project could not be read or written: a sentence without its beginning ("Cannot open the project: ") and its
+/// full stop. Thrown within engine/folder only; `ProjectFolder` turns it into its error.
+struct FolderFailure {
+    QString reason;
+
+    /// "/p/project.json" cannot be written: no space left on device.
+    static FolderFailure ofSystem(const QString& path, const char* what, int error);
+};
+
+/// The path in double quotes, as messages name it.
+QString quoted(const QString& path);
+
+/// What stands at a path. A symbolic link counts as what it leads to.
+enum class FileKind { Nothing, File, Folder, Other };
+
+/// Operations on files that throw `FolderFailure`.
+namespace folder_io {
+
+FileKind kindOf(const QString& path);
+
+/// The whole content. `missing`, when given, is set instead of throwing when nothing is there.
+QByteArray read(const QString& path, bool* missing = nullptr);
+
+/// Makes a new file and waits until the disk has its content. A failure names `shownAs`, the file that the content is
+/// meant for, and leaves no file. `mode` is the file's permissions, before the process's mask.
+void writeNew(const QString& path, const QByteArray& content, const QString& shownAs, unsigned int mode);
+
+void rename(const QString& from, const QString& to);
+void remove(const QString& path); ///< Nothing there is as good.
+void makeFolder(const QString& path);
+void removeFolder(const QString& path);    ///< An empty one; nothing there is as good.
+void tryRemoveFolder(const QString& path) noexcept;
+void sync(const QString& folder); ///< Waits until the disk has the folder's entries.
+QStringList entries(const QString& folder);
+
+/// Throws when `rename` from the folder onto a path below it would be refused: no permission on the file or the folder
+/// that it is in, a folder in its place, another disk.
+void requireReplaceable(const QString& folder, const QString& path);
+/// Permissions that a file in place of this one is given.
+unsigned int modeOf(const QString& path);
+
+} // namespace folder_io
+
+/// Keeps other processes from saving into a folder (`Reading`), or from reading it as well (`Writing`). Leaves nothing on
+/// disk, and ends with the process. On a file system without locks it does nothing.
+class FolderLock {
+public:
+    enum Purpose { Reading, Writing };
+
+    /// Waits some seconds for another process, then throws.
+    FolderLock(const QString& folder, Purpose purpose);
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+    ~FolderLock();
+
+private:
+    int m_descriptor;
+};
+
+} // namespace engine

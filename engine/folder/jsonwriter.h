@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <string>
+
+namespace engine {
+
+/// Writes JSON that diffs well: a value a line, indented by two spaces, the order as called; arrays that are begun inline
+/// stay on one line. The same calls give the same bytes.
+///
+/// Numbers take the shortest form that reads back as the same double. Readers lose the sign of a negative zero, so it is
+/// written as the text "-0". A text is UTF-8; half a surrogate pair, which UTF-8 has no form for, is written as an escape.
+class JsonWriter {
+public:
+    enum Layout { Lines, Inline };
+
+    void beginObject();
+    void endObject() { end('}'); }
+    void beginArray(Layout layout = Lines);
+    void endArray() { end(']'); }
+    JsonWriter& key(const char* name); ///< Plain letters.
+    JsonWriter& key(const QString& name);
+
+    void text(const QString& value);
+    void text(const char* value);
+    void integer(long long value);
+    void number(double value);
+    void flag(bool value);
+
+    QByteArray result() const; ///< With a line end behind the last line.
+
+private:
+    void separate();
+    void newLine();
+    void end(char bracket);
+    void appendText(const QString& value);
+
+    std::string m_out;
+    std::string m_layouts; ///< Of the arrays and objects that are open: 'l' lines, 'i' inline.
+    bool m_first = true;
+    bool m_behindKey = false;
+};
+
+} // namespace engine

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "core/host/at_attr.h"
+#include "core/host/tu_timedvalue.h"
+
+#include <QString>
+
+#include <unordered_map>
+#include <variant>
+#include <vector>
+
+namespace engine {
+
+class JsonPlace;
+class JsonWriter;
+class Node;
+struct NodeType;
+
+/// The attributes that are driven by each column, in the order of the graph and the nodes' attributes.
+using DrivenAttributes = std::unordered_map<const TUTimedValue*, std::vector<AT_Attr*>>;
+
+/// Writes the attributes of nodes, each in two fields: "values", the local values by dotted path ("position.x"), and
+/// "columns", the names of the linked columns by path. Values that a new node of the type has are left out, an option is
+/// kept as its text.
+class NodeAttributeWriter {
+public:
+    void write(JsonWriter& json, const Node& node);
+    const DrivenAttributes& driven() const { return m_driven; } ///< Of the nodes written so far.
+
+private:
+    using Value = std::variant<std::monostate, bool, int, double, QString>;
+    /// What is the same for all nodes of a type.
+    struct Shape {
+        std::vector<QString> paths;
+        std::vector<Value> newValues;
+    };
+
+    static Value valueOf(AT_Attr& attr);
+    static bool isSame(const Value& one, const Value& other);
+    static void writeValue(JsonWriter& json, const Value& value);
+    const Shape& shapeOf(const Node& node);
+
+    std::unordered_map<const NodeType*, Shape> m_shapes;
+    std::vector<AT_Attr*> m_attributes; ///< Of the node that is being written.
+    DrivenAttributes m_driven;
+};
+
+/// Reads what NodeAttributeWriter writes. The columns must be in the scene already; they are linked by the caller, since
+/// the order of a column's links goes across nodes.
+class NodeAttributeReader {
+public:
+    explicit NodeAttributeReader(const SC_SceneCommon& scene) : m_scene(scene) {}
+
+    void read(const JsonPlace& node, MO_Node& host);
+    const DrivenAttributes& driven() const { return m_driven; }
+
+private:
+    const SC_SceneCommon& m_scene;
+    DrivenAttributes m_driven;
+};
+
+} // namespace engine

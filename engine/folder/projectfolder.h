@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+class TUScene;
+
+namespace engine {
+
+/// What a scene is, apart from its nodes and columns.
+struct SceneRecord {
+    QString name;
+    int frameCount = 60;
+    int startFrame = 1;
+    int stopFrame = 60;
+    double frameRate = 24.0;
+};
+
+/// Gives the scenes that opening fills.
+class SceneMaker {
+public:
+    virtual ~SceneMaker() = default;
+    /// A new scene at the end of the project, with an empty root group, no column and nothing on the undo list. Null
+    /// when the record can't be taken; its values are checked already, the name is not empty and no other scene's.
+    virtual TUScene* addScene(const SceneRecord& record) = 0;
+};
+
+/// A project on disk: a folder of text files with "project.json", which lists the scenes, and a file a scene.
+///
+/// A save replaces all files that changed in one step: a process that is killed, or a machine that stops, leaves the
+/// old or the new project, and the next opening clears up what is left of the save. Files that the project doesn't know
+/// stay as they are. While it reads or writes, a lock on the folder keeps other processes from doing the same.
+///
+/// Every failure is one sentence in `error` that says what could not be done, names the file and, in a damaged file, the
+/// place: "Cannot open the project: "/p/project.json" is damaged at line 3, column 8: illegal value." What is on disk is
+/// then as before.
+///
+/// The object is a path only; it keeps no state between calls.
+class ProjectFolder {
+public:
+    /// A relative path starts at the process's working directory.
+    explicit ProjectFolder(const QString& path);
+
+    QString path() const { return m_path; } ///< Absolute and clean.
+
+    /// Makes a new project of these scenes in a folder that holds no project; a folder that is missing is made, with those
+    /// above it. The error begins with "Cannot create the project".
+    bool create(const std::vector<TUScene*>& scenes, QString& error) const;
+    /// The same for a project that goes on in another folder: the error begins with "Cannot save the project".
+    bool createForSave(const std::vector<TUScene*>& scenes, QString& error) const;
+
+    /// Writes the scenes of the project that lives there, in the project's order.
+    bool write(const std::vector<TUScene*>& scenes, QString& error) const;
+
+    /// Reads the project and makes its scenes. On failure the maker may have been called already: drop what it made.
+    bool read(SceneMaker& maker, QString& error) const;
+
+private:
+    void requirePath() const;
+    void makeProject(const std::vector<TUScene*>& scenes) const;
+
+    QString m_path;
+};
+
+} // namespace engine

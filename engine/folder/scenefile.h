@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QByteArray>
+#include <QSet>
+#include <QString>
+
+class TUScene;
+
+namespace engine {
+
+class JsonFile;
+class SceneMaker;
+
+/// The form of a scene in its file: JSON with these fields.
+///
+///     format, version    "brindle-scene", 1
+///     name               of the scene
+///     frames, start, stop, frameRate
+///     nodes              the root group and all below it, depth first, each group ahead of its content
+///     columns            in the order of the exposure sheet
+///
+/// A node:
+///
+///     name, type
+///     depth              0 is the root group; a node is in the last one before it that is a level up
+///     place              [x, y, z] in the node view
+///     enabled            false; left out when true
+///     inPorts, outPorts  of a node that takes ports: [id, "IMAGE"], with "MATTE" behind it for a matte port
+///     values             local values of attributes that a new node doesn't have: {"position.x": 3.5}
+///     columns            names of linked columns: {"position.x": "ATV-0001"}
+///     links              to nodes of the same group, by out-port and in the order of linking: [out-port id, name of the
+///                        node, in-port id]
+///
+/// A column:
+///
+///     name, type         "BEZIER"
+///     anonymous          true; left out when false
+///     hold               [start, stop, step]
+///     points             [frame, value, left x, left y, right x, right y, "CORNER" | "STRAIGHT" | "SMOOTH"], with "CONSTANT"
+///                        behind it when the segment is; handles in global coordinates
+///     order              places of the attributes that it drives, as the nodes list them, in the order of linking; left
+///                        out when it is the same
+///
+/// Nodes are named by their group, links by the nodes' names, so that a change in one place of the scene is a change in
+/// one place of the file. Ids of the session are not kept.
+
+inline constexpr char sceneFormat[] = "brindle-scene";
+inline constexpr int sceneVersion = 1;
+
+QByteArray sceneText(const TUScene& scene);
+
+/// Makes the scene. `names` are those of the scenes read before. Throws `FolderFailure`.
+void readScene(const JsonFile& file, QSet<QString>& names, SceneMaker& maker);
+
+} // namespace engine
