@@ -1,0 +1,122 @@
+"""The tour: a walk cycle from a model sheet and a timing sheet, the way a script makes one.
+
+    ./run                       makes it in build/tour
+    ./run examples/tour/tour.py FOLDER
+"""
+
+import pathlib
+import shutil
+import sys
+import time
+
+import brindle
+
+import graph_svg
+import sheets
+
+HERE = pathlib.Path(__file__).resolve().parent
+DEFAULT_FOLDER = HERE.parent.parent / "build" / "tour"
+
+
+def say(text):
+    print(f"  {text}", flush=True)
+
+
+def build_rig(scene, parts):
+    """A peg and, where the part has a drawing, a read node each; children hang on their parent's peg."""
+    composite = scene.nodes["Top/Composite"]
+    pegs = {}
+    for part in parts:
+        peg = scene.nodes.create("PEG", f"{part.name}-P")
+        peg.position = [part.column * 140, part.depth * 90 - 600]
+        peg.attributes["pivot.x"].set_localvalue(part.pivot[0])
+        peg.attributes["pivot.y"].set_localvalue(part.pivot[1])
+        if part.parent:
+            peg.ports_in[0].link(pegs[part.parent])
+        if part.drawing:
+            read = scene.nodes.create("READ", part.name)
+            read.position = [part.column * 140 + 60, part.depth * 90 - 555]
+            read.ports_in[0].link(peg)
+            composite.ports_in.create().link(read)
+        pegs[part.name] = peg
+    return pegs
+
+
+def set_keys(pegs, keys):
+    """One bezier column an attribute, one key a cell of the timing sheet."""
+    for key in keys:
+        pegs[key.part].attributes[key.attribute].set_value(key.frame, key.value)
+
+
+def state_of(scene):
+    """What the scene shows, for a comparison: every node, its links, and every key's attribute over all frames."""
+    frames = range(1, scene.frame_count + 1)
+    state = {}
+    for node in scene.nodes:
+        links = [port.source_node.path for port in node.ports_in if port.linked] if node.type != "GROUP" else []
+        curves = {}
+        for attribute in node.attributes:
+            for part in [attribute, *(attribute.subattributes or [])]:
+                if part.column_name:
+                    curves[part.full_keyword] = [part.value(frame) for frame in frames]
+        state[node.path] = (node.type, links, curves)
+    return state
+
+
+def main(folder):
+    shutil.rmtree(folder, ignore_errors=True)
+    folder.mkdir(parents=True)
+    begin = time.perf_counter()
+    print(f"A walk cycle in {folder}")
+
+    parts = sheets.read_rig(HERE / "data" / "rig.json")
+    keys = sheets.read_walk(HERE / "data" / "walk.csv")
+    app = brindle.create(folder / "walk-cycle")
+    scene, history = app.scene, app.project.history
+    scene.frame_count = 48
+    say(f"made a project: scene {scene.name}, {scene.frame_count} frames at {scene.framerate:g} fps")
+
+    history.begin("Walk cycle")
+    pegs = build_rig(scene, parts)
+    set_keys(pegs, keys)
+    history.end()
+    say(f"built {len(parts)} parts, {len(scene.nodes)} nodes, and set {len(keys)} keys as one step: {history.list()[-1]!r}")
+
+    knee = pegs["Shin-L"].attributes["angle"]
+    for frame in (1, 5, 7, 9):
+        mark = "key" if any(k.frame == frame and k.part == "Shin-L" for k in keys) else "in-between"
+        say(f"the left knee at frame {frame}: {knee.value(frame):7.2f} degrees ({mark})")
+    say(f"it is driven by the column {knee.column.display_name!r} of type {knee.column.type}")
+
+    before = state_of(scene)
+    history.undo(1)
+    say(f"undid it: {len(scene.nodes)} nodes left; the knee says: {error_of(knee)}")
+    history.redo(1)
+    check(state_of(scene) == before, "redoing gives the same scene")
+    say(f"did it again: {len(scene.nodes)} nodes, the same curves in every frame")
+
+    picture = folder / "graph.svg"
+    picture.write_text(graph_svg.draw(scene))
+    app.save()
+    app.close()
+    app = brindle.open(folder / "walk-cycle")
+    check(state_of(app.scene) == before, "what was saved is what was there")
+    say("saved, closed, opened again: the same scene")
+    app.close()
+    print(f"Done in {time.perf_counter() - begin:.2f} s. The node graph: {picture}")
+
+
+def error_of(attribute):
+    try:
+        return repr(attribute.value(1))
+    except brindle.Error as error:
+        return str(error)
+
+
+def check(holds, what):
+    if not holds:
+        raise SystemExit(f"The tour went wrong: not true that {what}.")
+
+
+if __name__ == "__main__":
+    main(pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else DEFAULT_FOLDER)
