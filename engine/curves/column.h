@@ -69,7 +69,6 @@ public:
     AT_Attr* linkedAttribute(unsigned int index) const; ///< Null beyond the end.
     std::vector<MO_Node*> nodes() const;
     bool drivesOnlySwitches() const { return m_switches > 0 && m_switches == linkCount(); }
-    int lastPlace() const { return m_place; } ///< In the list of columns, when it was last put or sought there.
     /// Tells each linked node, and the scene, that values changed.
     void tellLinked() const;
 

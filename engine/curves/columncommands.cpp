@@ -1,5 +1,4 @@
 #include "core/host/at_attr.h"
-#include "core/host/sc_scene.h"
 #include "engine/curves/column.h"
 #include "engine/curves/columnlist.h"
 
@@ -120,39 +119,6 @@ private:
     bool m_before = false;
 };
 
-/// Owns the column while it is in no scene.
-class AddColumn final : public CO_Command {
-public:
-    AddColumn(SC_SceneCommon* scene, TUTimedValue* timedValue, int position, int viewPosition)
-        : m_list(ColumnList::of(scene)), m_position(position), m_viewPosition(viewPosition)
-    {
-        // One that is in a scene already stays that scene's.
-        if (timedValue && !timedValue->sceneCommon())
-            m_owned.reset(timedValue);
-        m_column = m_owned.get();
-    }
-
-    Status execute() override
-    {
-        if (!m_list || !m_column || m_viewPosition < -1 || m_viewPosition > m_list->end() - m_list->begin())
-            return kFail;
-        return m_list->insert(m_owned, m_position) ? kOk : kFail;
-    }
-    Status unexecute() override
-    {
-        int position = 0;
-        m_owned = m_list->take(m_column, position);
-        return kOk;
-    }
-
-private:
-    ColumnList* m_list;
-    std::unique_ptr<TUTimedValue> m_owned;
-    TUTimedValue* m_column = nullptr;
-    int m_position;
-    int m_viewPosition; // the view shows the list's order
-};
-
 } // namespace
 
 namespace tu_tv_socket {
@@ -182,12 +148,3 @@ SetAnonymous::SetAnonymous(TUTimedValue* timedValue, bool anonymous)
 }
 
 } // namespace tu_timedvalue::timedvalue
-
-namespace SC_SceneCmds {
-
-AddTimedValueCmd::AddTimedValueCmd(SC_SceneCommon* scene, TUTimedValue* timedValue, int position, int viewPosition)
-    : CO_EngineCommand(std::make_unique<AddColumn>(scene, timedValue, position, viewPosition))
-{
-}
-
-} // namespace SC_SceneCmds
