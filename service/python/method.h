@@ -105,7 +105,10 @@ private:
     template <std::size_t I>
     static auto readOne(const Slots& slots)
     {
-        return slots[I] ? Reader<I>::read(slots[I], I) : Reader<I>::fallback(arguments[I].fallback);
+        if constexpr (arguments[I].required())
+            return Reader<I>::read(slots[I], I);
+        else
+            return slots[I] ? Reader<I>::read(slots[I], I) : Reader<I>::fallback(arguments[I].fallback);
     }
 
     template <std::size_t... I>
