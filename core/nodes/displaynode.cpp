@@ -1,0 +1,21 @@
+#include "core/nodes/displaynode.h"
+
+#include "core/host/mo_node.h"
+
+namespace OMC {
+
+DisplayNode::DisplayNode(TUDisplayModule* node) : Node(node) {}
+
+DisplayNode::DisplayNode(const DisplayNode& other) : Node(other) {}
+
+BaseObject* DisplayNode::copy() const
+{
+    return new DisplayNode(*this);
+}
+
+std::string DisplayNode::__str__() const
+{
+    return textAs("DisplayNode");
+}
+
+} // namespace OMC

@@ -1,0 +1,110 @@
+#include "core/nodes/groupnode.h"
+
+#include "core/frame/undo.h"
+#include "core/host/mo_node.h"
+#include "core/host/sc_scene.h"
+#include "core/host/tu_node.h"
+#include "core/nodes/nodelist.h"
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+
+namespace OMC {
+
+namespace {
+
+/// The average x of the sub-nodes, in single precision and cut to an integer; 0 in an empty group.
+int averageX(const TUGroup& group)
+{
+    const unsigned int count = group.nSubNodes();
+    if (count == 0)
+        return 0;
+    float sum = 0.0f;
+    for (auto node = group.subNodesBegin(); node != group.subNodesEnd(); ++node)
+        sum += static_cast<float>((*node)->x());
+    const float average = sum / static_cast<float>(count);
+    // Single precision rounds the greatest integers up to one that is no integer of the engine.
+    constexpr float beyond = 2147483648.0f;
+    return average < beyond ? static_cast<int>(average) : std::numeric_limits<int>::max();
+}
+
+/// 40 below the topmost sub-node, or below 0 where all stand lower; 0 in an empty group.
+int topY(const TUGroup& group)
+{
+    if (group.nSubNodes() == 0)
+        return 0;
+    int top = 0;
+    for (auto node = group.subNodesBegin(); node != group.subNodesEnd(); ++node)
+        top = std::min(top, (*node)->y());
+    return top + 40;
+}
+
+/// Adds a new multi-port node to its group, undoably; empty when its name or the command is refused.
+Obj added(TUGroup& group, std::unique_ptr<MO_Node> node, int x, int y, CO_CommandManager& manager, const QString& verb)
+{
+    node->setX(x);
+    node->setY(y);
+    node->setZ(0);
+    node->setScene(group.sceneCommon());
+    const QString name = TUModuleNameValidator::getValidName(node->defaultInstanceName());
+    if (!node->setInstanceName(name))
+        return Obj();
+    MO_Node* const added = node.release();
+    if (!manager.execute(new tu_node::AddSubNodeCmd(&group, added), verb + name))
+        return Obj();
+    return Obj(Node::getWrapped(added));
+}
+
+} // namespace
+
+GroupNode::GroupNode(TUGroup* group) : Node(group) {}
+
+GroupNode::GroupNode(const GroupNode& other) : Node(other) {}
+
+BaseObject* GroupNode::copy() const
+{
+    return new GroupNode(*this);
+}
+
+std::string GroupNode::__str__() const
+{
+    return textAs("Group");
+}
+
+Obj GroupNode::getMultiPortIn() const
+{
+    TUGroup* group = validNode().group();
+    if (!group)
+        return Obj();
+    if (TUMultiPortIn* node = group->getOutMultiPort())
+        return Obj(getWrapped(node));
+    CO_CommandManager& manager = undo::manager(group->sceneCommon(), tr("An unexpected error occurred."));
+    return added(*group, std::unique_ptr<MO_Node>(TUMultiPortIn::create()), 0, 0, manager, tr("Add "));
+}
+
+Obj GroupNode::getMultiPortOut() const
+{
+    TUGroup* group = validNode().group();
+    if (!group)
+        return Obj();
+    if (TUMultiPortOut* node = group->getInMultiPort())
+        return Obj(getWrapped(node));
+    CO_CommandManager& manager = undo::manager(group->sceneCommon(), tr("An unexpected error occurred."));
+    return added(*group, std::unique_ptr<MO_Node>(TUMultiPortOut::create()), averageX(*group), topY(*group), manager,
+                 tr("Add "));
+}
+
+Obj GroupNode::getNodes() const
+{
+    TUGroup* group = validNode().group();
+    return group ? Obj(new NodeList(group)) : Obj();
+}
+
+TUGroup* GroupNode::getGroup() const
+{
+    MO_Node* node = getNode();
+    return node ? node->group() : nullptr;
+}
+
+} // namespace OMC

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "core/nodes/node.h"
+
+class TUGroup;
+
+namespace OMC {
+
+/// A node that holds nodes, and the two nodes inside it that face its ports.
+class BRINDLE_CORE_EXPORT GroupNode : public Node {
+    Q_OBJECT
+    Q_PROPERTY(OMC::Obj multi_port_in READ getMultiPortIn)
+    Q_PROPERTY(OMC::Obj multi_port_out READ getMultiPortOut)
+    Q_PROPERTY(OMC::Obj nodes READ getNodes)
+
+public:
+    explicit GroupNode(TUGroup* group);
+    GroupNode(const GroupNode& other);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    /// The node that faces the group's in-ports (out-ports). A group without one gets one, which is an undoable step;
+    /// empty when the engine refuses it.
+    virtual Obj getMultiPortIn() const;
+    virtual Obj getMultiPortOut() const;
+    virtual Obj getNodes() const; ///< The NodeList of the direct sub-nodes.
+
+    TUGroup* getGroup() const; ///< The engine group, or null once it is gone.
+};
+
+} // namespace OMC

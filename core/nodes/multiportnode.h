@@ -1,0 +1,51 @@
+#pragma once
+
+#include "core/nodes/node.h"
+
+namespace OMC {
+
+class Port;
+
+/// A node inside a group that faces the group's ports.
+///
+/// Its operations do nothing and its text is empty, by design: the ports of such a node come and go through its port
+/// lists, and `Node::getWrapped` gives such a node as a plain Node.
+class BRINDLE_CORE_EXPORT MultiPortNode : public Node {
+    Q_OBJECT
+
+public:
+    explicit MultiPortNode(MO_Node* node);
+    MultiPortNode(const MultiPortNode& other);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    virtual Port* addPort(unsigned int index, bool before);
+    virtual Port* addPort(const Port* port, bool before);
+    virtual bool removePort(unsigned int index);
+    virtual bool removePort(const Port* port);
+};
+
+/// The node that faces the group's in-ports.
+class BRINDLE_CORE_EXPORT MultiPortInNode : public MultiPortNode {
+    Q_OBJECT
+
+public:
+    explicit MultiPortInNode(MO_Node* node);
+    MultiPortInNode(const MultiPortInNode& other);
+
+    BaseObject* copy() const override;
+};
+
+/// The node that faces the group's out-ports.
+class BRINDLE_CORE_EXPORT MultiPortOutNode : public MultiPortNode {
+    Q_OBJECT
+
+public:
+    explicit MultiPortOutNode(MO_Node* node);
+    MultiPortOutNode(const MultiPortOutNode& other);
+
+    BaseObject* copy() const override;
+};
+
+} // namespace OMC

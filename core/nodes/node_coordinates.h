@@ -1,0 +1,46 @@
+#pragma once
+
+#include "core/frame/baseobject.h"
+#include "core/frame/weakhandle.h"
+
+class MO_Node;
+
+namespace OMC {
+
+/// Where a node stands in the node view: a live view of the engine node, y growing downwards.
+///
+/// Reads ask the engine, writes are commands. It goes invalid with the node ("Object is no longer valid.") and makes no
+/// thread check.
+class BRINDLE_CORE_EXPORT Node_Coordinates : public BaseObject {
+    Q_OBJECT
+    Q_PROPERTY(int x READ getX WRITE setX)
+    Q_PROPERTY(int y READ getY WRITE setY)
+    Q_PROPERTY(int z READ getZ WRITE setZ)
+
+public:
+    /// The engine's y of a node is greater by this than the one that scripts see.
+    static constexpr int networkOffset = 32;
+
+    explicit Node_Coordinates(MO_Node* node);
+    Node_Coordinates(const Node_Coordinates& other);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    virtual void setX(int x);
+    virtual int getX() const;
+    virtual void setY(int y); ///< Refuses a y that the engine's offset would carry beyond the integers.
+    virtual int getY() const;
+    virtual void setZ(int z);
+    virtual int getZ() const;
+
+protected:
+    void validate() const override;
+
+private:
+    MO_Node& node() const;
+
+    WeakHandle<MO_Node> m_node;
+};
+
+} // namespace OMC

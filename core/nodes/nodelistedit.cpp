@@ -1,0 +1,172 @@
+#include "core/nodes/nodelist.h"
+
+#include "core/frame/undo.h"
+#include "core/host/tu_node.h"
+#include "core/nodes/node.h"
+#include "core/nodes/node_coordinates.h"
+#include "core/nodes/nodelist_p.h"
+
+#include <QStringList>
+
+#include <limits>
+#include <optional>
+
+namespace OMC {
+
+namespace {
+
+/// The index that a value tells, if it is a number.
+std::optional<int> indexIn(const QVariant& value)
+{
+    bool isNumber = false;
+    const int index = value.toInt(&isNumber);
+    if (!isNumber)
+        return std::nullopt;
+    // Qt wraps a number that no int holds round to some other index.
+    const double number = value.toDouble();
+    if (!(number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max()))
+        ListObj::throwIndexOutOfRange();
+    return index;
+}
+
+} // namespace
+
+Obj NodeList::create(const QString& type, const QVariant& group, const QString& name)
+{
+    validate();
+    std::set<MO_Node*> nodes;
+    nodesFromQVariant(group, nodes);
+    // Of several nodes the one that the set has last decides: required, a script gives one.
+    if (TUGroup* parent = nodes.empty() ? nullptr : (*nodes.rbegin())->group()) {
+        SC_SceneCommon* scene = parent->sceneCommon();
+        if (!scene)
+            throw Exception(tr("Invalid group specified."));
+        return Obj(Node::getWrapped(addNodeHelper(scene, parent, name, type, 0, 0, 0)));
+    }
+    if (d->mode == Private::SceneNodes && nodes.empty())
+        throw Exception(tr("Unable to find specified group."));
+    throw Exception(tr("Unable to find the specified group."));
+}
+
+Obj NodeList::create(const QString& type, const QString& name)
+{
+    validate();
+    if (name.contains(QLatin1Char('/'))) {
+        QStringList parts = name.split(QLatin1Char('/'));
+        const QString last = parts.takeLast();
+        return create(type, QVariant(parts.join(QLatin1Char('/'))), last);
+    }
+    TUGroup* group = nullptr;
+    if (d->mode == Private::SceneNodes)
+        group = d->liveScene()->getRootGroup();
+    else if (d->mode == Private::GroupNodes)
+        group = d->liveGroup();
+    if (!group)
+        throw Exception(tr("Unable to add nodes to this list."));
+    SC_SceneCommon* scene = group->sceneCommon();
+    if (!scene)
+        throw Exception(tr("Invalid group specified."));
+    return Obj(Node::getWrapped(addNodeHelper(scene, group, name, type, 0, 0, 0)));
+}
+
+void NodeList::remove(const QVariant& nodes, bool deleteTimedValues, bool bridge)
+{
+    validate();
+    std::set<MO_Node*> removed;
+    nodesFromQVariant(nodes, removed);
+    if (!removeNodesHelper(removed, deleteTimedValues, bridge))
+        throw Exception(tr("Failed to remove nodes."));
+}
+
+template <typename Add>
+void NodeList::forNodesIn(const QVariant& value, const Add& add) const
+{
+    const auto addIn = [&](const Obj& object) {
+        const Node* wrapper = objectIn<Node>(object);
+        if (MO_Node* node = wrapper ? wrapper->getNode() : nullptr)
+            add(node);
+    };
+    // The values still to be read, the next one last, so that lists inside lists need no stack.
+    std::vector<const QVariant*> pending = {&value};
+    while (!pending.empty()) {
+        const QVariant& next = *pending.back();
+        pending.pop_back();
+        if (const QObject* object = QVariantToPointer(next)) {
+            if (const auto* wrapper = dynamic_cast<const Node*>(object)) {
+                if (MO_Node* node = wrapper->getNode())
+                    add(node);
+            } else if (const auto* nodeList = dynamic_cast<const NodeList*>(object)) {
+                for (const Obj& item : nodeList->list())
+                    addIn(item);
+            }
+        } else if (next.typeId() == QMetaType::QVariantList) {
+            const auto& items = *static_cast<const QList<QVariant>*>(next.constData());
+            for (auto item = items.rbegin(); item != items.rend(); ++item)
+                pending.push_back(&*item);
+        } else if (next.typeId() == QMetaType::QString) {
+            addIn(get(next.toString()));
+        } else if (next.typeId() == QMetaType::QStringList) {
+            for (const QString& name : next.toStringList())
+                addIn(get(name));
+        } else if (const std::optional<int> index = indexIn(next)) {
+            addIn(get(*index));
+        }
+    }
+}
+
+void NodeList::nodesFromQVariant(const QVariant& value, std::set<MO_Node*>& nodes) const
+{
+    forNodesIn(value, [&](MO_Node* node) { nodes.insert(node); });
+}
+
+void NodeList::nodesFromQVariant(const QVariant& value, std::vector<MO_Node*>& nodes) const
+{
+    forNodesIn(value, [&](MO_Node* node) { nodes.push_back(node); });
+}
+
+MO_Node* NodeList::addNodeHelper(SC_SceneCommon* scene, TUGroup* group, const QString& name, const QString& type, int x,
+                                 int y, int z)
+{
+    CO_CommandManager& manager = undo::manager(scene, tr("An unexpected error has occurred."));
+    const int engineY = y + Node_Coordinates::networkOffset;
+    std::unique_ptr<MO_Node> node;
+    if (type == QLatin1String("GROUP")) {
+        node.reset(TUGroup::create());
+        node->setX(x);
+        node->setY(engineY);
+        node->setZ(z);
+    } else {
+        bool flag = true;
+        node.reset(TUGroup::createNode(type, x, engineY, z, flag, nullptr));
+    }
+    if (!node)
+        return nullptr;
+    node->setScene(scene);
+    QString validName = TUModuleNameValidator::getValidName(name.isEmpty() ? node->defaultInstanceName() : name);
+    if (type == QLatin1String("DISPLAY") && !node->isNameAcceptable(validName))
+        validName = scene->generateNodeName(validName, group);
+    if (!node->setInstanceName(validName))
+        return nullptr;
+    MO_Node* const added = node.release();
+    // The label has the name as it was given, also when the engine chose one: required as it is.
+    return manager.execute(new tu_node::AddSubNodeCmd(group, added), tr("Add ") + name) ? added : nullptr;
+}
+
+bool NodeList::removeNodesHelper(const std::set<MO_Node*>& nodes, bool deleteTimedValues, bool bridge)
+{
+    if (nodes.empty())
+        throw Exception(tr("No valid nodes specified."));
+    TUScene* scene = d->liveScene();
+    if (!scene) {
+        const MO_Node* member = d->liveGroup() ? d->liveGroup() : *nodes.begin();
+        const SC_SceneCommon* common = member ? member->sceneCommon() : nullptr;
+        scene = common ? dynamic_cast<TUScene*>(common->timedValues()) : nullptr;
+    }
+    if (!scene)
+        throw Exception(tr("Invalid node specified."));
+    SU_CleanUpCommands::DeleteStrategy strategy;
+    strategy.deleteTimedValues = deleteTimedValues;
+    return SU_CleanUpCommands::removeNodes(scene, nodes, strategy, bridge);
+}
+
+} // namespace OMC
