@@ -1,0 +1,50 @@
+#pragma once
+
+#include "core/nodes/port.h"
+
+class CO_CommandManager;
+
+namespace OMC {
+
+/// A port that gives what its node makes to any number of in-ports.
+///
+/// "destinations" are the direct ones in the order of linking; "flat" looks through groups to the ports that are really
+/// fed. A node that two links reach is listed twice.
+class BRINDLE_CORE_EXPORT OutPort : public Port {
+    Q_OBJECT
+    Q_PROPERTY(OMC::Obj cables READ getCables)
+    Q_PROPERTY(OMC::Obj cables_flat READ getCablesFlat)
+    Q_PROPERTY(QVariant destinations READ getDst)
+    Q_PROPERTY(QVariant destination_nodes READ getDstNodes)
+    Q_PROPERTY(QVariant destinations_flat READ getDstFlat)
+    Q_PROPERTY(QVariant destination_nodes_flat READ getDstNodesFlat)
+
+public:
+    OutPort(MO_Node* node, unsigned int id);
+    OutPort(const OutPort& other) = default;
+
+    BaseObject* copy() const override;
+
+    /// Links this port to the in-port that the value names (Port::QVariantToInPort), in place of that port's source, and
+    /// gives the cable.
+    virtual Obj link(const QVariant& value);
+    /// Cuts links: to an in-port, to a node, at a place in the list, or to the nodes of a name, path or list of these.
+    virtual void unlink(const QVariant& value);
+
+    virtual QVariant getDst() const;
+    virtual QVariant getDstNodes() const;
+    virtual QVariant getDstFlat() const;
+    virtual QVariant getDstNodesFlat() const;
+
+    Obj getCables() const;
+    Obj getCablesFlat() const;
+
+private:
+    MO_Port* requiredPort() const;
+    std::vector<MO_Port*> destinations() const;
+    void unlinkObject(const QObject* object, CO_CommandManager& manager);
+    void unlinkAt(int index);
+    void unlinkNamed(const QStringList& names, CO_CommandManager& manager);
+};
+
+} // namespace OMC
