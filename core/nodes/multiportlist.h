@@ -1,0 +1,49 @@
+#pragma once
+
+#include "core/nodes/portlist.h"
+
+namespace OMC {
+
+/// A port list of a node whose ports come and go: each port made or removed is one undo entry.
+///
+/// The type of a new port is "image", or "peg" (also "matrix", "transform"), in any case; a null string lets the node
+/// decide. Ports behind a new or a removed one change their places and keep their ids.
+class BRINDLE_CORE_EXPORT MultiPortList : public PortList {
+    Q_OBJECT
+
+public:
+    MultiPortList(MO_Node* node, bool isInPort);
+    MultiPortList(const MultiPortList& other) = default;
+
+    BaseObject* copy() const override;
+    bool getDynamic() const override;
+
+    /// Make a port at a place, at the end, or before or behind another port. Empty when the node takes none or refuses.
+    Obj create(unsigned int index, const QString& type = QString());
+    Obj create(const QString& type = QString());
+    Obj create(const Obj& port, bool before, const QString& type = QString());
+
+    /// Cut the port's links and take it away.
+    void remove(unsigned int index);
+    void remove(const Obj& port);
+
+private:
+    static void removeInPort(MO_Node* node, unsigned int index);
+    static void removeOutPort(MO_Node* node, unsigned int index);
+
+    std::unique_ptr<MO_Port> newPort(const QString& type) const;
+};
+
+class BRINDLE_CORE_EXPORT MultiInPortList : public MultiPortList {
+    Q_OBJECT
+    Q_PROPERTY(OMC::Obj matte_port READ getMattePort)
+
+public:
+    explicit MultiInPortList(MO_Node* node);
+    MultiInPortList(const MultiInPortList& other) = default;
+
+    BaseObject* copy() const override;
+    virtual Obj getMattePort() const; ///< The last matte port; empty when there is none.
+};
+
+} // namespace OMC
