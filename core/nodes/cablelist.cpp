@@ -1,0 +1,314 @@
+#include "core/nodes/cablelist.h"
+
+#include "core/nodes/cable.h"
+#include "core/nodes/flatcable.h"
+#include "core/nodes/inport.h"
+#include "core/nodes/node.h"
+#include "core/nodes/outport.h"
+
+#include <algorithm>
+
+namespace OMC {
+
+namespace {
+
+std::unique_ptr<OutPort> ownCopy(const OutPort* port)
+{
+    if (!port)
+        return nullptr;
+    auto copy = std::make_unique<OutPort>(*port);
+    copy->setOwnership(OwnedByNative);
+    return copy;
+}
+
+MO_Port* portOf(const OutPort& wrapper)
+{
+    MO_Port* port = wrapper.getPort();
+    if (!port)
+        BaseObject::throwInvalid();
+    return port;
+}
+
+std::string text(const QString& format, const OutPort& port)
+{
+    return format.arg(port.getNode()->qualifiedName(), QString::number(port.getIndex())).toStdString();
+}
+
+/// Whether one of the ports is the one that the handle holds, or on the node that it holds. What is gone is nowhere.
+template <typename Ports>
+bool leadsTo(const Ports& ports, const Obj& object, const QString& failure)
+{
+    if (const auto* node = objectIn<Node>(object)) {
+        const MO_Node* target = node->getNode();
+        return target && std::any_of(ports.begin(), ports.end(), [target](const MO_Port* port) {
+            return port && port->node() == target;
+        });
+    }
+    if (const auto* port = objectIn<Port>(object)) {
+        const MO_Port* target = port->findPort();
+        return target && std::find(ports.begin(), ports.end(), target) != ports.end();
+    }
+    throw Exception(failure);
+}
+
+template <typename List>
+Obj atText(const List& list, const QString& index)
+{
+    bool isNumber = false;
+    const int number = index.toInt(&isNumber, 10);
+    return isNumber ? list.get(number) : Obj();
+}
+
+template <typename CableT>
+Obj cable(const OutPort* source, const MO_Port* destination)
+{
+    const InPort end(destination->node(), destination->id());
+    return Obj(new CableT(source, &end));
+}
+
+} // namespace
+
+CableList::CableList(const OutPort* port) : m_port(ownCopy(port)) {}
+
+CableList::CableList(const CableList& other)
+    : ListObj(other), IterableObj(other), m_port(ownCopy(other.m_port.get())), m_cursor(other.m_cursor)
+{
+}
+
+CableList::~CableList() = default;
+
+BaseObject* CableList::copy() const
+{
+    return new CableList(*this);
+}
+
+std::string CableList::__str__() const
+{
+    validate();
+    return text(QStringLiteral("CableList(%1, %2)"), *m_port);
+}
+
+Obj CableList::__iterItem__() const
+{
+    return get(static_cast<int>(m_cursor));
+}
+
+void CableList::operator++()
+{
+    validate();
+    if (m_cursor < size())
+        ++m_cursor;
+}
+
+void CableList::operator--()
+{
+    validate();
+    if (m_cursor > 0)
+        --m_cursor;
+}
+
+bool CableList::__atend__() const
+{
+    return m_cursor >= size();
+}
+
+Obj CableList::__iter__() const
+{
+    auto* iterator = new CableList(*this);
+    iterator->m_cursor = 0;
+    return Obj(iterator);
+}
+
+std::size_t CableList::size() const
+{
+    return checkedPort()->nDstPorts();
+}
+
+Obj CableList::get(int index) const
+{
+    const MO_Port* port = checkedPort();
+    if (static_cast<unsigned int>(index) >= port->nDstPorts())
+        throw Exception(tr("Cable index is out of range."));
+    return cable<Cable>(m_port.get(), port->dstPortsBegin()[index]);
+}
+
+void CableList::set(int, const Obj&)
+{
+    throw Exception(tr("Cable lists cannot be set."));
+}
+
+std::vector<Obj> CableList::list() const
+{
+    const MO_Port* port = checkedPort();
+    std::vector<Obj> cables;
+    cables.reserve(port->nDstPorts());
+    for (auto end = port->dstPortsBegin(); end != port->dstPortsEnd(); ++end)
+        cables.push_back(cable<Cable>(m_port.get(), *end));
+    return cables;
+}
+
+bool CableList::contains(const Obj& object) const
+{
+    const MO_Port* port = checkedPort();
+    const std::vector<MO_Port*> ends(port->dstPortsBegin(), port->dstPortsEnd());
+    return leadsTo(ends, object, tr("Cable lists can only check for existing nodes or ports."));
+}
+
+Obj CableList::operator()(const QString& index) const
+{
+    return atText(*this, index);
+}
+
+void CableList::validate() const
+{
+    if (!m_port)
+        throwInvalid();
+    validateThreadLock();
+    m_port->getNode();
+}
+
+MO_Port* CableList::checkedPort() const
+{
+    validate();
+    return portOf(*m_port);
+}
+
+FlatCableList::FlatCableList(const OutPort* port) : m_port(ownCopy(port)) {}
+
+FlatCableList::FlatCableList(const FlatCableList& other)
+    : ListObj(other), IterableObj(other), m_port(ownCopy(other.m_port.get())), m_cursor(other.m_cursor),
+      m_snapshot(other.m_snapshot)
+{
+}
+
+FlatCableList::~FlatCableList() = default;
+
+BaseObject* FlatCableList::copy() const
+{
+    return new FlatCableList(*this);
+}
+
+std::string FlatCableList::__str__() const
+{
+    validate();
+    return text(QStringLiteral("FlatCableList(%1, %2)"), *m_port);
+}
+
+Obj FlatCableList::__iterItem__() const
+{
+    return get(static_cast<int>(m_cursor));
+}
+
+void FlatCableList::operator++()
+{
+    validate();
+    if (m_cursor < size())
+        ++m_cursor;
+}
+
+void FlatCableList::operator--()
+{
+    validate();
+    if (m_cursor > 0)
+        --m_cursor;
+}
+
+bool FlatCableList::__atend__() const
+{
+    return m_cursor >= size();
+}
+
+Obj FlatCableList::__iter__() const
+{
+    std::vector<MO_Port*> ports;
+    checkedPort()->realDstPorts(ports);
+    auto snapshot = std::make_shared<Snapshot>();
+    snapshot->reserve(ports.size());
+    for (const MO_Port* port : ports)
+        snapshot->emplace_back(port->node(), port->id());
+    auto* iterator = new FlatCableList(*this);
+    iterator->m_cursor = 0;
+    iterator->m_snapshot = std::move(snapshot);
+    return Obj(iterator);
+}
+
+std::size_t FlatCableList::size() const
+{
+    const MO_Port* port = checkedPort();
+    if (m_snapshot)
+        return m_snapshot->size();
+    std::vector<MO_Port*> ports;
+    port->realDstPorts(ports);
+    return ports.size();
+}
+
+Obj FlatCableList::get(int index) const
+{
+    const MO_Port* port = checkedPort();
+    std::vector<MO_Port*> ports;
+    if (!m_snapshot)
+        port->realDstPorts(ports);
+    const auto place = static_cast<std::size_t>(index);
+    if (index < 0 || place >= (m_snapshot ? m_snapshot->size() : ports.size()))
+        throw Exception(tr("Cable index is out of range."));
+    return cableTo(m_snapshot ? (*m_snapshot)[place].findPort() : ports[place]);
+}
+
+void FlatCableList::set(int, const Obj&)
+{
+    throw Exception(tr("Flat Cable lists cannot be set."));
+}
+
+std::vector<Obj> FlatCableList::list() const
+{
+    std::vector<Obj> cables;
+    for (const MO_Port* end : destinations())
+        cables.push_back(cableTo(end));
+    return cables;
+}
+
+bool FlatCableList::contains(const Obj& object) const
+{
+    return leadsTo(destinations(), object, tr("Cable lists can only check for existing nodes or ports."));
+}
+
+Obj FlatCableList::operator()(const QString& index) const
+{
+    return atText(*this, index);
+}
+
+void FlatCableList::validate() const
+{
+    if (!m_port)
+        throwInvalid();
+    m_port->getNode();
+}
+
+MO_Port* FlatCableList::checkedPort() const
+{
+    validate();
+    return portOf(*m_port);
+}
+
+std::vector<MO_Port*> FlatCableList::destinations() const
+{
+    const MO_Port* port = checkedPort();
+    std::vector<MO_Port*> ends;
+    if (!m_snapshot) {
+        port->realDstPorts(ends);
+        return ends;
+    }
+    ends.reserve(m_snapshot->size());
+    for (const InPort& end : *m_snapshot)
+        ends.push_back(end.findPort());
+    return ends;
+}
+
+Obj FlatCableList::cableTo(const MO_Port* port) const
+{
+    if (!port || !port->node())
+        throw Exception(tr("An unexpected error has occurred."));
+    return cable<FlatCable>(m_port.get(), port);
+}
+
+} // namespace OMC

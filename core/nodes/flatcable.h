@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/frame/obj.h"
+
+#include <memory>
+
+namespace OMC {
+
+class CableEnds;
+class InPort;
+class OutPort;
+
+/// A real connection through groups, read-only: from the out-port whose picture or movement arrives at the in-port.
+///
+/// It is valid while the in-port's real source is the out-port.
+class BRINDLE_CORE_EXPORT FlatCable : public BaseObject {
+    Q_OBJECT
+    Q_PROPERTY(OMC::Obj source READ getSource)
+    Q_PROPERTY(OMC::Obj source_node READ getSourceNode)
+    Q_PROPERTY(OMC::Obj destination READ getDestination)
+    Q_PROPERTY(OMC::Obj destination_node READ getDestinationNode)
+
+public:
+    /// Copies both ports; null gives a cable that is never valid.
+    FlatCable(const OutPort* source, const InPort* destination);
+    FlatCable(const FlatCable& other);
+    ~FlatCable() override;
+
+    BaseObject* copy() const override;
+    /// "Cable(%1, %2, %3, %4)": path and port id of the source, then of the destination.
+    std::string __str__() const override;
+
+    Obj getSource() const;
+    Obj getSourceNode() const;
+    Obj getDestination() const;
+    Obj getDestinationNode() const;
+
+protected:
+    void validate() const override;
+
+private:
+    std::unique_ptr<CableEnds> m_ends;
+};
+
+} // namespace OMC
