@@ -23,9 +23,9 @@ enum OwnershipType_e : quint32 {
 
 /// Root of everything that a script can touch.
 ///
-/// A wrapper of an engine object holds a weak handle in a private record, checks it in `validate()` at the start of each
-/// operation, and never owns the engine object. Properties are Qt properties; `getAttr` and `setAttr` serve them by name.
-/// Failures are OMC::Exception. An object belongs to one thread at a time; neither it nor Obj locks anything.
+/// A wrapper of an engine object holds a weak handle in a private record, checks it in `validate()` at the start of
+/// each operation, and never owns the engine object. Properties are Qt properties; `getAttr` and `setAttr` serve them
+/// by name. Failures are OMC::Exception. An object belongs to one thread at a time; neither it nor Obj locks anything.
 class BRINDLE_CORE_EXPORT BaseObject : public QObject {
     Q_OBJECT
 

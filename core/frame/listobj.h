@@ -7,8 +7,8 @@
 
 namespace OMC {
 
-/// Base of the lists of objects. It holds no items: a concrete list asks its engine owner at each call. What a list does
-/// not override is empty, or refused.
+/// Base of the lists of objects. It holds no items: a concrete list asks its engine owner at each call. What a list
+/// does not override is empty, or refused.
 class BRINDLE_CORE_EXPORT ListObj : public BaseObject {
     Q_OBJECT
 

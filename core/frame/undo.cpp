@@ -22,9 +22,9 @@ void run(CO_CommandManager& manager, CO_Command* command, const QString& label, 
 }
 
 Scope::Scope(CO_CommandManager& manager, const QString& label)
-    : m_scope(&manager, label, nullptr, CO_CommandAccumScope::kDefault), m_exceptions(std::uncaught_exceptions())
-{
-}
+    : m_scope(&manager, label, nullptr, CO_CommandAccumScope::kDefault),
+      m_exceptions(std::uncaught_exceptions())
+{}
 
 Scope::~Scope()
 {

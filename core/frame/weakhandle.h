@@ -10,7 +10,10 @@ namespace OMC {
 template <typename Target>
 class WeakHandle {
 public:
-    explicit WeakHandle(Target* target = nullptr) : m_pointer(std::make_unique<UT_SharedWeakPtrBase>()) { assign(target); }
+    explicit WeakHandle(Target* target = nullptr) : m_pointer(std::make_unique<UT_SharedWeakPtrBase>())
+    {
+        assign(target);
+    }
     WeakHandle(const WeakHandle& other) : m_pointer(std::make_unique<UT_SharedWeakPtrBase>(*other.m_pointer)) {}
     WeakHandle& operator=(const WeakHandle& other)
     {

@@ -12,8 +12,8 @@ class SC_ProjectCommon;
 
 namespace OMC {
 
-/// The undo list of a project: its names, undo and redo by count, and a bracket that makes one entry of all that is done
-/// between `begin` and `end`.
+/// The undo list of a project: its names, undo and redo by count, and a bracket that makes one entry of all that is
+/// done between `begin` and `end`.
 ///
 /// The bracket belongs to the process and not to the wrapper: `begin` on one and `end` on another match. It stays open
 /// until `end`, `cancel`, or the next use of a History whose project is gone.
@@ -34,8 +34,8 @@ public:
     BaseObject* copy() const override;
     std::string __str__() const override;
 
-    virtual std::size_t size() const;            ///< Entries that can be undone.
-    virtual std::size_t getSizeTotal() const;    ///< Entries that can be undone or done again.
+    virtual std::size_t size() const;         ///< Entries that can be undone.
+    virtual std::size_t getSizeTotal() const; ///< Entries that can be undone or done again.
     virtual std::size_t getSizeUnexecuted() const;
     virtual std::size_t getSizeExecuted() const;
     virtual std::size_t getSizeMax() const;

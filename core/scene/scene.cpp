@@ -43,8 +43,8 @@ void Scene::setFramerate(double framesPerSecond)
         throwInvalid();
     if (!std::isfinite(framesPerSecond))
         throwInvalidArgument(0);
-    undo::run(*manager, new SC_SceneCmds::SetFrameRateCmd(common, UT_FrameRate(framesPerSecond)),
-              tr("Set Frame Rate"), tr("Failed to set the frame rate."));
+    undo::run(*manager, new SC_SceneCmds::SetFrameRateCmd(common, UT_FrameRate(framesPerSecond)), tr("Set Frame Rate"),
+              tr("Failed to set the frame rate."));
 }
 
 double Scene::getFramerate() const

@@ -64,9 +64,10 @@ TEST(ApplicationTest, EachKindOfMessageGoesToTheLogAsItIs)
 TEST(ApplicationTest, ALevelIsReadInAnyCaseOfLetters)
 {
     const std::tuple<const char*, const char*> rows[] = {
-        {"error", "Error: m\n"}, {"ERROR", "Error: m\n"}, {"eRRor", "Error: m\n"}, {"debug", "Debug: m\n"},
-        {"Debug", "Debug: m\n"}, {"errors", "m\n"},       {"debugging", "m\n"},    {"info", "m\n"},
-        {"", "m\n"},             {" error", "m\n"},
+        {"error", "Error: m\n"}, {"ERROR", "Error: m\n"}, {"eRRor", "Error: m\n"},
+        {"debug", "Debug: m\n"}, {"Debug", "Debug: m\n"}, {"errors", "m\n"},
+        {"debugging", "m\n"},    {"info", "m\n"},         {"", "m\n"},
+        {" error", "m\n"},
     };
     TestApplication application(nullptr);
     for (const auto& [level, line] : rows) {
@@ -98,7 +99,8 @@ TEST(ApplicationTest, PendingEventsAreRun)
 {
     TestApplication application(nullptr);
     int ran = 0;
-    QMetaObject::invokeMethod(&application, [&] { ++ran; }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &application, [&] { ++ran; }, Qt::QueuedConnection);
     EXPECT_EQ(ran, 0);
     application.processOneEvent();
     EXPECT_EQ(ran, 1);

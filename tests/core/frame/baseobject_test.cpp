@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <QList>
+#include <QMetaProperty>
 #include <QVariant>
 
 #include <memory>
@@ -230,6 +231,22 @@ TEST(BaseObjectTest, WritingAReadOnlyPropertyFails)
     EXPECT_FALSE(found);
 }
 
+TEST(BaseObjectTest, APropertyThatWasFoundBeforeIsReadAndWrittenTheSameWay)
+{
+    Sample sample;
+    const auto property = [](const char* name) {
+        const QMetaObject& meta = Sample::staticMetaObject;
+        return meta.property(meta.indexOfProperty(name));
+    };
+    sample.writeProperty(property("number"), QStringLiteral("7"));
+    EXPECT_EQ(sample.readProperty(property("number")), QVariant(7));
+    EXPECT_EQ(failureOf([&] { sample.readProperty(property("secret")); }), "Property is write-only.");
+    EXPECT_EQ(failureOf([&] { sample.readProperty(property("nothing")); }), "Failed to read the property.");
+    EXPECT_EQ(failureOf([&] { sample.writeProperty(property("text"), 1); }), "Property is read-only.");
+    EXPECT_EQ(failureOf([&] { sample.writeProperty(property("number"), QStringLiteral("seven")); }),
+              "Failed to write the property (Argument Type QString)");
+}
+
 TEST(BaseObjectTest, AListingHasTheNamesFromTheBaseClassDown)
 {
     bool extendNative = false;
@@ -244,9 +261,9 @@ TEST(BaseObjectTest, AListingHasTheNamesFromTheBaseClassDown)
 TEST(BaseObjectTest, AccessorNamesAreFilteredByTheirBeginning)
 {
     const std::tuple<std::string, bool> rows[] = {
-        {"get_", false},      {"set_", false},      {"get_value", false}, {"set_value", false},
-        {"get_inverse", false}, {"value", true},    {"forget_it", true},  {"reset_all", true},
-        {"get", true},        {"Get_value", true},  {"", true},           {"_get_", true},
+        {"get_", false},        {"set_", false},     {"get_value", false}, {"set_value", false},
+        {"get_inverse", false}, {"value", true},     {"forget_it", true},  {"reset_all", true},
+        {"get", true},          {"Get_value", true}, {"", true},           {"_get_", true},
     };
     const OMC::BaseObject object;
     for (auto [name, shown] : rows)
@@ -297,8 +314,14 @@ TEST(BaseObjectTest, AValueClassIsFoundInsideTheVariantOnceItIsRegistered)
 TEST(BaseObjectTest, WhatIsNoObjectGivesNull)
 {
     const QVariant rows[] = {
-        QVariant(),          QVariant(5),        QVariant(1.5), QVariant(QStringLiteral("Top")), QVariant(true),
-        QVariant(QVariantList{1}), QVariant(QVariantMap()), QVariant::fromValue(nullptr),
+        QVariant(),
+        QVariant(5),
+        QVariant(1.5),
+        QVariant(QStringLiteral("Top")),
+        QVariant(true),
+        QVariant(QVariantList{1}),
+        QVariant(QVariantMap()),
+        QVariant::fromValue(nullptr),
     };
     for (const QVariant& value : rows)
         EXPECT_EQ(OMC::BaseObject::QVariantToPointer(value), nullptr) << value.typeId();

@@ -291,6 +291,19 @@ TEST_F(ObjTest, AHandleTravelsInAVariantByValue)
     EXPECT_EQ(CountedObject::alive, 1);
 }
 
+TEST_F(ObjTest, AHandleIsMovedIntoAVariantWithoutAClone)
+{
+    auto* object = new CountedObject;
+    {
+        const QVariant carrying = OMC::toVariant(Obj(object));
+        ASSERT_EQ(carrying.metaType(), QMetaType::fromType<Obj>());
+        EXPECT_EQ(OMC::BaseObject::QVariantToPointer(carrying), object);
+        EXPECT_EQ(object->getOwnership(), OMC::OwnedByHandle);
+        EXPECT_EQ(CountedObject::copies, 0);
+    }
+    EXPECT_EQ(OMC::BaseObject::QVariantToPointer(OMC::toVariant(Obj())), nullptr);
+}
+
 TEST_F(ObjTest, ObjectInGivesNullForAnotherClassAndForAnEmptyHandle)
 {
     EXPECT_EQ(OMC::objectIn<CountedObject>(Obj()), nullptr);

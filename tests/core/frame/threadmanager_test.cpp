@@ -20,8 +20,7 @@ namespace {
 
 using OMC::ThreadManager;
 
-const char* const lockedOut =
-    "Unable to access Object Model from another thread -- application must be locked.";
+const char* const lockedOut = "Unable to access Object Model from another thread -- application must be locked.";
 const char* const noLock = "Thread failed to get Application Lock.";
 const char* const passes = "no exception";
 
@@ -91,7 +90,9 @@ protected:
         std::promise<void> taken;
         std::future<void> done = taken.get_future();
         m_waiting.emplace_back([taken = std::move(taken)]() mutable {
-            { const PL_AppLock::AppLock heldShortly; }
+            {
+                const PL_AppLock::AppLock heldShortly;
+            }
             taken.set_value();
         });
         return done.wait_for(std::chrono::milliseconds(200)) == std::future_status::ready;

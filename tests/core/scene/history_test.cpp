@@ -48,7 +48,10 @@ class HistoryTest : public ProjectTest {
 protected:
     HistoryTest() : history(projectCommon()) {}
     // A bracket belongs to the process: none is left to the next test.
-    ~HistoryTest() override { failureOf([] { History(nullptr).size(); }); }
+    ~HistoryTest() override
+    {
+        failureOf([] { History(nullptr).size(); });
+    }
 
     void add(const char* label) { manager().execute(new AddCommand(number), QString::fromLatin1(label)); }
     QVariant attribute(const char* name)
@@ -251,7 +254,8 @@ TEST_F(HistoryTest, AnEmptyBracketLeavesNoEntry)
 
 TEST_F(HistoryTest, TheNameOfABracketIsTakenAsItIs)
 {
-    for (const QString& name : {QString(), QStringLiteral("Größe — 大"), QStringLiteral("%1 %n"), QString(5000, u'x')}) {
+    for (const QString& name :
+         {QString(), QStringLiteral("Größe — 大"), QStringLiteral("%1 %n"), QString(5000, u'x')}) {
         history.begin(name);
         EXPECT_EQ(history.getCurrent(), name);
         add("step");
@@ -392,8 +396,7 @@ TEST_F(HistoryTest, AFailureOfTheEngineWhileTheBracketEndsIsReplaced)
     StandInProjectCommon project;
     project.commands = &broken;
     History(&project).begin(QStringLiteral("A"));
-    EXPECT_EQ(failureOf([] { History(nullptr).size(); }),
-              "Unknown exception has occurred. Object no longer valid.");
+    EXPECT_EQ(failureOf([] { History(nullptr).size(); }), "Unknown exception has occurred. Object no longer valid.");
     EXPECT_EQ(history.getCurrent(), QStringLiteral("NONE"));
 }
 

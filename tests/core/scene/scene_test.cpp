@@ -77,8 +77,11 @@ TEST_F(SceneTest, ThePropertiesStandInTheirOrder)
 TEST_F(SceneTest, PropertiesAreReadByName)
 {
     const std::pair<const char*, QVariant> rows[] = {
-        {"name", QStringLiteral("Scene-1")}, {"framerate", 24.0}, {"frame_count", 60},
-        {"frame_start", 1},                  {"frame_stop", 60},
+        {"name", QStringLiteral("Scene-1")},
+        {"framerate", 24.0},
+        {"frame_count", 60},
+        {"frame_start", 1},
+        {"frame_stop", 60},
     };
     for (const auto& [name, value] : rows) {
         bool found = false;

@@ -263,8 +263,8 @@ TEST_F(ManyScenesTest, WithoutAPartOfTheSessionTheListIsInvalid)
     const OMC::Obj dead(new OMC::Scene(nullptr));
     const auto failures = [&] {
         return std::vector<std::string>{
-            failureOf([&] { list.size(); }),   failureOf([&] { list.get(0); }),
-            failureOf([&] { list.list(); }),   failureOf([&] { list(QStringLiteral("Day")); }),
+            failureOf([&] { list.size(); }),     failureOf([&] { list.get(0); }),
+            failureOf([&] { list.list(); }),     failureOf([&] { list(QStringLiteral("Day")); }),
             failureOf([&] { list.__iter__(); }), failureOf([&] { list.contains(dead); }),
         };
     };

@@ -24,7 +24,7 @@ public:
     ~OpenProject();
 
     SC_SessionContext& session() const { return *m_session; }
-    SC_Project* project() const;             ///< Null once it is closed, as are the next three.
+    SC_Project* project() const; ///< Null once it is closed, as are the next three.
     SC_ProjectCommon* projectCommon() const;
     TUScene* scene() const; ///< The project's first scene.
     SC_SceneCommon* sceneCommon() const;
