@@ -1,0 +1,74 @@
+#include "engine/session/changemanager.h"
+
+#include "tests/engine/support/memoryproject.h"
+
+namespace {
+
+class CountingObserver final : public engine::SceneObserver {
+public:
+    void sceneChanged() override
+    {
+        ++scenes;
+        if (leaves)
+            leaves->removeObserver(*this);
+    }
+    void nodeChanged(MO_Node& node) override { nodes.append(node.instanceName()); }
+
+    int scenes = 0;
+    QStringList nodes;
+    engine::ChangeManager* leaves = nullptr; ///< Left at the first call.
+};
+
+class ChangeManagerTest : public GraphTest {
+protected:
+    void SetUp() override { scene().changes().addObserver(observer); }
+    void TearDown() override { scene().changes().removeObserver(observer); }
+
+    CountingObserver observer;
+};
+
+} // namespace
+
+TEST_F(ChangeManagerTest, EveryChangeCountsAndIsTold)
+{
+    const auto revision = scene().changes().revision();
+    MO_Node* peg = add("PEG", "Peg");
+    EXPECT_EQ(observer.scenes, 1);
+    run(new tu_node::SetXYCmd(peg, 1, 2));
+    EXPECT_EQ(observer.nodes, QStringList("Peg"));
+    undo();
+    EXPECT_EQ(observer.nodes.size(), 2);
+    peg->setDirty();
+    EXPECT_EQ(observer.nodes.size(), 3);
+    scene().changes().emitNodeChanged(nullptr);
+    EXPECT_EQ(scene().changes().revision(), revision + 4);
+}
+
+TEST_F(ChangeManagerTest, WhatChangedWhileAnnouncingWasDisabledIsToldAsOneChange)
+{
+    auto& changes = scene().changes();
+    EXPECT_TRUE(changes.isNotifyEnabled());
+    changes.setNotifyEnabled(false);
+    EXPECT_FALSE(changes.isNotifyEnabled());
+    const auto revision = changes.revision();
+    changes.notify();
+    changes.emitNodeChanged(node("Top/Display"));
+    EXPECT_EQ(observer.scenes, 0);
+    EXPECT_EQ(changes.revision(), revision + 2);
+    changes.setNotifyEnabled(true);
+    EXPECT_EQ(observer.scenes, 1);
+    changes.setNotifyEnabled(true);
+    EXPECT_EQ(observer.scenes, 1);
+}
+
+TEST_F(ChangeManagerTest, AnObserverMayLeaveWhileItIsTold)
+{
+    auto& changes = scene().changes();
+    CountingObserver leaver;
+    leaver.leaves = &changes;
+    changes.addObserver(leaver);
+    changes.notify();
+    changes.notify();
+    EXPECT_EQ(leaver.scenes, 1);
+    EXPECT_EQ(observer.scenes, 2);
+}
