@@ -4,6 +4,7 @@
 #include "service/python/values.h"
 
 #include <limits>
+#include <optional>
 
 namespace brindle::python {
 
@@ -17,6 +18,21 @@ PyObject* readAs(OMC::BaseObject* object, const Property& property)
     void* slots[] = {&value, nullptr, &status};
     object->qt_metacall(QMetaObject::ReadProperty, property.meta.propertyIndex(), slots);
     return toPython(std::move(value));
+}
+
+/// An object, read into a handle that is kept from read to read: making one is a third of what an object costs.
+PyObject* readObject(OMC::BaseObject* object, const Property& property)
+{
+    static std::optional<OMC::Obj> handle(std::in_place);
+    int status = -1;
+    void* slots[] = {&*handle, nullptr, &status};
+    object->qt_metacall(QMetaObject::ReadProperty, property.meta.propertyIndex(), slots);
+    if (!handle->hasRealOwner())
+        return toPython(std::move(*handle));
+    // A borrowed object would stay in the handle, in the way of the next one.
+    OMC::BaseObject* copy = handle->get()->copy();
+    handle.emplace();
+    return toPython(copy);
 }
 
 PyObject* readVariant(OMC::BaseObject* object, const Property& property)
@@ -33,7 +49,7 @@ struct PropertyType {
 const PropertyType& propertyType(const QMetaProperty& meta)
 {
     static const PropertyType entries[] = {
-        {QMetaType::fromType<OMC::Obj>().id(), "Any", &readAs<OMC::Obj>},
+        {QMetaType::fromType<OMC::Obj>().id(), "Any", &readObject},
         {QMetaType::Int, "int", &readAs<int>},
         {QMetaType::UInt, "int", &readAs<unsigned int>},
         {QMetaType::ULong, "int", &readAs<unsigned long>},

@@ -208,7 +208,7 @@ PyObject* toPython(const QVariant& value)
         break;
     }
     if (value.typeId() == QMetaType::fromType<std::vector<OMC::Obj>>().id())
-        return toPython(*static_cast<const std::vector<OMC::Obj>*>(value.constData()));
+        return toPython(std::vector<OMC::Obj>(*static_cast<const std::vector<OMC::Obj>*>(value.constData())));
     const QObject* object = OMC::BaseObject::QVariantToPointer(value);
     if (auto* known = dynamic_cast<OMC::BaseObject*>(const_cast<QObject*>(object))) {
         // A fresh object in a plain pointer is the receiver's; everything else is copied out of the variant.
@@ -219,6 +219,13 @@ PyObject* toPython(const QVariant& value)
     if (object == nullptr && (value.canConvert<QObject*>() || value.typeId() == QMetaType::fromType<OMC::Obj>().id()))
         Py_RETURN_NONE;
     throwTypeError("A value of type %s has no form in Python", value.typeName());
+}
+
+PyObject* toPython(QVariant&& value)
+{
+    if (value.typeId() == QMetaType::fromType<OMC::Obj>().id())
+        return toPython(std::move(*static_cast<OMC::Obj*>(value.data())));
+    return toPython(std::as_const(value));
 }
 
 PyObject* toPython(const QString& text)
@@ -249,9 +256,13 @@ PyObject* toPython(const std::string& text)
     return checked(PyUnicode_DecodeUTF8(text.data(), static_cast<Py_ssize_t>(text.size()), "replace"));
 }
 
-PyObject* toPython(const std::vector<OMC::Obj>& objects)
+PyObject* toPython(std::vector<OMC::Obj>&& objects)
 {
-    return listOf(objects);
+    Ref list(checked(PyList_New(static_cast<Py_ssize_t>(objects.size()))));
+    Py_ssize_t index = 0;
+    for (OMC::Obj& object : objects)
+        PyList_SET_ITEM(list.get(), index++, toPython(std::move(object)));
+    return list.release();
 }
 
 PyObject* toPython(const QList<QVariant>& values)

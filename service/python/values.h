@@ -16,9 +16,10 @@ QVariant variantFrom(PyObject* value);
 QString stringFrom(PyObject* text); ///< Of a str; throws on one that is no Unicode text (lone surrogates).
 
 PyObject* toPython(const QVariant& value);
+PyObject* toPython(QVariant&& value); ///< Takes an object out of the variant, where the other one copies it.
 PyObject* toPython(const QString& text);
 PyObject* toPython(const std::string& text);
-PyObject* toPython(const std::vector<OMC::Obj>& objects);
+PyObject* toPython(std::vector<OMC::Obj>&& objects);
 PyObject* toPython(const QList<QVariant>& values);
 PyObject* toPython(const QStringList& texts);
 PyObject* toPython(const QList<int>& numbers);

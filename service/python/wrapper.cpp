@@ -16,7 +16,7 @@ std::unordered_map<const QMetaObject*, TypeEntry>& typesByClass()
 
 } // namespace
 
-PyObject* toPython(OMC::Obj handle)
+PyObject* toPython(OMC::Obj&& handle)
 {
     OMC::BaseObject* object = handle.get();
     if (!object)

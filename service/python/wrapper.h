@@ -23,7 +23,7 @@ struct Wrapper {
 
 /// A new reference to a new Python object that takes the object out of the handle; None for an empty handle. An object
 /// that is borrowed comes as a copy: it has an owner already.
-PyObject* toPython(OMC::Obj handle);
+PyObject* toPython(OMC::Obj&& handle);
 
 /// Whether the value is an object of this module.
 bool isWrapper(PyObject* value);
