@@ -68,7 +68,7 @@ TEST_F(NodeCoordinatesTest, ACoordinateIsSetInOneUndoableStep)
         EXPECT_TRUE(found);
         EXPECT_EQ(coordinates.getAttr(row.property, found), QVariant(50));
         expectAt(row.x, row.y, row.z);
-        EXPECT_EQ(labels(), before + QStringList(QLatin1String(row.label)));
+        EXPECT_EQ(labels(), before + QStringList{QString::fromLatin1(row.label)});
         undo();
         expectAt(1, 2, 3);
         EXPECT_EQ(labels(), before);

@@ -79,7 +79,8 @@ TEST_F(NodeTest, ItsTextTakesAnyName)
 TEST_F(NodeTest, ItsAttributesAreThoseOfTheNode)
 {
     const auto peg = ::wrapped(add(QStringLiteral("PEG"), QStringLiteral("Peg")));
-    const auto* attributes = readAs<OMC::AttributeList>(read(*peg, "attributes"));
+    const QVariant value = read(*peg, "attributes");
+    const auto* attributes = readAs<OMC::AttributeList>(value);
     ASSERT_NE(attributes, nullptr);
     EXPECT_TRUE(attributes->contains(QStringLiteral("position.x")));
 }
@@ -101,7 +102,8 @@ TEST_F(NodeTest, ThePortModeDecidesTheClassOfItsPortLists)
     const auto classOf = [](Node& node, const char* property) -> std::string {
         bool found = false;
         try {
-            return OMC::objectFrom<OMC::BaseObject>(node.getAttr(property, found))->metaObject()->className();
+            const QVariant value = node.getAttr(property, found);
+            return OMC::objectFrom<OMC::BaseObject>(value)->metaObject()->className();
         } catch (const OMC::Exception& exception) {
             return exception.what();
         }
