@@ -17,9 +17,11 @@ void announce(const Port& port)
 class LinkCommand final : public CO_Command {
 public:
     LinkCommand(MO_Node* inNode, unsigned int inIndex, MO_Node* outNode, unsigned int outIndex)
-        : m_inNode(engineNode(inNode)), m_outNode(engineNode(outNode)), m_inIndex(inIndex), m_outIndex(outIndex)
-    {
-    }
+        : m_inNode(engineNode(inNode)),
+          m_outNode(engineNode(outNode)),
+          m_inIndex(inIndex),
+          m_outIndex(outIndex)
+    {}
 
     Status execute() override
     {
@@ -45,9 +47,10 @@ private:
 class UnlinkCommand final : public CO_Command {
 public:
     UnlinkCommand(MO_Node* node, PortSide side, unsigned int index)
-        : m_node(engineNode(node)), m_side(side), m_index(index)
-    {
-    }
+        : m_node(engineNode(node)),
+          m_side(side),
+          m_index(index)
+    {}
 
     Status execute() override
     {
@@ -122,17 +125,14 @@ namespace tu_node {
 
 LinkCmd::LinkCmd(MO_Node* inNode, unsigned int inIndex, MO_Node* outNode, unsigned int outIndex, MO_Port*)
     : CO_EngineCommand(std::make_unique<engine::LinkCommand>(inNode, inIndex, outNode, outIndex))
-{
-}
+{}
 
 UnlinkInPortFromOutsideCmd::UnlinkInPortFromOutsideCmd(MO_Node* node, unsigned int index)
     : CO_EngineCommand(std::make_unique<engine::UnlinkCommand>(node, engine::PortSide::In, index))
-{
-}
+{}
 
 UnlinkOutPortFromOutsideCmd::UnlinkOutPortFromOutsideCmd(MO_Node* node, unsigned int index)
     : CO_EngineCommand(std::make_unique<engine::UnlinkCommand>(node, engine::PortSide::Out, index))
-{
-}
+{}
 
 } // namespace tu_node

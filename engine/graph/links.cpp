@@ -11,7 +11,9 @@ class CircleWalk {
 public:
     /// `side` In goes against the flow, Out with it.
     CircleWalk(const Node& from, PortSide side, const Node& wanted)
-        : m_side(side), m_wanted(wanted), m_mark(nextWalkMark())
+        : m_side(side),
+          m_wanted(wanted),
+          m_mark(nextWalkMark())
     {
         visit(from);
     }

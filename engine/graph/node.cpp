@@ -27,7 +27,8 @@ Node::Node(const NodeType& type, MO_Node& host) : m_type(type), m_host(host), m_
     for (int i = 0; i < type.inPortCount; ++i)
         insertPort(PortSide::In, m_inPorts.size(), std::make_unique<Port>(type.inPorts[static_cast<std::size_t>(i)]));
     for (int i = 0; i < type.outPortCount; ++i)
-        insertPort(PortSide::Out, m_outPorts.size(), std::make_unique<Port>(type.outPorts[static_cast<std::size_t>(i)]));
+        insertPort(PortSide::Out, m_outPorts.size(),
+                   std::make_unique<Port>(type.outPorts[static_cast<std::size_t>(i)]));
 }
 
 Node::~Node() = default;

@@ -38,7 +38,7 @@ public:
 
     MO_Node& host() const { return m_host; }
     const NodeType& type() const { return m_type; }
-    Group* asGroup() const; ///< The node as a group, or null.
+    Group* asGroup() const;                           ///< The node as a group, or null.
     std::uint64_t serial() const { return m_serial; } ///< Grows in the order in which nodes are made.
 
     Group* parent() const { return m_parent; }

@@ -14,9 +14,9 @@ class NodeValueCommand final : public CO_Command {
 public:
     /// `merge` makes the new value from the node's present one.
     template <typename Merge>
-    NodeValueCommand(MO_Node* node, Merge merge) : m_node(engineNode(node)), m_merge(merge)
-    {
-    }
+    NodeValueCommand(MO_Node* node, Merge merge) : m_node(engineNode(node)),
+                                                   m_merge(merge)
+    {}
 
     Status execute() override
     {
@@ -184,28 +184,24 @@ SetXYCmd::SetXYCmd(MO_Node* node, int x, int y)
     : CO_EngineCommand(std::make_unique<engine::PositionCommand>(node, [x, y](const engine::NodePosition& before) {
           return engine::NodePosition{x, y, before.z};
       }))
-{
-}
+{}
 
 SetXYZCmd::SetXYZCmd(MO_Node* node, int x, int y, int z)
-    : CO_EngineCommand(std::make_unique<engine::PositionCommand>(
-          node, [x, y, z](const engine::NodePosition&) { return engine::NodePosition{x, y, z}; }))
-{
-}
+    : CO_EngineCommand(std::make_unique<engine::PositionCommand>(node, [x, y, z](const engine::NodePosition&) {
+          return engine::NodePosition{x, y, z};
+      }))
+{}
 
 SetInstanceNameCmd::SetInstanceNameCmd(MO_Node* node, const QString& name)
     : CO_EngineCommand(std::make_unique<engine::RenameNodeCommand>(node, name))
-{
-}
+{}
 
 EnabledNodeCmd::EnabledNodeCmd(MO_Node* node, bool enabled)
     : CO_EngineCommand(std::make_unique<engine::EnabledCommand>(node, [enabled](bool) { return enabled; }))
-{
-}
+{}
 
 AddSubNodeCmd::AddSubNodeCmd(TUGroup* group, MO_Node* node)
     : CO_EngineCommand(std::make_unique<engine::AddSubNodeCommand>(group, node))
-{
-}
+{}
 
 } // namespace tu_node

@@ -9,10 +9,9 @@ constexpr PortSpec matte{PortKind::Image, true};
 constexpr PortSpec peg{PortKind::Peg, false};
 
 constexpr NodeType groupType{u"GROUP", u"Group", NodeClass::Group, MO_DynamicPorts};
-constexpr NodeType multiPortInType{u"MULTIPORT_IN", u"Multi-Port-In", NodeClass::MultiPortIn,
-                                   MO_DynamicOutPortsOnly};
-constexpr NodeType multiPortOutType{u"MULTIPORT_OUT", u"Multi-Port-Out", NodeClass::MultiPortOut,
-                                    MO_DynamicInPortsOnly, true};
+constexpr NodeType multiPortInType{u"MULTIPORT_IN", u"Multi-Port-In", NodeClass::MultiPortIn, MO_DynamicOutPortsOnly};
+constexpr NodeType multiPortOutType{u"MULTIPORT_OUT", u"Multi-Port-Out", NodeClass::MultiPortOut, MO_DynamicInPortsOnly,
+                                    true};
 
 constexpr std::array nodeTypes{
     NodeType{u"READ", u"Drawing", NodeClass::Element, MO_FixedPorts, false, false, 1, {peg}, 1, {image}},
@@ -38,8 +37,8 @@ QStringView portKindName(PortKind kind)
 
 const NodeType* findNodeType(QStringView name)
 {
-    const auto found = std::find_if(nodeTypes.begin(), nodeTypes.end(),
-                                    [name](const NodeType& type) { return type.name == name; });
+    const auto found =
+        std::find_if(nodeTypes.begin(), nodeTypes.end(), [name](const NodeType& type) { return type.name == name; });
     return found == nodeTypes.end() ? nullptr : &*found;
 }
 

@@ -27,9 +27,9 @@ struct NodeType {
     QStringView defaultName; ///< The name of a node that is given none.
     NodeClass nodeClass = NodeClass::Module;
     MO_PortMode portMode = MO_FixedPorts;
-    bool makesInPorts = false; ///< Has a command of its own for a new in-port (MO_AutoInPortsModule).
+    bool makesInPorts = false;   ///< Has a command of its own for a new in-port (MO_AutoInPortsModule).
     bool imagePortsOnly = false; ///< Refuses ports of another kind.
-    int inPortCount = 0;       ///< Ports of a new node.
+    int inPortCount = 0;         ///< Ports of a new node.
     std::array<PortSpec, 2> inPorts = {};
     int outPortCount = 0;
     std::array<PortSpec, 1> outPorts = {};

@@ -46,7 +46,7 @@ public:
 
     PortKind kind() const { return m_spec.kind; }
     PortSide side() const { return m_side; }
-    Node* owner() const { return m_owner; } ///< Null while the port is on no node.
+    Node* owner() const { return m_owner; }       ///< Null while the port is on no node.
     std::size_t place() const { return m_place; } ///< On its side of its node.
     Port* source() const { return m_source; }
     std::size_t destinationCount() const { return m_destinations.size(); }

@@ -34,8 +34,8 @@ public:
     Status execute() override
     {
         Node* node = m_place.node;
-        if (!node || !node->graph() || !m_port || !node->takesPort(m_place.side, *m_port)
-            || m_place.index > node->portCount(m_place.side))
+        if (!node || !node->graph() || !m_port || !node->takesPort(m_place.side, *m_port) ||
+            m_place.index > node->portCount(m_place.side))
             return kFail;
         const PortPlace facing = m_place.facing();
         if (facing.node && !m_facing)
@@ -118,25 +118,19 @@ std::unique_ptr<CO_Command> newInPortCommand(Node& node, unsigned int index)
 namespace tu_node {
 
 AddInPortCmd::AddInPortCmd(MO_Node* node, unsigned int index, std::unique_ptr<MO_Port> port)
-    : CO_EngineCommand(
-          std::make_unique<engine::AddPortCommand>(node, engine::PortSide::In, index, std::move(port)))
-{
-}
+    : CO_EngineCommand(std::make_unique<engine::AddPortCommand>(node, engine::PortSide::In, index, std::move(port)))
+{}
 
 AddOutPortCmd::AddOutPortCmd(MO_Node* node, unsigned int index, std::unique_ptr<MO_Port> port)
-    : CO_EngineCommand(
-          std::make_unique<engine::AddPortCommand>(node, engine::PortSide::Out, index, std::move(port)))
-{
-}
+    : CO_EngineCommand(std::make_unique<engine::AddPortCommand>(node, engine::PortSide::Out, index, std::move(port)))
+{}
 
 DeleteInPortCmd::DeleteInPortCmd(MO_Node* node, unsigned int index)
     : CO_EngineCommand(std::make_unique<engine::DeletePortCommand>(node, engine::PortSide::In, index))
-{
-}
+{}
 
 DeleteOutPortCmd::DeleteOutPortCmd(MO_Node* node, unsigned int index)
     : CO_EngineCommand(std::make_unique<engine::DeletePortCommand>(node, engine::PortSide::Out, index))
-{
-}
+{}
 
 } // namespace tu_node

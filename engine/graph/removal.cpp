@@ -20,9 +20,10 @@ namespace {
 class TakeNodes final : public CO_Command {
 public:
     TakeNodes(SceneGraph& graph, Group& group, std::vector<Node*> nodes)
-        : m_graph(graph), m_group(group), m_nodes(std::move(nodes))
-    {
-    }
+        : m_graph(graph),
+          m_group(group),
+          m_nodes(std::move(nodes))
+    {}
 
     Status execute() override
     {
@@ -94,7 +95,10 @@ bool canBridge(const Port& out, const Port& in)
 
 RemoveNodes::RemoveNodes(SceneGraph& graph, ColumnList& columns, const std::vector<Node*>& nodes,
                          const SU_CleanUpCommands::DeleteStrategy& strategy, bool bridge)
-    : m_graph(graph), m_columns(columns), m_strategy(strategy), m_bridge(bridge)
+    : m_graph(graph),
+      m_columns(columns),
+      m_strategy(strategy),
+      m_bridge(bridge)
 {
     findTopNodes(nodes);
 }

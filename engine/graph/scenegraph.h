@@ -38,8 +38,8 @@ public:
     /// The name that a node gets in a group.
     QString freeName(const QString& name, const Group& group) const;
 
-    void announceStructure() const;                 ///< Nodes, links or ports came or went.
-    void announceNode(MO_Node& node) const;         ///< A value of the node changed.
+    void announceStructure() const;         ///< Nodes, links or ports came or went.
+    void announceNode(MO_Node& node) const; ///< A value of the node changed.
 
 private:
     void enter(Node& top);

@@ -81,7 +81,7 @@ private:
 
     Group& m_group;
     std::vector<Node*> m_nodes;
-    std::vector<MO_Node*> m_hosts; ///< The same nodes, as the host lists them; owned.
+    std::vector<MO_Node*> m_hosts;      ///< The same nodes, as the host lists them; owned.
     QHash<QStringView, Node*> m_byName; ///< Keys are the nodes' own names.
     mutable std::unordered_map<QString, Numbers, Hash, std::equal_to<>> m_numbers;
 };

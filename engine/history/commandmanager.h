@@ -81,13 +81,13 @@ private:
     void popScope();
 
     std::deque<Entry> m_entries;
-    std::size_t m_done = 0;          ///< The entries before this place are done, those behind it undone.
-    std::uint64_t m_forgotten = 0;   ///< Entries that left the list at its beginning.
+    std::size_t m_done = 0;        ///< The entries before this place are done, those behind it undone.
+    std::uint64_t m_forgotten = 0; ///< Entries that left the list at its beginning.
     std::size_t m_maxSize = defaultHistoryMaxSize;
-    std::vector<Scope> m_scopes;     ///< Outermost first.
-    std::size_t m_pending = 0;       ///< Commands of all open scopes.
+    std::vector<Scope> m_scopes; ///< Outermost first.
+    std::size_t m_pending = 0;   ///< Commands of all open scopes.
     std::optional<Place> m_saved = Place();
-    bool m_stepping = false;         ///< An entry is being undone or redone.
+    bool m_stepping = false; ///< An entry is being undone or redone.
 };
 
 } // namespace engine

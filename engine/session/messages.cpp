@@ -28,5 +28,4 @@ MSG_Scope::MSG_Scope(const QString& message, Action action)
 
 MSG_Scope::MSG_Scope(const char* context, const char* message, Action action, int)
     : MSG_Scope(QString::fromUtf8(context) + ": " + QString::fromUtf8(message), action)
-{
-}
+{}

@@ -13,9 +13,13 @@ bool SceneTiming::isValid() const
 }
 
 Scene::Scene(ProjectCommon& project, const SC_Id& id, const QString& name, const SceneTiming& timing)
-    : m_project(project), m_id(id), m_name(name), m_timing(timing), m_columns(*this), m_graph(*this)
-{
-}
+    : m_project(project),
+      m_id(id),
+      m_name(name),
+      m_timing(timing),
+      m_columns(*this),
+      m_graph(*this)
+{}
 
 Scene::~Scene()
 {

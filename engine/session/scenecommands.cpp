@@ -111,7 +111,9 @@ private:
 class AddColumnCommand final : public CO_Command {
 public:
     AddColumnCommand(SC_SceneCommon* scene, TUTimedValue* column, int position, int viewPosition)
-        : m_scene(engineScene(scene)), m_column(column), m_position(position < 0 ? viewPosition : position)
+        : m_scene(engineScene(scene)),
+          m_column(column),
+          m_position(position < 0 ? viewPosition : position)
     {
         // A column that is in a scene already is not this command's to take.
         if (column && !column->sceneCommon())
@@ -158,12 +160,10 @@ namespace SC_SceneCmds {
 
 SetFrameRateCmd::SetFrameRateCmd(SC_SceneCommon* scene, const UT_FrameRate& rate)
     : CO_EngineCommand(std::make_unique<engine::FrameRateCommand>(scene, rate.fps()))
-{
-}
+{}
 
 AddTimedValueCmd::AddTimedValueCmd(SC_SceneCommon* scene, TUTimedValue* timedValue, int position, int viewPosition)
     : CO_EngineCommand(std::make_unique<engine::AddColumnCommand>(scene, timedValue, position, viewPosition))
-{
-}
+{}
 
 } // namespace SC_SceneCmds

@@ -100,10 +100,17 @@ TEST_F(NodeTypeTest, GroupsAndUnknownTypesAreNotMadeByType)
 TEST_F(NodeTypeTest, ANodeIsVisitedAsWhatItIs)
 {
     const std::pair<const char*, const char*> kinds[] = {
-        {"READ", "element"},     {"PEG", "peg"},         {"CAMERA", "camera"},
-        {"DISPLAY", "display"},  {"COMPOSITE", "module"}, {"WRITE", "module"},
-        {"BLUR", "module"},      {"CUTTER", "module"},    {"COLOR_CARD", "module"},
-        {"MULTIPORT_IN", "multi-port-in"}, {"MULTIPORT_OUT", "multi-port-out"},
+        {"READ", "element"},
+        {"PEG", "peg"},
+        {"CAMERA", "camera"},
+        {"DISPLAY", "display"},
+        {"COMPOSITE", "module"},
+        {"WRITE", "module"},
+        {"BLUR", "module"},
+        {"CUTTER", "module"},
+        {"COLOR_CARD", "module"},
+        {"MULTIPORT_IN", "multi-port-in"},
+        {"MULTIPORT_OUT", "multi-port-out"},
     };
     for (const auto& [type, kind] : kinds) {
         KindVisitor visitor;

@@ -57,14 +57,17 @@ public:
         }
     }
 
-    unsigned int pick(unsigned int count) { return std::uniform_int_distribution<unsigned int>(0, count - 1)(m_random); }
+    unsigned int pick(unsigned int count)
+    {
+        return std::uniform_int_distribution<unsigned int>(0, count - 1)(m_random);
+    }
 
 private:
     int number() { return static_cast<int>(pick(80)) - 20; }
     QString type()
     {
-        static const char* const types[] = {"PEG",   "READ",         "COMPOSITE",     "GROUP", "GROUP", "BLUR",
-                                            "CUTTER", "MULTIPORT_IN", "MULTIPORT_OUT", "DISPLAY"};
+        static const char* const types[] = {"PEG",  "READ",   "COMPOSITE",    "GROUP",         "GROUP",
+                                            "BLUR", "CUTTER", "MULTIPORT_IN", "MULTIPORT_OUT", "DISPLAY"};
         return types[pick(std::size(types))];
     }
     QString name()

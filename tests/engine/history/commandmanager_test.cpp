@@ -57,7 +57,10 @@ private:
 
 class CommandManagerTest : public testing::Test {
 protected:
-    bool set(int value, const QString& label = QStringLiteral("Set")) { return manager->execute(new SetNumber(number, value), label); }
+    bool set(int value, const QString& label = QStringLiteral("Set"))
+    {
+        return manager->execute(new SetNumber(number, value), label);
+    }
     QStringList done() const { return manager->collectExecutedNames(); }
     QStringList undone() const { return manager->collectUnexecutedNames(); }
 

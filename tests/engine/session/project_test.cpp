@@ -48,8 +48,8 @@ TEST(EngineProjectTest, ASceneWithATimingThatCantBeIsNotMade)
 {
     engine::Project project("/never/on/disk");
     const engine::SceneRecord records[] = {
-        {"S", 0, 1, 1, 24}, {"S", 10, 0, 10, 24}, {"S", 10, 1, 11, 24}, {"S", 10, 5, 4, 24}, {"S", 10, 1, 10, 0},
-        {"S", 1'000'001, 1, 10, 24},
+        {"S", 0, 1, 1, 24},  {"S", 10, 0, 10, 24}, {"S", 10, 1, 11, 24},
+        {"S", 10, 5, 4, 24}, {"S", 10, 1, 10, 0},  {"S", 1'000'001, 1, 10, 24},
     };
     for (const auto& record : records)
         EXPECT_EQ(project.addScene(record), nullptr);

@@ -24,7 +24,8 @@ protected:
     }
     bool rename(const QString& name)
     {
-        return history()->execute(new tu_node::SetInstanceNameCmd(scene()->getRootGroup()->subNode(0u), name), "Rename");
+        return history()->execute(new tu_node::SetInstanceNameCmd(scene()->getRootGroup()->subNode(0u), name),
+                                  "Rename");
     }
 
     QTemporaryDir m_folder;

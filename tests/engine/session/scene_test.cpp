@@ -47,7 +47,7 @@ TEST_F(SceneTest, FramesAreInsertedAndRemovedUndoably)
         int at, delta;
         Frames after;
     } const changes[] = {
-        {60, 10, {70, 1, 70}}, {0, 5, {65, 1, 65}},   {30, 1, {61, 1, 61}},  {60, -10, {50, 1, 50}},
+        {60, 10, {70, 1, 70}}, {0, 5, {65, 1, 65}},    {30, 1, {61, 1, 61}}, {60, -10, {50, 1, 50}},
         {0, -59, {1, 1, 1}},   {50, -10, {50, 1, 50}}, {60, -59, {1, 1, 1}},
     };
     for (const auto& [at, delta, after] : changes) {
@@ -67,7 +67,7 @@ TEST_F(SceneTest, AChangeThatTheSceneCantTakeIsLeftOut)
 {
     constexpr int most = std::numeric_limits<int>::max();
     const std::pair<int, int> changes[] = {
-        {60, 0},  {-1, 5},  {61, 5},      {60, -60},          {0, -60},      {55, -6},
+        {60, 0},  {-1, 5},  {61, 5},       {60, -60},  {0, -60},        {55, -6},
         {-1, -1}, {61, -1}, {60, 999'941}, {60, most}, {60, -most - 1}, {most, most},
     };
     for (const auto& [at, delta] : changes) {

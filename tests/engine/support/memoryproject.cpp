@@ -10,7 +10,8 @@ QString end(const MO_Port* port)
         return QStringLiteral("-");
     const MO_Node* node = port->node();
     const int in = node->inPortId(port);
-    return node->qualifiedName() + (in >= 0 ? QStringLiteral("<%1").arg(in) : QStringLiteral(">%1").arg(node->outPortId(port)));
+    return node->qualifiedName() +
+           (in >= 0 ? QStringLiteral("<%1").arg(in) : QStringLiteral(">%1").arg(node->outPortId(port)));
 }
 
 void dumpPort(QTextStream& out, const char* side, const MO_Port& port)
@@ -83,8 +84,8 @@ QString MemoryProject::dump()
     top()->getRecursiveSubNodeList(nodes);
     nodes.insert(nodes.begin(), top());
     for (const MO_Node* node : nodes) {
-        out << node->qualifiedName() << ' ' << node->typeName() << ' ' << node->x() << ',' << node->y() << ',' << node->z()
-            << (node->isEnabled() ? "" : " off") << '\n';
+        out << node->qualifiedName() << ' ' << node->typeName() << ' ' << node->x() << ',' << node->y() << ','
+            << node->z() << (node->isEnabled() ? "" : " off") << '\n';
         for (unsigned int i = 0; i < node->nInPorts(); ++i)
             dumpPort(out, "in", *node->inPort(i));
         for (unsigned int i = 0; i < node->nOutPorts(); ++i)
