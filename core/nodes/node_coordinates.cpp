@@ -55,9 +55,9 @@ int Node_Coordinates::getY() const
 void Node_Coordinates::setZ(int z)
 {
     MO_Node& node = this->node();
-    undo::run(undo::manager(node.sceneCommon(), tr("An unexpected error occurred.")),
-              new tu_node::SetXYZCmd(&node, node.x(), node.y(), z), tr("Set Z position of ") + node.instanceName(),
-              tr("Failed to set the node's position."));
+    CO_CommandManager& manager = undo::manager(node.sceneCommon(), tr("An unexpected error occurred."));
+    undo::run(manager, new tu_node::SetXYZCmd(&node, node.x(), node.y(), z),
+              tr("Set Z position of ") + node.instanceName(), tr("Failed to set the node's position."));
 }
 
 int Node_Coordinates::getZ() const
