@@ -66,42 +66,50 @@ void SubNodes::append(std::unique_ptr<MO_Node> host, Node& node)
 std::vector<std::unique_ptr<MO_Node>> SubNodes::take(const std::vector<Node*>& nodes)
 {
     std::vector<std::unique_ptr<MO_Node>> taken;
+    std::vector<std::size_t> places;
     taken.reserve(nodes.size());
-    std::size_t kept = nodes.empty() ? m_nodes.size() : placeOf(*nodes.front());
-    for (std::size_t place = kept; place < m_nodes.size(); ++place) {
-        if (taken.size() < nodes.size() && m_nodes[place] == nodes[taken.size()]) {
-            unindex(*m_nodes[place]);
-            taken.emplace_back(m_hosts[place]);
-            continue;
-        }
-        m_nodes[kept] = m_nodes[place];
-        m_hosts[kept] = m_hosts[place];
-        ++kept;
+    places.reserve(nodes.size() + 1);
+    for (Node* node : nodes) {
+        places.push_back(placeOf(*node));
+        taken.emplace_back(m_hosts[places.back()]);
+        unindex(*node);
     }
-    m_nodes.resize(kept);
-    m_hosts.resize(kept);
+    places.push_back(m_nodes.size());
+
+    // What stays between two that go moves as one block.
+    for (std::size_t gone = 1; gone < places.size(); ++gone) {
+        const auto first = static_cast<std::ptrdiff_t>(places[gone - 1] + 1);
+        const auto last = static_cast<std::ptrdiff_t>(places[gone]);
+        const auto to = first - static_cast<std::ptrdiff_t>(gone);
+        std::copy(m_nodes.begin() + first, m_nodes.begin() + last, m_nodes.begin() + to);
+        std::copy(m_hosts.begin() + first, m_hosts.begin() + last, m_hosts.begin() + to);
+    }
+    m_nodes.resize(m_nodes.size() - nodes.size());
+    m_hosts.resize(m_nodes.size());
     return taken;
 }
 
 void SubNodes::putBack(std::vector<std::unique_ptr<MO_Node>> hosts, const std::vector<Node*>& nodes)
 {
-    // From the end, so that every node moves once, straight to its place.
-    std::size_t from = m_nodes.size();
-    std::size_t to = from + nodes.size();
-    m_nodes.resize(to);
-    m_hosts.resize(to);
-    for (std::size_t left = nodes.size(); left > 0;) {
-        --to;
-        if (from > 0 && m_nodes[from - 1]->m_order > nodes[left - 1]->m_order) {
-            --from;
-            m_nodes[to] = m_nodes[from];
-            m_hosts[to] = m_hosts[from];
-            continue;
-        }
-        --left;
-        m_nodes[to] = nodes[left];
-        m_hosts[to] = hosts[left].release();
-        index(*nodes[left]);
+    std::vector<std::size_t> places;
+    places.reserve(nodes.size());
+    for (const Node* node : nodes)
+        places.push_back(placeOf(*node));
+
+    // From the end, so that what stood between two moves as one block, straight to its place.
+    std::size_t end = m_nodes.size();
+    m_nodes.resize(end + nodes.size());
+    m_hosts.resize(m_nodes.size());
+    for (std::size_t left = nodes.size(); left > 0; --left) {
+        const auto first = static_cast<std::ptrdiff_t>(places[left - 1]);
+        const auto last = static_cast<std::ptrdiff_t>(end);
+        const auto to = last + static_cast<std::ptrdiff_t>(left);
+        std::copy_backward(m_nodes.begin() + first, m_nodes.begin() + last, m_nodes.begin() + to);
+        std::copy_backward(m_hosts.begin() + first, m_hosts.begin() + last, m_hosts.begin() + to);
+        end = places[left - 1];
+        m_nodes[end + left - 1] = nodes[left - 1];
+        m_hosts[end + left - 1] = hosts[left - 1].release();
+        index(*nodes[left - 1]);
     }
 }
 

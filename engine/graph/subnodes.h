@@ -37,7 +37,7 @@ public:
 
     /// Adds a node of a free name behind the others.
     void append(std::unique_ptr<MO_Node> host, Node& node);
-    /// Takes nodes out that are in the list, given in its order: one pass, whatever their number.
+    /// Takes nodes out that are in the list, given in its order, in one pass.
     std::vector<std::unique_ptr<MO_Node>> take(const std::vector<Node*>& nodes);
     /// Puts back what `take` gave, to where it was.
     void putBack(std::vector<std::unique_ptr<MO_Node>> hosts, const std::vector<Node*>& nodes);
