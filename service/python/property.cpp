@@ -68,15 +68,23 @@ const PropertyType& propertyType(const QMetaProperty& meta)
     return other;
 }
 
-/// A number that an int property would cut short must not get as far as Qt's conversion.
-void refuseCutNumber(const QMetaProperty& meta, const QVariant& value)
+[[noreturn]] void refuseValue(const char* type)
 {
+    throw OMC::Exception(OMC::BaseObject::tr("Failed to write the property (Argument Type %1)").arg(type));
+}
+
+/// Stops what Qt's conversion would change without a word: None where a value belongs, which Qt takes for a default, and
+/// a number that an int property would cut short.
+void refuseLossyValue(const QMetaProperty& meta, const QVariant& value)
+{
+    if (!value.isValid() && meta.typeId() != QMetaType::QVariant)
+        refuseValue(QMetaType::fromType<std::nullptr_t>().name());
     const bool wide = value.typeId() == QMetaType::LongLong || value.typeId() == QMetaType::Double;
     if (meta.typeId() != QMetaType::Int || !wide)
         return;
     const double number = value.toDouble();
     if (!(number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max()))
-        throw OMC::Exception(OMC::BaseObject::tr("Failed to write the property (Argument Type %1)").arg(value.typeName()));
+        refuseValue(value.typeName());
 }
 
 void write(PyObject* self, const Property& property, PyObject* value)
@@ -84,7 +92,7 @@ void write(PyObject* self, const Property& property, PyObject* value)
     OMC::BaseObject* object = objectOf(self);
     const QVariant variant = variantFrom(value);
     if (property.meta.isWritable())
-        refuseCutNumber(property.meta, variant);
+        refuseLossyValue(property.meta, variant);
     object->writeProperty(property.meta, variant);
 }
 
