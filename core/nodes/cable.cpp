@@ -45,8 +45,7 @@ Obj linkHalf(PortT& port, const BaseObject& other, const QString& failure)
 
 Cable::Cable(const OutPort* source, const InPort* destination)
     : m_ends(std::make_unique<CableEnds>(source, destination))
-{
-}
+{}
 
 Cable::Cable(const Cable& other) : BaseObject(other), m_ends(std::make_unique<CableEnds>(*other.m_ends)) {}
 

@@ -30,9 +30,9 @@ Obj nodeOf(const Port& end, const QMetaObject& texts)
 } // namespace
 
 CableEnds::CableEnds(const OutPort* source, const InPort* destination)
-    : m_source(ownCopy(source)), m_destination(ownCopy(destination))
-{
-}
+    : m_source(ownCopy(source)),
+      m_destination(ownCopy(destination))
+{}
 
 CableEnds::CableEnds(const CableEnds& other) : CableEnds(other.m_source.get(), other.m_destination.get()) {}
 

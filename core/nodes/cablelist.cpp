@@ -40,9 +40,8 @@ bool leadsTo(const Ports& ports, const Obj& object, const QString& failure)
 {
     if (const auto* node = objectIn<Node>(object)) {
         const MO_Node* target = node->getNode();
-        return target && std::any_of(ports.begin(), ports.end(), [target](const MO_Port* port) {
-            return port && port->node() == target;
-        });
+        return target && std::any_of(ports.begin(), ports.end(),
+                                     [target](const MO_Port* port) { return port && port->node() == target; });
     }
     if (const auto* port = objectIn<Port>(object)) {
         const MO_Port* target = port->findPort();
@@ -71,9 +70,11 @@ Obj cable(const OutPort* source, const MO_Port* destination)
 CableList::CableList(const OutPort* port) : m_port(ownCopy(port)) {}
 
 CableList::CableList(const CableList& other)
-    : ListObj(other), IterableObj(other), m_port(ownCopy(other.m_port.get())), m_cursor(other.m_cursor)
-{
-}
+    : ListObj(other),
+      IterableObj(other),
+      m_port(ownCopy(other.m_port.get())),
+      m_cursor(other.m_cursor)
+{}
 
 CableList::~CableList() = default;
 
@@ -176,10 +177,12 @@ MO_Port* CableList::checkedPort() const
 FlatCableList::FlatCableList(const OutPort* port) : m_port(ownCopy(port)) {}
 
 FlatCableList::FlatCableList(const FlatCableList& other)
-    : ListObj(other), IterableObj(other), m_port(ownCopy(other.m_port.get())), m_cursor(other.m_cursor),
+    : ListObj(other),
+      IterableObj(other),
+      m_port(ownCopy(other.m_port.get())),
+      m_cursor(other.m_cursor),
       m_snapshot(other.m_snapshot)
-{
-}
+{}
 
 FlatCableList::~FlatCableList() = default;
 

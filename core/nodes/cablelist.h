@@ -17,7 +17,8 @@ class OutPort;
 
 /// The cables of an out-port, in the order of linking.
 ///
-/// It holds a copy of the port's wrapper and asks the engine at each call: a loop that cuts cables sees the list shrink.
+/// It holds a copy of the port's wrapper and asks the engine at each call: a loop that cuts cables sees the list
+/// shrink.
 class BRINDLE_CORE_EXPORT CableList : public ListObj, public IterableObj {
     Q_OBJECT
 

@@ -12,8 +12,7 @@ const CableEnds::View flat{&MO_Port::realSrcPort, FlatCable::staticMetaObject};
 
 FlatCable::FlatCable(const OutPort* source, const InPort* destination)
     : m_ends(std::make_unique<CableEnds>(source, destination))
-{
-}
+{}
 
 FlatCable::FlatCable(const FlatCable& other) : BaseObject(other), m_ends(std::make_unique<CableEnds>(*other.m_ends)) {}
 

@@ -64,17 +64,17 @@ void InPort::unlink()
 
 Obj InPort::getCable() const
 {
-    return cable(portOr(tr("Invalid port."))->srcPort(), this);
+    return cable(portOr(QT_TR_NOOP("Invalid port."))->srcPort(), this);
 }
 
 Obj InPort::getCableFlat() const
 {
-    return cable(portOr(tr("Invalid port."))->realSrcPort(), this);
+    return cable(portOr(QT_TR_NOOP("Invalid port."))->realSrcPort(), this);
 }
 
 QVariant InPort::getSrc() const
 {
-    return wrapped(portOr(tr("Unable to find the port."))->srcPort());
+    return wrapped(portOr(QT_TR_NOOP("Unable to find the port."))->srcPort());
 }
 
 void InPort::setSrc(const QVariant& value)
@@ -85,7 +85,7 @@ void InPort::setSrc(const QVariant& value)
 
 QVariant InPort::getSrcNode() const
 {
-    const MO_Port* source = portOr(tr("Unable to find the node."))->srcPort();
+    const MO_Port* source = portOr(QT_TR_NOOP("Unable to find the node."))->srcPort();
     return source ? toVariant(Obj(Node::getWrapped(source->node()))) : null();
 }
 
@@ -96,30 +96,30 @@ void InPort::setSrcNode(const QVariant& value)
 
 QVariant InPort::getSrcFlat() const
 {
-    return wrapped(portOr(tr("Unable to find the port."))->realSrcPort());
+    return wrapped(portOr(QT_TR_NOOP("Unable to find the port."))->realSrcPort());
 }
 
 QVariant InPort::getSrcNodeFlat() const
 {
-    const MO_Port* source = portOr(tr("Unable to find the node."))->realSrcPort();
+    const MO_Port* source = portOr(QT_TR_NOOP("Unable to find the node."))->realSrcPort();
     return source ? toVariant(Obj(Node::getWrapped(source->node()))) : null();
 }
 
 bool InPort::getLinked() const
 {
-    return portOr(tr("Unable to find the port."))->srcPort();
+    return portOr(QT_TR_NOOP("Unable to find the port."))->srcPort();
 }
 
 bool InPort::getMattePort() const
 {
-    return portOr(tr("Unable to find the port."))->isMattePort();
+    return portOr(QT_TR_NOOP("Unable to find the port."))->isMattePort();
 }
 
-MO_Port* InPort::portOr(const QString& failure) const
+MO_Port* InPort::portOr(const char* failure) const
 {
     MO_Port* port = getPort();
     if (!port)
-        throw Exception(failure);
+        throw Exception(tr(failure));
     return port;
 }
 

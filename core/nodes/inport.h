@@ -25,8 +25,8 @@ public:
 
     BaseObject* copy() const override;
 
-    /// Links the out-port that the value names (Port::QVariantToOutPort) to this port, in place of its source, and gives
-    /// the cable. Null and false leave the link as it is: `unlink` cuts it.
+    /// Links the out-port that the value names (Port::QVariantToOutPort) to this port, in place of its source, and
+    /// gives the cable. Null and false leave the link as it is: `unlink` cuts it.
     virtual Obj link(const QVariant& value);
     virtual void unlink();
 
@@ -43,7 +43,7 @@ public:
     bool getMattePort() const;
 
 private:
-    MO_Port* portOr(const QString& failure) const;
+    MO_Port* portOr(const char* failure) const; ///< The port; throws the sentence when there is none.
 };
 
 } // namespace OMC

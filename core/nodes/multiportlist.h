@@ -21,7 +21,7 @@ public:
     /// Make a port at a place, at the end, or before or behind another port. Empty when the node takes none or refuses.
     Obj create(unsigned int index, const QString& type = QString());
     Obj create(const QString& type = QString());
-    Obj create(const Obj& port, bool before, const QString& type = QString());
+    Obj create(const Obj& port, bool before, const QString& type);
 
     /// Cut the port's links and take it away.
     void remove(unsigned int index);

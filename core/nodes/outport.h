@@ -25,8 +25,8 @@ public:
 
     BaseObject* copy() const override;
 
-    /// Links this port to the in-port that the value names (Port::QVariantToInPort), in place of that port's source, and
-    /// gives the cable.
+    /// Links this port to the in-port that the value names (Port::QVariantToInPort), in place of that port's source,
+    /// and gives the cable.
     virtual Obj link(const QVariant& value);
     /// Cuts links: to an in-port, to a node, at a place in the list, or to the nodes of a name, path or list of these.
     virtual void unlink(const QVariant& value);

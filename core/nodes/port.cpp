@@ -57,9 +57,11 @@ Obj outsideFace(const MO_Node& inside, const PortSide& side, int place)
 } // namespace
 
 Port::Port(MO_Node* node, unsigned int id, bool isInPort)
-    : m_node(node), m_id(id), m_isInPort(isInPort), m_remembered(lookUp(node, id, isInPort))
-{
-}
+    : m_node(node),
+      m_id(id),
+      m_isInPort(isInPort),
+      m_remembered(lookUp(node, id, isInPort))
+{}
 
 BaseObject* Port::copy() const
 {

@@ -11,8 +11,9 @@ namespace OMC {
 
 /// A connection point of a node.
 ///
-/// The wrapper remembers the node weakly and the port by its id, which stays while the port's place on the node changes.
-/// It is bound to one engine port: it is invalid once its node is gone, or the id leads to another port or to none.
+/// The wrapper remembers the node weakly and the port by its id, which stays while the port's place on the node
+/// changes. It is bound to one engine port: it is invalid once its node is gone, or the id leads to another port or to
+/// none.
 class BRINDLE_CORE_EXPORT Port : public BaseObject {
     Q_OBJECT
     Q_PROPERTY(uint id READ getPortId)
@@ -49,7 +50,8 @@ public:
     /// The node that faces an in-port across the border of a group; empty for an out-port and away from a border. A
     /// group without an inside node for its in-ports gets one, as an undoable step.
     Obj getRelatedNode() const;
-    /// The same port seen from the other side of the border; empty away from a border. It, too, may make the inside node.
+    /// The same port seen from the other side of the border; empty away from a border. It, too, may make the inside
+    /// node.
     Obj getRelatedPort() const;
 
     /// The in-port that a script names: a port, a node, a path, or a list of a node or path and an index. Null with the

@@ -31,8 +31,8 @@ constexpr ArgumentRules inPortRules{
     QT_TRANSLATE_NOOP("OMC::Port", "Add in-port to the node."),
     QT_TRANSLATE_NOOP("OMC::Port", "Failed to create a new port on the input node."),
     [](MO_PortMode mode, bool indexGiven, bool createIfNeeded) {
-        return createIfNeeded && !indexGiven
-            && (mode == MO_DynamicInPorts || mode == MO_DynamicInPortsOnly || mode == MO_DynamicPorts);
+        return createIfNeeded && !indexGiven &&
+               (mode == MO_DynamicInPorts || mode == MO_DynamicInPortsOnly || mode == MO_DynamicPorts);
     },
     [](const GroupNode& group) { return group.getMultiPortIn(); },
     [](MO_Node* target, unsigned int index, std::unique_ptr<MO_Port> port) -> CO_Command* {
@@ -41,8 +41,7 @@ constexpr ArgumentRules inPortRules{
     true};
 
 constexpr ArgumentRules outPortRules{
-    outPortSide,
-    QT_TRANSLATE_NOOP("OMC::Port", "No out-port has been specified."),
+    outPortSide, QT_TRANSLATE_NOOP("OMC::Port", "No out-port has been specified."),
     QT_TRANSLATE_NOOP("OMC::Port", "Expected an out-port, but received an in-port."),
     QT_TRANSLATE_NOOP("OMC::Port", "Add out-port to the node."),
     QT_TRANSLATE_NOOP("OMC::Port", "Failed to create a new port on the output node."),

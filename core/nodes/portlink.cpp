@@ -19,8 +19,8 @@ Obj linkPort(const Port& port, const QVariant& value)
     const undo::Scope scope(manager, tr("Connecting ports."));
 
     QString error;
-    MO_Port* target = port.getIsInport() ? port.QVariantToOutPort(value, error, true)
-                                         : port.QVariantToInPort(value, error, true);
+    MO_Port* target =
+        port.getIsInport() ? port.QVariantToOutPort(value, error, true) : port.QVariantToInPort(value, error, true);
     if (!target)
         throw Exception(error);
     MO_Port* own = port.getPort();

@@ -35,8 +35,8 @@ public:
     using ListObj::get;
     Obj get(int index) const override;
     void set(int index, const Obj& object) override; ///< Always throws.
-    std::vector<Obj> list() const override; ///< An empty handle where the engine has no port.
-    virtual bool getDynamic() const;        ///< Whether ports can be made and removed.
+    std::vector<Obj> list() const override;          ///< An empty handle where the engine has no port.
+    virtual bool getDynamic() const;                 ///< Whether ports can be made and removed.
     /// The port at a place that is written as a text; empty for a text that is no number.
     virtual Obj operator()(const QString& index) const;
 

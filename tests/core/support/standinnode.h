@@ -134,8 +134,8 @@ private:
     }
     static MO_Port* withId(const Ports& ports, unsigned int id)
     {
-        const auto found = std::find_if(ports.begin(), ports.end(),
-                                        [id](const auto& port) { return port && port->id() == id; });
+        const auto found =
+            std::find_if(ports.begin(), ports.end(), [id](const auto& port) { return port && port->id() == id; });
         return found == ports.end() ? nullptr : found->get();
     }
     int placeOf(const Ports& ports, const MO_Port* port) const
