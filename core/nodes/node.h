@@ -12,10 +12,11 @@ namespace OMC {
 
 /// One node of a scene's graph.
 ///
-/// It holds a weak handle on the engine node and nothing else: every property is read from the engine at each access, so
-/// a renamed node keeps its wrappers. When the node goes (removed, undone, project closed), all its wrappers say "Node
-/// is no longer valid. Node may have been moved or deleted." from then on; only `valid` can still be asked. Any number
-/// of wrappers of one node may exist; none of them owns it. `getWrapped` makes the one whose class fits the node.
+/// It holds a weak handle on the engine node and nothing else: every property is read from the engine at each access,
+/// so a renamed node keeps its wrappers. When the node goes (removed, undone, project closed), all its wrappers say
+/// "Node is no longer valid. Node may have been moved or deleted." from then on; only `valid` can still be asked. Any
+/// number of wrappers of one node may exist; none of them owns it. `getWrapped` makes the one whose class fits the
+/// node.
 class BRINDLE_CORE_EXPORT Node : public BaseObject {
     Q_OBJECT
     Q_PROPERTY(OMC::Obj attributes READ getAttributes)

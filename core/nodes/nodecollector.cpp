@@ -68,8 +68,8 @@ bool NodeCollector::matches(const MO_Module& module) const
         return false;
     if (!m_path.isEmpty() && !anyMatches(m_path, module.qualifiedName()))
         return false;
-    return m_any.isEmpty() || anyMatches(m_any, module.typeName()) || anyMatches(m_any, module.instanceName())
-        || anyMatches(m_any, module.qualifiedName());
+    return m_any.isEmpty() || anyMatches(m_any, module.typeName()) || anyMatches(m_any, module.instanceName()) ||
+           anyMatches(m_any, module.qualifiedName());
 }
 
 } // namespace OMC

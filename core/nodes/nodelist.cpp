@@ -22,7 +22,8 @@ NodeList::NodeList(TUGroup* group) : NodeList()
     d->group.assign(group);
 }
 
-NodeList::NodeList(const NodeList& other) : ListObj(other), IterableObj(other), d(std::make_unique<Private>(*other.d)) {}
+NodeList::NodeList(const NodeList& other) : ListObj(other), IterableObj(other), d(std::make_unique<Private>(*other.d))
+{}
 
 NodeList::~NodeList() = default;
 
@@ -200,16 +201,16 @@ Obj NodeList::__iter__() const
         for (MO_Node* node : nodes)
             iteration.append(node);
     }
-    iteration.atEnd = iteration.mode == Private::GroupNodes ? iteration.liveGroup()->nSubNodes() == 0
-                                                            : iteration.nodes.isEmpty();
+    iteration.atEnd =
+        iteration.mode == Private::GroupNodes ? iteration.liveGroup()->nSubNodes() == 0 : iteration.nodes.isEmpty();
     return Obj(copy.release());
 }
 
 void NodeList::validate() const
 {
     validateThreadLock();
-    const bool valid = (d->mode == Private::SceneNodes && d->liveScene())
-        || (d->mode == Private::GroupNodes && d->liveGroup()) || d->mode == Private::Handles;
+    const bool valid = (d->mode == Private::SceneNodes && d->liveScene()) ||
+                       (d->mode == Private::GroupNodes && d->liveGroup()) || d->mode == Private::Handles;
     if (!valid)
         throwInvalid();
 }

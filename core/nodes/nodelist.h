@@ -17,9 +17,9 @@ namespace OMC {
 
 /// Nodes of a scene (all of them, at any depth), of a group (its direct sub-nodes), or a list filled by native code.
 ///
-/// The lists of a scene and of a group keep no members and ask the engine at each call; they go invalid with their scene
-/// or group. A loop over a scene's list goes over the nodes as they were when it began. A filled list holds weak handles,
-/// whose dead ones show as empty; before the first `addNode` it is invalid.
+/// The lists of a scene and of a group keep no members and ask the engine at each call; they go invalid with their
+/// scene or group. A loop over a scene's list goes over the nodes as they were when it began. A filled list holds weak
+/// handles, whose dead ones show as empty; before the first `addNode` it is invalid.
 class BRINDLE_CORE_EXPORT NodeList : public ListObj, public IterableObj {
     Q_OBJECT
 
@@ -34,26 +34,27 @@ public:
     std::string __str__() const override;
 
     std::size_t size() const override;
-    /// By path; in a group also relative to it, and by name; in a filled list by name or path. Empty when there is none.
+    /// By path; in a group also relative to it, and by name; in a filled list by name or path. Empty when there is
+    /// none.
     Obj get(const QString& name) const override;
-    Obj get(int index) const override; ///< Throws beyond either end.
+    Obj get(int index) const override;               ///< Throws beyond either end.
     void set(int index, const Obj& object) override; ///< Always refused.
     std::vector<Obj> list() const override;
     virtual bool contains(const QString& name) const;
     virtual Obj operator()(const QString& name) const;
 
-    /// The nodes, except groups, that a filter of regular expressions lets through. A text or a list of texts is searched
-    /// for in name, type and path; a map names them: {"type": ["^PEG$", "^READ$"], "name": "arm"}.
+    /// The nodes, except groups, that a filter of regular expressions lets through. A text or a list of texts is
+    /// searched for in name, type and path; a map names them: {"type": ["^PEG$", "^READ$"], "name": "arm"}.
     virtual std::vector<Obj> find(const QVariant& filter) const;
 
-    /// Makes a node in a group, which is given as a node, a path or an index of this list. An empty name lets the engine
-    /// choose one. Empty when the engine doesn't know the type.
+    /// Makes a node in a group, which is given as a node, a path or an index of this list. An empty name lets the
+    /// engine choose one. Empty when the engine doesn't know the type.
     virtual Obj create(const QString& type, const QVariant& group, const QString& name);
     /// Makes a node in the list's group (in a scene's list, the root group). A name with slashes is a path.
     virtual Obj create(const QString& type, const QString& name);
 
-    /// Removes nodes (any form of nodesFromQVariant); with `deleteTimedValues` also the columns that only they were linked
-    /// to, with `bridge` what they connected is connected.
+    /// Removes nodes (any form of nodesFromQVariant); with `deleteTimedValues` also the columns that only they were
+    /// linked to, with `bridge` what they connected is connected.
     void remove(const QVariant& nodes, bool deleteTimedValues = false, bool bridge = false);
 
     void addNode(MO_Node* node);
@@ -78,8 +79,8 @@ private:
     MO_Node* nodeAt(int index) const;
     template <typename Add>
     void forNodesIn(const QVariant& value, const Add& add) const;
-    MO_Node* addNodeHelper(SC_SceneCommon* scene, TUGroup* group, const QString& name, const QString& type, int x, int y,
-                           int z);
+    MO_Node* addNodeHelper(SC_SceneCommon* scene, TUGroup* group, const QString& name, const QString& type, int x,
+                           int y, int z);
     bool removeNodesHelper(const std::set<MO_Node*>& nodes, bool deleteTimedValues, bool bridge);
 
     struct Private;

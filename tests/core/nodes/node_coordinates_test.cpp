@@ -117,7 +117,7 @@ TEST_F(NodeCoordinatesTest, WithoutANodeEveryUseFails)
     close();
     for (Node_Coordinates* dead : {&coordinates, &nothing}) {
         const std::function<void()> uses[] = {
-            [&] { dead->getX(); },  [&] { dead->getY(); },  [&] { dead->getZ(); },     [&] { dead->setX(1); },
+            [&] { dead->getX(); },  [&] { dead->getY(); },  [&] { dead->getZ(); },          [&] { dead->setX(1); },
             [&] { dead->setY(1); }, [&] { dead->setZ(1); }, [&] { (void)dead->__str__(); },
         };
         for (const auto& use : uses)

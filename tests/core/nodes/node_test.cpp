@@ -53,8 +53,8 @@ TEST_F(NodeTest, ItsPropertiesComeInOneOrder)
 {
     bool extendNative = false;
     bool filter = false;
-    const std::vector<std::string> expected = {"objectName", "attributes", "ports_in", "ports_out", "name", "path",
-                                               "type",       "position",   "enabled",  "valid"};
+    const std::vector<std::string> expected = {"objectName", "attributes", "ports_in", "ports_out", "name",
+                                               "path",       "type",       "position", "enabled",   "valid"};
     EXPECT_EQ(wrapper->getDir(extendNative, filter), expected);
 }
 
@@ -324,7 +324,8 @@ TEST_F(NodeTest, WrappersOfOneNodeAreEqual)
 
 TEST_F(NodeTest, ACopyIsAWrapperOfTheSameClassAndNode)
 {
-    for (const QString& path : {QStringLiteral("Top/Composite"), QStringLiteral("Top/Display"), QStringLiteral("Top")}) {
+    for (const QString& path :
+         {QStringLiteral("Top/Composite"), QStringLiteral("Top/Display"), QStringLiteral("Top")}) {
         const auto original = wrapped(path);
         const std::unique_ptr<OMC::BaseObject> copy(original->copy());
         EXPECT_STREQ(copy->metaObject()->className(), original->metaObject()->className());
@@ -351,7 +352,9 @@ std::vector<std::function<void()>> usesOf(Node& node)
         [&] { node.setName(QStringLiteral("Name")); },
         [&] { (void)node.getPath(); },
         [&] { (void)node.getType(); },
-        [&] { node.setPosition(QVariantList{1, 2}); },
+        [&] {
+            node.setPosition(QVariantList{1, 2});
+        },
         [&] { node.setPosition(QVariant()); },
         [&] { node.getEnabled(); },
         [&] { node.setEnabled(false); },

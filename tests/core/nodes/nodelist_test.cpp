@@ -66,8 +66,8 @@ protected:
         return list;
     }();
 
-    const QString allPaths = QStringLiteral(
-        "Top/Display Top/Composite Top/Body Top/Body/Arm Top/Body/Arm/Hand Top/Body/Leg Top/Peg");
+    const QString allPaths =
+        QStringLiteral("Top/Display Top/Composite Top/Body Top/Body/Arm Top/Body/Arm/Hand Top/Body/Leg Top/Peg");
     const QString topPaths = QStringLiteral("Top/Display Top/Composite Top/Body Top/Peg");
     const QString bodyPaths = QStringLiteral("Top/Body/Arm Top/Body/Leg");
     const QString filledPaths = QStringLiteral("Top/Body/Leg Top/Body/Arm/Hand");
@@ -241,7 +241,8 @@ TEST_F(NodeListTest, ALoopOverNothingIsAtItsEnd)
     EXPECT_EQ(pathsOfLoop(empty), QString());
     EXPECT_EQ(empty.size(), 0u);
     EXPECT_TRUE(empty.list().empty());
-    for (const QString& path : {QStringLiteral("Top/Display"), QStringLiteral("Top/Composite"), QStringLiteral("Top/Peg")})
+    for (const QString& path :
+         {QStringLiteral("Top/Display"), QStringLiteral("Top/Composite"), QStringLiteral("Top/Peg")})
         removeNode(node(path));
     removeNode(body);
     removeNode(node(QStringLiteral("Top/Empty")));

@@ -18,9 +18,9 @@ TEST_F(PegNodeTest, TheNamesThatSetItsTransformationAreShown)
         std::string name;
         bool shown;
     } rows[] = {
-        {"set_pivot", true},       {"set_matrix", true},   {"set_translation", true}, {"set_rotation", true},
-        {"set_scale", true},       {"set_skew", true},     {"set_name", false},       {"get_name", false},
-        {"set_", false},           {"get_matrix", false},  {"matrix", true},          {"attributes", true},
+        {"set_pivot", true},      {"set_matrix", true},  {"set_translation", true}, {"set_rotation", true},
+        {"set_scale", true},      {"set_skew", true},    {"set_name", false},       {"get_name", false},
+        {"set_", false},          {"get_matrix", false}, {"matrix", true},          {"attributes", true},
         {"set_pivot_now", false},
     };
     for (const auto& row : rows) {
