@@ -4,7 +4,11 @@
 #include "engine/attributes/attributetext.h"
 #include "engine/curves/beziercolumn.h"
 
+#include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
+#include <type_traits>
 
 namespace engine {
 
@@ -78,6 +82,12 @@ bool isStorable(bool) { return true; }
 bool isStorable(int) { return true; }
 bool isStorable(double value) { return std::isfinite(value); }
 
+bool isSame(int one, int other) { return one == other; } // bools as well
+bool isSame(double one, double other)
+{
+    return std::bit_cast<std::uint64_t>(one) == std::bit_cast<std::uint64_t>(other);
+}
+
 template <typename Value>
 Value fromNumber(double number)
 {
@@ -125,7 +135,7 @@ bool NumberAttribute<Base>::setValue(double frame, Value given, bool constantSeg
     Column* column = m_socket.column();
     if (!column)
         return setLocalValue(given) || force;
-    if (!force && column->hasValues() && value(frame) == fromNumber<Value>(number))
+    if (!force && column->hasValues() && isSame(value(frame), fromNumber<Value>(number)))
         return false;
     return column->setValueAt(frame, number, constantSegment);
 }
@@ -136,7 +146,7 @@ bool NumberAttribute<Base>::setLocalValue(Value given)
     if (!isStorable(given))
         return false;
     const auto held = fromNumber<Value>(this->meta().read(static_cast<double>(given)));
-    if (held == m_local)
+    if (isSame(held, m_local))
         return false;
     m_local = held;
     return true;
@@ -213,7 +223,7 @@ bool EnumAttribute::setLocalValue(int value)
     return true;
 }
 
-QString EnumAttribute::text() const
+QString EnumAttribute::textAt(double) const
 {
     for (const auto& [value, text] : meta().spec().options) {
         if (value == m_local)
@@ -222,21 +232,13 @@ QString EnumAttribute::text() const
     return QString();
 }
 
-bool EnumAttribute::valueOf(const QString& text, int& value) const
-{
-    for (const auto& option : meta().spec().options) {
-        if (literalText(option.text) == text) {
-            value = option.value;
-            return true;
-        }
-    }
-    return false;
-}
-
 CO_Command* EnumAttribute::setTextCommand(double, const QString& text)
 {
-    int value = 0;
-    return valueOf(text, value) ? new SetLocal<EnumAttribute, int>(*this, value) : nullptr;
+    for (const auto& option : meta().spec().options) {
+        if (literalText(option.text) == text)
+            return new SetLocal<EnumAttribute, int>(*this, option.value);
+    }
+    return nullptr;
 }
 
 template <typename Base>

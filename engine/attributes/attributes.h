@@ -4,8 +4,6 @@
 #include "engine/attributes/attributemeta.h"
 #include "engine/curves/column.h"
 
-#include <QVariant>
-
 namespace engine {
 
 /// What the attributes of all kinds say of themselves; `Base` is the host class of the kind.
@@ -31,6 +29,7 @@ private:
 ///
 /// - A linked column that has keys gives the value at a frame; until it has, and without one, the local value holds. The
 ///   column is read as the attribute takes it (AttributeMeta::read): an int rounds it, a bool is true for all but 0.
+/// - A number is another one when any bit of it differs: 0 and -0 are two values.
 /// - A number beyond the minimum or maximum becomes the minimum or maximum, as a field of an editor does. NaN and
 ///   infinities are refused.
 /// - Setting a value at a frame of a linked attribute sets the key there, and makes one where there is none.
@@ -104,11 +103,8 @@ public:
     QMap<int, QString> options() const override;
     int localValue() const override { return m_local; }
     bool setLocalValue(int value); ///< False when the value is as before or no option's.
-    QString textAt(double) const override { return text(); }
+    QString textAt(double) const override; ///< Of the present option.
     CO_Command* setTextCommand(double frame, const QString& text) override;
-
-    QString text() const;                                   ///< Of the present option.
-    bool valueOf(const QString& text, int& value) const;    ///< False when no option has the text.
 
 private:
     int m_local;

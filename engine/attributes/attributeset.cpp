@@ -2,91 +2,10 @@
 
 #include "engine/attributes/attributes.h"
 
-#include <cmath>
 #include <cstddef>
 #include <new>
 
 namespace engine {
-
-const QString& AttributeLeaf::fullKeyword() const
-{
-    return m_meta->fullKeyword();
-}
-
-bool AttributeLeaf::isDefault() const
-{
-    const AttributeSpec& spec = m_meta->spec();
-    switch (m_meta->kind()) {
-    case AttributeKind::Bool:
-        return static_cast<BoolAttribute&>(*m_attr).localValue() == (spec.defaultValue != 0);
-    case AttributeKind::Int:
-        return static_cast<IntAttribute&>(*m_attr).localValue() == static_cast<int>(spec.defaultValue);
-    case AttributeKind::Double:
-        return static_cast<DoubleAttribute&>(*m_attr).localValue() == spec.defaultValue;
-    case AttributeKind::Enum:
-        return static_cast<EnumAttribute&>(*m_attr).localValue() == static_cast<int>(spec.defaultValue);
-    default:
-        return static_cast<TextAttribute&>(*m_attr).localValue() == literalText(spec.defaultText);
-    }
-}
-
-QVariant AttributeLeaf::localValue() const
-{
-    switch (m_meta->kind()) {
-    case AttributeKind::Bool:
-        return static_cast<BoolAttribute&>(*m_attr).localValue();
-    case AttributeKind::Int:
-        return static_cast<IntAttribute&>(*m_attr).localValue();
-    case AttributeKind::Double:
-        return static_cast<DoubleAttribute&>(*m_attr).localValue();
-    case AttributeKind::Enum:
-        return static_cast<EnumAttribute&>(*m_attr).text();
-    default:
-        return static_cast<TextAttribute&>(*m_attr).localValue();
-    }
-}
-
-bool AttributeLeaf::setLocalValue(const QVariant& value) const
-{
-    const int type = value.typeId();
-    switch (m_meta->kind()) {
-    case AttributeKind::Bool:
-        if (type != QMetaType::Bool)
-            return false;
-        static_cast<BoolAttribute&>(*m_attr).setLocalValue(value.toBool());
-        return true;
-    case AttributeKind::Int:
-        if (type != QMetaType::Int || m_meta->read(value.toInt()) != value.toInt())
-            return false;
-        static_cast<IntAttribute&>(*m_attr).setLocalValue(value.toInt());
-        return true;
-    case AttributeKind::Double: {
-        const double number = value.toDouble();
-        if ((type != QMetaType::Double && type != QMetaType::Int) || m_meta->read(number) != number)
-            return false;
-        static_cast<DoubleAttribute&>(*m_attr).setLocalValue(number);
-        return true;
-    }
-    case AttributeKind::Enum: {
-        auto& attribute = static_cast<EnumAttribute&>(*m_attr);
-        int option = 0;
-        if (type != QMetaType::QString || !attribute.valueOf(value.toString(), option))
-            return false;
-        attribute.setLocalValue(option);
-        return true;
-    }
-    default:
-        if (type != QMetaType::QString)
-            return false;
-        static_cast<TextAttribute&>(*m_attr).setLocalValue(value.toString());
-        return true;
-    }
-}
-
-Socket* AttributeLeaf::socket() const
-{
-    return static_cast<Socket*>(m_attr->socket());
-}
 
 struct AttributeSet::Private {
     const AttributeTable& table;
@@ -160,24 +79,6 @@ MO_Node::AttrIterator AttributeSet::begin() const
 MO_Node::AttrIterator AttributeSet::end() const
 {
     return d->attributes.get() + d->table.topCount;
-}
-
-std::vector<AttributeLeaf> AttributeSet::leaves() const
-{
-    std::vector<AttributeLeaf> leaves;
-    leaves.reserve(d->table.entries.size());
-    const auto add = [&](int index) {
-        const AttributeMeta& meta = *d->table.entries[index].meta;
-        if (!meta.isComplex())
-            leaves.emplace_back(*d->attributes[index], meta);
-    };
-    for (int index = 0; index < d->table.topCount; ++index) {
-        add(index);
-        const AttributeTable::Entry& entry = d->table.entries[index];
-        for (int member = 0; member < entry.memberCount; ++member)
-            add(entry.firstMember + member);
-    }
-    return leaves;
 }
 
 } // namespace engine
