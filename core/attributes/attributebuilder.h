@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <type_traits>
 
 /// How the commands that set one value at one frame are put together: the column and its key first, the value last.
@@ -37,28 +38,33 @@ CO_AndCommand* makeColumnCommand(T& attr, TUTimedValue*& column)
 /// The command that makes a key without changing the curve, or null for a column of a kind that has none.
 BRINDLE_CORE_EXPORT CO_Command* spliceCommand(TUTimedValue* column, double frame, bool constantSegment);
 
-/// Adds to a composite what sets a value at a frame.
+/// Adds to a composite what sets a value at a frame: all of its steps are done, or none.
 template <typename T>
 void addSetValue(CO_BaseOrCommand& commands, T& attr, double frame, const typename T::ValueType& value,
                  const SetValueOptions& options)
 {
     const TUTvSocket* socket = attr.socket();
     TUTimedValue* column = socket ? socket->linkedTimedValue() : nullptr;
+    auto steps = std::make_unique<CO_AndCommand>();
     if (column) {
         if (options.force || !(value == attr.value(frame)))
-            commands.add(spliceCommand(column, frame, options.constantSegment));
+            steps->add(spliceCommand(column, frame, options.constantSegment));
     } else if (socket && (options.force || !(value == attr.localValue()))) {
-        CO_AndCommand* make = makeColumnCommand(attr, column);
-        if (make && options.holdFirstFrame && frame != 1)
-            make->add(new SetValueCmd<T>(attr, 1, attr.localValue(), options.constantSegment, options.force));
-        commands.add(make);
+        steps->add(makeColumnCommand(attr, column));
+        if (column && options.holdFirstFrame && frame != 1)
+            steps->add(new SetValueCmd<T>(attr, 1, attr.localValue(), options.constantSegment, options.force));
     }
     if constexpr (std::is_arithmetic_v<typename T::ValueType>) {
         auto* curve = options.adjustColumn ? dynamic_cast<TUFnc2DTimedValue*>(column) : nullptr;
-        if (curve)
-            curve->adjustColumn(frame, static_cast<double>(value), commands);
+        if (curve) {
+            auto adjustments = std::make_unique<CO_OrCommand>(true);
+            curve->adjustColumn(frame, static_cast<double>(value), *adjustments);
+            if (adjustments->size() > 0)
+                steps->add(adjustments.release());
+        }
     }
-    commands.add(new SetValueCmd<T>(attr, frame, value, options.constantSegment, options.force));
+    steps->add(new SetValueCmd<T>(attr, frame, value, options.constantSegment, options.force));
+    commands.add(steps.release());
 }
 
 /// Adds an amount to an animated attribute over a range of frames, keys of its own included, and holds still what lies

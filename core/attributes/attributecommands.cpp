@@ -4,7 +4,24 @@
 #include "core/host/msg_scope.h"
 #include "core/host/sc_scene.h"
 
+#include <tuple>
+
 namespace tu_attr {
+
+namespace {
+
+auto fieldsOf(const BezierCtrlPt& point)
+{
+    return std::tie(point.value, point.leftX, point.leftY, point.rightX, point.rightY, point.constSegment,
+                    point.continuity);
+}
+
+bool sameCurve(const BezierCtrlPt& one, const BezierCtrlPt& other)
+{
+    return fieldsOf(one) == fieldsOf(other);
+}
+
+} // namespace
 
 void ValueKey::prepare(TUTimedValue* column, double frame)
 {
@@ -13,7 +30,8 @@ void ValueKey::prepare(TUTimedValue* column, double frame)
         return;
     m_frame = frame;
     m_bezier = dynamic_cast<TUBezierTimedValue*>(column);
-    if (m_bezier && m_bezier->pointAt(frame, m_points[0])) {
+    m_hadPoint = m_bezier && m_bezier->pointAt(frame, m_points[0]);
+    if (m_hadPoint) {
         m_count = 1;
     } else if (m_bezier) {
         m_count += m_bezier->pointBefore(frame, m_points[0]);
@@ -38,7 +56,20 @@ void ValueKey::erase()
 void ValueKey::restore()
 {
     for (int index = 0; index < m_count; ++index)
-        m_bezier->restorePoint(m_points[static_cast<std::size_t>(index)]);
+        restore(m_points[static_cast<std::size_t>(index)]);
+}
+
+void ValueKey::restore(const BezierCtrlPt& point)
+{
+    BezierCtrlPt present;
+    if (!m_bezier->pointAt(point.frame, present))
+        return;
+    if (present.constSegment != point.constSegment) {
+        tu_timedvalue::bezier::SetConstSegCmd(m_bezier, point.frame, point.constSegment).execute();
+        m_bezier->pointAt(point.frame, present);
+    }
+    if (!sameCurve(present, point))
+        m_bezier->restorePoint(point);
 }
 
 void setDirtyIfAsked(const AT_Attr& attr)

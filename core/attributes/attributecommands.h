@@ -6,7 +6,7 @@
 #include "core/host/tu_timedvalue.h"
 
 #include <array>
-#include <memory>
+#include <type_traits>
 #include <utility>
 
 /// Undoable changes of attribute values, for each kind of attribute that holds one. The attribute belongs to its node,
@@ -15,21 +15,26 @@ namespace tu_attr {
 
 /// The key of a bezier column that a new value goes to: made where none stands, and brought back as it was.
 ///
-/// Making a key and moving it touch the key and the two beside it; these are remembered whole, so that undoing doesn't
-/// depend on arithmetic running backwards.
+/// Making a key and moving it touch the key and the two beside it; these are remembered whole. What the column brings
+/// back itself is left as it is, the rest is written back, so that undoing doesn't hang on arithmetic running backwards.
 class BRINDLE_CORE_EXPORT ValueKey {
 public:
     /// Remembers the keys and makes one at the frame. A column without control points is left alone.
     void prepare(TUTimedValue* column, double frame);
     bool made() const { return m_made; } ///< Whether there was no key at the frame before.
     void erase();                        ///< Takes the key away that was made.
-    void restore();                      ///< Writes back what the remembered keys were.
+    void restore();                      ///< Brings the remembered keys back as they were.
+    /// The value of the key that stood at the frame before, or null.
+    const double* value() const { return m_hadPoint ? &m_points[0].value : nullptr; }
 
 private:
+    void restore(const BezierCtrlPt& point);
+
     AT_FncTimedValue* m_column = nullptr;
     TUBezierTimedValue* m_bezier = nullptr;
     std::array<BezierCtrlPt, 2> m_points;
     int m_count = 0;
+    bool m_hadPoint = false;
     double m_frame = 0;
     bool m_made = false;
 };
@@ -67,7 +72,7 @@ private:
 };
 
 /// Sets the value at a frame: of the linked column, with a key there, else the local value. Refused where the column is
-/// an expression.
+/// an expression, or can't have a key at the frame.
 template <typename T>
 class SetValueCmd final : public CO_Command {
 public:
@@ -90,7 +95,7 @@ public:
         m_key.prepare(column, m_frame);
         if (!m_attr.setValue(m_frame, m_value, m_constantSegment, m_force)) {
             m_key.erase();
-            return kNoop;
+            return column && m_force ? kFail : kNoop;
         }
         m_done = true;
         announce(column);
@@ -104,7 +109,7 @@ public:
         if (m_key.made())
             m_key.erase();
         else
-            m_attr.setValue(m_frame, m_previous, false, m_force);
+            m_attr.setValue(m_frame, previousOfKey(), false, m_force);
         m_key.restore();
         announce(linkedColumn());
         return kOk;
@@ -115,6 +120,15 @@ private:
     {
         const TUTvSocket* socket = m_attr.socket();
         return socket ? socket->linkedTimedValue() : nullptr;
+    }
+
+    /// The key may have another value than the column shows at its frame, where the column holds its values.
+    Value previousOfKey() const
+    {
+        if constexpr (std::is_same_v<Value, double>)
+            return m_key.value() ? *m_key.value() : m_previous;
+        else
+            return m_previous;
     }
 
     void announce(TUTimedValue* column) const

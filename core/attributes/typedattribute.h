@@ -5,8 +5,9 @@
 #include "core/frame/undo.h"
 #include "core/host/pr_preference.h"
 
-#include <algorithm>
+#include <cmath>
 #include <limits>
+#include <memory>
 
 /// What the attribute classes with a value do alike: each runs one command under its label and tells whether it was
 /// done.
@@ -48,10 +49,11 @@ void offsetValue(T& attr, const QVariant& range, const typename T::ValueType& de
     int end = 0;
     bool isRange = false;
     Attribute::deriveRangeQVariant(attr.sceneCommon(), range, start, end, isRange);
-    const auto length = static_cast<int>(
-        std::min<long long>(static_cast<long long>(end) - start, std::numeric_limits<int>::max()));
+    constexpr int longest = std::numeric_limits<int>::max();
+    if (isRange && static_cast<long long>(end) - start > longest)
+        start = end - longest;
     manager.execute(new tu_attr::OffsetValueAllFramesCmd<T>(attr, delta,
-                                                            isRange ? MO_FrameRange(start, 0, length)
+                                                            isRange ? MO_FrameRange(start, 0, end - start)
                                                                     : MO_FrameRange(start)),
                     label);
 }
