@@ -16,6 +16,13 @@
 /// and the reading of each C++ type from Python.
 namespace brindle::python {
 
+/// After a value's own methods may have run: other threads may have begun to save meanwhile.
+inline void afterScriptCode(PyObject* value)
+{
+    if (!PyLong_CheckExact(value) && !PyFloat_CheckExact(value))
+        EngineGate::enter();
+}
+
 /// A text as a template argument.
 template <std::size_t N>
 struct Text {
@@ -83,6 +90,7 @@ struct FromInteger {
         const Ref number(PyNumber_Index(value));
         if (!number)
             throw PythonError{};
+        afterScriptCode(value);
         int overflow = 0;
         const long long wide = PyLong_AsLongLongAndOverflow(number.get(), &overflow);
         if (overflow || !std::in_range<Integer>(wide))
@@ -118,6 +126,7 @@ struct From<double> {
         const double number = PyFloat_AsDouble(value);
         if (number == -1.0 && PyErr_Occurred())
             throw PythonError{};
+        afterScriptCode(value);
         return number;
     }
     static double fallback(std::string_view text) { return From<int>::fallback(text); }
@@ -134,6 +143,7 @@ struct From<QString> {
         const Ref path(PyOS_FSPath(value));
         if (!path)
             throw PythonError{};
+        afterScriptCode(value);
         if (!PyUnicode_Check(path.get()))
             throwTypeError("A path must be of str, not %s", Py_TYPE(path.get())->tp_name);
         return stringFrom(path.get());

@@ -5,6 +5,7 @@
 #include <string>
 #include <tuple>
 #include <utility>
+#include <variant>
 
 /// From a member function to a Python method: one entry of a family's table.
 namespace brindle::python {
@@ -65,6 +66,11 @@ struct ArgumentReader {
     static constexpr std::size_t count = std::tuple_size_v<Values>;
     static constexpr auto& arguments = argumentTable<Names>;
     static_assert(std::tuple_size_v<std::decay_t<decltype(arguments)>> == count, "every argument has a name");
+
+    /// Whether an argument may be a list that holds objects.
+    static constexpr bool takesVariants = []<typename... T>(std::tuple<T...>*) {
+        return (std::is_same_v<T, QVariant> || ...);
+    }(static_cast<Values*>(nullptr));
 
     /// The arguments of one call in order; null where one is left out.
     using Slots = std::array<PyObject*, count>;
@@ -165,6 +171,7 @@ template <typename... Forms, typename Run>
 auto callFirst(const char* name, const CallArguments& call, Run&& run)
 {
     using Result = std::common_type_t<decltype(run.template operator()<Forms>({}))...>;
+    [[maybe_unused]] const std::conditional_t<(Forms::takesVariants || ...), HeldItems, std::monostate> held;
     Result result{};
     bool arranged = false;
     unsigned int misfit = 0;

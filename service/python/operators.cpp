@@ -31,8 +31,11 @@ PyObject* itemsOf(PyObject* self, PyObject* slice)
     Py_ssize_t start = 0;
     Py_ssize_t stop = 0;
     Py_ssize_t step = 0;
-    if (!operators.length || !operators.itemByIndex || PySlice_Unpack(slice, &start, &stop, &step) < 0)
+    if (!operators.length || !operators.itemByIndex)
         throwArgument(0, "an index", slice);
+    if (PySlice_Unpack(slice, &start, &stop, &step) < 0)
+        throw PythonError{};
+    EngineGate::enter();
     const Py_ssize_t count = PySlice_AdjustIndices(operators.length(objectOf(self)), &start, &stop, step);
     Ref items(PyList_New(0));
     for (Py_ssize_t i = 0; items && i < count; ++i) {
@@ -64,6 +67,7 @@ int assignSubscript(PyObject* self, PyObject* key, PyObject* value)
             throwTypeError("Items of %s can't be deleted", Py_TYPE(self)->tp_name);
         if (!PyIndex_Check(key) && !PyUnicode_Check(key))
             throwArgument(0, "an index", key);
+        const HeldItems held;
         operatorsOf(self).setItem(objectOf(self), key, value);
         return 0;
     });
@@ -93,6 +97,7 @@ int contains(PyObject* self, PyObject* value)
         const Operators& operators = operatorsOf(self);
         if (operators.containsTextOnly && !PyUnicode_Check(value))
             return isAmongItems(self, value);
+        const HeldItems held;
         return operators.contains(objectOf(self), value);
     });
 }

@@ -90,6 +90,7 @@ void refuseLossyValue(const QMetaProperty& meta, const QVariant& value)
 void write(PyObject* self, const Property& property, PyObject* value)
 {
     OMC::BaseObject* object = objectOf(self);
+    const HeldItems held;
     const QVariant variant = variantFrom(value);
     if (property.meta.isWritable())
         refuseLossyValue(property.meta, variant);

@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace brindle::python {
 
@@ -81,6 +82,7 @@ QVariant sequenceFrom(PyObject* sequence)
     // The size is asked anew: reading an item may run a script's own code, which may change the list.
     for (Py_ssize_t i = 0; i < PySequence_Fast_GET_SIZE(sequence); ++i) {
         const Ref item = Ref::borrow(PySequence_Fast_GET_ITEM(sequence, i));
+        HeldItems::hold(item.get());
         values.append(variantFrom(item.get()));
     }
     return values;
@@ -100,6 +102,7 @@ QVariant mapFrom(PyObject* dict)
         PyObject* key = PyTuple_GET_ITEM(item, 0);
         if (!PyUnicode_Check(key))
             throwTypeError("The keys of a dict must be str, not %s", Py_TYPE(key)->tp_name);
+        HeldItems::hold(PyTuple_GET_ITEM(item, 1));
         map.insert(stringFrom(key), variantFrom(PyTuple_GET_ITEM(item, 1)));
     }
     return map;
@@ -134,10 +137,27 @@ QVariant expressionFrom(PyObject* pattern)
     options.setFlag(QRegularExpression::MultilineOption, bits & 8);
     options.setFlag(QRegularExpression::DotMatchesEverythingOption, bits & 16);
     options.setFlag(QRegularExpression::ExtendedPatternSyntaxOption, bits & 64);
-    return QRegularExpression(stringFrom(text.get()), options);
+    const QString expression = stringFrom(text.get());
+    EngineGate::enter();
+    return QRegularExpression(expression, options);
 }
 
+thread_local HeldItems* innermost = nullptr;
+
 } // namespace
+
+HeldItems::HeldItems() : m_outer(std::exchange(innermost, this)) {}
+
+HeldItems::~HeldItems()
+{
+    innermost = m_outer;
+}
+
+void HeldItems::hold(PyObject* item)
+{
+    if (innermost && isWrapper(item))
+        innermost->m_items.push_back(Ref::borrow(item));
+}
 
 QString stringFrom(PyObject* text)
 {
@@ -166,10 +186,12 @@ QVariant variantFrom(PyObject* value)
         return sequenceFrom(value);
     if (PyDict_Check(value))
         return mapFrom(value);
+    // From here on the value's own methods may run, and other threads with them: the gate is asked once more.
     if (isInstanceOf(value, "re", "Pattern"))
         return expressionFrom(value);
     if (isInstanceOf(value, "pathlib", "PurePath")) {
         const Ref path(checked(PyOS_FSPath(value)));
+        EngineGate::enter();
         return QVariant(stringFrom(path.get()));
     }
     throwTypeError("A value of type %s can't be used here", Py_TYPE(value)->tp_name);

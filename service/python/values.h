@@ -12,6 +12,24 @@
 /// Values both ways, by the table in the Python contract. `toPython` gives a new reference, or throws PythonError.
 namespace brindle::python {
 
+/// Keeps the objects in the lists and dicts of a call's arguments alive until the call is over. Reading the next
+/// argument may run a script's code, and other threads meanwhile, which may empty the list.
+class HeldItems {
+public:
+    HeldItems();
+    HeldItems(const HeldItems&) = delete;
+    HeldItems& operator=(const HeldItems&) = delete;
+    ~HeldItems();
+
+    /// Adds an object to those of the innermost call of this thread.
+    static void hold(PyObject* item);
+
+private:
+    std::vector<Ref> m_items;
+    HeldItems* m_outer;
+};
+
+/// Where the value holds objects, `HeldItems` must live as long as the result.
 QVariant variantFrom(PyObject* value);
 QString stringFrom(PyObject* text); ///< Of a str; throws on one that is no Unicode text (lone surrogates).
 
