@@ -112,7 +112,7 @@ void JsonPlace::requireOnly(std::initializer_list<const char*> names) const
     };
     for (auto field = object().constBegin(); field != m_object.constEnd(); ++field) {
         if (!known(field.key()))
-            fail(QStringLiteral("has an unknown field \"%1\"").arg(field.key()));
+            this->field(field.key()).fail(QStringLiteral("is an unknown field"));
     }
     m_file->m_fieldsSeen += m_object.size();
 }
@@ -168,8 +168,6 @@ int JsonPlace::integer(int lowest, int highest) const
 
 double JsonPlace::number() const
 {
-    if (m_value.isString() && m_value.toString() == QLatin1String("-0"))
-        return -0.0;
     if (!m_value.isDouble() || !std::isfinite(m_value.toDouble()))
         fail(QStringLiteral("is not a number"));
     return m_value.toDouble();

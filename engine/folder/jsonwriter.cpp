@@ -1,7 +1,6 @@
 #include "engine/folder/jsonwriter.h"
 
 #include <charconv>
-#include <cmath>
 
 namespace engine {
 
@@ -90,7 +89,7 @@ void JsonWriter::appendText(const QString& value)
     const QChar* const data = value.constData();
     const qsizetype size = value.size();
     const auto appendEscape = [this](unsigned unit) {
-        m_out += "\\";
+        m_out += "\\u";
         for (int shift = 12; shift >= 0; shift -= 4)
             m_out += digits[(unit >> shift) & 15];
     };
@@ -134,13 +133,9 @@ void JsonWriter::integer(long long value)
 
 void JsonWriter::number(double value)
 {
-    if (value == 0 && std::signbit(value)) {
-        text("-0");
-        return;
-    }
     separate();
     char buffer[32];
-    m_out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr);
+    m_out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value == 0 ? 0.0 : value).ptr);
 }
 
 void JsonWriter::flag(bool value)

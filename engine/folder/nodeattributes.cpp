@@ -6,8 +6,6 @@
 #include "engine/graph/group.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstdint>
 #include <limits>
 #include <memory>
 #include <utility>
@@ -54,11 +52,6 @@ AT_Attr* attributeAt(const MO_Node& node, const QString& path)
     return dynamic_cast<AT_ComplexAttr*>(attr) ? nullptr : attr;
 }
 
-bool isSameNumber(double one, double other)
-{
-    return std::bit_cast<std::uint64_t>(one) == std::bit_cast<std::uint64_t>(other);
-}
-
 /// Sets an attribute's local value to what stands in a file.
 class LocalValueReader final : public AT_AttrVisitor {
 public:
@@ -77,7 +70,7 @@ public:
     {
         const double value = m_place.number();
         attr.setLocalValue(value);
-        require(isSameNumber(attr.localValue(), value));
+        require(attr.localValue() == value);
     }
     void visit(AT_StringAttr& attr) override
     {
@@ -121,7 +114,7 @@ void NodeAttributeWriter::write(JsonWriter& json, const Node& node)
     };
     for (std::size_t i = 0; i < m_attributes.size(); ++i) {
         const Value value = valueOf(*m_attributes[i]);
-        if (isSame(value, shape.newValues[i]))
+        if (value == shape.newValues[i])
             continue;
         openField("values");
         json.key(shape.paths[i]);
@@ -157,13 +150,6 @@ NodeAttributeWriter::Value NodeAttributeWriter::valueOf(AT_Attr& attr)
     } getter;
     attr.accept(getter);
     return getter.value;
-}
-
-bool NodeAttributeWriter::isSame(const Value& one, const Value& other)
-{
-    const double* number = std::get_if<double>(&one);
-    const double* otherNumber = std::get_if<double>(&other);
-    return number && otherNumber ? isSameNumber(*number, *otherNumber) : one == other;
 }
 
 void NodeAttributeWriter::writeValue(JsonWriter& json, const Value& value)

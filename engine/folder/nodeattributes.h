@@ -36,7 +36,6 @@ private:
     };
 
     static Value valueOf(AT_Attr& attr);
-    static bool isSame(const Value& one, const Value& other);
     static void writeValue(JsonWriter& json, const Value& value);
     const Shape& shapeOf(const Node& node);
 

@@ -157,7 +157,7 @@ void writeScenes(const QString& folder, const std::vector<TUScene*>& scenes, con
 } // namespace
 
 ProjectFolder::ProjectFolder(const QString& path)
-    : m_path(path.isEmpty() ? path : QDir::cleanPath(QFileInfo(path).absoluteFilePath()))
+    : m_path(path.isEmpty() || path.contains(QChar(0)) ? path : QDir::cleanPath(QFileInfo(path).absoluteFilePath()))
 {
 }
 

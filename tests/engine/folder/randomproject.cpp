@@ -1,0 +1,215 @@
+#include "tests/engine/folder/randomproject.h"
+
+#include "core/host/at_attr.h"
+#include "core/host/tu_timedvalue.h"
+
+#include <QLocale>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+/// The text of a value that an attribute takes, made of a number and a text.
+class AnyValue final : public AT_AttrVisitor {
+public:
+    AnyValue(double number, const QString& text) : m_number(number), m_text(text) {}
+
+    using AT_AttrVisitor::visit;
+    void visit(AT_BoolAttr& attr) override { value = attr.localValue() ? "false" : "true"; }
+    void visit(AT_IntAttr&) override { value = QString::number(static_cast<int>(std::fmod(m_number, 1000))); }
+    void visit(AT_DoubleAttr&) override { value = QString::number(m_number, 'g', QLocale::FloatingPointShortest); }
+    void visit(AT_StringAttr&) override { value = m_text; }
+    void visit(AT_EnumAttrBase& attr) override
+    {
+        const QStringList options = attr.options().values();
+        value = options.at(static_cast<qsizetype>(std::abs(std::fmod(m_number, static_cast<double>(options.size())))));
+    }
+    QString value;
+
+private:
+    double m_number;
+    QString m_text;
+};
+
+/// A new column for an attribute that takes one.
+class NewColumn final : public AT_AttrVisitor {
+public:
+    using AT_AttrVisitor::visit;
+    void visit(AT_BoolAttr& attr) override { column = attr.createTimedValue(); }
+    void visit(AT_IntAttr& attr) override { column = attr.createTimedValue(); }
+    void visit(AT_DoubleAttr& attr) override { column = attr.createTimedValue(); }
+    TUTimedValue* column = nullptr;
+};
+
+} // namespace
+
+void RandomProject::change(int steps)
+{
+    using Step = void (RandomProject::*)();
+    constexpr Step all[] = {&RandomProject::addNode,    &RandomProject::addNode,     &RandomProject::addPort,
+                            &RandomProject::link,       &RandomProject::link,        &RandomProject::place,
+                            &RandomProject::setValue,   &RandomProject::setValue,    &RandomProject::linkColumn,
+                            &RandomProject::linkColumn, &RandomProject::editColumn,  &RandomProject::editColumn,
+                            &RandomProject::editColumn, &RandomProject::changeScene, &RandomProject::removeNode};
+    for (; steps > 0; --steps)
+        (this->*all[below(std::size(all))])();
+}
+
+double RandomProject::number()
+{
+    constexpr double odd[] = {0.0, -0.0, 0.1, 1e300, -1e-300, std::numeric_limits<double>::denorm_min(),
+                              std::numeric_limits<double>::max(), 1e15 + 0.3, 9007199254740993.0, 1.0 / 3};
+    return below(3) == 0 ? odd[below(std::size(odd))] : std::uniform_real_distribution<double>(-200, 200)(m_random);
+}
+
+QString RandomProject::name()
+{
+    static const QStringList names = {"Arm",  "Bras gauche", "腕", "Hand\"s", "back\\slash", "Z\u0308", "\U0001F9B4",
+                                      "-0",   "[3]",         "a.b"};
+    return names.at(below(static_cast<int>(names.size()))) + (below(2) ? QString() : QString::number(below(20)));
+}
+
+TUGroup* RandomProject::group()
+{
+    for (int tries = 0; tries < 5; ++tries) {
+        if (TUGroup* found = node()->group())
+            return found;
+    }
+    return m_project.top();
+}
+
+MO_Node* RandomProject::node()
+{
+    std::vector<MO_Node*> nodes;
+    m_project.top()->getRecursiveSubNodeList(nodes);
+    nodes.push_back(m_project.top());
+    return nodes[static_cast<std::size_t>(below(static_cast<int>(nodes.size())))];
+}
+
+AT_Attr* RandomProject::attribute()
+{
+    const MO_Node* of = node();
+    if (of->attrsBegin() == of->attrsEnd())
+        return nullptr;
+    AT_Attr* attr = of->attrsBegin()[below(static_cast<int>(of->attrsEnd() - of->attrsBegin()))];
+    if (const auto* complex = dynamic_cast<const AT_ComplexAttr*>(attr))
+        attr = complex->attrsBegin()[below(static_cast<int>(complex->attrsEnd() - complex->attrsBegin()))];
+    return attr;
+}
+
+TUTimedValue* RandomProject::column()
+{
+    const engine::Scene& scene = m_project.scene();
+    const int count = scene.timedValueCount();
+    return count > 0 ? scene.timedValuesBegin()[below(count)] : nullptr;
+}
+
+void RandomProject::addNode()
+{
+    static const QStringList types = {"READ",  "PEG",   "PEG",          "CAMERA",        "DISPLAY",    "COMPOSITE", "WRITE",
+                                      "GROUP", "GROUP", "MULTIPORT_IN", "MULTIPORT_OUT", "COLOR_CARD", "BLUR",      "CUTTER"};
+    m_project.add(types.at(below(static_cast<int>(types.size()))), below(3) ? name() : QString(), group());
+}
+
+void RandomProject::addPort()
+{
+    MO_Node* to = node();
+    auto port = below(2) ? MO_Port::createImagePort() : MO_Port::createMatrixPort();
+    if (below(2))
+        m_project.run(new tu_node::AddInPortCmd(to, below(static_cast<int>(to->nInPorts()) + 1), std::move(port)));
+    else
+        m_project.run(new tu_node::AddOutPortCmd(to, below(static_cast<int>(to->nOutPorts()) + 1), std::move(port)));
+    if (below(4) == 0 && to->nInPorts() > 0)
+        m_project.run(new tu_node::DeleteInPortCmd(to, below(static_cast<int>(to->nInPorts()))));
+}
+
+void RandomProject::link()
+{
+    const TUGroup* in = group();
+    const int count = static_cast<int>(in->nSubNodes());
+    for (int tries = 0; count > 1 && tries < 10; ++tries) {
+        MO_Node* from = in->subNode(below(count));
+        MO_Node* to = in->subNode(below(count));
+        if (from->nOutPorts() > 0 && to->nInPorts() > 0)
+            m_project.link(from, to, below(static_cast<int>(from->nOutPorts())), below(static_cast<int>(to->nInPorts())));
+    }
+}
+
+void RandomProject::place()
+{
+    constexpr int numbers[] = {0, 7, -300, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
+    MO_Node* of = node();
+    m_project.run(new tu_node::SetXYZCmd(of, numbers[below(5)], numbers[below(5)], numbers[below(5)]));
+    m_project.run(new tu_node::EnabledNodeCmd(of, below(3) > 0));
+    m_project.run(new tu_node::SetInstanceNameCmd(of, name()));
+}
+
+void RandomProject::setValue()
+{
+    if (AT_Attr* attr = attribute()) {
+        AnyValue value(number(), name() + QStringLiteral("\n\t\u0001 ") + name());
+        attr->accept(value);
+        if (CO_Command* command = attr->setTextCommand(1 + below(60), value.value))
+            m_project.run(command);
+    }
+}
+
+void RandomProject::linkColumn()
+{
+    AT_Attr* attr = attribute();
+    if (!attr || !attr->socket())
+        return;
+    TUTimedValue* to = below(2) ? column() : nullptr;
+    if (!to) {
+        NewColumn made;
+        attr->accept(made);
+        to = made.column;
+        if (!m_project.run(new SC_SceneCmds::AddTimedValueCmd(m_project.scene().sceneCommon(), to, -1, -1)))
+            return;
+    }
+    m_project.run(new tu_tv_socket::LinkCmd(attr->socket(), to));
+    if (below(4) == 0)
+        m_project.run(new tu_timedvalue::timedvalue::SetAnonymous(to, below(2)));
+    if (below(6) == 0)
+        m_project.run(new tu_tv_socket::UnlinkCmd(attr->socket(), 0));
+}
+
+void RandomProject::editColumn()
+{
+    auto* bezier = dynamic_cast<TUBezierTimedValue*>(column());
+    if (!bezier)
+        return;
+    namespace edit = tu_timedvalue::bezier;
+    const double frame = below(4) ? below(70) : std::fmod(number(), 1e6);
+    m_project.run(new edit::SpliceCmd(bezier, frame, true, below(3) == 0));
+    m_project.run(new edit::SetPointCmd2(bezier, frame, frame, number()));
+    m_project.run(new edit::SetLeftHandleGlobalCmd(bezier, frame, frame - below(30) * 0.3, number()));
+    m_project.run(new edit::SetRightHandleGlobalCmd(bezier, frame, frame + below(30) * 0.3, number()));
+    m_project.run(new edit::SetContinuityCmd(bezier, frame, below(3), 0));
+    if (below(5) == 0)
+        m_project.run(new tu_timedvalue::fnc2d::SetStepCmd(bezier, 1 + below(4)));
+    if (below(5) == 0)
+        m_project.run(new tu_timedvalue::fnc2d::SetStopCmd(bezier, 1 + below(90)));
+    if (below(5) == 0)
+        m_project.run(new tu_timedvalue::timedvalue::RenameCmd(bezier, name()));
+    if (below(8) == 0)
+        m_project.run(new edit::RemovePointCmd(bezier, frame));
+}
+
+void RandomProject::changeScene()
+{
+    engine::Scene& scene = m_project.scene();
+    scene.setNumberOfFrames(below(50), below(30) - 12, false, true);
+    scene.setStartFrame(1 + below(20));
+    scene.setStopFrame(20 + below(60));
+    m_project.run(new SC_SceneCmds::SetFrameRateCmd(scene.sceneCommon(), UT_FrameRate(std::abs(number()))));
+}
+
+void RandomProject::removeNode()
+{
+    if (below(2))
+        m_project.remove({node()}, below(2), below(2));
+    else
+        m_project.undo(static_cast<unsigned int>(below(3)));
+}
