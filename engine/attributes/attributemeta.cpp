@@ -51,10 +51,11 @@ QString literalText(std::u16string_view text)
 }
 
 AttributeMeta::AttributeMeta(const AttributeSpec& spec, const AttributeMeta* parent)
-    : m_spec(spec), m_keyword(literalText(spec.keyword)), m_displayName(literalText(spec.displayName)),
+    : m_spec(spec),
+      m_keyword(literalText(spec.keyword)),
+      m_displayName(literalText(spec.displayName)),
       m_fullKeyword(parent ? parent->m_fullKeyword + '.' + m_keyword : m_keyword)
-{
-}
+{}
 
 QString AttributeMeta::typeText() const
 {

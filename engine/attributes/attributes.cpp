@@ -20,10 +20,8 @@ class SetNumber final : public CO_Command {
 public:
     using Value = typename Attribute::Value;
 
-    SetNumber(Attribute& attribute, double frame, Value value)
-        : m_attribute(attribute), m_frame(frame), m_value(value)
-    {
-    }
+    SetNumber(Attribute& attribute, double frame, Value value) : m_attribute(attribute), m_frame(frame), m_value(value)
+    {}
 
     Status execute() override
     {
@@ -78,11 +76,23 @@ private:
     Value m_value; // that it gets next
 };
 
-bool isStorable(bool) { return true; }
-bool isStorable(int) { return true; }
-bool isStorable(double value) { return std::isfinite(value); }
+bool isStorable(bool)
+{
+    return true;
+}
+bool isStorable(int)
+{
+    return true;
+}
+bool isStorable(double value)
+{
+    return std::isfinite(value);
+}
 
-bool isSame(int one, int other) { return one == other; } // bools as well
+bool isSame(int one, int other)
+{
+    return one == other;
+} // bools as well
 bool isSame(double one, double other)
 {
     return std::bit_cast<std::uint64_t>(one) == std::bit_cast<std::uint64_t>(other);
@@ -107,9 +117,10 @@ SC_SceneCommon* AttributeOf<Base>::sceneCommon() const
 
 template <typename Base>
 NumberAttribute<Base>::NumberAttribute(MO_Node& node, const AttributeMeta& meta)
-    : AttributeOf<Base>(node, meta), m_socket(*this, meta), m_local(fromNumber<Value>(meta.spec().defaultValue))
-{
-}
+    : AttributeOf<Base>(node, meta),
+      m_socket(*this, meta),
+      m_local(fromNumber<Value>(meta.spec().defaultValue))
+{}
 
 template <typename Base>
 TUTvSocket* NumberAttribute<Base>::socket() const
@@ -177,9 +188,9 @@ CO_Command* NumberAttribute<Base>::setTextCommand(double frame, const QString& t
 }
 
 TextAttribute::TextAttribute(MO_Node& node, const AttributeMeta& meta)
-    : AttributeOf(node, meta), m_local(literalText(meta.spec().defaultText))
-{
-}
+    : AttributeOf(node, meta),
+      m_local(literalText(meta.spec().defaultText))
+{}
 
 bool TextAttribute::setValue(double, const QString& value, bool, bool force)
 {
@@ -200,9 +211,9 @@ CO_Command* TextAttribute::setTextCommand(double, const QString& text)
 }
 
 EnumAttribute::EnumAttribute(MO_Node& node, const AttributeMeta& meta)
-    : AttributeOf(node, meta), m_local(static_cast<int>(meta.spec().defaultValue))
-{
-}
+    : AttributeOf(node, meta),
+      m_local(static_cast<int>(meta.spec().defaultValue))
+{}
 
 QMap<int, QString> EnumAttribute::options() const
 {
@@ -246,8 +257,8 @@ AT_Attr* ComplexAttribute<Base>::timing() const
 {
     if (this->meta().kind() != AttributeKind::Drawing)
         return nullptr;
-    const auto found = std::find_if(attrsBegin(), attrsEnd(),
-                                    [](const AT_Attr* attr) { return attr->meta().keyword() == u"timing"; });
+    const auto found =
+        std::find_if(attrsBegin(), attrsEnd(), [](const AT_Attr* attr) { return attr->meta().keyword() == u"timing"; });
     return found == attrsEnd() ? nullptr : *found;
 }
 

@@ -27,7 +27,8 @@ private:
 
 /// An attribute with a number: AT_BoolAttr, AT_IntAttr and AT_DoubleAttr.
 ///
-/// - A linked column that has keys gives the value at a frame; until it has, and without one, the local value holds. The
+/// - A linked column that has keys gives the value at a frame; until it has, and without one, the local value holds.
+/// The
 ///   column is read as the attribute takes it (AttributeMeta::read): an int rounds it, a bool is true for all but 0.
 /// - A number is another one when any bit of it differs: 0 and -0 are two values.
 /// - A number beyond the minimum or maximum becomes the minimum or maximum, as a field of an editor does. NaN and
@@ -102,7 +103,7 @@ public:
 
     QMap<int, QString> options() const override;
     int localValue() const override { return m_local; }
-    bool setLocalValue(int value); ///< False when the value is as before or no option's.
+    bool setLocalValue(int value);         ///< False when the value is as before or no option's.
     QString textAt(double) const override; ///< Of the present option.
     CO_Command* setTextCommand(double frame, const QString& text) override;
 
@@ -116,9 +117,10 @@ template <typename Base>
 class ComplexAttribute final : public AttributeOf<Base> {
 public:
     ComplexAttribute(MO_Node& node, const AttributeMeta& meta, AT_ComplexAttr::AttrIterator begin, int count)
-        : AttributeOf<Base>(node, meta), m_begin(begin), m_count(count)
-    {
-    }
+        : AttributeOf<Base>(node, meta),
+          m_begin(begin),
+          m_count(count)
+    {}
 
     AT_ComplexAttr::AttrIterator attrsBegin() const override { return m_begin; }
     AT_ComplexAttr::AttrIterator attrsEnd() const override { return m_begin + m_count; }

@@ -46,7 +46,9 @@ AT_Attr* AttributeSet::Private::make(MO_Node& node, const AttributeTable::Entry&
 }
 
 AttributeSet::Private::Private(MO_Node& node, const AttributeTable& ofType)
-    : table(ofType), attributes(new AT_Attr*[table.entries.size()]), memory(new std::byte[table.size])
+    : table(ofType),
+      attributes(new AT_Attr*[table.entries.size()]),
+      memory(new std::byte[table.size])
 {
     for (std::size_t index = 0; index < table.entries.size(); ++index)
         attributes[index] = make(node, table.entries[index], memory.get() + table.entries[index].offset);

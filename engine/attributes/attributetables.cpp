@@ -79,14 +79,13 @@ constexpr AttributeSpec pivot = compound(u"pivot", u"Pivot", AttributeKind::Posi
 constexpr AttributeSpec angle = number(u"angle", u"Angle", 0, 1);
 constexpr AttributeSpec skew = number(u"skew", u"Skew", 0, 1);
 
-constexpr EnumOption blendModes[] = {{0, u"NORMAL"},     {1, u"MULTIPLY"},    {2, u"SCREEN"},
-                                     {3, u"OVERLAY"},    {4, u"DARKEN"},      {5, u"LIGHTEN"},
-                                     {6, u"ADD"},        {7, u"DIFFERENCE"},  {8, u"EXCLUSION"},
-                                     {9, u"SOFT_LIGHT"}, {10, u"HARD_LIGHT"}};
+constexpr EnumOption blendModes[] = {{0, u"NORMAL"},    {1, u"MULTIPLY"},   {2, u"SCREEN"},     {3, u"OVERLAY"},
+                                     {4, u"DARKEN"},    {5, u"LIGHTEN"},    {6, u"ADD"},        {7, u"DIFFERENCE"},
+                                     {8, u"EXCLUSION"}, {9, u"SOFT_LIGHT"}, {10, u"HARD_LIGHT"}};
 constexpr EnumOption imageFormats[] = {{0, u"PNG"}, {1, u"JPEG"}, {2, u"BMP"}, {3, u"PPM"}};
 
-constexpr AttributeSpec peg[] = {position, scale, rotation, angle, skew, pivot,
-                                 unlinkable(onOff(u"full_transform", u"Full Transform", false))};
+constexpr AttributeSpec peg[] = {
+    position, scale, rotation, angle, skew, pivot, unlinkable(onOff(u"full_transform", u"Full Transform", false))};
 constexpr AttributeSpec read[] = {
     compound(u"drawing", u"Drawing", AttributeKind::Drawing, u"DRAWING", drawingMembers),
     bounded(number(u"opacity", u"Opacity", 100, 1), 0, 100),

@@ -4,8 +4,8 @@
 
 namespace engine::attribute_text {
 
-/// How values are written as text, the same in every locale: "true" and "false", whole numbers, and numbers in the fewest
-/// digits that give them back.
+/// How values are written as text, the same in every locale: "true" and "false", whole numbers, and numbers in the
+/// fewest digits that give them back.
 QString write(bool value);
 QString write(int value);
 QString write(double value);

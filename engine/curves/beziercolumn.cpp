@@ -16,13 +16,13 @@ constexpr double frameCountLimit = 1e6;
 
 BezierCtrlPt shown(const CurvePoint& point)
 {
-    return {point.frame,         point.value,        point.leftX,        point.leftHandleY(), point.rightX,
+    return {point.frame,          point.value,        point.leftX,      point.leftHandleY(), point.rightX,
             point.rightHandleY(), point.constSegment, point.continuity, point.identity};
 }
 
 CurvePoint kept(const BezierCtrlPt& point)
 {
-    return {point.frame, point.value,  point.value,    point.leftX,        point.leftY,
+    return {point.frame,  point.value,  point.value,    point.leftX,        point.leftY,
             point.rightX, point.rightY, point.identity, point.constSegment, point.continuity};
 }
 
@@ -268,9 +268,8 @@ void BezierColumn::adjustColumn(double frame, double value, CO_BaseOrCommand& co
     if (!hasValues() || !(m_curve.points().last().frame < frame))
         return;
     const double last = m_curve.points().last().frame;
-    commands.add(editCommand([last, value](Curve& curve, CurveLog& log) {
-                     return curve.setValue(last, value, log);
-                 }).release());
+    commands.add(
+        editCommand([last, value](Curve& curve, CurveLog& log) { return curve.setValue(last, value, log); }).release());
 }
 
 BezierCtrlPt BezierColumn::point(int index) const

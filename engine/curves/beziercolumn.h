@@ -10,7 +10,8 @@ namespace engine {
 
 /// A bezier column of the open engine: a curve, the frames over which its value is held, and what every column has.
 ///
-/// - Keyframes and control points are one and the same. A key that is made within a segment is straight (its handles lie
+/// - Keyframes and control points are one and the same. A key that is made within a segment is straight (its handles
+/// lie
 ///   in one line), another one a corner. Continuity is what an editor's handles follow; no command here moves a handle
 ///   that it isn't given.
 /// - Hold: with a step of n frames, the frames from start to stop show the value of start, start + n, start + 2n, ...

@@ -22,7 +22,8 @@ BezierSegment::BezierSegment(const CurvePoint& from, const CurvePoint& to)
     }
 }
 
-/// The root of x(t) = frame in [0, 1]: Newton's method, with a step to the middle of the bracket where it would leave it.
+/// The root of x(t) = frame in [0, 1]: Newton's method, with a step to the middle of the bracket where it would leave
+/// it.
 double BezierSegment::parameterAt(double frame) const
 {
     const double length = m_x[3] - m_x[0];
@@ -57,13 +58,13 @@ double BezierSegment::parameterAt(double frame) const
 double BezierSegment::valueOf(double t) const
 {
     const double s = 1 - t;
-    const double relative = m_y[0] + t * (3 * s * (s * (m_y[1] - m_y[0]) + t * (m_y[2] - m_y[0]))
-                                          + t * t * (m_y[3] - m_y[0]));
+    const double relative =
+        m_y[0] + t * (3 * s * (s * (m_y[1] - m_y[0]) + t * (m_y[2] - m_y[0])) + t * t * (m_y[3] - m_y[0]));
     if (std::isfinite(relative))
         return relative;
     // Values at the end of what a double holds: a weighted mean of quarters stays within.
-    const double quarter = s * s * s * (m_y[0] / 4) + 3 * s * s * t * (m_y[1] / 4) + 3 * s * t * t * (m_y[2] / 4)
-                           + t * t * t * (m_y[3] / 4);
+    const double quarter = s * s * s * (m_y[0] / 4) + 3 * s * s * t * (m_y[1] / 4) + 3 * s * t * t * (m_y[2] / 4) +
+                           t * t * t * (m_y[3] / 4);
     constexpr double limit = std::numeric_limits<double>::max() / 4;
     return std::clamp(quarter, -limit, limit) * 4;
 }

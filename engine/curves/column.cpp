@@ -61,9 +61,12 @@ Column* Column::of(TUTimedValue* timedValue)
 
 void Column::add(Socket& socket)
 {
-    m_links.emplace(socket.m_order, &socket);
+    const auto place = m_links.emplace(socket.m_order, &socket).first;
     m_nextOrder = std::max(m_nextOrder, socket.m_order + 1);
-    m_ordered.clear();
+    if (m_ordered.size() + 1 == m_links.size() && std::next(place) == m_links.end())
+        m_ordered.push_back(&socket);
+    else
+        m_ordered.clear();
     if (socket.meta().kind() == AttributeKind::Bool)
         ++m_switches;
 }
@@ -71,7 +74,10 @@ void Column::add(Socket& socket)
 void Column::remove(Socket& socket)
 {
     m_links.erase(socket.m_order);
-    m_ordered.clear();
+    if (!m_ordered.empty() && m_ordered.back() == &socket)
+        m_ordered.pop_back();
+    else
+        m_ordered.clear();
     if (socket.meta().kind() == AttributeKind::Bool)
         --m_switches;
 }

@@ -76,13 +76,13 @@ public:
     virtual bool fits(const AttributeMeta& attribute) const = 0;
     virtual bool hasValues() const = 0; ///< False while there is no key.
     virtual double valueAt(double frame) const = 0;
-    /// Sets the value of the key at a frame, making the key when there is none. With `constantSegment` the key holds its
-    /// value up to the next one; without, that stays as it is. False when a number is refused.
+    /// Sets the value of the key at a frame, making the key when there is none. With `constantSegment` the key holds
+    /// its value up to the next one; without, that stays as it is. False when a number is refused.
     virtual bool setValueAt(double frame, double value, bool constantSegment) = 0;
     virtual std::unique_ptr<CO_Command> setValueCommand(double frame, double value) = 0;
 
-    /// What follows when `delta` frames come in behind frame `at` of the scene, or the -`delta` frames behind it go with
-    /// all that lies on them. Null when nothing lies there.
+    /// What follows when `delta` frames come in behind frame `at` of the scene, or the -`delta` frames behind it go
+    /// with all that lies on them. Null when nothing lies there.
     virtual std::unique_ptr<CO_Command> shiftFramesCommand(int at, int delta) = 0;
 
 private:

@@ -12,9 +12,10 @@ using engine::Socket;
 class SetLink final : public CO_Command {
 public:
     SetLink(TUTvSocket* socket, TUTimedValue* timedValue, bool links)
-        : m_socket(dynamic_cast<Socket*>(socket)), m_column(Column::of(timedValue)), m_links(links)
-    {
-    }
+        : m_socket(dynamic_cast<Socket*>(socket)),
+          m_column(Column::of(timedValue)),
+          m_links(links)
+    {}
 
     Status execute() override
     {
@@ -47,8 +48,8 @@ public:
 private:
     bool canLink() const
     {
-        return m_column && m_column->scene() && m_column->scene() == m_socket->attr()->sceneCommon()
-               && m_column->fits(m_socket->meta());
+        return m_column && m_column->scene() && m_column->scene() == m_socket->attr()->sceneCommon() &&
+               m_column->fits(m_socket->meta());
     }
 
     Socket* m_socket;
@@ -95,9 +96,9 @@ private:
 class SetAnonymousWork final : public CO_Command {
 public:
     SetAnonymousWork(TUTimedValue* timedValue, bool anonymous)
-        : m_column(Column::of(timedValue)), m_anonymous(anonymous)
-    {
-    }
+        : m_column(Column::of(timedValue)),
+          m_anonymous(anonymous)
+    {}
 
     Status execute() override
     {
@@ -125,13 +126,9 @@ namespace tu_tv_socket {
 
 LinkCmd::LinkCmd(TUTvSocket* socket, TUTimedValue* timedValue)
     : CO_EngineCommand(std::make_unique<SetLink>(socket, timedValue, true))
-{
-}
+{}
 
-UnlinkCmd::UnlinkCmd(TUTvSocket* socket, int)
-    : CO_EngineCommand(std::make_unique<SetLink>(socket, nullptr, false))
-{
-}
+UnlinkCmd::UnlinkCmd(TUTvSocket* socket, int) : CO_EngineCommand(std::make_unique<SetLink>(socket, nullptr, false)) {}
 
 } // namespace tu_tv_socket
 
@@ -139,12 +136,10 @@ namespace tu_timedvalue::timedvalue {
 
 RenameCmd::RenameCmd(TUTimedValue* timedValue, const QString& name)
     : CO_EngineCommand(std::make_unique<Rename>(timedValue, name))
-{
-}
+{}
 
 SetAnonymous::SetAnonymous(TUTimedValue* timedValue, bool anonymous)
     : CO_EngineCommand(std::make_unique<SetAnonymousWork>(timedValue, anonymous))
-{
-}
+{}
 
 } // namespace tu_timedvalue::timedvalue

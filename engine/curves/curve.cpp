@@ -12,9 +12,9 @@ constexpr double frameLimit = 1e9;
 
 bool isSound(const CurvePoint& point)
 {
-    return Curve::isFrame(point.frame) && std::isfinite(point.value) && std::isfinite(point.anchor)
-           && std::isfinite(point.leftX) && std::isfinite(point.leftY) && std::isfinite(point.rightX)
-           && std::isfinite(point.rightY) && point.continuity >= 0 && point.continuity <= 2;
+    return Curve::isFrame(point.frame) && std::isfinite(point.value) && std::isfinite(point.anchor) &&
+           std::isfinite(point.leftX) && std::isfinite(point.leftY) && std::isfinite(point.rightX) &&
+           std::isfinite(point.rightY) && point.continuity >= 0 && point.continuity <= 2;
 }
 
 } // namespace

@@ -20,8 +20,8 @@ using CurveLog = std::vector<CurveChange>;
 /// after the last one. It knows nothing of scenes and commands; the column that owns it does.
 ///
 /// Frames are finite and lie within a thousand million of 0, values and handles are finite. An edit that would break
-/// this, or names a point that isn't there, is refused and changes nothing. Each edit appends what it did to the log, and
-/// `revert` takes a log back, newest change first.
+/// this, or names a point that isn't there, is refused and changes nothing. Each edit appends what it did to the log,
+/// and `revert` takes a log back, newest change first.
 class Curve {
 public:
     enum class Edit { Done, Nothing, Refused };

@@ -35,9 +35,11 @@ public:
     using Set = bool (BezierColumn::*)(int);
 
     HoldCommand(TUFnc2DTimedValue* column, Get get, Set set, int value)
-        : m_column(dynamic_cast<BezierColumn*>(column)), m_get(get), m_set(set), m_value(value)
-    {
-    }
+        : m_column(dynamic_cast<BezierColumn*>(column)),
+          m_get(get),
+          m_set(set),
+          m_value(value)
+    {}
 
     Status execute() override
     {
@@ -74,68 +76,55 @@ namespace bezier {
 
 SpliceCmd::SpliceCmd(TUBezierTimedValue* column, double frame, bool makeKey, bool constantSegment)
     : CO_EngineCommand(spliceCommand(column, frame, makeKey, constantSegment))
-{
-}
+{}
 
 RemovePointCmd::RemovePointCmd(TUBezierTimedValue* column, double frame)
     : CO_EngineCommand(edit(column, [frame](Curve& curve, CurveLog& log) { return curve.erase(frame, log); }))
-{
-}
+{}
 
 SetPointCmd2::SetPointCmd2(TUBezierTimedValue* column, double frame, double newFrame, double value)
     : CO_EngineCommand(edit(column, [frame, newFrame, value](Curve& curve, CurveLog& log) {
           return curve.move(frame, newFrame, value, log);
       }))
-{
-}
+{}
 
 SetLeftHandleGlobalCmd::SetLeftHandleGlobalCmd(TUBezierTimedValue* column, double frame, double x, double y)
-    : CO_EngineCommand(edit(column, [frame, x, y](Curve& curve, CurveLog& log) {
-          return curve.setLeftHandle(frame, x, y, log);
-      }))
-{
-}
+    : CO_EngineCommand(
+          edit(column, [frame, x, y](Curve& curve, CurveLog& log) { return curve.setLeftHandle(frame, x, y, log); }))
+{}
 
 SetRightHandleGlobalCmd::SetRightHandleGlobalCmd(TUBezierTimedValue* column, double frame, double x, double y)
-    : CO_EngineCommand(edit(column, [frame, x, y](Curve& curve, CurveLog& log) {
-          return curve.setRightHandle(frame, x, y, log);
-      }))
-{
-}
+    : CO_EngineCommand(
+          edit(column, [frame, x, y](Curve& curve, CurveLog& log) { return curve.setRightHandle(frame, x, y, log); }))
+{}
 
 SetConstSegCmd::SetConstSegCmd(TUBezierTimedValue* column, double frame, bool constantSegment)
     : CO_EngineCommand(edit(column, [frame, constantSegment](Curve& curve, CurveLog& log) {
           return curve.setConstSegment(frame, constantSegment, log);
       }))
-{
-}
+{}
 
 SetContinuityCmd::SetContinuityCmd(TUBezierTimedValue* column, double frame, int continuity, int)
     : CO_EngineCommand(edit(column, [frame, continuity](Curve& curve, CurveLog& log) {
           return curve.setContinuity(frame, continuity, log);
       }))
-{
-}
+{}
 
 } // namespace bezier
 
 namespace fnc2d {
 
 SetStartCmd::SetStartCmd(TUFnc2DTimedValue* column, int frame)
-    : CO_EngineCommand(
-          std::make_unique<HoldCommand>(column, &BezierColumn::start, &BezierColumn::setStart, frame))
-{
-}
+    : CO_EngineCommand(std::make_unique<HoldCommand>(column, &BezierColumn::start, &BezierColumn::setStart, frame))
+{}
 
 SetStopCmd::SetStopCmd(TUFnc2DTimedValue* column, int frame)
     : CO_EngineCommand(std::make_unique<HoldCommand>(column, &BezierColumn::stop, &BezierColumn::setStop, frame))
-{
-}
+{}
 
 SetStepCmd::SetStepCmd(TUFnc2DTimedValue* column, int step)
     : CO_EngineCommand(std::make_unique<HoldCommand>(column, &BezierColumn::step, &BezierColumn::setStep, step))
-{
-}
+{}
 
 } // namespace fnc2d
 

@@ -12,9 +12,9 @@ constexpr std::size_t blockSize = 128;
 
 int CurvePoints::blockOf(double frame) const
 {
-    return static_cast<int>(std::upper_bound(m_firstFrames.begin(), m_firstFrames.end(), frame)
-                            - m_firstFrames.begin())
-           - 1;
+    return static_cast<int>(std::upper_bound(m_firstFrames.begin(), m_firstFrames.end(), frame) -
+                            m_firstFrames.begin()) -
+           1;
 }
 
 int CurvePoints::placeIn(const Block& block, double frame)

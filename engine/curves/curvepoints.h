@@ -9,8 +9,8 @@ namespace engine {
 
 /// A control point as a curve keeps it.
 ///
-/// `leftX` and `rightX` are frames. The handles' y stands for the point at the value `anchor`: they move up and down with
-/// the point without being written, so that a value that is set and set back leaves every bit of them as it was.
+/// `leftX` and `rightX` are frames. The handles' y stands for the point at the value `anchor`: they move up and down
+/// with the point without being written, so that a value that is set and set back leaves every bit of them as it was.
 struct CurvePoint {
     double frame = 0;
     double value = 0;
@@ -73,8 +73,8 @@ public:
     const CurvePoint& last() const { return m_blocks.back().back(); }
 
     Neighbours around(double frame) const;
-    const CurvePoint* find(double frame) const;       ///< At exactly this frame, or null.
-    const CurvePoint* before(double frame) const;     ///< The last one ahead of the frame, or null.
+    const CurvePoint* find(double frame) const;   ///< At exactly this frame, or null.
+    const CurvePoint* before(double frame) const; ///< The last one ahead of the frame, or null.
     CurvePoint* edit(double frame) { return const_cast<CurvePoint*>(find(frame)); } ///< Its frame must stay.
 
     CurvePoint& insert(const CurvePoint& point); ///< No point may stand at its frame.

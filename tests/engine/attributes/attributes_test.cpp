@@ -102,7 +102,8 @@ TEST_F(AttributesTest, NumbersAreHeldWithinTheBounds)
 TEST_F(AttributesTest, WholeNumbersRoundTheirColumn)
 {
     drive(red, column);
-    for (const auto& [given, read] : {std::pair(2.4, 2), std::pair(2.5, 3), std::pair(-1e300, 0), std::pair(1e300, 255)}) {
+    for (const auto& [given, read] :
+         {std::pair(2.4, 2), std::pair(2.5, 3), std::pair(-1e300, 0), std::pair(1e300, 255)}) {
         column->setValueAt(1, given, false);
         EXPECT_EQ(red.value(1), read) << given;
     }
@@ -113,7 +114,8 @@ TEST_F(AttributesTest, WholeNumbersRoundTheirColumn)
 TEST_F(AttributesTest, SwitchesAreOnForAllButZero)
 {
     drive(visible, column);
-    for (const auto& [given, read] : {std::pair(0., false), std::pair(-0., false), std::pair(0.001, true), std::pair(-3., true)}) {
+    for (const auto& [given, read] :
+         {std::pair(0., false), std::pair(-0., false), std::pair(0.001, true), std::pair(-3., true)}) {
         column->setValueAt(1, given, false);
         EXPECT_EQ(visible.value(1), read) << given;
     }
@@ -179,10 +181,14 @@ TEST_F(AttributesTest, TextsSetValuesUndoably)
         const char* text;
         const char* result;
     } rows[] = {
-        {"PEG", "angle", " 2.5e1 ", "25"},      {"PEG", "position", "1, 2.5,-3", "1, 2.5, -3"},
-        {"PEG", "full_transform", "TRUE", "true"}, {"READ", "visible", "0", "false"},
-        {"READ", "opacity", "1000", "100"},     {"READ", "drawing", "d-1", "d-1"},
-        {"COLOR_CARD", "colour", "1,2,3,4", "1, 2, 3, 4"}, {"COMPOSITE", "mode", "ADD", "ADD"},
+        {"PEG", "angle", " 2.5e1 ", "25"},
+        {"PEG", "position", "1, 2.5,-3", "1, 2.5, -3"},
+        {"PEG", "full_transform", "TRUE", "true"},
+        {"READ", "visible", "0", "false"},
+        {"READ", "opacity", "1000", "100"},
+        {"READ", "drawing", "d-1", "d-1"},
+        {"COLOR_CARD", "colour", "1,2,3,4", "1, 2, 3, 4"},
+        {"COMPOSITE", "mode", "ADD", "ADD"},
         {"WRITE", "path", " a b ", " a b "},
     };
     for (const auto& row : rows) {
@@ -203,13 +209,22 @@ TEST_F(AttributesTest, TextsThatCannotBeReadGiveNoCommand)
         const char* path;
         const char* text;
     } rows[] = {
-        {"PEG", "angle", ""},          {"PEG", "angle", "abc"},    {"PEG", "angle", "nan"},       {"PEG", "angle", "inf"},
-        {"PEG", "angle", "1e999"},     {"PEG", "position", "1,2"}, {"PEG", "position", "1,2,x"},  {"PEG", "position", "1,2,3,4"},
-        {"READ", "visible", "maybe"},  {"COLOR_CARD", "colour.red", "1.5"}, {"COLOR_CARD", "colour.red", "99999999999"},
+        {"PEG", "angle", ""},
+        {"PEG", "angle", "abc"},
+        {"PEG", "angle", "nan"},
+        {"PEG", "angle", "inf"},
+        {"PEG", "angle", "1e999"},
+        {"PEG", "position", "1,2"},
+        {"PEG", "position", "1,2,x"},
+        {"PEG", "position", "1,2,3,4"},
+        {"READ", "visible", "maybe"},
+        {"COLOR_CARD", "colour.red", "1.5"},
+        {"COLOR_CARD", "colour.red", "99999999999"},
         {"COMPOSITE", "mode", "add"},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(attribute(add(row.type), row.path)->setTextCommand(1, row.text), nullptr) << row.path << ' ' << row.text;
+        EXPECT_EQ(attribute(add(row.type), row.path)->setTextCommand(1, row.text), nullptr)
+            << row.path << ' ' << row.text;
 }
 
 TEST_F(AttributesTest, ATextOnALinkedAttributeMakesAKeyUndoably)

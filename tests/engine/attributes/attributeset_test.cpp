@@ -47,9 +47,15 @@ TEST_F(AttributeSetTest, VisitorsComeToTheKindOfTheAttribute)
         void visit(AT_Position3dAttr&) override { texts.append("position"); }
         QStringList texts;
     } kinds;
-    for (const auto& [type, path] : std::initializer_list<std::pair<const char*, const char*>>{
-             {"PEG", "position"}, {"PEG", "angle"}, {"READ", "visible"}, {"READ", "drawing"}, {"COLOR_CARD", "colour"},
-             {"COLOR_CARD", "colour.red"}, {"WRITE", "path"}, {"WRITE", "format"}})
+    for (const auto& [type, path] :
+         std::initializer_list<std::pair<const char*, const char*>>{{"PEG", "position"},
+                                                                    {"PEG", "angle"},
+                                                                    {"READ", "visible"},
+                                                                    {"READ", "drawing"},
+                                                                    {"COLOR_CARD", "colour"},
+                                                                    {"COLOR_CARD", "colour.red"},
+                                                                    {"WRITE", "path"},
+                                                                    {"WRITE", "format"}})
         attribute(add(type), path)->accept(kinds);
     EXPECT_EQ(kinds.texts, QStringList({"position", "double", "bool", "complex", "colour", "int", "string", "enum"}));
 }

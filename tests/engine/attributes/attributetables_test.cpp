@@ -32,11 +32,11 @@ TEST_F(AttributeTablesTest, EachNodeTypeHasItsAttributes)
         const char* type;
         QString attributes;
     } rows[] = {
-        {"PEG", position + ' ' + scale
-                    + " rotation:ROTATION_3D(x:DOUBLE* y:DOUBLE* z:DOUBLE*) angle:DOUBLE* skew:DOUBLE* " + pivot
-                    + " full_transform:BOOL"},
-        {"READ", "drawing:DRAWING(element:STRING timing:STRING element_mode:BOOL*) opacity:DOUBLE* visible:BOOL* " + position
-                     + ' ' + scale + " angle:DOUBLE* " + pivot},
+        {"PEG", position + ' ' + scale +
+                    " rotation:ROTATION_3D(x:DOUBLE* y:DOUBLE* z:DOUBLE*) angle:DOUBLE* skew:DOUBLE* " + pivot +
+                    " full_transform:BOOL"},
+        {"READ", "drawing:DRAWING(element:STRING timing:STRING element_mode:BOOL*) opacity:DOUBLE* visible:BOOL* " +
+                     position + ' ' + scale + " angle:DOUBLE* " + pivot},
         {"CAMERA", position + ' ' + scale + " angle:DOUBLE* " + pivot},
         {"COLOR_CARD", "colour:COLOUR(red:INT* green:INT* blue:INT* alpha:INT*)"},
         {"BLUR", "radius:DOUBLE*"},
@@ -57,12 +57,23 @@ TEST_F(AttributeTablesTest, NewNodesHaveTheDefaultValues)
         const char* path;
         const char* text;
     } rows[] = {
-        {"PEG", "position", "0, 0, 0"}, {"PEG", "scale", "1, 1, 1"},         {"PEG", "rotation", "0, 0, 0"},
-        {"PEG", "angle", "0"},          {"PEG", "skew", "0"},                {"PEG", "pivot", "0, 0, 0"},
-        {"PEG", "full_transform", "false"}, {"READ", "opacity", "100"},      {"READ", "visible", "true"},
-        {"READ", "drawing", ""},        {"READ", "drawing.element_mode", "true"}, {"BLUR", "radius", "0"},
-        {"COLOR_CARD", "colour", "255, 255, 255, 255"}, {"COMPOSITE", "mode", "NORMAL"}, {"WRITE", "path", ""},
-        {"WRITE", "format", "PNG"},     {"CUTTER", "inverted", "false"},
+        {"PEG", "position", "0, 0, 0"},
+        {"PEG", "scale", "1, 1, 1"},
+        {"PEG", "rotation", "0, 0, 0"},
+        {"PEG", "angle", "0"},
+        {"PEG", "skew", "0"},
+        {"PEG", "pivot", "0, 0, 0"},
+        {"PEG", "full_transform", "false"},
+        {"READ", "opacity", "100"},
+        {"READ", "visible", "true"},
+        {"READ", "drawing", ""},
+        {"READ", "drawing.element_mode", "true"},
+        {"BLUR", "radius", "0"},
+        {"COLOR_CARD", "colour", "255, 255, 255, 255"},
+        {"COMPOSITE", "mode", "NORMAL"},
+        {"WRITE", "path", ""},
+        {"WRITE", "format", "PNG"},
+        {"CUTTER", "inverted", "false"},
     };
     for (const auto& row : rows) {
         const AT_Attr* attr = attribute(add(row.type), row.path);

@@ -13,10 +13,7 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 
 class BezierColumnTest : public ColumnTest {
 protected:
-    void key(double frame, double value)
-    {
-        ASSERT_TRUE(column->setValueAt(frame, value, false));
-    }
+    void key(double frame, double value) { ASSERT_TRUE(column->setValueAt(frame, value, false)); }
     BezierCtrlPt at(double frame) const
     {
         BezierCtrlPt point;
@@ -283,7 +280,8 @@ TEST_F(BezierColumnTest, KeyframesAreMadeOnTheCurveAndThoseThatStandStay)
     ASSERT_NE(command, nullptr);
     EXPECT_EQ(command->execute(), CO_Command::kNoop);
     delete command;
-    for (const auto& [first, last] : {std::pair(nan, 1.), std::pair(1., infinity), std::pair(5., 1.), std::pair(0., 1e8)}) {
+    for (const auto& [first, last] :
+         {std::pair(nan, 1.), std::pair(1., infinity), std::pair(5., 1.), std::pair(0., 1e8)}) {
         column->createKeyframes(first, last, &command);
         EXPECT_EQ(command, nullptr) << first << " to " << last;
     }

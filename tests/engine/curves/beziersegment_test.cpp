@@ -109,8 +109,8 @@ TEST(BezierSegment, ADegenerateOneHasFiniteValuesBetweenItsOwn)
         double frame;
     } rows[] = {
         {"both handles at the far ends", point(0, 0, 0, 0, 10, 0), point(10, 1, 0, 1, 10, 1), 5},
-        {"one step of a double long", point(1, 0, 1, 0, 1, 0), point(std::nextafter(std::nextafter(1, 2), 2), 1, 1, 1, 1, 1),
-         std::nextafter(1, 2)},
+        {"one step of a double long", point(1, 0, 1, 0, 1, 0),
+         point(std::nextafter(std::nextafter(1, 2), 2), 1, 1, 1, 1, 1), std::nextafter(1, 2)},
         {"as long as frames go", point(-1e9, 0, 0, 0, -1e9, 0), point(1e9, 1, 1e9, 1, 1e9, 1), 0},
         {"the largest values", point(0, -most, 0, 0, 3, most), point(10, most, 7, -most, 10, most), 2},
         {"the same largest value", point(0, most, 0, most, 3, most), point(10, most, 7, most, 10, most), 4},

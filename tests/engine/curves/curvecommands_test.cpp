@@ -174,7 +174,8 @@ TEST_F(CurveCommandsTest, WhatCannotBeIsRefusedAndLeavesNoTrace)
 TEST_F(CurveCommandsTest, ColumnsOfAnotherEngineAreRefused)
 {
     ForeignColumn foreign;
-    for (TUBezierTimedValue* stranger : {static_cast<TUBezierTimedValue*>(&foreign), static_cast<TUBezierTimedValue*>(nullptr)}) {
+    for (TUBezierTimedValue* stranger :
+         {static_cast<TUBezierTimedValue*>(&foreign), static_cast<TUBezierTimedValue*>(nullptr)}) {
         EXPECT_FALSE(run(new SpliceCmd(stranger, 5, true)));
         EXPECT_FALSE(run(new RemovePointCmd(stranger, 5)));
         EXPECT_FALSE(run(new SetPointCmd2(stranger, 5, 5, 5)));
@@ -244,11 +245,13 @@ protected:
     {
         switch (m_random() % 12) {
         case 0:
-            scene().setNumberOfFrames(static_cast<int>(m_random() % 50), static_cast<int>(m_random() % 9) - 4, false, true);
+            scene().setNumberOfFrames(static_cast<int>(m_random() % 50), static_cast<int>(m_random() % 9) - 4, false,
+                                      true);
             break;
         case 1:
-            column(columns.size())->setValuesFromXsheet(static_cast<double>(m_random() % 30), 1 + static_cast<int>(m_random() % 3),
-                                                        m_random() % 3 ? QString::number(number()) : QString(), 1);
+            column(columns.size())
+                ->setValuesFromXsheet(static_cast<double>(m_random() % 30), 1 + static_cast<int>(m_random() % 3),
+                                      m_random() % 3 ? QString::number(number()) : QString(), 1);
             break;
         default:
             if (CO_Command* command = change())
@@ -265,8 +268,8 @@ protected:
     MO_Node* drawing = add("READ", "Drawing");
     MO_Node* card = add("COLOR_CARD", "Card");
     std::vector<AT_Attr*> attributes = {
-        attribute(peg, "angle"),        attribute(peg, "position.x"), attribute(drawing, "visible"),
-        attribute(drawing, "opacity"),  attribute(card, "colour.red"), attribute(card, "colour.alpha"),
+        attribute(peg, "angle"),       attribute(peg, "position.x"),  attribute(drawing, "visible"),
+        attribute(drawing, "opacity"), attribute(card, "colour.red"), attribute(card, "colour.alpha"),
     };
 };
 

@@ -22,7 +22,8 @@ public:
         for (int level = 1; attr && level < names.size(); ++level) {
             auto* complex = dynamic_cast<AT_ComplexAttr*>(attr);
             attr = nullptr;
-            for (auto member = complex ? complex->attrsBegin() : nullptr; complex && member != complex->attrsEnd(); ++member) {
+            for (auto member = complex ? complex->attrsBegin() : nullptr; complex && member != complex->attrsEnd();
+                 ++member) {
                 if ((*member)->meta().keyword() == names[level])
                     attr = *member;
             }
@@ -49,10 +50,14 @@ public:
         const QString after = state();
         undo();
         if (state() != before)
-            return testing::AssertionFailure() << "undone:\n" << state().toStdString() << "before:\n" << before.toStdString();
+            return testing::AssertionFailure() << "undone:\n"
+                                               << state().toStdString() << "before:\n"
+                                               << before.toStdString();
         redo();
         if (state() != after)
-            return testing::AssertionFailure() << "redone:\n" << state().toStdString() << "after:\n" << after.toStdString();
+            return testing::AssertionFailure() << "redone:\n"
+                                               << state().toStdString() << "after:\n"
+                                               << after.toStdString();
         return testing::AssertionSuccess();
     }
 };
