@@ -3,7 +3,6 @@
 #include "core/attributes/attributelist.h"
 #include "core/attributes/attributewrappervisitor.h"
 #include "core/columns/column.h"
-#include "core/frame/objvariant.h"
 #include "core/frame/undo.h"
 #include "core/frame/weakhandle.h"
 #include "core/host/at_attr.h"
@@ -117,7 +116,7 @@ QVariant Attribute::getColumn() const
 {
     const TUTvSocket* socket = attributeToLink().socket();
     TUTimedValue* column = socket ? socket->linkedTimedValue() : nullptr;
-    return column ? inVariant(Column::getWrapped(column)) : QVariant::fromValue(nullptr);
+    return column ? toVariant(Column::getWrapped(column)) : QVariant::fromValue(nullptr);
 }
 
 void Attribute::setColumn(const QVariant& value)

@@ -3,7 +3,6 @@
 #include "core/columns/beziercolumnvalue.h"
 #include "core/columns/beziercontinuity.h"
 #include "core/columns/bezieredit.h"
-#include "core/frame/objvariant.h"
 
 #include <cmath>
 
@@ -39,7 +38,7 @@ void BezierColumn::setEntry(double frame, QVariant value, int)
 
 QVariant BezierColumn::get(int frame) const
 {
-    return inVariant(new BezierColumnValue(&timedValue(), frame));
+    return toVariant(new BezierColumnValue(&timedValue(), frame));
 }
 
 void BezierColumn::set(int frame, const QVariant& value)

@@ -3,7 +3,6 @@
 #include "core/attributes/attribute.h"
 #include "core/columns/repeatzone.h"
 #include "core/columns/timedvaluevisitor.h"
-#include "core/frame/objvariant.h"
 #include "core/frame/undo.h"
 #include "core/frame/weakhandle.h"
 #include "core/host/sc_scene.h"
@@ -315,7 +314,7 @@ QVariantList Column::getLinkedNodes() const
     if (!drivesAttributes(column))
         return nodes;
     for (MO_Node* node : column.linkedNodes())
-        nodes.append(inVariant(Node::getWrapped(node)));
+        nodes.append(toVariant(Node::getWrapped(node)));
     return nodes;
 }
 
@@ -330,7 +329,7 @@ QVariantList Column::getLinkedAttributes() const
         linked.insert(column.linkedAttr(index));
     for (AT_Attr* attribute : linked) {
         if (attribute)
-            attributes.append(inVariant(Attribute::getWrappedByAttr(attribute)));
+            attributes.append(toVariant(Attribute::getWrappedByAttr(attribute)));
     }
     return attributes;
 }

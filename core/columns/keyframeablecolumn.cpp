@@ -3,7 +3,6 @@
 #include "core/columns/controlpointlist.h"
 #include "core/columns/controlpointvisitor.h"
 #include "core/columns/keyframeedit.h"
-#include "core/frame/objvariant.h"
 #include "core/frame/undo.h"
 #include "core/host/sc_scene.h"
 #include "core/host/tu_timedvalue.h"
@@ -56,8 +55,8 @@ QVariant KeyframeableColumn::keyframeCreate(const QVariant& value)
         if (!point)
             continue;
         if (frames.size() == 1)
-            return inVariant(point);
-        points.append(inVariant(point));
+            return toVariant(point);
+        points.append(toVariant(point));
     }
     return points;
 }
