@@ -2,6 +2,7 @@
 
 #include "tests/core/support/animation.h"
 #include "tests/core/support/standinattribute.h"
+#include "tests/core/support/standincolumn.h"
 
 #include <limits>
 
@@ -82,6 +83,21 @@ TEST_F(IntAttributeTest, WithoutASceneNothingIsSet)
     EXPECT_EQ(wrapper.getMinimum(), -7);
     EXPECT_EQ(wrapper.getMaximum(), 70);
     EXPECT_EQ(wrapper.getStep(), 7);
+}
+
+TEST_F(IntAttributeTest, AnExpressionTakesNoValues)
+{
+    StandInColumn expression(sceneCommon());
+    expression.kind = TUTimedValue::kExpression;
+    AttributedNode node(sceneCommon());
+    StandInInt number(node, "number");
+    number.linkable = true;
+    number.plug.column = &expression;
+    node.attributes = {&number};
+    IntAttribute wrapper(&node, {}, "number");
+    expectRefused([&] { wrapper.setValue(1, 5); }, "no exception");
+    expectRefused([&] { wrapper.offsetValue(QVariantList{1, 5}, 5); }, "no exception");
+    EXPECT_EQ(number.held, 0);
 }
 
 TEST_F(IntAttributeTest, ARefusedChangeIsNotReported)

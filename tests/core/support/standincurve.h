@@ -1,0 +1,52 @@
+#pragma once
+
+#include "core/host/tu_timedvalue.h"
+
+/// A function of time of no engine, with a key at every frame and no control points of a known kind.
+class StandInCurve : public AT_FncTimedValue {
+public:
+    explicit StandInCurve(SC_SceneCommon* scene = nullptr) : scene(scene) {}
+
+    timedValueType type() const override { return kVeloBased; }
+    QString getName() const override { return QStringLiteral("Stand-in"); }
+    QString getDisplayName() const override { return getName(); }
+    bool isAnonymous() const override { return false; }
+    SC_SceneCommon* sceneCommon() const override { return scene; }
+    void accept(AT_TimedValueVisitor& visitor) override { visitor.visit(static_cast<AT_FncTimedValue&>(*this)); }
+    void getValueForXsheet(double, int, QString*, bool&, bool&, bool&, bool&) const override {}
+    int setValuesFromXsheet(double, int, const QString&, int) override { return 1; }
+    unsigned int getNumLinks() const override { return 0; }
+    AT_Attr* linkedAttr(unsigned int) const override { return nullptr; }
+    std::vector<MO_Node*> linkedNodes() const override { return {}; }
+    void scale(double, int, CO_Command**) override {}
+    void endModif(double) override {}
+    double evaluate(double) const override { return 0; }
+    int pointCount() const override { return 0; }
+    bool isKey(double) const override { return true; }
+    std::vector<int> keyframes() const override { return {}; }
+    void createKeyframes(double, double, CO_Command** command) override { make(command); }
+    void removeKeyframes(double, double, CO_Command** command) override { make(command); }
+    bool addControlPoint(double) override { return false; }
+    bool eraseControlPoint(double) override { return false; }
+
+    enum Commands { None, Failing, Working };
+    Commands commands = None;
+    SC_SceneCommon* scene;
+
+private:
+    class Command : public CO_Command {
+    public:
+        explicit Command(Status status) : m_status(status) {}
+        Status execute() override { return m_status; }
+        Status unexecute() override { return kOk; }
+
+    private:
+        Status m_status;
+    };
+
+    void make(CO_Command** command) const
+    {
+        if (commands != None)
+            *command = new Command(commands == Failing ? CO_Command::kFail : CO_Command::kOk);
+    }
+};
