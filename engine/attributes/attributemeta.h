@@ -20,19 +20,18 @@ struct EnumOption {
 struct AttributeSpec {
     std::u16string_view keyword;
     std::u16string_view displayName;
-    AttributeKind kind;
     std::u16string_view typeText;
+    AttributeKind kind = AttributeKind::Complex;
+    bool linkable = false;
+    bool dirtyOnChange = true;
     double defaultValue = 0; ///< Of a bool: 0 or 1. Of an enum: the value of an option.
     double minimum = 0;
     double maximum = 0;
     double step = 0;
-    bool linkable = false;
-    bool dirtyOnChange = true;
-    std::u16string_view defaultText = {};
     std::span<const EnumOption> options = {};
     std::span<const AttributeSpec> members = {};
 };
-
+std::span<const EnumOption> options = {};
 /// What the attributes of one place in a node type's table have in common. Lives as long as the process.
 class AttributeMeta final : public AT_AttrMeta {
 public:

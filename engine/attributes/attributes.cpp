@@ -187,11 +187,6 @@ CO_Command* NumberAttribute<Base>::setTextCommand(double frame, const QString& t
     return new SetNumber<NumberAttribute>(*this, frame, read);
 }
 
-TextAttribute::TextAttribute(MO_Node& node, const AttributeMeta& meta)
-    : AttributeOf(node, meta),
-      m_local(literalText(meta.spec().defaultText))
-{}
-
 bool TextAttribute::setValue(double, const QString& value, bool, bool force)
 {
     return setLocalValue(value) || force;

@@ -79,10 +79,10 @@ public:
     double step() const override { return meta().spec().step; }
 };
 
-/// A text. No column gives texts, so it is the same at every frame.
+/// A text, empty in a new node. No column gives texts, so it is the same at every frame.
 class TextAttribute final : public AttributeOf<AT_StringAttr> {
 public:
-    TextAttribute(MO_Node& node, const AttributeMeta& meta);
+    using AttributeOf::AttributeOf;
 
     QString value(double) const override { return m_local; }
     QString localValue() const override { return m_local; }

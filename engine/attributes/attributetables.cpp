@@ -11,10 +11,20 @@ namespace {
 
 constexpr double unbounded = std::numeric_limits<double>::max();
 
-constexpr AttributeSpec number(std::u16string_view keyword, std::u16string_view displayName, double defaultValue = 0,
-                               double step = 0.1)
+using Keyword = std::u16string_view;
+using Title = std::u16string_view;
+
+constexpr AttributeSpec number(Keyword keyword, Title title, double defaultValue = 0, double step = 0.1)
 {
-    return {keyword, displayName, AttributeKind::Double, u"DOUBLE", defaultValue, -unbounded, unbounded, step, true};
+    return {.keyword = keyword,
+            .displayName = title,
+            .typeText = u"DOUBLE",
+            .kind = AttributeKind::Double,
+            .linkable = true,
+            .defaultValue = defaultValue,
+            .minimum = -unbounded,
+            .maximum = unbounded,
+            .step = step};
 }
 
 constexpr AttributeSpec bounded(AttributeSpec spec, double minimum, double maximum)
@@ -30,32 +40,45 @@ constexpr AttributeSpec unlinkable(AttributeSpec spec)
     return spec;
 }
 
-constexpr AttributeSpec channel(std::u16string_view keyword, std::u16string_view displayName)
+constexpr AttributeSpec channel(Keyword keyword, Title title)
 {
-    return {keyword, displayName, AttributeKind::Int, u"INT", 255, 0, 255, 1, true};
+    return {.keyword = keyword,
+            .displayName = title,
+            .typeText = u"INT",
+            .kind = AttributeKind::Int,
+            .linkable = true,
+            .defaultValue = 255,
+            .maximum = 255,
+            .step = 1};
 }
 
-constexpr AttributeSpec onOff(std::u16string_view keyword, std::u16string_view displayName, bool defaultValue)
+constexpr AttributeSpec onOff(Keyword keyword, Title title, bool defaultValue)
 {
-    return {keyword, displayName, AttributeKind::Bool, u"BOOL", defaultValue ? 1. : 0., 0, 1, 1, true};
+    return {.keyword = keyword,
+            .displayName = title,
+            .typeText = u"BOOL",
+            .kind = AttributeKind::Bool,
+            .linkable = true,
+            .defaultValue = defaultValue ? 1. : 0.,
+            .maximum = 1,
+            .step = 1};
 }
 
-constexpr AttributeSpec text(std::u16string_view keyword, std::u16string_view displayName,
-                             std::u16string_view defaultText = {})
+constexpr AttributeSpec text(Keyword keyword, Title title)
 {
-    return {keyword, displayName, AttributeKind::Text, u"STRING", 0, 0, 0, 0, false, true, defaultText};
+    return {.keyword = keyword, .displayName = title, .typeText = u"STRING", .kind = AttributeKind::Text};
 }
 
-constexpr AttributeSpec choice(std::u16string_view keyword, std::u16string_view displayName,
-                               std::span<const EnumOption> options)
+constexpr AttributeSpec choice(Keyword keyword, Title title, std::span<const EnumOption> options)
 {
-    return {keyword, displayName, AttributeKind::Enum, u"ENUM", 0, 0, 0, 0, false, true, {}, options};
+    return {
+        .keyword = keyword, .displayName = title, .typeText = u"ENUM", .kind = AttributeKind::Enum, .options = options};
 }
 
-constexpr AttributeSpec compound(std::u16string_view keyword, std::u16string_view displayName, AttributeKind kind,
-                                 std::u16string_view typeText, std::span<const AttributeSpec> members)
+constexpr AttributeSpec compound(Keyword keyword, Title title, AttributeKind kind, std::u16string_view typeText,
+                                 std::span<const AttributeSpec> members)
 {
-    return {keyword, displayName, kind, typeText, 0, 0, 0, 0, false, true, {}, {}, members};
+    return {.keyword = keyword, .displayName = title, .typeText = typeText, .kind = kind, .members = members};
 }
 
 constexpr AttributeSpec positionMembers[] = {number(u"x", u"Pos x"), number(u"y", u"Pos y"), number(u"z", u"Pos z")};
