@@ -1,0 +1,126 @@
+"""Helpers of the tests: a project's saved form, sample objects, processes of their own."""
+
+import collections
+import os
+import pathlib
+import subprocess
+import sys
+
+import brindle
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+COMMAND = os.environ["BRINDLE_BIN"]
+PYTHON = "/usr/bin/python3"
+
+GONE = "Object is no longer valid."
+NODE_GONE = "Node is no longer valid. Node may have been moved or deleted."
+APART = "These ports are no longer connected."
+
+State = collections.namedtuple("State", "saved labels total")
+
+
+def files(folder):
+    """Every file under a folder with its content."""
+    folder = pathlib.Path(folder)
+    return {str(path.relative_to(folder)): path.read_bytes() for path in sorted(folder.rglob("*")) if path.is_file()}
+
+
+def saved(app, folder):
+    """The saved form of the open project, byte for byte."""
+    app.save()
+    return files(folder)
+
+
+def samples(app):
+    """One live object of each class that a script can get, under a name that says where it comes from."""
+    scene = app.scene
+    nodes = scene.nodes
+    peg = nodes.create("PEG", "Sample-Peg")
+    child = nodes.create("PEG", "Sample-Child")
+    camera = nodes.create("CAMERA", "Sample-Camera")
+    read = nodes.create("READ", "Sample-Read")
+    write = nodes.create("WRITE", "Sample-Write")
+    card = nodes.create("COLOR_CARD", "Sample-Card")
+    group = nodes.create("GROUP", "Sample-Group")
+    inner = nodes.create("PEG", "Top/Sample-Group/Sample-Inner")
+    cable = child.ports_in[0].link(peg)
+    angle = peg.attributes["angle"]
+    for frame, value in ((1, 0.0), (10, 9.0), (20, -5.0)):
+        angle.set_value(frame, value)
+    column = angle.column
+    composite = nodes["Top/Composite"]
+    into_group = group.ports_in.create("peg")
+    into_group.link(peg)
+    inner.ports_in[0].link(group.multi_port_in.ports_out[0])
+    outside = peg.ports_out[0]
+    return {
+        "application": app,
+        "project": app.project,
+        "history": app.project.history,
+        "scenes": app.scenes,
+        "scene": scene,
+        "nodes of the scene": nodes,
+        "nodes of a group": group.nodes,
+        "nodes in a loop": iterated(nodes),
+        "peg": peg,
+        "camera": camera,
+        "display": nodes["Top/Display"],
+        "read": read,
+        "group": group,
+        "composite": composite,
+        "multi-port in": group.multi_port_in,
+        "multi-port out": group.multi_port_out,
+        "coordinates": peg.position,
+        "fixed in-ports": peg.ports_in,
+        "dynamic in-ports": composite.ports_in,
+        "fixed out-ports": peg.ports_out,
+        "dynamic out-ports": group.ports_out,
+        "in-port": child.ports_in[0],
+        "out-port": outside,
+        "port of a group": into_group,
+        "cable": cable,
+        "cables": outside.cables,
+        "flat cable": outside.cables_flat[0],
+        "flat cables": outside.cables_flat,
+        "attributes": peg.attributes,
+        "subattributes": peg.attributes["position"].subattributes,
+        "attributes in a loop": iterated(peg.attributes),
+        "attribute": peg.attributes["position"],
+        "double attribute": angle,
+        "bool attribute": read.attributes["visible"],
+        "int attribute": card.attributes["colour.red"],
+        "text attribute": write.attributes["path"],
+        "column": column,
+        "column value": column[5],
+        "keyframe": column[10],
+        "control point": column.control_points.list()[1],
+        "control points": column.control_points,
+        "point 2d": brindle.Point2d(1, 2),
+        "point 3d": brindle.Point3d(1, 2, 3),
+    }
+
+
+def iterated(items):
+    """The copy of a list that a loop goes over."""
+    return items.copy()
+
+
+def run_python(script, *arguments, timeout=120, **options):
+    """Runs a Python script, given as text, in a process of its own."""
+    return subprocess.run([PYTHON, "-c", script, *map(str, arguments)], capture_output=True, text=True,
+                          errors="replace", timeout=timeout, **options)
+
+
+def run_command(*arguments, timeout=120, **options):
+    """Runs the command line."""
+    return subprocess.run([COMMAND, *map(str, arguments)], capture_output=True, text=True, errors="replace",
+                          timeout=timeout, **options)
+
+
+def message_of(call, *arguments, error=brindle.Error):
+    """The sentence of the failure of a call; it is a failure of the test when the call succeeds."""
+    try:
+        result = call(*arguments)
+    except error as failure:
+        return str(failure)
+    raise AssertionError(f"no failure: the call gave {result!r}")
