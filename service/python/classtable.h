@@ -133,7 +133,8 @@ Class<T>& Class<T>::constructor()
 {
     using Form = Construct<Factory, Names>;
     m_table.construct = [](const CallArguments& call) -> OMC::BaseObject* {
-        return callFirst<Form>(T::staticMetaObject.className(), call, []<typename F>(const typename F::Slots& slots) {
+        const std::string_view name = T::staticMetaObject.className(); // "OMC::Point2d"
+        return callFirst<Form>(name.data() + name.rfind(':') + 1, call, []<typename F>(const typename F::Slots& slots) {
             return std::apply([](const auto&... value) -> OMC::BaseObject* { return Factory(value...); }, F::read(slots));
         });
     };
