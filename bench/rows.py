@@ -1,0 +1,122 @@
+"""What the table says: the operations of either side, the floor that stands beside each, the limit and the aim."""
+
+from dataclasses import dataclass
+
+NS = 1e-9
+MS = 1e-3
+
+
+@dataclass(frozen=True)
+class Row:
+    title: str
+    key: str  # of the measurement
+    floor: str = ""  # the measurement that it is compared with
+    floor_title: str = ""
+    items: int = 1  # how many operations the figure is for
+    most_ratio: float = 0.0  # the limit, as a multiple of the floor
+    most: float = 0.0  # the limit, in seconds
+    aim: float = 0.0  # in seconds
+
+
+PYTHON = (
+    Row("read an integer property", "read int", "floor date.year", "date.year", most_ratio=4, aim=80 * NS),
+    Row("read a string property", "read str", "floor string", "C API: string", aim=150 * NS),
+    Row("read an object property", "read object", "floor new wrapper", "C API: new wrapper", most_ratio=5, aim=200 * NS),
+    Row("write a property, with its undo entry", "write property", "floor write", "C API: write"),
+    Row("attribute by dotted path", "attribute by path", "floor subscript", "C API: subscript"),
+    *(Row(f"find by path among {n:,} nodes", f"find/{n}", "floor subscript", "C API: subscript", aim=500 * NS)
+      for n in (1_000, 10_000, 100_000)),
+    *(Row(f"chain scene to value, {n:,} nodes", f"chain/{n}", "floor chain", "C API: chain", most=3000 * NS,
+          aim=1200 * NS) for n in (10, 1_000, 100_000)),
+    Row("set_value, with its undo entry", "set_value", "floor set_value", "C API: set_value", most=4000 * NS,
+        aim=2000 * NS),
+    Row("the same among 10,000 nodes", "set_value/10000", "floor set_value", "C API: set_value", most=4000 * NS,
+        aim=2000 * NS),
+    Row("evaluate a curve of 10,000 keys", "evaluate/10000", "floor value", "C API: value", aim=300 * NS),
+    Row("iterate 10,000 nodes by name, a node", "iterate/10000", "floor iterate/10000", "C API: wrapper, string",
+        aim=400 * NS),
+    Row("create and link 10,000 nodes", "create/10000", items=10_000, most=0.5, aim=0.2),
+    Row("undo of those", "undo create/10000", items=10_000, most=0.02, aim=0.01),
+    Row("10,000 keys one by one", "keys one by one/10000", "floor keys one by one/10000", "Python: sorted list",
+        items=10_000, most=0.05, aim=0.02),
+    Row("undo of those", "undo keys/10000", "floor undo keys/10000", "Python: dict", items=10_000, most=0.02, aim=0.01),
+    Row("10,000 keys in one call", "keys in one call/10000", "floor keys in one call/10000", "C API: new wrappers",
+        items=10_000, most=0.05, aim=0.002),
+    Row("save 10,000 nodes", "save/10000", "floor save/10000", "Python: write, fsync", items=10_000, aim=0.05),
+    Row("open 10,000 nodes", "open/10000", "floor open/10000", "Python: json.loads", items=10_000, most=0.5, aim=0.15),
+    Row("python3 -c 'import brindle'", "import", "floor import", "python3 -c pass", most=0.15, aim=0.08),
+)
+
+PYTHON_FLOORS = (
+    ("Python: __slots__", "floor __slots__"),
+    ("Python: date.year", "floor date.year"),
+    ("Python: property in Python", "floor property"),
+    ("Python: __getattr__ in Python", "floor __getattr__"),
+    ("C API: integer", "floor integer"),
+    ("C API: string", "floor string"),
+    ("C API: new wrapper", "floor new wrapper"),
+    ("C API: method call", "floor method call"),
+)
+
+NATIVE = (
+    Row("integer property by getAttr", "readIntByName", "floorReadByName", "Qt: by name"),
+    Row("integer property, remembered", "readIntRemembered", "floorReadRemembered", "Qt: remembered"),
+    Row("string property by getAttr", "readTextByName", "floorReadByName", "Qt: by name"),
+    Row("string property, remembered", "readTextRemembered", "floorReadText", "Qt: remembered string"),
+    Row("object property by getAttr", "readObjectByName", "floorReadCarried", "Qt: object by copy"),
+    Row("object property, remembered", "readObjectRemembered", "floorReadCarried", "Qt: object by copy"),
+    Row("write a property, with its undo entry", "writeIntWithUndo"),
+    Row("make a node's wrapper", "makeNodeWrapper", "floorNewQObject", "Qt: new QObject"),
+    Row("make an attribute's wrapper", "makeAttributeWrapper", "floorNewQObject", "Qt: new QObject"),
+    Row("make an attribute list", "makeListWrapper", "floorNewQObject", "Qt: new QObject"),
+    Row("move an Obj there and back", "moveObj", "floorNewQObject", "Qt: new QObject"),
+    Row("copy an Obj with its object", "copyObj", "floorVariantOfCarried", "Qt: QVariant by copy"),
+    Row("set_value, with its undo entry", "setValueWithUndo"),
+)
+
+NATIVE_FLOORS = (
+    ("Qt: property, remembered", "floorReadRemembered"),
+    ("Qt: property by name", "floorReadByName"),
+    ("Qt: indexOfProperty, first of 34", "floorIndexOfFirst"),
+    ("Qt: indexOfProperty, last of 34", "floorIndexOfLast"),
+    ("Qt: raw metacall", "floorMetacall"),
+    ("Qt: pointer property", "floorReadPointer"),
+    ("Qt: object property by copy", "floorReadCarried"),
+    ("Qt: QVariant from an object by copy", "floorVariantOfCarried"),
+    ("Qt: new QObject", "floorNewQObject"),
+)
+
+SIZES = (1_000, 10_000, 100_000)
+
+# Nanoseconds an item, by size: flat rows mean a cost that grows linearly, or not at all for what handles one item.
+PYTHON_SCALING = (
+    ("find by path", "find"),
+    ("chain scene to value", "chain"),
+    ("set_value", "set_value"),
+    ("evaluate a curve of N keys", "evaluate"),
+    ("iterate by name, a node", "iterate"),
+    ("create and link, a node", "create"),
+    ("undo of those, a node", "undo create"),
+    ("keys one by one, a key", "keys one by one"),
+    ("keys in one call, a key", "keys in one call"),
+    ("undo of keys, a key", "undo keys"),
+    ("save, a node", "save"),
+    ("open, a node", "open"),
+)
+
+NATIVE_SCALING = (
+    ("find by path", "nodeByPath"),
+    ("chain scene to value", "chainToValue"),
+    ("evaluate a curve of N keys", "evaluateCurve"),
+    ("iterate by name, a node", "iterateNames"),
+    ("create and link, a node", "createAndLink"),
+    ("undo of those, a node", "undoCreation"),
+    ("keys one by one, a key", "setKeys"),
+    ("undo of keys, a key", "undoKeys"),
+    ("save, a node", "saveProject"),
+    ("open, a node", "openProject"),
+)
+
+# What handles all items of its size at once, and what waits for the disk.
+NATIVE_PER_ITEM = {"iterateNames", "createAndLink", "undoCreation", "setKeys", "undoKeys", "saveProject", "openProject"}
+NATIVE_ON_THE_CLOCK = {"saveProject", "openProject"}

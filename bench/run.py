@@ -1,0 +1,87 @@
+#!/usr/bin/python3
+"""Measures what an operation costs from Python and from C++, and prints it beside what nobody can be faster than.
+
+    ./run bench                 builds and measures, in about a minute
+    ./run bench --json FILE     also writes all figures
+    ./run bench --python        one side only; or --native
+"""
+
+import argparse
+import collections
+import json
+import os
+import pathlib
+import platform
+import statistics
+import subprocess
+import sys
+
+import rows
+import table
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+
+
+def progress(text):
+    print(f"bench: {text}", file=sys.stderr, flush=True)
+
+
+def measure_python(build):
+    progress("the Python side")
+    path = os.pathsep.join([str(build / "python"), str(build / "bench")])
+    done = subprocess.run([sys.executable, str(ROOT / "bench" / "script.py")], env=dict(os.environ, PYTHONPATH=path),
+                          stdout=subprocess.PIPE, check=True)
+    return json.loads(done.stdout)
+
+
+def measure_native(build, repetitions=5):
+    """Seconds an operation, or an item where the benchmark has a size, as lists of repetitions."""
+    progress("the C++ side")
+    done = subprocess.run(
+        [str(build / "bin" / "brindle_bench"), "--benchmark_format=json", "--benchmark_min_time=0.02",
+         f"--benchmark_repetitions={repetitions}"],
+        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True)
+    samples = collections.defaultdict(list)
+    for entry in json.loads(done.stdout)["benchmarks"]:
+        name = entry["run_name"]
+        if entry["run_type"] == "iteration":
+            subject, _, size = name.partition("/")
+            items = int(size) if subject in rows.NATIVE_PER_ITEM else 1
+            clock = "real_time" if subject in rows.NATIVE_ON_THE_CLOCK else "cpu_time"
+            samples[name].append(entry[clock] * 1e-9 / items)
+    return dict(samples)
+
+
+def machine():
+    model = next((line.split(":", 1)[1].strip() for line in open("/proc/cpuinfo") if line.startswith("model name")),
+                 platform.machine())
+    return f"{model}, {os.cpu_count()} cores; Python {platform.python_version()}; load {os.getloadavg()[0]:.1f}"
+
+
+def main():
+    parser = argparse.ArgumentParser(prog="./run bench", description=__doc__.splitlines()[0])
+    parser.add_argument("--json", metavar="FILE", type=pathlib.Path, help="write all figures to a file")
+    parser.add_argument("--python", action="store_true", help="the Python side only")
+    parser.add_argument("--native", action="store_true", help="the C++ side only")
+    parser.add_argument("--build", metavar="DIR", type=pathlib.Path, default=ROOT / "build" / "dev", help="the build")
+    options = parser.parse_args()
+    both = options.python == options.native
+
+    on = machine()
+    python = measure_python(options.build) if both or options.python else {}
+    native = measure_native(options.build) if both or options.native else {}
+    print(on)
+    print("Processor time, the loop around an operation taken off; saving, opening and starting on the wall clock.\n")
+    print(table.text(python, native), end="")
+    if options.json:
+        options.json.write_text(json.dumps({
+            "machine": on,
+            "python": [values for row in rows.PYTHON if (values := table.result(python, row))],
+            "native": [values for row in rows.NATIVE if (values := table.result(native, row))],
+            "median": {name: statistics.median(seconds) for name, seconds in (python | native).items()},
+            "least": {name: min(seconds) for name, seconds in (python | native).items()},
+        }, indent=1) + "\n")
+
+
+if __name__ == "__main__":
+    main()

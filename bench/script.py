@@ -1,0 +1,195 @@
+#!/usr/bin/python3
+"""What a script's operations cost, as JSON on standard output: seconds an operation, a list of rounds for each name.
+
+    PYTHONPATH=build/dev/python:build/dev/bench bench/script.py
+
+bench/run.py runs it and prints the table. Operations on a number of nodes or keys are named "create/10000" and are in
+seconds an item. Processor time, so that what else runs on the machine counts little; saving, opening and starting are
+on the wall clock.
+"""
+
+import bisect
+import json
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import time
+
+import brindle
+
+from floors import objects
+from measure import Samples, silence
+
+SIZES = (1_000, 10_000, 100_000)
+REPETITIONS = {1_000: 7, 10_000: 5, 100_000: 3}
+
+samples = Samples()
+
+
+def short_operations(folder):
+    """Operations whose cost has nothing to do with the size of the project, with the floors in the same rounds."""
+    with brindle.create(folder) as app:
+        scene = app.scene
+        node = scene.nodes.create("PEG", "Arm")
+        names = dict(objects.NAMES, scene=scene, node=node, place=node.position, attributes=node.attributes,
+                     angle=node.attributes["angle"], history=app.project.history)
+        samples.in_turn(dict(objects.STATEMENTS, **{
+            "read int": ("scene.frame_count", 1),
+            "read str": ("node.name", 1),
+            "read object": ("node.attributes", 1),
+            "read object in variant": ("node.position", 1),
+            "attribute by path": ("attributes['position.x']", 1),
+            "write property": ("place.x = 5; place.x = 6", 2, "history.clear()"),
+            "set_value": ("angle.set_value(10, 1.5); angle.set_value(10, 2.5)", 2, "history.clear()"),
+        }), names)
+
+
+def create_nodes(scene, count):
+    """Pegs, each linked to the one before."""
+    create = scene.nodes.create
+    previous = create("PEG", "N0")
+    for index in range(1, count):
+        node = create("PEG", f"N{index}")
+        node.ports_in[0].link(previous)
+        previous = node
+
+
+def build(app, size, repetitions):
+    """Leaves the project with so many nodes."""
+    history = app.project.history
+    for _ in range(repetitions):
+        history.clear()
+        history.begin("nodes")
+        with samples.timed(f"create/{size}", size):
+            create_nodes(app.scene, size)
+        history.end()
+        with samples.timed(f"undo create/{size}", size):
+            history.undo(1)
+    history.redo(1)
+
+
+def search(app, size):
+    """What must cost the same in every project."""
+    scene = app.scene
+    names = {"scene": scene, "nodes": scene.nodes, "history": app.project.history, "path": f"Top/N{size // 2}"}
+    names["angle"] = names["nodes"][names["path"]].attributes["angle"]
+    samples.in_turn({
+        f"find/{size}": ("nodes[path]", 1),
+        f"chain/{size}": ("scene.nodes[path].attributes['position.x'].value(10)", 1),
+        f"set_value/{size}": ("angle.set_value(10, 1.5); angle.set_value(10, 2.5)", 2, "history.clear()"),
+    }, names, rounds=5)
+    names["history"].clear()
+
+
+def iterate(app, size, repetitions):
+    nodes = app.scene.nodes
+    wrapper = objects.NAMES["wrapper"]
+    for _ in range(repetitions):
+        with samples.timed(f"iterate/{size}", size):
+            for node in nodes:
+                node.name
+        with samples.timed(f"floor iterate/{size}", size):
+            for _ in range(size):
+                wrapper.child.text
+
+
+def keys(app, size, repetitions):
+    """Keys one by one on one attribute, in one call on another column, and taken back; each as one undo entry."""
+    app.scene.frame_count = size
+    history = app.project.history
+    frames = list(range(1, size + 1))
+    wrapper = objects.NAMES["wrapper"]
+    for _ in range(repetitions):
+        history.clear()
+        angle = app.scene.nodes["Top/N0"].attributes["angle"]
+        history.begin("keys")
+        with samples.timed(f"keys one by one/{size}", size):
+            for frame in frames:
+                angle.set_value(frame, frame % 97)
+        history.end()
+        with samples.timed(f"undo keys/{size}", size):
+            history.undo(1)
+        plain = []
+        with samples.timed(f"floor keys one by one/{size}", size):
+            for frame in frames:
+                bisect.insort(plain, (frame, frame % 97))
+        plain = {}
+        with samples.timed(f"floor undo keys/{size}", size):
+            for frame in frames:
+                plain[frame] = None
+
+        skew = app.scene.nodes["Top/N0"].attributes["skew"]
+        skew.set_value(1, 1.0)
+        with silence(), samples.timed(f"keys in one call/{size}", size):
+            skew.column.keyframe_create(frames)
+        with samples.timed(f"floor keys in one call/{size}", size):
+            [wrapper.child for _ in frames]
+        history.undo(2)
+
+
+def evaluate(app, size):
+    """A curve whose keys stand on every other frame, between two of them."""
+    app.scene.frame_count = 2 * size
+    angle = app.scene.nodes["Top/N0"].attributes["angle"]
+    app.project.history.begin("keys")
+    for key in range(size):
+        angle.set_value(1 + 2 * key, key % 97)
+    app.project.history.end()
+    samples.in_turn({f"evaluate/{size}": (f"angle.value({size})", 1)}, {"angle": angle}, rounds=5)
+
+
+def largest_file(folder):
+    return max((file for file in pathlib.Path(folder).rglob("*") if file.is_file()), key=lambda file: file.stat().st_size)
+
+
+def save_and_open(app, folder, size, repetitions):
+    """Leaves the project closed. The floors: the same bytes written by Python, and read by its JSON module."""
+    for _ in range(repetitions):
+        with samples.timed(f"save/{size}", size, time.perf_counter):
+            app.save()
+        content = largest_file(folder).read_bytes()
+        with samples.timed(f"floor save/{size}", size, time.perf_counter):
+            with open(f"{folder}.copy", "wb") as copy:
+                copy.write(content)
+                copy.flush()
+                os.fsync(copy.fileno())
+        app.close()
+        with samples.timed(f"open/{size}", size, time.perf_counter):
+            app = brindle.open(folder)
+        with samples.timed(f"floor open/{size}", size, time.perf_counter):
+            json.loads(pathlib.Path(f"{folder}.copy").read_text())
+    app.close()
+
+
+def start(repetitions=9):
+    for _ in range(repetitions):
+        for name, code in (("import", "import brindle"), ("floor import", "pass")):
+            with samples.timed(name, clock=time.perf_counter):
+                subprocess.run([sys.executable, "-c", code], check=True)
+
+
+def main():
+    with tempfile.TemporaryDirectory(prefix="brindle-bench-") as root:
+        short_operations(f"{root}/short")
+        with brindle.create(f"{root}/10") as app:
+            create_nodes(app.scene, 10)
+            search(app, 10)
+        for size in SIZES:
+            repetitions = REPETITIONS[size]
+            app = brindle.create(f"{root}/{size}")
+            build(app, size, repetitions)
+            search(app, size)
+            iterate(app, size, repetitions)
+            save_and_open(app, f"{root}/{size}", size, repetitions)
+            with brindle.create(f"{root}/keys{size}") as app:
+                create_nodes(app.scene, 1)
+                keys(app, size, repetitions)
+                evaluate(app, size)
+    start()
+    json.dump(samples.seconds, sys.stdout)
+
+
+if __name__ == "__main__":
+    main()
