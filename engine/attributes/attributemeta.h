@@ -31,7 +31,7 @@ struct AttributeSpec {
     std::span<const EnumOption> options = {};
     std::span<const AttributeSpec> members = {};
 };
-std::span<const EnumOption> options = {};
+
 /// What the attributes of one place in a node type's table have in common. Lives as long as the process.
 class AttributeMeta final : public AT_AttrMeta {
 public:
