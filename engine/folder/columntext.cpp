@@ -67,8 +67,10 @@ void writeColumn(JsonWriter& json, const TUTimedValue& column, const DrivenAttri
         for (const AT_Attr* attr : found->second)
             places.emplace(attr, static_cast<int>(places.size()));
         std::vector<int> order;
-        for (unsigned int i = 0; i < column.getNumLinks(); ++i)
-            order.push_back(places.at(column.linkedAttr(i)));
+        for (unsigned int i = 0; i < column.getNumLinks(); ++i) {
+            if (const auto place = places.find(column.linkedAttr(i)); place != places.end())
+                order.push_back(place->second);
+        }
         if (!std::is_sorted(order.begin(), order.end())) {
             json.key("order").beginArray(JsonWriter::Inline);
             for (const int at : order)
@@ -84,7 +86,8 @@ void readColumn(const JsonPlace& place, ColumnList& columns)
     place.requireOnly({"name", "type", "anonymous", "hold", "points", "order"});
     const JsonPlace name = place.field("name");
     place.field("type").oneOf({"BEZIER"});
-    auto column = std::make_unique<BezierColumn>(name.text(), place.has("anonymous") && place.field("anonymous").flag());
+    auto column =
+        std::make_unique<BezierColumn>(name.text(), place.has("anonymous") && place.field("anonymous").flag());
 
     const JsonPlace hold = place.field("hold");
     column->setStart(hold.item(0).integer(1, largest));

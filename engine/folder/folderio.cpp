@@ -4,7 +4,6 @@
 #include <QFile>
 
 #include <cerrno>
-#include <chrono>
 #include <cstring>
 #include <thread>
 #include <utility>
@@ -18,7 +17,6 @@ namespace engine {
 
 namespace {
 
-constexpr auto lockPatience = std::chrono::seconds(10);
 constexpr qint64 largestFile = qint64(1) << 30;
 
 /// An open file that is closed at the end of the scope.
@@ -194,11 +192,12 @@ void requireReplaceable(const QString& folder, const QString& path)
 
     struct stat root = {};
     struct stat parent = {};
-    if (::stat(QFile::encodeName(folder).constData(), &root) != 0 || ::stat(parentName.constData(), &parent) != 0
-        || ::faccessat(AT_FDCWD, parentName.constData(), W_OK | X_OK, AT_EACCESS) != 0)
+    if (::stat(QFile::encodeName(folder).constData(), &root) != 0 || ::stat(parentName.constData(), &parent) != 0)
         refuse(errno);
     if (parent.st_dev != root.st_dev)
         refuse(EXDEV);
+    if (::faccessat(AT_FDCWD, parentName.constData(), W_OK | X_OK, AT_EACCESS) != 0)
+        refuse(errno);
 
     struct stat info = {};
     if (::lstat(name.constData(), &info) != 0) {
@@ -224,13 +223,13 @@ unsigned int modeOf(const QString& path)
 
 } // namespace folder_io
 
-FolderLock::FolderLock(const QString& folder, Purpose purpose)
+FolderLock::FolderLock(const QString& folder, Purpose purpose, std::chrono::milliseconds patience)
     : m_descriptor(::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
 {
     if (m_descriptor < 0)
         throw FolderFailure::ofSystem(folder, "cannot be read", errno);
     const int operation = (purpose == Writing ? LOCK_EX : LOCK_SH) | LOCK_NB;
-    const auto end = std::chrono::steady_clock::now() + lockPatience;
+    const auto end = std::chrono::steady_clock::now() + patience;
     while (::flock(m_descriptor, operation) != 0) {
         if (errno == EWOULDBLOCK && std::chrono::steady_clock::now() >= end) {
             ::close(m_descriptor);

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
+
 namespace engine {
 
 /// Why a project could not be read or written: a sentence without its beginning ("Cannot open the project: ") and its
@@ -36,7 +38,7 @@ void writeNew(const QString& path, const QByteArray& content, const QString& sho
 void rename(const QString& from, const QString& to);
 void remove(const QString& path); ///< Nothing there is as good.
 void makeFolder(const QString& path);
-void removeFolder(const QString& path);    ///< An empty one; nothing there is as good.
+void removeFolder(const QString& path); ///< An empty one; nothing there is as good.
 void tryRemoveFolder(const QString& path) noexcept;
 void sync(const QString& folder); ///< Waits until the disk has the folder's entries.
 QStringList entries(const QString& folder);
@@ -49,14 +51,14 @@ unsigned int modeOf(const QString& path);
 
 } // namespace folder_io
 
-/// Keeps other processes from saving into a folder (`Reading`), or from reading it as well (`Writing`). Leaves nothing on
-/// disk, and ends with the process. On a file system without locks it does nothing.
+/// Keeps other processes from saving into a folder (`Reading`), or from reading it as well (`Writing`). Leaves nothing
+/// on disk, and ends with the process. On a file system without locks it does nothing.
 class FolderLock {
 public:
     enum Purpose { Reading, Writing };
 
-    /// Waits some seconds for another process, then throws.
-    FolderLock(const QString& folder, Purpose purpose);
+    /// Waits for another process as long as `patience`, then throws.
+    FolderLock(const QString& folder, Purpose purpose, std::chrono::milliseconds patience = std::chrono::seconds(10));
     FolderLock(const FolderLock&) = delete;
     FolderLock& operator=(const FolderLock&) = delete;
     ~FolderLock();

@@ -41,8 +41,8 @@ QString filePath(const JsonPlace& place)
 {
     const QString path = place.text();
     const QStringList parts = path.split(u'/');
-    const bool inside = parts.size() <= 2 && !parts.contains(QString()) && !parts.contains(QStringLiteral("."))
-        && !parts.contains(QStringLiteral("..")) && !path.contains(QChar(0));
+    const bool inside = parts.size() <= 2 && !parts.contains(QString()) && !parts.contains(QStringLiteral(".")) &&
+                        !parts.contains(QStringLiteral("..")) && !path.contains(QChar(0));
     if (!inside)
         place.fail(QStringLiteral("is no file of the project"));
     return path;
@@ -199,9 +199,8 @@ void FolderTransaction::dropUnchanged()
             return false;
         }
     });
-    m_removed.removeIf([this](const QString& path) {
-        return folder_io::kindOf(m_folder + u'/' + path) == FileKind::Nothing;
-    });
+    m_removed.removeIf(
+        [this](const QString& path) { return folder_io::kindOf(m_folder + u'/' + path) == FileKind::Nothing; });
 }
 
 void FolderTransaction::stage() const

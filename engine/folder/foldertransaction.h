@@ -13,8 +13,8 @@ namespace engine {
 ///
 /// New contents are written to ".brindle-save" in the folder. A journal there names the files that they replace and the
 /// files that go; the rename that gives the journal its name is the moment at which the change happens. Then the new
-/// files are moved to their places and ".brindle-save" is removed. What a killed process leaves is brought to one of the
-/// two ends by `recover`: forward with a journal, back without one. Each of its steps can be done again.
+/// files are moved to their places and ".brindle-save" is removed. What a killed process leaves is brought to one of
+/// the two ends by `recover`: forward with a journal, back without one. Each of its steps can be done again.
 ///
 /// Contents are on the disk before the journal is, and the journal before the first file is moved. The caller holds the
 /// folder's `FolderLock` for writing. Paths are relative to the folder: a name, or one folder and a name.
@@ -22,11 +22,12 @@ class FolderTransaction {
 public:
     explicit FolderTransaction(const QString& folder) : m_folder(folder) {}
 
-    void replace(const QString& path, const QByteArray& content); ///< A file that has this content already is left alone.
+    /// A file that has this content already is left alone.
+    void replace(const QString& path, const QByteArray& content);
     void remove(const QString& path);
 
-    /// Throws `FolderFailure`; the folder is then as before. Only a disk that fails between the first file that is moved
-    /// and the last leaves a change that has happened and waits for `recover`.
+    /// Throws `FolderFailure`; the folder is then as before. Only a disk that fails between the first file that is
+    /// moved and the last leaves a change that has happened and waits for `recover`.
     void commit();
 
     /// Whether a process was killed while it changed the folder; and whether the change has happened.

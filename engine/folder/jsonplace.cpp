@@ -48,7 +48,12 @@ void JsonFile::requireNoFieldTwice() const
 
 JsonPlace::JsonPlace(const JsonFile& file, const JsonPlace* parent, const char* field, QString key, int index,
                      const QJsonValue& value)
-    : m_file(&file), m_parent(parent), m_field(field), m_key(std::move(key)), m_index(index), m_value(value)
+    : m_file(&file),
+      m_parent(parent),
+      m_field(field),
+      m_key(std::move(key)),
+      m_index(index),
+      m_value(value)
 {
     if (m_value.isArray())
         m_array = m_value.toArray();
@@ -191,11 +196,10 @@ void JsonPlace::requireFormat(const char* format, int version) const
     if (name.text() != QLatin1String(format))
         name.fail(QStringLiteral("is not \"%1\"").arg(QLatin1String(format)));
     if (const int found = field("version").integer(1, std::numeric_limits<int>::max()); found > version) {
-        throw FolderFailure{QStringLiteral("%1 has format version %2, and this version of the application reads %3")
-                                .arg(quoted(m_file->path()))
-                                .arg(found)
-                                .arg(version == 1 ? QStringLiteral("version 1")
-                                                  : QStringLiteral("versions up to %1").arg(version))};
+        const QString known =
+            version == 1 ? QStringLiteral("version 1") : QStringLiteral("versions up to %1").arg(version);
+        throw FolderFailure{quoted(m_file->path()) + " has format version " + QString::number(found) +
+                            ", and this version of the application reads " + known};
     }
 }
 

@@ -25,8 +25,8 @@ public:
     JsonPlace root() const;
     QString path() const { return m_path; }
 
-    /// Throws when an object of the file has a field twice: JSON would silently drop one of the values. To be called when
-    /// every object has been asked for its fields (`requireOnly`, `keys`).
+    /// Throws when an object of the file has a field twice: JSON would silently drop one of the values. To be called
+    /// when every object has been asked for its fields (`requireOnly`, `keys`).
     void requireNoFieldTwice() const;
 
 private:
@@ -59,7 +59,7 @@ public:
     QString text() const;
     bool flag() const;
     int integer(int lowest, int highest) const;
-    double number() const; ///< Finite.
+    double number() const;                                     ///< Finite.
     int oneOf(std::initializer_list<const char*> texts) const; ///< Which of the texts it is.
 
     /// The head that each file of a project begins with. A newer version than known is refused.

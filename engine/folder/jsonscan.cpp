@@ -47,7 +47,10 @@ public:
         const size_t start = m_at;
         skipText();
         const std::string_view raw = m_text.substr(start, m_at - start);
-        return QJsonDocument::fromJson('[' + QByteArray(raw.data(), qsizetype(raw.size())) + ']').array().at(0).toString();
+        return QJsonDocument::fromJson('[' + QByteArray(raw.data(), qsizetype(raw.size())) + ']')
+            .array()
+            .at(0)
+            .toString();
     }
     void skipValue()
     {

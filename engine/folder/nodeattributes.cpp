@@ -170,9 +170,9 @@ const NodeAttributeWriter::Shape& NodeAttributeWriter::shapeOf(const Node& node)
     Shape& shape = found->second;
     if (isNew) {
         bool flag = true;
-        const std::unique_ptr<MO_Node> fresh(
-            node.asGroup() ? static_cast<MO_Node*>(TUGroup::create())
-                           : TUGroup::createNode(node.host().typeName(), 0, 0, 0, flag, nullptr));
+        const std::unique_ptr<MO_Node> fresh(node.asGroup()
+                                                 ? static_cast<MO_Node*>(TUGroup::create())
+                                                 : TUGroup::createNode(node.host().typeName(), 0, 0, 0, flag, nullptr));
         forEachPath(fresh->attrsBegin(), fresh->attrsEnd(), {}, [&shape](const QString& path, AT_Attr* attr) {
             shape.paths.push_back(path);
             shape.newValues.push_back(valueOf(*attr));

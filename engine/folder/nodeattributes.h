@@ -20,8 +20,8 @@ struct NodeType;
 using DrivenAttributes = std::unordered_map<const TUTimedValue*, std::vector<AT_Attr*>>;
 
 /// Writes the attributes of nodes, each in two fields: "values", the local values by dotted path ("position.x"), and
-/// "columns", the names of the linked columns by path. Values that a new node of the type has are left out, an option is
-/// kept as its text.
+/// "columns", the names of the linked columns by path. Values that a new node of the type has are left out, an option
+/// is kept as its text.
 class NodeAttributeWriter {
 public:
     void write(JsonWriter& json, const Node& node);
@@ -44,8 +44,8 @@ private:
     DrivenAttributes m_driven;
 };
 
-/// Reads what NodeAttributeWriter writes. The columns must be in the scene already; they are linked by the caller, since
-/// the order of a column's links goes across nodes.
+/// Reads what NodeAttributeWriter writes. The columns must be in the scene already; they are linked by the caller,
+/// since the order of a column's links goes across nodes.
 class NodeAttributeReader {
 public:
     explicit NodeAttributeReader(const SC_SceneCommon& scene) : m_scene(scene) {}

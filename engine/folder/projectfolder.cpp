@@ -28,7 +28,8 @@ bool attempt(const char* what, QString& error, Action action)
         action();
         return true;
     } catch (const FolderFailure& failure) {
-        error = QLatin1String("Cannot ") + QLatin1String(what) + QLatin1String(" the project: ") + failure.reason + u'.';
+        error =
+            QLatin1String("Cannot ") + QLatin1String(what) + QLatin1String(" the project: ") + failure.reason + u'.';
         return false;
     }
 }
@@ -158,8 +159,7 @@ void writeScenes(const QString& folder, const std::vector<TUScene*>& scenes, con
 
 ProjectFolder::ProjectFolder(const QString& path)
     : m_path(path.isEmpty() || path.contains(QChar(0)) ? path : QDir::cleanPath(QFileInfo(path).absoluteFilePath()))
-{
-}
+{}
 
 void ProjectFolder::requirePath() const
 {
@@ -175,8 +175,7 @@ void ProjectFolder::makeProject(const std::vector<TUScene*>& scenes) const
     MadePath made;
     made.make(m_path);
     const FolderLock lock(m_path, FolderLock::Writing);
-    if (FolderTransaction::isCommitted(m_path)
-        || folder_io::kindOf(m_path + u'/' + projectFile) != FileKind::Nothing)
+    if (FolderTransaction::isCommitted(m_path) || folder_io::kindOf(m_path + u'/' + projectFile) != FileKind::Nothing)
         throw FolderFailure{quoted(m_path) + " already holds a project"};
     writeScenes(m_path, scenes, QStringList());
     made.keep();

@@ -32,9 +32,9 @@ public:
 /// old or the new project, and the next opening clears up what is left of the save. Files that the project doesn't know
 /// stay as they are. While it reads or writes, a lock on the folder keeps other processes from doing the same.
 ///
-/// Every failure is one sentence in `error` that says what could not be done, names the file and, in a damaged file, the
-/// place: "Cannot open the project: "/p/project.json" is damaged at line 3, column 8: illegal value." What is on disk is
-/// then as before.
+/// Every failure is one sentence in `error` that says what could not be done, names the file and, in a damaged file,
+/// the place: "Cannot open the project: "/p/project.json" is damaged at line 3, column 8: illegal value." What is on
+/// disk is then as before.
 ///
 /// The object is a path only; it keeps no state between calls.
 class ProjectFolder {
@@ -44,8 +44,8 @@ public:
 
     QString path() const { return m_path; } ///< Absolute and clean.
 
-    /// Makes a new project of these scenes in a folder that holds no project; a folder that is missing is made, with those
-    /// above it. The error begins with "Cannot create the project".
+    /// Makes a new project of these scenes in a folder that holds no project; a folder that is missing is made, with
+    /// those above it. The error begins with "Cannot create the project".
     bool create(const std::vector<TUScene*>& scenes, QString& error) const;
     /// The same for a project that goes on in another folder: the error begins with "Cannot save the project".
     bool createForSave(const std::vector<TUScene*>& scenes, QString& error) const;

@@ -28,18 +28,18 @@ class SceneMaker;
 ///     inPorts, outPorts  of a node that takes ports: [id, "IMAGE"], with "MATTE" behind it for a matte port
 ///     values             local values of attributes that a new node doesn't have: {"position.x": 3.5}
 ///     columns            names of linked columns: {"position.x": "ATV-0001"}
-///     links              to nodes of the same group, by out-port and in the order of linking: [out-port id, name of the
-///                        node, in-port id]
+///     links              to nodes of the same group, by out-port and in the order of linking:
+///                        [id of the out-port, name of the node, id of the in-port]
 ///
 /// A column:
 ///
 ///     name, type         "BEZIER"
 ///     anonymous          true; left out when false
 ///     hold               [start, stop, step]
-///     points             [frame, value, left x, left y, right x, right y, "CORNER" | "STRAIGHT" | "SMOOTH"], with "CONSTANT"
-///                        behind it when the segment is; handles in global coordinates
-///     order              places of the attributes that it drives, as the nodes list them, in the order of linking; left
-///                        out when it is the same
+///     points             [frame, value, left x, left y, right x, right y, "CORNER", "STRAIGHT" or "SMOOTH"], with
+///                        "CONSTANT" behind it when the segment is; handles in global coordinates
+///     order              places of the attributes that it drives, as the nodes list them, in the order of
+///                        linking; left out when it is the same
 ///
 /// Nodes are named by their group, links by the nodes' names, so that a change in one place of the scene is a change in
 /// one place of the file. Ids of the session are not kept.

@@ -15,8 +15,8 @@ QString safeName(const QString& name)
     QString safe;
     qsizetype bytes = 0;
     for (const char32_t character : name.toUcs4()) {
-        const bool kept = QChar::isLetterOrNumber(character) || character == U'-' || character == U'_'
-            || character == U' ' || (character == U'.' && !safe.isEmpty());
+        const bool kept = QChar::isLetterOrNumber(character) || character == U'-' || character == U'_' ||
+                          character == U' ' || (character == U'.' && !safe.isEmpty());
         const QString text = kept ? QString::fromUcs4(&character, 1) : QStringLiteral("_");
         bytes += text.toUtf8().size();
         if (bytes > longestName)
@@ -46,8 +46,8 @@ QStringList sceneFileNames(const QStringList& sceneNames)
 bool isSceneFileName(const QString& path)
 {
     const QString name = path.mid(folder.size());
-    return path.startsWith(folder) && path.endsWith(ending) && name.size() > ending.size() && !name.contains(u'/')
-        && !name.contains(QChar(0)) && name.isValidUtf16();
+    return path.startsWith(folder) && path.endsWith(ending) && name.size() > ending.size() && !name.contains(u'/') &&
+           !name.contains(QChar(0)) && name.isValidUtf16();
 }
 
 } // namespace engine

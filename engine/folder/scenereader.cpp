@@ -21,10 +21,11 @@ constexpr int highestPortId = 1 << 30;
 class SceneReader {
 public:
     SceneReader(const JsonPlace& root, TUScene& scene)
-        : m_root(root), m_graph(*SceneGraph::of(scene.sceneCommon())),
-          m_columns(*ColumnList::of(scene.sceneCommon())), m_attributes(*scene.sceneCommon())
-    {
-    }
+        : m_root(root),
+          m_graph(*SceneGraph::of(scene.sceneCommon())),
+          m_columns(*ColumnList::of(scene.sceneCommon())),
+          m_attributes(*scene.sceneCommon())
+    {}
 
     void read()
     {
@@ -46,8 +47,8 @@ public:
 private:
     void readNode(const JsonPlace& place)
     {
-        place.requireOnly({"name", "type", "depth", "place", "enabled", "inPorts", "outPorts", "values", "columns",
-                           "links"});
+        place.requireOnly(
+            {"name", "type", "depth", "place", "enabled", "inPorts", "outPorts", "values", "columns", "links"});
         Node& node = m_nodes.empty() ? readRoot(place) : readSubNode(place);
         m_nodes.push_back(&node);
         if (Group* group = node.asGroup())
@@ -60,8 +61,8 @@ private:
     Node& readRoot(const JsonPlace& place)
     {
         Node& root = m_graph.root();
-        if (place.field("type").text() != root.host().typeName() || place.field("name").text() != root.name()
-            || place.field("depth").integer(lowest, highest) != 0)
+        if (place.field("type").text() != root.host().typeName() || place.field("name").text() != root.name() ||
+            place.field("depth").integer(lowest, highest) != 0)
             place.fail(QStringLiteral("is not the root group \"%1\"").arg(root.name()));
         readPosition(place.field("place"), root);
         readPorts(place, root, PortSide::In, "inPorts");
@@ -98,8 +99,8 @@ private:
         const NodeType* type = findNodeType(place.text());
         if (!type)
             place.fail(QStringLiteral("is no type of node"));
-        if ((type->nodeClass == NodeClass::MultiPortIn && group.multiPortIn())
-            || (type->nodeClass == NodeClass::MultiPortOut && group.multiPortOut()))
+        if ((type->nodeClass == NodeClass::MultiPortIn && group.multiPortIn()) ||
+            (type->nodeClass == NodeClass::MultiPortOut && group.multiPortOut()))
             place.fail(QStringLiteral("is that of another node of the group, which has one at most"));
         if (type->nodeClass == NodeClass::Group)
             return std::unique_ptr<MO_Node>(TUGroup::create());

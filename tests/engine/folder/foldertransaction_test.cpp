@@ -60,8 +60,8 @@ public:
 TEST_F(FolderTransactionTest, ReplacesMakesAndRemovesFiles)
 {
     write(true);
-    EXPECT_EQ(filesOf(folder()).keys(), QStringList({"project.json", "scenes/", "scenes/a.json", "scenes/b.json",
-                                                     "scenes/same.json"}));
+    EXPECT_EQ(filesOf(folder()).keys(),
+              QStringList({"project.json", "scenes/", "scenes/a.json", "scenes/b.json", "scenes/same.json"}));
     write(false);
     EXPECT_EQ(contents(), Files({{"project.json", "project 2"},
                                  {"scenes/a.json", "short"},
@@ -118,8 +118,8 @@ TEST_F(FolderTransactionTest, AProcessKilledAtAnySystemCallLeavesOneOfTheTwoStat
 
         FolderTransaction::recover(folder());
         const Files now = contents();
-        ASSERT_TRUE(now == first || now == second) << "killed at call " << calls << ": "
-                                                   << now.keys().join(' ').toStdString();
+        ASSERT_TRUE(now == first || now == second)
+            << "killed at call " << calls << ": " << now.keys().join(' ').toStdString();
         ASSERT_FALSE(QFileInfo::exists(stage()));
         ++(now == first ? seenFirst : seenSecond);
         write(true);
@@ -219,14 +219,16 @@ TEST_F(FolderTransactionTest, AJournalThatIsDamagedOrLeadsOutIsToldAndNothingCha
 
 TEST_F(FolderTransactionTest, AJournalThatEndsAnywhereIsToldAndNothingChanges)
 {
-    const QByteArray journal = R"({"format": "brindle-journal", "version": 1, "replace": ["project.json"], "remove": []})";
+    const QByteArray journal =
+        R"({"format": "brindle-journal", "version": 1, "replace": ["project.json"], "remove": []})";
     write(true);
     QDir().mkpath(stage());
     put(stage() + "/0", "new project");
     for (qsizetype length = 0; length < journal.size(); ++length) {
         put(stage() + "/journal.json", journal.left(length));
         const Files files = filesOf(folder());
-        EXPECT_TRUE(failure([&] { FolderTransaction::recover(folder()); }).startsWith("\"" + stage() + "/journal.json\" is "));
+        EXPECT_TRUE(
+            failure([&] { FolderTransaction::recover(folder()); }).startsWith("\"" + stage() + "/journal.json\" is "));
         ASSERT_EQ(filesOf(folder()), files);
     }
 }

@@ -32,7 +32,8 @@ void ignore(const JsonPlace& root)
 
 TEST(JsonPlaceTest, ValuesAreReadAsWhatTheyAre)
 {
-    const JsonFile file("/p/x.json", R"({"t": "a\u0000b", "i": -3, "d": 0.5, "f": false, "l": [1, [2]], "o": {"k": 4}})");
+    const JsonFile file("/p/x.json",
+                        R"({"t": "a\u0000b", "i": -3, "d": 0.5, "f": false, "l": [1, [2]], "o": {"k": 4}})");
     const JsonPlace root = file.root();
     root.requireOnly({"t", "i", "d", "f", "l", "o"});
     EXPECT_EQ(root.field("t").text(), QString("a") + QChar(0) + "b");
@@ -63,7 +64,8 @@ TEST(JsonPlaceTest, AFaultIsToldWithItsLineAndPath)
          "is damaged at line 3: a.b[0][1][\"x.y\"] is not a number"},
         {[](const JsonPlace& root) { root.field("a").field("b").item(1).field("c").text(); },
          "is damaged at line 4: a.b[1].c is not a text"},
-        {[](const JsonPlace& root) { root.field("a").field("b").item(2); }, "is damaged at line 2: a.b has no item [2]"},
+        {[](const JsonPlace& root) { root.field("a").field("b").item(2); },
+         "is damaged at line 2: a.b has no item [2]"},
         {[](const JsonPlace& root) { root.field("a").field("z"); }, "is damaged at line 2: a has no field \"z\""},
         {[](const JsonPlace& root) { root.field("last").size(); }, "is damaged at line 5: last is not a list"},
         {[](const JsonPlace& root) { root.field("last").keys(); }, "is damaged at line 5: last is not an object"},
@@ -80,7 +82,8 @@ TEST(JsonPlaceTest, AFaultIsToldWithItsLineAndPath)
 TEST(JsonPlaceTest, TheColumnCountsCharacters)
 {
     EXPECT_EQ(failure("{\n \"腕é\": 1,\n \"腕\": x}", ignore), "is damaged at line 3, column 7: illegal number");
-    EXPECT_EQ(failure("\xef\xbb\xbf{\"a\": 1, \"a\": 2}", ignore), "is damaged at line 1, column 11: the field \"a\" is there twice");
+    EXPECT_EQ(failure("\xef\xbb\xbf{\"a\": 1, \"a\": 2}", ignore),
+              "is damaged at line 1, column 11: the field \"a\" is there twice");
 }
 
 TEST(JsonPlaceTest, AFieldTwiceIsToldWhereverItStands)
@@ -102,7 +105,8 @@ TEST(JsonPlaceTest, ContentThatIsNoJsonObjectIsTold)
     EXPECT_EQ(failure("  ", ignore), "is damaged at line 1, column 3: illegal value");
     EXPECT_EQ(failure("[1]", ignore), "is damaged at line 1, column 1: it is not an object");
     EXPECT_EQ(failure("{\"a\": \"\xff\"}", ignore), "is damaged at line 1, column 8: invalid UTF8 string");
-    EXPECT_EQ(failure(QByteArray("{\"a\": 1}\0{}", 11), ignore), "is damaged at line 1, column 9: garbage at the end of the document");
+    EXPECT_EQ(failure(QByteArray("{\"a\": 1}\0{}", 11), ignore),
+              "is damaged at line 1, column 9: garbage at the end of the document");
 }
 
 TEST(JsonPlaceTest, TheHeadOfAFileIsChecked)
@@ -121,6 +125,9 @@ TEST(JsonPlaceTest, OneOfSeveralTextsGivesWhichItIs)
     const JsonFile file("/p/x.json", R"({"a": "two", "b": "four"})");
     const JsonPlace root = file.root();
     EXPECT_EQ(root.field("a").oneOf({"one", "two", "three"}), 1);
-    EXPECT_EQ(failure(R"({"b": "four"})", [](const JsonPlace& root) { root.field("b").oneOf({"one", "two"}); }),
+    EXPECT_EQ(failure(R"({"b": "four"})",
+                      [](const JsonPlace& root) {
+                          root.field("b").oneOf({"one", "two"});
+                      }),
               "is damaged at line 1: b is not \"one\" or \"two\"");
 }

@@ -82,9 +82,11 @@ TEST(JsonWriterTest, TextsAreEscapedWhereJsonAsksForItAndElseStand)
 TEST(JsonWriterTest, NumbersAreShortAndReadBackToTheSameBits)
 {
     const std::pair<double, const char*> numbers[] = {
-        {0.0, "0"},       {-0.0, "0"},    {24, "24"},         {0.1, "0.1"},      {-2.5, "-2.5"},
-        {1e21, "1e+21"},  {1e-7, "1e-07"}, {1.0 / 3, "0.3333333333333333"}, {5e-324, "5e-324"},
-        {std::numeric_limits<double>::max(), "1.7976931348623157e+308"},
+        {0.0, "0"},         {-0.0, "0"},
+        {24, "24"},         {0.1, "0.1"},
+        {-2.5, "-2.5"},     {1e21, "1e+21"},
+        {1e-7, "1e-07"},    {1.0 / 3, "0.3333333333333333"},
+        {5e-324, "5e-324"}, {std::numeric_limits<double>::max(), "1.7976931348623157e+308"},
     };
     const auto textOf = [](double number) {
         return written([number](JsonWriter& json) {

@@ -41,8 +41,7 @@ bool asNobody(const std::function<bool()>& function)
     return inChild([&] {
                constexpr uid_t nobody = 65534;
                return ::setgid(nobody) == 0 && ::setuid(nobody) == 0 && function() ? 0 : 1;
-           })
-        == 0;
+           }) == 0;
 }
 
 bool isRoot()
@@ -169,8 +168,8 @@ TEST_F(ProjectFolderTest, FilesOfScenesThatAreGoneGoAndOthersStay)
     engine::Project one(path());
     one.addScene({"Run", 60, 1, 60, 24});
     save(path(), one);
-    EXPECT_EQ(filesOf(path()).keys(), QStringList({"project.json", "scenes/", "scenes/Run.json", "scenes/Walk-old.json",
-                                                   "scenes/notes.txt"}));
+    EXPECT_EQ(filesOf(path()).keys(),
+              QStringList({"project.json", "scenes/", "scenes/Run.json", "scenes/Walk-old.json", "scenes/notes.txt"}));
 }
 
 TEST_F(ProjectFolderTest, SeveralScenesOfOddNamesComeBackInOrder)
@@ -300,14 +299,14 @@ TEST_F(ProjectFolderTest, WithoutPermissionNothingChanges)
     ::chmod(qPrintable(path()), 0755);
     expectRefusal("Cannot save the project: \"" + path() + "/.brindle-save\" cannot be made: permission denied.");
     EXPECT_TRUE(asNobody([&] {
-        return createError(path("new/er"), project())
-            == "Cannot create the project: \"" + path("new") + "\" cannot be made: permission denied.";
+        return createError(path("new/er"), project()) ==
+               "Cannot create the project: \"" + path("new") + "\" cannot be made: permission denied.";
     }));
     EXPECT_TRUE(asNobody([&] { return openError(path()).isEmpty(); }));
     ::chmod(qPrintable(sceneFile()), 0600);
     EXPECT_TRUE(asNobody([&] {
-        return openError(path())
-            == "Cannot open the project: \"" + sceneFile() + "\" cannot be read: permission denied.";
+        return openError(path()) ==
+               "Cannot open the project: \"" + sceneFile() + "\" cannot be read: permission denied.";
     }));
 }
 
@@ -411,7 +410,8 @@ TEST_F(ProjectFolderTest, DamageOfTheProjectFileIsTold)
     const QString file = path() + "/project.json";
     for (const auto& [content, reason] : cases) {
         put(file, content);
-        EXPECT_EQ(openError(path()).toStdString(), ("Cannot open the project: \"" + file + "\" ").toStdString() + reason);
+        EXPECT_EQ(openError(path()).toStdString(),
+                  ("Cannot open the project: \"" + file + "\" ").toStdString() + reason);
     }
     QFile::remove(file);
     QDir().mkpath(file);
@@ -433,7 +433,8 @@ TEST_F(ProjectFolderTest, TwoFilesWithOneSceneNameAreTold)
     saved();
     QFile::copy(sceneFile(), path() + "/scenes/Copy.json");
     QByteArray text = get(path() + "/project.json");
-    put(path() + "/project.json", text.replace("\"scenes/Scene-1.json\"", "\"scenes/Scene-1.json\", \"scenes/Copy.json\""));
-    EXPECT_EQ(openError(path()), "Cannot open the project: \"" + path()
-                                     + "/scenes/Copy.json\" is damaged at line 4: name is the name of another scene.");
+    put(path() + "/project.json",
+        text.replace("\"scenes/Scene-1.json\"", "\"scenes/Scene-1.json\", \"scenes/Copy.json\""));
+    EXPECT_EQ(openError(path()), "Cannot open the project: \"" + path() +
+                                     "/scenes/Copy.json\" is damaged at line 4: name is the name of another scene.");
 }

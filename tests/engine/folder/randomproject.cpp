@@ -58,15 +58,23 @@ void RandomProject::change(int steps)
 
 double RandomProject::number()
 {
-    constexpr double odd[] = {0.0, -0.0, 0.1, 1e300, -1e-300, std::numeric_limits<double>::denorm_min(),
-                              std::numeric_limits<double>::max(), 1e15 + 0.3, 9007199254740993.0, 1.0 / 3};
+    constexpr double odd[] = {0.0,
+                              -0.0,
+                              0.1,
+                              1e300,
+                              -1e-300,
+                              std::numeric_limits<double>::denorm_min(),
+                              std::numeric_limits<double>::max(),
+                              1e15 + 0.3,
+                              9007199254740993.0,
+                              1.0 / 3};
     return below(3) == 0 ? odd[below(std::size(odd))] : std::uniform_real_distribution<double>(-200, 200)(m_random);
 }
 
 QString RandomProject::name()
 {
-    static const QStringList names = {"Arm",  "Bras gauche", "腕", "Hand\"s", "back\\slash", "Z\u0308", "\U0001F9B4",
-                                      "-0",   "[3]",         "a.b"};
+    static const QStringList names = {"Arm",     "Bras gauche", "腕", "Hand\"s", "back\\slash",
+                                      "Z\u0308", "\U0001F9B4",  "-0", "[3]",     "a.b"};
     return names.at(below(static_cast<int>(names.size()))) + (below(2) ? QString() : QString::number(below(20)));
 }
 
@@ -107,8 +115,9 @@ TUTimedValue* RandomProject::column()
 
 void RandomProject::addNode()
 {
-    static const QStringList types = {"READ",  "PEG",   "PEG",          "CAMERA",        "DISPLAY",    "COMPOSITE", "WRITE",
-                                      "GROUP", "GROUP", "MULTIPORT_IN", "MULTIPORT_OUT", "COLOR_CARD", "BLUR",      "CUTTER"};
+    static const QStringList types = {"READ",          "PEG",        "PEG",   "CAMERA", "DISPLAY",
+                                      "COMPOSITE",     "WRITE",      "GROUP", "GROUP",  "MULTIPORT_IN",
+                                      "MULTIPORT_OUT", "COLOR_CARD", "BLUR",  "CUTTER"};
     m_project.add(types.at(below(static_cast<int>(types.size()))), below(3) ? name() : QString(), group());
 }
 
@@ -132,7 +141,8 @@ void RandomProject::link()
         MO_Node* from = in->subNode(below(count));
         MO_Node* to = in->subNode(below(count));
         if (from->nOutPorts() > 0 && to->nInPorts() > 0)
-            m_project.link(from, to, below(static_cast<int>(from->nOutPorts())), below(static_cast<int>(to->nInPorts())));
+            m_project.link(from, to, below(static_cast<int>(from->nOutPorts())),
+                           below(static_cast<int>(to->nInPorts())));
     }
 }
 

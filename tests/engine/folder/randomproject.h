@@ -4,7 +4,8 @@
 
 #include <random>
 
-/// Changes a project by a random program of everything that a project folder keeps. The same seed gives the same project.
+/// Changes a project by a random program of everything that a project folder keeps. The same seed gives the same
+/// project.
 class RandomProject {
 public:
     RandomProject(MemoryProject& project, unsigned int seed) : m_project(project), m_random(seed) {}

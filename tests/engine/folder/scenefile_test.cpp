@@ -135,7 +135,9 @@ TEST_F(SceneFileTest, ARigWithACurveIsOneLineAPoint)
     }
   ]
 }
-)"), std::string::npos) << text;
+)"),
+              std::string::npos)
+        << text;
 }
 
 TEST_F(SceneFileTest, ARandomProjectReopensToTheSameBytes)
@@ -200,7 +202,8 @@ TEST_F(SceneFileTest, TheOrderOfLinkingIsKeptForPortsAndColumns)
     TUTimedValue* column = addColumn(*this, first);
     for (const int i : {2, 0, 3, 1}) {
         link(source, blurs[static_cast<std::size_t>(i)]);
-        run(new tu_tv_socket::LinkCmd(blurs[static_cast<std::size_t>(i)]->findAttributeByKeyword("radius")->socket(), column));
+        run(new tu_tv_socket::LinkCmd(blurs[static_cast<std::size_t>(i)]->findAttributeByKeyword("radius")->socket(),
+                                      column));
     }
     saved();
     const auto opened = open(path());
@@ -241,11 +244,26 @@ TEST_F(SceneFileTest, NumbersAndTextsOfAllKindsComeBackAsTheyWere)
     MO_Node* write = add("WRITE", "Out");
     auto* number = doubleAttr(peg, "position", 0);
     auto* text = dynamic_cast<AT_StringAttr*>(write->findAttributeByKeyword("path"));
-    const QString texts[] = {"",          "plain", "quote \" back \\ slash / ", "line\nreturn\r tab\t", QString(QChar(0)) + QChar(0x1f),
-                             "腕 Ж \u0308", "\U0001F9B4", QString(QChar(0x7f)), QString(QChar(0x2028))};
-    const double numbers[] = {0.0, -0.0, 0.1, -1.0 / 3, 1e22, 9007199254740993.0, 123456789012345680.0,
-                              std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest(),
-                              std::numeric_limits<double>::min(), std::numeric_limits<double>::denorm_min()};
+    const QString texts[] = {"",
+                             "plain",
+                             "quote \" back \\ slash / ",
+                             "line\nreturn\r tab\t",
+                             QString(QChar(0)) + QChar(0x1f),
+                             "腕 Ж \u0308",
+                             "\U0001F9B4",
+                             QString(QChar(0x7f)),
+                             QString(QChar(0x2028))};
+    const double numbers[] = {0.0,
+                              -0.0,
+                              0.1,
+                              -1.0 / 3,
+                              1e22,
+                              9007199254740993.0,
+                              123456789012345680.0,
+                              std::numeric_limits<double>::max(),
+                              std::numeric_limits<double>::lowest(),
+                              std::numeric_limits<double>::min(),
+                              std::numeric_limits<double>::denorm_min()};
     saved();
     const auto expectKept = [&] {
         save(path(), project());

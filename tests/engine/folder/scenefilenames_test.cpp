@@ -41,8 +41,8 @@ TEST(SceneFileNamesTest, OnlyAFileRightInTheFolderOfScenesIsOne)
 {
     for (const QString good : {"scenes/a.json", "scenes/..json", "scenes/腕 1.json"})
         EXPECT_TRUE(isSceneFileName(good)) << good.toStdString();
-    for (const QString bad : {"", "a.json", "scenes/.json", "scenes/a.txt", "scenes/a/b.json", "scenes/../a.json", "/scenes/a.json",
-                              "Scenes/a.json", "scenes//a.json"})
+    for (const QString bad : {"", "a.json", "scenes/.json", "scenes/a.txt", "scenes/a/b.json", "scenes/../a.json",
+                              "/scenes/a.json", "Scenes/a.json", "scenes//a.json"})
         EXPECT_FALSE(isSceneFileName(bad)) << bad.toStdString();
     EXPECT_FALSE(isSceneFileName(QString("scenes/a") + QChar(0) + ".json"));
 }

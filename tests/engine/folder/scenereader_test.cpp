@@ -147,28 +147,27 @@ constexpr Damage damages[] = {
     {"VersionIsZero", "\"version\": 1", "\"version\": 0",
      "is damaged at line 3: version is not a whole number from 1 to 2147483647."},
     {"NoVersion", "  \"version\": 1,\n", "", "is damaged at line 1: the file has no field \"version\"."},
-    {"UnknownField", "\"frames\"", "\"colour\": 1, \"frames\"",
-     "is damaged at line 5: colour is an unknown field."},
+    {"UnknownField", "\"frames\"", "\"colour\": 1, \"frames\"", "is damaged at line 5: colour is an unknown field."},
     {"NameIsEmpty", "\"name\": \"Walk\"", "\"name\": \"\"", "is damaged at line 4: name is empty."},
     {"NameIsList", "\"name\": \"Walk\"", "\"name\": []", "is damaged at line 4: name is not a text."},
     {"NoFrames", "  \"frames\": 48,\n", "", "is damaged at line 1: the file has no field \"frames\"."},
     {"FramesAreZero", "48", "0", "is damaged at line 5: frames is not a whole number from 1 to 1000000."},
     {"FramesAreAbsurd", "48", "1e300", "is damaged at line 5: frames is not a whole number from 1 to 1000000."},
     {"FramesAreFraction", "48", "48.5", "is damaged at line 5: frames is not a whole number from 1 to 1000000."},
-    {"StartBehindEnd", "\"start\": 1", "\"start\": 49", "is damaged at line 6: start is not a whole number from 1 to 48."},
+    {"StartBehindEnd", "\"start\": 1", "\"start\": 49",
+     "is damaged at line 6: start is not a whole number from 1 to 48."},
     {"StopAheadOfStart", "\"start\": 1", "\"start\": 25",
      "is damaged at line 7: stop is not a whole number from 25 to 48."},
     {"RateIsZero", "12.5", "0", "is damaged at line 8: frameRate is not above 0."},
     {"RateIsText", "12.5", "\"12.5\"", "is damaged at line 8: frameRate is not a number."},
-    {"NodesAreText", "\"nodes\": [", "\"nodes\": \"\", \"old\": [",
-     "is damaged at line 9: old is an unknown field."},
+    {"NodesAreText", "\"nodes\": [", "\"nodes\": \"\", \"old\": [", "is damaged at line 9: old is an unknown field."},
     {"NodeIsNumber", "\"nodes\": [", "\"nodes\": [\n    7,", "is damaged at line 10: nodes[0] is not an object."},
     {"RootOfAnotherName", "\"name\": \"Top\"", "\"name\": \"Bottom\"",
      "is damaged at line 10: nodes[0] is not the root group \"Top\"."},
     {"RootIsDeep", "\"depth\": 0", "\"depth\": 1", "is damaged at line 10: nodes[0] is not the root group \"Top\"."},
-    {"UnknownType", "\"type\": \"READ\"", "\"type\": \"RAED\"", "is damaged at line 81: nodes[6].type is no type of node."},
-    {"UnknownFieldOfNode", "\"enabled\"", "\"enable\"",
-     "is damaged at line 47: nodes[3].enable is an unknown field."},
+    {"UnknownType", "\"type\": \"READ\"", "\"type\": \"RAED\"",
+     "is damaged at line 81: nodes[6].type is no type of node."},
+    {"UnknownFieldOfNode", "\"enabled\"", "\"enable\"", "is damaged at line 47: nodes[3].enable is an unknown field."},
     {"TooDeep", "\"name\": \"Arm\",\n      \"type\": \"PEG\",\n      \"depth\": 2",
      "\"name\": \"Arm\",\n      \"type\": \"PEG\",\n      \"depth\": 3",
      "is damaged at line 45: nodes[3].depth is not that of a node in a group ahead of it."},
@@ -187,7 +186,8 @@ constexpr Damage damages[] = {
     {"PlaceIsLong", "[1, 2, 3]", "[1, 2, 3, 4]", "is damaged at line 22: nodes[1].place has 4 items, not 3."},
     {"PlaceIsFar", "[1, 2, 3]", "[1, 2147483648, 3]",
      "is damaged at line 22: nodes[1].place[1] is not a whole number from -2147483648 to 2147483647."},
-    {"EnabledIsNumber", "\"enabled\": false", "\"enabled\": 0", "is damaged at line 47: nodes[3].enabled is not true or false."},
+    {"EnabledIsNumber", "\"enabled\": false", "\"enabled\": 0",
+     "is damaged at line 47: nodes[3].enabled is not true or false."},
     {"PortsOfAPeg", "\"enabled\": false", "\"inPorts\": []",
      "is damaged at line 47: nodes[3].inPorts can't be told of a node of this type."},
     {"PortOfNoKind", "[4, \"IMAGE\", \"MATTE\"]", "[4, \"SOUND\"]",
@@ -208,7 +208,8 @@ constexpr Damage damages[] = {
      "is damaged at line 50: nodes[3].values.position is no attribute of a node of type \"PEG\"."},
     {"AttributeWithDots", "\"angle\"", "\"..\"",
      "is damaged at line 50: nodes[3].values[\"..\"] is no attribute of a node of type \"PEG\"."},
-    {"NumberIsText", "\"angle\": 2", "\"angle\": \"2\"", "is damaged at line 50: nodes[3].values.angle is not a number."},
+    {"NumberIsText", "\"angle\": 2", "\"angle\": \"2\"",
+     "is damaged at line 50: nodes[3].values.angle is not a number."},
     {"FlagIsText", "\"full_transform\": true", "\"full_transform\": \"yes\"",
      "is damaged at line 51: nodes[3].values.full_transform is not true or false."},
     {"ValueOutOfRange", "\"opacity\": 50", "\"opacity\": 101",
@@ -219,7 +220,8 @@ constexpr Damage damages[] = {
      "is damaged at line 55: nodes[3].columns[\"position.y\"] is not the name of a column."},
     {"ColumnOnATextAttribute", "\"values\": {\n        \"drawing.element\": \"A\",\n        \"opacity\": 50\n      }",
      "\"columns\": {\"drawing.element\": \"X\"}",
-     "is damaged at line 84: nodes[6].columns[\"drawing.element\"] is no attribute of a node of type \"READ\" that a column can drive."},
+     "is damaged at line 84: nodes[6].columns[\"drawing.element\"] is no attribute of a node of type \"READ\" that a "
+     "column can drive."},
     {"LinkToAMissingNode", "[0, \"Hand\", 0]", "[0, \"Foot\", 0]",
      "is damaged at line 58: nodes[3].links[0][1] is not the name of a node of the group."},
     {"LinkToAnotherGroup", "[0, \"Hand\", 0]", "[0, \"Screen\", 0]",
@@ -297,8 +299,8 @@ TEST_F(SceneReaderTest, ALinkThatClosesACircleIsTold)
     text.replace("      \"links\": [\n        [0, \"Arm\", 0]\n      ]\n", "      \"enabled\": true\n");
     text.replace("\"name\": \"Hand\",\n", "\"name\": \"Hand\",\n      \"links\": [[0, \"Arm\", 0]],\n");
     put(sceneFile(), text);
-    EXPECT_EQ(openError(path()), "Cannot open the project: \"" + sceneFile()
-                                     + "\" is damaged at line 61: nodes[4].links[0] joins ports that can't be linked.");
+    EXPECT_EQ(openError(path()), "Cannot open the project: \"" + sceneFile() +
+                                     "\" is damaged at line 61: nodes[4].links[0] joins ports that can't be linked.");
 }
 
 TEST_F(SceneReaderTest, ATwinColumnIsTold)
@@ -369,10 +371,9 @@ TEST_F(SceneReaderTest, WhatSurvivesAFlippedBitIsSavedAndOpenedAgain)
 TEST_F(SceneReaderTest, AbsurdNestingAndSizesAreTold)
 {
     put(sceneFile(), QByteArray(2'000'000, '['));
-    EXPECT_EQ(openError(path()).toStdString(),
-              ("Cannot open the project: \"" + sceneFile()
-               + "\" is damaged at line 1, column 1026: too deeply nested document.")
-                  .toStdString());
+    EXPECT_EQ(openError(path()).toStdString(), ("Cannot open the project: \"" + sceneFile() +
+                                                "\" is damaged at line 1, column 1026: too deeply nested document.")
+                                                   .toStdString());
     put(sceneFile(), "{\"nodes\": " + QByteArray(1000, '[') + QByteArray(1000, ']') + '}');
     EXPECT_TRUE(openError(path()).endsWith("is damaged at line 1: the file has no field \"format\"."));
     QFile sparse(sceneFile());

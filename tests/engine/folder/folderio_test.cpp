@@ -1,0 +1,115 @@
+#include "engine/folder/folderio.h"
+
+#include "tests/engine/folder/foldertest.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <csignal>
+
+#include <sys/resource.h>
+
+using engine::FileKind;
+using engine::FolderFailure;
+using engine::FolderLock;
+namespace folder_io = engine::folder_io;
+
+class FolderIoTest : public FolderTest {
+public:
+    template <typename Action>
+    static std::string failure(Action action)
+    {
+        try {
+            action();
+            return {};
+        } catch (const FolderFailure& failure) {
+            return failure.reason.toStdString();
+        }
+    }
+    std::string named(const char* name, const char* reason) const
+    {
+        return (engine::quoted(path(name)) + ' ' + reason).toStdString();
+    }
+};
+
+TEST_F(FolderIoTest, TellsWhatStandsAtAPath)
+{
+    put(path("file"), "x");
+    QFile::link(path("file"), path("link"));
+    EXPECT_EQ(folder_io::kindOf(path("file")), FileKind::File);
+    EXPECT_EQ(folder_io::kindOf(path("link")), FileKind::File);
+    EXPECT_EQ(folder_io::kindOf(path(".")), FileKind::Folder);
+    EXPECT_EQ(folder_io::kindOf(path("none")), FileKind::Nothing);
+    EXPECT_EQ(folder_io::kindOf(path("file/none")), FileKind::Nothing);
+    EXPECT_EQ(folder_io::kindOf("/dev/null"), FileKind::Other);
+}
+
+TEST_F(FolderIoTest, AMissingFileIsToldInTheWayThatWasAskedFor)
+{
+    bool missing = false;
+    EXPECT_EQ(folder_io::read(path("none"), &missing), QByteArray());
+    EXPECT_TRUE(missing);
+    EXPECT_EQ(failure([&] { folder_io::read(path("none")); }),
+              named("none", "cannot be read: no such file or directory"));
+}
+
+TEST_F(FolderIoTest, AFileThatCannotBeWrittenWholeIsNotThere)
+{
+    EXPECT_EQ(failure([&] { folder_io::writeNew(path("a/b"), "x", path("shown"), 0666); }),
+              named("shown", "cannot be written: no such file or directory"));
+    put(path("file"), "x");
+    EXPECT_EQ(failure([&] { folder_io::writeNew(path("file"), "y", path("shown"), 0666); }),
+              named("shown", "cannot be written: file exists"));
+    EXPECT_EQ(get(path("file")), "x");
+    const int code = inChild([&] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{100, 100};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        const std::string told =
+            failure([&] { folder_io::writeNew(path("new"), QByteArray(200, 'x'), path("new"), 0666); });
+        return told == named("new", "cannot be written: file too large") ? 0 : 1;
+    });
+    EXPECT_EQ(code, 0);
+    EXPECT_FALSE(QFileInfo::exists(path("new")));
+}
+
+TEST_F(FolderIoTest, RemovingWhatIsNotThereIsDone)
+{
+    EXPECT_EQ(failure([&] {
+                  folder_io::remove(path("none"));
+                  folder_io::removeFolder(path("none"));
+              }),
+              "");
+    QDir().mkpath(path("full/of"));
+    EXPECT_EQ(failure([&] { folder_io::removeFolder(path("full")); }),
+              named("full", "cannot be removed: directory not empty"));
+    EXPECT_EQ(failure([&] { folder_io::remove(path("full")); }), named("full", "cannot be removed: is a directory"));
+}
+
+TEST_F(FolderIoTest, AnotherDiskCannotTakeAFileOfTheFolder)
+{
+    QDir().mkpath(path());
+    ASSERT_TRUE(QFile::link("/proc/self", path() + "/scenes"));
+    EXPECT_EQ(failure([&] { folder_io::requireReplaceable(path(), "scenes/a.json"); }),
+              named("project/scenes/a.json", "cannot be written: invalid cross-device link"));
+}
+
+TEST_F(FolderIoTest, ReadersShareALockAndAWriterHasItAlone)
+{
+    const auto lock = [&](FolderLock::Purpose purpose) {
+        return failure([&] { const FolderLock lock(path("."), purpose, std::chrono::milliseconds(20)); });
+    };
+    const std::string refused = named(".", "is in use by another program");
+    {
+        const FolderLock reader(path("."), FolderLock::Reading);
+        EXPECT_EQ(lock(FolderLock::Reading), "");
+        EXPECT_EQ(lock(FolderLock::Writing), refused);
+    }
+    {
+        const FolderLock writer(path("."), FolderLock::Writing);
+        EXPECT_EQ(lock(FolderLock::Reading), refused);
+        EXPECT_EQ(lock(FolderLock::Writing), refused);
+    }
+    EXPECT_EQ(lock(FolderLock::Writing), "");
+    EXPECT_EQ(filesOf(path(".")), Files());
+}
