@@ -61,7 +61,7 @@ def samples(app):
         "scene": scene,
         "nodes of the scene": nodes,
         "nodes of a group": group.nodes,
-        "nodes in a loop": iterated(nodes),
+        "copied nodes": nodes.copy(),
         "peg": peg,
         "camera": camera,
         "display": nodes["Top/Display"],
@@ -84,7 +84,7 @@ def samples(app):
         "flat cables": outside.cables_flat,
         "attributes": peg.attributes,
         "subattributes": peg.attributes["position"].subattributes,
-        "attributes in a loop": iterated(peg.attributes),
+        "copied attributes": peg.attributes.copy(),
         "attribute": peg.attributes["position"],
         "double attribute": angle,
         "bool attribute": read.attributes["visible"],
@@ -98,11 +98,6 @@ def samples(app):
         "point 2d": brindle.Point2d(1, 2),
         "point 3d": brindle.Point3d(1, 2, 3),
     }
-
-
-def iterated(items):
-    """The copy of a list that a loop goes over."""
-    return items.copy()
 
 
 def run_python(script, *arguments, timeout=120, **options):

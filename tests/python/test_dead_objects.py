@@ -1,0 +1,261 @@
+"""What has gone from the project says so at its next use, for ever, however it went."""
+
+import brindle
+import pytest
+
+import support
+
+VALUES = {"point 2d", "point 3d"}
+KEPT_BY_CLOSING = {"application", *VALUES}
+KEPT = {"project", "history", "scenes", "scene", "nodes of the scene", "copied nodes", "display", "composite",
+        "dynamic in-ports", *KEPT_BY_CLOSING}
+NODES = {"peg", "camera", "display", "read", "group", "composite", "multi-port in", "multi-port out"}
+# What is answered although the object is gone: it isn't asked of the project.
+ANSWERS = {
+    ("project", "str"): "'Brindle Base Project'",
+    ("project", "history"): "<brindle.History, no longer valid>",
+    ("scene", "sounds"): "Sounds are not yet supported in the Python DOM.",
+    ("history", "set"): "Unable to set a value in the history.",
+    (None, "position"): "<brindle.Node_Coordinates, no longer valid>",
+    ("fixed in-ports", "dynamic"): "False", ("fixed out-ports", "dynamic"): "False",
+    ("dynamic in-ports", "dynamic"): "True", ("dynamic out-ports", "dynamic"): "True",
+    (None, "unlink of an attribute"): "False", (None, "link of an attribute"): "False",
+    ("column", "get_current_index"): "1",
+    ("control point", "value="): "NOT YET IMPLEMENTED",
+    ("control points", "get"): "Unable to retrieve item in container.",
+    ("control points", "__getitem__"): "Unable to retrieve item in container.",
+}
+LISTS = {
+    "scenes": "Unable to set the scene list.", "nodes of the scene": "The node list cannot be set.",
+    "copied nodes": "The node list cannot be set.",
+    "nodes of a group": "The node list cannot be set.", "fixed in-ports": "Port lists cannot be set.",
+    "dynamic in-ports": "Port lists cannot be set.", "fixed out-ports": "Port lists cannot be set.",
+    "dynamic out-ports": "Port lists cannot be set.", "cables": "Cable lists cannot be set.",
+    "flat cables": "Flat Cable lists cannot be set.", "attributes": "Attribute List cannot be set.",
+    "subattributes": "Attribute List cannot be set.", "copied attributes": "Attribute List cannot be set.",
+    "control points": "Unable to set item in container.",
+}
+UNTOUCHED = {"objectName", "copy", "valid", "close", "__exit__", "save", "save_as"}
+
+ARGUMENTS = {
+    "get": (0,), "set": (0, None), "create": ("PEG",), "find": ("x",), "undo": (1,),
+    "redo": (1,), "begin": ("x",), "link": ("x",), "insert": (None,), "value": (1,), "set_value": (1, 1),
+    "set_localvalue": (1,), "reset_value": (1,), "offset_value": (1, 1), "get_text_value": (1,),
+    "set_text_value": (1, "1"), "get_entry": (1,), "set_entry": (1, 1), "scale": (1,), "keyframe_create": (1,),
+    "keyframe_remove": (1,), "keyframe_exists": (1,), "keyframe_clear": (1, 2),
+    "create_point": (1, 1, 1, 1, 1, 1), "save_as": ("x",),
+}
+
+
+REMOVED = {brindle.SceneList: (None,), brindle.CableList: (None,), brindle.FlatCableList: (None,),
+           brindle.MultiPortList: (0,), brindle.MultiInPortList: (0,), brindle.ControlPointList: (1,)}
+
+
+def calls(name, sample):
+    """Everything that a script can do with an object, under a name."""
+    for entry in brindle._describe():
+        if not isinstance(sample, getattr(brindle, entry["name"])):
+            continue
+        for member in entry["properties"]:
+            if member["name"] not in UNTOUCHED:
+                yield member["name"], lambda m=member: getattr(sample, m["name"])
+                if member["writable"]:
+                    value = {"bool": True, "int": 2, "float": 2.0, "str": "x"}.get(member["type"], 1)
+                    yield member["name"] + "=", lambda m=member, v=value: setattr(sample, m["name"], v)
+        for member in entry["methods"]:
+            if member["name"] not in UNTOUCHED:
+                arguments = ARGUMENTS.get(member["name"], ())
+                if name == "text attribute" and member["name"].startswith("set_"):
+                    arguments = arguments[:-1] + ("x",)
+                if name == "history" and member["name"] == "set":
+                    arguments = (0, "x")
+                if isinstance(sample, brindle.OutPort) and member["name"] == "unlink":
+                    arguments = ("x",)
+                if member["name"] in ("contains", "remove"):
+                    arguments = REMOVED.get(type(sample), ("x",))
+                suffix = " of an attribute" if isinstance(sample, brindle.Attribute) and "link" in member["name"] else ""
+                yield member["name"] + suffix, lambda m=member, a=arguments: getattr(sample, m["name"])(*a)
+    yield "str", lambda: str(sample)
+    for operator, call in (("__len__", lambda: len(sample)), ("__getitem__", lambda: sample[0]),
+                           ("__iter__", lambda: list(sample)), ("__call__", lambda: sample("0"))):
+        if hasattr(type(sample), operator) and not (operator == "__call__" and not callable(sample)):
+            yield operator, call
+
+
+def outcome(call):
+    """The sentence of a failure, or the text of a result."""
+    try:
+        return repr(call())
+    except brindle.Error as failure:
+        return str(failure)
+
+
+def expected(name, call):
+    for key in ((name, call), (None, call)):
+        if key in ANSWERS:
+            return ANSWERS[key]
+    if call in ("set", "__setitem__") and name in LISTS:
+        return LISTS[name]
+    return support.NODE_GONE if name in NODES else support.GONE
+
+
+def gone_by_removing(app):
+    app.scene.nodes.remove(sample_nodes(app), True)
+
+
+def gone_by_removing_and_undoing(app):
+    app.scene.nodes.remove(sample_nodes(app), True)
+    app.project.history.undo(1)
+    assert sample_nodes(app)
+
+
+def gone_by_undoing(app):
+    app.project.history.undo(1000)
+
+
+def gone_by_undoing_and_redoing(app):
+    app.project.history.undo(1000)
+    app.project.history.redo(1000)
+    assert sample_nodes(app)
+
+
+def gone_by_closing(app):
+    app.close()
+
+
+def gone_by_opening_another(app, folder):
+    brindle.create(folder.with_name("another"))
+
+
+def gone_by_opening_again(app, folder):
+    app.save()
+    brindle.open(folder)
+
+
+def sample_nodes(app):
+    return [node for node in app.scene.nodes if node.name.startswith("Sample")]
+
+
+WAYS = [gone_by_removing, gone_by_removing_and_undoing, gone_by_undoing, gone_by_undoing_and_redoing, gone_by_closing]
+OTHER_PROJECTS = [gone_by_opening_another, gone_by_opening_again]
+
+
+def check(samples, kept):
+    for name, sample in samples.items():
+        if name in kept:
+            continue
+        for _ in range(2):  # For ever: the next use says the same.
+            for call, action in calls(name, sample):
+                assert outcome(action) == expected(name, call), f"{name}.{call}"
+        if (name, "str") not in ANSWERS:
+            assert repr(sample) == f"<brindle.{type(sample).__name__}, no longer valid>"
+        if name in NODES:
+            assert sample.valid is False
+        copied = sample.copy()
+        assert type(copied) is type(sample)
+        if name not in ("point 2d", "point 3d", "project"):
+            assert outcome(lambda: str(copied)) == expected(name, "str")
+
+
+@pytest.mark.parametrize("go", WAYS)
+def test_what_is_gone_says_so_at_every_use(app, samples, go):
+    go(app)
+    check(samples, KEPT_BY_CLOSING if go is gone_by_closing else KEPT)
+
+
+@pytest.mark.parametrize("go", OTHER_PROJECTS)
+def test_what_another_project_had_is_gone_when_one_is_opened(app, folder, samples, go):
+    go(app, folder)
+    check(samples, KEPT_BY_CLOSING)
+
+
+@pytest.mark.parametrize("go", WAYS)
+def test_what_is_gone_can_be_passed_and_changes_nothing(app, folder, go):
+    samples = support.samples(app)
+    go(app)
+    if go is gone_by_closing:
+        app = brindle.open(folder)
+    node = app.scene.nodes.create("PEG", "Alive")
+    before = support.saved(app, folder)
+    angle = node.attributes["angle"]
+    for name, dead in samples.items():
+        if name in KEPT:
+            continue
+        for call in (lambda: node.ports_in[0].link(dead), lambda: node.ports_out[0].link(dead),
+                     lambda: node.ports_out[0].link([dead, 0]), lambda: setattr(node, "position", dead),
+                     lambda: angle.link(dead),
+                     lambda: app.scene.nodes.remove(dead), lambda: app.scene.nodes.remove([dead]),
+                     lambda: app.scene.nodes.create("PEG", dead, "x"), lambda: node.ports_out[0].cables.contains(dead),
+                     lambda: dead in node.attributes, lambda: dead == node, lambda: node == dead,
+                     lambda: app.scenes.contains(dead)):
+            outcome(call)
+    assert support.saved(app, folder) == before
+    assert node.valid
+
+
+def test_a_project_that_is_open_again_is_a_new_one(app, folder):
+    node = app.scene.nodes.create("PEG", "Arm")
+    app.save()
+    again = brindle.open(folder)
+    assert node.valid is False
+    assert again.scene.nodes["Top/Arm"].valid is True
+    assert again is brindle.application() is not app
+    assert support.message_of(lambda: app.scene) == support.GONE
+    app.close()  # A closed application has nothing to close.
+    assert again.scene.nodes["Top/Arm"].valid is True
+
+
+def test_a_rename_keeps_every_object_of_a_node_alive(scene, peg):
+    again = scene.nodes["Top/Arm"]
+    angle, port = peg.attributes["angle"], peg.ports_in[0]
+    peg.name = "Leg"
+    assert again.name == "Leg" and again.valid
+    assert angle.node().path == port.node.path == "Top/Leg"
+
+
+def test_a_keyframe_that_is_removed_takes_its_control_point_with_it(column, history):
+    point = column.keyframe_create(5)
+    assert point.frame == 5.0
+    column.keyframe_remove(5)
+    assert support.message_of(lambda: point.value) == support.GONE
+    column.keyframe_create(5)
+    assert support.message_of(lambda: point.value) == support.GONE
+    history.undo(2)
+    assert column.keyframe_exists(5)
+    assert support.message_of(lambda: point.value) == support.GONE
+    assert column.control_points.list()[1].frame == 5.0
+
+
+def test_a_column_that_is_undone_is_gone_and_its_attribute_is_not(peg, history):
+    angle = peg.attributes["angle"]
+    angle.set_value(1, 2.0)
+    column = angle.column
+    history.undo()
+    assert support.message_of(lambda: column.name) == support.GONE
+    assert angle.column is None and angle.value(1) == 0.0
+    history.redo()
+    assert support.message_of(lambda: column.name) == support.GONE
+    assert angle.column.keyframe_list() == [1]
+
+
+def test_a_cable_that_is_cut_says_that_its_ends_are_apart(samples):
+    cable = samples["cable"]
+    cable.unlink()
+    for read in ("source", "source_node", "destination", "destination_node", "source_flat", "source_flat_node"):
+        assert support.message_of(lambda: getattr(cable, read)) == support.APART
+    assert support.message_of(cable.unlink) == support.APART
+    assert support.message_of(lambda: samples["flat cable"].source) == support.APART
+
+
+def test_a_cable_that_is_linked_again_is_whole_again(samples, history):
+    samples["cable"].unlink()
+    history.undo()
+    assert samples["cable"].source_node == samples["peg"]
+
+
+def test_a_removed_port_is_gone_and_the_others_go_on(scene):
+    ports = scene.nodes["Top/Composite"].ports_in
+    first, second = ports.create(), ports.create()
+    ports.remove(first)
+    assert support.message_of(lambda: first.type) == support.GONE
+    assert second.index == 1 and second.type == "IMAGE"
