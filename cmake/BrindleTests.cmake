@@ -34,7 +34,8 @@ function(brindle_gtest target folder)
     brindle_sources(sources ${folder})
     add_executable(${target} ${sources})
     brindle_own_code(${target})
-    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    # Tests declare what a class should not: moc needn't warn of it.
+    set_target_properties(${target} PROPERTIES AUTOMOC ON AUTOMOC_MOC_OPTIONS --no-warnings)
     target_precompile_headers(${target} PRIVATE <gtest/gtest.h>)
     target_link_libraries(${target} PRIVATE ${arg_LIBRARIES} GTest::gmock GTest::gtest)
     # A folder's tests bring their own main() when they need one.
@@ -43,8 +44,10 @@ function(brindle_gtest target folder)
     if(NOT mains)
         target_link_libraries(${target} PRIVATE GTest::gtest_main)
     endif()
-    gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-        PROPERTIES ENVIRONMENT "${test_environment};${arg_ENVIRONMENT}" TIMEOUT 300)
+    # A test property can't hold a list here, so the environment is set by what starts the tests.
+    set_target_properties(${target} PROPERTIES
+        CROSSCOMPILING_EMULATOR "/usr/bin/env;${test_environment};${arg_ENVIRONMENT}")
+    gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES PROPERTIES TIMEOUT 300)
 endfunction()
 
 brindle_gtest(engine_tests tests/engine LIBRARIES BrindleEngineObjects)
