@@ -1,6 +1,7 @@
 """What the tests of the Python module share: a project of their own for each, and the sample objects of every class."""
 
 import pathlib
+import tempfile
 
 import brindle
 import pytest
@@ -9,9 +10,10 @@ import support
 
 
 @pytest.fixture
-def folder(tmp_path):
-    """Where the test's project is."""
-    return tmp_path / "project"
+def folder():
+    """Where the test's project is: in memory, where that can be, since every save waits for the disk."""
+    with tempfile.TemporaryDirectory(dir=support.MEMORY) as parent:
+        yield pathlib.Path(parent) / "project"
 
 
 @pytest.fixture
@@ -63,9 +65,42 @@ def samples(app):
 
 
 @pytest.fixture
-def no_permission():
-    """Tests of permissions start processes as nobody, which only root can."""
-    import os
+def rig(app):
+    """One of each to work on, with nothing in the history."""
+    made = support.samples(app)
+    app.project.history.clear()
+    return made
 
-    if os.geteuid() != 0:
-        pytest.skip("only root can become nobody")
+
+@pytest.fixture
+def edit(app, folder, rig):
+    """Runs a change and checks all that every change keeps to: its labels, undo, redo, and what it has done."""
+
+    def run(action, labels, effect, value):
+        history = app.project.history
+        before = support.saved(app, folder)
+        action(rig)
+        assert history.list() == labels
+        assert repr(effect(rig)) == repr(value)
+        after = support.saved(app, folder)
+        for _ in range(2):
+            history.undo(len(labels))
+            assert (history.size_executed, history.size_unexecuted) == (0, len(labels))
+            assert support.saved(app, folder) == before
+            history.redo(len(labels))
+            assert history.list() == labels
+            assert support.saved(app, folder) == after
+
+    return run
+
+
+@pytest.fixture
+def refuse(rig, state):
+    """Runs a change that fails, and checks that nothing has changed."""
+
+    def run(action, message):
+        before = state()
+        assert support.message_of(action, rig) == message
+        assert state() == before
+
+    return run

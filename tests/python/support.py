@@ -12,6 +12,8 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 COMMAND = os.environ["BRINDLE_BIN"]
 PYTHON = "/usr/bin/python3"
 
+MEMORY = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
+
 GONE = "Object is no longer valid."
 NODE_GONE = "Node is no longer valid. Node may have been moved or deleted."
 APART = "These ports are no longer connected."

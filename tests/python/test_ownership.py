@@ -23,11 +23,6 @@ def live(app):
     return count
 
 
-@pytest.fixture
-def rig(app):
-    return support.samples(app)
-
-
 # Every way on which an object comes to a script.
 ARRIVALS = {
     "a property": lambda r: r["scene"].top,
