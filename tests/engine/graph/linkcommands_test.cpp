@@ -125,6 +125,19 @@ TEST_F(LinkCommandsTest, CirclesAreFoundThroughManyInPorts)
     EXPECT_TRUE(link(a, c, 0, 3)) << "two links to one node are no circle";
 }
 
+TEST_F(LinkCommandsTest, CirclesAreFoundBehindEveryDestination)
+{
+    MO_Node* end = add("COMPOSITE", "End");
+    for (unsigned int i = 1; i < 10; ++i) {
+        run(new tu_node::AddInPortCmd(end, i, MO_Port::createImagePort()));
+        ASSERT_TRUE(link(add("COLOR_CARD"), end, 0, i - 1));
+    }
+    MO_Node* begin = add("BLUR", "Begin");
+    ASSERT_TRUE(link(begin, add("BLUR")));
+    ASSERT_TRUE(link(begin, end, 0, 9));
+    expectRefused(new tu_node::LinkCmd(begin, 0, end, 0));
+}
+
 TEST_F(LinkCommandsTest, ChainsAreLinkedQuicklyInAnyOrder)
 {
     const CO_CommandAccumScope scope(&manager(), "Chains", nullptr, CO_CommandAccumScope::kDefault);

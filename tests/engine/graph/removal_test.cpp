@@ -93,6 +93,20 @@ TEST_F(RemovalTest, AGroupGoesWithItsContentAndNodesInItGoOnce)
     EXPECT_EQ(names(inner), QStringList({"Drawing"}));
 }
 
+TEST_F(RemovalTest, NodesThatLieDeepInARemovedGroupStayInTheirGroups)
+{
+    TUGroup* outer = addGroup("Outer");
+    TUGroup* middle = addGroup("Middle", outer);
+    TUGroup* inner = addGroup("Inner", middle);
+    MO_Node* one = add("PEG", "One", inner);
+    MO_Node* two = add("PEG", "Two", inner);
+    MO_Node* beside = add("PEG", "Beside");
+    expectUndoable({outer, one, two, beside});
+    EXPECT_EQ(names(inner), QStringList({"One", "Two"}));
+    EXPECT_EQ(names(outer), QStringList("Middle"));
+    EXPECT_EQ(names(top()), QStringList({"Display", "Composite"}));
+}
+
 TEST_F(RemovalTest, NothingIsRemovedWhenOneNodeCantBe)
 {
     MO_Node* peg = add("PEG", "Peg");
