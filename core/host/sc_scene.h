@@ -11,6 +11,7 @@
 
 class MO_Node;
 class SC_SceneCommon;
+class TUCameraModule;
 class TUGroup;
 class TUScene;
 class TUTimedValue;
@@ -88,6 +89,8 @@ public:
     virtual TUSceneChangeManager* changeManager() const = 0;
     virtual SC_TimedValueListInterface* timedValues() const = 0; ///< The TUScene itself.
     virtual TUGroup* rootGroup() const = 0;
+    /// The camera through which the scene is seen, or null while none is set. The flag is always false.
+    virtual TUCameraModule* camera(bool) const { return nullptr; }
     virtual int getNumberOfFrames() const = 0;
     virtual int getStartFrame() const = 0;
     virtual int getStopFrame() const = 0;

@@ -67,6 +67,7 @@ public:
     QString displayName() const; ///< The name; of an anonymous column, what it drives first: "Arm: position.x".
     int linkCount() const { return static_cast<int>(m_links.size()); }
     AT_Attr* linkedAttribute(unsigned int index) const; ///< Null beyond the end.
+    bool isTaken(Socket::Order order) const { return m_links.contains(order); }
     std::vector<MO_Node*> nodes() const;
     bool drivesOnlySwitches() const { return m_switches > 0 && m_switches == linkCount(); }
     /// Tells each linked node, and the scene, that values changed.

@@ -55,4 +55,25 @@ const Group* engineGroup(const TUGroup* group)
     return dynamic_cast<const Group*>(group);
 }
 
+std::vector<Node*> topNodes(const std::vector<Node*>& nodes)
+{
+    // Each group on the way up is looked at once: `inside` marks the nodes and what lies in them, `outside` the others.
+    const std::uint64_t inside = nextWalkMark();
+    const std::uint64_t outside = nextWalkMark();
+    for (const Node* node : nodes)
+        node->mark(PortSide::In) = inside;
+    std::vector<Node*> tops;
+    for (Node* node : nodes) {
+        const Node* group = node->parent();
+        while (group && group->mark(PortSide::In) != inside && group->mark(PortSide::In) != outside)
+            group = group->parent();
+        const bool isTop = !group || group->mark(PortSide::In) == outside;
+        for (const Node* way = node->parent(); way && way != group; way = way->parent())
+            way->mark(PortSide::In) = isTop ? outside : inside;
+        if (isTop)
+            tops.push_back(node);
+    }
+    return tops;
+}
+
 } // namespace engine

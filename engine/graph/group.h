@@ -35,6 +35,9 @@ private:
 Group* engineGroup(TUGroup* group);
 const Group* engineGroup(const TUGroup* group);
 
+/// Those of some nodes that lie in no other one of them, in the same order.
+std::vector<Node*> topNodes(const std::vector<Node*>& nodes);
+
 /// Calls a function for a node and all nodes below it, depth first, each group ahead of its content.
 template <typename Function>
 void forEachFrom(Node& top, Function function)

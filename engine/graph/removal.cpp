@@ -98,9 +98,10 @@ RemoveNodes::RemoveNodes(SceneGraph& graph, ColumnList& columns, const std::vect
     : m_graph(graph),
       m_columns(columns),
       m_strategy(strategy),
-      m_bridge(bridge)
+      m_bridge(bridge),
+      m_nodes(topNodes(nodes))
 {
-    findTopNodes(nodes);
+    std::sort(m_nodes.begin(), m_nodes.end(), [](const Node* a, const Node* b) { return a->serial() < b->serial(); });
 }
 
 CO_Command::Status RemoveNodes::execute()
@@ -127,26 +128,6 @@ CO_Command::Status RemoveNodes::unexecute()
         (*step)->unexecute();
     m_graph.announceStructure();
     return kOk;
-}
-
-void RemoveNodes::findTopNodes(const std::vector<Node*>& nodes)
-{
-    // Each group on the way up is looked at once: `inside` marks what goes or lies in it, `outside` what stays.
-    const std::uint64_t inside = nextWalkMark();
-    const std::uint64_t outside = nextWalkMark();
-    for (const Node* node : nodes)
-        node->mark(PortSide::In) = inside;
-    for (Node* node : nodes) {
-        const Node* group = node->parent();
-        while (group && group->mark(PortSide::In) != inside && group->mark(PortSide::In) != outside)
-            group = group->parent();
-        const bool isTop = !group || group->mark(PortSide::In) == outside;
-        for (const Node* way = node->parent(); way && way != group; way = way->parent())
-            way->mark(PortSide::In) = isTop ? outside : inside;
-        if (isTop)
-            m_nodes.push_back(node);
-    }
-    std::sort(m_nodes.begin(), m_nodes.end(), [](const Node* a, const Node* b) { return a->serial() < b->serial(); });
 }
 
 bool RemoveNodes::plan()

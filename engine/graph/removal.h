@@ -26,7 +26,6 @@ public:
     Status unexecute() override;
 
 private:
-    void findTopNodes(const std::vector<Node*>& nodes);
     bool plan();
     bool unlinkColumns();
     bool cutLinks(Node& node);

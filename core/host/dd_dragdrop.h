@@ -1,0 +1,135 @@
+#pragma once
+
+#include "core/host/export.h"
+
+#include <memory>
+#include <set>
+#include <utility>
+#include <vector>
+
+class MO_Node;
+class SC_SceneCommon;
+class SC_SessionContext;
+class SL_Selection;
+class TUGroup;
+class TUScene;
+
+/// Nodes that are dragged, or that a drop made, in order. It keeps no node alive and does not see them go: it is used
+/// on the spot.
+class BRINDLE_HOST_EXPORT DD_Selection {
+public:
+    DD_Selection();
+    DD_Selection(const DD_Selection&) = delete;
+    DD_Selection& operator=(const DD_Selection&) = delete;
+    ~DD_Selection();
+
+    /// The frames that are dragged: `count` of them from `first` on. It is 1 and 0 until it is set.
+    void SetFrameRange(int first, int count);
+
+    bool hasNodes() const;
+    const std::vector<MO_Node*>& Nodes() const;
+    using NodeIterator = MO_Node* const*;
+    NodeIterator NodeBegin() const;
+    NodeIterator NodeEnd() const;
+    /// The nodes that are dragged by themselves: without those that lie in a group that is dragged too.
+    void GetFilteredNodes(std::set<MO_Node*>& nodes) const;
+
+    struct Private;
+    Private& data() const { return *d; } ///< The engine's.
+
+private:
+    std::unique_ptr<Private> d;
+};
+
+namespace DD_SelectionUtil {
+
+/// Which nodes come along with the selected ones: by default those in selected groups, and no others.
+class BRINDLE_HOST_EXPORT CompositionOptions {
+public:
+    enum ArgDefault { DEFAULT };
+    explicit CompositionOptions(ArgDefault) {}
+};
+
+/// Makes the selected nodes those that are dragged.
+BRINDLE_HOST_EXPORT void BuildSelection(TUScene* scene, const SL_Selection& selection, DD_Selection& dragged,
+                                        const CompositionOptions& options);
+
+} // namespace DD_SelectionUtil
+
+/// What is dragged of the selected nodes.
+enum class DD_DragMode { WholeNodes };
+
+/// What dragged nodes were when they were dragged: it holds data of its own, so that it can be dropped after they were
+/// removed, and more than once. Copies share the data.
+class BRINDLE_HOST_EXPORT DD_DragObject {
+public:
+    DD_DragObject() = default;
+
+    bool isValid() const { return d != nullptr; }
+
+    struct Private;
+    explicit DD_DragObject(std::shared_ptr<const Private> data) : d(std::move(data)) {}
+    const Private& data() const { return *d; } ///< The engine's, of a valid object.
+
+private:
+    std::shared_ptr<const Private> d;
+};
+
+/// How nodes are dropped.
+class BRINDLE_HOST_EXPORT DD_DropMode {
+public:
+    /// `makesNodes`: what is dropped becomes new nodes. `takesDefaultCamera`: the scene's default camera is among the
+    /// nodes, and the one that is dropped for it becomes the default camera.
+    DD_DropMode(bool makesNodes, bool takesDefaultCamera)
+        : m_makesNodes(makesNodes),
+          m_takesDefaultCamera(takesDefaultCamera)
+    {}
+
+    bool makesNodes() const { return m_makesNodes; }
+    bool takesDefaultCamera() const { return m_takesDefaultCamera; }
+
+private:
+    bool m_makesNodes;
+    bool m_takesDefaultCamera;
+};
+
+/// The steps of a drop. Each changes the scene undoably, and gives false when it failed and changed nothing. The nodes
+/// and groups are those of the scene.
+namespace DD_System {
+
+/// An invalid object when there are no nodes or frames, or a node is in no group of the scene.
+BRINDLE_HOST_EXPORT DD_DragObject CreateDragObject(SC_SceneCommon* scene, const DD_Selection& dragged,
+                                                   DD_DragMode mode);
+
+/// Makes the nodes of a drag object again in a group, behind its sub-nodes and in the order in which they were dragged:
+/// of the same types, with their names (numbered where the group has them), places, local values, ports and, in groups,
+/// all that was in them. Their attributes are linked to the same columns, and they are linked among themselves as they
+/// were. In the group that they were dragged from they are also linked to the nodes that stayed there.
+BRINDLE_HOST_EXPORT bool DropDragObjectNewLayer(SC_SessionContext* session, SC_SceneCommon* scene, TUGroup* group,
+                                                const DD_DragObject& dragObject, const DD_DropMode& mode,
+                                                DD_Selection& dropped);
+
+/// The composite that the group shows: the first one that feeds the multi-port node of its out-ports. It comes back null
+/// when there is none; none is made, for a group is shown only where someone linked it so.
+BRINDLE_HOST_EXPORT bool FindOrCreateComposite(SC_SceneCommon* scene, const DD_DropMode& mode, TUGroup* group,
+                                               MO_Node* multiPort, MO_Node*& composite);
+
+/// Links to the composite each image of the dropped nodes that was used where they came from and is not used here.
+BRINDLE_HOST_EXPORT bool LinkToComposite(SC_SceneCommon* scene, const DD_DropMode& mode, const DD_Selection& dropped,
+                                         MO_Node* composite);
+
+/// Links each dropped node that had a parent where it came from, and has none here, to what the group hangs on: the
+/// first port of the multi-port node that carries a peg, where it has one.
+BRINDLE_HOST_EXPORT bool ReparentNode(SC_SceneCommon* scene, const DD_Selection& dropped, MO_Node* multiPort);
+
+/// Cuts what leads from the parent of a dropped node straight into the composite. A composite takes images and a parent
+/// is a peg, so in the open engine there is never such a link.
+BRINDLE_HOST_EXPORT bool UnlinkParentFromComposite(SC_SceneCommon* scene, const DD_DropMode& mode,
+                                                   const DD_Selection& dropped, MO_Node* composite,
+                                                   MO_Node* multiPort);
+
+/// Makes the dropped camera the scene's default one, where the mode says so. In the open engine no camera is the default
+/// one yet, so that there is nothing to hand on.
+BRINDLE_HOST_EXPORT bool SetDefaultCamera(SC_SceneCommon* scene, const DD_DropMode& mode, const DD_Selection& dropped);
+
+} // namespace DD_System

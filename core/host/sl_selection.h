@@ -1,0 +1,48 @@
+#pragma once
+
+#include "core/host/export.h"
+
+#include <memory>
+#include <vector>
+
+class MO_Node;
+class TUSceneChangeManager;
+
+/// Selected nodes of a scene, in the order of selecting, each once. It keeps no node alive: one that leaves the scene
+/// drops out of the selection for good.
+///
+/// Whoever shows the scene is told of each change through the change manager, which outlives the selection.
+class BRINDLE_HOST_EXPORT SL_Selection {
+public:
+    explicit SL_Selection(TUSceneChangeManager* changes);
+    SL_Selection(const SL_Selection&) = delete;
+    SL_Selection& operator=(const SL_Selection&) = delete;
+    ~SL_Selection();
+
+    /// While it lives, changes of the selection are told as one, at its end.
+    class BRINDLE_HOST_EXPORT BatchSelectionModeScope {
+    public:
+        explicit BatchSelectionModeScope(SL_Selection* selection);
+        BatchSelectionModeScope(const BatchSelectionModeScope&) = delete;
+        BatchSelectionModeScope& operator=(const BatchSelectionModeScope&) = delete;
+        ~BatchSelectionModeScope();
+
+    private:
+        SL_Selection* m_selection;
+    };
+
+    struct Private;
+    Private& data() const { return *d; } ///< The engine's.
+
+private:
+    std::unique_ptr<Private> d;
+};
+
+namespace SL_SelectionUtil {
+
+/// Null is ignored, and so is a node that is selected already.
+BRINDLE_HOST_EXPORT void addToSelection(SL_Selection& selection, MO_Node* node);
+BRINDLE_HOST_EXPORT void clear(SL_Selection& selection);
+BRINDLE_HOST_EXPORT std::vector<MO_Node*> getNodes(const SL_Selection& selection);
+
+} // namespace SL_SelectionUtil

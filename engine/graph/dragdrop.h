@@ -1,0 +1,61 @@
+#pragma once
+
+#include "core/host/dd_dragdrop.h"
+#include "core/host/mo_node.h"
+#include "engine/curves/column.h"
+#include "engine/graph/port.h"
+
+#include <memory>
+#include <vector>
+
+namespace engine {
+
+class SceneGraph;
+
+/// Where a link of a dragged node ends: at a dragged node, or at one that stays.
+struct DraggedEnd {
+    const Node* dragged = nullptr; ///< The copy in the drag object; null for one that stays.
+    UT_SharedWeakPtrBase staying;  ///< An MO_Node, null once it is gone.
+    std::size_t place = 0;         ///< Of the port on its side of the node.
+};
+
+struct DraggedLink {
+    DraggedEnd from; ///< An out-port.
+    DraggedEnd to;   ///< An in-port.
+    PortKind kind;
+};
+
+/// A column that drives an attribute of a dragged node, or of a node in it.
+struct DraggedDrive {
+    const Node* node = nullptr;  ///< The copy in the drag object.
+    std::size_t leaf = 0;        ///< The attribute's place in `leafAttributes`.
+    UT_SharedWeakPtrBase column; ///< A TUTimedValue, null once it is gone.
+    Socket::Order order = 0;     ///< Of the link among those of the column.
+};
+
+/// A port of a dropped node that was linked, where it came from, to a node that is not in its new group.
+struct LostLink {
+    Node* node;
+    PortSide side;
+    std::size_t place;
+    PortKind kind;
+};
+
+} // namespace engine
+
+struct DD_DragObject::Private {
+    struct Top {
+        std::unique_ptr<MO_Node> host; ///< A copy, in no scene.
+        const engine::Node* node;
+    };
+    std::vector<Top> tops; ///< In the order of the selection.
+    std::vector<engine::DraggedLink> links;
+    std::vector<engine::DraggedDrive> drives;
+};
+
+struct DD_Selection::Private {
+    std::vector<MO_Node*> nodes;
+    std::vector<engine::LostLink> lost; ///< Of nodes that a drop made.
+    int firstFrame = 1;
+    int frameCount = 0;
+};

@@ -1,0 +1,133 @@
+#include "engine/graph/nodecopy.h"
+
+#include "engine/attributes/attributes.h"
+
+namespace engine {
+
+namespace {
+
+/// Gives an attribute the local value of another one of its kind.
+class LocalValueCopier final : public AT_AttrVisitor {
+public:
+    explicit LocalValueCopier(AT_Attr& to) : m_to(to) {}
+
+    using AT_AttrVisitor::visit;
+    void visit(AT_BoolAttr& from) override { copy(from); }
+    void visit(AT_IntAttr& from) override { copy(from); }
+    void visit(AT_DoubleAttr& from) override { copy(from); }
+    void visit(AT_StringAttr& from) override { copy(from); }
+    void visit(AT_EnumAttrBase& from) override { static_cast<EnumAttribute&>(m_to).setLocalValue(from.localValue()); }
+
+private:
+    template <typename Attribute>
+    void copy(const Attribute& from)
+    {
+        static_cast<Attribute&>(m_to).setLocalValue(from.localValue());
+    }
+
+    AT_Attr& m_to;
+};
+
+void addLeaves(MO_Node::AttrIterator begin, MO_Node::AttrIterator end, std::vector<AT_Attr*>& leaves)
+{
+    for (auto attr = begin; attr != end; ++attr) {
+        if (const auto* complex = dynamic_cast<const AT_ComplexAttr*>(*attr))
+            addLeaves(complex->attrsBegin(), complex->attrsEnd(), leaves);
+        else
+            leaves.push_back(*attr);
+    }
+}
+
+void copyAttributes(const Node& from, const Node& to)
+{
+    if (!from.hasAttributes())
+        return;
+    const std::vector<AT_Attr*> sources = leafAttributes(from);
+    const std::vector<AT_Attr*> targets = leafAttributes(to);
+    for (std::size_t leaf = 0; leaf < sources.size(); ++leaf) {
+        LocalValueCopier copier(*targets[leaf]);
+        sources[leaf]->accept(copier);
+    }
+}
+
+void copyPorts(const Node& from, Node& to, PortSide side)
+{
+    if (!from.takesPorts(side))
+        return;
+    while (to.portCount(side) > 0)
+        to.takePort(side, to.portCount(side) - 1);
+    for (std::size_t place = 0; place < from.portCount(side); ++place) {
+        const Port& port = *from.port(side, place);
+        auto copy = std::make_unique<Port>(PortSpec{port.kind(), port.isMattePort()});
+        copy->setId(port.id());
+        to.insertPort(side, place, std::move(copy));
+    }
+}
+
+bool isMultiPort(const Node& node)
+{
+    return node.type().nodeClass == NodeClass::MultiPortIn || node.type().nodeClass == NodeClass::MultiPortOut;
+}
+
+std::unique_ptr<MO_Node> newNodeLike(const Node& node)
+{
+    const NodePosition& place = node.position();
+    bool flag = true;
+    std::unique_ptr<MO_Node> host(
+        node.asGroup() ? static_cast<MO_Node*>(TUGroup::create())
+                       : TUGroup::createNode(sharedText(node.type().name), place.x, place.y, place.z, flag, nullptr));
+    Node& copy = *engineNode(host.get());
+    copy.setName(node.name());
+    copy.setPosition(place);
+    copy.setEnabled(node.isEnabled());
+    copyAttributes(node, copy);
+    return host;
+}
+
+/// Links the copy of a node as the node is linked to others that were copied.
+void copyLinks(const Node& node, const NodeCopies& copies)
+{
+    for (std::size_t place = 0; place < node.portCount(PortSide::Out); ++place) {
+        const Port& out = *node.port(PortSide::Out, place);
+        for (std::size_t i = 0; i < out.destinationCount(); ++i) {
+            const Port& in = *out.destination(i);
+            Port& copied = *copies.at(&node)->port(PortSide::Out, place);
+            Port::link(copied, *copies.at(in.owner())->port(PortSide::In, in.place()), copied.destinationCount());
+        }
+    }
+}
+
+} // namespace
+
+std::unique_ptr<MO_Node> copyNode(const Node& top, NodeCopies& copies)
+{
+    std::unique_ptr<MO_Node> copy;
+    forEachFrom(const_cast<Node&>(top), [&](const Node& node) {
+        std::unique_ptr<MO_Node> host = newNodeLike(node);
+        Node& made = *engineNode(host.get());
+        copies[&node] = &made;
+        if (&node != &top || !isMultiPort(node)) {
+            copyPorts(node, made, PortSide::In);
+            copyPorts(node, made, PortSide::Out);
+        }
+        if (&node == &top)
+            copy = std::move(host);
+        else
+            copies.at(node.parent())->asGroup()->subNodes().append(std::move(host), made);
+    });
+    // The top node's own links lead out of it.
+    forEachFrom(const_cast<Node&>(top), [&](const Node& node) {
+        if (&node != &top)
+            copyLinks(node, copies);
+    });
+    return copy;
+}
+
+std::vector<AT_Attr*> leafAttributes(const Node& node)
+{
+    std::vector<AT_Attr*> leaves;
+    addLeaves(node.host().attrsBegin(), node.host().attrsEnd(), leaves);
+    return leaves;
+}
+
+} // namespace engine
