@@ -4,9 +4,13 @@ import pathlib
 import tempfile
 
 import brindle
+import hypothesis.configuration
 import pytest
 
 import support
+
+# What hypothesis keeps for itself stays out of the source tree.
+hypothesis.configuration.set_hypothesis_home_dir(pathlib.Path(tempfile.gettempdir()) / "brindle-hypothesis")
 
 
 @pytest.fixture

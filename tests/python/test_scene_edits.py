@@ -105,7 +105,13 @@ REFUSALS = {
     "removing the root group": (lambda r: r["nodes of the scene"].remove(r["scene"].top), "Failed to remove nodes."),
     "renaming to a name that is taken": (lambda r: setattr(r["peg"], "name", "Sample-Read"), "Failed to rename the node."),
     "renaming the root group": (lambda r: setattr(r["scene"].top, "name", "x"), "Failed to rename the node."),
-    "path": (lambda r: setattr(r["peg"], "path", "Top/x"), "Property is read-only."),
+    "a path without a group": (lambda r: setattr(r["peg"], "path", "x"), "Invalid target path."),
+    "a path in no group": (lambda r: setattr(r["peg"], "path", "Top/Nobody/x"), "Unable to find the target node."),
+    "a path that is taken": (lambda r: setattr(r["peg"], "path", "Top/Sample-Read"), "Failed to rename the node."),
+    "moving to None": (lambda r: r["peg"].move_to(None), "Unable to find the target node."),
+    "moving to nobody": (lambda r: r["peg"].move_to("Top/Nobody"), "Unable to find the target node."),
+    "moving the root group": (lambda r: r["scene"].top.move_to("Top/Sample-Group"), "The node source is invalid."),
+    "moving into the scene": (lambda r: r["nodes of the scene"].move(r["peg"]), "Unable to move nodes into this list."),
 }
 
 

@@ -1,0 +1,455 @@
+"""A random program over everything that a script can change, beside a model of the undo list.
+
+After each step the undo list is as the model has it, and outside of brackets the project's saved form is the one that
+belongs to the present place in the list: so undo and redo are exact at every step, and not at the ends alone.
+"""
+
+import pathlib
+import tempfile
+
+import brindle
+from hypothesis import strategies as st
+from hypothesis.stateful import RuleBasedStateMachine, invariant, precondition, rule
+
+import support
+
+INDEX = st.integers(0, 1000)
+FRAME = st.integers(-3, 70)
+NUMBER = st.one_of(st.integers(-5, 5).map(float), st.floats(-1e6, 1e6), st.sampled_from([0.0, -0.0, 1e-300, 1e15]))
+NAME = st.sampled_from(["Arm", "Leg", "Arm_1", "a b", "x/y", "ä", "\U0001f600", "", "Top", "%1", "A" * 60])
+TYPE = st.sampled_from(["PEG", "PEG", "READ", "CAMERA", "DISPLAY", "COMPOSITE", "WRITE", "GROUP", "GROUP", "COLOR_CARD", "BLUR",
+                        "CUTTER", "MULTIPORT_IN", "MULTIPORT_OUT", "NOTHING"])
+PORT = st.sampled_from([None, "image", "peg"])
+SOME_FRAMES = st.one_of(FRAME, st.lists(FRAME, max_size=4), st.floats(0, 60).map(lambda frame: round(frame, 2)))
+
+
+def pick(items, index):
+    items = list(items)
+    return items[index % len(items)] if items else None
+
+
+class UndoMachine(RuleBasedStateMachine):
+    def __init__(self):
+        super().__init__()
+        self.parent = tempfile.TemporaryDirectory(dir=support.MEMORY)
+        self.folder = pathlib.Path(self.parent.name) / "project"
+        self.app = brindle.create(self.folder)
+        support.samples(self.app)
+        self.app.project.history.clear()
+        self.begin_anew()
+
+    def begin_anew(self):
+        self.scene = self.app.scene
+        self.history = self.app.project.history
+        self.labels = []
+        self.states = [self.saved()]
+        self.done = 0
+        self.bracket = None
+        self.depth = 0
+        self.pending = False
+
+    def teardown(self):
+        try:
+            while self.depth:
+                self.end()
+            last = self.saved()
+            self.history.undo(len(self.labels) + 1)
+            assert self.saved() == self.states[0], "undoing all"
+            self.history.redo(len(self.labels) + 1)
+            assert self.saved() == self.states[-1], "redoing all"
+            if self.done == len(self.labels):
+                assert self.saved() == last
+            self.app.save_as(self.folder.with_name("other"))
+            assert support.files(self.folder.with_name("other")) == self.states[-1]
+        finally:
+            self.app.close()
+            self.parent.cleanup()
+
+    # The model.
+
+    def saved(self):
+        return support.saved(self.app, self.folder)
+
+    def do(self, label, call):
+        """Runs a change. When it has run a command, the entry has that label; when not, nothing has changed."""
+        before = self.saved()
+        try:
+            call()
+            failed = False
+        except brindle.Error:
+            failed = True
+        ran = self.app.project.dirty
+        assert not (failed and ran), "a change that failed has left a command"
+        if not ran:
+            assert self.saved() == before, "there is a change without a command"
+        elif self.bracket is not None:
+            self.pending = True
+        else:
+            self.push(label)
+
+    def push(self, label):
+        del self.labels[self.done:], self.states[self.done + 1:]
+        self.labels.append(label)
+        self.states.append(self.saved())
+        self.done += 1
+
+    @invariant()
+    def the_undo_list_is_as_expected(self):
+        assert self.history.list() == self.labels[:self.done]
+        assert self.history.size_executed == self.done
+        assert self.history.size_unexecuted == len(self.labels) - self.done
+        assert self.history.current == ("NONE" if self.bracket is None else self.bracket)
+        if self.bracket is None:
+            assert self.saved() == self.states[self.done]
+
+    # What the rules work on.
+
+    def nodes(self):
+        return self.scene.nodes.list()
+
+    def node(self, index):
+        return pick(self.nodes(), index)
+
+    def groups(self):
+        return [self.scene.top, *(node for node in self.nodes() if isinstance(node, brindle.GroupNode))]
+
+    def ports(self, inside):
+        for node in self.nodes():
+            if node.type != ("MULTIPORT_IN" if inside else "MULTIPORT_OUT"):
+                yield from (node.ports_in if inside else node.ports_out).list()
+
+    def cable(self, index):
+        return pick([cable for port in self.ports(False) for cable in port.cables], index)
+
+    def attributes(self, kind):
+        for node in self.nodes():
+            for attribute in node.attributes:
+                yield from (part for part in [attribute, *(attribute.subattributes or [])] if type(part) is kind)
+
+    def column(self, index):
+        found = {}
+        for attribute in self.attributes(brindle.DoubleAttribute):
+            column = attribute.column
+            if column is not None:
+                found[column.name] = column
+        return pick(found.values(), index)
+
+    # The scene.
+
+    @rule(count=st.integers(-1, 90))
+    def frame_count(self, count):
+        self.do("Set Number of Frames", lambda: setattr(self.scene, "frame_count", count))
+
+    @rule(frame=st.integers(0, 70), first=st.booleans())
+    def frame_range(self, frame, first):
+        name = "frame_start" if first else "frame_stop"
+        self.do(f"Set {'Start' if first else 'Stop'} Frame", lambda: setattr(self.scene, name, frame))
+
+    @rule(rate=st.sampled_from([12, 24, 23.976, 0, -1, 1e-9]))
+    def framerate(self, rate):
+        self.do("Set Frame Rate", lambda: setattr(self.scene, "framerate", rate))
+
+    # Nodes.
+
+    @rule(type_=TYPE, name=NAME, index=INDEX)
+    def create_node(self, type_, name, index):
+        group = pick(self.groups(), index)
+        name = name.rpartition("/")[2]
+        self.do(f"Add {name}", lambda: self.scene.nodes.create(type_, group, name))
+
+    @precondition(lambda self: len(self.scene.nodes) > 8)
+    @rule(indexes=st.lists(INDEX, min_size=1, max_size=2), columns=st.booleans(), bridge=st.booleans())
+    def remove_nodes(self, indexes, columns, bridge):
+        nodes = [node for node in map(self.node, indexes) if node]
+        self.do("Delete Nodes", lambda: self.scene.nodes.remove(nodes, columns, bridge))
+
+    @rule(index=INDEX, name=NAME)
+    def rename_node(self, index, name):
+        if node := self.node(index):
+            self.do(f"Rename {node.name} to {name}", lambda: setattr(node, "name", name))
+
+    @rule(index=INDEX, place=st.lists(st.integers(-500, 500), min_size=1, max_size=3))
+    def position(self, index, place):
+        if node := self.node(index):
+            self.do(f"Set X position of {node.name}", lambda: setattr(node, "position", place))
+
+    @rule(index=INDEX, axis=st.sampled_from("xyz"), value=st.integers(-2, 500))
+    def coordinate(self, index, axis, value):
+        if node := self.node(index):
+            self.do(f"Set {axis.upper()} position of {node.name}", lambda: setattr(node.position, axis, value))
+
+    @rule(index=INDEX, enabled=st.booleans())
+    def enabled(self, index, enabled):
+        if node := self.node(index):
+            self.do(f"Enable {node.name}", lambda: setattr(node, "enabled", enabled))
+
+    @rule(index=INDEX, inside=st.sampled_from(["multi_port_in", "multi_port_out"]))
+    def multi_port(self, index, inside):
+        group = pick(self.groups()[1:], index)
+        if group is not None:
+            self.do("Add Multi-Port-In" if inside == "multi_port_in" else "Add Multi-Port-Out", lambda: getattr(group, inside))
+
+    # Links.
+
+    @rule(source=INDEX, other=INDEX, form=st.sampled_from(["node", "path", "port", "node and index", "path and index"]),
+          backwards=st.booleans(), place=st.integers(0, 2))
+    def link(self, source, other, form, backwards, place):
+        port = pick(self.ports(backwards), source)
+        node = self.node(other)
+        if port is None or node is None:
+            return
+        value = {"node": node, "path": node.path, "node and index": [node, place], "path and index": [node.path, place],
+                 "port": pick(self.ports(not backwards), other)}[form]
+        self.do("Connecting ports.", lambda: port.link(value))
+
+    @rule(source=INDEX, other=INDEX, whole=st.booleans())
+    def link_by_property(self, source, other, whole):
+        port, feeding = pick(self.ports(True), other), pick(self.ports(False), source)
+        if port is not None and feeding is not None:
+            self.do("Connecting ports.", lambda: setattr(port, "source", feeding) if whole else setattr(port, "source_node", feeding.node))
+
+    @rule(index=INDEX)
+    def unlink_in_port(self, index):
+        port = pick(self.ports(True), index)
+        if port is not None:
+            self.do("Unlink Port", port.unlink)
+
+    @rule(index=INDEX, which=INDEX, form=st.sampled_from(["port", "node", "index", "path", "paths"]))
+    def unlink_out_port(self, index, which, form):
+        port = pick((port for port in self.ports(False) if port.destinations), index)
+        if port is None:
+            return
+        other = pick(port.destinations, which)
+        label, value = {"port": ("Unlink Port", other), "index": ("Unlink Port", which % len(port.destinations)),
+                        "node": ("Unlinking ports.", other.node), "path": ("Disconnecting ports.", other.node.path),
+                        "paths": ("Disconnecting ports.", [other.node.name])}[form]
+        self.do(label, lambda: port.unlink(value))
+
+    @rule(index=INDEX, other=INDEX, what=st.sampled_from(["source", "source_node", "destination", "destination_node", "insert", "unlink"]))
+    def change_cable(self, index, other, what):
+        cable, node = self.cable(index), self.node(other)
+        if cable is None:
+            return
+        label = {"source": "Connecting ports.", "destination": "Changing the cable's destination node.",
+                 "insert": "Inserting a node.", "unlink": "Unlink Port"}.get(what, "Changing the cable's source node.")
+        call = {"insert": lambda: cable.insert(node), "unlink": cable.unlink}.get(what, lambda: setattr(cable, what, node))
+        self.do(label, call)
+
+    @rule(index=INDEX, place=st.integers(0, 3), type_=PORT, side=st.sampled_from(["in", "out"]))
+    def create_port(self, index, place, type_, side):
+        node = self.node(index)
+        if node is None or node.type == {"in": "MULTIPORT_IN", "out": "MULTIPORT_OUT"}[side]:
+            return
+        ports = node.ports_in if side == "in" else node.ports_out
+        if ports.dynamic:
+            label = "Add out-port to the node." if side == "out" else "Add inport to the node." if node.type == "GROUP" else "Add in-port node."
+            self.do(label, lambda: ports.create(place, type_))
+
+    @rule(index=INDEX, place=st.integers(0, 3), side=st.sampled_from(["in", "out"]))
+    def remove_port(self, index, place, side):
+        node = self.node(index)
+        if node is None or node.type == {"in": "MULTIPORT_IN", "out": "MULTIPORT_OUT"}[side]:
+            return
+        ports = node.ports_in if side == "in" else node.ports_out
+        if ports.dynamic:
+            self.do(f"Remove {side}-port node.", lambda: ports.remove(place))
+
+    # Attributes.
+
+    @rule(index=INDEX, frame=FRAME, value=NUMBER, what=st.sampled_from(["value", "local", "reset", "reset local", "text"]))
+    def number(self, index, frame, value, what):
+        attribute = pick(self.attributes(brindle.DoubleAttribute), index)
+        if attribute is None:
+            return
+        label, call = {
+            "value": ("Set Attribute Value", lambda: attribute.set_value(frame, value)),
+            "local": ("Set Attribute local value.", lambda: attribute.set_localvalue(value)),
+            "reset": ("Set Attribute Value", lambda: attribute.reset_value(frame)),
+            "reset local": ("Set Attribute local value.", attribute.reset_localvalue),
+            "text": (f"Set {attribute.keyword} of {attribute.node().name}", lambda: attribute.set_text_value(frame, repr(value))),
+        }[what]
+        self.do(label, call)
+
+    @rule(index=INDEX, range_=st.one_of(FRAME, st.lists(FRAME, min_size=1, max_size=2)), delta=NUMBER)
+    def offset(self, index, range_, delta):
+        attribute = pick(self.attributes(brindle.DoubleAttribute), index)
+        if attribute is not None:
+            self.do("Set Attribute Value", lambda: attribute.offset_value(range_, delta))
+
+    @rule(index=INDEX, frame=FRAME, value=st.integers(-10, 300), what=st.sampled_from(["value", "local", "offset"]))
+    def whole_number(self, index, frame, value, what):
+        attribute = pick(self.attributes(brindle.IntAttribute), index)
+        if attribute is not None:
+            label, call = {
+                "value": ("Set Attribute Value", lambda: attribute.set_value(frame, value)),
+                "local": ("Set Attribute local value.", lambda: attribute.set_localvalue(value)),
+                "offset": ("Offset Attribute Value", lambda: attribute.offset_value([frame, frame + 5], value)),
+            }[what]
+            self.do(label, call)
+
+    @rule(index=INDEX, frame=FRAME, value=st.booleans(), local=st.booleans())
+    def flag(self, index, frame, value, local):
+        attribute = pick(self.attributes(brindle.BoolAttribute), index)
+        if attribute is not None and local:
+            self.do("Set Attribute local value.", lambda: attribute.set_localvalue(value))
+        elif attribute is not None:
+            self.do("Set Attribute Value", lambda: attribute.set_value(frame, value))
+
+    @rule(index=INDEX, frame=FRAME, value=NAME, local=st.booleans())
+    def text(self, index, frame, value, local):
+        attribute = pick(self.attributes(brindle.TextAttribute), index)
+        if attribute is not None and local:
+            self.do("Set Attribute local value.", lambda: attribute.set_localvalue(value))
+        elif attribute is not None:
+            self.do("Set Attribute Value", lambda: attribute.set_value(frame, value))
+
+    # Columns.
+
+    @rule(index=INDEX, which=INDEX, form=st.sampled_from(["object", "name", "column_name", "link"]))
+    def link_column(self, index, which, form):
+        attribute, column = pick(self.attributes(brindle.DoubleAttribute), index), self.column(which)
+        if attribute is None or column is None:
+            return
+        name = column.name
+        call = {"object": lambda: setattr(attribute, "column", column), "name": lambda: setattr(attribute, "column", name),
+                "column_name": lambda: setattr(attribute, "column_name", name), "link": lambda: attribute.link(column)}[form]
+        self.do(f"Linking {attribute.keyword} of {attribute.node().name} to {name}", call)
+
+    @rule(index=INDEX, form=st.sampled_from(["None", "text", "column_name", "unlink"]))
+    def unlink_column(self, index, form):
+        attribute = pick((a for a in self.attributes(brindle.DoubleAttribute) if a.column_name), index)
+        if attribute is not None:
+            call = {"None": lambda: setattr(attribute, "column", None), "text": lambda: setattr(attribute, "column", ""),
+                    "column_name": lambda: setattr(attribute, "column_name", ""), "unlink": attribute.unlink}[form]
+            self.do(f"Unlinking {attribute.keyword} of {attribute.node().name}", call)
+
+    @rule(index=INDEX, name=NAME)
+    def rename_column(self, index, name):
+        column = self.column(index)
+        if column is not None:
+            self.do(f"Rename {column.name} to {name}", lambda: setattr(column, "name", name))
+
+    @rule(index=INDEX, anonymous=st.booleans())
+    def anonymous(self, index, anonymous):
+        column = self.column(index)
+        if column is not None:
+            self.do("Setting column anonymous." if anonymous else "Setting column as not anonymous.",
+                    lambda: setattr(column, "anonymous", anonymous))
+
+    @rule(index=INDEX, frames=SOME_FRAMES, create=st.booleans(), through_points=st.booleans())
+    def keyframes(self, index, frames, create, through_points):
+        column = self.column(index)
+        if column is None:
+            return
+        count = len(frames) if isinstance(frames, list) else 1
+        if through_points:
+            verb = "Create" if create else "Remove"
+            label = f"{verb} {count} keyframes." if count < 2 else ("Create a keyframe." if create else "Remove keyframe.")
+            points = column.control_points
+            self.do(label, lambda: (points.create if create else points.remove)(frames))
+        else:
+            verb = "Setting" if create else "Removing"
+            label = f"{verb} {count} keyframes." if count < 2 else f"{verb} a keyframe."
+            self.do(label, lambda: (column.keyframe_create if create else column.keyframe_remove)(frames))
+
+    @rule(index=INDEX, start=FRAME, end=FRAME)
+    def keyframe_clear(self, index, start, end):
+        column = self.column(index)
+        if column is not None:
+            self.do("", lambda: column.keyframe_clear(start, end))
+
+    @rule(index=INDEX, frame=FRAME, numbers=st.tuples(*[NUMBER] * 5), const=st.booleans(),
+          continuity=st.sampled_from(["CORNER", "straight", "Smooth", "round"]))
+    def create_point(self, index, frame, numbers, const, continuity):
+        column = self.column(index)
+        if column is not None:
+            self.do(f"Set Bezier Point {column.display_name}", lambda: column.create_point(frame, *numbers, const, continuity))
+
+    @rule(index=INDEX, frame=FRAME, number=NUMBER,
+          what=st.sampled_from(["value", "handle_left_x", "handle_left_y", "handle_right_x", "handle_right_y"]))
+    def value_object_number(self, index, frame, number, what):
+        self.change_value_object(index, frame, what, number)
+
+    @rule(index=INDEX, frame=FRAME, what=st.sampled_from(["key", "const_segment"]), value=st.booleans())
+    def value_object_flag(self, index, frame, what, value):
+        self.change_value_object(index, frame, what, value)
+
+    @rule(index=INDEX, frame=FRAME, value=st.sampled_from(["CORNER", "STRAIGHT", "SMOOTH", "smooth"]))
+    def value_object_continuity(self, index, frame, value):
+        self.change_value_object(index, frame, "continuity", value)
+
+    def change_value_object(self, index, frame, what, value):
+        column = self.column(index)
+        if column is None:
+            return
+        frames = column.keyframe_list()
+        frame = pick(frames, frame) if frame % 3 and frames else frame  # Two of three meet a keyframe.
+        start = {"value": "Set Bezier Point", "key": "Set Bezier Point" if value is True else "Remove Bezier Point",
+                 "const_segment": "Set Constant Segment on", "continuity": "Set Constant Segment on"}.get(
+                     what, f"Set {what[7:].split('_')[0]} handle on")
+        self.do(f"{start} {column.display_name}", lambda: setattr(column[frame], what, value))
+
+    @rule(index=INDEX, frame=FRAME, number=NUMBER)
+    def entry(self, index, frame, number):
+        column = self.column(index)
+        if column is not None:
+            self.do(f"Set Bezier Point {column.display_name}", lambda: column.__setitem__(frame, number))
+
+    @rule(index=INDEX, factor=st.sampled_from([2.0, -1.0, 0.0, 1.0, 0.1]))
+    def scale(self, index, factor):
+        column = self.column(index)
+        if column is not None:
+            self.do("", lambda: column.scale(factor))
+
+    @rule(index=INDEX, what=st.sampled_from(["start", "stop", "step"]), value=st.integers(-2, 70))
+    def hold(self, index, what, value):
+        column = self.column(index)
+        if column is not None:
+            label = f"Set {what.capitalize()} {'for' if what == 'step' else 'Frame for'} Hold"
+            self.do(label, lambda: setattr(column, f"hold_{what}", value))
+
+    # The history and the folder.
+
+    @rule(count=st.integers(0, 8))
+    def undo(self, count):
+        self.history.undo(count)
+        if self.bracket is None:
+            self.done = max(0, self.done - count)
+
+    @rule(count=st.integers(0, 8))
+    def redo(self, count):
+        self.history.redo(count)
+        if self.bracket is None:
+            self.done = min(len(self.labels), self.done + count)
+
+    @rule(name=NAME)
+    def begin(self, name):
+        self.history.begin(name)
+        self.depth += 1
+        if self.bracket is None:
+            self.bracket, self.pending = name, False
+
+    @precondition(lambda self: self.depth)
+    @rule()
+    def end(self):
+        self.history.end()
+        self.depth -= 1
+        if self.depth == 0:
+            name, self.bracket = self.bracket, None
+            if self.pending:
+                self.push(name)
+
+    @precondition(lambda self: self.depth)
+    @rule()
+    def cancel(self):
+        self.history.cancel()
+        self.depth, self.bracket = 0, None
+
+    @precondition(lambda self: not self.depth)
+    @rule()
+    def open_again(self):
+        state = self.states[self.done]
+        assert self.saved() == state
+        self.app = brindle.open(self.folder)
+        self.begin_anew()
+        assert self.states == [state], "what was opened is saved as it was"
