@@ -20,7 +20,7 @@
 namespace OMC {
 
 struct Attribute::Private {
-    WeakHandle<MO_Node> node;
+    WeakPointer<MO_Node> node;
     QStringList path;
     QString keyword;
     AT_Attr* remembered = nullptr;
@@ -28,24 +28,6 @@ struct Attribute::Private {
 };
 
 namespace {
-
-AT_Attr* memberNamed(const AT_ComplexAttr& attribute, const QString& keyword)
-{
-    const auto found = std::find_if(attribute.attrsBegin(), attribute.attrsEnd(),
-                                    [&](const AT_Attr* member) { return member->meta().keyword() == keyword; });
-    return found == attribute.attrsEnd() ? nullptr : *found;
-}
-
-/// The attribute at the end of a path of keywords, or null.
-AT_Attr* attributeAt(const MO_Node& node, const QStringList& path)
-{
-    AT_Attr* attribute = node.findAttributeByKeyword(path.front());
-    for (qsizetype level = 1; attribute && level < path.size(); ++level) {
-        const auto* complex = dynamic_cast<const AT_ComplexAttr*>(attribute);
-        attribute = complex ? memberNamed(*complex, path[level]) : nullptr;
-    }
-    return attribute;
-}
 
 bool readInteger(const QVariant& value, int& result)
 {
@@ -78,7 +60,7 @@ bool readInteger(const QVariant& value, int& result)
 } // namespace
 
 Attribute::Attribute(MO_Node* node, const QStringList& parentPath, const QString& keyword)
-    : d(new Private{WeakHandle<MO_Node>(node), parentPath, keyword})
+    : d(new Private{WeakPointer<MO_Node>(node), parentPath, keyword})
 {
     d->path.append(keyword);
     d->remembered = getAttr();
@@ -261,7 +243,7 @@ AT_Attr* Attribute::getAttr() const
     const MO_Node* node = d->node.get();
     if (!node)
         throwInvalid();
-    AT_Attr* found = attributeAt(*node, d->path);
+    AT_Attr* found = attribFromPath(*node, d->path);
     if (d->hasRemembered && found != d->remembered)
         throwInvalid();
     return found;
@@ -320,6 +302,15 @@ Attribute* Attribute::getWrappedByAttr(AT_Attr* attribute)
     return nullptr;
 }
 
+AT_Attr* Attribute::attribFromPath(const MO_Node& node, const QStringList& path)
+{
+    AT_Attr* attribute = path.isEmpty() ? nullptr : node.findAttributeByKeyword(path.front());
+    for (qsizetype level = 1; attribute && level < path.size(); ++level) {
+        attribute = memberNamed(dynamic_cast<const AT_ComplexAttr*>(attribute), path[level]);
+    }
+    return attribute;
+}
+
 AT_Attr* Attribute::attribFromFullPath(MO_Node* node, const QString& fullPath)
 {
     if (!node)
@@ -332,10 +323,18 @@ AT_Attr* Attribute::attribFromFullPath(MO_Node* node, const QString& fullPath)
     for (bool further = true; attribute && further;) {
         const QString level = std::exchange(rest, QString());
         further = AT_ComplexAttr::splitNames(level, first, rest);
-        const auto* complex = dynamic_cast<const AT_ComplexAttr*>(attribute);
-        attribute = complex ? memberNamed(*complex, further ? first : level) : nullptr;
+        attribute = memberNamed(dynamic_cast<const AT_ComplexAttr*>(attribute), further ? first : level);
     }
     return attribute;
+}
+
+AT_Attr* Attribute::memberNamed(const AT_ComplexAttr* attribute, QStringView keyword)
+{
+    if (!attribute)
+        return nullptr;
+    const auto found = std::find_if(attribute->attrsBegin(), attribute->attrsEnd(),
+                                    [&](const AT_Attr* member) { return member->meta().keyword() == keyword; });
+    return found == attribute->attrsEnd() ? nullptr : *found;
 }
 
 void Attribute::deriveRangeQVariant(SC_SceneCommon* scene, const QVariant& value, int& start, int& end, bool& isRange)

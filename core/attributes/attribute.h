@@ -7,6 +7,7 @@
 #include <memory>
 
 class AT_Attr;
+class AT_ComplexAttr;
 class MO_Node;
 class SC_SceneCommon;
 
@@ -80,10 +81,13 @@ public:
     static Attribute* getWrapped(AT_Attr* attribute, const QStringList& parentPath);
     /// The same for an attribute whose path isn't known; null for one below the second level.
     static Attribute* getWrappedByAttr(AT_Attr* attribute);
-    /// The attribute at a dotted path from the node's top level, or null.
+    /// The attribute at a path from the node's top level, or null: a keyword a level, or a dotted path.
+    static AT_Attr* attribFromPath(const MO_Node& node, const QStringList& path);
     static AT_Attr* attribFromFullPath(MO_Node* node, const QString& fullPath);
-    /// Reads a frame ("10") or a range of frames ("[10, 20]", -1 for the scene's last) from a script's argument. What is
-    /// neither leaves the three results as they are.
+    /// The attribute of a keyword inside another; null for a null attribute too.
+    static AT_Attr* memberNamed(const AT_ComplexAttr* attribute, QStringView keyword);
+    /// Reads a frame ("10") or a range of frames ("[10, 20]", -1 for the scene's last) from a script's argument. What
+    /// is neither leaves the three results as they are.
     static void deriveRangeQVariant(SC_SceneCommon* scene, const QVariant& value, int& start, int& end, bool& isRange);
 
 protected:

@@ -14,9 +14,9 @@
 namespace tu_attr {
 
 struct SetValueOptions {
-    bool force = false;         ///< Also when the value is there already.
-    bool adjustColumn = false;  ///< The rest of the column follows.
-    bool holdFirstFrame = false;///< A new column begins with the old value at frame 1.
+    bool force = false;          ///< Also when the value is there already.
+    bool adjustColumn = false;   ///< The rest of the column follows.
+    bool holdFirstFrame = false; ///< A new column begins with the old value at frame 1.
     bool constantSegment = false;
 };
 
@@ -75,7 +75,9 @@ public:
     using Value = typename T::ValueType;
 
     OffsetValueAllFramesCmd(T& attr, Value delta, const MO_FrameRange& range)
-        : CO_OrCommand(true), m_attr(attr), m_delta(delta)
+        : CO_OrCommand(true),
+          m_attr(attr),
+          m_delta(delta)
     {
         const TUTvSocket* socket = attr.socket();
         TUTimedValue* column = socket ? socket->linkedTimedValue() : nullptr;
@@ -114,8 +116,8 @@ private:
     {
         if constexpr (std::is_integral_v<Value>) {
             using Limits = std::numeric_limits<Value>;
-            return static_cast<Value>(std::clamp<long long>(static_cast<long long>(value) + m_delta, Limits::min(),
-                                                            Limits::max()));
+            return static_cast<Value>(
+                std::clamp<long long>(static_cast<long long>(value) + m_delta, Limits::min(), Limits::max()));
         } else {
             return value + m_delta;
         }

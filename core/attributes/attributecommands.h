@@ -16,7 +16,8 @@ namespace tu_attr {
 /// The key of a bezier column that a new value goes to: made where none stands, and brought back as it was.
 ///
 /// Making a key and moving it touch the key and the two beside it; these are remembered whole. What the column brings
-/// back itself is left as it is, the rest is written back, so that undoing doesn't hang on arithmetic running backwards.
+/// back itself is left as it is, the rest is written back, so that undoing doesn't hang on arithmetic running
+/// backwards.
 class BRINDLE_CORE_EXPORT ValueKey {
 public:
     /// Remembers the keys and makes one at the frame. A column without control points is left alone.
@@ -80,9 +81,12 @@ public:
 
     /// `constantSegment`: the key holds its value up to the next one. `force`: also when the value is there already.
     SetValueCmd(T& attr, double frame, Value value, bool constantSegment, bool force)
-        : m_attr(attr), m_frame(frame), m_value(std::move(value)), m_constantSegment(constantSegment), m_force(force)
-    {
-    }
+        : m_attr(attr),
+          m_frame(frame),
+          m_value(std::move(value)),
+          m_constantSegment(constantSegment),
+          m_force(force)
+    {}
 
     Status execute() override
     {

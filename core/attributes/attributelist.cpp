@@ -10,7 +10,7 @@
 namespace OMC {
 
 struct AttributeList::Private {
-    WeakHandle<MO_Node> node;
+    WeakPointer<MO_Node> node;
     QStringList path;
     AttrTypeFilter filter;
     std::vector<Obj> items;
@@ -29,14 +29,14 @@ struct AttributeList::Level {
 };
 
 AttributeList::AttributeList(MO_Node* node, const QStringList& path, AttrTypeFilter filter)
-    : d(new Private{WeakHandle<MO_Node>(node), path, filter, {}, 0, !path.isEmpty()})
-{
-}
+    : d(new Private{WeakPointer<MO_Node>(node), path, filter, {}, 0, !path.isEmpty()})
+{}
 
 AttributeList::AttributeList(const AttributeList& other)
-    : ListObj(other), IterableObj(other), d(std::make_unique<Private>(*other.d))
-{
-}
+    : ListObj(other),
+      IterableObj(other),
+      d(std::make_unique<Private>(*other.d))
+{}
 
 AttributeList::~AttributeList() = default;
 
@@ -72,28 +72,27 @@ Obj AttributeList::get(const QString& name) const
     validate();
     if (d->filter == Iterating)
         throw Exception(BaseObject::tr("This action is not supported."));
-    if (!d->isSubList) {
-        if (AT_Attr* attribute = d->node.get()->findAttributeByKeyword(name))
-            return wrapped(attribute);
-    } else {
-        const Level members = level();
+    QStringView below = name;
+    if (d->isSubList) {
         const QString prefix = d->path.join(QLatin1Char('.')) + QLatin1Char('.');
-        const QString keyword = name.startsWith(prefix) ? name.sliced(prefix.size()) : name;
-        const auto found = std::find_if(members.begin(), members.end(), [&](const AT_Attr* member) {
-            return member->meta().keyword() == keyword;
-        });
-        if (found != members.end())
-            return wrapped(*found);
+        if (name.startsWith(prefix) && Attribute::memberNamed(getSubAttrib(), below.sliced(prefix.size())))
+            below = below.sliced(prefix.size());
     }
+    if (AT_Attr* attribute = d->isSubList ? inLevel(below) : d->node.get()->findAttributeByKeyword(name))
+        return wrapped(attribute);
 
-    const qsizetype last = name.lastIndexOf(QLatin1Char('.'));
-    if (last < 0)
-        return {};
     QStringList parentPath = d->path;
-    for (const auto& part : QStringView(name).first(last).tokenize(QLatin1Char('.')))
-        parentPath.append(part.toString());
-    const QString path = d->isSubList ? d->path.join(QLatin1Char('.')) + QLatin1Char('.') + name : name;
-    return Obj(Attribute::getWrapped(Attribute::attribFromFullPath(d->node.get(), path), parentPath));
+    const AT_ComplexAttr* holder = nullptr;
+    for (qsizetype point = below.indexOf(QLatin1Char('.')); point >= 0; point = below.indexOf(QLatin1Char('.'))) {
+        const AT_Attr* attribute =
+            holder ? Attribute::memberNamed(holder, below.first(point)) : inLevel(below.first(point));
+        holder = dynamic_cast<const AT_ComplexAttr*>(attribute);
+        if (!holder)
+            return {};
+        parentPath.append(attribute->meta().keyword());
+        below = below.sliced(point + 1);
+    }
+    return Obj(Attribute::getWrapped(Attribute::memberNamed(holder, below), parentPath));
 }
 
 Obj AttributeList::get(int index) const
@@ -187,8 +186,7 @@ Obj AttributeList::__iter__() const
 
 AT_ComplexAttr* AttributeList::getSubAttrib() const
 {
-    return dynamic_cast<AT_ComplexAttr*>(
-        Attribute::attribFromFullPath(d->node.get(), d->path.join(QLatin1Char('.'))));
+    return dynamic_cast<AT_ComplexAttr*>(Attribute::attribFromPath(*d->node.get(), d->path));
 }
 
 AttributeList::Level AttributeList::level() const
@@ -199,6 +197,12 @@ AttributeList::Level AttributeList::level() const
     if (!attribute)
         throwInvalid();
     return {attribute->attrsBegin(), attribute->attrsEnd()};
+}
+
+AT_Attr* AttributeList::inLevel(QStringView keyword) const
+{
+    return d->isSubList ? Attribute::memberNamed(getSubAttrib(), keyword)
+                        : d->node.get()->findAttributeByKeyword(keyword.toString());
 }
 
 void AttributeList::requireIterating() const

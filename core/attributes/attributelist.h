@@ -61,6 +61,7 @@ protected:
 private:
     struct Level;
     Level level() const;
+    AT_Attr* inLevel(QStringView keyword) const;
     void requireIterating() const;
     Obj wrapped(AT_Attr* attribute) const;
 

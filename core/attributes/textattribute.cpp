@@ -28,8 +28,8 @@ void TextAttribute::setValue(int frame, const QString& value)
 {
     auto& attr = typed<AT_StringAttr>();
     CO_CommandManager& manager = typed::managerOf(attr);
-    auto* command = new tu_attr::SetValueCmd<AT_StringAttr>(attr, frame, value,
-                                                            PR_CachedPreferences::getSpConstantSegment(), true);
+    auto* command =
+        new tu_attr::SetValueCmd<AT_StringAttr>(attr, frame, value, PR_CachedPreferences::getSpConstantSegment(), true);
     undo::run(manager, command, tr("Set Attribute Value"), tr("Failed to set the attribute's value."));
 }
 

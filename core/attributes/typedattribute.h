@@ -28,10 +28,9 @@ bool setValue(T& attr, int frame, const typename T::ValueType& value, bool adjus
 {
     CO_CommandManager& manager = managerOf(attr);
     auto commands = std::make_unique<CO_OrCommand>(true);
-    tu_attr::addSetValue(*commands, attr, frame, value,
-                         {.force = true,
-                          .adjustColumn = adjustColumn,
-                          .constantSegment = PR_CachedPreferences::getSpConstantSegment()});
+    tu_attr::addSetValue(
+        *commands, attr, frame, value,
+        {.force = true, .adjustColumn = adjustColumn, .constantSegment = PR_CachedPreferences::getSpConstantSegment()});
     return manager.execute(commands.release(), label);
 }
 
@@ -52,9 +51,8 @@ void offsetValue(T& attr, const QVariant& range, const typename T::ValueType& de
     constexpr int longest = std::numeric_limits<int>::max();
     if (isRange && static_cast<long long>(end) - start > longest)
         start = end - longest;
-    manager.execute(new tu_attr::OffsetValueAllFramesCmd<T>(attr, delta,
-                                                            isRange ? MO_FrameRange(start, 0, end - start)
-                                                                    : MO_FrameRange(start)),
+    manager.execute(new tu_attr::OffsetValueAllFramesCmd<T>(
+                        attr, delta, isRange ? MO_FrameRange(start, 0, end - start) : MO_FrameRange(start)),
                     label);
 }
 

@@ -40,8 +40,7 @@ double valueFromVariant(const QVariant& variant)
 } // namespace
 
 BezierColumnValue::BezierColumnValue(TUTimedValue* timedValue, double frame) : m_timedValue(timedValue), m_frame(frame)
-{
-}
+{}
 
 BaseObject* BezierColumnValue::copy() const
 {
@@ -50,9 +49,7 @@ BaseObject* BezierColumnValue::copy() const
 
 std::string BezierColumnValue::__str__() const
 {
-    return tr("BezierColumnValue(\"%1\", %2)")
-        .arg(place().column.getName(), QString::number(m_frame))
-        .toStdString();
+    return tr("BezierColumnValue(\"%1\", %2)").arg(place().column.getName(), QString::number(m_frame)).toStdString();
 }
 
 double BezierColumnValue::getFrame() const

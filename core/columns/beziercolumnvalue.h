@@ -6,8 +6,8 @@
 
 namespace OMC {
 
-/// A bezier column at one frame. It can be read anywhere on the curve; between keyframes, handles and the like are those
-/// of the keyframe before the frame. Setting the value makes a keyframe; the rest is set on keyframes alone.
+/// A bezier column at one frame. It can be read anywhere on the curve; between keyframes, handles and the like are
+/// those of the keyframe before the frame. Setting the value makes a keyframe; the rest is set on keyframes alone.
 ///
 /// Handles are in frames (x) and in the column's values (y). Threads are the column's care.
 class BRINDLE_CORE_EXPORT BezierColumnValue : public ColumnValue {

@@ -5,7 +5,8 @@
 namespace OMC {
 
 BezierControlPoint::BezierControlPoint(TUBezierTimedValue* timedValue, double frame)
-    : ControlPoint(frame), m_timedValue(timedValue)
+    : ControlPoint(frame),
+      m_timedValue(timedValue)
 {
     BezierCtrlPt point;
     if (timedValue && timedValue->pointAt(frame, point))

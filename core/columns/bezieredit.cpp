@@ -8,8 +8,7 @@ BezierEdit::BezierEdit(TUBezierTimedValue& column, const QString& what)
     : m_column(column),
       m_manager(undo::manager(column.sceneCommon(), BezierColumn::tr("An unexpected error occurred."))),
       m_scope(m_manager, what + column.getDisplayName())
-{
-}
+{}
 
 BezierCtrlPt BezierEdit::pointAt(double frame) const
 {

@@ -15,7 +15,8 @@ namespace OMC {
 /// A column of the exposure sheet: a value for each frame of the scene, and what it drives.
 ///
 /// Frames count from 1; a fractional frame means what the column makes of it. A sub-column of -1 stands for 1. The
-/// column belongs to its scene; once it is removed, every wrapper of it is invalid. Iterating a column walks its frames.
+/// column belongs to its scene; once it is removed, every wrapper of it is invalid. Iterating a column walks its
+/// frames.
 class BRINDLE_CORE_EXPORT Column : public BaseObject {
     Q_OBJECT
     Q_PROPERTY(QString name READ getName WRITE setName)

@@ -18,13 +18,13 @@ struct ControlPointList::Private {
 
 ControlPointList::ControlPointList(AT_FncTimedValue* timedValue)
     : d(new Private{0, false, WeakHandle<TUTimedValue>(timedValue)})
-{
-}
+{}
 
 ControlPointList::ControlPointList(const ControlPointList& other)
-    : ListObj(other), IterableObj(other), d(std::make_unique<Private>(*other.d))
-{
-}
+    : ListObj(other),
+      IterableObj(other),
+      d(std::make_unique<Private>(*other.d))
+{}
 
 ControlPointList::~ControlPointList() = default;
 

@@ -43,9 +43,8 @@ QVariant KeyframeableColumn::keyframeCreate(const QVariant& value)
         column.createKeyframes(frame, frame, command);
     };
     keyframeedit::run(manager, frames, frames.size(), create,
-                      {tr("Failed to set keyframe at frame %1"), tr("Setting %1 keyframes."),
-                       tr("Setting a keyframe."), tr("Failed to set %1 keyframes."),
-                       tr("Failed to set a keyframe.")});
+                      {tr("Failed to set keyframe at frame %1"), tr("Setting %1 keyframes."), tr("Setting a keyframe."),
+                       tr("Failed to set %1 keyframes."), tr("Failed to set a keyframe.")});
 
     QVariantList points;
     for (const double frame : frames) {
@@ -71,9 +70,8 @@ void KeyframeableColumn::keyframeRemove(const QVariant& value)
     frames.removeIf([&](double frame) { return !column.isKey(frame); });
     keyframeedit::run(manager, frames, given,
                       [&](double frame, CO_Command** command) { column.removeKeyframes(frame, frame, command); },
-                      {tr("Failed to remove keyframe at: %1"), tr("Removing %1 keyframes."),
-                       tr("Removing a keyframe."), tr("Failed to remove %1 keyframes."),
-                       tr("Failed to remove a keyframe.")});
+                      {tr("Failed to remove keyframe at: %1"), tr("Removing %1 keyframes."), tr("Removing a keyframe."),
+                       tr("Failed to remove %1 keyframes."), tr("Failed to remove a keyframe.")});
 }
 
 bool KeyframeableColumn::keyframeExists(const QVariant& value) const

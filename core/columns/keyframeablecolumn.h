@@ -28,7 +28,7 @@ public:
 
     /// The control point made, or a list of them when there are several.
     QVariant keyframeCreate(const QVariant& frames);
-    void keyframeRemove(const QVariant& frames); ///< Frames without a keyframe are passed over.
+    void keyframeRemove(const QVariant& frames);       ///< Frames without a keyframe are passed over.
     bool keyframeExists(const QVariant& frames) const; ///< Whether any of them is a keyframe.
     /// Removes the keyframes over a range of frames; an end under 1 is the scene's last frame.
     void keyframeClear(int start, int end);

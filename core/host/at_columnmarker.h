@@ -12,8 +12,8 @@ class BRINDLE_HOST_EXPORT AT_ColumnMarker {
 public:
     virtual ~AT_ColumnMarker() = default;
     virtual bool getValue(const QString& key, QVariant& value) const = 0; ///< False when it has no such key.
-    virtual int getStart() const = 0;  ///< Its first frame.
-    virtual int getLength() const = 0; ///< In frames.
+    virtual int getStart() const = 0;                                     ///< Its first frame.
+    virtual int getLength() const = 0;                                    ///< In frames.
 };
 
 /// The markers of one column, by id.

@@ -14,9 +14,9 @@ public:
     explicit MO_FrameRange(double frame) : MO_FrameRange(frame, 0, 0) { m_infinite = frame < 1; }
     /// The stretch from `before` frames ahead of a frame to `after` frames behind it.
     MO_FrameRange(double frame, int before, int after)
-        : m_first(bounded(frame, -static_cast<double>(before))), m_last(bounded(frame, after))
-    {
-    }
+        : m_first(bounded(frame, -static_cast<double>(before))),
+          m_last(bounded(frame, after))
+    {}
 
     bool isInfinite() const { return m_infinite; }
     bool isFrameEnabled(int frame) const { return m_infinite || (frame >= m_first && frame <= m_last); }

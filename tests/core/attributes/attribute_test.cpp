@@ -46,8 +46,8 @@ TEST_F(AttributeTest, PropertiesAreServedByNameInTheirOrder)
     auto x = attribute<Attribute>("position.x");
     bool native = false;
     bool filter = false;
-    const std::vector<std::string> names{"objectName",   "column",  "column_name", "keyword",      "display_name",
-                                         "type",         "full_keyword", "dynamic", "linkable",    "subattributes"};
+    const std::vector<std::string> names{"objectName", "column",       "column_name", "keyword",  "display_name",
+                                         "type",       "full_keyword", "dynamic",     "linkable", "subattributes"};
     EXPECT_EQ(attribute<Attribute>("position").getDir(native, filter), names);
     EXPECT_EQ(propertyOf(x, "full_keyword"), "position.x");
     EXPECT_EQ(propertyOf(x, "type"), "DOUBLE");
@@ -107,9 +107,10 @@ TEST_F(AttributeTest, ADottedPathIsWalkedLevelByLevel)
     const struct {
         const char* path;
         bool found;
-    } paths[] = {{"angle", true},      {"position", true}, {"position.x", true}, {"position.w", false},
-                 {"angle.x", false},   {"nothing", false}, {"", false},          {".", false},
-                 {"position.", false}, {".x", false},      {"position.x.y", false}};
+    } paths[] = {{"angle", true},       {"position", true},     {"position.x", true},
+                 {"position.w", false}, {"angle.x", false},     {"nothing", false},
+                 {"", false},           {".", false},           {"position.", false},
+                 {".x", false},         {"position.x.y", false}};
     for (const auto& [path, found] : paths)
         EXPECT_EQ(Attribute::attribFromFullPath(peg, path) != nullptr, found) << path;
     EXPECT_EQ(Attribute::attribFromFullPath(peg, "position.x")->meta().keyword(), "x");
@@ -229,19 +230,26 @@ TEST_F(AttributeTest, AFrameRangeIsReadFromAListAndAFrameFromANumber)
         int start, end;
         bool isRange;
     } rows[] = {
-        {QVariantList{10, 5}, 5, 10, true},    {QVariantList{10, 20}, 10, 20, true},
-        {QVariantList{1, -1}, 1, 60, true},    {QVariantList{70, -1}, 60, 70, true},
-        {QVariantList{7}, 7, -8, false},       {QVariantList{7.0, "9"}, 7, 9, true},
-        {12, 12, -8, false},                   {12.7, 12, -8, false},
-        {"12", -9, -8, false},                 {QVariant(), -9, -8, false},
-        {QStringList{"1", "2"}, -9, -8, false}, {QVariantMap(), -9, -8, false},
+        {QVariantList{10, 5}, 5, 10, true},
+        {QVariantList{10, 20}, 10, 20, true},
+        {QVariantList{1, -1}, 1, 60, true},
+        {QVariantList{70, -1}, 60, 70, true},
+        {QVariantList{7}, 7, -8, false},
+        {QVariantList{7.0, "9"}, 7, 9, true},
+        {12, 12, -8, false},
+        {12.7, 12, -8, false},
+        {"12", -9, -8, false},
+        {QVariant(), -9, -8, false},
+        {QStringList{"1", "2"}, -9, -8, false},
+        {QVariantMap(), -9, -8, false},
     };
     for (const auto& row : rows) {
         int start = -9;
         int end = -8;
         bool isRange = false;
         Attribute::deriveRangeQVariant(sceneCommon(), row.value, start, end, isRange);
-        EXPECT_EQ(std::tie(start, end, isRange), std::tie(row.start, row.end, row.isRange)) << testing::PrintToString(row.start);
+        EXPECT_EQ(std::tie(start, end, isRange), std::tie(row.start, row.end, row.isRange))
+            << testing::PrintToString(row.start);
     }
 }
 

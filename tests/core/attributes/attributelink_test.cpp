@@ -47,7 +47,8 @@ TEST_F(AttributeLinkTest, AnAttributeIsLinkedToAColumnGivenAsObjectOrByName)
 
 TEST_F(AttributeLinkTest, WhatSaysNoColumnUnlinks)
 {
-    for (const QVariant& value : {QVariant(""), QVariant(false), QVariant(), QVariant::fromValue(nullptr), QVariant(0)}) {
+    for (const QVariant& value :
+         {QVariant(""), QVariant(false), QVariant(), QVariant::fromValue(nullptr), QVariant(0)}) {
         const QByteArray before = saved();
         x.setColumn(value);
         EXPECT_EQ(columnOf("position.x"), nullptr) << value.typeName();
@@ -145,9 +146,8 @@ TEST_F(AttributeLinkTest, ARefusedLinkSaysSo)
     EXPECT_EQ(failureOf([&] { wrapper.setColumn(QVariant()); }), sentence);
     EXPECT_EQ(failureOf([&] { wrapper.setColumnName(""); }), sentence);
     EXPECT_EQ(failureOf([&] { wrapper.setColumn("none"); }), "Unable to find specified column by name.");
-    EXPECT_EQ(refusing.refusedLabels,
-              QStringList({"Linking extra of StandIn to " + columnX->getName(), "Unlinking extra of StandIn",
-                           "Unlinking extra of StandIn"}));
+    EXPECT_EQ(refusing.refusedLabels, QStringList({"Linking extra of StandIn to " + columnX->getName(),
+                                                   "Unlinking extra of StandIn", "Unlinking extra of StandIn"}));
 }
 
 TEST_F(AttributeLinkTest, AColumnThatIsGoneUnlinks)

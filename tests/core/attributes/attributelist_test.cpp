@@ -30,8 +30,8 @@ protected:
 
 TEST_F(AttributeListTest, TheTopLevelHoldsTheNodesAttributesInOrder)
 {
-    const std::vector<std::string> keywords{"position", "scale", "rotation", "angle", "skew", "pivot",
-                                            "full_transform"};
+    const std::vector<std::string> keywords{"position", "scale", "rotation",      "angle",
+                                            "skew",     "pivot", "full_transform"};
     EXPECT_EQ(all.size(), keywords.size());
     EXPECT_EQ(walk(all), keywords);
     EXPECT_EQ(all.list().size(), keywords.size());
@@ -54,16 +54,11 @@ TEST_F(AttributeListTest, AnAttributeIsFoundByKeywordAndByDottedPath)
         const char* fromTop;
         const char* fromMembers;
     } rows[] = {
-        {"angle", "angle", "nothing"},
-        {"position.x", "position.x", "position.x"},
-        {"x", "nothing", "position.x"},
-        {"position", "position", "nothing"},
-        {"position.w", "nothing", "nothing"},
-        {"angle.x", "nothing", "nothing"},
-        {"scale.x", "scale.x", "nothing"},
-        {"", "nothing", "nothing"},
-        {".", "nothing", "nothing"},
-        {"position..x", "nothing", "nothing"},
+        {"angle", "angle", "nothing"},        {"position.x", "position.x", "position.x"},
+        {"x", "nothing", "position.x"},       {"position", "position", "nothing"},
+        {"position.w", "nothing", "nothing"}, {"angle.x", "nothing", "nothing"},
+        {"scale.x", "scale.x", "nothing"},    {"", "nothing", "nothing"},
+        {".", "nothing", "nothing"},          {"position..x", "nothing", "nothing"},
         {"POSITION", "nothing", "nothing"},
     };
     for (const auto& [name, fromTop, fromMembers] : rows) {

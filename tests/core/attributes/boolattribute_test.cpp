@@ -17,10 +17,9 @@ TEST_F(BoolAttributeTest, ItSaysWhatItIs)
     EXPECT_EQ(visible.__str__(), "BoolAttr(Top/Read, visible)");
     EXPECT_TRUE(objectIn<BoolAttribute>(Obj(visible.copy())));
     BoolAttribute wrong(peg, {}, "angle");
-    for (const auto& call : std::initializer_list<std::function<void()>>{[&] { wrong.value(1); },
-                                                                         [&] { wrong.localvalue(); },
-                                                                         [&] { wrong.setValue(1, true); },
-                                                                         [&] { wrong.setLocalvalue(true); }})
+    for (const auto& call : std::initializer_list<std::function<void()>>{
+             [&] { wrong.value(1); }, [&] { wrong.localvalue(); }, [&] { wrong.setValue(1, true); },
+             [&] { wrong.setLocalvalue(true); }})
         expectRefused(call, "Unexpected type found.");
 }
 

@@ -49,8 +49,8 @@ TEST_F(IntAttributeTest, ItsValuesAreOffset)
     const QByteArray before = saved();
     red.offsetValue(QVariantList{10, 20}, 5);
     EXPECT_EQ(labels(), QStringList({"Set Attribute local value.", "Offset Attribute Value"}));
-    for (const auto& [frame, value] : std::initializer_list<std::pair<int, int>>{{1, 100}, {9, 100}, {10, 105},
-                                                                               {15, 105}, {20, 105}, {21, 100}})
+    for (const auto& [frame, value] :
+         std::initializer_list<std::pair<int, int>>{{1, 100}, {9, 100}, {10, 105}, {15, 105}, {20, 105}, {21, 100}})
         EXPECT_EQ(red.value(frame), value) << frame;
     expectUndoable(before);
 }

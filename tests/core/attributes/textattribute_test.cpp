@@ -16,17 +16,16 @@ TEST_F(TextAttributeTest, ItSaysWhatItIs)
     EXPECT_EQ(path.__str__(), "TextAttr(Top/Write, path)");
     EXPECT_TRUE(objectIn<TextAttribute>(Obj(path.copy())));
     TextAttribute wrong(peg, {}, "angle");
-    for (const auto& call : std::initializer_list<std::function<void()>>{[&] { wrong.value(1); },
-                                                                         [&] { wrong.localvalue(); },
-                                                                         [&] { wrong.setValue(1, "a"); },
-                                                                         [&] { wrong.setLocalvalue("a"); }})
+    for (const auto& call : std::initializer_list<std::function<void()>>{
+             [&] { wrong.value(1); }, [&] { wrong.localvalue(); }, [&] { wrong.setValue(1, "a"); },
+             [&] { wrong.setLocalvalue("a"); }})
         expectRefused(call, "Unexpected type found.");
 }
 
 TEST_F(TextAttributeTest, ItsTextIsSetUndoablyWhateverItHolds)
 {
-    for (const QString& text : {QString("frames/final-"), QString("%1\n\t\"\\"), QString::fromUtf8("écran \xF0\x9F\x8E\xAC"),
-                                QString(), QString(100000, 'x')}) {
+    for (const QString& text : {QString("frames/final-"), QString("%1\n\t\"\\"),
+                                QString::fromUtf8("écran \xF0\x9F\x8E\xAC"), QString(), QString(100000, 'x')}) {
         path.setLocalvalue("before");
         manager().clearHistory();
         const QByteArray before = saved();

@@ -54,9 +54,8 @@ TEST_F(BezierColumnTest, ItsFramesGiveValueObjects)
 
 TEST_F(BezierColumnTest, SettingAnEntryMakesAKeyframe)
 {
-    const std::initializer_list<std::function<void()>> ways{[&] { column.set(5, 3.0); },
-                                                            [&] { column.set(QString("5"), "3"); },
-                                                            [&] { column.setEntry(5, 3, 9); }};
+    const std::initializer_list<std::function<void()>> ways{
+        [&] { column.set(5, 3.0); }, [&] { column.set(QString("5"), "3"); }, [&] { column.setEntry(5, 3, 9); }};
     for (const auto& set : ways) {
         const QByteArray before = saved();
         set();

@@ -37,9 +37,18 @@ TEST_F(BezierColumnValueTest, ItSaysWhatItIs)
     EXPECT_EQ(objectIn<BezierColumnValue>(Obj(at(5.5).copy()))->getFrame(), 5.5);
     bool native = false;
     bool filter = false;
-    const std::vector<std::string> names{"objectName",    "frame",          "value",          "key",
-                                         "const_segment", "continuity",     "handle_left_x",  "handle_left_y",
-                                         "handle_right_x", "handle_right_y", "keyframe_previous", "keyframe_next"};
+    const std::vector<std::string> names{"objectName",
+                                         "frame",
+                                         "value",
+                                         "key",
+                                         "const_segment",
+                                         "continuity",
+                                         "handle_left_x",
+                                         "handle_left_y",
+                                         "handle_right_x",
+                                         "handle_right_y",
+                                         "keyframe_previous",
+                                         "keyframe_next"};
     EXPECT_EQ(at(10).getDir(native, filter), names);
 }
 
@@ -212,9 +221,8 @@ TEST_F(BezierColumnValueTest, WhatAKeyframeHasIsSetUndoably)
 TEST_F(BezierColumnValueTest, AContinuityIsWrittenInCapitals)
 {
     for (const char* word : {"corner", "UNKNOWN", ""})
-        expectRefused([&] { at(10).setContinuity(word); },
-                      std::string("Invalid continuity value ") + word +
-                          ". Accepted values are : STRAIGHT, CORNER, SMOOTH ");
+        expectRefused([&] { at(10).setContinuity(word); }, std::string("Invalid continuity value ") + word +
+                                                               ". Accepted values are : STRAIGHT, CORNER, SMOOTH ");
 }
 
 TEST_F(BezierColumnValueTest, HandlesTakeFiniteNumbers)

@@ -27,9 +27,9 @@ TEST_F(BezierControlPointTest, ItReadsThePoint)
     EXPECT_EQ(objectIn<BezierControlPoint>(Obj(point.copy()))->getHandleRightY(), 4);
     bool native = false;
     bool filter = false;
-    const std::vector<std::string> names{"objectName",    "frame",         "value",          "const_segment",
-                                         "continuity",    "handle_left_x", "handle_left_y",  "handle_right_x",
-                                         "handle_right_y"};
+    const std::vector<std::string> names{"objectName",    "frame",          "value",
+                                         "const_segment", "continuity",     "handle_left_x",
+                                         "handle_left_y", "handle_right_x", "handle_right_y"};
     EXPECT_EQ(point.getDir(native, filter), names);
 }
 

@@ -32,8 +32,8 @@ TEST_F(ColumnTest, AWrapperIsMadeForTheColumnsKind)
 
 TEST_F(ColumnTest, TheKindIsToldByItsWord)
 {
-    const char* const words[] = {"DRAWING",   "SOUND",           "3D_PATH",    "BEZIER",      "EASE", "EXPR", "TIMING",
-                                 "VELOBASED", "QUATERNION_PATH", "ANNOTATION", "FILE_LIBRARY"};
+    const char* const words[] = {"DRAWING", "SOUND",     "3D_PATH",         "BEZIER",     "EASE",        "EXPR",
+                                 "TIMING",  "VELOBASED", "QUATERNION_PATH", "ANNOTATION", "FILE_LIBRARY"};
     for (int kind = 0; kind < 11; ++kind) {
         cells.kind = static_cast<TUTimedValue::timedValueType>(kind);
         EXPECT_EQ(cellColumn.getType(), words[kind]);
@@ -262,14 +262,28 @@ TEST_F(ColumnTest, AColumnThatIsGoneSaysSo)
     curve->expireWeakPointers();
     const std::string invalid = "Object is no longer valid.";
     EXPECT_EQ(column.getTimedValue(), nullptr);
-    for (const auto& call : std::initializer_list<std::function<void()>>{
-             [&] { column.getName(); }, [&] { column.setName("A"); }, [&] { column.getType(); },
-             [&] { column.getEntry(1); }, [&] { column.setEntry(1, 2); }, [&] { column.size(); },
-             [&] { column.nFrames(); }, [&] { column.get(1); }, [&] { column.set(1, 2); }, [&] { column.list(); },
-             [&] { column.get(QString("x")); }, [&] { column.__iter__(); }, [&] { column.__iterItem__(); },
-             [&] { ++column; }, [&] { --column; }, [&] { column.__atend__(); }, [&] { column.scale(1, 1); },
-             [&] { column.getAnonymous(); }, [&] { column.setAnonymous(true); }, [&] { column.getLinkedNodes(); },
-             [&] { column.getLinkedAttributes(); }, [&] { column.__str__(); }})
+    for (const auto& call : std::initializer_list<std::function<void()>>{[&] { column.getName(); },
+                                                                         [&] { column.setName("A"); },
+                                                                         [&] { column.getType(); },
+                                                                         [&] { column.getEntry(1); },
+                                                                         [&] { column.setEntry(1, 2); },
+                                                                         [&] { column.size(); },
+                                                                         [&] { column.nFrames(); },
+                                                                         [&] { column.get(1); },
+                                                                         [&] { column.set(1, 2); },
+                                                                         [&] { column.list(); },
+                                                                         [&] { column.get(QString("x")); },
+                                                                         [&] { column.__iter__(); },
+                                                                         [&] { column.__iterItem__(); },
+                                                                         [&] { ++column; },
+                                                                         [&] { --column; },
+                                                                         [&] { column.__atend__(); },
+                                                                         [&] { column.scale(1, 1); },
+                                                                         [&] { column.getAnonymous(); },
+                                                                         [&] { column.setAnonymous(true); },
+                                                                         [&] { column.getLinkedNodes(); },
+                                                                         [&] { column.getLinkedAttributes(); },
+                                                                         [&] { column.__str__(); }})
         EXPECT_EQ(failureOf(call), invalid);
     EXPECT_EQ(failureOf([] { Column(nullptr).getName(); }), invalid);
 }

@@ -70,8 +70,11 @@ TEST_F(ControlPointListTest, PointsAreRemoved)
     EXPECT_EQ(points.size(), 0u);
     EXPECT_EQ(labels(), QStringList("Remove keyframe."));
     expectUndoable(before);
-    expectRefused([&] { points.remove(QVariantList{5, 6}); },
-                  "Failed to remove keyframe at: 5\nFailed to remove keyframe at: 6");
+    expectRefused(
+        [&] {
+            points.remove(QVariantList{5, 6});
+        },
+        "Failed to remove keyframe at: 5\nFailed to remove keyframe at: 6");
 }
 
 TEST_F(ControlPointListTest, ACommandThatFailsSaysSo)

@@ -94,7 +94,9 @@ TEST_F(KeyframeableColumnTest, SeveralFramesGiveAListOfControlPoints)
 {
     const QByteArray before = saved();
     QVariant points;
-    EXPECT_EQ(outputOf([&] { points = column.keyframeCreate(QVariantList{QVariantList{5, 6}, 7}); }),
+    EXPECT_EQ(outputOf([&] {
+                  points = column.keyframeCreate(QVariantList{QVariantList{5, 6}, 7});
+              }),
               "FRAME: 5.000000\nFRAME: 6.000000\nFRAME: 7.000000\n");
     EXPECT_EQ(framesOf(points), QList<double>({5, 6, 7}));
     EXPECT_EQ(labels(), QStringList("Setting a keyframe."));
@@ -124,8 +126,11 @@ TEST_F(KeyframeableColumnTest, FramesThatCannotBeReadAreToldTogether)
 
 TEST_F(KeyframeableColumnTest, FramesThatTheColumnRefusesAreToldTogether)
 {
-    expectRefused([&] { column.keyframeCreate(QVariantList{5, 1e12, -1e300}); },
-                  "Failed to set keyframe at frame 2147483647\nFailed to set keyframe at frame -2147483647");
+    expectRefused(
+        [&] {
+            column.keyframeCreate(QVariantList{5, 1e12, -1e300});
+        },
+        "Failed to set keyframe at frame 2147483647\nFailed to set keyframe at frame -2147483647");
 }
 
 TEST_F(KeyframeableColumnTest, KeyframesAreRemovedAndOtherFramesPassedOver)
@@ -163,8 +168,8 @@ TEST_F(KeyframeableColumnTest, KeyframesAreClearedOverARange)
         int start, end;
         std::vector<int> left;
     } rows[] = {
-        {3, 9, {1, 10, 20}}, {9, 3, {1, 10, 20}}, {10, 0, {1, 8, 9}}, {10, -7, {1, 8, 9}},
-        {1, 60, {}},         {61, 0, {1, 8, 9, 10, 20}},
+        {3, 9, {1, 10, 20}}, {9, 3, {1, 10, 20}}, {10, 0, {1, 8, 9}},
+        {10, -7, {1, 8, 9}}, {1, 60, {}},         {61, 0, {1, 8, 9, 10, 20}},
     };
     for (const auto& [start, end, left] : rows) {
         const QByteArray before = saved();
@@ -209,9 +214,9 @@ TEST_F(KeyframeableColumnTest, PropertiesAreServedByNameInTheirOrder)
 {
     bool native = false;
     bool filter = false;
-    const std::vector<std::string> names{"objectName",   "name",           "display_name",      "type",
-                                         "anonymous",    "linked_nodes",   "linked_attributes", "hold_start",
-                                         "hold_stop",    "hold_step",      "control_point_size", "control_points"};
+    const std::vector<std::string> names{"objectName", "name",         "display_name",       "type",
+                                         "anonymous",  "linked_nodes", "linked_attributes",  "hold_start",
+                                         "hold_stop",  "hold_step",    "control_point_size", "control_points"};
     EXPECT_EQ(column.getDir(native, filter), names);
     bool found = false;
     EXPECT_EQ(column.getAttr("control_point_size", found), 2);
@@ -232,7 +237,9 @@ TEST_F(KeyframeableColumnTest, AnotherFunctionOfTimeHasTheGeneralClass)
     EXPECT_EQ(failureOf([&] { general->getHoldStartFrame(); }), unexpected);
     EXPECT_EQ(failureOf([&] { general->setHoldStep(2); }), unexpected);
     EXPECT_EQ(failureOf([&] { general->numberOfPoints(); }), unexpected);
-    EXPECT_EQ(failureOf([&] { general->keyframeCreate(QVariantList{5, 6.9}); }),
+    EXPECT_EQ(failureOf([&] {
+                  general->keyframeCreate(QVariantList{5, 6.9});
+              }),
               "Failed to set keyframe at frame 5\nFailed to set keyframe at frame 6");
     EXPECT_EQ(failureOf([&] { general->keyframeRemove(5); }), "Failed to remove keyframe at: 5");
     general->keyframeClear(1, 5);

@@ -97,9 +97,10 @@ public:
 class StandInCellCmd : public CO_Command {
 public:
     StandInCellCmd(StandInColumn& column, double frame, const QString& text)
-        : m_column(column), m_frame(frame), m_text(text)
-    {
-    }
+        : m_column(column),
+          m_frame(frame),
+          m_text(text)
+    {}
     Status execute() override
     {
         std::swap(m_column.cells[m_frame], m_text);
