@@ -9,6 +9,7 @@
 #include "core/nodes/groupnode.h"
 #include "core/nodes/multiportlist.h"
 #include "core/nodes/node_coordinates.h"
+#include "core/nodes/nodemove.h"
 #include "core/nodes/nodewrappervisitor.h"
 #include "core/scene/scene.h"
 
@@ -30,7 +31,38 @@ int truncated(double coordinate)
     return static_cast<int>(coordinate);
 }
 
+/// The group that a move to a node leads to.
+TUGroup* groupAt(MO_Node& target)
+{
+    TUGroup* group = target.group() ? target.group() : target.parentGroup();
+    if (!group)
+        throw Exception(Node::tr("Unable to find the target group."));
+    return group;
+}
+
 } // namespace
+
+/// Brings a wrapper back to its node when a move has failed: the node left the scene, where it stands again.
+class Node::Homecoming {
+public:
+    Homecoming(WeakHandle<MO_Node>& handle, const MO_Node& node)
+        : m_handle(handle),
+          m_scene(node.sceneCommon()),
+          m_path(node.qualifiedName())
+    {}
+    Homecoming(const Homecoming&) = delete;
+    Homecoming& operator=(const Homecoming&) = delete;
+    ~Homecoming()
+    {
+        if (!m_handle.get())
+            m_handle.assign(node_util::getNodeFromQualifiedName_optimized(m_scene, m_path));
+    }
+
+private:
+    WeakHandle<MO_Node>& m_handle;
+    const SC_SceneCommon* m_scene;
+    QString m_path;
+};
 
 Node::Node(MO_Node* node) : m_node(node) {}
 
@@ -105,6 +137,27 @@ Obj Node::parentGroup() const
     return Obj(new GroupNode(validNode().parentGroup()));
 }
 
+void Node::moveTo(const Obj& target, int x, int y)
+{
+    validate();
+    const Node* wrapper = objectIn<Node>(target);
+    MO_Node* node = wrapper ? wrapper->getNode() : nullptr;
+    if (!node)
+        throw Exception(tr("Unable to find the target node."));
+    moveNode(groupAt(*node), x, y);
+}
+
+void Node::moveTo(const QString& target, int x, int y)
+{
+    const SC_SceneCommon* scene = validNode().sceneCommon();
+    if (!scene)
+        throwInvalid();
+    MO_Node* node = node_util::getNodeFromQualifiedName_optimized(scene, target);
+    if (!node)
+        throw Exception(tr("Unable to find the target node."));
+    moveNode(groupAt(*node), x, y);
+}
+
 QString Node::getName() const
 {
     return validNode().instanceName();
@@ -122,6 +175,27 @@ void Node::setName(const QString& name)
 QString Node::getPath() const
 {
     return validNode().qualifiedName();
+}
+
+void Node::setPath(const QString& path)
+{
+    MO_Node& node = validNode();
+    QStringList parts = path.split(QLatin1Char('/'));
+    if (parts.size() < 2)
+        throw Exception(tr("Invalid target path."));
+    const QString wanted = parts.takeLast();
+    CO_CommandManager& manager = undo::manager(node.sceneCommon(), tr("An unexpected error occurred."));
+    const Homecoming homecoming(m_node, node);
+    undo::Scope scope(manager, tr("Changing the node path"));
+    try {
+        moveTo(parts.join(QLatin1Char('/')), node.x(), node.y());
+        if (validNode().instanceName() != wanted)
+            setName(wanted);
+    } catch (const Exception&) {
+        throw;
+    } catch (...) {
+        throw Exception(tr("An unexpected error occurred."));
+    }
 }
 
 QString Node::getType() const
@@ -168,6 +242,30 @@ void Node::setEnabled(bool enabled)
 bool Node::getValid() const
 {
     return getNode() != nullptr;
+}
+
+void Node::moveNode(TUGroup* target, int, int)
+{
+    MO_Node& node = validNode();
+    if (!node.parentGroup())
+        throw Exception(tr("The node source is invalid."));
+    if (!target)
+        throw Exception(tr("The target group is invalid."));
+    const node_move::Terms terms{
+        .makesMultiPort = true,
+        .selectsAsBatch = false,
+        .oneNodeOnly = true,
+        .failsSilently = true,
+        .noMultiPort = tr("Unable to find target's out multi-port."),
+        .missingPart = tr("An unexpected error occurred."),
+        .entersItself = tr("Unable to place the node in the group."),
+        .failed = {},
+        .severalNodes = tr("CHECK THIS -- IT SHOULD ONLY BE ONE, BUT I CANT CONFIRM THAT WITH GROUP NODES."),
+    };
+    const Homecoming homecoming(m_node, node);
+    const std::vector<MO_Node*> moved = node_move::moveNodes({&node}, node.sceneCommon(), *target, terms);
+    if (!moved.empty() && moved.front() != m_node.get())
+        m_node.assign(moved.front());
 }
 
 bool Node::__eq__(const Obj& other) const

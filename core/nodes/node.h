@@ -7,6 +7,7 @@
 #include <QVariant>
 
 class MO_Node;
+class TUGroup;
 
 namespace OMC {
 
@@ -17,13 +18,16 @@ namespace OMC {
 /// "Node is no longer valid. Node may have been moved or deleted." from then on; only `valid` can still be asked. Any
 /// number of wrappers of one node may exist; none of them owns it. `getWrapped` makes the one whose class fits the
 /// node.
+///
+/// A move to a group makes a new node there and removes the old one: the wrapper that was told to move goes on with the
+/// new node, all others are invalid. Undoing it brings the old node back, for which there are new wrappers only.
 class BRINDLE_CORE_EXPORT Node : public BaseObject {
     Q_OBJECT
     Q_PROPERTY(OMC::Obj attributes READ getAttributes)
     Q_PROPERTY(OMC::Obj ports_in READ getPortsIn)
     Q_PROPERTY(OMC::Obj ports_out READ getPortsOut)
     Q_PROPERTY(QString name READ getName WRITE setName)
-    Q_PROPERTY(QString path READ getPath)
+    Q_PROPERTY(QString path READ getPath WRITE setPath)
     Q_PROPERTY(QString type READ getType)
     Q_PROPERTY(QVariant position READ getPosition WRITE setPosition)
     Q_PROPERTY(bool enabled READ getEnabled WRITE setEnabled)
@@ -45,9 +49,17 @@ public:
     virtual Obj parentScene() const;
     virtual Obj parentGroup() const; ///< An invalid GroupNode at the root group.
 
+    /// Moves the node to a group; to a node that is no group: beside it. Throws for a group that is, or lies in, the
+    /// node itself. A drop that the engine refuses is silent: the node stays where it was, as `path` tells. The place in
+    /// the node view is the engine's to choose: x and y are not used.
+    virtual void moveTo(const Obj& target, int x, int y);
+    virtual void moveTo(const QString& target, int x, int y);
+
     virtual QString getName() const;
     virtual void setName(const QString& name); ///< The engine takes the name with what it can't hold changed.
     virtual QString getPath() const;           ///< "Top/Group/Node".
+    /// Moves the node to the group before the last slash, also when it is there, and names it by what follows.
+    virtual void setPath(const QString& path);
     virtual QString getType() const;           ///< "PEG", "READ", ...
 
     virtual QVariant getPosition() const; ///< A Node_Coordinates, also of an invalid node.
@@ -57,6 +69,9 @@ public:
     virtual bool getEnabled() const;
     virtual void setEnabled(bool enabled);
     virtual bool getValid() const; ///< Whether the node is there; never throws.
+
+    /// What the forms of `moveTo` come down to.
+    virtual void moveNode(TUGroup* target, int x, int y);
 
     /// Whether the other object is a wrapper, of whatever class, of the same engine node.
     bool __eq__(const Obj& other) const;
@@ -76,6 +91,8 @@ protected:
     std::string textAs(const char* className) const;
 
 private:
+    class Homecoming;
+
     WeakHandle<MO_Node> m_node;
 };
 

@@ -53,6 +53,12 @@ public:
     /// Makes a node in the list's group (in a scene's list, the root group). A name with slashes is a path.
     virtual Obj create(const QString& type, const QString& name);
 
+    /// Moves nodes (any form of nodesFromQVariant) into the list's group; a scene's list and a filled one take none.
+    /// Gives the new node, or the list of the new nodes; wrappers of the old ones are invalid. The places in the node
+    /// view are the engine's to choose: x and y are not used. A single node gives its group a multi-port node if need
+    /// be, and stays where it is when the engine refuses the drop; several throw in both cases.
+    QVariant move(const QVariant& nodes, int x, int y);
+
     /// Removes nodes (any form of nodesFromQVariant); with `deleteTimedValues` also the columns that only they were
     /// linked to, with `bridge` what they connected is connected.
     void remove(const QVariant& nodes, bool deleteTimedValues = false, bool bridge = false);
@@ -81,6 +87,7 @@ private:
     void forNodesIn(const QVariant& value, const Add& add) const;
     MO_Node* addNodeHelper(SC_SceneCommon* scene, TUGroup* group, const QString& name, const QString& type, int x,
                            int y, int z);
+    std::vector<MO_Node*> moveNodesToGroup(TUGroup* group, const std::vector<MO_Node*>& nodes);
     bool removeNodesHelper(const std::set<MO_Node*>& nodes, bool deleteTimedValues, bool bridge);
 
     struct Private;

@@ -5,6 +5,7 @@
 #include "core/nodes/node.h"
 #include "core/nodes/node_coordinates.h"
 #include "core/nodes/nodelist_p.h"
+#include "core/nodes/nodemove.h"
 
 #include <QStringList>
 
@@ -67,6 +68,30 @@ Obj NodeList::create(const QString& type, const QString& name)
     if (!scene)
         throw Exception(tr("Invalid group specified."));
     return Obj(Node::getWrapped(addNodeHelper(scene, group, name, type, 0, 0, 0)));
+}
+
+QVariant NodeList::move(const QVariant& nodes, int, int)
+{
+    validate();
+    std::vector<MO_Node*> moving;
+    nodesFromQVariant(nodes, moving);
+    TUGroup* group = d->mode == Private::GroupNodes ? d->liveGroup() : nullptr;
+    if (!group)
+        throw Exception(tr("Unable to move nodes into this list."));
+    if (!group->sceneCommon())
+        throwInvalid();
+    if (moving.empty())
+        throw Exception(tr("No valid nodes specified."));
+    if (moving.size() == 1) {
+        MO_Node& node = *moving.front();
+        std::unique_ptr<Node> wrapper(Node::getWrapped(&node));
+        wrapper->moveNode(group, node.x(), node.y());
+        return toVariant(Obj(wrapper.release()));
+    }
+    QVariantList moved;
+    for (MO_Node* node : moveNodesToGroup(group, moving))
+        moved.append(toVariant(Obj(Node::getWrapped(node))));
+    return moved;
 }
 
 void NodeList::remove(const QVariant& nodes, bool deleteTimedValues, bool bridge)
@@ -150,6 +175,22 @@ MO_Node* NodeList::addNodeHelper(SC_SceneCommon* scene, TUGroup* group, const QS
     MO_Node* const added = node.release();
     // The label has the name as it was given, also when the engine chose one: required as it is.
     return manager.execute(new tu_node::AddSubNodeCmd(group, added), tr("Add ") + name) ? added : nullptr;
+}
+
+std::vector<MO_Node*> NodeList::moveNodesToGroup(TUGroup* group, const std::vector<MO_Node*>& nodes)
+{
+    const node_move::Terms terms{
+        .makesMultiPort = false,
+        .selectsAsBatch = true,
+        .oneNodeOnly = false,
+        .failsSilently = false,
+        .noMultiPort = tr("Group must contain a multi-port-in."),
+        .missingPart = tr("An unexpected error has occurred."),
+        .entersItself = tr("Invalid move - source contains the target group or multiport."),
+        .failed = tr("Failed to move the nodes to the group."),
+        .severalNodes = {},
+    };
+    return nodes.empty() ? std::vector<MO_Node*>() : node_move::moveNodes(nodes, group->sceneCommon(), *group, terms);
 }
 
 bool NodeList::removeNodesHelper(const std::set<MO_Node*>& nodes, bool deleteTimedValues, bool bridge)

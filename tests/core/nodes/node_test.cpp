@@ -155,14 +155,6 @@ TEST_F(NodeTest, ARenameThatIsRefusedChangesNothing)
     EXPECT_EQ(labels(), before);
 }
 
-TEST_F(NodeTest, ItsPathCanOnlyBeRead)
-{
-    bool found = true;
-    EXPECT_EQ(failureOf([&] { wrapper->setAttr("path", QStringLiteral("Top/Sum"), found); }), "Property is read-only.");
-    EXPECT_FALSE(found);
-    EXPECT_EQ(wrapper->getPath(), QStringLiteral("Top/Composite"));
-}
-
 TEST_F(NodeTest, EnablingAndDisablingHaveOneLabel)
 {
     const QStringList before = labels();
