@@ -11,11 +11,6 @@ SceneGraph::SceneGraph(SC_SceneCommon& scene) : m_scene(scene)
     enter(m_root);
 }
 
-SceneGraph::~SceneGraph()
-{
-    leave(m_root);
-}
-
 SceneGraph* SceneGraph::of(const SC_SceneCommon* scene)
 {
     Group* root = scene ? engineGroup(scene->rootGroup()) : nullptr;

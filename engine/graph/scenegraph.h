@@ -16,7 +16,6 @@ public:
     explicit SceneGraph(SC_SceneCommon& scene);
     SceneGraph(const SceneGraph&) = delete;
     SceneGraph& operator=(const SceneGraph&) = delete;
-    ~SceneGraph();
 
     /// The graph of a scene, or null when the scene is not the engine's.
     static SceneGraph* of(const SC_SceneCommon* scene);

@@ -51,8 +51,9 @@ TEST_F(SubNodesTest, ANumberWrittenInAnotherWayIsPartOfTheName)
     for (const char* name : {"Arm_01", "Arm_ 1", "Arm_+1", "Arm_1x", "Arm_0", "Arm_99999999999"})
         EXPECT_EQ(add("PEG", name)->instanceName(), name);
     EXPECT_EQ(add("PEG", "Arm")->instanceName(), "Arm_1");
-    remove({node("Top/Arm_01"), node("Top/Arm_ 1"), node("Top/Arm_+1")});
     EXPECT_EQ(add("PEG", "Arm")->instanceName(), "Arm_2");
+    remove({node("Top/Arm_01"), node("Top/Arm_ 1"), node("Top/Arm_+1")});
+    EXPECT_EQ(add("PEG", "Arm")->instanceName(), "Arm_3");
 }
 
 TEST_F(SubNodesTest, NodesThatAreTakenOutComeBackToTheirPlaces)

@@ -394,6 +394,24 @@ TEST_F(CommandManagerTest, AStateThatWasSavedInsideAScopeIsLostWhenTheScopeGoesO
     EXPECT_TRUE(manager->isDirty());
 }
 
+TEST_F(CommandManagerTest, AStateThatWasSavedInsideAScopeIsNotTakenForOneOfALaterScope)
+{
+    for (const bool cancelled : {true, false}) {
+        {
+            Scope scope(manager.get(), "Saved", nullptr, Scope::kDefault);
+            set(1);
+            manager->setClean();
+            set(2);
+            if (cancelled)
+                scope.cancel();
+        }
+        manager->unexecute(1);
+        const Scope later(manager.get(), "Later", nullptr, Scope::kDefault);
+        set(3);
+        EXPECT_TRUE(manager->isDirty()) << cancelled;
+    }
+}
+
 TEST_F(CommandManagerTest, TenThousandChangesAreUndoneInOneCall)
 {
     for (int i = 1; i <= 10'000; ++i)
