@@ -43,7 +43,7 @@ ARGUMENTS = {
     "set_localvalue": (1,), "reset_value": (1,), "offset_value": (1, 1), "get_text_value": (1,),
     "set_text_value": (1, "1"), "get_entry": (1,), "set_entry": (1, 1), "scale": (1,), "keyframe_create": (1,),
     "keyframe_remove": (1,), "keyframe_exists": (1,), "keyframe_clear": (1, 2),
-    "create_point": (1, 1, 1, 1, 1, 1), "save_as": ("x",),
+    "create_point": (1, 1, 1, 1, 1, 1), "save_as": ("x",), "move_to": ("x",), "move": ("x",),
 }
 
 

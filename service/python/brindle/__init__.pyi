@@ -153,7 +153,7 @@ As a context manager it closes the project at the end and saves nothing by itsel
     def __enter__(self) -> Any:
         """The application itself."""
         ...
-    def __exit__(self, type: Any, value: Any, traceback: Any) -> bool:
+    def __exit__(self, type: object, value: object, traceback: object) -> bool:
         """Closes the project."""
         ...
 
@@ -368,8 +368,10 @@ class Node(BaseObject):
     def name(self, value: Any) -> None: ...
     @property
     def path(self) -> str:
-        """The names from the root group down: "Top/Group/Node"."""
+        """The names from the root group down: "Top/Group/Node". Writing it moves the node to that group and names it."""
         ...
+    @path.setter
+    def path(self, value: Any) -> None: ...
     @property
     def type(self) -> str:
         """The kind of node: "PEG", "READ", "COMPOSITE", ..."""
@@ -395,6 +397,14 @@ class Node(BaseObject):
         ...
     def parent_group(self) -> Any:
         """The GroupNode around the node; an invalid one at the root."""
+        ...
+    @overload
+    def move_to(self, target: str, x: int = 0, y: int = 0) -> None:
+        """Moves the node to a group, or beside a node that is no group; the target is a node or its path. The place in the node view is kept: x and y are not used. This object goes on with the moved node, all others of it are invalid."""
+        ...
+    @overload
+    def move_to(self, target: BaseObject | None, x: int = 0, y: int = 0) -> None:
+        """Moves the node to a group, or beside a node that is no group; the target is a node or its path. The place in the node view is kept: x and y are not used. This object goes on with the moved node, all others of it are invalid."""
         ...
     def __eq__(self, other: object) -> bool: ...
 
@@ -488,6 +498,9 @@ class NodeList(ListObj):
         ...
     def contains(self, name: str) -> bool:
         """Whether a node of that path or name is there."""
+        ...
+    def move(self, nodes: Any, x: int = 0, y: int = 0) -> Any:
+        """Moves nodes into the group of the list: one, a list of them, or their paths. The places in the node view are kept: x and y are not used. Gives the moved node, or a list of them."""
         ...
     def remove(self, nodes: Any, delete_columns: bool = False, bridge: bool = False) -> None:
         """Removes nodes: one, a list of them, or their paths. delete_columns also removes the columns that only they used; bridge connects what they connected."""
