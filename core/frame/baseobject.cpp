@@ -6,7 +6,7 @@
 #include <QMetaProperty>
 #include <QMetaType>
 
-#include <atomic>
+#include <ext/atomicity.h>
 #include <set>
 
 namespace OMC {
@@ -16,7 +16,8 @@ namespace {
 const char* const getterPrefix = "get_";
 const char* const setterPrefix = "set_";
 
-std::atomic<qint64> liveObjectCount = 0;
+/// Counted as libstdc++ counts the owners of a shared_ptr: with atomic steps once the process has a second thread.
+_Atomic_word liveObjectCount = 0;
 
 std::set<qint32>& valueTypeIDList()
 {
@@ -43,14 +44,14 @@ QMetaProperty propertyNamed(const QMetaObject* metaObject, const std::string& na
 
 BaseObject::BaseObject()
 {
-    liveObjectCount.fetch_add(1, std::memory_order_relaxed);
+    __gnu_cxx::__atomic_add_dispatch(&liveObjectCount, 1);
 }
 
 BaseObject::BaseObject(const BaseObject&) : BaseObject() {}
 
 BaseObject::~BaseObject()
 {
-    liveObjectCount.fetch_sub(1, std::memory_order_relaxed);
+    __gnu_cxx::__atomic_add_dispatch(&liveObjectCount, -1);
 }
 
 BaseObject* BaseObject::copy() const
@@ -189,7 +190,7 @@ void BaseObject::validateThreadLock()
 
 qint64 BaseObject::liveObjects()
 {
-    return liveObjectCount.load(std::memory_order_relaxed);
+    return __atomic_load_n(&liveObjectCount, __ATOMIC_RELAXED);
 }
 
 } // namespace OMC

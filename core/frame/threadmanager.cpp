@@ -12,6 +12,11 @@ namespace OMC {
 
 namespace {
 
+enum class ThreadRole : quint8 { Unknown, Main, Other };
+
+/// Found out once a thread. Every operation of every object asks, so it is reached without a call.
+[[gnu::tls_model("initial-exec")]] constinit thread_local ThreadRole threadRole = ThreadRole::Unknown;
+
 QString translated(const char* text)
 {
     return QCoreApplication::translate("CadenceMain", text);
@@ -43,8 +48,11 @@ bool ThreadManager::mainThread()
 {
     if (!QCoreApplication::instance())
         throw Exception(translated("The application does not appear to be loaded."));
-    thread_local const bool isMain = QCoreApplication::instance()->thread() == QThread::currentThread();
-    return isMain;
+    if (threadRole == ThreadRole::Unknown) {
+        const bool isMain = QCoreApplication::instance()->thread() == QThread::currentThread();
+        threadRole = isMain ? ThreadRole::Main : ThreadRole::Other;
+    }
+    return threadRole == ThreadRole::Main;
 }
 
 SCP_PythonEngine* ThreadManager::getPythonEngine()

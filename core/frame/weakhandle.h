@@ -6,15 +6,28 @@
 
 namespace OMC {
 
-/// A wrapper's hold on its engine object: a weak pointer on the heap, which a copy of the wrapper never shares.
+/// A weak pointer at an engine object of a class, or at none. It belongs into a wrapper's private record.
+template <typename Target>
+class WeakPointer {
+public:
+    explicit WeakPointer(Target* target = nullptr) { assign(target); }
+
+    void assign(Target* target) { m_pointer.assign(target); }
+    /// The engine object, or null once it is gone.
+    Target* get() const { return static_cast<Target*>(m_pointer.get()); }
+    bool sameTarget(const WeakPointer& other) const { return m_pointer.sameTarget(other.m_pointer); }
+
+private:
+    UT_SharedWeakPtrBase m_pointer;
+};
+
+/// The whole private record of a wrapper that holds on to its engine object and to nothing else: a weak pointer on the
+/// heap, which a copy of the wrapper never shares.
 template <typename Target>
 class WeakHandle {
 public:
-    explicit WeakHandle(Target* target = nullptr) : m_pointer(std::make_unique<UT_SharedWeakPtrBase>())
-    {
-        assign(target);
-    }
-    WeakHandle(const WeakHandle& other) : m_pointer(std::make_unique<UT_SharedWeakPtrBase>(*other.m_pointer)) {}
+    explicit WeakHandle(Target* target = nullptr) : m_pointer(std::make_unique<WeakPointer<Target>>(target)) {}
+    WeakHandle(const WeakHandle& other) : m_pointer(std::make_unique<WeakPointer<Target>>(*other.m_pointer)) {}
     WeakHandle& operator=(const WeakHandle& other)
     {
         *m_pointer = *other.m_pointer;
@@ -22,12 +35,11 @@ public:
     }
 
     void assign(Target* target) { m_pointer->assign(target); }
-    /// The engine object, or null once it is gone.
-    Target* get() const { return static_cast<Target*>(m_pointer->get()); }
+    Target* get() const { return m_pointer->get(); }
     bool sameTarget(const WeakHandle& other) const { return m_pointer->sameTarget(*other.m_pointer); }
 
 private:
-    std::unique_ptr<UT_SharedWeakPtrBase> m_pointer;
+    std::unique_ptr<WeakPointer<Target>> m_pointer;
 };
 
 } // namespace OMC

@@ -2,7 +2,7 @@
 
 #include "core/host/export.h"
 
-#include <atomic>
+#include <ext/atomicity.h>
 #include <utility>
 
 class UT_SharedWeakBase;
@@ -41,20 +41,21 @@ public:
 private:
     friend class UT_SharedWeakBase;
 
+    /// Counted as libstdc++ counts the owners of a shared_ptr: with atomic steps once the process has a second thread.
     struct Block {
-        std::atomic<int> references;
+        _Atomic_word references;
         UT_SharedWeakBase* target;
     };
 
     static Block* retained(Block* block) noexcept
     {
         if (block)
-            block->references.fetch_add(1, std::memory_order_relaxed);
+            __gnu_cxx::__atomic_add_dispatch(&block->references, 1);
         return block;
     }
     static void release(Block* block) noexcept
     {
-        if (block && block->references.fetch_sub(1, std::memory_order_acq_rel) == 1)
+        if (block && __gnu_cxx::__exchange_and_add_dispatch(&block->references, -1) == 1)
             delete block;
     }
 
