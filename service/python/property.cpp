@@ -10,13 +10,19 @@ namespace brindle::python {
 
 namespace {
 
+/// Puts the property's value into `value`, which is of the property's type.
+void readInto(void* value, OMC::BaseObject* object, const Property& property)
+{
+    int status = -1;
+    void* slots[] = {value, nullptr, &status};
+    property.metacall(object, QMetaObject::ReadProperty, property.index, slots);
+}
+
 template <typename Value>
 PyObject* readAs(OMC::BaseObject* object, const Property& property)
 {
     Value value{};
-    int status = -1;
-    void* slots[] = {&value, nullptr, &status};
-    object->qt_metacall(QMetaObject::ReadProperty, property.meta.propertyIndex(), slots);
+    readInto(&value, object, property);
     return toPython(std::move(value));
 }
 
@@ -24,9 +30,7 @@ PyObject* readAs(OMC::BaseObject* object, const Property& property)
 PyObject* readObject(OMC::BaseObject* object, const Property& property)
 {
     static std::optional<OMC::Obj> handle(std::in_place);
-    int status = -1;
-    void* slots[] = {&*handle, nullptr, &status};
-    object->qt_metacall(QMetaObject::ReadProperty, property.meta.propertyIndex(), slots);
+    readInto(&*handle, object, property);
     if (!handle->hasRealOwner())
         return toPython(std::move(*handle));
     // A borrowed object would stay in the handle, in the way of the next one.
@@ -166,7 +170,8 @@ PyObject* accessorText(PyObject* self, void*)
 
 Property makeProperty(const QMetaProperty& meta, const char* documentation)
 {
-    return {meta, documentation, propertyType(meta).read};
+    return {meta, documentation, propertyType(meta).read, meta.enclosingMetaObject()->d.static_metacall,
+            meta.relativePropertyIndex()};
 }
 
 PyObject* getProperty(PyObject* self, void* closure)

@@ -12,6 +12,9 @@ struct Property {
     const char* documentation;
     /// Reads it without the way over a QVariant where its type has one.
     PyObject* (*read)(OMC::BaseObject* object, const Property& property);
+    /// How the class that has the property is called for it, without the way down through its subclasses.
+    void (*metacall)(QObject* object, QMetaObject::Call call, int index, void** slots);
+    int index; ///< Of the property in that class.
 };
 
 Property makeProperty(const QMetaProperty& meta, const char* documentation);

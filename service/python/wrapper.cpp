@@ -14,6 +14,14 @@ std::unordered_map<const QMetaObject*, TypeEntry>& typesByClass()
     return types;
 }
 
+/// An instance whose fields the caller fills. A class that a script derived may need more of Python than its fields.
+Wrapper* newWrapper(PyTypeObject* type)
+{
+    if (PyType_IS_GC(type) || type->tp_basicsize != sizeof(Wrapper))
+        return reinterpret_cast<Wrapper*>(type->tp_alloc(type, 0));
+    return PyObject_New(Wrapper, type);
+}
+
 } // namespace
 
 PyObject* toPython(OMC::Obj&& handle)
@@ -46,7 +54,7 @@ OMC::BaseObject* objectOf(PyObject* wrapper)
 
 PyObject* adopt(const TypeEntry& entry, OMC::BaseObject* object)
 {
-    auto* wrapper = reinterpret_cast<Wrapper*>(entry.type->tp_alloc(entry.type, 0));
+    auto* wrapper = newWrapper(entry.type);
     if (!wrapper) {
         delete object;
         throw PythonError{};
@@ -54,6 +62,7 @@ PyObject* adopt(const TypeEntry& entry, OMC::BaseObject* object)
     object->setOwnership(OMC::OwnedByPython);
     wrapper->object = object;
     wrapper->operators = entry.operators;
+    wrapper->weakReferences = nullptr;
     return reinterpret_cast<PyObject*>(wrapper);
 }
 
@@ -64,12 +73,19 @@ void registerType(const QMetaObject* metaObject, const TypeEntry& entry)
 
 const TypeEntry& typeFor(const QMetaObject* metaObject)
 {
+    // A loop makes objects of one class.
+    static const QMetaObject* lastClass = nullptr;
+    static const TypeEntry* lastType = nullptr;
+    if (metaObject == lastClass)
+        return *lastType;
     auto& types = typesByClass();
-    const auto found = types.find(metaObject);
-    if (found != types.end())
-        return found->second;
+    auto found = types.find(metaObject);
     // A class without a type of its own is shown as its nearest base class.
-    return types[metaObject] = TypeEntry(typeFor(metaObject->superClass()));
+    if (found == types.end())
+        found = types.emplace(metaObject, TypeEntry(typeFor(metaObject->superClass()))).first;
+    lastClass = metaObject;
+    lastType = &found->second;
+    return *lastType;
 }
 
 void deallocate(PyObject* self)
