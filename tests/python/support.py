@@ -4,7 +4,6 @@ import collections
 import os
 import pathlib
 import subprocess
-import sys
 
 import brindle
 
@@ -102,16 +101,20 @@ def samples(app):
     }
 
 
-def run_python(script, *arguments, timeout=120, **options):
-    """Runs a Python script, given as text, in a process of its own."""
-    return subprocess.run([PYTHON, "-c", script, *map(str, arguments)], capture_output=True, text=True,
-                          errors="replace", timeout=timeout, **options)
+def run(*arguments, timeout=120, **options):
+    """Runs a program in a process of its own."""
+    return subprocess.run([*map(str, arguments)], capture_output=True, text=True, errors="replace", timeout=timeout,
+                          **options)
 
 
-def run_command(*arguments, timeout=120, **options):
+def run_python(script, *arguments, **options):
+    """Runs a Python script, given as text."""
+    return run(PYTHON, "-c", script, *arguments, **options)
+
+
+def run_command(*arguments, **options):
     """Runs the command line."""
-    return subprocess.run([COMMAND, *map(str, arguments)], capture_output=True, text=True, errors="replace",
-                          timeout=timeout, **options)
+    return run(COMMAND, *arguments, **options)
 
 
 def message_of(call, *arguments, error=brindle.Error):

@@ -1,0 +1,107 @@
+"""Nothing that a script passes ends the process, and a call that fails has changed nothing."""
+
+import os
+
+import pytest
+
+import support
+
+# One in so many of the calls with several odd arguments; all of them where more examples are asked for.
+SHARE = 1 if os.environ.get("BRINDLE_TEST_EXAMPLES") else 12
+
+REENTRANT = """
+import brindle, pathlib, sys
+app = brindle.create(sys.argv[1] + "/project")
+nodes = app.scene.nodes
+other = sys.argv[1] + "/other"
+
+class Number:
+    def __init__(self, action):
+        self.action = action
+    def __index__(self):
+        self.action()
+        return 1
+    def __float__(self):
+        self.action()
+        return 1.0
+    def __fspath__(self):
+        self.action()
+        return "x"
+
+class Path(pathlib.PurePosixPath):
+    def __fspath__(self):
+        Path.action()
+        return "x"
+
+def outcome(call):
+    try:
+        call()
+        return "done"
+    except (brindle.Error, TypeError) as error:
+        return str(error)
+
+def path(action):
+    Path.action = action
+    return Path("p")
+
+def clear(items):
+    def action():
+        items.clear()
+        for i in range(100):
+            brindle.Point3d(i, i, i)
+    return action
+"""
+
+GONE, NODE_GONE = support.GONE, support.NODE_GONE
+
+# What a script does while its own class gives a number or a path for a call, and how the call ends.
+CASES = {
+    "a list that is emptied": ("items = [nodes.create('PEG', 'a'), path(None)]; Path.action = clear(items)",
+                               "nodes.remove(items)", "done"),
+    "a list in a list that is emptied": ("inner = [nodes.create('PEG', 'a')]; items = [inner, path(clear(inner))]",
+                                         "nodes.remove(items)", "done"),
+    "a dict that is emptied": ("items = {'a': nodes.create('PEG', 'a'), 'name': path(None)}; Path.action = clear(items)",
+                               "nodes.find(items)", "done"),
+    "an argument ahead that is emptied": ("items = [nodes.create('GROUP', 'g')]",
+                                          "nodes.create('PEG', items, Number(clear(items)))", "done"),
+    "a place that is emptied": ("node = nodes.create('PEG', 'a'); items = [brindle.Point2d(), path(None)]; Path.action = clear(items)",
+                                "setattr(node, 'position', items)", "Unsupported Point3D type."),
+    "the node removed": ("node = nodes.create('PEG', 'a'); angle = node.attributes['angle']",
+                         "angle.set_value(Number(lambda: nodes.remove('Top/a')), 2.0)", GONE),
+    "the node removed late": ("node = nodes.create('PEG', 'a'); angle = node.attributes['angle']",
+                              "angle.set_value(1, Number(lambda: nodes.remove('Top/a')))", GONE),
+    "the node removed from under a property": ("node = nodes.create('PEG', 'a')",
+                                               "setattr(node, 'position', [path(lambda: nodes.remove(node)), 1])", NODE_GONE),
+    "the project closed from under a property": ("node = nodes.create('PEG', 'a')",
+                                                 "setattr(node, 'position', [path(app.close), 1])", NODE_GONE),
+    "the project closed from under a subscript": ("", "nodes[Number(app.close)]", GONE),
+    "the project closed from under a slice": ("", "nodes[Number(app.close):2]", GONE),
+    "the project closed from under a method": ("", "nodes.create('PEG', path(app.close), 'x')", GONE),
+    "the project closed from under save_as": ("", "app.save_as(Number(app.close))", GONE),
+    "another project from under a method": ("", "nodes.create('PEG', path(lambda: brindle.create(other)), 'x')", GONE),
+    "everything undone from under a method": ("node = nodes.create('PEG', 'a')",
+                                              "node.attributes['angle'].set_value(1, Number(lambda: app.project.history.undo(9)))", GONE),
+    "the keyframe removed from under a value": ("angle = nodes.create('PEG', 'a').attributes['angle']; angle.set_value(5, 1.0); "
+                                                "column = angle.column",
+                                                "column.set_entry(Number(lambda: column.keyframe_remove(5)), 2.0)", "done"),
+    "a list that grows without end": ("items = [path(None)]; Path.action = lambda: items.append(1) if len(items) < 50000 else None; "
+                                      "items *= 100", "nodes.find(items)", "done"),
+    "a call inside a call": ("node = nodes.create('PEG', 'a')",
+                             "nodes.remove([node, path(lambda: nodes.remove([nodes.create('PEG', 'b'), [path(lambda: None)]]))])", "done"),
+}
+
+
+def test_every_call_survives_every_value(folder, tmp_path):
+    program = support.ROOT / "tests/python/hostile.py"
+    done = support.run(support.PYTHON, program, folder, tmp_path / "report", SHARE, timeout=1500, cwd=tmp_path)
+    last = (tmp_path / "report").read_text(errors="replace").strip()
+    assert done.returncode == 0, f"the process ended with {done.returncode} in the call {last}\n{done.stderr[-2000:]}"
+    assert done.stdout == "0 objects left\n"
+
+
+@pytest.mark.parametrize("name", CASES)
+def test_code_that_runs_while_an_argument_is_read_pulls_nothing_from_under_the_call(tmp_path, name):
+    before, call, ending = CASES[name]
+    done = support.run_python(f"{REENTRANT}\n{before}\nprint(outcome(lambda: {call}))", tmp_path)
+    assert done.returncode == 0, done.stderr
+    assert done.stdout == f"{ending}\n"
