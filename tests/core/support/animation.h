@@ -61,7 +61,7 @@ protected:
     void expectUndoable(const QByteArray& before)
     {
         const std::string after = saved().toStdString();
-        for (int round = 0; round < 3; ++round) {
+        for (int round = 0; round < 2; ++round) {
             undo();
             EXPECT_EQ(saved().toStdString(), before.toStdString());
             redo();
