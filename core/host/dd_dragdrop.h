@@ -109,8 +109,8 @@ BRINDLE_HOST_EXPORT bool DropDragObjectNewLayer(SC_SessionContext* session, SC_S
                                                 const DD_DragObject& dragObject, const DD_DropMode& mode,
                                                 DD_Selection& dropped);
 
-/// The composite that the group shows: the first one that feeds the multi-port node of its out-ports. It comes back null
-/// when there is none; none is made, for a group is shown only where someone linked it so.
+/// The composite that the group shows: the first one that feeds the multi-port node of its out-ports. It comes back
+/// null when there is none; none is made, for a group is shown only where someone linked it so.
 BRINDLE_HOST_EXPORT bool FindOrCreateComposite(SC_SceneCommon* scene, const DD_DropMode& mode, TUGroup* group,
                                                MO_Node* multiPort, MO_Node*& composite);
 
@@ -125,11 +125,10 @@ BRINDLE_HOST_EXPORT bool ReparentNode(SC_SceneCommon* scene, const DD_Selection&
 /// Cuts what leads from the parent of a dropped node straight into the composite. A composite takes images and a parent
 /// is a peg, so in the open engine there is never such a link.
 BRINDLE_HOST_EXPORT bool UnlinkParentFromComposite(SC_SceneCommon* scene, const DD_DropMode& mode,
-                                                   const DD_Selection& dropped, MO_Node* composite,
-                                                   MO_Node* multiPort);
+                                                   const DD_Selection& dropped, MO_Node* composite, MO_Node* multiPort);
 
-/// Makes the dropped camera the scene's default one, where the mode says so. In the open engine no camera is the default
-/// one yet, so that there is nothing to hand on.
+/// Makes the dropped camera the scene's default one, where the mode says so. In the open engine no camera is the
+/// default one yet, so that there is nothing to hand on.
 BRINDLE_HOST_EXPORT bool SetDefaultCamera(SC_SceneCommon* scene, const DD_DropMode& mode, const DD_Selection& dropped);
 
 } // namespace DD_System

@@ -37,8 +37,8 @@ void select(const std::vector<MO_Node*>& nodes, TUSceneChangeManager* changes, b
         for (MO_Node* node : nodes)
             SL_SelectionUtil::addToSelection(selection, node);
     }
-    DD_SelectionUtil::BuildSelection(scene, selection, dragged,
-                                     DD_SelectionUtil::CompositionOptions(DD_SelectionUtil::CompositionOptions::DEFAULT));
+    DD_SelectionUtil::BuildSelection(
+        scene, selection, dragged, DD_SelectionUtil::CompositionOptions(DD_SelectionUtil::CompositionOptions::DEFAULT));
     SL_SelectionUtil::clear(selection);
     dragged.SetFrameRange(1, scene->getNumberOfFrames());
 }
@@ -67,8 +67,8 @@ bool drop(SC_SceneCommon* common, TUScene* scene, TUGroup& group, MO_Node* multi
     const DD_DragObject object = DD_System::CreateDragObject(common, dragged, DD_DragMode::WholeNodes);
     std::set<MO_Node*> leaving;
     dragged.GetFilteredNodes(leaving);
-    const bool takesCamera = std::any_of(leaving.begin(), leaving.end(),
-                                         [common](MO_Node* node) { return isDefaultCamera(*common, node); });
+    const bool takesCamera =
+        std::any_of(leaving.begin(), leaving.end(), [common](MO_Node* node) { return isDefaultCamera(*common, node); });
     const DD_DropMode mode(true, takesCamera);
     MO_Node* composite = nullptr;
     return SU_CleanUpCommands::removeNodes(scene, leaving, false) &&

@@ -1,94 +1,24 @@
 #include "core/nodes/nodemove.h"
 
-#include "core/nodes/node.h"
 #include "core/nodes/node_coordinates.h"
 #include "core/nodes/nodelist.h"
-#include "tests/core/support/failure.h"
-#include "tests/core/support/graph.h"
+#include "tests/core/support/movablenodes.h"
 #include "tests/core/support/standingroup.h"
 #include "tests/core/support/standinnode.h"
-#include "tests/core/support/standins.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <limits>
-#include <memory>
 #include <string>
-#include <vector>
 
 namespace {
 
-using OMC::Node;
 using OMC::NodeList;
 using OMC::Obj;
 
 const std::string gone = "Node is no longer valid. Node may have been moved or deleted.";
 const std::string enters = "Unable to place the node in the group.";
 const std::string noTarget = "Unable to find the target node.";
-
-std::unique_ptr<Node> wrapped(MO_Node* node)
-{
-    return std::unique_ptr<Node>(Node::getWrapped(node));
-}
-
-/// Top: Display, Composite, Body (Multi-Port-In, Arm (Hand), Leg), Peg, Bare. Bare has no multi-port node.
-class NodeMoveTest : public GraphTest {
-protected:
-    std::unique_ptr<Node> wrapped(const char* path) const { return ::wrapped(node(QString::fromLatin1(path))); }
-
-    /// A call that changes the project: its label, one entry, and undo and redo to the byte.
-    void expectMove(const std::function<void()>& call, const QString& label)
-    {
-        const std::string before = saved().toStdString();
-        const QStringList entries = labels();
-        ASSERT_EQ(failureOf(call), "no exception");
-        EXPECT_EQ(labels(), entries + QStringList(label));
-        const std::string after = saved().toStdString();
-        for (int round = 0; round < 3; ++round) {
-            undo();
-            EXPECT_EQ(saved().toStdString(), before);
-            redo();
-            EXPECT_EQ(saved().toStdString(), after);
-        }
-    }
-
-    /// A call that fails: its sentence, and nothing changed that can be undone, redone or saved.
-    void expectFailure(const std::function<void()>& call, const std::string& sentence)
-    {
-        const std::string before = saved().toStdString();
-        const QStringList entries = labels();
-        const QStringList redoEntries = redoLabels();
-        EXPECT_EQ(failureOf(call), sentence);
-        EXPECT_EQ(saved().toStdString(), before);
-        EXPECT_EQ(labels(), entries);
-        EXPECT_EQ(redoLabels(), redoEntries);
-    }
-
-    QStringList names(TUGroup* group) const
-    {
-        QStringList names;
-        for (auto node = group->subNodesBegin(); node != group->subNodesEnd(); ++node)
-            names.append((*node)->instanceName());
-        return names;
-    }
-
-    static Obj borrowed(Node& node)
-    {
-        node.setOwnership(OMC::OwnedByNative);
-        return Obj(&node);
-    }
-
-    const QString moveLabel = QStringLiteral("Move to Group");
-    const QString pathLabel = QStringLiteral("Changing the node path");
-    TUGroup* body = addGroup(QStringLiteral("Body"));
-    MO_Node* bodyEntry = add(QStringLiteral("MULTIPORT_IN"), QStringLiteral("Multi-Port-In"), body);
-    TUGroup* arm = addGroup(QStringLiteral("Arm"), body);
-    MO_Node* hand = add(QStringLiteral("READ"), QStringLiteral("Hand"), arm);
-    MO_Node* leg = add(QStringLiteral("PEG"), QStringLiteral("Leg"), body);
-    MO_Node* peg = add(QStringLiteral("PEG"), QStringLiteral("Peg"));
-    TUGroup* bare = addGroup(QStringLiteral("Bare"));
-};
 
 TEST_F(NodeMoveTest, ANodeMovesToAGroupAndItsWrapperFollows)
 {
@@ -199,8 +129,12 @@ TEST_F(NodeMoveTest, AGroupThatWouldEnterItselfIsRefusedAndNothingChanges)
         const char* node;
         const char* target;
     } rows[] = {
-        {"Top/Body", "Top/Body"},     {"Top/Body", "Top/Body/Arm"},           {"Top/Body", "Top/Body/Arm/Hand"},
-        {"Top/Body", "Top/Body/Leg"}, {"Top/Body/Arm", "Top/Body/Arm"},       {"Top/Bare", "Top/Bare"},
+        {"Top/Body", "Top/Body"},
+        {"Top/Body", "Top/Body/Arm"},
+        {"Top/Body", "Top/Body/Arm/Hand"},
+        {"Top/Body", "Top/Body/Leg"},
+        {"Top/Body/Arm", "Top/Body/Arm"},
+        {"Top/Bare", "Top/Bare"},
         {"Top/Body/Multi-Port-In", "Top/Body"},
     };
     for (const auto& [path, target] : rows) {
@@ -226,7 +160,7 @@ TEST_F(NodeMoveTest, AMissingTargetIsRefused)
     expectFailure([&] { mover->moveTo(Obj(&list), 0, 0); }, noTarget);
     expectFailure([&] { mover->moveTo(borrowed(*dead), 0, 0); }, noTarget);
     StandInNode alone;
-    const auto alonely = ::wrapped(&alone);
+    const auto alonely = wrapped(&alone);
     expectFailure([&] { mover->moveTo(borrowed(*alonely), 0, 0); }, "Unable to find the target group.");
     expectFailure([&] { mover->moveNode(nullptr, 0, 0); }, "The target group is invalid.");
     EXPECT_EQ(mover->getNode(), peg);
@@ -234,12 +168,12 @@ TEST_F(NodeMoveTest, AMissingTargetIsRefused)
 
 TEST_F(NodeMoveTest, WhatHasNoGroupCantMove)
 {
-    const auto root = ::wrapped(top());
+    const auto root = wrapped(top());
     expectFailure([&] { root->moveTo(QStringLiteral("Top/Body"), 0, 0); }, "The node source is invalid.");
     expectFailure([&] { root->moveNode(nullptr, 0, 0); }, "The node source is invalid.");
     expectFailure([&] { root->setPath(QStringLiteral("Top/Body/Top")); }, "The node source is invalid.");
     StandInNode alone;
-    const auto alonely = ::wrapped(&alone);
+    const auto alonely = wrapped(&alone);
     EXPECT_EQ(failureOf([&] { alonely->moveTo(QStringLiteral("Top"), 0, 0); }), "Object is no longer valid.");
 }
 
@@ -300,11 +234,11 @@ TEST_F(NodeMoveTest, WithoutASceneItsPartsOrASessionNothingMoves)
     Inside lost;
     Inside managed(&scene);
     lost.parent = managed.parent = body;
-    EXPECT_EQ(failureOf([&] { ::wrapped(&lost)->moveNode(body, 0, 0); }), unexpected);
-    EXPECT_EQ(failureOf([&] { ::wrapped(&managed)->moveNode(body, 0, 0); }), unexpected) << "no manager";
-    EXPECT_EQ(failureOf([&] { ::wrapped(&lost)->setPath(QStringLiteral("Top/x")); }), unexpected);
+    EXPECT_EQ(failureOf([&] { wrapped(&lost)->moveNode(body, 0, 0); }), unexpected);
+    EXPECT_EQ(failureOf([&] { wrapped(&managed)->moveNode(body, 0, 0); }), unexpected) << "no manager";
+    EXPECT_EQ(failureOf([&] { wrapped(&lost)->setPath(QStringLiteral("Top/x")); }), unexpected);
     scene.commands = &commands;
-    EXPECT_EQ(failureOf([&] { ::wrapped(&managed)->moveNode(body, 0, 0); }), unexpected) << "no scene";
+    EXPECT_EQ(failureOf([&] { wrapped(&managed)->moveNode(body, 0, 0); }), unexpected) << "no scene";
     EXPECT_TRUE(commands.labels.isEmpty());
     EXPECT_EQ(commands.openScopes, 0);
 
@@ -325,7 +259,7 @@ TEST_F(NodeMoveTest, WritingThePathMovesAndNames)
         const char* written;
         const char* becomes;
     } rows[] = {
-        {"Top/Peg", "Top/Body/Peg", "Top/Body/Peg"},         {"Top/Peg", "Top/Body/Shoulder", "Top/Body/Shoulder"},
+        {"Top/Peg", "Top/Body/Peg", "Top/Body/Peg"},          {"Top/Peg", "Top/Body/Shoulder", "Top/Body/Shoulder"},
         {"Top/Body/Leg", "Top/Body/Thigh", "Top/Body/Thigh"}, {"Top/Body/Leg", "Top/Body/Leg", "Top/Body/Leg"},
         {"Top/Body/Arm", "Top/Bare/Wing", "Top/Bare/Wing"},   {"Top/Body/Leg", "Top/Leg", "Top/Leg"},
         {"Top/Peg", "Top/Body/peg", "Top/Body/peg"},          {"Top/Peg", "Top/Body/", "Top/Body/_"},
@@ -399,111 +333,6 @@ TEST_F(NodeMoveTest, AMoveInsideABracketIsPartOfIt)
     EXPECT_EQ(labels(), QStringList(QStringLiteral("Rig")));
     undo();
     EXPECT_EQ(saved().toStdString(), before);
-}
-
-class NodeListMoveTest : public NodeMoveTest {
-protected:
-    NodeList all{scene(), false};
-    NodeList inTop{scene(), true};
-    NodeList inBody{body};
-    NodeList inBare{bare};
-};
-
-TEST_F(NodeListMoveTest, OneNodeComesBackAsANode)
-{
-    QVariant result;
-    const auto given = ::wrapped(peg);
-    expectMove([&] { result = inBody.move(asArgument(*given), 3, 4); }, moveLabel);
-    EXPECT_FALSE(given->getValid());
-    result = inBare.move(QStringLiteral("Top/Body/Leg"), 0, 0);
-    EXPECT_EQ(result.typeId(), QMetaType::fromType<Obj>().id());
-    ASSERT_NE(readAs<Node>(result), nullptr);
-    EXPECT_EQ(readAs<Node>(result)->__str__(), "PegNode(Top/Bare/Leg)");
-    EXPECT_EQ(labels(), QStringList({moveLabel, moveLabel}));
-}
-
-TEST_F(NodeListMoveTest, SeveralNodesMoveAsOneStepAndComeBackInOrder)
-{
-    link(peg, 0, add(QStringLiteral("READ"), QStringLiteral("Foot")), 0);
-    const QStringList paths = {QStringLiteral("Top/Foot"), QStringLiteral("Top/Peg"), QStringLiteral("Top/Foot")};
-    QVariant result;
-    expectMove([&] { result = inBody.move(QStringList(paths), 0, 0); }, moveLabel);
-    undo();
-    result = inBody.move(paths, 0, 0);
-    ASSERT_EQ(result.typeId(), int(QMetaType::QVariantList));
-    const QVariantList moved = result.toList();
-    ASSERT_EQ(moved.size(), 2);
-    EXPECT_EQ(readAs<Node>(moved[0])->getPath(), QStringLiteral("Top/Body/Foot"));
-    EXPECT_EQ(readAs<Node>(moved[1])->getPath(), QStringLiteral("Top/Body/Peg"));
-    EXPECT_EQ(readAs<Node>(moved[0])->getNode()->inPort(0)->srcPort(),
-              readAs<Node>(moved[1])->getNode()->outPort(0));
-}
-
-TEST_F(NodeListMoveTest, WhatLiesInAMovedGroupMovesWithIt)
-{
-    add(QStringLiteral("MULTIPORT_IN"), QStringLiteral("In"), bare);
-    QVariant result;
-    expectMove(
-        [&] {
-            result = inBare.move(QStringList({QStringLiteral("Top/Body/Arm/Hand"), QStringLiteral("Top/Body/Arm")}), 0,
-                                 0);
-        },
-        moveLabel);
-    EXPECT_EQ(result.toList().size(), 1);
-    EXPECT_EQ(names(bare), QStringList({"In", "Arm"}));
-    EXPECT_NE(node(QStringLiteral("Top/Bare/Arm/Hand")), nullptr);
-}
-
-TEST_F(NodeListMoveTest, OnlyAGroupsListTakesNodes)
-{
-    NodeList filled;
-    filled.addNode(leg);
-    const std::string refused = "Unable to move nodes into this list.";
-    expectFailure([&] { all.move(QStringLiteral("Top/Peg"), 0, 0); }, refused);
-    expectFailure([&] { all.move(QVariant(), 0, 0); }, refused);
-    expectFailure([&] { filled.move(QStringLiteral("Leg"), 0, 0); }, refused);
-    expectFailure([&] { NodeList().move(QStringLiteral("Leg"), 0, 0); }, "Object is no longer valid.");
-    expectFailure([&] { inBody.move(QVariant(), 0, 0); }, "No valid nodes specified.");
-    expectFailure([&] { inBody.move(QVariantList(), 0, 0); }, "No valid nodes specified.");
-    expectFailure([&] { inBody.move(QStringLiteral("Top/Nobody"), 0, 0); }, "No valid nodes specified.");
-    expectFailure([&] { inBody.move(77, 0, 0); }, "Index is out of range.");
-    StandInGroup lost;
-    EXPECT_EQ(failureOf([&] { NodeList(&lost).move(QVariant(), 0, 0); }), "Object is no longer valid.");
-    EXPECT_EQ(inTop.move(QStringLiteral("Top/Body/Leg"), 0, 0).typeId(), QMetaType::fromType<Obj>().id());
-}
-
-TEST_F(NodeListMoveTest, SeveralNodesNeedAMultiPortNodeAndOneGetsIt)
-{
-    const QVariant two = QStringList({QStringLiteral("Top/Peg"), QStringLiteral("Top/Body/Leg")});
-    expectFailure([&] { inBare.move(two, 0, 0); }, "Group must contain a multi-port-in.");
-    inBare.move(QStringLiteral("Top/Peg"), 0, 0);
-    EXPECT_EQ(names(bare), QStringList({"Multi-Port-In", "Peg"}));
-    inBare.move(QStringList({QStringLiteral("Top/Composite"), QStringLiteral("Top/Body/Leg")}), 0, 0);
-    EXPECT_EQ(names(bare), QStringList({"Multi-Port-In", "Peg", "Composite", "Leg"}));
-}
-
-TEST_F(NodeListMoveTest, WhatWouldEnterItselfOrCantMoveIsRefused)
-{
-    const std::string entersItself = "Invalid move - source contains the target group or multiport.";
-    const std::string failed = "Failed to move the nodes to the group.";
-    const auto move = [&](NodeList& list, const QStringList& paths) { list.move(paths, 0, 0); };
-    const QString pegPath = QStringLiteral("Top/Peg");
-    const QString entry = QStringLiteral("Top/Body/Multi-Port-In");
-    add(QStringLiteral("MULTIPORT_IN"), QStringLiteral("In"), arm);
-    NodeList inArm(arm);
-    expectFailure([&] { move(inBody, {pegPath, QStringLiteral("Top/Body")}); }, entersItself);
-    expectFailure([&] { move(inArm, {pegPath, QStringLiteral("Top/Body")}); }, entersItself);
-    expectFailure([&] { move(inBody, {pegPath, entry}); }, entersItself);
-    expectFailure([&] { move(inArm, {pegPath, QStringLiteral("Top")}); }, failed);
-    expectFailure([&] { move(inArm, {pegPath, entry}); }, failed);
-    expectFailure([&] { move(inBody, {QStringLiteral("Top/Body")}); }, enters);
-    expectFailure([&] { move(inArm, {QStringLiteral("Top")}); }, "The node source is invalid.");
-
-    PLUG_Services::setSessionContext(nullptr);
-    const std::string failure = failureOf([&] { move(inBody, {pegPath, QStringLiteral("Top/Bare")}); });
-    PLUG_Services::setSessionContext(&session());
-    EXPECT_EQ(failure, "An unexpected error has occurred.");
-    EXPECT_TRUE(labels().isEmpty());
 }
 
 } // namespace
