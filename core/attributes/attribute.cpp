@@ -256,7 +256,7 @@ const QStringList& Attribute::getPath() const
 
 Obj Attribute::getSubattributes() const
 {
-    if (!dynamic_cast<AT_ComplexAttr*>(&attribute()))
+    if (!attributeCast<AT_ComplexAttr>(&attribute()))
         return {};
     return Obj(new AttributeList(d->node.get(), d->path, AttributeList::AllOfLevel));
 }
@@ -295,7 +295,7 @@ Attribute* Attribute::getWrappedByAttr(AT_Attr* attribute)
     for (auto top = node->attrsBegin(); top != node->attrsEnd(); ++top) {
         if (*top == attribute)
             return getWrapped(attribute, {});
-        const auto* complex = dynamic_cast<const AT_ComplexAttr*>(*top);
+        const auto* complex = attributeCast<AT_ComplexAttr>(*top);
         if (complex && std::find(complex->attrsBegin(), complex->attrsEnd(), attribute) != complex->attrsEnd())
             return getWrapped(attribute, {(*top)->meta().keyword()});
     }
@@ -306,7 +306,7 @@ AT_Attr* Attribute::attribFromPath(const MO_Node& node, const QStringList& path)
 {
     AT_Attr* attribute = path.isEmpty() ? nullptr : node.findAttributeByKeyword(path.front());
     for (qsizetype level = 1; attribute && level < path.size(); ++level) {
-        attribute = memberNamed(dynamic_cast<const AT_ComplexAttr*>(attribute), path[level]);
+        attribute = memberNamed(attributeCast<AT_ComplexAttr>(attribute), path[level]);
     }
     return attribute;
 }
@@ -323,7 +323,7 @@ AT_Attr* Attribute::attribFromFullPath(MO_Node* node, const QString& fullPath)
     for (bool further = true; attribute && further;) {
         const QString level = std::exchange(rest, QString());
         further = AT_ComplexAttr::splitNames(level, first, rest);
-        attribute = memberNamed(dynamic_cast<const AT_ComplexAttr*>(attribute), further ? first : level);
+        attribute = memberNamed(attributeCast<AT_ComplexAttr>(attribute), further ? first : level);
     }
     return attribute;
 }

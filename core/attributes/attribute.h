@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/attributes/attributecast.h"
 #include "core/frame/obj.h"
 
 #include <QStringList>
@@ -110,7 +111,7 @@ template <typename T>
 T& Attribute::typed() const
 {
     validate();
-    auto* attribute = dynamic_cast<T*>(getAttr());
+    auto* attribute = attributeCast<T>(getAttr());
     if (!attribute)
         throwUnexpectedType();
     return *attribute;

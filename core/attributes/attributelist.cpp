@@ -84,9 +84,8 @@ Obj AttributeList::get(const QString& name) const
     QStringList parentPath = d->path;
     const AT_ComplexAttr* holder = nullptr;
     for (qsizetype point = below.indexOf(QLatin1Char('.')); point >= 0; point = below.indexOf(QLatin1Char('.'))) {
-        const AT_Attr* attribute =
-            holder ? Attribute::memberNamed(holder, below.first(point)) : inLevel(below.first(point));
-        holder = dynamic_cast<const AT_ComplexAttr*>(attribute);
+        AT_Attr* attribute = holder ? Attribute::memberNamed(holder, below.first(point)) : inLevel(below.first(point));
+        holder = attributeCast<AT_ComplexAttr>(attribute);
         if (!holder)
             return {};
         parentPath.append(attribute->meta().keyword());
@@ -186,7 +185,7 @@ Obj AttributeList::__iter__() const
 
 AT_ComplexAttr* AttributeList::getSubAttrib() const
 {
-    return dynamic_cast<AT_ComplexAttr*>(Attribute::attribFromPath(*d->node.get(), d->path));
+    return attributeCast<AT_ComplexAttr>(Attribute::attribFromPath(*d->node.get(), d->path));
 }
 
 AttributeList::Level AttributeList::level() const
