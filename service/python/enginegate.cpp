@@ -37,8 +37,11 @@ void EngineGate::wait()
     // Another thread may block the engine again between the wake-up and taking Python's lock: look once more then.
     while (s_blocked.load(std::memory_order_relaxed)) {
         Py_BEGIN_ALLOW_THREADS
-        std::unique_lock lock(gateMutex);
-        gateOpened.wait(lock, [] { return !s_blocked.load(std::memory_order_relaxed); });
+        {
+            // Let go of ahead of Python's lock: who opens the gate takes the two the other way round.
+            std::unique_lock lock(gateMutex);
+            gateOpened.wait(lock, [] { return !s_blocked.load(std::memory_order_relaxed); });
+        }
         Py_END_ALLOW_THREADS
     }
 }
