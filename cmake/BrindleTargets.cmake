@@ -33,7 +33,9 @@ function(brindle_shared_library target export_name)
     set_target_properties(${target} PROPERTIES
         EXPORT_NAME ${export_name} VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
         INSTALL_RPATH "$ORIGIN" LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)
-    target_link_options(${target} PRIVATE -Wl,--as-needed
+    # A library's calls of its own functions go straight there, as Qt's do, not through the table that another library
+    # could change: a tenth of what reading a property costs.
+    target_link_options(${target} PRIVATE -Wl,--as-needed -Wl,-Bsymbolic-functions
         -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map)
     # An operation that a host header declares and the engine lacks is an error of the build, not of the first call.
     # Sanitizer runtimes, and the interpreter for the service library, come in with the process.
