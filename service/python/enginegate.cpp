@@ -2,17 +2,34 @@
 
 #include "service/python/pyref.h"
 
+#include <chrono>
 #include <condition_variable>
+#include <cxxabi.h>
 #include <mutex>
+#include <thread>
+#include <unistd.h>
 
 namespace brindle::python {
 
 std::atomic<bool> EngineGate::s_blocked = false;
+int EngineGate::s_waiting = 0;
 
 namespace {
 
 std::mutex gateMutex;
 std::condition_variable gateOpened;
+
+/// Takes Python's lock again. At the end of the interpreter CPython ends the thread right here, by unwinding it; it has
+/// nothing left to do, and what it holds may not be touched without the lock, so it stays until the process ends.
+void takeLock(PyThreadState* state) noexcept
+{
+    try {
+        PyEval_RestoreThread(state);
+    } catch (const abi::__forced_unwind&) {
+        for (;;)
+            ::pause();
+    }
+}
 
 } // namespace
 
@@ -24,7 +41,7 @@ EngineGate::Blocking::Blocking()
 
 EngineGate::Blocking::~Blocking()
 {
-    PyEval_RestoreThread(static_cast<PyThreadState*>(m_threadState));
+    takeLock(static_cast<PyThreadState*>(m_threadState));
     {
         const std::lock_guard lock(gateMutex);
         s_blocked.store(false, std::memory_order_relaxed);
@@ -34,15 +51,26 @@ EngineGate::Blocking::~Blocking()
 
 void EngineGate::wait()
 {
+    ++s_waiting;
     // Another thread may block the engine again between the wake-up and taking Python's lock: look once more then.
     while (s_blocked.load(std::memory_order_relaxed)) {
-        Py_BEGIN_ALLOW_THREADS
+        PyThreadState* state = PyEval_SaveThread();
         {
             // Let go of ahead of Python's lock: who opens the gate takes the two the other way round.
             std::unique_lock lock(gateMutex);
             gateOpened.wait(lock, [] { return !s_blocked.load(std::memory_order_relaxed); });
         }
-        Py_END_ALLOW_THREADS
+        takeLock(state);
+    }
+    --s_waiting;
+}
+
+void EngineGate::waitForTurn()
+{
+    while (s_waiting > 0 || s_blocked.load(std::memory_order_relaxed)) {
+        PyThreadState* state = PyEval_SaveThread();
+        std::this_thread::sleep_for(std::chrono::microseconds(20));
+        takeLock(state);
     }
 }
 

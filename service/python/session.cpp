@@ -17,6 +17,7 @@ struct Session {
     std::unique_ptr<QCoreApplication> qtApplication;
     std::unique_ptr<SC_SessionContext> context;
     Ref application;
+    bool ended = false; ///< The interpreter is ending: nothing is opened any more.
 };
 
 Session& session()
@@ -28,6 +29,8 @@ Session& session()
 SC_SessionContext& context()
 {
     Session& current = session();
+    if (current.ended)
+        throw OMC::Exception(QStringLiteral("No project can be opened while the interpreter is ending."));
     if (!QCoreApplication::instance()) {
         static int argumentCount = 1;
         static char name[] = "brindle";
@@ -45,6 +48,7 @@ using OpenFunction = SC_Project* (SC_ProjectManager::*)(const QString&, QString&
 
 PyObject* enterProject(OpenFunction open, const QString& path)
 {
+    EngineGate::waitForTurn();
     SC_SessionContext& current = context();
     QString error;
     {
@@ -61,6 +65,7 @@ using SaveFunction = bool (*)(SC_ProjectManager&, const QString&, QString&);
 
 void saveWith(const ServiceApplication& application, SaveFunction function, const QString& path)
 {
+    EngineGate::waitForTurn();
     SC_ProjectManager& manager = application.projectManager();
     QString error;
     bool done = false;
@@ -111,6 +116,7 @@ void saveAs(const ServiceApplication& application, const QString& path)
 
 void close(const ServiceApplication& application)
 {
+    EngineGate::waitForTurn();
     if (!application.isOpen())
         return;
     SC_ProjectManager& manager = application.projectManager();
@@ -124,6 +130,7 @@ void close(const ServiceApplication& application)
 void shutDown()
 {
     Session& current = session();
+    current.ended = true;
     current.application = Ref();
     current.context.reset();
     current.qtApplication.reset();
