@@ -180,12 +180,19 @@ def test_two_processes_that_save_into_one_folder_leave_it_whole(project):
     script = """
 import brindle, sys
 app = brindle.open(sys.argv[1])
+print("open", flush=True)
+sys.stdin.readline()
 for i in range(30):
     app.scene.nodes.create("PEG", sys.argv[2])
     app.save()
 """
-    processes = [subprocess.Popen([support.PYTHON, "-c", script, project, name], stderr=subprocess.PIPE) for name in "ab"]
-    assert [process.communicate()[1] for process in processes] == [b"", b""]
+    processes = [subprocess.Popen([support.PYTHON, "-c", script, project, name], text=True, stdin=subprocess.PIPE,
+                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE) for name in "ab"]
+    assert [process.stdout.readline() for process in processes] == ["open\n"] * 2
+    for process in processes:
+        process.stdin.write("go\n")
+        process.stdin.flush()
+    assert [process.communicate()[1] for process in processes] == ["", ""]
     with brindle.open(project) as app:
         made = [node.name for node in app.scene.nodes.find({"name": "^[ab]"})]
     assert len(made) == 30 and len({name[0] for name in made}) == 1

@@ -1,0 +1,185 @@
+"""The command line: what it prints, its exit codes, its errors in one line."""
+
+import os
+
+import brindle
+import pytest
+
+import support
+
+USAGE_RUN = "brindle: Usage: brindle run [--project DIR] SCRIPT [ARGUMENT...]\n"
+
+
+@pytest.fixture
+def script(tmp_path):
+    """Writes a script and gives its path."""
+
+    def write(text, name="script.py"):
+        path = tmp_path / name
+        path.write_text(text)
+        return path
+
+    return write
+
+
+def run(*arguments, **options):
+    done = support.run_command(*arguments, **options)
+    return done.returncode, done.stdout, done.stderr
+
+
+@pytest.fixture
+def project(tmp_path):
+    folder = tmp_path / "walk"
+    with brindle.create(folder) as app:
+        support.samples(app)
+        app.save()
+    return folder
+
+
+@pytest.mark.parametrize("arguments, code, error", [
+    ((), 2, "brindle: A command is missing; brindle --help lists them.\n"),
+    (("",), 2, 'brindle: There is no command ""; brindle --help lists them.\n'),
+    (("paint",), 2, 'brindle: There is no command "paint"; brindle --help lists them.\n'),
+    (("--paint",), 2, 'brindle: There is no command "--paint"; brindle --help lists them.\n'),
+    (("new",), 2, "brindle: Usage: brindle new DIR\n"), (("new", "a", "b"), 2, "brindle: Usage: brindle new DIR\n"),
+    (("info",), 2, "brindle: Usage: brindle info DIR\n"), (("info", "a", "b"), 2, "brindle: Usage: brindle info DIR\n"),
+    (("run",), 2, USAGE_RUN), (("run", "--paint", "a.py"), 2, USAGE_RUN), (("run", "--project", "a"), 2, USAGE_RUN),
+    (("run", "--project"), 2, "brindle: --project needs a folder.\n"),
+    (("run", "nowhere.py"), 1, 'brindle: There is no script "nowhere.py".\n'),
+    (("run", "/"), 1, 'brindle: There is no script "/".\n'),
+    (("run", "--project", "a", "nowhere.py"), 1, 'brindle: There is no script "nowhere.py".\n'),
+    (("new", ""), 1, "brindle: Cannot create the project: the path is empty.\n"),
+    (("info", "/nowhere"), 1, 'brindle: Cannot open the project: "/nowhere" does not exist.\n'),
+    (("info", "/dev/null"), 1, 'brindle: Cannot open the project: "/dev/null" is a file, not a folder.\n'),
+])
+def test_a_failure_is_one_line_on_standard_error(tmp_path, arguments, code, error):
+    assert run(*arguments, cwd=tmp_path) == (code, "", error)
+    assert list(tmp_path.iterdir()) == []
+
+
+@pytest.mark.parametrize("name", ["--help", "-h", "help"])
+def test_help_lists_the_commands(name):
+    code, text, error = run(name)
+    assert (code, error) == (0, "")
+    for part in ("run [--project DIR] SCRIPT [ARGUMENT...]", "new DIR", "info DIR", "--version", "Exit codes"):
+        assert part in text
+
+
+def test_version_tells_the_version():
+    code, text, error = run("--version")
+    assert (code, error) == (0, "") and text.startswith("brindle ") and text.count(".") == 2
+
+
+def test_new_makes_a_project(tmp_path):
+    assert run("new", "walk", cwd=tmp_path) == (0, f"Made {tmp_path}/walk\n", "")
+    with brindle.open(tmp_path / "walk") as app:
+        assert app.scene.name == "Scene-1"
+    message = f'brindle: Cannot create the project: "{tmp_path}/walk" already holds a project.\n'
+    assert run("new", tmp_path / "walk") == (1, "", message)
+
+
+def test_info_tells_what_is_in_a_project(project):
+    before = support.files(project)
+    code, text, error = run("info", project)
+    size = sum(map(len, before.values()))
+    assert (code, error) == (0, "")
+    assert text.splitlines()[:2] == [f"Project: {project}", 'Scene "Scene-1": 60 frames at 24 fps, 12 nodes, 1 columns']
+    assert text.splitlines()[2] in (f"Size: {size} bytes in 2 files", f"Size: {size / 1024:.2f} KiB in 2 files")
+    assert support.files(project) == before
+
+
+def test_info_of_a_damaged_project_is_one_line(project):
+    (project / "project.json").write_text("{")
+    code, text, error = run("info", project)
+    assert (code, text, error.count("\n")) == (1, "", 1)
+    assert error.startswith(f'brindle: Cannot open the project: "{project}/project.json" is damaged at line 1')
+
+
+@pytest.mark.parametrize("text, code, error", [
+    ("", 0, ""), ("import sys; sys.exit()", 0, ""), ("import sys; sys.exit(0)", 0, ""), ("import sys; sys.exit(7)", 7, ""),
+    ("raise SystemExit", 0, ""), ("raise SystemExit(3)", 3, ""), ("import sys; sys.exit(None)", 0, ""),
+    ("import sys; sys.exit('It went wrong.')", 1, "It went wrong.\n"), ("import sys; sys.exit(255)", 255, ""),
+    ("import sys; sys.exit(256)", 0, ""), ("import sys; sys.exit(-1)", 255, ""), ("import sys; sys.exit(True)", 1, ""),
+    ("import atexit; atexit.register(print, end='')", 0, ""),
+    ("import os; os._exit(9)", 9, ""), ("import threading; threading.Thread(target=print, args=('',)).start()", 0, ""),
+])
+def test_run_gives_the_scripts_own_exit_code(script, text, code, error):
+    result = run("run", script(text))
+    assert (result[0], result[2]) == (code, error)
+
+
+@pytest.mark.parametrize("text, last", [
+    ("1 / 0", "ZeroDivisionError: division by zero"), ("import nothing_there", "ModuleNotFoundError: No module named 'nothing_there'"),
+    ("x = (", "SyntaxError: '(' was never closed"),
+    ("import brindle; brindle.open('/nowhere')", 'brindle.Error: Cannot open the project: "/nowhere" does not exist.'),
+    ("raise ValueError('ä')", "ValueError: ä"),
+])
+def test_an_exception_of_the_script_ends_it_with_its_traceback(script, text, last):
+    code, out, error = run("run", script(text))
+    assert (code, out) == (1, "")
+    assert error.rstrip().splitlines()[-1] == last and str(script("")) in error
+
+
+def test_the_script_gets_its_arguments(script, tmp_path):
+    path = script("import sys; print(sys.argv); print(__name__, __file__)")
+    code, out, error = run("run", path, "a", "b c", "--project", "x", "--help", "", "ä\U0001f600")
+    assert (code, error) == (0, "")
+    assert out.splitlines() == [repr([str(path), "a", "b c", "--project", "x", "--help", "", "ä\U0001f600"]), f"__main__ {path}"]
+
+
+def test_the_script_finds_the_modules_beside_it(script, tmp_path):
+    script("VALUE = 5", "neighbour.py")
+    assert run("run", script("import neighbour; print(neighbour.VALUE)"), cwd="/") == (0, "5\n", "")
+
+
+def test_the_script_reads_standard_input(script):
+    assert run("run", script("print(input().upper())"), input="word\n") == (0, "WORD\n", "")
+
+
+def test_the_module_is_at_hand_without_a_search_path(script):
+    environment = {name: value for name, value in os.environ.items() if name != "PYTHONPATH"}
+    assert run("run", script("import brindle; print(brindle.application())"), env=environment) == (0, "None\n", "")
+
+
+def test_project_opens_one_for_the_script(script, project):
+    path = script("import brindle; app = brindle.application(); app.scene.frame_count = 12; app.save(); print(len(app.scene.nodes))")
+    assert run("run", "--project", project, path) == (0, "12\n", "")
+    with brindle.open(project) as app:
+        assert app.scene.frame_count == 12
+
+
+def test_a_script_that_does_not_save_changes_nothing(script, project):
+    before = support.files(project)
+    path = script("import brindle; brindle.application().scene.frame_count = 12")
+    assert run("run", "--project", project, path) == (0, "", "")
+    assert support.files(project) == before
+
+
+def test_a_project_that_cannot_be_opened_is_one_line_and_the_script_does_not_run(script, tmp_path):
+    path = script("print('ran')")
+    error = f'brindle: Cannot open the project: "{tmp_path}/nowhere" does not exist.\n'
+    assert run("run", "--project", tmp_path / "nowhere", path) == (1, "", error)
+
+
+def test_a_script_may_work_with_threads_and_leave_objects_behind(script, tmp_path):
+    path = script("""
+import brindle, sys, threading
+app = brindle.create(sys.argv[1])
+def work():
+    for i in range(50): app.scene.nodes.create("PEG", "x")
+threads = [threading.Thread(target=work) for _ in range(2)]
+for thread in threads: thread.start()
+app.process_one_event()
+for thread in threads: thread.join()
+kept = [list(app.scene.nodes), iter(app.scene.nodes)]
+for node in app.scene.nodes: kept.append(node)
+print(len(app.scene.nodes))
+""")
+    assert run("run", path, tmp_path / "p") == (0, "102\n", "")
+
+
+def test_numbers_keep_their_point_whatever_the_locale(script, project):
+    environment = {**os.environ, "LC_ALL": "de_DE.UTF-8", "LANG": "de_DE.UTF-8"}
+    path = script("import brindle, locale; s = brindle.application().scene; s.framerate = 23.976; print(s.framerate, float('1.5'))")
+    code, out, _ = run("run", "--project", project, path, env=environment)
+    assert (code, out) == (0, "23.976 1.5\n")

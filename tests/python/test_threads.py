@@ -1,0 +1,260 @@
+"""Several threads of a plain interpreter: no call is lost, no file is half, the process lives."""
+
+import pytest
+
+import support
+
+# Each program prints what it found wrong, and "done" at the end.
+PROGRAMS = {
+    "threads that edit while one saves": """
+app = brindle.create(folder)
+scene = app.scene
+TURNS, THREADS = 150, 4
+stop = threading.Event()
+saves = 0
+
+def edit(number):
+    nodes = app.scene.nodes
+    peg = nodes.create("PEG", f"T{number}-")
+    for turn in range(TURNS):
+        peg.attributes["angle"].set_value(turn + 1, float(turn))
+        peg.position = [number, turn]
+        made = nodes.create("PEG", f"N{number}-{turn}-")
+        if turn % 2:
+            nodes.remove(made)
+        expect(peg.attributes["angle"].value(turn + 1) == float(turn), "a value read back")
+
+def save():
+    global saves
+    while not stop.is_set():
+        app.save()
+        saves += 1
+        time.sleep(0.002)
+
+saver = threading.Thread(target=guard(save))
+saver.start()
+run_all(edit, THREADS)
+stop.set()
+saver.join()
+expect(saves > 0, "the saving thread never got its turn")
+count = len(scene.nodes)
+expect(count == 2 + THREADS * (1 + TURNS // 2), f"{count} nodes")
+steps = app.project.history.size_executed
+expect(steps == THREADS * (1 + TURNS * 3 + TURNS // 2), f"{steps} steps")
+for number in range(THREADS):
+    peg = scene.nodes[f"Top/T{number}-"]
+    expect(peg.attributes["angle"].column.control_point_size == TURNS, "a key for each turn")
+app.save()
+files = support.files(folder)
+app.project.history.undo(steps)
+expect(len(scene.nodes) == 2, "all undone")
+app.project.history.redo(steps)
+app.save()
+expect(support.files(folder) == files, "all done again")
+again = brindle.open(folder)
+expect(len(again.scene.nodes) == count, "all on disk")
+""",
+    "threads that read while one edits": """
+app = brindle.create(folder)
+nodes = app.scene.nodes
+stop = threading.Event()
+
+def read(number):
+    while not stop.is_set():
+        for node in nodes:
+            try:
+                if node is not None:
+                    node.path, node.position.x, [str(a) for a in node.attributes], node.ports_in[0].source_node
+            except brindle.Error as error:
+                expect(str(error) in (support.GONE, support.NODE_GONE, support.APART, "Port index is out of range."), str(error))
+
+readers = [threading.Thread(target=guard(read), args=(i,)) for i in range(3)]
+for reader in readers:
+    reader.start()
+for turn in range(300):
+    peg = nodes.create("PEG", "a")
+    child = nodes.create("PEG", "b")
+    peg.ports_out[0].link(child)
+    nodes.remove([peg, child])
+    app.project.history.undo(2)
+stop.set()
+for reader in readers:
+    reader.join()
+""",
+    "threads that open and close projects under one another": """
+paths = [f"{folder}-{i}" for i in range(4)]
+for path in paths:
+    brindle.create(path)
+
+def work(number):
+    for turn in range(60):
+        try:
+            app = brindle.open(paths[(number + turn) % len(paths)])
+            nodes = list(app.scene.nodes)
+            peg = app.scene.nodes.create("PEG", "a")
+            peg.attributes["angle"].set_value(1, 2.0)
+            app.save()
+            if turn % 3 == 0:
+                app.close()
+            [node.name for node in nodes]
+        except brindle.Error as error:
+            expect(str(error) in (support.GONE, support.NODE_GONE, "Cannot save the project: no project is open."), str(error))
+
+run_all(work, 4)
+for path in paths:
+    brindle.open(path).close()
+""",
+    "threads that drop objects while the project closes": """
+def work(number):
+    for turn in range(100):
+        application = brindle.application()
+        try:
+            if number == 0:
+                brindle.open(folder)
+            elif application is not None:
+                held = [node.attributes for node in application.scene.nodes]
+                del held
+        except (brindle.Error, AttributeError) as error:
+            expect(str(error) in (support.GONE, support.NODE_GONE) or "None" in str(error), str(error))
+
+app = brindle.create(folder)
+for i in range(200):
+    app.scene.nodes.create("PEG", "a")
+app.save()
+run_all(work, 4)
+""",
+    "threads that save under one another": """
+app = brindle.create(folder)
+
+def work(number):
+    for turn in range(30):
+        app.scene.nodes.create("PEG", f"T{number}-{turn}")
+        app.save()
+
+run_all(work, 4)
+app.close()
+expect(len(brindle.open(folder).scene.nodes) == 2 + 4 * 30, "all on disk")
+""",
+    "a path that lets other threads run while a call begins": """
+app = brindle.create(folder)
+
+class Slow:
+    def __init__(self, text): self.text = text
+    def __fspath__(self):
+        time.sleep(0.001)
+        return self.text
+
+def work(number):
+    for turn in range(40):
+        if number == 0:
+            app.save()
+        elif number == 1:
+            app.save_as(Slow(f"{folder}-{turn}"))
+        else:
+            app.scene.nodes.create(Slow("PEG"), Slow(f"T{number}-{turn}"))
+
+run_all(work, 4)
+app.save()
+app.close()
+expect(len(brindle.open(f"{folder}-39").scene.nodes) == 2 + 2 * 40, "all on disk")
+""",
+    "the application lock around a thread's edits": """
+app = brindle.create(folder)
+
+def work(number):
+    for turn in range(50):
+        app.thread_lock()
+        try:
+            app.scene.nodes.create("PEG", f"T{number}-{turn}")
+        finally:
+            app.thread_unlock()
+
+run_all(work, 3)
+expect(len(app.scene.nodes) == 2 + 3 * 50, "all there")
+""",
+    "edits beside threads that do nothing but save": """
+sys.setswitchinterval(0.005)
+app = brindle.create(folder)
+nodes = app.scene.nodes
+for i in range(1000):
+    nodes.create("PEG", "a")
+stop = threading.Event()
+saves = [0, 0]
+
+def save(number):
+    while not stop.is_set():
+        app.scene.frame_count = 50 + saves[number] % 2
+        app.save()
+        saves[number] += 1
+
+savers = [threading.Thread(target=guard(save), args=(i,)) for i in range(2)]
+for saver in savers:
+    saver.start()
+for i in range(50):
+    nodes.create("PEG", "b")
+    time.sleep(0.001)
+stop.set()
+for saver in savers:
+    saver.join()
+expect(len(nodes) == 1052, f"{len(nodes)} nodes")
+expect(sum(saves) < 50 * 50, f"{saves} saves went ahead of 50 edits")
+""",
+    "threads that open projects when the interpreter ends": """
+brindle.create(folder).close()
+
+def work():
+    while True:
+        brindle.open(folder)
+
+for _ in range(2):
+    threading.Thread(target=work, daemon=True).start()
+time.sleep(0.05)
+""",
+    "a thread that is still at work when the interpreter ends": """
+app = brindle.create(folder)
+
+def work():
+    while True:
+        [node.path for node in app.scene.nodes]
+        app.save()
+
+threading.Thread(target=work, daemon=True).start()
+time.sleep(0.1)
+""",
+}
+
+FRAME = """
+import sys, threading, time
+import brindle
+sys.path.insert(0, sys.argv[2])
+import support
+sys.setswitchinterval(1e-5)
+folder = sys.argv[1]
+
+def expect(holds, what):
+    if not holds:
+        print(what, flush=True)
+
+def guard(function):
+    def run(*arguments):
+        try:
+            function(*arguments)
+        except BaseException as error:
+            print(f"{type(error).__name__}: {error}", flush=True)
+    return run
+
+def run_all(function, count):
+    threads = [threading.Thread(target=guard(function), args=(i,)) for i in range(count)]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+
+"""
+
+
+@pytest.mark.parametrize("name", PROGRAMS)
+def test_threads_lose_nothing(folder, name):
+    script = FRAME + PROGRAMS[name] + "\nprint('done', flush=True)\n"
+    done = support.run_python(script, folder, support.ROOT / "tests/python", timeout=300)
+    assert (done.returncode, done.stdout, done.stderr) == (0, "done\n", "")

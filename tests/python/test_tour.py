@@ -1,0 +1,57 @@
+"""The tour runs, tells what it does, and leaves a picture of the node graph."""
+
+import shutil
+import xml.etree.ElementTree
+
+import brindle
+import pytest
+
+import support
+
+TOUR = support.ROOT / "examples" / "tour"
+
+
+@pytest.fixture(scope="module")
+def tour(tmp_path_factory):
+    """The tour, run twice in a row into one folder, from a copy that it can't leave anything in."""
+    folder = tmp_path_factory.mktemp("tour")
+    scripts = folder / "scripts"
+    shutil.copytree(TOUR, scripts, ignore=shutil.ignore_patterns("__pycache__"))
+    runs = [support.run_command("run", scripts / "tour.py", folder / "out") for _ in range(2)]
+    return folder, runs
+
+
+def test_it_succeeds_twice_in_a_row(tour):
+    for done in tour[1]:
+        assert (done.returncode, done.stderr) == (0, "")
+
+
+def test_it_tells_the_same_each_time(tour):
+    first, second = (done.stdout.splitlines()[:-1] for done in tour[1])
+    assert first == second and len(first) > 8
+    assert any("undid it" in line and support.GONE in line for line in first)
+
+
+def test_its_picture_is_a_drawing_of_every_node(tour):
+    root = xml.etree.ElementTree.parse(tour[0] / "out" / "graph.svg").getroot()
+    assert root.tag == "{http://www.w3.org/2000/svg}svg"
+    texts = {"".join(element.itertext()).strip() for element in root.iter() if element.tag.endswith("text")}
+    with brindle.open(tour[0] / "out" / "walk-cycle") as app:
+        names = {node.name for node in app.scene.nodes}
+    assert names <= texts and len(names) > 20
+
+
+def test_its_project_is_a_walk_that_can_be_opened(tour):
+    with brindle.open(tour[0] / "out" / "walk-cycle") as app:
+        assert app.scene.frame_count == 48
+        keyed = [attribute for node in app.scene.nodes if node.type == "PEG" for attribute in node.attributes if attribute.column_name]
+        assert len(keyed) >= 8
+        assert all(1 <= frame <= 48 for attribute in keyed for frame in attribute.column.keyframe_list())
+    text = support.run_command("info", tour[0] / "out" / "walk-cycle").stdout
+    assert 'Scene "Scene-1": 48 frames at 24 fps' in text
+
+
+def test_it_runs_in_a_plain_interpreter_too(tour):
+    done = support.run(support.PYTHON, tour[0] / "scripts" / "tour.py", tour[0] / "plain")
+    assert (done.returncode, done.stderr) == (0, "")
+    assert (tour[0] / "plain" / "graph.svg").read_bytes() == (tour[0] / "out" / "graph.svg").read_bytes()
