@@ -4,6 +4,7 @@
 #include "service/python/wrapper.h"
 
 #include <QCoreApplication>
+#include <QThread>
 
 #include <clocale>
 #include <memory>
@@ -133,6 +134,9 @@ void shutDown()
     current.ended = true;
     current.application = Ref();
     current.context.reset();
+    // Made by a thread that opened the first project, Qt's application can't be destroyed by another one.
+    if (current.qtApplication && current.qtApplication->thread() != QThread::currentThread())
+        static_cast<void>(current.qtApplication.release());
     current.qtApplication.reset();
 }
 
