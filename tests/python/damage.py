@@ -18,7 +18,8 @@ import sys
 import brindle
 import support
 
-VALUES = (None, True, -1, 0, 1, 7, 2**31, 2**53, 1e308, 0.5, "", "x", "Top", "\u0000", "\ud83d\ude00", [], [[]], [1, 2, 3], {}, {"x": 1})
+VALUES = (None, True, -1, 0, 1, 7, 2**31, 2**53, 1e308, 0.5, "", "x", "Top", "\u0000", "\ud83d\ude00", [], [[]],
+          [1, 2, 3], {}, {"x": 1})
 
 
 def places(value, path=()):

@@ -78,21 +78,22 @@ def endless():
     return value
 
 
-def plain_values():
-    yield from (None, True, False, 0, 1, 2, -1, 7, 2**31 - 1, 2**31, -2**31 - 1, 2**32, 2**53 + 1, 2**63, -2**63, 2**64, 10**300, 10**400)
-    yield from (0.0, 1.5, -0.0, 10.0, float("nan"), float("inf"), -float("inf"), 1e308, -1e308, 5e-324, 3e9)
-    yield from ("", "x", "10", "-1", "a\0b", "\U0001f600", "\ud800", "\udfff\ud800", "Top", "Top/Sample-Peg", "Sample-Peg", "/",
-                "//", "Top/", "ä" * 1000, "%1 %2 %n", "SMOOTH", "peg", "PEG", "GROUP", "1e999", "true", " \n\t", "..", "angle",
-                "position.x", "ATV-0001", "colour", "error", "a." * 5000, "a/" * 5000)
-    yield from (b"bytes", bytearray(b"x"), 1j, decimal.Decimal("NaN"), ..., NotImplemented, object(), print, len, type, brindle.Node,
-                brindle, lambda *a: a, range(3), slice(None), slice(0, 10**30, 2), slice(3, 0, -1), slice("a"), {1}, iter([1]),
-                memoryview(b"x"), OddText("x"), OddNumber(3), BadIndex(), Raising(), OddPath("x"), pathlib.Path("x"),
-                pathlib.Path("a\0b"))
-    yield from (re.compile("Sample"), re.compile("("[:0]), re.compile(b"x"), re.compile("(a*)*b"), re.compile("\ud800"))
-    yield from ([], (), {}, [[]], [None], ["a"], ["a", "\ud800"], [1, 2], (1, 2, 3), [1, 2, 3, 4], ["1", 2], [1, "x"], [[1, 2], 3],
-                [float("nan"), float("inf")], [2**70], {"x": 1, "y": 2}, {1: 2}, {"\ud800": 1}, {"name": "x"}, {"name": None},
-                {"name": ["(", "["], "type": 3}, {"frame": 1, "value": 2}, ["("], [object()], [[object()]], list(range(1000)),
-                nested(100), nested(10_000), nested(10_000, tuple), nested(10_000, dict), endless())
+NUMBERS = (None, True, False, 0, 1, 2, -1, 7, 2**31 - 1, 2**31, -2**31 - 1, 2**32, 2**53 + 1, 2**63, -2**63, 2**64,
+           10**300, 10**400, 0.0, 1.5, -0.0, 10.0, float("nan"), float("inf"), -float("inf"), 1e308, -1e308, 5e-324,
+           3e9)
+TEXTS = ("", "x", "10", "-1", "a\0b", "\U0001f600", "\ud800", "\udfff\ud800", "Top", "Top/Sample-Peg", "Sample-Peg",
+         "/", "//", "Top/", "ä" * 1000, "%1 %2 %n", "SMOOTH", "peg", "PEG", "GROUP", "1e999", "true", " \n\t", "..",
+         "angle", "position.x", "ATV-0001", "colour", "error", "a." * 5000, "a/" * 5000)
+LISTS = ([], (), {}, [[]], [None], ["a"], ["a", "\ud800"], [1, 2], (1, 2, 3), [1, 2, 3, 4], ["1", 2], [1, "x"],
+         [[1, 2], 3],
+         [float("nan"), float("inf")], [2**70], {"x": 1, "y": 2}, {1: 2}, {"\ud800": 1}, {"name": "x"}, {"name": None},
+         {"name": ["(", "["], "type": 3}, {"frame": 1, "value": 2}, ["("], [object()], [[object()]], list(range(1000)),
+         nested(100), nested(10_000), nested(10_000, tuple), nested(10_000, dict), endless())
+PATTERNS = (re.compile("Sample"), re.compile(""), re.compile(b"x"), re.compile("(a*)*b"), re.compile("\ud800"))
+OTHERS = (b"bytes", bytearray(b"x"), 1j, decimal.Decimal("NaN"), ..., NotImplemented, object(), print, len, type,
+          brindle.Node, brindle, lambda *a: a, range(3), slice(None), slice(0, 10**30, 2), slice(3, 0, -1), slice("a"),
+          {1}, iter([1]), memoryview(b"x"), OddText("x"), OddNumber(3), BadIndex(), Raising(), OddPath("x"),
+          pathlib.Path("x"), pathlib.Path("a\0b"))
 
 
 def dead_objects(app):
@@ -111,7 +112,7 @@ class Sweep:
     def __init__(self, folder, report, share):
         self.random = random.Random(share)
         self.share = share
-        self.plain = list(plain_values())
+        self.plain = [*NUMBERS, *TEXTS, *LISTS, *PATTERNS, *OTHERS]
         self.texts = {id(value): text_of(value) for value in self.plain}
         self.folder = pathlib.Path(folder)
         self.report = os.open(report, os.O_WRONLY | os.O_CREAT | os.O_TRUNC)
@@ -173,7 +174,8 @@ class Sweep:
     def run(self):
         for name in list(self.samples):
             cls = type(self.samples[name])
-            members = [m for m in dir(cls) if not m.startswith("__")] + [m for m in SPECIAL if any(m in base.__dict__ for base in cls.__mro__[:-1])]
+            members = [member for member in dir(cls) if not member.startswith("__")]
+            members += [member for member in SPECIAL if any(member in base.__dict__ for base in cls.__mro__[:-1])]
             members += [prefix + m for m in members for prefix in ("get_", "set_") if hasattr(cls, prefix + m)]
             for member in dict.fromkeys(members):
                 if member not in LEFT_OUT:

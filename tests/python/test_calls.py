@@ -104,7 +104,8 @@ def test_arguments_may_be_named(peg):
 
 
 @pytest.mark.parametrize("call", [
-    lambda a: a.set_value(1, 2.0), lambda a: a.set_value(1, 2.0, False), lambda a: a.set_value(1, 2.0, adjust_column=False),
+    lambda a: a.set_value(1, 2.0), lambda a: a.set_value(1, 2.0, False),
+    lambda a: a.set_value(1, 2.0, adjust_column=False),
     lambda a: a.set_value(1, 2), lambda a: a.set_value(True, 2.0),
 ])
 def test_what_is_left_out_has_its_default(peg, call):

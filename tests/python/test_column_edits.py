@@ -29,28 +29,38 @@ def point(r, frame):
 
 EDITS = {
     "keyframe_create": (lambda r: r["column"].keyframe_create(5), ["Setting 1 keyframes."], frames, [1, 5, 10, 20]),
-    "keyframe_create in a list": (lambda r: r["column"].keyframe_create([5]), ["Setting 1 keyframes."], frames, [1, 5, 10, 20]),
-    "keyframe_create of two": (lambda r: r["column"].keyframe_create([5, 6]), ["Setting a keyframe."], frames, [1, 5, 6, 10, 20]),
-    "keyframe_create in nested lists": (lambda r: r["column"].keyframe_create([[2, 3], 4]), ["Setting a keyframe."], frames,
+    "keyframe_create in a list": (lambda r: r["column"].keyframe_create([5]), ["Setting 1 keyframes."], frames,
+                                  [1, 5, 10, 20]),
+    "keyframe_create of two": (lambda r: r["column"].keyframe_create([5, 6]), ["Setting a keyframe."], frames,
+                               [1, 5, 6, 10, 20]),
+    "keyframe_create in nested lists": (lambda r: r["column"].keyframe_create([[2, 3], 4]), ["Setting a keyframe."],
+                                        frames,
                                         [1, 2, 3, 4, 10, 20]),
-    "keyframe_create of a text": (lambda r: r["column"].keyframe_create("5"), ["Setting 1 keyframes."], frames, [1, 5, 10, 20]),
-    "keyframe_create of nothing": (lambda r: r["column"].keyframe_create([]), ["Setting 0 keyframes."], frames, [1, 10, 20]),
-    "keyframe_create where one is": (lambda r: r["column"].keyframe_create(10), ["Setting 1 keyframes."], frames, [1, 10, 20]),
+    "keyframe_create of a text": (lambda r: r["column"].keyframe_create("5"), ["Setting 1 keyframes."], frames,
+                                  [1, 5, 10, 20]),
+    "keyframe_create of nothing": (lambda r: r["column"].keyframe_create([]), ["Setting 0 keyframes."], frames,
+                                   [1, 10, 20]),
+    "keyframe_create where one is": (lambda r: r["column"].keyframe_create(10), ["Setting 1 keyframes."], frames,
+                                     [1, 10, 20]),
     "keyframe_remove": (lambda r: r["column"].keyframe_remove(10), ["Removing 1 keyframes."], frames, [1, 20]),
     "keyframe_remove of two": (lambda r: r["column"].keyframe_remove([10, 20]), ["Removing a keyframe."], frames, [1]),
     "keyframe_remove of all": (lambda r: r["column"].keyframe_remove([1, 10, 20]), ["Removing a keyframe."],
                                lambda r: (frames(r), r["double attribute"].value(5)), ([], 0.0)),
-    "keyframe_remove where none is": (lambda r: r["column"].keyframe_remove(11), ["Removing 1 keyframes."], frames, [1, 10, 20]),
+    "keyframe_remove where none is": (lambda r: r["column"].keyframe_remove(11), ["Removing 1 keyframes."], frames,
+                                      [1, 10, 20]),
     "keyframe_clear": (lambda r: r["column"].keyframe_clear(7, 12), [""], frames, [1, 20]),
     "keyframe_clear from behind": (lambda r: r["column"].keyframe_clear(12, 7), [""], frames, [1, 20]),
     "keyframe_clear to the end": (lambda r: r["column"].keyframe_clear(10, 0), [""], frames, [1]),
     "keyframe_clear of nothing": (lambda r: r["column"].keyframe_clear(11, 12), [], frames, [1, 10, 20]),
-    "create among control points": (lambda r: r["control points"].create(5), ["Create 1 keyframes."], frames, [1, 5, 10, 20]),
+    "create among control points": (lambda r: r["control points"].create(5), ["Create 1 keyframes."], frames,
+                                    [1, 5, 10, 20]),
     "create two among control points": (lambda r: r["control points"].create([5, 6]), ["Create a keyframe."], frames,
                                         [1, 5, 6, 10, 20]),
     "remove among control points": (lambda r: r["control points"].remove(10), ["Remove 1 keyframes."], frames, [1, 20]),
-    "remove two among control points": (lambda r: r["control points"].remove([1, 10]), ["Remove keyframe."], frames, [20]),
-    "create_point": (lambda r: r["column"].create_point(5, 1, 4, 1, 6, 2, True, "smooth"), POINT, lambda r: point(r, 5)[5:], (True, "SMOOTH")),
+    "remove two among control points": (lambda r: r["control points"].remove([1, 10]), ["Remove keyframe."], frames,
+                                        [20]),
+    "create_point": (lambda r: r["column"].create_point(5, 1, 4, 1, 6, 2, True, "smooth"), POINT,
+                     lambda r: point(r, 5)[5:], (True, "SMOOTH")),
     "create_point of its defaults": (lambda r: r["column"].create_point(5, 1, 4, 0, 6, 2), POINT, lambda r: point(r, 5),
                                      (1.0, 4.0, 0.0, 6.0, 2.0, False, "CORNER")),
     "create_point on a key": (lambda r: r["column"].create_point(10, 1, 9, 0, 12, 2), POINT, lambda r: point(r, 10),
@@ -59,22 +69,30 @@ EDITS = {
                                    lambda r: r["column"][5].continuity, "STRAIGHT"),
     "an item": (lambda r: r["column"].__setitem__(5, 3), POINT, lambda r: r["column"].get_entry(5), 3.0),
     "an item of a text": (lambda r: r["column"].__setitem__("5", "3.5"), POINT, lambda r: r["column"]["5"].value, 3.5),
-    "an item of another's value": (lambda r: r["column"].__setitem__(5, r["keyframe"]), POINT, lambda r: r["column"].get_entry(5), 9.0),
+    "an item of another's value": (lambda r: r["column"].__setitem__(5, r["keyframe"]), POINT,
+                                   lambda r: r["column"].get_entry(5), 9.0),
     "set_entry": (lambda r: r["column"].set_entry(5.5, 3), POINT, lambda r: r["column"].get_entry(5.5), 3.0),
-    "value between keys": (lambda r: setattr(r["column value"], "value", 3.0), POINT, lambda r: (frames(r), r["column value"].key),
+    "value between keys": (lambda r: setattr(r["column value"], "value", 3.0), POINT,
+                           lambda r: (frames(r), r["column value"].key),
                            ([1, 5, 10, 20], True)),
     "value on a key carries its handles": (lambda r: setattr(r["keyframe"], "value", 19.0), POINT,
-                                           lambda r: (r["keyframe"].value, *handles(r)), (19.0, 7.0, 19.0, 40 / 3, 19.0)),
-    "value of hardly a difference": (lambda r: setattr(r["keyframe"], "value", 9.00005), [], lambda r: r["keyframe"].value, 9.0),
-    "value of another value": (lambda r: setattr(r["column value"], "value", r["keyframe"]), POINT, lambda r: r["column value"].value, 9.0),
+                                           lambda r: (r["keyframe"].value, *handles(r)),
+                                           (19.0, 7.0, 19.0, 40 / 3, 19.0)),
+    "value of hardly a difference": (lambda r: setattr(r["keyframe"], "value", 9.00005), [],
+                                     lambda r: r["keyframe"].value, 9.0),
+    "value of another value": (lambda r: setattr(r["column value"], "value", r["keyframe"]), POINT,
+                               lambda r: r["column value"].value, 9.0),
     "key": (lambda r: setattr(r["column value"], "key", True), POINT, frames, [1, 5, 10, 20]),
     "key as it is": (lambda r: setattr(r["keyframe"], "key", True), [], frames, [1, 10, 20]),
-    "no key": (lambda r: setattr(r["keyframe"], "key", False), ["Remove Bezier Point Sample-Peg: angle"], frames, [1, 20]),
+    "no key": (lambda r: setattr(r["keyframe"], "key", False), ["Remove Bezier Point Sample-Peg: angle"], frames,
+               [1, 20]),
     "no key as it is": (lambda r: setattr(r["column value"], "key", False), [], frames, [1, 10, 20]),
     "const_segment": (lambda r: setattr(r["keyframe"], "const_segment", True), SEGMENT,
                       lambda r: (r["column"][15].const_segment, r["column"].get_entry(19)), (True, 9.0)),
-    "const_segment as it is": (lambda r: setattr(r["keyframe"], "const_segment", False), [], lambda r: r["keyframe"].const_segment, False),
-    "continuity": (lambda r: setattr(r["keyframe"], "continuity", "STRAIGHT"), SEGMENT, lambda r: r["keyframe"].continuity, "STRAIGHT"),
+    "const_segment as it is": (lambda r: setattr(r["keyframe"], "const_segment", False), [],
+                               lambda r: r["keyframe"].const_segment, False),
+    "continuity": (lambda r: setattr(r["keyframe"], "continuity", "STRAIGHT"), SEGMENT,
+                   lambda r: r["keyframe"].continuity, "STRAIGHT"),
     "continuity as it is": (lambda r: setattr(r["keyframe"], "continuity", r["keyframe"].continuity), [],
                             lambda r: r["keyframe"].continuity, "CORNER"),
     "handle_left_x": (lambda r: setattr(r["keyframe"], "handle_left_x", 8), LEFT, lambda r: handles(r)[0], 8.0),
@@ -83,37 +101,48 @@ EDITS = {
     "handle_right_y": (lambda r: setattr(r["keyframe"], "handle_right_y", 8), RIGHT, lambda r: handles(r)[3], 8.0),
     "a handle beyond its keyframe is held": (lambda r: setattr(r["keyframe"], "handle_left_x", 15), LEFT,
                                              lambda r: handles(r)[0] <= 10, True),
-    "a handle as it is": (lambda r: setattr(r["keyframe"], "handle_left_x", r["keyframe"].handle_left_x), [], frames, [1, 10, 20]),
-    "hold_start": (lambda r: setattr(r["column"], "hold_start", 3), ["Set Start Frame for Hold"], lambda r: r["column"].hold_start, 3),
-    "hold_stop": (lambda r: setattr(r["column"], "hold_stop", 30), ["Set Stop Frame for Hold"], lambda r: r["column"].hold_stop, 30),
-    "hold_step": (lambda r: setattr(r["column"], "hold_step", 3), ["Set Step for Hold"], lambda r: r["column"].hold_step, 3),
-    "scale": (lambda r: r["column"].scale(2), [""], lambda r: [r["column"].get_entry(f) for f in (1, 10, 20)], [0.0, 18.0, -10.0]),
+    "a handle as it is": (lambda r: setattr(r["keyframe"], "handle_left_x", r["keyframe"].handle_left_x), [], frames,
+                          [1, 10, 20]),
+    "hold_start": (lambda r: setattr(r["column"], "hold_start", 3), ["Set Start Frame for Hold"],
+                   lambda r: r["column"].hold_start, 3),
+    "hold_stop": (lambda r: setattr(r["column"], "hold_stop", 30), ["Set Stop Frame for Hold"],
+                  lambda r: r["column"].hold_stop, 30),
+    "hold_step": (lambda r: setattr(r["column"], "hold_step", 3), ["Set Step for Hold"],
+                  lambda r: r["column"].hold_step, 3),
+    "scale": (lambda r: r["column"].scale(2), [""], lambda r: [r["column"].get_entry(f) for f in (1, 10, 20)],
+              [0.0, 18.0, -10.0]),
     "name": (lambda r: setattr(r["column"], "name", "Swing"), ["Rename ATV-0001 to Swing"],
              lambda r: (r["column"].name, r["double attribute"].column_name), ("Swing", "Swing")),
     "name as it is": (lambda r: setattr(r["column"], "name", "ATV-0001"), [], lambda r: r["column"].name, "ATV-0001"),
     "anonymous": (lambda r: setattr(r["column"], "anonymous", False), ["Setting column as not anonymous."],
                   lambda r: (r["column"].anonymous, r["column"].display_name), (False, "ATV-0001")),
-    "anonymous and back": (lambda r: (setattr(r["column"], "anonymous", False), setattr(r["column"], "anonymous", True)),
+    "anonymous and back": (lambda r: (setattr(r["column"], "anonymous", False),
+                                      setattr(r["column"], "anonymous", True)),
                            ["Setting column as not anonymous.", "Setting column anonymous."],
                            lambda r: r["column"].display_name, "Sample-Peg: angle"),
-    "anonymous as it is": (lambda r: setattr(r["column"], "anonymous", True), [], lambda r: r["column"].anonymous, True),
+    "anonymous as it is": (lambda r: setattr(r["column"], "anonymous", True), [], lambda r: r["column"].anonymous,
+                           True),
 }
 
 VALUES = "Accepted values are : STRAIGHT, CORNER, SMOOTH "
 REFUSALS = {
     "keyframe_create of a word": (lambda r: r["column"].keyframe_create("abc"), "Invalid argument: "),
-    "keyframe_create of two words": (lambda r: r["column"].keyframe_create([1, "a", ["b"], 2]), "Invalid argument: \nInvalid argument: "),
+    "keyframe_create of two words": (lambda r: r["column"].keyframe_create([1, "a", ["b"], 2]),
+                                     "Invalid argument: \nInvalid argument: "),
     "keyframe_create of no number": (lambda r: r["column"].keyframe_create(math.nan), "Invalid argument at index 0."),
-    "keyframe_create beyond measure": (lambda r: r["column"].keyframe_create([1, math.inf]), "Invalid argument at index 0."),
+    "keyframe_create beyond measure": (lambda r: r["column"].keyframe_create([1, math.inf]),
+                                       "Invalid argument at index 0."),
     "keyframe_remove of a word": (lambda r: r["column"].keyframe_remove("abc"), "Invalid argument: "),
     "keyframe_exists of a word": (lambda r: r["column"].keyframe_exists(["x", 10]), "Invalid argument: "),
-    "remove among control points where none is": (lambda r: r["control points"].remove(11), "Failed to remove keyframe at: 11"),
+    "remove among control points where none is": (lambda r: r["control points"].remove(11),
+                                                  "Failed to remove keyframe at: 11"),
     "remove two where none is": (lambda r: r["control points"].remove([11, 10, 12.9]),
                                  "Failed to remove keyframe at: 11\nFailed to remove keyframe at: 12"),
     "create among control points of a word": (lambda r: r["control points"].create("x"), "Invalid argument: "),
     "create_point of another continuity": (lambda r: r["column"].create_point(5, 1, 1, 1, 1, 1, False, "round"),
                                            f"Invalid continuity value ROUND. {VALUES}"),
-    "continuity in small letters": (lambda r: setattr(r["keyframe"], "continuity", "smooth"), f"Invalid continuity value smooth. {VALUES}"),
+    "continuity in small letters": (lambda r: setattr(r["keyframe"], "continuity", "smooth"),
+                                    f"Invalid continuity value smooth. {VALUES}"),
     "continuity between keys": (lambda r: setattr(r["column value"], "continuity", "SMOOTH"), NO_KEY),
     "const_segment between keys": (lambda r: setattr(r["column value"], "const_segment", True), NO_KEY),
     "handle_left_x between keys": (lambda r: setattr(r["column value"], "handle_left_x", 1), NO_KEY),
@@ -169,7 +198,9 @@ def test_a_new_keyframe_does_not_change_the_curve(rig):
 
 def test_keyframe_exists_asks_for_any_of_the_frames(rig):
     exists = rig["column"].keyframe_exists
-    assert (exists(10), exists([11, 10]), exists([[11], [1]]), exists(11), exists([]), exists(10.5)) == (True, True, True, False, False, False)
+    assert (exists(10), exists([11, 10]), exists([[11], [1]]), exists(11), exists([]), exists(10.5)) == (True, True,
+                                                                                                         True, False,
+                                                                                                         False, False)
 
 
 def test_keyframe_clear_on_a_short_scene_swaps_its_range(rig, scene):
@@ -190,7 +221,8 @@ def test_the_neighbours_of_a_frame_are_the_keys_around_it(rig):
 def test_a_value_between_keys_shows_the_handles_of_the_key_before(rig):
     assert handles(rig, 15) == handles(rig, 10)
     assert support.message_of(lambda: rig["column"][0].handle_left_x) == "An unexpected error has occurred."
-    assert (rig["column"][0].continuity, rig["column"][0].const_segment, rig["column"][0].key) == ("UNKNOWN", False, False)
+    assert (rig["column"][0].continuity, rig["column"][0].const_segment, rig["column"][0].key) == ("UNKNOWN", False,
+                                                                                                   False)
 
 
 def test_a_value_is_the_curve_at_its_frame(rig):
@@ -208,7 +240,8 @@ def test_the_control_points_show_the_keys(rig):
 
 def test_a_column_tells_what_it_is(rig):
     column = rig["column"]
-    assert (column.name, column.display_name, column.type, column.anonymous) == ("ATV-0001", "Sample-Peg: angle", "BEZIER", True)
+    assert (column.name, column.display_name, column.type, column.anonymous) == ("ATV-0001", "Sample-Peg: angle",
+                                                                                 "BEZIER", True)
     assert [node.name for node in column.linked_nodes] == ["Sample-Peg"]
     assert column.control_point_size == len(column.control_points) == 3
 

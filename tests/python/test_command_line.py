@@ -96,7 +96,8 @@ def test_info_of_a_damaged_project_is_one_line(project):
 
 
 @pytest.mark.parametrize("text, code, error", [
-    ("", 0, ""), ("import sys; sys.exit()", 0, ""), ("import sys; sys.exit(0)", 0, ""), ("import sys; sys.exit(7)", 7, ""),
+    ("", 0, ""), ("import sys; sys.exit()", 0, ""), ("import sys; sys.exit(0)", 0, ""),
+    ("import sys; sys.exit(7)", 7, ""),
     ("raise SystemExit", 0, ""), ("raise SystemExit(3)", 3, ""), ("import sys; sys.exit(None)", 0, ""),
     ("import sys; sys.exit('It went wrong.')", 1, "It went wrong.\n"), ("import sys; sys.exit(255)", 255, ""),
     ("import sys; sys.exit(256)", 0, ""), ("import sys; sys.exit(-1)", 255, ""), ("import sys; sys.exit(True)", 1, ""),
@@ -109,7 +110,8 @@ def test_run_gives_the_scripts_own_exit_code(script, text, code, error):
 
 
 @pytest.mark.parametrize("text, last", [
-    ("1 / 0", "ZeroDivisionError: division by zero"), ("import nothing_there", "ModuleNotFoundError: No module named 'nothing_there'"),
+    ("1 / 0", "ZeroDivisionError: division by zero"),
+    ("import nothing_there", "ModuleNotFoundError: No module named 'nothing_there'"),
     ("x = (", "SyntaxError: '(' was never closed"),
     ("import brindle; brindle.open('/nowhere')", 'brindle.Error: Cannot open the project: "/nowhere" does not exist.'),
     ("raise ValueError('ä')", "ValueError: ä"),
@@ -124,7 +126,8 @@ def test_the_script_gets_its_arguments(script, tmp_path):
     path = script("import sys; print(sys.argv); print(__name__, __file__)")
     code, out, error = run("run", path, "a", "b c", "--project", "x", "--help", "", "ä\U0001f600")
     assert (code, error) == (0, "")
-    assert out.splitlines() == [repr([str(path), "a", "b c", "--project", "x", "--help", "", "ä\U0001f600"]), f"__main__ {path}"]
+    assert out.splitlines() == [repr([str(path), "a", "b c", "--project", "x", "--help", "", "ä\U0001f600"]),
+                                f"__main__ {path}"]
 
 
 def test_the_script_finds_the_modules_beside_it(script, tmp_path):
@@ -142,7 +145,13 @@ def test_the_module_is_at_hand_without_a_search_path(script):
 
 
 def test_project_opens_one_for_the_script(script, project):
-    path = script("import brindle; app = brindle.application(); app.scene.frame_count = 12; app.save(); print(len(app.scene.nodes))")
+    path = script("""
+import brindle
+app = brindle.application()
+app.scene.frame_count = 12
+app.save()
+print(len(app.scene.nodes))
+""")
     assert run("run", "--project", project, path) == (0, "12\n", "")
     with brindle.open(project) as app:
         assert app.scene.frame_count == 12
@@ -180,6 +189,11 @@ print(len(app.scene.nodes))
 
 def test_numbers_keep_their_point_whatever_the_locale(script, project):
     environment = {**os.environ, "LC_ALL": "de_DE.UTF-8", "LANG": "de_DE.UTF-8"}
-    path = script("import brindle, locale; s = brindle.application().scene; s.framerate = 23.976; print(s.framerate, float('1.5'))")
+    path = script("""
+import brindle
+scene = brindle.application().scene
+scene.framerate = 23.976
+print(scene.framerate, float('1.5'))
+""")
     code, out, _ = run("run", "--project", project, path, env=environment)
     assert (code, out) == (0, "23.976 1.5\n")

@@ -73,7 +73,8 @@ def calls(name, sample):
                     arguments = ("x",)
                 if member["name"] in ("contains", "remove"):
                     arguments = REMOVED.get(type(sample), ("x",))
-                suffix = " of an attribute" if isinstance(sample, brindle.Attribute) and "link" in member["name"] else ""
+                suffix = " of an attribute" if isinstance(sample,
+                                                          brindle.Attribute) and "link" in member["name"] else ""
                 yield member["name"] + suffix, lambda m=member, a=arguments: getattr(sample, m["name"])(*a)
     yield "str", lambda: str(sample)
     for operator, call in (("__len__", lambda: len(sample)), ("__getitem__", lambda: sample[0]),

@@ -56,38 +56,46 @@ GONE, NODE_GONE = support.GONE, support.NODE_GONE
 
 # What a script does while its own class gives a number or a path for a call, and how the call ends.
 CASES = {
-    "a list that is emptied": ("items = [nodes.create('PEG', 'a'), path(None)]; Path.action = clear(items)",
-                               "nodes.remove(items)", "done"),
-    "a list in a list that is emptied": ("inner = [nodes.create('PEG', 'a')]; items = [inner, path(clear(inner))]",
-                                         "nodes.remove(items)", "done"),
-    "a dict that is emptied": ("items = {'a': nodes.create('PEG', 'a'), 'name': path(None)}; Path.action = clear(items)",
-                               "nodes.find(items)", "done"),
-    "an argument ahead that is emptied": ("items = [nodes.create('GROUP', 'g')]",
-                                          "nodes.create('PEG', items, Number(clear(items)))", "done"),
-    "a place that is emptied": ("node = nodes.create('PEG', 'a'); items = [brindle.Point2d(), path(None)]; Path.action = clear(items)",
-                                "setattr(node, 'position', items)", "Unsupported Point3D type."),
-    "the node removed": ("node = nodes.create('PEG', 'a'); angle = node.attributes['angle']",
-                         "angle.set_value(Number(lambda: nodes.remove('Top/a')), 2.0)", GONE),
-    "the node removed late": ("node = nodes.create('PEG', 'a'); angle = node.attributes['angle']",
-                              "angle.set_value(1, Number(lambda: nodes.remove('Top/a')))", GONE),
-    "the node removed from under a property": ("node = nodes.create('PEG', 'a')",
-                                               "setattr(node, 'position', [path(lambda: nodes.remove(node)), 1])", NODE_GONE),
-    "the project closed from under a property": ("node = nodes.create('PEG', 'a')",
-                                                 "setattr(node, 'position', [path(app.close), 1])", NODE_GONE),
+    "a list that is emptied": (
+        "items = [nodes.create('PEG', 'a'), path(None)]; Path.action = clear(items)", "nodes.remove(items)", "done"),
+    "a list in a list that is emptied": (
+        "inner = [nodes.create('PEG', 'a')]; items = [inner, path(clear(inner))]", "nodes.remove(items)", "done"),
+    "a dict that is emptied": (
+        "items = {'a': nodes.create('PEG', 'a'), 'name': path(None)}; Path.action = clear(items)",
+        "nodes.find(items)", "done"),
+    "an argument ahead that is emptied": (
+        "items = [nodes.create('GROUP', 'g')]", "nodes.create('PEG', items, Number(clear(items)))", "done"),
+    "a place that is emptied": (
+        "node = nodes.create('PEG', 'a'); items = [brindle.Point2d(), path(None)]; Path.action = clear(items)",
+        "setattr(node, 'position', items)", "Unsupported Point3D type."),
+    "the node removed": (
+        "angle = nodes.create('PEG', 'a').attributes['angle']",
+        "angle.set_value(Number(lambda: nodes.remove('Top/a')), 2.0)", GONE),
+    "the node removed late": (
+        "angle = nodes.create('PEG', 'a').attributes['angle']",
+        "angle.set_value(1, Number(lambda: nodes.remove('Top/a')))", GONE),
+    "the node removed from under a property": (
+        "node = nodes.create('PEG', 'a')",
+        "setattr(node, 'position', [path(lambda: nodes.remove(node)), 1])", NODE_GONE),
+    "the project closed from under a property": (
+        "node = nodes.create('PEG', 'a')", "setattr(node, 'position', [path(app.close), 1])", NODE_GONE),
     "the project closed from under a subscript": ("", "nodes[Number(app.close)]", GONE),
     "the project closed from under a slice": ("", "nodes[Number(app.close):2]", GONE),
     "the project closed from under a method": ("", "nodes.create('PEG', path(app.close), 'x')", GONE),
     "the project closed from under save_as": ("", "app.save_as(Number(app.close))", GONE),
     "another project from under a method": ("", "nodes.create('PEG', path(lambda: brindle.create(other)), 'x')", GONE),
-    "everything undone from under a method": ("node = nodes.create('PEG', 'a')",
-                                              "node.attributes['angle'].set_value(1, Number(lambda: app.project.history.undo(9)))", GONE),
-    "the keyframe removed from under a value": ("angle = nodes.create('PEG', 'a').attributes['angle']; angle.set_value(5, 1.0); "
-                                                "column = angle.column",
-                                                "column.set_entry(Number(lambda: column.keyframe_remove(5)), 2.0)", "done"),
-    "a list that grows without end": ("items = [path(None)]; Path.action = lambda: items.append(1) if len(items) < 50000 else None; "
-                                      "items *= 100", "nodes.find(items)", "done"),
-    "a call inside a call": ("node = nodes.create('PEG', 'a')",
-                             "nodes.remove([node, path(lambda: nodes.remove([nodes.create('PEG', 'b'), [path(lambda: None)]]))])", "done"),
+    "everything undone from under a method": (
+        "angle = nodes.create('PEG', 'a').attributes['angle']",
+        "angle.set_value(1, Number(lambda: app.project.history.undo(9)))", GONE),
+    "the keyframe removed from under a value": (
+        "angle = nodes.create('PEG', 'a').attributes['angle']; angle.set_value(5, 1.0); column = angle.column",
+        "column.set_entry(Number(lambda: column.keyframe_remove(5)), 2.0)", "done"),
+    "a list that grows": (
+        "items = [path(None)]; Path.action = lambda: items.append(1) if len(items) < 50000 else None; items *= 100",
+        "nodes.find(items)", "done"),
+    "a call inside a call": (
+        "node = nodes.create('PEG', 'a'); inner = lambda: nodes.remove([nodes.create('PEG', 'b'), [Path('p')]])",
+        "nodes.remove([node, path(lambda: (path(lambda: None), inner()))])", "done"),
 }
 
 

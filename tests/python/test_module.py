@@ -21,7 +21,8 @@ SNAKE_CASE = [
     ("BezierColumn", "create_point"), ("DoubleAttribute", "set_value"), ("DoubleAttribute", "set_localvalue"),
     ("DoubleAttribute", "reset_localvalue"), ("Attribute", "get_text_value"), ("Attribute", "set_text_value"),
     ("Node", "parent_scene"), ("Node", "parent_group"), ("Application", "process_one_event"),
-    ("Application", "save_as"), ("Application", "thread_lock"), ("Scene", "frame_count"), ("GroupNode", "multi_port_in"),
+    ("Application", "save_as"), ("Application", "thread_lock"), ("Scene", "frame_count"),
+    ("GroupNode", "multi_port_in"),
     ("InPort", "source_node_flat"), ("BezierColumnValue", "handle_left_x"), ("History", "size_unexecuted"),
 ]
 

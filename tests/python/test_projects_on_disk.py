@@ -129,7 +129,8 @@ GARBAGE = {
     "another format": (b'{"format": "x", "version": 1}', ": format is not \"%s\"."),
     "no version": (b'{"format": "%s"}', ': the file has no field "version".'),
     "numbers in texts": (b'{"format": 5, "version": "x"}', ": format is not a text."),
-    "endless objects": (b"{" * 100_000, ""), "endless lists": (b"[" * 100_000, ""), "endless depth": (b'{"a":' * 100_000, ""),
+    "endless objects": (b"{" * 100_000, ""), "endless lists": (b"[" * 100_000, ""),
+    "endless depth": (b'{"a":' * 100_000, ""),
 }
 
 
@@ -150,7 +151,8 @@ def test_a_file_of_garbage_is_damaged(other, saved_folder, file, format_, name):
 def test_a_newer_file_names_its_version(other, saved_folder, file, version):
     path = saved_folder / file
     path.write_text(path.read_text().replace('"version": 1', f'"version": {version}'))
-    assert open_error(saved_folder) == f'"{path}" has format version {version}, and this version of the application reads version 1.'
+    sentence = f'"{path}" has format version {version}, and this version of the application reads version 1.'
+    assert open_error(saved_folder) == sentence
 
 
 @pytest.mark.parametrize("version", ["0", "-1", '"1"', "1.5", "2147483648", "null", "[1]"])
@@ -184,7 +186,8 @@ def test_a_scene_outside_of_the_folder_is_not_read(other, saved_folder):
 
 def test_every_value_of_a_file_may_be_another_one(folder, tmp_path):
     """Each value of the files in turn becomes one of another kind: it opens, or it is damaged at a place."""
-    done = support.run(support.PYTHON, support.ROOT / "tests/python/damage.py", folder.with_name("damaged"), tmp_path / "report",
+    done = support.run(support.PYTHON, support.ROOT / "tests/python/damage.py", folder.with_name("damaged"),
+                       tmp_path / "report",
                        timeout=600)
     last = (tmp_path / "report").read_text(errors="replace").strip()
     assert done.returncode == 0, f"the process ended with {done.returncode} at {last}\n{done.stderr[-2000:]}"

@@ -202,7 +202,8 @@ for i in range(30):
 def test_a_save_that_was_interrupted_is_completed_by_the_next_process(project):
     stage = project / ".brindle-save"
     stage.mkdir()
-    changed = (project / SCENE).read_bytes().replace(b'"frames": 60', b'"frames": 99').replace(b'"stop": 60', b'"stop": 99')
+    changed = (project / SCENE).read_bytes().replace(b'"frames": 60', b'"frames": 99').replace(b'"stop": 60',
+                                                                                               b'"stop": 99')
     (stage / "0").write_bytes(changed)
     (stage / "journal.json").write_text(
         f'{{"format": "brindle-journal", "version": 1, "replace": ["{SCENE}"], "remove": []}}')

@@ -60,7 +60,8 @@ def test_a_context_closes_at_its_end_and_saves_nothing(folder):
     assert support.files(folder) == before
 
 
-@pytest.mark.parametrize("error", [KeyError("x"), ValueError(), brindle.Error("mine"), SystemExit(3), KeyboardInterrupt()], ids=repr)
+@pytest.mark.parametrize("error", [KeyError("x"), ValueError(), brindle.Error("mine"), SystemExit(3),
+                                   KeyboardInterrupt()], ids=repr)
 def test_a_context_lets_a_failure_pass_and_closes(folder, error):
     with pytest.raises(type(error)) as failure:
         with brindle.create(folder) as app:

@@ -66,7 +66,8 @@ def read(number):
                 if node is not None:
                     node.path, node.position.x, [str(a) for a in node.attributes], node.ports_in[0].source_node
             except brindle.Error as error:
-                expect(str(error) in (support.GONE, support.NODE_GONE, support.APART, "Port index is out of range."), str(error))
+                known = support.GONE, support.NODE_GONE, support.APART, "Port index is out of range."
+                expect(str(error) in known, str(error))
 
 readers = [threading.Thread(target=guard(read), args=(i,)) for i in range(3)]
 for reader in readers:
@@ -98,7 +99,8 @@ def work(number):
                 app.close()
             [node.name for node in nodes]
         except brindle.Error as error:
-            expect(str(error) in (support.GONE, support.NODE_GONE, "Cannot save the project: no project is open."), str(error))
+            known = support.GONE, support.NODE_GONE, "Cannot save the project: no project is open."
+            expect(str(error) in known, str(error))
 
 run_all(work, 4)
 for path in paths:

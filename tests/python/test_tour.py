@@ -44,7 +44,8 @@ def test_its_picture_is_a_drawing_of_every_node(tour):
 def test_its_project_is_a_walk_that_can_be_opened(tour):
     with brindle.open(tour[0] / "out" / "walk-cycle") as app:
         assert app.scene.frame_count == 48
-        keyed = [attribute for node in app.scene.nodes if node.type == "PEG" for attribute in node.attributes if attribute.column_name]
+        keyed = [attribute for node in app.scene.nodes if node.type == "PEG" for attribute in node.attributes
+                 if attribute.column_name]
         assert len(keyed) >= 8
         assert all(1 <= frame <= 48 for attribute in keyed for frame in attribute.column.keyframe_list())
     text = support.run_command("info", tour[0] / "out" / "walk-cycle").stdout

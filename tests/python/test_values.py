@@ -29,7 +29,8 @@ AS_TEXT = [
 # A property that takes no such value names the type that arrived.
 ARRIVES_AS = [
     (None, "std::nullptr_t"), (2**31, "qlonglong"), (-2**63, "qlonglong"), (1e300, "double"), (math.nan, "double"),
-    (math.inf, "double"), ("Arm", "QString"), ("", "QString"), (pathlib.Path("a"), "QString"), (["a", "b"], "QStringList"), (("a",), "QStringList"),
+    (math.inf, "double"), ("Arm", "QString"), ("", "QString"), (pathlib.Path("a"), "QString"),
+    (["a", "b"], "QStringList"), (("a",), "QStringList"),
     ([], "QVariantList"), ((), "QVariantList"), (["a", 1], "QVariantList"), ([1, 2.5], "QVariantList"),
     ([["a"]], "QVariantList"), ({}, "QVariantMap"), ({"a": [1]}, "QVariantMap"),
     (re.compile("x"), "QRegularExpression"), (brindle.Point2d(), "QObject*"),

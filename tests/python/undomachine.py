@@ -1,139 +1,21 @@
-"""A random program over everything that a script can change, beside a model of the undo list.
-
-After each step the undo list is as the model has it, and outside of brackets the project's saved form is the one that
-belongs to the present place in the list: so undo and redo are exact at every step, and not at the ends alone.
-"""
-
-import pathlib
-import tempfile
+"""A random program over everything that a script can change, checked by the model of the undo list at each step."""
 
 import brindle
 from hypothesis import strategies as st
-from hypothesis.stateful import RuleBasedStateMachine, invariant, precondition, rule
+from hypothesis.stateful import precondition, rule
 
-import support
+from undomodel import NAME, UndoModel, pick
 
 INDEX = st.integers(0, 1000)
 FRAME = st.integers(-3, 70)
 NUMBER = st.one_of(st.integers(-5, 5).map(float), st.floats(-1e6, 1e6), st.sampled_from([0.0, -0.0, 1e-300, 1e15]))
-NAME = st.sampled_from(["Arm", "Leg", "Arm_1", "a b", "x/y", "ä", "\U0001f600", "", "Top", "%1", "A" * 60])
-TYPE = st.sampled_from(["PEG", "PEG", "READ", "CAMERA", "DISPLAY", "COMPOSITE", "WRITE", "GROUP", "GROUP", "COLOR_CARD", "BLUR",
-                        "CUTTER", "MULTIPORT_IN", "MULTIPORT_OUT", "NOTHING"])
+TYPE = st.sampled_from(["PEG", "PEG", "READ", "CAMERA", "DISPLAY", "COMPOSITE", "WRITE", "GROUP", "GROUP", "COLOR_CARD",
+                        "BLUR", "CUTTER", "MULTIPORT_IN", "MULTIPORT_OUT", "NOTHING"])
 PORT = st.sampled_from([None, "image", "peg"])
 SOME_FRAMES = st.one_of(FRAME, st.lists(FRAME, max_size=4), st.floats(0, 60).map(lambda frame: round(frame, 2)))
 
 
-def pick(items, index):
-    items = list(items)
-    return items[index % len(items)] if items else None
-
-
-class UndoMachine(RuleBasedStateMachine):
-    def __init__(self):
-        super().__init__()
-        self.parent = tempfile.TemporaryDirectory(dir=support.MEMORY)
-        self.folder = pathlib.Path(self.parent.name) / "project"
-        self.app = brindle.create(self.folder)
-        support.samples(self.app)
-        self.app.project.history.clear()
-        self.begin_anew()
-
-    def begin_anew(self):
-        self.scene = self.app.scene
-        self.history = self.app.project.history
-        self.labels = []
-        self.states = [self.saved()]
-        self.done = 0
-        self.bracket = None
-        self.depth = 0
-        self.pending = False
-
-    def teardown(self):
-        try:
-            while self.depth:
-                self.end()
-            last = self.saved()
-            self.history.undo(len(self.labels) + 1)
-            assert self.saved() == self.states[0], "undoing all"
-            self.history.redo(len(self.labels) + 1)
-            assert self.saved() == self.states[-1], "redoing all"
-            if self.done == len(self.labels):
-                assert self.saved() == last
-            self.app.save_as(self.folder.with_name("other"))
-            assert support.files(self.folder.with_name("other")) == self.states[-1]
-        finally:
-            self.app.close()
-            self.parent.cleanup()
-
-    # The model.
-
-    def saved(self):
-        return support.saved(self.app, self.folder)
-
-    def do(self, label, call):
-        """Runs a change. When it has run a command, the entry has that label; when not, nothing has changed."""
-        before = self.saved()
-        try:
-            call()
-            failed = False
-        except brindle.Error:
-            failed = True
-        ran = self.app.project.dirty
-        assert not (failed and ran), "a change that failed has left a command"
-        if not ran:
-            assert self.saved() == before, "there is a change without a command"
-        elif self.bracket is not None:
-            self.pending = True
-        else:
-            self.push(label)
-
-    def push(self, label):
-        del self.labels[self.done:], self.states[self.done + 1:]
-        self.labels.append(label)
-        self.states.append(self.saved())
-        self.done += 1
-
-    @invariant()
-    def the_undo_list_is_as_expected(self):
-        assert self.history.list() == self.labels[:self.done]
-        assert self.history.size_executed == self.done
-        assert self.history.size_unexecuted == len(self.labels) - self.done
-        assert self.history.current == ("NONE" if self.bracket is None else self.bracket)
-        if self.bracket is None:
-            assert self.saved() == self.states[self.done]
-
-    # What the rules work on.
-
-    def nodes(self):
-        return self.scene.nodes.list()
-
-    def node(self, index):
-        return pick(self.nodes(), index)
-
-    def groups(self):
-        return [self.scene.top, *(node for node in self.nodes() if isinstance(node, brindle.GroupNode))]
-
-    def ports(self, inside):
-        for node in self.nodes():
-            if node.type != ("MULTIPORT_IN" if inside else "MULTIPORT_OUT"):
-                yield from (node.ports_in if inside else node.ports_out).list()
-
-    def cable(self, index):
-        return pick([cable for port in self.ports(False) for cable in port.cables], index)
-
-    def attributes(self, kind):
-        for node in self.nodes():
-            for attribute in node.attributes:
-                yield from (part for part in [attribute, *(attribute.subattributes or [])] if type(part) is kind)
-
-    def column(self, index):
-        found = {}
-        for attribute in self.attributes(brindle.DoubleAttribute):
-            column = attribute.column
-            if column is not None:
-                found[column.name] = column
-        return pick(found.values(), index)
-
+class UndoMachine(UndoModel):
     # The scene.
 
     @rule(count=st.integers(-1, 90))
@@ -187,7 +69,8 @@ class UndoMachine(RuleBasedStateMachine):
     def multi_port(self, index, inside):
         group = pick(self.groups()[1:], index)
         if group is not None:
-            self.do("Add Multi-Port-In" if inside == "multi_port_in" else "Add Multi-Port-Out", lambda: getattr(group, inside))
+            self.do("Add Multi-Port-In" if inside == "multi_port_in" else "Add Multi-Port-Out",
+                    lambda: getattr(group, inside))
 
     # Links.
 
@@ -206,7 +89,8 @@ class UndoMachine(RuleBasedStateMachine):
     def link_by_property(self, source, other, whole):
         port, feeding = pick(self.ports(True), other), pick(self.ports(False), source)
         if port is not None and feeding is not None:
-            self.do("Connecting ports.", lambda: setattr(port, "source", feeding) if whole else setattr(port, "source_node", feeding.node))
+            self.do("Connecting ports.", lambda: setattr(port, "source", feeding) if whole
+                    else setattr(port, "source_node", feeding.node))
 
     @rule(index=INDEX)
     def unlink_in_port(self, index):
@@ -225,14 +109,16 @@ class UndoMachine(RuleBasedStateMachine):
                         "paths": ("Disconnecting ports.", [other.node.name])}[form]
         self.do(label, lambda: port.unlink(value))
 
-    @rule(index=INDEX, other=INDEX, what=st.sampled_from(["source", "source_node", "destination", "destination_node", "insert", "unlink"]))
+    @rule(index=INDEX, other=INDEX, what=st.sampled_from(["source", "source_node", "destination", "destination_node",
+                                                          "insert", "unlink"]))
     def change_cable(self, index, other, what):
         cable, node = self.cable(index), self.node(other)
         if cable is None:
             return
         label = {"source": "Connecting ports.", "destination": "Changing the cable's destination node.",
                  "insert": "Inserting a node.", "unlink": "Unlink Port"}.get(what, "Changing the cable's source node.")
-        call = {"insert": lambda: cable.insert(node), "unlink": cable.unlink}.get(what, lambda: setattr(cable, what, node))
+        call = {"insert": lambda: cable.insert(node), "unlink": cable.unlink}.get(what,
+                                                                                  lambda: setattr(cable, what, node))
         self.do(label, call)
 
     @rule(index=INDEX, place=st.integers(0, 3), type_=PORT, side=st.sampled_from(["in", "out"]))
@@ -242,7 +128,8 @@ class UndoMachine(RuleBasedStateMachine):
             return
         ports = node.ports_in if side == "in" else node.ports_out
         if ports.dynamic:
-            label = "Add out-port to the node." if side == "out" else "Add inport to the node." if node.type == "GROUP" else "Add in-port node."
+            in_label = "Add inport to the node." if node.type == "GROUP" else "Add in-port node."
+            label = in_label if side == "in" else "Add out-port to the node."
             self.do(label, lambda: ports.create(place, type_))
 
     @rule(index=INDEX, place=st.integers(0, 3), side=st.sampled_from(["in", "out"]))
@@ -256,7 +143,8 @@ class UndoMachine(RuleBasedStateMachine):
 
     # Attributes.
 
-    @rule(index=INDEX, frame=FRAME, value=NUMBER, what=st.sampled_from(["value", "local", "reset", "reset local", "text"]))
+    @rule(index=INDEX, frame=FRAME, value=NUMBER,
+          what=st.sampled_from(["value", "local", "reset", "reset local", "text"]))
     def number(self, index, frame, value, what):
         attribute = pick(self.attributes(brindle.DoubleAttribute), index)
         if attribute is None:
@@ -266,7 +154,8 @@ class UndoMachine(RuleBasedStateMachine):
             "local": ("Set Attribute local value.", lambda: attribute.set_localvalue(value)),
             "reset": ("Set Attribute Value", lambda: attribute.reset_value(frame)),
             "reset local": ("Set Attribute local value.", attribute.reset_localvalue),
-            "text": (f"Set {attribute.keyword} of {attribute.node().name}", lambda: attribute.set_text_value(frame, repr(value))),
+            "text": (f"Set {attribute.keyword} of {attribute.node().name}",
+                     lambda: attribute.set_text_value(frame, repr(value))),
         }[what]
         self.do(label, call)
 
@@ -311,15 +200,18 @@ class UndoMachine(RuleBasedStateMachine):
         if attribute is None or column is None:
             return
         name = column.name
-        call = {"object": lambda: setattr(attribute, "column", column), "name": lambda: setattr(attribute, "column", name),
-                "column_name": lambda: setattr(attribute, "column_name", name), "link": lambda: attribute.link(column)}[form]
+        call = {"object": lambda: setattr(attribute, "column", column),
+                "name": lambda: setattr(attribute, "column", name),
+                "column_name": lambda: setattr(attribute, "column_name", name),
+                "link": lambda: attribute.link(column)}[form]
         self.do(f"Linking {attribute.keyword} of {attribute.node().name} to {name}", call)
 
     @rule(index=INDEX, form=st.sampled_from(["None", "text", "column_name", "unlink"]))
     def unlink_column(self, index, form):
         attribute = pick((a for a in self.attributes(brindle.DoubleAttribute) if a.column_name), index)
         if attribute is not None:
-            call = {"None": lambda: setattr(attribute, "column", None), "text": lambda: setattr(attribute, "column", ""),
+            call = {"None": lambda: setattr(attribute, "column", None),
+                    "text": lambda: setattr(attribute, "column", ""),
                     "column_name": lambda: setattr(attribute, "column_name", ""), "unlink": attribute.unlink}[form]
             self.do(f"Unlinking {attribute.keyword} of {attribute.node().name}", call)
 
@@ -344,7 +236,8 @@ class UndoMachine(RuleBasedStateMachine):
         count = len(frames) if isinstance(frames, list) else 1
         if through_points:
             verb = "Create" if create else "Remove"
-            label = f"{verb} {count} keyframes." if count < 2 else ("Create a keyframe." if create else "Remove keyframe.")
+            label = f"{verb} {count} keyframes." if count < 2 else ("Create a keyframe." if create
+                                                                    else "Remove keyframe.")
             points = column.control_points
             self.do(label, lambda: (points.create if create else points.remove)(frames))
         else:
@@ -363,7 +256,8 @@ class UndoMachine(RuleBasedStateMachine):
     def create_point(self, index, frame, numbers, const, continuity):
         column = self.column(index)
         if column is not None:
-            self.do(f"Set Bezier Point {column.display_name}", lambda: column.create_point(frame, *numbers, const, continuity))
+            self.do(f"Set Bezier Point {column.display_name}",
+                    lambda: column.create_point(frame, *numbers, const, continuity))
 
     @rule(index=INDEX, frame=FRAME, number=NUMBER,
           what=st.sampled_from(["value", "handle_left_x", "handle_left_y", "handle_right_x", "handle_right_y"]))
@@ -407,49 +301,3 @@ class UndoMachine(RuleBasedStateMachine):
         if column is not None:
             label = f"Set {what.capitalize()} {'for' if what == 'step' else 'Frame for'} Hold"
             self.do(label, lambda: setattr(column, f"hold_{what}", value))
-
-    # The history and the folder.
-
-    @rule(count=st.integers(0, 8))
-    def undo(self, count):
-        self.history.undo(count)
-        if self.bracket is None:
-            self.done = max(0, self.done - count)
-
-    @rule(count=st.integers(0, 8))
-    def redo(self, count):
-        self.history.redo(count)
-        if self.bracket is None:
-            self.done = min(len(self.labels), self.done + count)
-
-    @rule(name=NAME)
-    def begin(self, name):
-        self.history.begin(name)
-        self.depth += 1
-        if self.bracket is None:
-            self.bracket, self.pending = name, False
-
-    @precondition(lambda self: self.depth)
-    @rule()
-    def end(self):
-        self.history.end()
-        self.depth -= 1
-        if self.depth == 0:
-            name, self.bracket = self.bracket, None
-            if self.pending:
-                self.push(name)
-
-    @precondition(lambda self: self.depth)
-    @rule()
-    def cancel(self):
-        self.history.cancel()
-        self.depth, self.bracket = 0, None
-
-    @precondition(lambda self: not self.depth)
-    @rule()
-    def open_again(self):
-        state = self.states[self.done]
-        assert self.saved() == state
-        self.app = brindle.open(self.folder)
-        self.begin_anew()
-        assert self.states == [state], "what was opened is saved as it was"
