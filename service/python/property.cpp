@@ -104,6 +104,7 @@ void write(PyObject* self, const Property& property, PyObject* value)
 /// The script method behind a property: a descriptor of the type, and what it gives when it is bound to an object.
 struct Accessor {
     PyObject_HEAD
+    PyTypeObject* owner; ///< Types live as long as the process.
     const Property* property;
     PyObject* self;
     bool setter;
@@ -111,11 +112,12 @@ struct Accessor {
 
 PyTypeObject* accessorType = nullptr;
 
-PyObject* newAccessorOn(const Property* property, bool setter, PyObject* self)
+PyObject* newAccessorOn(PyTypeObject* owner, const Property* property, bool setter, PyObject* self)
 {
     auto* accessor = PyObject_New(Accessor, accessorType);
     if (!accessor)
         return nullptr;
+    accessor->owner = owner;
     accessor->property = property;
     accessor->setter = setter;
     Py_XINCREF(self);
@@ -130,7 +132,13 @@ PyObject* bindAccessor(PyObject* descriptor, PyObject* object, PyObject*)
         Py_INCREF(descriptor);
         return descriptor;
     }
-    return newAccessorOn(accessor->property, accessor->setter, object);
+    if (!PyObject_TypeCheck(object, accessor->owner)) {
+        PyErr_Format(PyExc_TypeError, "descriptor '%s_%s' for '%s' objects doesn't apply to a '%s' object",
+                     accessor->setter ? "set" : "get", accessor->property->meta.name(), accessor->owner->tp_name,
+                     Py_TYPE(object)->tp_name);
+        return nullptr;
+    }
+    return newAccessorOn(accessor->owner, accessor->property, accessor->setter, object);
 }
 
 PyObject* callAccessor(PyObject* callable, PyObject* arguments, PyObject* names)
@@ -200,9 +208,9 @@ const char* typeName(const QMetaProperty& meta)
     return propertyType(meta).name;
 }
 
-PyObject* newAccessor(const Property& property, bool setter)
+PyObject* newAccessor(PyTypeObject* owner, const Property& property, bool setter)
 {
-    return newAccessorOn(&property, setter, nullptr);
+    return newAccessorOn(owner, &property, setter, nullptr);
 }
 
 bool addAccessorType()

@@ -26,8 +26,8 @@ int setProperty(PyObject* self, PyObject* value, void* property);
 /// The name of the property's type in a signature.
 const char* typeName(const QMetaProperty& meta);
 
-/// A new descriptor for the script method "get_x" or "set_x" behind a property x.
-PyObject* newAccessor(const Property& property, bool setter);
+/// A new descriptor for the script method "get_x" or "set_x" behind a property x of a type.
+PyObject* newAccessor(PyTypeObject* owner, const Property& property, bool setter);
 bool addAccessorType();
 
 } // namespace brindle::python

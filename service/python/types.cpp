@@ -133,7 +133,7 @@ void addAccessors(const TypeStorage& storage)
             const auto& methods = storage.table.methods;
             if (std::any_of(methods.begin(), methods.end(), [&](const Method& method) { return name == method.name; }))
                 continue;
-            const Ref accessor(newAccessor(property, setter));
+            const Ref accessor(newAccessor(storage.type, property, setter));
             if (!accessor ||
                 PyObject_SetAttrString(reinterpret_cast<PyObject*>(storage.type), name.c_str(), accessor.get()) < 0)
                 throw PythonError{};
@@ -187,8 +187,11 @@ void addClass(PyObject* module, const ClassTable& table)
     if (!base)
         typeSlots.push_back({Py_tp_members, members});
     typeSlots.push_back({0, nullptr});
-    PyType_Spec spec = {storage.qualifiedName.c_str(), sizeof(Wrapper), 0, Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE,
-                        typeSlots.data()};
+    // A word more than the base: Python takes types of one layout for interchangeable, in `object.__class__ = other` and
+    // in a class with two bases, where the object behind them is of one class only.
+    const auto size = baseType ? baseType->tp_basicsize + Py_ssize_t(sizeof(void*)) : Py_ssize_t(sizeof(Wrapper));
+    PyType_Spec spec = {storage.qualifiedName.c_str(), static_cast<int>(size), 0,
+                        Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE, typeSlots.data()};
     const Ref bases(baseType ? PyTuple_Pack(1, baseType) : nullptr);
     storage.type = reinterpret_cast<PyTypeObject*>(PyType_FromSpecWithBases(&spec, bases.get()));
     if (!storage.type)
