@@ -233,6 +233,15 @@ def test_a_cable_that_a_node_was_put_into_is_no_longer_one(rig):
     assert support.message_of(lambda: rig["cable"].source) == support.APART
 
 
+def test_the_place_of_the_way_in_serves_the_way_out_too(rig):
+    group = create(rig, "GROUP", "Rig")
+    for ports in (group.ports_in, group.ports_out):
+        ports.create("peg"), ports.create("peg")
+    rig["cable"].insert(group, 1, 0)
+    assert group.ports_in[1].source_node == rig["peg"] and not group.ports_in[0].linked
+    assert rig["in-port"].source.index == 1 and rig["in-port"].source_node == group
+
+
 def test_a_group_is_seen_through_by_the_flat_views(rig):
     inner = rig["nodes of the scene"]["Top/Sample-Group/Sample-Inner"]
     port = inner.ports_in[0]
