@@ -168,6 +168,14 @@ struct From<QVariant> {
     static QVariant fallback(std::string_view) { return {}; }
 };
 
+/// Whatever Python passes, as it is and still the caller's.
+template <>
+struct From<PyObject*> {
+    static constexpr const char* type = "object";
+    static bool accepts(PyObject*) { return true; }
+    static PyObject* read(PyObject* value, unsigned int) { return value; }
+};
+
 template <>
 struct From<OMC::Obj> {
     static constexpr const char* type = "BaseObject | None";

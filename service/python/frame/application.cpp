@@ -13,7 +13,7 @@ PyObject* enter(const ServiceApplication& application)
 }
 
 /// Closes the project, saves nothing, and lets an exception of the block go on.
-bool leave(const ServiceApplication& application, const QVariant&, const QVariant&, const QVariant&)
+bool leave(const ServiceApplication& application, PyObject*, PyObject*, PyObject*)
 {
     close(application);
     return false;
