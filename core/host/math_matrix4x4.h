@@ -81,16 +81,17 @@ public:
 
     /// Takes the matrix apart in the plane, about a pivot: it is
     ///     translate(tx, ty, tz) translate(pivot) rotate(rotation) skew(skew) scale(sx, sy, 1) translate(-pivot),
-    /// angles in degrees. The flags ask for a negative scale in x and in y; where both can't be had, x decides and y
-    /// follows from whether the matrix mirrors. False where the parts don't give the matrix back: it reaches out of the
-    /// plane, or maps the plane onto a slanted line; the parts are the nearest ones then.
+    /// angles in degrees. A matrix that mirrors has one negative scale: y's, or x's with `negativeX`. One that doesn't
+    /// has none, or two with either flag. The homogeneous scale is divided out. False where the parts don't give the
+    /// matrix back (it reaches out of the plane, or maps the plane onto a slanted line): they are the nearest ones
+    /// then, and the identity's where a cell isn't finite.
     bool extractParameters(bool negativeX, bool negativeY, double pivotX, double pivotY, double& tx, double& ty,
                            double& tz, double& sx, double& sy, double& rotation, double& skew) const;
     /// Takes the matrix apart in space, about a pivot: it is
     ///     translate(tx, ty, tz) translate(pivot) rotateZ(rz) rotateY(ry) rotateX(rx) scale(sx, sy, sz)
     ///     translate(-pivot),
-    /// angles in degrees. A mirroring matrix has a negative sy. False where the parts don't give the matrix back: its
-    /// axes aren't at right angles, or it is a projection.
+    /// angles in degrees. A matrix that mirrors has a negative sy. False where the parts don't give the matrix back
+    /// (its axes aren't at right angles, or it is a projection): as above.
     bool extractParameters(double pivotX, double pivotY, double pivotZ, double& tx, double& ty, double& tz, double& sx,
                            double& sy, double& sz, double& rx, double& ry, double& rz) const;
 
