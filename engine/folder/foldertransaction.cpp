@@ -243,6 +243,17 @@ bool FolderTransaction::isCommitted(const QString& folder)
     return folder_io::kindOf(journalPath(folder)) == FileKind::File;
 }
 
+QHash<QString, QString> FolderTransaction::waiting(const QString& folder)
+{
+    QHash<QString, QString> places;
+    const QStringList paths = isCommitted(folder) ? readJournal(folder).replaced : QStringList();
+    for (int i = 0; i < paths.size(); ++i) {
+        if (folder_io::kindOf(stagedPath(folder, i)) == FileKind::File)
+            places.insert(paths.at(i), stagedPath(folder, i));
+    }
+    return places;
+}
+
 void FolderTransaction::recover(const QString& folder)
 {
     if (isCommitted(folder))

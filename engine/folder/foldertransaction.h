@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -33,6 +34,9 @@ public:
     /// Whether a process was killed while it changed the folder; and whether the change has happened.
     static bool isInterrupted(const QString& folder);
     static bool isCommitted(const QString& folder);
+    /// The files of a change that has happened and waits to be ended, by path, and where their new contents stand
+    /// meanwhile; for who reads the folder and may not change it.
+    static QHash<QString, QString> waiting(const QString& folder);
     /// Ends what was interrupted. Throws `FolderFailure`; a change that has happened then still waits to be ended.
     static void recover(const QString& folder);
 

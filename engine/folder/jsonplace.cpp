@@ -190,17 +190,19 @@ int JsonPlace::oneOf(std::initializer_list<const char*> texts) const
     fail(QStringLiteral("is not ") + names.join(QStringLiteral(" or ")));
 }
 
-void JsonPlace::requireFormat(const char* format, int version) const
+int JsonPlace::requireFormat(const char* format, int newest) const
 {
     const JsonPlace name = field("format");
     if (name.text() != QLatin1String(format))
         name.fail(QStringLiteral("is not \"%1\"").arg(QLatin1String(format)));
-    if (const int found = field("version").integer(1, std::numeric_limits<int>::max()); found > version) {
+    const int found = field("version").integer(1, std::numeric_limits<int>::max());
+    if (found > newest) {
         const QString known =
-            version == 1 ? QStringLiteral("version 1") : QStringLiteral("versions up to %1").arg(version);
+            newest == 1 ? QStringLiteral("version 1") : QStringLiteral("versions up to %1").arg(newest);
         throw FolderFailure{quoted(m_file->path()) + " has format version " + QString::number(found) +
                             ", and this version of the application reads " + known};
     }
+    return found;
 }
 
 } // namespace engine

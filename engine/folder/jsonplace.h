@@ -62,8 +62,8 @@ public:
     double number() const;                                     ///< Finite.
     int oneOf(std::initializer_list<const char*> texts) const; ///< Which of the texts it is.
 
-    /// The head that each file of a project begins with. A newer version than known is refused.
-    void requireFormat(const char* format, int version) const;
+    /// The head that each file of a project begins with; gives the version. A newer one than `newest` is refused.
+    int requireFormat(const char* format, int newest) const;
 
     /// Throws; `reason` follows the path: "is not a text".
     [[noreturn]] void fail(const QString& reason) const;
