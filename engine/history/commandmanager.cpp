@@ -73,6 +73,8 @@ void CommandManager::clearHistory()
     if (m_stepping)
         return;
     dropRedo();
+    if (m_done > 0)
+        m_changeBefore = m_entries.back().label;
     m_forgotten += m_done;
     m_done = 0;
     while (!m_entries.empty())
@@ -103,6 +105,13 @@ QStringList CommandManager::collectUnexecutedNames() const
     for (std::size_t i = m_done; i < m_entries.size(); ++i)
         names.append(m_entries[i].label);
     return names;
+}
+
+QString CommandManager::lastChange() const
+{
+    if (m_pending > 0)
+        return m_scopes.front().label;
+    return m_done > 0 ? m_entries[m_done - 1].label : m_changeBefore;
 }
 
 void CommandManager::openScope(const QString& label)
@@ -178,6 +187,7 @@ void CommandManager::dropRedo()
 void CommandManager::dropBeyondLimit()
 {
     while (m_entries.size() > m_maxSize && m_done > 0) {
+        m_changeBefore = m_entries.front().label;
         m_entries.pop_front();
         --m_done;
         ++m_forgotten;

@@ -50,6 +50,11 @@ public:
     bool isDirty() const override { return m_saved != current(); }
     void setClean() override { m_saved = current(); }
 
+    /// The label of the change that led to the present state: of an open scope with content, else of the last entry
+    /// that is done, also when it left the list at its beginning; of a project that was just opened, what it was given.
+    QString lastChange() const;
+    void setChangeBefore(const QString& label) { m_changeBefore = label; } ///< Of the change ahead of all entries.
+
 protected:
     void openScope(const QString& label) override;
     void closeScope() override;
@@ -83,6 +88,7 @@ private:
     std::deque<Entry> m_entries;
     std::size_t m_done = 0;        ///< The entries before this place are done, those behind it undone.
     std::uint64_t m_forgotten = 0; ///< Entries that left the list at its beginning.
+    QString m_changeBefore;        ///< The label of the last of them.
     std::size_t m_maxSize = defaultHistoryMaxSize;
     std::vector<Scope> m_scopes; ///< Outermost first.
     std::size_t m_pending = 0;   ///< Commands of all open scopes.
