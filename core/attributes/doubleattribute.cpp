@@ -27,14 +27,14 @@ double DoubleAttribute::localvalue() const
 void DoubleAttribute::setValue(int frame, double value, bool adjustColumn)
 {
     auto& attr = typed<AT_DoubleAttr>();
-    typed::requireFinite(value, 1);
+    requireFinite(value, 1);
     typed::setValue(attr, frame, value, adjustColumn, tr("Set Attribute Value"));
 }
 
 void DoubleAttribute::setLocalvalue(double value)
 {
     auto& attr = typed<AT_DoubleAttr>();
-    typed::requireFinite(value, 0);
+    requireFinite(value, 0);
     typed::setLocalValue(attr, value, tr("Set Attribute local value."));
 }
 
@@ -53,7 +53,7 @@ void DoubleAttribute::resetLocalvalue()
 void DoubleAttribute::offsetValue(const QVariant& range, double delta)
 {
     auto& attr = typed<AT_DoubleAttr>();
-    typed::requireFinite(delta, 1);
+    requireFinite(delta, 1);
     typed::offsetValue(attr, range, delta, tr("Set Attribute Value"));
 }
 

@@ -2,10 +2,10 @@
 
 #include "core/attributes/attribute.h"
 #include "core/attributes/attributebuilder.h"
+#include "core/frame/finite.h"
 #include "core/frame/undo.h"
 #include "core/host/pr_preference.h"
 
-#include <cmath>
 #include <limits>
 #include <memory>
 
@@ -54,13 +54,6 @@ void offsetValue(T& attr, const QVariant& range, const typename T::ValueType& de
     manager.execute(new tu_attr::OffsetValueAllFramesCmd<T>(
                         attr, delta, isRange ? MO_FrameRange(start, 0, end - start) : MO_FrameRange(start)),
                     label);
-}
-
-/// Refuses a number that is not finite, by the argument's place.
-inline void requireFinite(double value, unsigned int argument)
-{
-    if (!std::isfinite(value))
-        BaseObject::throwInvalidArgument(argument);
 }
 
 } // namespace OMC::typed
