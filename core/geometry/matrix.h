@@ -47,7 +47,6 @@ public:
 
     BaseObject* copy() const override;
     std::string __str__() const override;
-    using BaseObject::filterDir;
     bool filterDir(std::string& name) const override;
 
     /// A new matrix, which the caller owns: of a matrix or a transformation as it is; of a point or vector, the move
@@ -76,9 +75,9 @@ public:
     void reset();
     void normalize();
     void transpose();
-    void inverse();             ///< Throws where there is none.
-    Matrix* getInverse() const; ///< Throws where there is none.
-    Matrix* matrixRotation() const;
+    void inverse();         ///< Throws where there is none.
+    Obj getInverse() const; ///< Throws where there is none.
+    Obj matrixRotation() const;
     void multiply(const QVariant& other);
     void translate(double x, double y, double z);
     void translate(const QVariant& vector);
@@ -123,7 +122,6 @@ public:
     bool getPerspective() const;
 
 private:
-    QVariant axis(int index) const;
     void setCells(std::size_t first, const QVariant& value);
 
     struct Private;
