@@ -45,12 +45,14 @@ def docstring(text, indent):
     return f'{indent}"""{text}"""' if text else ""
 
 
-def stub_method(name, forms, text):
+def stub_method(name, forms, text, static):
     lines = []
     for form in forms:
         if len(forms) > 1:
             lines.append("    @overload")
-        lines.append(f"    def {name}{signature(form)}:")
+        if static:
+            lines.append("    @staticmethod")
+        lines.append(f"    def {name}{form if static else signature(form)}:")
         lines.append(docstring(text, "        "))
         lines.append("        ...")
     return lines
@@ -67,7 +69,7 @@ def stub_class(entry):
         if item["writable"]:
             lines += [f"    @{item['name']}.setter", f"    def {item['name']}(self, value: Any) -> None: ..."]
     for item in entry["methods"]:
-        lines += stub_method(item["name"], item["forms"], item["text"])
+        lines += stub_method(item["name"], item["forms"], item["text"], item["static"])
     lines += ["    " + OPERATORS[name] for name in entry["operators"]]
     if lines[-1].startswith('    """') or not entry["properties"] + entry["methods"] + entry["operators"]:
         lines.append("    ...")
@@ -116,7 +118,8 @@ def reference(classes):
         if entry["methods"]:
             lines += ["", "| method | does |", "|---|---|"]
             for item in entry["methods"]:
-                forms = "<br>".join(f"`{item['name']}{form}`".replace("|", "\\|") for form in item["forms"])
+                owner = f"{entry['name']}." if item["static"] else ""
+                forms = "<br>".join(f"`{owner}{item['name']}{form}`".replace("|", "\\|") for form in item["forms"])
                 lines.append(f"| {forms} | {item['text']} |")
     return "\n".join(lines) + "\n"
 

@@ -90,6 +90,14 @@ public:
         return *this;
     }
 
+    /// A static method under its script name, with its forms (StaticForm).
+    template <Text Name, typename... Forms>
+    Class& staticMethod(const char* documentation)
+    {
+        m_table.methods.push_back(python::staticMethod<Name, Forms...>(documentation));
+        return *this;
+    }
+
     /// A public member.
     template <auto Field>
     Class& member(const char* name, const char* documentation);

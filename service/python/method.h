@@ -44,6 +44,15 @@ struct Signature<R (*)(C&, A...)> : Signature<R (C::*)(A...)> {};
 template <typename R, typename C, typename... A>
 struct Signature<R (*)(const C&, A...)> : Signature<R (C::*)(A...)> {};
 
+/// The result and arguments of a function that needs no object.
+template <typename Function>
+struct StaticSignature;
+template <typename R, typename... A>
+struct StaticSignature<R (*)(A...)> {
+    using Result = R;
+    using Values = std::tuple<std::decay_t<A>...>;
+};
+
 /// What came with a call, as CPython's fast calls hand it over.
 struct CallArguments {
     PyObject* const* values;
@@ -166,6 +175,20 @@ struct Form : ArgumentReader<typename Signature<decltype(Function)>::Values, Nam
     static std::string describe() { return Reader::describe() + " -> " + resultType<typename Sig::Result>(); }
 };
 
+/// One form of a static method: a function that needs no object, and the names of its arguments.
+template <auto Function, Text Names = "">
+struct StaticForm : ArgumentReader<typename StaticSignature<decltype(Function)>::Values, Names> {
+    using Sig = StaticSignature<decltype(Function)>;
+    using Reader = ArgumentReader<typename Sig::Values, Names>;
+
+    static PyObject* call(const typename Reader::Slots& slots)
+    {
+        return toPython(std::apply(Function, Reader::read(slots)));
+    }
+
+    static std::string describe() { return Reader::describe() + " -> " + resultType<typename Sig::Result>(); }
+};
+
 /// The result of the first form that fits the call.
 template <typename... Forms, typename Run>
 auto callFirst(const char* name, const CallArguments& call, Run&& run)
@@ -206,6 +229,7 @@ struct Method {
     const char* documentation;
     PyCFunction function;
     std::vector<std::string> (*describe)(); ///< The signature of each form.
+    bool isStatic = false;
 };
 
 /// The function that CPython calls for a method with one form or several, of which the first that fits is taken.
@@ -226,6 +250,25 @@ Method method(const char* documentation)
     return {Name.characters, documentation,
             reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(&callMethod<Name, Forms...>)),
             [] { return std::vector<std::string>{Forms::describe()...}; }};
+}
+
+/// The function that CPython calls for a static method.
+template <Text Name, typename... Forms>
+PyObject* callStaticMethod(PyObject*, PyObject* const* values, Py_ssize_t count, PyObject* names)
+{
+    return guarded([&]() -> PyObject* {
+        return callFirst<Forms...>(Name.characters, {values, count, names},
+                                   []<typename F>(const typename F::Slots& slots) { return F::call(slots); });
+    });
+}
+
+/// An entry of a class's table for a static method.
+template <Text Name, typename... Forms>
+Method staticMethod(const char* documentation)
+{
+    return {Name.characters, documentation,
+            reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(&callStaticMethod<Name, Forms...>)),
+            [] { return std::vector<std::string>{Forms::describe()...}; }, true};
 }
 
 } // namespace brindle::python

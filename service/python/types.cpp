@@ -55,7 +55,8 @@ void addMethods(TypeStorage& storage)
         for (const std::string& form : method.describe())
             text += std::string(method.name) + form + "\n";
         text += std::string("\n") + method.documentation;
-        storage.methods.push_back({method.name, method.function, METH_FASTCALL | METH_KEYWORDS, text.c_str()});
+        const int flags = METH_FASTCALL | METH_KEYWORDS | (method.isStatic ? METH_STATIC : 0);
+        storage.methods.push_back({method.name, method.function, flags, text.c_str()});
     }
 }
 
@@ -218,7 +219,10 @@ PyObject* describeClasses()
                                           {"text", member.documentation}});
         QVariantList methods;
         for (const Method& method : table.methods)
-            methods.append(QVariantMap{{"name", method.name}, {"forms", texts(method.describe())}, {"text", method.documentation}});
+            methods.append(QVariantMap{{"name", method.name},
+                                       {"forms", texts(method.describe())},
+                                       {"text", method.documentation},
+                                       {"static", method.isStatic}});
         classes.append(QVariantMap{{"name", table.name},
                                    {"base", storage.type->tp_base->tp_name},
                                    {"text", table.documentation},
