@@ -71,7 +71,8 @@ public:
     bool isConstantZ() const;             ///< The plane z = 0 keeps one depth all over.
     bool isTransform2d() const;           ///< Acts on x and y alone, by x and y alone.
     bool isPerspectiveProjection() const; ///< The divisor of a point depends on the point.
-    bool compare(const Matrix4x4& other) const { return m_cells == other.m_cells; }
+    bool compare(const Matrix4x4& other) const { return m_cells == other.m_cells; } ///< Cell by cell, exactly.
+    bool operator==(const Matrix4x4& other) const { return compare(other); }
 
     /// How much larger the origin's depth makes things for the standard camera, which stands at the distance
     /// `cameraDistance` from the plane z = 0: cameraDistance / (cameraDistance - z); 0 at and behind the camera.
