@@ -75,12 +75,12 @@ private:
     std::shared_ptr<const Private> d;
 };
 
-/// How nodes are dropped.
+/// How nodes are dropped, and which frames a deletion takes.
 class BRINDLE_HOST_EXPORT DD_DropMode {
 public:
     /// `makesNodes`: what is dropped becomes new nodes. `takesDefaultCamera`: the scene's default camera is among the
     /// nodes, and the one that is dropped for it becomes the default camera.
-    DD_DropMode(bool makesNodes, bool takesDefaultCamera)
+    explicit DD_DropMode(bool makesNodes, bool takesDefaultCamera = false)
         : m_makesNodes(makesNodes),
           m_takesDefaultCamera(takesDefaultCamera)
     {}
@@ -88,9 +88,17 @@ public:
     bool makesNodes() const { return m_makesNodes; }
     bool takesDefaultCamera() const { return m_takesDefaultCamera; }
 
+    /// The frames that a deletion takes: so many behind this one. It is none until it is set.
+    int startDeleteFrame() const { return m_startDeleteFrame; }
+    void SetStartDeleteFrame(int frame) { m_startDeleteFrame = frame; }
+    int numFramesSrc() const { return m_numFramesSrc; }
+    void SetNumFramesSrc(int count) { m_numFramesSrc = count; }
+
 private:
     bool m_makesNodes;
     bool m_takesDefaultCamera;
+    int m_startDeleteFrame = 0;
+    int m_numFramesSrc = 0;
 };
 
 /// The steps of a drop. Each changes the scene undoably, and gives false when it failed and changed nothing. The nodes
@@ -127,8 +135,7 @@ BRINDLE_HOST_EXPORT bool ReparentNode(SC_SceneCommon* scene, const DD_Selection&
 BRINDLE_HOST_EXPORT bool UnlinkParentFromComposite(SC_SceneCommon* scene, const DD_DropMode& mode,
                                                    const DD_Selection& dropped, MO_Node* composite, MO_Node* multiPort);
 
-/// Makes the dropped camera the scene's default one, where the mode says so. In the open engine no camera is the
-/// default one yet, so that there is nothing to hand on.
+/// Makes the camera that was the default one where it came from the scene's default camera, where the mode says so.
 BRINDLE_HOST_EXPORT bool SetDefaultCamera(SC_SceneCommon* scene, const DD_DropMode& mode, const DD_Selection& dropped);
 
 } // namespace DD_System

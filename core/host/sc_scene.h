@@ -11,10 +11,13 @@
 
 class MO_Node;
 class SC_SceneCommon;
+class SC_SceneMetrics;
 class TUCameraModule;
+class TUDisplayModule;
 class TUGroup;
 class TUScene;
 class TUTimedValue;
+struct SC_SceneMarker;
 
 /// Frames per second.
 class BRINDLE_HOST_EXPORT UT_FrameRate {
@@ -34,8 +37,8 @@ public:
 
     virtual bool isNotifyEnabled() const = 0;
     virtual void setNotifyEnabled(bool enabled) = 0;
-    virtual void notify() = 0;                      ///< The scene changed.
-    virtual void emitNodeChanged(MO_Node* node) = 0;///< A value of the node changed.
+    virtual void notify() = 0;                       ///< The scene changed.
+    virtual void emitNodeChanged(MO_Node* node) = 0; ///< A value of the node changed.
 };
 
 /// A scene of a project, as the project lists it.
@@ -67,12 +70,18 @@ public:
     virtual CO_CommandManager* commandManager() const = 0;
     virtual TUSceneChangeManager* changeManager() const = 0;
     virtual TUGroup* getRootGroup() const = 0;
+    virtual const SC_SceneMetrics* metrics() const = 0; ///< Those of the project.
+    /// The default display; the placeholder (MO_UnconnectedDisplayModule) while none is set though the scene has
+    /// displays; null while it has none.
+    virtual TUDisplayModule* findDefaultDisplay() const = 0;
     virtual UT_FrameRate frameRate() const = 0;
 
     virtual int getNumberOfFrames() const = 0;
     /// Inserts `delta` frames before frame `at` + 1, or removes -`delta` frames that begin there when it is negative
-    /// (at the end of the scene, the last ones), with everything that lies on them. One undo entry. `rippleMarkers`
-    /// moves the scene markers along; the last argument is always true. A change that the scene can't take is left out.
+    /// (at the end of the scene, the last ones), with everything that lies on them. Start and stop frame move along,
+    /// but a scene that plays from its first frame or up to its last one still does. One undo entry. `rippleMarkers`
+    /// moves the scene markers along; without it they stay at their frames, and those behind the new last frame go. The
+    /// last argument is always true. A change that the scene can't take is left out.
     virtual void setNumberOfFrames(int at, int delta, bool rippleMarkers, bool) = 0;
 
     /// False when the frame lies outside the scene, or start beyond stop. One undo entry otherwise.
@@ -89,8 +98,12 @@ public:
     virtual TUSceneChangeManager* changeManager() const = 0;
     virtual SC_TimedValueListInterface* timedValues() const = 0; ///< The TUScene itself.
     virtual TUGroup* rootGroup() const = 0;
+    virtual const SC_SceneMetrics* metrics() const = 0; ///< Those of the project.
     /// The camera through which the scene is seen, or null while none is set. The flag is always false.
-    virtual TUCameraModule* camera(bool) const { return nullptr; }
+    virtual TUCameraModule* camera(bool) const = 0;
+    /// The display that shows the scene, or null while none is set. A node that leaves the scene is unset, too.
+    virtual TUDisplayModule* defaultDisplay() const = 0;
+    virtual const std::vector<SC_SceneMarker>& sceneMarkers() const = 0; ///< By their first frames.
     virtual int getNumberOfFrames() const = 0;
     virtual int getStartFrame() const = 0;
     virtual int getStopFrame() const = 0;
@@ -104,6 +117,17 @@ namespace SC_SceneCmds {
 class BRINDLE_HOST_EXPORT SetFrameRateCmd final : public CO_EngineCommand {
 public:
     SetFrameRateCmd(SC_SceneCommon* scene, const UT_FrameRate& rate);
+};
+
+/// Set what the scene is seen through and what shows it; null unsets it. Fail for a node that is not in the scene.
+class BRINDLE_HOST_EXPORT SetDefaultCameraCmd final : public CO_EngineCommand {
+public:
+    SetDefaultCameraCmd(SC_SceneCommon* scene, TUCameraModule* camera);
+};
+
+class BRINDLE_HOST_EXPORT SetDefaultDisplayCmd final : public CO_EngineCommand {
+public:
+    SetDefaultDisplayCmd(SC_SceneCommon* scene, TUDisplayModule* display);
 };
 
 /// Adds a new column, which it takes, at places in the scene's list and its view; -1 is the end. Fails when the scene

@@ -7,14 +7,19 @@
 
 #include <memory>
 
+class CEL_ColorSpaceManager;
 class CO_CommandManager;
+class SC_AdvancedFlags;
 class SC_Project;
 class SC_ProjectCommon;
 class SC_ProjectManager;
+class SC_Resolution;
 class SC_SceneBase;
 class SC_SceneManager;
+class SC_SceneMetrics;
 class SC_SessionContext;
 class SCP_PythonEngine;
+class TUDbSceneData;
 class TUScene;
 class TUSceneChangeManager;
 
@@ -49,10 +54,10 @@ public:
     static std::unique_ptr<SC_SessionContext> create();
 
     virtual SC_ProjectManager* projectManager() const = 0;
-    virtual SC_ProjectCommon* projectCommon() const = 0;       ///< Of the open project, or null.
-    virtual CO_CommandManager* commandManager() const = 0;     ///< Of the open project, or null.
-    virtual TUSceneChangeManager* changeManager() const = 0;   ///< Of the open project's first scene, or null.
-    virtual SCP_PythonEngine* pythonEngine() const = 0;        ///< Null in a plain interpreter.
+    virtual SC_ProjectCommon* projectCommon() const = 0;     ///< Of the open project, or null.
+    virtual CO_CommandManager* commandManager() const = 0;   ///< Of the open project, or null.
+    virtual TUSceneChangeManager* changeManager() const = 0; ///< Of the open project's first scene, or null.
+    virtual SCP_PythonEngine* pythonEngine() const = 0;      ///< Null in a plain interpreter.
 };
 
 /// Makes, opens, saves and closes project folders. A failure is one sentence in `error` that names the file and, in a
@@ -63,7 +68,8 @@ public:
 
     /// Closes the open project, if any, and makes a new one in a folder that holds no project. Null on failure.
     virtual SC_Project* createProject(const QString& path, QString& error) = 0;
-    /// Closes the open project, if any, and opens the one in the folder. Null on failure; the open one then stays open.
+    /// Closes the open project, if any, and opens the one in the folder. Null on failure, as when another process has
+    /// it open; the open one then stays open.
     virtual SC_Project* openProject(const QString& path, QString& error) = 0;
     /// Writes the open project to its folder; the folder changes whole or not at all.
     virtual bool saveProject(QString& error) = 0;
@@ -81,18 +87,26 @@ public:
     virtual ~SC_Project() = default;
 
     virtual SC_Id id() const = 0;
-    virtual QString path() const = 0; ///< The absolute path of the project's folder.
+    virtual QString path() const = 0;    ///< The absolute path of the project's folder.
     virtual SC_ProjectCommon* projectCommon() const = 0;
     virtual SC_SceneBase* sceneAt(int index) const = 0; ///< In the project's order; null beyond the end.
     virtual int sceneCount() const = 0;
 };
 
-/// What all scenes of a project share.
+/// What all scenes of a project share. SC_ProjectCmds changes the settings undoably.
 class BRINDLE_HOST_EXPORT SC_ProjectCommon : public UT_SharedWeakBase {
 public:
     virtual SC_Id id() const = 0;
     virtual CO_CommandManager* commandManager() const = 0;
     virtual SC_SceneManager* sceneManager() const = 0;
+    virtual TUDbSceneData* dbSceneData() const = 0;
+
+    virtual const SC_Resolution* resolution() const = 0; ///< The current one, or null.
+    virtual double defaultFov() const = 0; ///< In degrees, over the side of the picture that the resolution fits.
+    virtual const SC_SceneMetrics* metrics() const = 0;
+    virtual CEL_ColorSpaceManager* colorSpaceManager() const = 0;
+    virtual QString projectColorSpace() const = 0; ///< The name of the one that the project works in.
+    virtual const SC_AdvancedFlags& advancedFlags() const = 0;
 };
 
 class BRINDLE_HOST_EXPORT SC_AbstractSceneVisitor {

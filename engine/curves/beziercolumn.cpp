@@ -2,10 +2,12 @@
 
 #include "core/host/sc_scene.h"
 #include "engine/attributes/attributemeta.h"
+#include "engine/curves/frameshift.h"
 
 #include <QCoreApplication>
 #include <QLocale>
 
+#include <algorithm>
 #include <limits>
 
 namespace engine {
@@ -75,6 +77,26 @@ private:
     BezierColumn& m_column;
     Edit m_edit;
     CurveLog m_log;
+};
+
+/// Sets the frames over which the value is held.
+class BezierColumn::HoldCommand final : public CO_Command {
+public:
+    HoldCommand(BezierColumn& column, int start, int stop) : m_column(column), m_start(start), m_stop(stop) {}
+
+    Status execute() override
+    {
+        std::swap(m_column.m_start, m_start);
+        std::swap(m_column.m_stop, m_stop);
+        m_column.tellLinked();
+        return kOk;
+    }
+    Status unexecute() override { return execute(); }
+
+private:
+    BezierColumn& m_column;
+    int m_start; ///< Those that it sets next.
+    int m_stop;
 };
 
 BezierColumn::BezierColumn(const QString& name, bool anonymous) : Column(static_cast<TUTimedValue&>(*this))
@@ -330,11 +352,41 @@ std::unique_ptr<CO_Command> BezierColumn::setValueCommand(double frame, double v
     });
 }
 
-std::unique_ptr<CO_Command> BezierColumn::shiftFramesCommand(int at, int delta)
+std::unique_ptr<CO_Command> BezierColumn::shiftFramesCommand(const FrameShift& shift)
 {
-    if (!hasValues() || m_curve.points().last().frame < static_cast<double>(at) + 1)
+    auto steps = std::make_unique<CO_AndCommand>();
+    if (hasValues() && m_curve.points().last().frame >= static_cast<double>(shift.at) + 1)
+        steps->add(editCommand([shift](Curve& curve, CurveLog& log) {
+                       return curve.shift(shift.at, shift.delta, log);
+                   }).release());
+    int start = m_start;
+    int stop = m_stop;
+    if (m_step > 1 && start <= stop) {
+        if (!shift.carry(start, stop))
+            start = stop = std::max(shift.at, 1);
+        if (start != m_start || stop != m_stop)
+            steps->add(new HoldCommand(*this, start, stop));
+    }
+    return steps->size() > 0 ? std::move(steps) : nullptr;
+}
+
+std::unique_ptr<CO_Command> BezierColumn::clearFramesCommand(int at, int count)
+{
+    const double begin = static_cast<double>(at) + 1;
+    const double end = begin + count;
+    const auto firstIn = [begin, end](const Curve& curve) -> const CurvePoint* {
+        const CurvePoint* point = curve.points().find(begin);
+        if (!point)
+            point = curve.points().around(begin).after;
+        return point && point->frame < end ? point : nullptr;
+    };
+    if (!firstIn(m_curve))
         return nullptr;
-    return editCommand([at, delta](Curve& curve, CurveLog& log) { return curve.shift(at, delta, log); });
+    return editCommand([firstIn](Curve& curve, CurveLog& log) {
+        while (const CurvePoint* point = firstIn(curve))
+            curve.erase(point->frame, log);
+        return Curve::Edit::Done;
+    });
 }
 
 } // namespace engine

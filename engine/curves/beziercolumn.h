@@ -77,7 +77,9 @@ public:
     double valueAt(double frame) const override { return evaluate(frame); }
     bool setValueAt(double frame, double value, bool constantSegment) override;
     std::unique_ptr<CO_Command> setValueCommand(double frame, double value) override;
-    std::unique_ptr<CO_Command> shiftFramesCommand(int at, int delta) override;
+    /// The frames over which the value is held move along, too.
+    std::unique_ptr<CO_Command> shiftFramesCommand(const FrameShift& shift) override;
+    std::unique_ptr<CO_Command> clearFramesCommand(int at, int count) override;
 
     /// The command that makes an edit of the curve, tells what depends on it, and takes exactly this edit back.
     using Edit = std::function<Curve::Edit(Curve&, CurveLog&)>;
@@ -86,6 +88,7 @@ public:
 
 private:
     class EditCommand;
+    class HoldCommand;
     struct Added {
         CurvePoint before, after; ///< A neighbour without and with the new point.
     };

@@ -11,6 +11,7 @@ namespace engine {
 class AttributeMeta;
 class Column;
 class ColumnList;
+struct FrameShift;
 
 /// Where an attribute of the open engine is linked to a column. It is a part of the attribute.
 ///
@@ -82,9 +83,10 @@ public:
     virtual bool setValueAt(double frame, double value, bool constantSegment) = 0;
     virtual std::unique_ptr<CO_Command> setValueCommand(double frame, double value) = 0;
 
-    /// What follows when `delta` frames come in behind frame `at` of the scene, or the -`delta` frames behind it go
-    /// with all that lies on them. Null when nothing lies there.
-    virtual std::unique_ptr<CO_Command> shiftFramesCommand(int at, int delta) = 0;
+    /// What follows when frames come into the scene, or go with all that lies on them. Null when nothing lies there.
+    virtual std::unique_ptr<CO_Command> shiftFramesCommand(const FrameShift& shift) = 0;
+    /// Takes what lies on `count` frames behind frame `at`; all else stays where it is. Null when nothing lies there.
+    virtual std::unique_ptr<CO_Command> clearFramesCommand(int at, int count) = 0;
 
 private:
     friend class ColumnList;

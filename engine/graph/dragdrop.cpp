@@ -46,7 +46,10 @@ public:
             m_object.tops.push_back({std::move(host), m_copies.at(top)});
         }
         for (Node* top : tops) {
-            forEachFrom(*top, [this](const Node& node) { noteDrives(node); });
+            forEachFrom(*top, [this](const Node& node) {
+                noteDrives(node);
+                noteDefaults(node);
+            });
             noteLinks(*top);
         }
     }
@@ -62,6 +65,14 @@ private:
             if (Column* column = socket ? socket->column() : nullptr)
                 m_object.drives.push_back({m_copies.at(&node), leaf, weak(&column->timedValue()), socket->order()});
         }
+    }
+
+    void noteDefaults(const Node& node)
+    {
+        if (&node.host() == node.scene()->camera(false))
+            m_object.camera = m_copies.at(&node);
+        else if (&node.host() == node.scene()->defaultDisplay())
+            m_object.display = m_copies.at(&node);
     }
 
     void noteLinks(const Node& top)
@@ -123,6 +134,11 @@ private:
     Socket::Order m_order;
 };
 
+TUCameraModule* asCamera(MO_Node* node)
+{
+    return dynamic_cast<TUCameraModule*>(node);
+}
+
 /// Makes the nodes of a drag object in a group.
 class Dropper {
 public:
@@ -144,11 +160,27 @@ public:
             restore(link);
         for (const DraggedDrive& drive : object.drives)
             restore(drive);
-        return true;
+        if (object.camera)
+            m_dropped.camera = &m_copies.at(object.camera)->host();
+        return setDefaults(object);
     }
 
 private:
     bool run(std::unique_ptr<CO_Command> command) { return m_manager.execute(command.release(), QString()); }
+
+    /// What was the default camera or display is so again where the scene has none any more: nodes that move, also
+    /// within a group that moves, stay what they were.
+    bool setDefaults(const DD_DragObject::Private& object)
+    {
+        SC_SceneCommon& scene = *m_group.scene();
+        if (m_dropped.camera && !scene.camera(false) &&
+            !run(std::make_unique<SC_SceneCmds::SetDefaultCameraCmd>(&scene, asCamera(m_dropped.camera))))
+            return false;
+        if (!object.display || scene.defaultDisplay())
+            return true;
+        auto* display = dynamic_cast<TUDisplayModule*>(&m_copies.at(object.display)->host());
+        return run(std::make_unique<SC_SceneCmds::SetDefaultDisplayCmd>(&scene, display));
+    }
 
     void restore(const DraggedLink& link)
     {
@@ -384,7 +416,13 @@ bool DD_System::UnlinkParentFromComposite(SC_SceneCommon* scene, const DD_DropMo
     return engine::engineScene(scene) != nullptr;
 }
 
-bool DD_System::SetDefaultCamera(SC_SceneCommon* scene, const DD_DropMode&, const DD_Selection&)
+bool DD_System::SetDefaultCamera(SC_SceneCommon* scene, const DD_DropMode& mode, const DD_Selection& dropped)
 {
-    return engine::engineScene(scene) != nullptr;
+    if (!engine::engineScene(scene))
+        return false;
+    MO_Node* camera = dropped.data().camera;
+    if (!mode.takesDefaultCamera() || !camera)
+        return true;
+    return scene->commandManager()->execute(new SC_SceneCmds::SetDefaultCameraCmd(scene, engine::asCamera(camera)),
+                                            QStringLiteral("Set Default Camera"));
 }

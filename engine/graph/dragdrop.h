@@ -51,11 +51,14 @@ struct DD_DragObject::Private {
     std::vector<Top> tops; ///< In the order of the selection.
     std::vector<engine::DraggedLink> links;
     std::vector<engine::DraggedDrive> drives;
+    const engine::Node* camera = nullptr;  ///< The copy of the default camera, where it is among what is dragged.
+    const engine::Node* display = nullptr; ///< The same of the default display.
 };
 
 struct DD_Selection::Private {
     std::vector<MO_Node*> nodes;
     std::vector<engine::LostLink> lost; ///< Of nodes that a drop made.
+    MO_Node* camera = nullptr;          ///< What a drop made of the default camera.
     int firstFrame = 1;
     int frameCount = 0;
 };

@@ -132,13 +132,30 @@ CO_Command::Status RemoveNodes::unexecute()
 
 bool RemoveNodes::plan()
 {
-    if (!unlinkColumns())
+    if (!unsetDefaults() || !unlinkColumns())
         return false;
     for (Node* node : m_nodes) {
         if (!cutLinks(*node))
             return false;
     }
     return takeNodes();
+}
+
+bool RemoveNodes::unsetDefaults()
+{
+    SC_SceneCommon& scene = m_graph.scene();
+    const MO_Node* camera = scene.camera(false);
+    const MO_Node* display = scene.defaultDisplay();
+    bool cameraLeaves = false;
+    bool displayLeaves = false;
+    for (Node* top : m_nodes) {
+        forEachFrom(*top, [&](const Node& node) {
+            cameraLeaves = cameraLeaves || &node.host() == camera;
+            displayLeaves = displayLeaves || &node.host() == display;
+        });
+    }
+    return (!cameraLeaves || run(std::make_unique<SC_SceneCmds::SetDefaultCameraCmd>(&scene, nullptr))) &&
+           (!displayLeaves || run(std::make_unique<SC_SceneCmds::SetDefaultDisplayCmd>(&scene, nullptr)));
 }
 
 bool RemoveNodes::unlinkColumns()

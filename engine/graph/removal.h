@@ -13,7 +13,8 @@ class Node;
 class SceneGraph;
 
 /// Takes nodes out of a scene with their links, the links of their attributes to columns and, for groups, all that is
-/// in them. It costs as much as there is to remove, whatever else the scene holds.
+/// in them. A node that is the scene's default camera or display is unset as such. It costs as much as there is to
+/// remove, whatever else the scene holds.
 ///
 /// Nodes go in the order in which they were made, so that a removal does the same each time. A node that lies in a
 /// group that goes too is left to that group. Removing a multi-port node leaves the ports of its group.
@@ -27,6 +28,7 @@ public:
 
 private:
     bool plan();
+    bool unsetDefaults();
     bool unlinkColumns();
     bool cutLinks(Node& node);
     bool takeNodes();

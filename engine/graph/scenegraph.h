@@ -32,6 +32,7 @@ public:
 
     /// Displays are picked by their name alone, wherever they are.
     bool hasDisplay(const QString& name) const { return m_displays.contains(name); }
+    bool hasDisplays() const { return !m_displays.isEmpty(); }
     /// A name that nothing in the group has and no display of the scene.
     QString generateName(const QString& base, const Group& group) const;
     /// The name that a node gets in a group.

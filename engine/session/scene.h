@@ -4,27 +4,17 @@
 #include "engine/curves/columnlist.h"
 #include "engine/graph/scenegraph.h"
 #include "engine/session/changemanager.h"
+#include "engine/session/scenemarkers.h"
+#include "engine/session/scenetiming.h"
 
 namespace engine {
 
 class ProjectCommon;
 
-/// The frames of a scene: 1 to count, played from start to stop.
-struct SceneTiming {
-    int count = 60;
-    int start = 1;
-    int stop = 60;
-    double rate = 24.0;
-    bool operator==(const SceneTiming&) const = default;
-
-    static constexpr int maxCount = 1'000'000;
-    /// 1 <= start <= stop <= count <= maxCount, and a rate that is a positive, finite number.
-    bool isValid() const;
-};
-
-/// A scene of a project, which it belongs to: timing, node graph and columns.
+/// A scene of a project, which it belongs to: timing, markers, node graph, columns, and the nodes that it is seen
+/// through.
 ///
-/// The stop frame follows the last frame where it stands on it; else the range is held within the frames there are.
+/// The setters change it at once and record nothing: commands, and who reads a project, call them.
 class Scene final : public TUScene, public SC_SceneCommon, public ColumnListOwner {
 public:
     Scene(ProjectCommon& project, const SC_Id& id, const QString& name, const SceneTiming& timing);
@@ -34,7 +24,23 @@ public:
     ColumnList& columnList() override { return m_columns; }
     ChangeManager& changes() { return m_changes; }
     const SceneTiming& timing() const { return m_timing; }
-    void setTiming(const SceneTiming& timing); ///< At once and not undoable: commands call it.
+    void setTiming(const SceneTiming& timing);
+
+    const SceneMarkers& sceneMarkers() const override { return m_markers; }
+    void insertMarker(int place, const SC_SceneMarker& marker);
+    SC_SceneMarker takeMarker(int place);
+    SceneMarkers setMarkers(SceneMarkers markers); ///< Gives those that were there.
+    /// Of a scene that is read: false, and nothing changes, for a list that the scene can't have.
+    bool restoreMarkers(SceneMarkers markers);
+
+    /// Of this scene, or null for none.
+    TUCameraModule* defaultCamera() const { return m_camera; }
+    void setDefaultCamera(TUCameraModule* camera);
+    TUDisplayModule* defaultDisplay() const override { return m_display; }
+    void setDefaultDisplay(TUDisplayModule* display);
+
+    /// Makes all weak pointers to the scene, and to what is in it, read null: it leaves the project.
+    void expireAll();
 
     SC_Id id() const override { return m_id; }
     QString name() const override { return m_name; }
@@ -48,16 +54,18 @@ public:
     CO_CommandManager* commandManager() const override;
     TUSceneChangeManager* changeManager() const override { return const_cast<ChangeManager*>(&m_changes); }
     TUGroup* getRootGroup() const override { return rootGroup(); }
+    const SC_SceneMetrics* metrics() const override;
+    TUDisplayModule* findDefaultDisplay() const override;
     UT_FrameRate frameRate() const override { return UT_FrameRate(m_timing.rate); }
 
     int getNumberOfFrames() const override { return m_timing.count; }
-    /// A change that reaches beyond the last frame, leaves no frame or makes more than the most is left out.
     void setNumberOfFrames(int at, int delta, bool rippleMarkers, bool) override;
     bool setStartFrame(int frame) override;
     bool setStopFrame(int frame) override;
 
     SC_TimedValueListInterface* timedValues() const override { return const_cast<Scene*>(this); }
     TUGroup* rootGroup() const override { return &const_cast<SceneGraph&>(m_graph).root(); }
+    TUCameraModule* camera(bool) const override { return m_camera; }
     int getStartFrame() const override { return m_timing.start; }
     int getStopFrame() const override { return m_timing.stop; }
     QString generateNodeName(const QString& base, const TUGroup* group) const override;
@@ -67,10 +75,20 @@ private:
     SC_Id m_id;
     QString m_name;
     SceneTiming m_timing;
+    SceneMarkers m_markers;
     ChangeManager m_changes;
+    TUCameraModule* m_camera = nullptr;
+    TUDisplayModule* m_display = nullptr;
+    std::unique_ptr<TUDisplayModule> m_unconnectedDisplay;
     ColumnList m_columns;
     SceneGraph m_graph;
 };
+
+/// A scene for a project, in no list of scenes yet, with an empty root group.
+std::unique_ptr<Scene> newScene(ProjectCommon& project, const QString& name, const SceneTiming& timing);
+/// Adds what a new scene holds: the display "Top/Display", which is the default one, and the composite "Top/Composite",
+/// which feeds it.
+void fillNewScene(Scene& scene);
 
 /// The engine's scene behind what its nodes see of it, or null for null and for a scene that is not the engine's.
 Scene* engineScene(SC_SceneCommon* scene);

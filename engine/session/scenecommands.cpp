@@ -3,7 +3,6 @@
 #include "engine/curves/column.h"
 #include "engine/session/scene.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace engine {
@@ -38,9 +37,32 @@ private:
     SceneTiming m_after;
 };
 
+/// Exchanges the list of markers for another one.
+class MarkersCommand final : public CO_Command {
+public:
+    MarkersCommand(Scene& scene, SceneMarkers markers) : m_scene(scene), m_markers(std::move(markers)) {}
+
+    Status execute() override
+    {
+        m_markers = m_scene.setMarkers(std::move(m_markers));
+        return kOk;
+    }
+
+    Status unexecute() override { return execute(); }
+
+private:
+    Scene& m_scene;
+    SceneMarkers m_markers; ///< That it sets next.
+};
+
 class FrameCountCommand final : public CO_Command {
 public:
-    FrameCountCommand(Scene& scene, int at, int delta) : m_scene(scene), m_at(at), m_delta(delta) {}
+    FrameCountCommand(Scene& scene, int at, int delta, bool rippleMarkers)
+        : m_scene(scene),
+          m_at(at),
+          m_delta(delta),
+          m_rippleMarkers(rippleMarkers)
+    {}
 
     Status execute() override
     {
@@ -54,25 +76,17 @@ public:
 private:
     bool plan()
     {
-        const int count = m_scene.timing().count;
-        if (m_at < 0 || m_at > count || m_delta < -(count - 1) || m_delta > SceneTiming::maxCount - count)
+        const auto shift = m_scene.timing().fitted(m_at, m_delta);
+        if (!shift)
             return false;
-        if (m_delta < 0) {
-            if (m_at == count)
-                m_at += m_delta;
-            else if (m_at - m_delta > count)
-                return false;
-        }
-
-        SceneTiming timing = m_scene.timing();
-        const bool stopFollows = timing.stop == count;
-        timing.count = count + m_delta;
-        timing.stop = stopFollows ? timing.count : std::min(timing.stop, timing.count);
-        timing.start = std::min(timing.start, timing.stop);
+        const SceneTiming timing = m_scene.timing().shifted(*shift);
         m_steps.add(newTimingCommand(m_scene, timing).release());
+        SceneMarkers markers = shiftedMarkers(m_scene.sceneMarkers(), *shift, timing.count, m_rippleMarkers);
+        if (markers != m_scene.sceneMarkers())
+            m_steps.add(new MarkersCommand(m_scene, std::move(markers)));
         for (auto column = m_scene.timedValuesBegin(); column != m_scene.timedValuesEnd(); ++column) {
             if (Column* own = Column::of(*column))
-                m_steps.add(own->shiftFramesCommand(m_at, m_delta).release());
+                m_steps.add(own->shiftFramesCommand(*shift).release());
         }
         return true;
     }
@@ -80,6 +94,7 @@ private:
     Scene& m_scene;
     int m_at;
     int m_delta;
+    bool m_rippleMarkers;
     bool m_isPlanned = false;
     CO_AndCommand m_steps;
 };
@@ -105,6 +120,45 @@ private:
     double m_rate;
     std::unique_ptr<CO_Command> m_change;
 };
+
+/// Sets the node that a scene is seen through, or the one that shows it.
+template <typename Module, Module* (Scene::*current)() const, void (Scene::*set)(Module*)>
+class DefaultNodeCommand final : public CO_Command {
+public:
+    DefaultNodeCommand(SC_SceneCommon* scene, Module* module) : m_scene(engineScene(scene)), m_module(module) {}
+
+    Status execute() override
+    {
+        if (!m_scene || (m_module && !isInScene()))
+            return kFail;
+        return exchange();
+    }
+
+    Status unexecute() override { return exchange(); }
+
+private:
+    bool isInScene() const
+    {
+        const Node* node = engineNode(m_module);
+        return node && node->graph() == &m_scene->graph();
+    }
+
+    Status exchange()
+    {
+        Module* before = (m_scene->*current)();
+        if (before == m_module)
+            return kNoop;
+        (m_scene->*set)(m_module);
+        m_module = before;
+        return kOk;
+    }
+
+    Scene* m_scene;
+    Module* m_module; ///< That it sets next.
+};
+
+using DefaultCameraCommand = DefaultNodeCommand<TUCameraModule, &Scene::defaultCamera, &Scene::setDefaultCamera>;
+using DefaultDisplayCommand = DefaultNodeCommand<TUDisplayModule, &Scene::defaultDisplay, &Scene::setDefaultDisplay>;
 
 /// The list of columns has one order, which the exposure sheet shows: the place in the view counts where none is given
 /// for the list.
@@ -149,9 +203,9 @@ std::unique_ptr<CO_Command> newTimingCommand(Scene& scene, const SceneTiming& ti
     return std::make_unique<TimingCommand>(scene, timing);
 }
 
-std::unique_ptr<CO_Command> newFrameCountCommand(Scene& scene, int at, int delta)
+std::unique_ptr<CO_Command> newFrameCountCommand(Scene& scene, int at, int delta, bool rippleMarkers)
 {
-    return std::make_unique<FrameCountCommand>(scene, at, delta);
+    return std::make_unique<FrameCountCommand>(scene, at, delta, rippleMarkers);
 }
 
 } // namespace engine
@@ -160,6 +214,14 @@ namespace SC_SceneCmds {
 
 SetFrameRateCmd::SetFrameRateCmd(SC_SceneCommon* scene, const UT_FrameRate& rate)
     : CO_EngineCommand(std::make_unique<engine::FrameRateCommand>(scene, rate.fps()))
+{}
+
+SetDefaultCameraCmd::SetDefaultCameraCmd(SC_SceneCommon* scene, TUCameraModule* camera)
+    : CO_EngineCommand(std::make_unique<engine::DefaultCameraCommand>(scene, camera))
+{}
+
+SetDefaultDisplayCmd::SetDefaultDisplayCmd(SC_SceneCommon* scene, TUDisplayModule* display)
+    : CO_EngineCommand(std::make_unique<engine::DefaultDisplayCommand>(scene, display))
 {}
 
 AddTimedValueCmd::AddTimedValueCmd(SC_SceneCommon* scene, TUTimedValue* timedValue, int position, int viewPosition)

@@ -14,7 +14,7 @@ struct SceneTiming;
 std::unique_ptr<CO_Command> newTimingCommand(Scene& scene, const SceneTiming& timing);
 
 /// Inserts frames behind frame `at`, or removes those behind it (at the end of the scene, the last ones) when `delta`
-/// is negative, with the keys of the columns. Fails for a change that the scene can't take.
-std::unique_ptr<CO_Command> newFrameCountCommand(Scene& scene, int at, int delta);
+/// is negative, with all that lies on them. Fails for a change that the scene can't take.
+std::unique_ptr<CO_Command> newFrameCountCommand(Scene& scene, int at, int delta, bool rippleMarkers);
 
 } // namespace engine

@@ -3,6 +3,7 @@
 #include "core/host/mo_node.h"
 #include "core/host/mo_port.h"
 #include "core/host/sc_scene.h"
+#include "core/host/sc_scenemarker.h"
 #include "tests/core/support/refusingmanager.h"
 
 #include <algorithm>
@@ -34,12 +35,20 @@ public:
     TUSceneChangeManager* changeManager() const override { return nullptr; }
     SC_TimedValueListInterface* timedValues() const override { return nullptr; }
     TUGroup* rootGroup() const override { return nullptr; }
+    const SC_SceneMetrics* metrics() const override { return measures; }
+    TUCameraModule* camera(bool) const override { return defaultCamera; }
+    TUDisplayModule* defaultDisplay() const override { return shownBy; }
+    const std::vector<SC_SceneMarker>& sceneMarkers() const override { return markers; }
     int getNumberOfFrames() const override { return 60; }
     int getStartFrame() const override { return 1; }
     int getStopFrame() const override { return 60; }
     QString generateNodeName(const QString& base, const TUGroup*) const override { return base; }
 
     CO_CommandManager* commands = nullptr;
+    const SC_SceneMetrics* measures = nullptr;
+    TUCameraModule* defaultCamera = nullptr;
+    TUDisplayModule* shownBy = nullptr;
+    std::vector<SC_SceneMarker> markers;
 };
 
 class StandInPort : public MO_Port {

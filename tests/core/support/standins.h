@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/host/application.h"
+#include "core/host/sc_advancedflags.h"
 #include "core/host/sc_scene.h"
 #include "core/host/sc_session.h"
 
@@ -72,9 +73,23 @@ public:
     SC_Id id() const override { return SC_Id(7); }
     CO_CommandManager* commandManager() const override { return commands; }
     SC_SceneManager* sceneManager() const override { return scenes; }
+    TUDbSceneData* dbSceneData() const override { return sceneData; }
+    const SC_Resolution* resolution() const override { return picture; }
+    double defaultFov() const override { return fov; }
+    const SC_SceneMetrics* metrics() const override { return measures; }
+    CEL_ColorSpaceManager* colorSpaceManager() const override { return colorSpaces; }
+    QString projectColorSpace() const override { return colorSpace; }
+    const SC_AdvancedFlags& advancedFlags() const override { return flags; }
 
     CO_CommandManager* commands = nullptr;
     SC_SceneManager* scenes = nullptr;
+    TUDbSceneData* sceneData = nullptr;
+    const SC_Resolution* picture = nullptr;
+    double fov = 41.112;
+    const SC_SceneMetrics* measures = nullptr;
+    CEL_ColorSpaceManager* colorSpaces = nullptr;
+    QString colorSpace;
+    SC_AdvancedFlags flags;
 };
 
 class StandInProject : public SC_Project {
@@ -110,10 +125,12 @@ public:
     SC_Id id() const override { return SC_Id(m_id); }
     QString name() const override { return m_name; }
     SC_SceneCommon* sceneCommon() const override { return common; }
-    SC_ProjectCommon* projectCommon() const override { return nullptr; }
+    SC_ProjectCommon* projectCommon() const override { return project; }
     CO_CommandManager* commandManager() const override { return commands; }
-    TUSceneChangeManager* changeManager() const override { return nullptr; }
+    TUSceneChangeManager* changeManager() const override { return changes; }
     TUGroup* getRootGroup() const override { return nullptr; }
+    const SC_SceneMetrics* metrics() const override { return measures; }
+    TUDisplayModule* findDefaultDisplay() const override { return shownBy; }
     UT_FrameRate frameRate() const override { return UT_FrameRate(24.0); }
     int getNumberOfFrames() const override { return 60; }
     void setNumberOfFrames(int at, int delta, bool rippleMarkers, bool last) override
@@ -127,7 +144,11 @@ public:
     TUTimedValue* findTimedValue(const QString&, int) const override { return nullptr; }
 
     SC_SceneCommon* common = nullptr;
+    SC_ProjectCommon* project = nullptr;
     CO_CommandManager* commands = nullptr;
+    TUSceneChangeManager* changes = nullptr;
+    const SC_SceneMetrics* measures = nullptr;
+    TUDisplayModule* shownBy = nullptr;
     std::vector<std::tuple<int, int, bool, bool>> frameChanges; ///< What was asked for, argument by argument.
 
 private:

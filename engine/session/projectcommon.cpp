@@ -1,0 +1,25 @@
+#include "engine/session/projectcommon.h"
+
+#include "engine/session/scene.h"
+
+namespace engine {
+
+SC_Id newId()
+{
+    static unsigned int last = 0;
+    return SC_Id(++last);
+}
+
+void ProjectCommon::setSettings(const ProjectSettings& settings)
+{
+    m_settings = settings;
+    for (int place = 0; Scene* scene = m_scenes.at(place); ++place)
+        scene->changes().notify();
+}
+
+ProjectCommon* engineProjectCommon(SC_ProjectCommon* project)
+{
+    return dynamic_cast<ProjectCommon*>(project);
+}
+
+} // namespace engine

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "core/host/sc_session.h"
+#include "engine/history/commandmanager.h"
+#include "engine/session/colorspaces.h"
+#include "engine/session/metrics.h"
+#include "engine/session/projectsettings.h"
+#include "engine/session/resolutions.h"
+#include "engine/session/scenemanager.h"
+
+namespace engine {
+
+/// An id that no project and no scene of the process has had: what a script holds of one never finds another one.
+SC_Id newId();
+
+/// What all scenes of a project share. The undo list goes before the scenes that it refers to.
+class ProjectCommon final : public SC_ProjectCommon {
+public:
+    explicit ProjectCommon(const SC_Id& id) : m_id(id) {}
+    ~ProjectCommon() override { expireWeakPointers(); }
+
+    SceneManager& scenes() { return m_scenes; }
+    const SceneManager& scenes() const { return m_scenes; }
+    CommandManager& history() { return m_history; }
+    const CommandManager& history() const { return m_history; }
+
+    const ProjectSettings& settings() const { return m_settings; }
+    /// At once and not undoable: commands call it, with settings that are acceptable.
+    void setSettings(const ProjectSettings& settings);
+
+    SC_Id id() const override { return m_id; }
+    CO_CommandManager* commandManager() const override { return const_cast<CommandManager*>(&m_history); }
+    SC_SceneManager* sceneManager() const override { return const_cast<SceneManager*>(&m_scenes); }
+    TUDbSceneData* dbSceneData() const override { return const_cast<DbSceneData*>(&m_dbSceneData); }
+
+    const SC_Resolution* resolution() const override { return &m_settings.picture.resolution; }
+    double defaultFov() const override { return m_settings.picture.fov; }
+    const SC_SceneMetrics* metrics() const override { return &m_metrics; }
+    CEL_ColorSpaceManager* colorSpaceManager() const override { return const_cast<ColorSpaceManager*>(&m_colorSpaces); }
+    QString projectColorSpace() const override { return m_settings.colorSpace; }
+    const SC_AdvancedFlags& advancedFlags() const override { return m_settings.advancedFlags; }
+
+private:
+    SC_Id m_id;
+    ProjectSettings m_settings;
+    Metrics m_metrics{m_settings};
+    ColorSpaceManager m_colorSpaces;
+    DbSceneData m_dbSceneData;
+    SceneManager m_scenes;
+    CommandManager m_history;
+};
+
+/// The engine's project behind what its scenes see of it, or null for null and for a project that is not the engine's.
+ProjectCommon* engineProjectCommon(SC_ProjectCommon* project);
+
+} // namespace engine
