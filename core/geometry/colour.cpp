@@ -1,5 +1,6 @@
 #include "core/geometry/colour.h"
 
+#include "core/frame/finite.h"
 #include "core/frame/valuetypes.h"
 #include "core/host/celalgo.h"
 #include "core/host/cm_rgba.h"
@@ -48,6 +49,13 @@ int lowByte(double number)
 int roundedByte(double number)
 {
     return static_cast<int>(std::clamp(std::trunc(number + 0.5), 0.0, fullByte));
+}
+
+/// Refuses what is no number, by the argument's place. An infinite one is held in its range like any other.
+void requireNumber(double value, unsigned int argument)
+{
+    if (std::isnan(value))
+        BaseObject::throwInvalidArgument(argument);
 }
 
 double fromPercent(double percent)
@@ -245,14 +253,10 @@ void Colour::QVariantToRGBAInt(const QVariant& value, int& r, int& g, int& b, in
 
 Obj Colour::fromHSL(double h, double s, double l, double a)
 {
-    if (!std::isfinite(h))
-        throwInvalidArgument(0);
-    if (std::isnan(s))
-        throwInvalidArgument(1);
-    if (std::isnan(l))
-        throwInvalidArgument(2);
-    if (!std::isfinite(a))
-        throwInvalidArgument(3);
+    requireFinite(h, 0);
+    requireNumber(s, 1);
+    requireNumber(l, 2);
+    requireFinite(a, 3);
     double r = 0.0;
     double g = 0.0;
     double b = 0.0;
@@ -308,8 +312,7 @@ double Colour::getH() const
 
 void Colour::setH(double h)
 {
-    if (!std::isfinite(h))
-        throwInvalidArgument(0);
+    requireFinite(h, 0);
     Hsl hsl = this->hsl();
     hsl.h = std::fmod(h, 360.0);
     setHsl(hsl);
@@ -322,8 +325,7 @@ double Colour::getL() const
 
 void Colour::setL(double l)
 {
-    if (std::isnan(l))
-        throwInvalidArgument(0);
+    requireNumber(l, 0);
     Hsl hsl = this->hsl();
     hsl.l = fromPercent(l);
     setHsl(hsl);
@@ -336,8 +338,7 @@ double Colour::getS() const
 
 void Colour::setS(double s)
 {
-    if (std::isnan(s))
-        throwInvalidArgument(0);
+    requireNumber(s, 0);
     Hsl hsl = this->hsl();
     hsl.s = fromPercent(s);
     setHsl(hsl);

@@ -1,18 +1,48 @@
 #include "core/geometry/point2d.h"
 
 #include "core/geometry/point3d.h"
-#include "core/geometry/strictnumbers.h"
-#include "core/host/mo_node.h"
-#include "core/nodes/node.h"
-#include "core/nodes/node_coordinates.h"
+#include "core/geometry/strictpoint.h"
 
-#include <QPointF>
+#include <array>
 
 namespace OMC {
+
+namespace {
+
+/// Hands the positions that a value tells to `append`, one by one.
+template <typename Append>
+void readPoints(const QVariant& value, const Append& append)
+{
+    if (value.typeId() == QMetaType::QVariantList) {
+        const auto& list = *static_cast<const QVariantList*>(value.constData());
+        if (list.isEmpty())
+            return;
+        if (!isStrictNumber(list.first())) {
+            for (const QVariant& item : list)
+                readPoints(item, append);
+            return;
+        }
+    }
+    double x = 0.0;
+    double y = 0.0;
+    Point2d::ConvertQVariant(value, x, y);
+    append(x, y);
+}
+
+} // namespace
 
 Point2d::Point2d(double x, double y) : x(x), y(y) {}
 
 Point2d::Point2d(const Point2d& other) : BaseObject(other), x(other.x), y(other.y) {}
+
+Point2d::Point2d(const Math::Point2d& point) : x(point.x), y(point.y) {}
+
+Point2d::Point2d(const QVariant& value) : Point2d()
+{
+    const Math::Point3d point = Point3d::valueOf(value);
+    x = point.x;
+    y = point.y;
+}
 
 Point2d& Point2d::operator=(const Point2d& other)
 {
@@ -31,55 +61,40 @@ std::string Point2d::__str__() const
     return QStringLiteral("Point2d(%1, %2)").arg(x).arg(y).toStdString();
 }
 
+void Point2d::translate(const QVariant& vector)
+{
+    const Math::Point3d way = Point3d::valueOf(vector);
+    x += way.x;
+    y += way.y;
+}
+
+Point2d* Point2d::fromQVariant(const QVariant& value)
+{
+    return new Point2d(value);
+}
+
 void Point2d::ConvertQVariant(const QVariant& value, double& x, double& y)
 {
-    if (const QObject* object = QVariantToPointer(value)) {
-        if (const auto* coordinates = dynamic_cast<const Node_Coordinates*>(object)) {
-            x = coordinates->getX();
-            y = coordinates->getY();
-            return;
-        }
-        if (const auto* point = dynamic_cast<const Point2d*>(object)) {
-            x = point->x;
-            y = point->y;
-            return;
-        }
-        if (const auto* point = dynamic_cast<const Point3d*>(object)) {
-            x = point->x;
-            y = point->y;
-            return;
-        }
-        if (const auto* wrapper = dynamic_cast<const Node*>(object)) {
-            const MO_Node* node = wrapper->getNode();
-            if (!node)
-                throw Exception(tr("Position is invalid."));
-            validateThreadLock();
-            x = node->x();
-            y = double(node->y()) - Node_Coordinates::networkOffset;
-            return;
-        }
-        throw Exception(tr("Unsupported Point2D type."));
-    }
-    switch (value.typeId()) {
-    case QMetaType::Int:
-    case QMetaType::Double:
-        x = value.toDouble();
+    switch (readStrictPoint(value, std::array{&x, &y})) {
+    case StrictReading::Position:
+    case StrictReading::Node:
         return;
-    case QMetaType::QVariantList:
-        if (readStrictList<2>(value.toList(), {&x, &y}))
-            return;
-        break;
-    case QMetaType::QPoint:
-    case QMetaType::QPointF: {
-        const QPointF point = value.toPointF();
-        x = point.x();
-        y = point.y();
-        return;
-    }
-    default:
+    case StrictReading::DeadNode:
+        throw Exception(tr("Position is invalid."));
+    case StrictReading::Unsupported:
         break;
     }
     throw Exception(tr("Unsupported Point2D type."));
+}
+
+void Point2d::fromQVariant(const QVariant& value, std::vector<std::unique_ptr<Math::Point2d>>& points)
+{
+    readPoints(value, [&](double x, double y) { points.push_back(std::make_unique<Math::Point2d>(x, y)); });
+}
+
+void Point2d::fromQVariant(const QVariant& value, std::vector<Point2d>& points)
+{
+    readPoints(value, [&](double x, double y) { points.emplace_back(x, y); });
 }
 
 } // namespace OMC

@@ -1,18 +1,29 @@
 #pragma once
 
 #include "core/frame/baseobject.h"
+#include "core/host/math_point.h"
+
+#include <memory>
+#include <vector>
 
 namespace OMC {
 
 /// A position in the plane, in whatever units the operation that takes or gives it names.
 ///
 /// A value: it leads to no engine object, is always valid, and travels inside a QVariant by copy.
+///
+/// Two readers turn a script's argument into a position. `fromQVariant` is lenient: it takes everything, adds up what a
+/// list holds, and gives (0, 0) for what it doesn't know. `ConvertQVariant` is strict: it takes fewer forms, writes
+/// what they tell, and throws for the rest.
 class BRINDLE_CORE_EXPORT Point2d : public BaseObject {
     Q_OBJECT
 
 public:
     explicit Point2d(double x = 0.0, double y = 0.0);
     Point2d(const Point2d& other);
+    explicit Point2d(const Math::Point2d& point);
+    /// What `fromQVariant` reads.
+    explicit Point2d(const QVariant& value);
     Point2d& operator=(const Point2d& other);
 
     BaseObject* copy() const override;
@@ -20,10 +31,19 @@ public:
 
     bool operator==(const Point2d& other) const { return x == other.x && y == other.y; }
 
+    /// Moves it by what `Vector2d::fromQVariant` reads.
+    void translate(const QVariant& vector);
+
+    /// A new point, which the caller owns: x and y of what `Point3d::fromQVariant` reads.
+    static Point2d* fromQVariant(const QVariant& value);
     /// Reads a position strictly: a node or its coordinates, a point, a QPoint or QPointF, a list of numbers, or a
     /// single number, which is written to x alone. What the value doesn't tell keeps what the caller put there. Throws
     /// for anything else; what was read up to there stays written.
     static void ConvertQVariant(const QVariant& value, double& x, double& y);
+    /// Appends the position that a value tells strictly, or all of those in a list, lists in it included. A list whose
+    /// first item is a number is one position; an empty one is none.
+    static void fromQVariant(const QVariant& value, std::vector<std::unique_ptr<Math::Point2d>>& points);
+    static void fromQVariant(const QVariant& value, std::vector<Point2d>& points);
 
     double x;
     double y;

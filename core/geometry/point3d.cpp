@@ -1,18 +1,79 @@
 #include "core/geometry/point3d.h"
 
+#include "core/columns/columnvalue.h"
+#include "core/geometry/matrix.h"
 #include "core/geometry/point2d.h"
-#include "core/geometry/strictnumbers.h"
-#include "core/host/mo_node.h"
+#include "core/geometry/strictpoint.h"
 #include "core/nodes/node.h"
 #include "core/nodes/node_coordinates.h"
 
-#include <QPointF>
+#include <array>
 
 namespace OMC {
+
+namespace {
+
+/// The place of a node in the plane of the node view: z stays 0.
+Math::Point3d placeOf(const Node_Coordinates& coordinates)
+{
+    return {double(coordinates.getX()), double(coordinates.getY()), 0.0};
+}
+
+/// What a single object tells; (0, 0, 0) for one that tells no position.
+Math::Point3d positionOf(const QObject* object)
+{
+    if (const auto* matrix = dynamic_cast<const Matrix*>(object))
+        return matrix->getMatrix().origin();
+    if (const auto coordinates = Point3d::coordinatesOf(object))
+        return Math::Point3d() + *coordinates;
+    if (const auto* value = dynamic_cast<const ColumnValue*>(object))
+        return Point3d::valueOf(value->getValue());
+    if (const auto* node = dynamic_cast<const Node*>(object)) {
+        const Math::Point3d place = placeOf(Node_Coordinates(node->getNode()));
+        BaseObject::validateThreadLock();
+        return place;
+    }
+    if (const auto* coordinates = dynamic_cast<const Node_Coordinates*>(object))
+        return placeOf(*coordinates);
+    return {};
+}
+
+/// The sum of what a list holds. A matrix transforms the sum up to it, so the order of the list matters.
+Math::Point3d sumOf(const QList<QVariant>& list)
+{
+    Math::Point3d sum;
+    const std::array<double*, 3> coordinates = {&sum.x, &sum.y, &sum.z};
+    std::size_t numbers = 0;
+    for (const QVariant& item : list) {
+        if (const QObject* object = BaseObject::QVariantToPointer(item)) {
+            if (const auto* matrix = dynamic_cast<const Matrix*>(object))
+                sum = matrix->getMatrix() * sum;
+            else if (const auto way = Point3d::coordinatesOf(object))
+                sum = sum + *way;
+            continue;
+        }
+        bool isNumber = false;
+        const double number = item.toDouble(&isNumber);
+        // A fourth number is added to x again: required.
+        if (isNumber)
+            *coordinates[numbers++ % coordinates.size()] += number;
+    }
+    return sum;
+}
+
+} // namespace
 
 Point3d::Point3d(double x, double y, double z) : x(x), y(y), z(z) {}
 
 Point3d::Point3d(const Point3d& other) : BaseObject(other), x(other.x), y(other.y), z(other.z) {}
+
+Point3d::Point3d(const QVariant& value) : Point3d()
+{
+    const Math::Point3d point = valueOf(value);
+    x = point.x;
+    y = point.y;
+    z = point.z;
+}
 
 Point3d& Point3d::operator=(const Point3d& other)
 {
@@ -32,55 +93,50 @@ std::string Point3d::__str__() const
     return QStringLiteral("Point3d(%1, %2, %3)").arg(x).arg(y).arg(z).toStdString();
 }
 
+void Point3d::translate(const QVariant& vector)
+{
+    const Math::Point3d way = valueOf(vector);
+    x += way.x;
+    y += way.y;
+    z += way.z;
+}
+
+Point3d* Point3d::fromQVariant(const QVariant& value)
+{
+    return new Point3d(value);
+}
+
+Math::Point3d Point3d::valueOf(const QVariant& value)
+{
+    if (const QObject* object = QVariantToPointer(value))
+        return positionOf(object);
+    if (value.typeId() == QMetaType::QVariantList)
+        return sumOf(*static_cast<const QVariantList*>(value.constData()));
+    bool isNumber = false;
+    const double number = value.toDouble(&isNumber);
+    return isNumber ? Math::Point3d{number, number, number} : Math::Point3d();
+}
+
+std::optional<Math::Vector3d> Point3d::coordinatesOf(const QObject* object)
+{
+    // A vector is a point too, and tells the same as either.
+    if (const auto* point = dynamic_cast<const Point3d*>(object))
+        return Math::Vector3d{point->x, point->y, point->z};
+    if (const auto* point = dynamic_cast<const Point2d*>(object))
+        return Math::Vector3d{point->x, point->y, 0.0};
+    return std::nullopt;
+}
+
 void Point3d::ConvertQVariant(const QVariant& value, double& x, double& y, double& z)
 {
-    if (const QObject* object = QVariantToPointer(value)) {
-        if (const auto* coordinates = dynamic_cast<const Node_Coordinates*>(object)) {
-            x = coordinates->getX();
-            y = coordinates->getY();
-            z = coordinates->getZ();
-            return;
-        }
-        if (const auto* point = dynamic_cast<const Point2d*>(object)) {
-            x = point->x;
-            y = point->y;
-            return;
-        }
-        if (const auto* point = dynamic_cast<const Point3d*>(object)) {
-            x = point->x;
-            y = point->y;
-            z = point->z;
-            return;
-        }
-        if (const auto* wrapper = dynamic_cast<const Node*>(object)) {
-            const MO_Node* node = wrapper->getNode();
-            if (!node)
-                throw Exception(tr("Position is invalid."));
-            validateThreadLock();
-            x = node->x();
-            y = double(node->y()) - Node_Coordinates::networkOffset;
-            z = node->z();
-            // Refused below all the same, after the coordinates were written: required, no caller takes a node here.
-        }
-        throw Exception(tr("Unsupported Point3D type."));
-    }
-    switch (value.typeId()) {
-    case QMetaType::Int:
-    case QMetaType::Double:
-        x = value.toDouble();
+    switch (readStrictPoint(value, std::array{&x, &y, &z})) {
+    case StrictReading::Position:
         return;
-    case QMetaType::QVariantList:
-        if (readStrictList<3>(value.toList(), {&x, &y, &z}))
-            return;
-        break;
-    case QMetaType::QPoint:
-    case QMetaType::QPointF: {
-        const QPointF point = value.toPointF();
-        x = point.x();
-        y = point.y();
-        return;
-    }
-    default:
+    case StrictReading::DeadNode:
+        throw Exception(tr("Position is invalid."));
+    case StrictReading::Node:
+        // Refused all the same, after its coordinates were written: required, no caller takes a node here.
+    case StrictReading::Unsupported:
         break;
     }
     throw Exception(tr("Unsupported Point3D type."));

@@ -1,19 +1,18 @@
-#include "core/geometry/point2d.h"
-#include "core/geometry/point3d.h"
+#include "core/frame/valuetypes.h"
+
+#include "core/geometry/matrix.h"
+#include "core/geometry/rectangles.h"
+#include "core/geometry/transformation.h"
+#include "core/geometry/vectors.h"
 
 namespace OMC {
 
 namespace {
 
-template <typename... Classes>
-bool registerValueTypes()
-{
-    (BaseObject::registerValueType(qMetaTypeId<Classes>()), ...);
-    return true;
-}
-
-/// The geometry that travels inside a QVariant by value, entered while the library is loaded.
-[[maybe_unused]] const bool registered = registerValueTypes<Point2d, Point3d>();
+/// The geometry that travels inside a QVariant by value.
+[[maybe_unused]] const bool registered =
+    registerValueTypes<Matrix, Point2d, Point3d, Vector2d, Vector3d, Rect2D, Rect2DI, Transformation, AllocatedRect2D,
+                       AllocatedRect2DI>();
 
 } // namespace
 

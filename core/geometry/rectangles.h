@@ -1,0 +1,119 @@
+#pragma once
+
+#include "core/frame/baseobject.h"
+#include "core/host/math_box2d.h"
+
+#include <QtGlobal>
+
+namespace OMC {
+
+/// The size of a rectangle, in whatever units the operation that takes or gives it names.
+///
+/// This and the three classes below are values: they lead to no engine object, are always valid, and travel inside a
+/// QVariant by copy.
+class BRINDLE_CORE_EXPORT Rect2D : public BaseObject {
+    Q_OBJECT
+
+public:
+    explicit Rect2D(double width = 0.0, double height = 0.0);
+    Rect2D(const Rect2D& other);
+    Rect2D& operator=(const Rect2D& other);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    bool operator==(const Rect2D& other) const { return width == other.width && height == other.height; }
+
+    double width;
+    double height;
+};
+
+/// A size and the corner with the smallest coordinates; the other corner is (x + width, y + height).
+class BRINDLE_CORE_EXPORT AllocatedRect2D : public Rect2D {
+    Q_OBJECT
+
+public:
+    explicit AllocatedRect2D(double width = 0.0, double height = 0.0, double x = 0.0, double y = 0.0);
+    AllocatedRect2D(const AllocatedRect2D& other);
+    AllocatedRect2D& operator=(const AllocatedRect2D& other);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    bool operator==(const AllocatedRect2D& other) const
+    {
+        return Rect2D::operator==(other) && x == other.x && y == other.y;
+    }
+
+    /// A new rectangle, which the caller owns: a rectangle as it is; the one about the positions in a list; of no size
+    /// at any other position. Positions are those of Point2d::fromQVariant.
+    static AllocatedRect2D* fromQVariant(const QVariant& value);
+
+    /// Grows to hold a rectangle, or a position that Point2d::fromQVariant reads.
+    void add(const QVariant& value);
+    /// Moves each side outwards by a margin: left and right by `x`, bottom and top by `y`. Negative margins move them
+    /// inwards, at most to where they meet. Throws for a margin that isn't finite.
+    void expand(double x, double y);
+    /// The same with a margin a side. Sides that pass each other change places, so the size is never negative.
+    void expand(double left, double bottom, double right, double top);
+
+    double x;
+    double y;
+
+private:
+    /// The box about the two corners.
+    Math::Box2d box() const;
+    void setBox(const Math::Box2d& box);
+};
+
+/// The size of a rectangle in whole numbers.
+class BRINDLE_CORE_EXPORT Rect2DI : public BaseObject {
+    Q_OBJECT
+
+public:
+    /// The height's fraction is cut off; required as it is, next to a width that is an integer. Throws for a height
+    /// beyond the integers.
+    explicit Rect2DI(int width = 0, double height = 0.0);
+    Rect2DI(const Rect2DI& other);
+    Rect2DI& operator=(const Rect2DI& other);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    bool operator==(const Rect2DI& other) const { return width == other.width && height == other.height; }
+
+    /// A new rectangle, which the caller owns: the first two of a list of three items or more, rounded by adding a half
+    /// and cutting off. Of a rectangle in any form it is one of size 0, 0. Throws for anything else.
+    static Rect2DI* ConvertQVariant(const QVariant& value);
+
+    qint32 width;
+    qint32 height;
+};
+
+/// A size and the corner with the smallest coordinates, in whole numbers.
+class BRINDLE_CORE_EXPORT AllocatedRect2DI : public Rect2DI {
+    Q_OBJECT
+
+public:
+    explicit AllocatedRect2DI(int width = 0, int height = 0, int x = 0, int y = 0);
+    AllocatedRect2DI(const AllocatedRect2DI& other);
+    AllocatedRect2DI& operator=(const AllocatedRect2DI& other);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    bool operator==(const AllocatedRect2DI& other) const
+    {
+        return Rect2DI::operator==(other) && x == other.x && y == other.y;
+    }
+
+    qint32 x;
+    qint32 y;
+};
+
+} // namespace OMC
+
+Q_DECLARE_METATYPE(OMC::Rect2D)
+Q_DECLARE_METATYPE(OMC::AllocatedRect2D)
+Q_DECLARE_METATYPE(OMC::Rect2DI)
+Q_DECLARE_METATYPE(OMC::AllocatedRect2DI)

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "core/geometry/point2d.h"
+#include "core/geometry/point3d.h"
+
+namespace OMC {
+
+/// The way between two positions in the plane. Nearly everything takes it where it takes a point: see Point2d.
+class BRINDLE_CORE_EXPORT Vector2d : public Point2d {
+    Q_OBJECT
+
+public:
+    explicit Vector2d(double x = 0.0, double y = 0.0);
+    Vector2d(const Vector2d& other);
+    explicit Vector2d(const Math::Vector2d& vector);
+    /// What `fromQVariant` reads.
+    explicit Vector2d(const QVariant& value);
+    Vector2d& operator=(const Vector2d& other);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    /// A new vector, which the caller owns: x and y of what `Point3d::fromQVariant` reads.
+    static Vector2d* fromQVariant(const QVariant& value);
+};
+
+/// The way between two positions in space. Nearly everything takes it where it takes a point: see Point3d.
+class BRINDLE_CORE_EXPORT Vector3d : public Point3d {
+    Q_OBJECT
+
+public:
+    explicit Vector3d(double x = 0.0, double y = 0.0, double z = 0.0);
+    Vector3d(const Vector3d& other);
+    /// What `fromQVariant` reads.
+    explicit Vector3d(const QVariant& value);
+    Vector3d& operator=(const Vector3d& other);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    /// A new vector, which the caller owns: what `Point3d::fromQVariant` reads.
+    static Vector3d* fromQVariant(const QVariant& value);
+};
+
+} // namespace OMC
+
+Q_DECLARE_METATYPE(OMC::Vector2d)
+Q_DECLARE_METATYPE(OMC::Vector3d)
