@@ -4,6 +4,7 @@
 #include "core/host/co_command.h"
 #include "core/host/sc_session.h"
 #include "core/scene/history.h"
+#include "core/scene/projectresolution.h"
 
 namespace OMC {
 
@@ -44,10 +45,15 @@ bool Project::getDirtyPreviously() const
     return sessionCommands().executedHistorySize() != 0;
 }
 
-// Unchecked: the history says for itself that the project is gone.
+// Unchecked, like the resolution: what they give says for itself that the project is gone.
 Obj Project::getHistory() const
 {
     return Obj(new History(m_project.get()));
+}
+
+Obj Project::getResolution() const
+{
+    return Obj(new ProjectResolution(m_project.get()));
 }
 
 void Project::validate() const

@@ -7,12 +7,13 @@ class SC_ProjectCommon;
 
 namespace OMC {
 
-/// The open project: whether it has changed, and its undo history. Invalid once the project is closed.
+/// The open project: whether it has changed, its undo history and its resolution. Invalid once the project is closed.
 class BRINDLE_CORE_EXPORT Project : public BaseObject {
     Q_OBJECT
     Q_PROPERTY(bool dirty READ getDirty)
     Q_PROPERTY(bool dirty_previously READ getDirtyPreviously)
     Q_PROPERTY(OMC::Obj history READ getHistory)
+    Q_PROPERTY(OMC::Obj resolution READ getResolution)
 
 public:
     explicit Project(SC_ProjectCommon* project);
@@ -23,6 +24,7 @@ public:
     virtual bool getDirty() const;           ///< Whether it differs from what was last saved.
     virtual bool getDirtyPreviously() const; ///< Whether there is anything to undo.
     virtual Obj getHistory() const;
+    virtual Obj getResolution() const; ///< A ProjectResolution.
 
 protected:
     void validate() const override;

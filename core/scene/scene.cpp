@@ -1,14 +1,31 @@
 #include "core/scene/scene.h"
 
+#include "core/frame/finite.h"
 #include "core/frame/undo.h"
+#include "core/host/dd_deletesequence.h"
 #include "core/host/pr_preference.h"
 #include "core/host/sc_scene.h"
 #include "core/nodes/groupnode.h"
 #include "core/nodes/nodelist.h"
+#include "core/scene/frameoptions.h"
+#include "core/scene/scenemetrics.h"
+#include "core/scene/sceneunitconverter.h"
 
-#include <cmath>
+#include <memory>
 
 namespace OMC {
+
+namespace {
+
+const QString extendExposure = QStringLiteral("EXTEND_DRAWING_EXPOSURE");
+
+/// Whether the markers move along with the frames: by the options, without them by preference.
+bool ripplesMarkers(const FrameOptions* options)
+{
+    return options ? options->rippleMarkers : tuPref()->getBoolValue(QStringLiteral("RIPPLE_SCENE_MARKERS"), true);
+}
+
+} // namespace
 
 Scene::Scene(TUScene* scene) : m_scene(scene) {}
 
@@ -20,6 +37,24 @@ BaseObject* Scene::copy() const
 std::string Scene::__str__() const
 {
     return QStringLiteral("Scene(%1)").arg(getName()).toStdString();
+}
+
+Obj Scene::getAspect() const
+{
+    validate();
+    return Obj(new SceneAspect(scene()));
+}
+
+Obj Scene::getUnits() const
+{
+    validate();
+    return Obj(new SceneUnits(scene()));
+}
+
+Obj Scene::getCenter() const
+{
+    validate();
+    return Obj(new SceneCenter(scene()));
 }
 
 void Scene::setName(const QString&)
@@ -41,8 +76,7 @@ void Scene::setFramerate(double framesPerSecond)
     SC_SceneCommon* common = scene()->sceneCommon();
     if (!manager || !common)
         throwInvalid();
-    if (!std::isfinite(framesPerSecond))
-        throwInvalidArgument(0);
+    requireFinite(framesPerSecond, 0);
     undo::run(*manager, new SC_SceneCmds::SetFrameRateCmd(common, UT_FrameRate(framesPerSecond)), tr("Set Frame Rate"),
               tr("Failed to set the frame rate."));
 }
@@ -62,8 +96,7 @@ void Scene::setFrameCount(int count)
     const int current = scene()->getNumberOfFrames();
     if (count == current)
         return;
-    const bool rippleMarkers = tuPref()->getBoolValue(QStringLiteral("RIPPLE_SCENE_MARKERS"), true);
-    scene()->setNumberOfFrames(current, count - current, rippleMarkers, true);
+    scene()->setNumberOfFrames(current, count - current, ripplesMarkers(nullptr), true);
     if (scene()->getNumberOfFrames() != count)
         throw Exception(tr("Failed to set the scene's frame count."));
 }
@@ -100,6 +133,12 @@ int Scene::getFrameStop() const
     return sceneCommon().getStopFrame();
 }
 
+Obj Scene::getUnitConverter() const
+{
+    validate();
+    return Obj(new SceneUnitConverter(scene()));
+}
+
 // Fails unchecked, so a scene that is gone says this too: required as it is.
 std::vector<Obj> Scene::getSounds() const
 {
@@ -122,6 +161,53 @@ Obj Scene::getCompositions() const
 {
     validate();
     throw Exception(tr("Compositions are not currently supported in Python."));
+}
+
+bool Scene::frameInsert(int at, int count)
+{
+    return frameInsert(at, count, nullptr);
+}
+
+bool Scene::frameInsert(int at, int count, const FrameOptions* options)
+{
+    validate();
+    if (count <= 0)
+        return count == 0;
+    PR_Preference* preferences = tuPref();
+    const bool ripple = ripplesMarkers(options);
+    const bool kept = preferences->getBoolValue(extendExposure, false);
+    // The engine asks the preference and nothing else. It comes back in any case but an exception: required.
+    if (options)
+        preferences->setBoolValue(extendExposure, options->extendExposure);
+    scene()->setNumberOfFrames(at, count, ripple, true);
+    preferences->setBoolValue(extendExposure, kept);
+    return true;
+}
+
+bool Scene::frameRemove(int at, int count)
+{
+    return frameRemove(at, count, nullptr);
+}
+
+// Whether the scene is there is asked only when there are frames to remove, and no thread is: required as it is.
+bool Scene::frameRemove(int at, int count, const FrameOptions* options)
+{
+    if (count <= 0)
+        return count == 0;
+    TUScene* scene = this->scene();
+    CO_CommandManager* manager = scene && scene->projectCommon() ? scene->commandManager() : nullptr;
+    if (!manager)
+        throwInvalid();
+    DD_DropMode mode(true);
+    mode.SetStartDeleteFrame(at);
+    mode.SetNumFramesSrc(count);
+    DD_DeleteSequenceVisitor deletion(mode);
+    deletion.visit(*scene);
+    const undo::Scope scope(*manager, tr("Remove Frames"));
+    if (std::unique_ptr<CO_Command> command = deletion.takeCommand())
+        manager->execute(command.release(), QString());
+    scene->setNumberOfFrames(at, -count, ripplesMarkers(options), true);
+    return true;
 }
 
 TUScene* Scene::scene() const
@@ -147,6 +233,22 @@ SC_SceneCommon& Scene::sceneCommon() const
     if (!common)
         throwInvalid();
     return *common;
+}
+
+SC_ProjectCommon& Scene::projectCommon() const
+{
+    SC_ProjectCommon* project = scene()->projectCommon();
+    if (!project)
+        throwInvalid();
+    return *project;
+}
+
+CO_CommandManager& Scene::commandManager() const
+{
+    CO_CommandManager* manager = scene()->commandManager();
+    if (!manager)
+        throwInvalid();
+    return *manager;
 }
 
 } // namespace OMC

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "core/frame/obj.h"
+#include "core/frame/weakhandle.h"
+
+#include <QMap>
+#include <QString>
+
+#include <memory>
+
+class SC_ProjectCommon;
+
+namespace OMC {
+
+/// The size of the project's picture in pixels, the name of the resolution that it has, and the resolutions that have a
+/// name. A live view, invalid once the project is closed.
+class BRINDLE_CORE_EXPORT ProjectResolution : public BaseObject {
+    Q_OBJECT
+    Q_PROPERTY(int x READ getX WRITE setX)
+    Q_PROPERTY(int y READ getY WRITE setY)
+    Q_PROPERTY(QString default_name READ getDefaultName WRITE setDefaultName)
+    Q_PROPERTY(double default_FOV READ getDefaultFOV)
+    Q_PROPERTY(QMap<QString, OMC::Obj> names READ getNames)
+
+public:
+    explicit ProjectResolution(SC_ProjectCommon* project);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    virtual void setX(int pixels); ///< Keeps the height.
+    virtual int getX() const;
+    virtual void setY(int pixels); ///< Keeps the width.
+    virtual int getY() const;
+    virtual double getDefaultFOV() const; ///< The field of view in degrees.
+    /// A ProjectNamedResolution for each name.
+    virtual QMap<QString, Obj> getNames() const;
+
+    QString getDefaultName() const;
+    void setDefaultName(const QString& name); ///< The name of one of `names`.
+
+protected:
+    void validate() const override;
+
+private:
+    void setSize(int width, int height, const QString& label);
+
+    WeakHandle<SC_ProjectCommon> m_project;
+};
+
+/// A resolution that has a name. It keeps the name alone and looks it up at each read, so that one whose name was
+/// removed from the table says so.
+class BRINDLE_CORE_EXPORT ProjectNamedResolution : public BaseObject {
+    Q_OBJECT
+    Q_PROPERTY(int x READ getX)
+    Q_PROPERTY(int y READ getY)
+    Q_PROPERTY(double fov READ getFOV)
+    Q_PROPERTY(double framerate READ getFramerate)
+    Q_PROPERTY(QString name READ getName)
+    Q_PROPERTY(QString projection READ getProjection)
+
+public:
+    ProjectNamedResolution(SC_ProjectCommon* project, const QString& name);
+    ProjectNamedResolution(const ProjectNamedResolution& other);
+    ~ProjectNamedResolution() override;
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    virtual int getX() const;              ///< The width in pixels.
+    virtual int getY() const;              ///< The height in pixels.
+    virtual double getFOV() const;         ///< The field of view in degrees.
+    virtual double getFramerate() const;   ///< Frames per second.
+    virtual QString getName() const;       ///< Answers also when no resolution has the name any more.
+    virtual QString getProjection() const; ///< "Perspective", "Orthogonal" or "NONE".
+
+protected:
+    void validate() const override;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace OMC

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "core/frame/baseobject.h"
+
+namespace OMC {
+
+/// What renders a scene. It holds nothing yet, so that a copy is simply a new one.
+class BRINDLE_CORE_EXPORT RenderHandler : public BaseObject {
+    Q_OBJECT
+
+public:
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+};
+
+} // namespace OMC

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "core/frame/obj.h"
+#include "core/frame/weakhandle.h"
+
+#include <QString>
+#include <QVariant>
+
+class SC_SceneMetrics;
+class TUScene;
+
+namespace OMC {
+
+/// Converts between the two coordinate systems of a scene: the units of its field chart, in which people think, and
+/// OpenGL units, in which the engine draws. It reads the scene's metrics at each call, on whatever thread, and is
+/// invalid once the scene is gone.
+class BRINDLE_CORE_EXPORT SceneUnitConverter : public BaseObject {
+    Q_OBJECT
+
+public:
+    explicit SceneUnitConverter(TUScene* scene);
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    /// A Point2d comes back as a Point2d, a Point3d and all that Point3d::fromQVariant reads as a Point3d. Anything
+    /// else throws, vectors included.
+    QVariant toField(const QVariant& point);
+    /// One coordinate; the axis is "x", "y" or "z" in any case of letters.
+    double toField(double value, const QString& axis);
+    QVariant toOgl(const QVariant& point);
+    double toOgl(double value, const QString& axis);
+
+protected:
+    void validate() const override;
+
+private:
+    const SC_SceneMetrics& metrics() const;
+
+    WeakHandle<TUScene> m_scene;
+};
+
+} // namespace OMC
