@@ -71,6 +71,9 @@ public:
     /// Closes the open project, if any, and opens the one in the folder. Null on failure, as when another process has
     /// it open; the open one then stays open.
     virtual SC_Project* openProject(const QString& path, QString& error) = 0;
+    /// The same for a project that another process may have open, or that stands where nothing can be written: it can
+    /// be changed, but saved in another folder only.
+    virtual SC_Project* openProjectReadOnly(const QString& path, QString& error) = 0;
     /// Writes the open project to its folder; the folder changes whole or not at all.
     virtual bool saveProject(QString& error) = 0;
     /// Writes the open project to another folder that holds no project, and goes on there.
@@ -88,6 +91,7 @@ public:
 
     virtual SC_Id id() const = 0;
     virtual QString path() const = 0;    ///< The absolute path of the project's folder.
+    virtual bool isReadOnly() const = 0; ///< Whether it can't be saved where it is.
     virtual SC_ProjectCommon* projectCommon() const = 0;
     virtual SC_SceneBase* sceneAt(int index) const = 0; ///< In the project's order; null beyond the end.
     virtual int sceneCount() const = 0;

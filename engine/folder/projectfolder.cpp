@@ -3,7 +3,8 @@
 #include "core/host/sc_scene.h"
 #include "engine/folder/foldertransaction.h"
 #include "engine/folder/jsonplace.h"
-#include "engine/folder/jsonwriter.h"
+#include "engine/folder/projectfile.h"
+#include "engine/folder/projectlock.h"
 #include "engine/folder/scenefile.h"
 #include "engine/folder/scenefilenames.h"
 
@@ -16,8 +17,6 @@ namespace engine {
 
 namespace {
 
-constexpr char projectFormat[] = "brindle-project";
-constexpr int projectVersion = 1;
 constexpr QLatin1String projectFile("project.json");
 
 /// Does something that may throw `FolderFailure`, which becomes the sentence in `error`.
@@ -84,48 +83,13 @@ private:
     QStringList m_made; ///< The innermost first.
 };
 
-/// The files of scenes that "project.json" names.
-QStringList sceneFilesIn(const JsonFile& file)
-{
-    const JsonPlace root = file.root();
-    root.requireFormat(projectFormat, projectVersion);
-    root.requireOnly({"format", "version", "scenes"});
-    const JsonPlace scenes = root.field("scenes");
-    QStringList files;
-    for (int i = 0; i < scenes.size(); ++i) {
-        const JsonPlace scene = scenes.item(i);
-        if (!isSceneFileName(scene.text()))
-            scene.fail(QStringLiteral("is no file of a scene"));
-        if (files.contains(scene.text()))
-            scene.fail(QStringLiteral("is the file of another scene"));
-        files.append(scene.text());
-    }
-    if (files.isEmpty())
-        scenes.fail(QStringLiteral("has no scene"));
-    file.requireNoFieldTwice();
-    return files;
-}
-
-QByteArray projectText(const QStringList& sceneFiles)
-{
-    JsonWriter json;
-    json.beginObject();
-    json.key("format").text(projectFormat);
-    json.key("version").integer(projectVersion);
-    json.key("scenes").beginArray();
-    for (const QString& file : sceneFiles)
-        json.text(file);
-    json.endArray();
-    json.endObject();
-    return json.result();
-}
-
 /// The files that the project on disk has, or nothing when what is there can't be read.
 std::optional<QStringList> sceneFilesOnDisk(const QString& folder)
 {
     try {
         const QString path = folder + u'/' + projectFile;
-        return sceneFilesIn(JsonFile(path, folder_io::read(path)));
+        ProjectRecord record;
+        return readProjectFile(JsonFile(path, folder_io::read(path)), record);
     } catch (const FolderFailure&) {
         return std::nullopt;
     }
@@ -133,7 +97,8 @@ std::optional<QStringList> sceneFilesOnDisk(const QString& folder)
 
 /// Puts the scenes in place of those in the folder. `present` are the files of the scenes that are there; a file beside
 /// them is somebody else's, and in the way. When it isn't known which are there, saving the scenes goes first.
-void writeScenes(const QString& folder, const std::vector<TUScene*>& scenes, const std::optional<QStringList>& present)
+void writeProject(const QString& folder, const ProjectRecord& record, const std::vector<TUScene*>& scenes,
+                  const std::optional<QStringList>& present)
 {
     QStringList names;
     for (const TUScene* scene : scenes)
@@ -147,12 +112,22 @@ void writeScenes(const QString& folder, const std::vector<TUScene*>& scenes, con
             throw FolderFailure{quoted(path) + " is in the way: it is not a file of the project"};
         transaction.replace(files.at(i), sceneText(*scenes[static_cast<std::size_t>(i)]));
     }
-    transaction.replace(projectFile, projectText(files));
+    transaction.replace(projectFile, projectFileText(record, files));
     for (const QString& file : present.value_or(QStringList())) {
         if (!files.contains(file))
             transaction.remove(file);
     }
     transaction.commit();
+}
+
+/// Takes the lock of a project that is opened. Who can't have it is told what is left.
+void requireOrHint(ProjectLock& lock, const QString& folder)
+{
+    try {
+        lock.require(folder);
+    } catch (const FolderFailure& failure) {
+        throw FolderFailure{failure.reason + "; it can be opened read-only"};
+    }
 }
 
 } // namespace
@@ -169,65 +144,92 @@ void ProjectFolder::requirePath() const
         throw FolderFailure{QStringLiteral("the path has a character that no path can have")};
 }
 
-void ProjectFolder::makeProject(const std::vector<TUScene*>& scenes) const
+bool ProjectFolder::holdsProject() const
+{
+    return FolderTransaction::isCommitted(m_path) ||
+           folder_io::kindOf(m_path + u'/' + projectFile) != FileKind::Nothing;
+}
+
+void ProjectFolder::makeProject(const ProjectRecord& record, const std::vector<TUScene*>& scenes,
+                                ProjectLock& lock) const
 {
     requirePath();
     MadePath made;
     made.make(m_path);
-    const FolderLock lock(m_path, FolderLock::Writing);
-    if (FolderTransaction::isCommitted(m_path) || folder_io::kindOf(m_path + u'/' + projectFile) != FileKind::Nothing)
+    const FolderLock writing(m_path, FolderLock::Writing);
+    if (holdsProject())
         throw FolderFailure{quoted(m_path) + " already holds a project"};
-    writeScenes(m_path, scenes, QStringList());
+    ProjectLock taken;
+    taken.require(m_path);
+    writeProject(m_path, record, scenes, QStringList());
     made.keep();
+    lock = std::move(taken);
 }
 
-bool ProjectFolder::create(const std::vector<TUScene*>& scenes, QString& error) const
+bool ProjectFolder::create(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
+                           QString& error) const
 {
-    return attempt("create", error, [&] { makeProject(scenes); });
+    return attempt("create", error, [&] { makeProject(record, scenes, lock); });
 }
 
-bool ProjectFolder::createForSave(const std::vector<TUScene*>& scenes, QString& error) const
+bool ProjectFolder::createForSave(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
+                                  QString& error) const
 {
-    return attempt("save", error, [&] { makeProject(scenes); });
+    return attempt("save", error, [&] { makeProject(record, scenes, lock); });
 }
 
-bool ProjectFolder::write(const std::vector<TUScene*>& scenes, QString& error) const
+bool ProjectFolder::write(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
+                          QString& error) const
 {
     return attempt("save", error, [&] {
         requirePath();
         requireFolder(m_path);
-        const FolderLock lock(m_path, FolderLock::Writing);
+        const FolderLock writing(m_path, FolderLock::Writing);
+        lock.require(m_path);
         if (FolderTransaction::isInterrupted(m_path))
             FolderTransaction::recover(m_path);
-        writeScenes(m_path, scenes, sceneFilesOnDisk(m_path));
+        writeProject(m_path, record, scenes, sceneFilesOnDisk(m_path));
     });
 }
 
-bool ProjectFolder::read(SceneMaker& maker, QString& error) const
+void ProjectFolder::readProject(ProjectMaker& maker, ProjectLock* lock) const
 {
-    return attempt("open", error, [&] {
-        requirePath();
-        requireFolder(m_path);
-        std::optional<FolderLock> lock(std::in_place, m_path, FolderLock::Reading);
-        if (FolderTransaction::isCommitted(m_path)) {
-            lock.reset();
-            lock.emplace(m_path, FolderLock::Writing);
+    requirePath();
+    requireFolder(m_path);
+    std::optional<FolderLock> access(std::in_place, m_path, lock ? FolderLock::Writing : FolderLock::Reading);
+    if (!holdsProject())
+        throw FolderFailure{quoted(m_path) + " holds no project"};
+    if (lock) {
+        requireOrHint(*lock, m_path);
+        if (FolderTransaction::isCommitted(m_path))
             FolderTransaction::recover(m_path);
-        }
+        access.emplace(m_path, FolderLock::Reading);
+    }
+    const QHash<QString, QString> waiting = FolderTransaction::waiting(m_path);
+    const auto read = [&](const QString& file, const QString& shownAs) {
         bool missing = false;
-        const QString path = m_path + u'/' + projectFile;
-        const QByteArray content = folder_io::read(path, &missing);
+        const QByteArray content = folder_io::read(waiting.value(file, shownAs), &missing);
         if (missing)
-            throw FolderFailure{quoted(m_path) + " holds no project"};
-        QSet<QString> names;
-        for (const QString& file : sceneFilesIn(JsonFile(path, content))) {
-            const QString scenePath = m_path + u'/' + file;
-            const QByteArray sceneContent = folder_io::read(scenePath, &missing);
-            if (missing)
-                throw FolderFailure{quoted(scenePath) + " is missing"};
-            readScene(JsonFile(scenePath, sceneContent), names, maker);
-        }
-    });
+            throw FolderFailure{quoted(shownAs) + " is missing"};
+        return JsonFile(shownAs, content);
+    };
+    const JsonFile project = read(projectFile, m_path + u'/' + projectFile);
+    ProjectRecord record;
+    const QStringList files = readProjectFile(project, record);
+    maker.setRecord(record);
+    QSet<QString> names;
+    for (const QString& file : files)
+        readScene(read(file, m_path + u'/' + file), names, maker);
+}
+
+bool ProjectFolder::read(ProjectMaker& maker, ProjectLock& lock, QString& error) const
+{
+    return attempt("open", error, [&] { readProject(maker, &lock); });
+}
+
+bool ProjectFolder::readOnly(ProjectMaker& maker, QString& error) const
+{
+    return attempt("open", error, [&] { readProject(maker, nullptr); });
 }
 
 } // namespace engine

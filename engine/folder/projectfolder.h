@@ -1,5 +1,7 @@
 #pragma once
 
+#include "engine/session/projectsettings.h"
+
 #include <QString>
 
 #include <vector>
@@ -7,6 +9,8 @@
 class TUScene;
 
 namespace engine {
+
+class ProjectLock;
 
 /// What a scene is, apart from its nodes and columns.
 struct SceneRecord {
@@ -17,10 +21,17 @@ struct SceneRecord {
     double frameRate = 24.0;
 };
 
-/// Gives the scenes that opening fills.
-class SceneMaker {
+/// What a project is, apart from its scenes.
+struct ProjectRecord {
+    ProjectSettings settings;
+    QString lastChange; ///< The label of the change that led to what is saved; empty when there was none.
+};
+
+/// Takes what opening reads, the record first.
+class ProjectMaker {
 public:
-    virtual ~SceneMaker() = default;
+    virtual ~ProjectMaker() = default;
+    virtual void setRecord(const ProjectRecord& record) = 0;
     /// A new scene at the end of the project, with an empty root group, no column and nothing on the undo list. Null
     /// when the record can't be taken; its values are checked already, the name is not empty and no other scene's.
     virtual TUScene* addScene(const SceneRecord& record) = 0;
@@ -31,6 +42,9 @@ public:
 /// A save replaces all files that changed in one step: a process that is killed, or a machine that stops, leaves the
 /// old or the new project, and the next opening clears up what is left of the save. Files that the project doesn't know
 /// stay as they are. While it reads or writes, a lock on the folder keeps other processes from doing the same.
+///
+/// Who works on the project has its `ProjectLock`, which making and opening it take; who only reads it needs none, and
+/// leaves the folder untouched.
 ///
 /// Every failure is one sentence in `error` that says what could not be done, names the file and, in a damaged file,
 /// the place: "Cannot open the project: "/p/project.json" is damaged at line 3, column 8: illegal value." What is on
@@ -46,19 +60,27 @@ public:
 
     /// Makes a new project of these scenes in a folder that holds no project; a folder that is missing is made, with
     /// those above it. The error begins with "Cannot create the project".
-    bool create(const std::vector<TUScene*>& scenes, QString& error) const;
+    bool create(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
+                QString& error) const;
     /// The same for a project that goes on in another folder: the error begins with "Cannot save the project".
-    bool createForSave(const std::vector<TUScene*>& scenes, QString& error) const;
+    bool createForSave(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
+                       QString& error) const;
 
-    /// Writes the scenes of the project that lives there, in the project's order.
-    bool write(const std::vector<TUScene*>& scenes, QString& error) const;
+    /// Writes the project that lives there, its scenes in the project's order.
+    bool write(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
+               QString& error) const;
 
-    /// Reads the project and makes its scenes. On failure the maker may have been called already: drop what it made.
-    bool read(SceneMaker& maker, QString& error) const;
+    /// Reads the project and makes its scenes. On failure the maker may have been called already, and the lock taken:
+    /// drop both.
+    bool read(ProjectMaker& maker, ProjectLock& lock, QString& error) const;
+    /// The same without a lock, for a project that will not be saved there.
+    bool readOnly(ProjectMaker& maker, QString& error) const;
 
 private:
     void requirePath() const;
-    void makeProject(const std::vector<TUScene*>& scenes) const;
+    bool holdsProject() const;
+    void makeProject(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock) const;
+    void readProject(ProjectMaker& maker, ProjectLock* lock) const;
 
     QString m_path;
 };

@@ -100,10 +100,10 @@ void ProjectLock::require(const QString& folder)
         return;
     auto file = std::make_unique<QLockFile>(lockPath(folder));
     if (!lock(*file)) {
-        if (file->error() == QLockFile::LockFailedError)
-            throw FolderFailure{quoted(folder) + " is in use by " + Holder(*file).text()};
         if (const int error = whyNotWritable(folder))
             throw FolderFailure::ofSystem(folder, "cannot be written", error);
+        if (file->error() == QLockFile::LockFailedError)
+            throw FolderFailure{quoted(folder) + " is in use by " + Holder(*file).text()};
         throw FolderFailure{quoted(folder) + " cannot be locked"};
     }
     struct stat info = {};

@@ -9,13 +9,15 @@ class TUScene;
 namespace engine {
 
 class JsonFile;
-class SceneMaker;
+class ProjectMaker;
 
 /// The form of a scene in its file: JSON with these fields.
 ///
-///     format, version    "brindle-scene", 1
+///     format, version    "brindle-scene", 2
 ///     name               of the scene
 ///     frames, start, stop, frameRate
+///     camera, display    the paths of the default ones: "Top/Camera"; left out where none is set
+///     markers            name, frame, length, colour "#AARRGGBB", and note, left out when empty; the list likewise
 ///     nodes              the root group and all below it, depth first, each group ahead of its content
 ///     columns            in the order of the exposure sheet
 ///
@@ -43,13 +45,15 @@ class SceneMaker;
 ///
 /// Nodes are named by their group, links by the nodes' names, so that a change in one place of the scene is a change in
 /// one place of the file. Ids of the session are not kept.
+///
+/// Version 1 has no camera, display and markers; such a scene gets its first display as the default one.
 
 inline constexpr char sceneFormat[] = "brindle-scene";
-inline constexpr int sceneVersion = 1;
+inline constexpr int sceneVersion = 2;
 
 QByteArray sceneText(const TUScene& scene);
 
 /// Makes the scene. `names` are those of the scenes read before. Throws `FolderFailure`.
-void readScene(const JsonFile& file, QSet<QString>& names, SceneMaker& maker);
+void readScene(const JsonFile& file, QSet<QString>& names, ProjectMaker& maker);
 
 } // namespace engine

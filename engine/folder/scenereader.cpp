@@ -8,6 +8,8 @@
 #include "engine/graph/scenegraph.h"
 #include "engine/session/scene.h"
 
+#include <QRegularExpression>
+
 #include <limits>
 
 namespace engine {
@@ -22,6 +24,7 @@ class SceneReader {
 public:
     SceneReader(const JsonPlace& root, TUScene& scene)
         : m_root(root),
+          m_scene(*engineScene(scene.sceneCommon())),
           m_graph(*SceneGraph::of(scene.sceneCommon())),
           m_columns(*ColumnList::of(scene.sceneCommon())),
           m_attributes(*scene.sceneCommon())
@@ -42,9 +45,64 @@ public:
             readLinks(nodes.item(i), *m_nodes[static_cast<std::size_t>(i)]);
         for (int i = 0; i < columns.size(); ++i)
             linkColumn(columns.item(i), *m_columns.begin()[i], m_attributes.driven());
+        readMarkers();
+        if (m_root.has("camera"))
+            m_scene.setDefaultCamera(nodeAt<TUCameraModule>(m_root.field("camera"), "a camera"));
+        if (m_root.has("display"))
+            m_scene.setDefaultDisplay(nodeAt<TUDisplayModule>(m_root.field("display"), "a display"));
+    }
+
+    /// What a scene of version 1 had, when there was no way to choose it.
+    void chooseFirstDisplay()
+    {
+        for (Node* node : m_nodes) {
+            if (auto* display = dynamic_cast<TUDisplayModule*>(&node->host())) {
+                m_scene.setDefaultDisplay(display);
+                return;
+            }
+        }
     }
 
 private:
+    template <typename Module>
+    Module* nodeAt(const JsonPlace& place, const char* what)
+    {
+        MO_Node* node = node_util::getNodeFromQualifiedName_optimized(&m_scene, place.text());
+        auto* module = dynamic_cast<Module*>(node);
+        if (!module || node->qualifiedName() != place.text())
+            place.fail(QStringLiteral("is not the path of ") + QLatin1String(what));
+        return module;
+    }
+
+    void readMarkers()
+    {
+        if (!m_root.has("markers"))
+            return;
+        const JsonPlace list = m_root.field("markers");
+        SceneMarkers markers;
+        for (int i = 0; i < list.size(); ++i)
+            markers.push_back(readMarker(list.item(i)));
+        if (!m_scene.restoreMarkers(std::move(markers)))
+            list.fail(QStringLiteral("are not in the order of their frames, or not within the scene"));
+    }
+
+    static SC_SceneMarker readMarker(const JsonPlace& place)
+    {
+        place.requireOnly({"name", "frame", "length", "colour", "note"});
+        SC_SceneMarker marker;
+        marker.name = place.field("name").text();
+        marker.frame = place.field("frame").integer(1, SceneTiming::maxCount);
+        marker.length = place.field("length").integer(1, SceneTiming::maxCount);
+        const JsonPlace colour = place.field("colour");
+        static const QRegularExpression form(QStringLiteral("\\A#[0-9A-F]{8}\\z"));
+        if (!form.match(colour.text()).hasMatch())
+            colour.fail(QStringLiteral("is no colour \"#AARRGGBB\""));
+        marker.colour = colour.text().mid(1).toUInt(nullptr, 16);
+        if (place.has("note"))
+            marker.note = place.field("note").text();
+        return marker;
+    }
+
     void readNode(const JsonPlace& place)
     {
         place.requireOnly(
@@ -189,6 +247,7 @@ private:
     }
 
     const JsonPlace& m_root;
+    Scene& m_scene;
     SceneGraph& m_graph;
     ColumnList& m_columns;
     NodeAttributeReader m_attributes;
@@ -196,10 +255,13 @@ private:
     std::vector<Group*> m_groups; ///< From the root to the group that the next node may be in.
 };
 
-SceneRecord readRecord(const JsonPlace& root)
+SceneRecord readRecord(const JsonPlace& root, int version)
 {
-    root.requireFormat(sceneFormat, sceneVersion);
-    root.requireOnly({"format", "version", "name", "frames", "start", "stop", "frameRate", "nodes", "columns"});
+    if (version == 1)
+        root.requireOnly({"format", "version", "name", "frames", "start", "stop", "frameRate", "nodes", "columns"});
+    else
+        root.requireOnly({"format", "version", "name", "frames", "start", "stop", "frameRate", "camera", "display",
+                          "markers", "nodes", "columns"});
     SceneRecord record;
     record.name = root.field("name").text();
     record.frameCount = root.field("frames").integer(1, SceneTiming::maxCount);
@@ -214,10 +276,11 @@ SceneRecord readRecord(const JsonPlace& root)
 
 } // namespace
 
-void readScene(const JsonFile& file, QSet<QString>& names, SceneMaker& maker)
+void readScene(const JsonFile& file, QSet<QString>& names, ProjectMaker& maker)
 {
     const JsonPlace root = file.root();
-    const SceneRecord record = readRecord(root);
+    const int version = root.requireFormat(sceneFormat, sceneVersion);
+    const SceneRecord record = readRecord(root, version);
     const JsonPlace name = root.field("name");
     if (record.name.isEmpty())
         name.fail(QStringLiteral("is empty"));
@@ -227,7 +290,10 @@ void readScene(const JsonFile& file, QSet<QString>& names, SceneMaker& maker)
     TUScene* scene = maker.addScene(record);
     if (!scene)
         root.fail(QStringLiteral("has a timing that a scene can't have"));
-    SceneReader(root, *scene).read();
+    SceneReader reader(root, *scene);
+    reader.read();
+    if (version == 1)
+        reader.chooseFirstDisplay();
     file.requireNoFieldTwice();
 }
 

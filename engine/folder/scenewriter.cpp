@@ -1,6 +1,7 @@
 #include "engine/folder/scenefile.h"
 
 #include "core/host/sc_scene.h"
+#include "core/host/sc_scenemarker.h"
 #include "engine/folder/columntext.h"
 #include "engine/folder/jsonwriter.h"
 #include "engine/folder/nodeattributes.h"
@@ -24,6 +25,8 @@ public:
         m_json.key("start").integer(m_scene.sceneCommon()->getStartFrame());
         m_json.key("stop").integer(m_scene.sceneCommon()->getStopFrame());
         m_json.key("frameRate").number(m_scene.frameRate().fps());
+        writeViews(*m_scene.sceneCommon());
+        writeMarkers(m_scene.sceneCommon()->sceneMarkers());
         m_json.key("nodes").beginArray();
         if (Group* root = engineGroup(m_scene.getRootGroup()))
             forEachFrom(*root, [this](const Node& node) { writeNode(node); });
@@ -37,6 +40,32 @@ public:
     }
 
 private:
+    void writeViews(const SC_SceneCommon& scene)
+    {
+        if (const MO_Node* camera = scene.camera(false))
+            m_json.key("camera").text(camera->qualifiedName());
+        if (const MO_Node* display = scene.defaultDisplay())
+            m_json.key("display").text(display->qualifiedName());
+    }
+
+    void writeMarkers(const std::vector<SC_SceneMarker>& markers)
+    {
+        if (markers.empty())
+            return;
+        m_json.key("markers").beginArray();
+        for (const SC_SceneMarker& marker : markers) {
+            m_json.beginObject();
+            m_json.key("name").text(marker.name);
+            m_json.key("frame").integer(marker.frame);
+            m_json.key("length").integer(marker.length);
+            m_json.key("colour").text(u'#' + QString::number(marker.colour, 16).toUpper().rightJustified(8, u'0'));
+            if (!marker.note.isEmpty())
+                m_json.key("note").text(marker.note);
+            m_json.endObject();
+        }
+        m_json.endArray();
+    }
+
     void writeNode(const Node& node)
     {
         m_json.beginObject();

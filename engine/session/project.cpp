@@ -24,6 +24,17 @@ TUScene* Project::addScene(const SceneRecord& record)
     return added;
 }
 
+void Project::setRecord(const ProjectRecord& record)
+{
+    m_common.setSettings(record.settings);
+    m_common.history().setChangeBefore(record.lastChange);
+}
+
+ProjectRecord Project::record() const
+{
+    return {m_common.settings(), m_common.history().lastChange()};
+}
+
 SC_SceneBase* Project::sceneAt(int index) const
 {
     return m_common.scenes().at(index);

@@ -2,6 +2,7 @@
 
 #include "core/host/sc_session.h"
 #include "engine/folder/projectfolder.h"
+#include "engine/folder/projectlock.h"
 #include "engine/session/projectcommon.h"
 
 #include <QString>
@@ -11,7 +12,7 @@
 namespace engine {
 
 /// An open project. It belongs to the project manager; all in it is gone when it is closed.
-class Project final : public SC_Project, public SceneMaker {
+class Project final : public SC_Project, public ProjectMaker {
 public:
     /// A project without scenes, which has the folder's path.
     explicit Project(const QString& path);
@@ -19,11 +20,17 @@ public:
 
     void addFirstScene(); ///< "Scene-1", which a new project has.
     TUScene* addScene(const SceneRecord& record) override;
+    void setRecord(const ProjectRecord& record) override;
+    ProjectRecord record() const; ///< What is saved of the project apart from its scenes.
     std::vector<TUScene*> scenes() const { return m_common.scenes().scenes(); }
 
     SC_Id id() const override { return m_common.id(); }
     QString path() const override { return m_path; }
     void setPath(const QString& path) { m_path = path; }
+    /// Of the project's folder; not held by one that is read only, or was never on disk.
+    ProjectLock& lock() { return m_lock; }
+    bool isReadOnly() const override { return m_readOnly; }
+    void setReadOnly(bool readOnly) { m_readOnly = readOnly; }
     SC_ProjectCommon* projectCommon() const override { return const_cast<ProjectCommon*>(&m_common); }
     CommandManager& history() { return m_common.history(); }
     SC_SceneBase* sceneAt(int index) const override;
@@ -31,6 +38,8 @@ public:
 
 private:
     QString m_path;
+    ProjectLock m_lock;
+    bool m_readOnly = false;
     ProjectCommon m_common;
 };
 

@@ -1,5 +1,7 @@
 #include "engine/session/projectmanager.h"
 
+#include "engine/session/preferences.h"
+
 namespace engine {
 
 namespace {
@@ -16,7 +18,7 @@ SC_Project* ProjectManager::createProject(const QString& path, QString& error)
     const ProjectFolder folder(path);
     auto project = std::make_unique<Project>(folder.path());
     project->addFirstScene();
-    if (!folder.create(project->scenes(), error))
+    if (!folder.create(project->record(), project->scenes(), project->lock(), error))
         return nullptr;
     return replaceProject(std::move(project));
 }
@@ -25,8 +27,25 @@ SC_Project* ProjectManager::openProject(const QString& path, QString& error)
 {
     const ProjectFolder folder(path);
     auto project = std::make_unique<Project>(folder.path());
-    if (!folder.read(*project, error))
+    // A project that is open already is opened anew: its lock goes on to the new one.
+    const bool isOpen = m_project && m_project->lock().isOn(folder.path());
+    if (isOpen)
+        project->lock() = std::move(m_project->lock());
+    if (!folder.read(*project, project->lock(), error)) {
+        if (isOpen)
+            m_project->lock() = std::move(project->lock());
         return nullptr;
+    }
+    return replaceProject(std::move(project));
+}
+
+SC_Project* ProjectManager::openProjectReadOnly(const QString& path, QString& error)
+{
+    const ProjectFolder folder(path);
+    auto project = std::make_unique<Project>(folder.path());
+    if (!folder.readOnly(*project, error))
+        return nullptr;
+    project->setReadOnly(true);
     return replaceProject(std::move(project));
 }
 
@@ -36,9 +55,15 @@ bool ProjectManager::saveProject(QString& error)
         error = noProjectText();
         return false;
     }
-    if (!ProjectFolder(m_project->path()).write(m_project->scenes(), error))
+    if (m_project->isReadOnly()) {
+        error = QStringLiteral("Cannot save the project: \"") + m_project->path() +
+                QStringLiteral("\" is open read-only; it can be saved in another folder.");
+        return false;
+    }
+    if (!ProjectFolder(m_project->path()).write(m_project->record(), m_project->scenes(), m_project->lock(), error))
         return false;
     m_project->history().setClean();
+    savePreferencesOfUser();
     return true;
 }
 
@@ -49,10 +74,12 @@ bool ProjectManager::saveProjectAs(const QString& path, QString& error)
         return false;
     }
     const ProjectFolder folder(path);
-    if (!folder.createForSave(m_project->scenes(), error))
+    if (!folder.createForSave(m_project->record(), m_project->scenes(), m_project->lock(), error))
         return false;
     m_project->setPath(folder.path());
+    m_project->setReadOnly(false);
     m_project->history().setClean();
+    savePreferencesOfUser();
     return true;
 }
 

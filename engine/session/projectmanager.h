@@ -10,6 +10,7 @@ class ProjectManager final : public SC_ProjectManager {
 public:
     SC_Project* createProject(const QString& path, QString& error) override;
     SC_Project* openProject(const QString& path, QString& error) override;
+    SC_Project* openProjectReadOnly(const QString& path, QString& error) override;
     bool saveProject(QString& error) override;
     bool saveProjectAs(const QString& path, QString& error) override;
     void closeProject() override;

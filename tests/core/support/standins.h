@@ -96,6 +96,7 @@ class StandInProject : public SC_Project {
 public:
     SC_Id id() const override { return SC_Id(7); }
     QString path() const override { return {}; }
+    bool isReadOnly() const override { return false; }
     SC_ProjectCommon* projectCommon() const override { return common; }
     SC_SceneBase* sceneAt(int index) const override { return index == 0 ? first : nullptr; }
     int sceneCount() const override { return first ? 1 : 0; }
@@ -108,6 +109,7 @@ class StandInProjectManager : public SC_ProjectManager {
 public:
     SC_Project* createProject(const QString&, QString&) override { return nullptr; }
     SC_Project* openProject(const QString&, QString&) override { return nullptr; }
+    SC_Project* openProjectReadOnly(const QString&, QString&) override { return nullptr; }
     bool saveProject(QString&) override { return false; }
     bool saveProjectAs(const QString&, QString&) override { return false; }
     void closeProject() override { opened = nullptr; }

@@ -16,7 +16,7 @@ std::unique_ptr<engine::Project> FolderTest::open(const QString& path)
 {
     auto project = std::make_unique<engine::Project>(path);
     QString error;
-    EXPECT_TRUE(engine::ProjectFolder(path).read(*project, error)) << error.toStdString();
+    EXPECT_TRUE(engine::ProjectFolder(path).read(*project, project->lock(), error)) << error.toStdString();
     return project;
 }
 
@@ -30,15 +30,27 @@ QString FolderTest::openError(const QString& path)
 {
     engine::Project project(path);
     QString error;
-    const bool opened = engine::ProjectFolder(path).read(project, error);
+    const bool opened = engine::ProjectFolder(path).read(project, project.lock(), error);
     EXPECT_EQ(opened, error.isEmpty());
+    return error;
+}
+
+QString FolderTest::readOnlyError(const QString& path)
+{
+    engine::Project project(path);
+    QString error;
+    const bool opened = engine::ProjectFolder(path).readOnly(project, error);
+    EXPECT_EQ(opened, error.isEmpty());
+    EXPECT_FALSE(project.lock().isHeld());
     return error;
 }
 
 QString FolderTest::writeError(const QString& path, engine::Project& project)
 {
     QString error;
-    const bool written = engine::ProjectFolder(path).write(project.scenes(), error);
+    engine::ProjectLock ownForTheSave;
+    engine::ProjectLock& lock = project.lock().isHeld() ? project.lock() : ownForTheSave;
+    const bool written = engine::ProjectFolder(path).write(project.record(), project.scenes(), lock, error);
     EXPECT_EQ(written, error.isEmpty());
     return error;
 }
@@ -46,7 +58,8 @@ QString FolderTest::writeError(const QString& path, engine::Project& project)
 QString FolderTest::createError(const QString& path, engine::Project& project)
 {
     QString error;
-    const bool created = engine::ProjectFolder(path).create(project.scenes(), error);
+    engine::ProjectLock lock;
+    const bool created = engine::ProjectFolder(path).create(project.record(), project.scenes(), lock, error);
     EXPECT_EQ(created, error.isEmpty());
     return error;
 }
@@ -59,6 +72,8 @@ FolderTest::Files FolderTest::filesOf(const QString& folder)
                          QDirIterator::Subdirectories);
     while (entries.hasNext()) {
         const QString entry = entries.next();
+        if (entries.fileName() == QLatin1String(".brindle-lock"))
+            continue;
         if (entries.fileInfo().isDir())
             files.insert(top.relativeFilePath(entry) + u'/', {});
         else

@@ -35,12 +35,14 @@ public:
 
 namespace {
 
-/// Runs a function as a user without rights, in a process of its own; true when it gives true.
-bool asNobody(const std::function<bool()>& function)
+/// Runs a function as a user without rights, in a process of its own, and another one there before that; true when
+/// both give true.
+bool asNobody(
+    const std::function<bool()>& function, const std::function<bool()>& before = [] { return true; })
 {
     return inChild([&] {
                constexpr uid_t nobody = 65534;
-               return ::setgid(nobody) == 0 && ::setuid(nobody) == 0 && function() ? 0 : 1;
+               return before() && ::setgid(nobody) == 0 && ::setuid(nobody) == 0 && function() ? 0 : 1;
            }) == 0;
 }
 
@@ -73,7 +75,9 @@ TEST_F(ProjectFolderTest, AFolderThatHoldsAProjectIsRefused)
     rename("Monitor");
     EXPECT_EQ(createError(path(), project()), "Cannot create the project: \"" + path() + "\" already holds a project.");
     QString error;
-    EXPECT_FALSE(ProjectFolder(path()).createForSave(project().scenes(), error));
+    engine::ProjectLock lock;
+    EXPECT_FALSE(ProjectFolder(path()).createForSave(project().record(), project().scenes(), lock, error));
+    EXPECT_FALSE(lock.isHeld());
     EXPECT_EQ(error, "Cannot save the project: \"" + path() + "\" already holds a project.");
     EXPECT_EQ(filesOf(path()), files);
 }
@@ -282,7 +286,12 @@ TEST_F(ProjectFolderTest, WithoutPermissionNothingChanges)
     rename("Monitor");
     ::chmod(qPrintable(path(".")), 0755);
     const auto expectRefusal = [&](const QString& expected) {
-        EXPECT_TRUE(asNobody([&] { return writeError(path(), project()) == expected; })) << expected.toStdString();
+        const auto opened = [&] {
+            project().lock().require(path());
+            return true;
+        };
+        EXPECT_TRUE(asNobody([&] { return writeError(path(), project()) == expected; }, opened))
+            << expected.toStdString();
         EXPECT_EQ(filesOf(path()), files);
     };
     const QString file = "Cannot save the project: \"" + sceneFile() + "\" cannot be written: ";
@@ -302,10 +311,14 @@ TEST_F(ProjectFolderTest, WithoutPermissionNothingChanges)
         return createError(path("new/er"), project()) ==
                "Cannot create the project: \"" + path("new") + "\" cannot be made: permission denied.";
     }));
-    EXPECT_TRUE(asNobody([&] { return openError(path()).isEmpty(); }));
+    EXPECT_TRUE(asNobody([&] {
+        return openError(path()) == "Cannot open the project: \"" + path() +
+                                        "\" cannot be written: permission denied; it can be opened read-only.";
+    }));
+    EXPECT_TRUE(asNobody([&] { return readOnlyError(path()).isEmpty(); }));
     ::chmod(qPrintable(sceneFile()), 0600);
     EXPECT_TRUE(asNobody([&] {
-        return openError(path()) ==
+        return readOnlyError(path()) ==
                "Cannot open the project: \"" + sceneFile() + "\" cannot be read: permission denied.";
     }));
 }
@@ -389,7 +402,7 @@ TEST_F(ProjectFolderTest, DamageOfTheProjectFileIsTold)
         {R"({"format": null})", "is damaged at line 1: format is not a text."},
         {R"({"format": "x"})", "is damaged at line 1: format is not \"brindle-project\"."},
         {R"({"format": "brindle-project", "version": 99, "scenes": 1})",
-         "has format version 99, and this version of the application reads version 1."},
+         "has format version 99, and this version of the application reads versions up to 2."},
         {R"({"format": "brindle-project", "version": 1})", "is damaged at line 1: the file has no field \"scenes\"."},
         {R"({"format": "brindle-project", "version": 1, "scenes": {}})", "is damaged at line 1: scenes is not a list."},
         {R"({"format": "brindle-project", "version": 1, "scenes": []})", "is damaged at line 1: scenes has no scene."},

@@ -37,7 +37,25 @@ TEST_F(SceneFileTest, ANewProjectIsThreeNodesInPlainText)
     saved();
     EXPECT_EQ(get(path() + "/project.json"), R"({
   "format": "brindle-project",
-  "version": 1,
+  "version": 2,
+  "resolution": {
+    "name": "HD_1080",
+    "width": 1920,
+    "height": 1080,
+    "fovFit": "HEIGHT",
+    "fov": 41.112,
+    "projection": "PERSPECTIVE"
+  },
+  "colourSpace": "sRGB",
+  "textureDensity": {
+    "bitmap": 1,
+    "vector": 1
+  },
+  "metrics": {
+    "aspectRatio": [4, 3],
+    "fieldChart": [12, 12, 12],
+    "center": [0, 0]
+  },
   "scenes": [
     "scenes/Scene-1.json"
   ]
@@ -45,12 +63,13 @@ TEST_F(SceneFileTest, ANewProjectIsThreeNodesInPlainText)
 )");
     EXPECT_EQ(get(path() + "/scenes/Scene-1.json"), R"({
   "format": "brindle-scene",
-  "version": 1,
+  "version": 2,
   "name": "Scene-1",
   "frames": 60,
   "start": 1,
   "stop": 60,
   "frameRate": 24,
+  "display": "Top/Display",
   "nodes": [
     {
       "name": "Top",
