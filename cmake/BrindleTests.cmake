@@ -3,7 +3,8 @@
 find_package(GTest 1.12 REQUIRED)
 include(GoogleTest)
 
-set(test_environment QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8)
+# Preferences are those of a user who never set any.
+set(test_environment QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/config)
 set(python_environment ${test_environment} PYTHONPATH=${CMAKE_BINARY_DIR}/python PYTHONDONTWRITEBYTECODE=1)
 if("address" IN_LIST BRINDLE_SANITIZE)
     # The interpreter isn't sanitized, so the runtimes are loaded before it. It keeps memory until the process ends,

@@ -12,7 +12,7 @@ public:
     virtual void setBoolValue(const QString& name, bool value) = 0;
 };
 
-/// The preferences of the running application.
+/// The preferences of the user who runs the application. They are kept from one run to the next.
 BRINDLE_HOST_EXPORT PR_Preference* tuPref();
 
 /// Preferences that are read at every edit, kept at hand.

@@ -130,7 +130,6 @@ void CommandManager::closeScope()
 
     if (!m_scopes.empty()) {
         auto& outer = m_scopes.back().commands;
-        outer.reserve(outer.size() + closed.commands.size());
         for (auto& command : closed.commands)
             outer.push_back(std::move(command));
         return;
@@ -171,7 +170,9 @@ void CommandManager::cancelScope()
 void CommandManager::push(CommandPointer command, const QString& label)
 {
     dropRedo();
-    m_entries.push_back({label, std::move(command)});
+    // A run of entries of one name shares its text.
+    const bool isRun = !m_entries.empty() && m_entries.back().label == label;
+    m_entries.push_back({isRun ? m_entries.back().label : label, std::move(command)});
     ++m_done;
     dropBeyondLimit();
 }

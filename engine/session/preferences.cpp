@@ -1,5 +1,7 @@
 #include "engine/session/preferences.h"
 
+#include <memory>
+
 namespace engine {
 
 namespace {
@@ -17,18 +19,19 @@ constexpr Default defaults[] = {
     {constantSegmentName, false},
 };
 
-Preferences& preferences()
-{
-    static Preferences ofTheProcess;
-    return ofTheProcess;
-}
+std::unique_ptr<Preferences> loadedPreferences; ///< Null until they are asked for.
 
 } // namespace
 
-Preferences::Preferences()
+Preferences::Preferences(const QString& path) : m_file(path)
 {
     for (const Default& preference : defaults)
         m_values.insert(preference.name.toString(), preference.value);
+    const PreferenceFile::Values read = m_file.read();
+    for (auto value = read.begin(); value != read.end(); ++value)
+        m_values.insert(value.key(), value.value());
+    m_saved = m_values;
+    m_constantSegment = m_values.value(constantSegmentName.toString());
 }
 
 bool Preferences::getBoolValue(const QString& name, bool defaultValue) const
@@ -43,14 +46,39 @@ void Preferences::setBoolValue(const QString& name, bool value)
         m_constantSegment = value;
 }
 
+void Preferences::save()
+{
+    PreferenceFile::Values changed;
+    for (auto value = m_values.begin(); value != m_values.end(); ++value) {
+        const auto saved = m_saved.find(value.key());
+        if (saved == m_saved.end() || saved.value() != value.value())
+            changed.insert(value.key(), value.value());
+    }
+    if (m_file.update(changed))
+        m_saved = m_values;
+}
+
+Preferences& preferencesOfUser()
+{
+    if (!loadedPreferences)
+        loadedPreferences = std::make_unique<Preferences>(PreferenceFile::pathOfUser());
+    return *loadedPreferences;
+}
+
+void savePreferencesOfUser()
+{
+    if (loadedPreferences)
+        loadedPreferences->save();
+}
+
 } // namespace engine
 
 PR_Preference* tuPref()
 {
-    return &engine::preferences();
+    return &engine::preferencesOfUser();
 }
 
 bool PR_CachedPreferences::getSpConstantSegment()
 {
-    return engine::preferences().constantSegment();
+    return engine::preferencesOfUser().constantSegment();
 }

@@ -1,0 +1,135 @@
+#include "engine/session/preferencefile.h"
+
+#include "core/host/msg_scope.h"
+#include "engine/folder/jsonplace.h"
+#include "engine/folder/jsonwriter.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <limits>
+
+namespace engine {
+
+namespace {
+
+constexpr char preferenceFormat[] = "brindle-preferences";
+constexpr int preferenceVersion = 1;
+
+/// Why a file is not read, though it isn't damaged.
+struct ForeignFile {
+    QString reason;
+};
+
+PreferenceFile::Values valuesIn(const QString& path)
+{
+    bool missing = false;
+    QByteArray content;
+    try {
+        content = folder_io::read(path, &missing);
+    } catch (const FolderFailure& failure) {
+        throw ForeignFile{failure.reason};
+    }
+    PreferenceFile::Values values;
+    if (missing)
+        return values;
+    const JsonFile file(path, content);
+    const JsonPlace root = file.root();
+    if (root.requireFormat(preferenceFormat, std::numeric_limits<int>::max()) > preferenceVersion)
+        throw ForeignFile{quoted(path) + " is that of a newer version of the application"};
+    root.requireOnly({"format", "version", "values"});
+    const JsonPlace entries = root.field("values");
+    for (const QString& name : entries.keys())
+        values.insert(name, entries.field(name).flag());
+    file.requireNoFieldTwice();
+    return values;
+}
+
+QByteArray textOf(const PreferenceFile::Values& values)
+{
+    JsonWriter json;
+    json.beginObject();
+    json.key("format").text(preferenceFormat);
+    json.key("version").integer(preferenceVersion);
+    json.key("values").beginObject();
+    for (auto value = values.begin(); value != values.end(); ++value)
+        json.key(value.key()).flag(value.value());
+    json.endObject();
+    json.endObject();
+    return json.result();
+}
+
+void setAside(const QString& path)
+{
+    QString kept = path + QStringLiteral(".damaged");
+    for (int number = 2; QFileInfo::exists(kept); ++number)
+        kept = path + QStringLiteral(".damaged-%1").arg(number);
+    folder_io::rename(path, kept);
+    MSG_Scope(QStringLiteral("The damaged preferences are kept in %1.").arg(quoted(kept)), MSG_Scope::kLog);
+}
+
+void write(const QString& path, const QByteArray& content)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+        throw FolderFailure{quoted(path) + " cannot be written: " + file.errorString()};
+}
+
+void logFailure(const QString& what, const QString& reason)
+{
+    MSG_Scope(what + QStringLiteral(": ") + reason + u'.', MSG_Scope::kError);
+}
+
+} // namespace
+
+QString PreferenceFile::pathOfUser()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return folder.isEmpty() ? QString() : folder + QStringLiteral("/brindle/preferences.json");
+}
+
+PreferenceFile::Values PreferenceFile::read() const
+{
+    const QString failing = QStringLiteral("Cannot read the preferences");
+    try {
+        return m_path.isEmpty() ? Values() : valuesIn(m_path);
+    } catch (const FolderFailure& failure) {
+        logFailure(failing, failure.reason);
+    } catch (const ForeignFile& file) {
+        logFailure(failing, file.reason);
+    }
+    return {};
+}
+
+bool PreferenceFile::update(const Values& values) const
+{
+    if (m_path.isEmpty() || values.isEmpty())
+        return true;
+    const QString failing = QStringLiteral("Cannot save the preferences");
+    try {
+        const QString folder = QFileInfo(m_path).absolutePath();
+        if (!QDir().mkpath(folder))
+            throw FolderFailure{quoted(folder) + " cannot be made"};
+        const FolderLock lock(folder, FolderLock::Writing);
+        Values all;
+        try {
+            all = valuesIn(m_path);
+        } catch (const FolderFailure&) {
+            setAside(m_path);
+        }
+        const Values before = all;
+        all.insert(values);
+        if (all != before)
+            write(m_path, textOf(all));
+        return true;
+    } catch (const FolderFailure& failure) {
+        logFailure(failing, failure.reason);
+    } catch (const ForeignFile& file) {
+        logFailure(failing, file.reason);
+    }
+    return false;
+}
+
+} // namespace engine
