@@ -62,6 +62,8 @@ def stub_class(entry):
     base = entry["base"].removeprefix("brindle.")
     lines = ["", "", f"class {entry['name']}({base}):", docstring(entry["text"], "    ")]
     for form in entry["constructors"]:
+        if len(entry["constructors"]) > 1:
+            lines.append("    @overload")
         lines.append(f"    def __init__{signature(form)} -> None: ...")
     for item in entry["properties"]:
         lines += ["    @property", f"    def {item['name']}(self) -> {item['type']}:"]
@@ -106,8 +108,8 @@ def reference(classes):
         lines += ["", f"## {entry['name']}", "", f"{entry['text']}"]
         if base != "object":
             lines[-1] += f" Also a `{base}`."
-        for form in entry["constructors"]:
-            lines += ["", f"Made by `{entry['name']}{form}`."]
+        if entry["constructors"]:
+            lines += ["", "Made by " + " or ".join(f"`{entry['name']}{form}`" for form in entry["constructors"]) + "."]
         if entry["operators"]:
             lines += ["", "Operators: " + ", ".join(SPELLED[name] for name in entry["operators"]) + "."]
         if entry["properties"]:

@@ -57,6 +57,16 @@ void Application::processOneEvent()
     BUIAPP_Application::processEventsNoAppLock(true);
 }
 
+void Application::runFunction(const QVariant& function)
+{
+    ThreadManager::instance()->runFunction(function);
+}
+
+void Application::runOnMain(const QVariant& function, bool wait)
+{
+    ThreadManager::instance()->runOnMain(function, wait);
+}
+
 void Application::threadLock()
 {
     ThreadManager::instance()->lock();

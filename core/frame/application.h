@@ -36,6 +36,11 @@ public:
     /// Runs the events that are pending, without taking the application lock.
     void processOneEvent();
 
+    /// Calls a function of the script, on a script thread under the application lock.
+    void runFunction(const QVariant& function);
+    /// Calls a function of the script on the main thread; with `wait`, returns when that is done, or throws after 30 s.
+    void runOnMain(const QVariant& function, bool wait);
+
     void threadLock();
     void threadUnlock();
 

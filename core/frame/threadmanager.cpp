@@ -1,10 +1,14 @@
 #include "core/frame/threadmanager.h"
 
+#include "core/bridges/pythonfunction.h"
 #include "core/frame/exception.h"
 #include "core/frame/global.h"
+#include "core/frame/mainthreadjob.h"
+#include "core/frame/mainthreadstate.h"
 #include "core/host/sc_scene.h"
 #include "core/host/sc_session.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QThread>
 
@@ -16,6 +20,13 @@ enum class ThreadRole : quint8 { Unknown, Main, Other };
 
 /// Found out once a thread. Every operation of every object asks, so it is reached without a call.
 [[gnu::tls_model("initial-exec")]] constinit thread_local ThreadRole threadRole = ThreadRole::Unknown;
+
+/// Counted on by each job that the main thread has come to.
+unsigned int jobIndex = 0;
+
+/// How often, and how far apart in milliseconds, a thread looks whether the main thread has done its job: for 30 s.
+constexpr int jobLooks = 300;
+constexpr unsigned long jobLookInterval = 100;
 
 QString translated(const char* text)
 {
@@ -34,6 +45,14 @@ TUSceneChangeManager& changeManager()
     if (!manager)
         throw Exception(translated("Thread failed to get Application Lock."));
     return *manager;
+}
+
+const PythonFunction& functionIn(const QVariant& value)
+{
+    const auto* function = objectFrom<PythonFunction>(value);
+    if (!function)
+        throw Exception(translated("Expected a Python Function."));
+    return *function;
 }
 
 } // namespace
@@ -65,7 +84,7 @@ void ThreadManager::throwIfNecessary()
 {
     if (mainThread() || isExternal())
         return;
-    if (m_applockDelayed && SCP_PythonEngine::mainThreadState() > 0)
+    if (m_applockDelayed && MainThreadState::isInPython())
         return;
     // Nobody records which thread took the lock: while one holds it, all may go on.
     if (m_appLock)
@@ -108,11 +127,53 @@ void ThreadManager::unlock()
     releaseApplock();
 }
 
+void ThreadManager::runFunction(const QVariant& function)
+{
+    const PythonFunction& called = functionIn(function);
+    std::vector<QVariant> arguments;
+    const bool underLock = !mainThread() && !isExternal();
+    if (underLock)
+        lock();
+    // An exception of the function leaves the lock taken. Required as it is.
+    called.call(arguments);
+    if (underLock)
+        unlock();
+}
+
+void ThreadManager::runOnMain(const QVariant& function, bool wait)
+{
+    if (isExternal())
+        throw Exception(translated("Unable to use run_on_main() in an external Python interpreter."));
+    const PythonFunction& called = functionIn(function);
+    if (!QCoreApplication::instance())
+        throw Exception(translated("The application does not appear to be loaded."));
+
+    const bool waits = wait || mainThread();
+    const SCP_PythonEngine::ThreadStateScope outside;
+    const auto job = std::make_shared<MainThreadJob>(called, threadLockIndex(), waits);
+    QMetaObject::invokeMethod(QAbstractEventDispatcher::instance(QCoreApplication::instance()->thread()),
+                              [this, job] { job->run(threadLockIndex()); });
+    if (!waits)
+        return;
+    for (int look = 0; look < jobLooks; ++look) {
+        if (job->isOver(threadLockIndex())) {
+            job->throwFailure();
+            return;
+        }
+        QThread::msleep(jobLookInterval);
+    }
+    if (!job->isOver(threadLockIndex())) {
+        job->abandon();
+        throw Exception(translated("The main thread failed to respond - timing out."));
+    }
+    job->throwFailure();
+}
+
 void ThreadManager::getApplock()
 {
     ++m_applockDepth;
     // The main thread in Python may be waiting for this thread: the real lock has to wait until it is out.
-    if (SCP_PythonEngine::mainThreadState() > 0) {
+    if (MainThreadState::isInPython()) {
         m_applockDelayed = true;
         return;
     }
@@ -123,7 +184,7 @@ void ThreadManager::getApplock()
 
 void ThreadManager::getApplockDelayed()
 {
-    if (SCP_PythonEngine::mainThreadState() > 0)
+    if (MainThreadState::isInPython())
         return;
     m_applockDelayed = false;
     if (!m_appLock)
@@ -136,6 +197,18 @@ void ThreadManager::releaseApplock()
         return;
     m_applockDelayed = false;
     m_appLock.reset();
+}
+
+bool ThreadManager::hasApplock()
+{
+    if (m_applockDelayed && MainThreadState::isInPython())
+        return true;
+    return bool(m_appLock);
+}
+
+unsigned int& ThreadManager::threadLockIndex()
+{
+    return jobIndex;
 }
 
 } // namespace OMC

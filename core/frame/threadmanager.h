@@ -1,9 +1,11 @@
 #pragma once
 
 #include "core/frame/export.h"
-#include "core/host/application.h"
+#include "core/host/pl_applock.h"
+#include "core/host/scp_pythonengine.h"
 
 #include <QString>
+#include <QVariant>
 
 #include <deque>
 #include <memory>
@@ -14,8 +16,17 @@ namespace OMC {
 /// thread of the QCoreApplication).
 ///
 /// In a plain interpreter (no session, or one without a Python engine) every check passes. Otherwise a script thread
-/// must hold the application lock, or the main thread must be parked inside Python. The fields have no mutex: they are
-/// touched by one script thread at a time, under that rule.
+/// must hold the application lock, or have asked for it while the main thread is parked inside Python.
+///
+/// What these rules leave unguarded, and who relies on that:
+/// - The fields have no mutex and aren't atomic. One script thread at a time touches them, each under the lock or while
+///   the main thread is parked. Threads of Python keep to that by Python's own lock; native threads have to take turns.
+/// - Nobody records which thread took the lock. While one holds it every thread passes, and any thread may give it
+/// back:
+///   the lock keeps the main thread out, not script threads out of each other's work.
+/// - Notifications are restored first in, first out: a nested pair of locks leaves them off.
+/// - A function that fails inside `runFunction` leaves the lock taken.
+/// - Two jobs that are posted before the main thread comes to the first run the first only.
 class BRINDLE_CORE_EXPORT ThreadManager {
 public:
     static ThreadManager* instance();
@@ -33,10 +44,24 @@ public:
     void lock();
     void unlock();
 
+    /// Calls a script's function, on a script thread under the lock.
+    void runFunction(const QVariant& function);
+    /// Calls a script's function on the main thread: at once where that is the calling thread, else when its event loop
+    /// comes to it. With `wait`, returns when it is done, looking every 100 ms, and throws after 30 s without an
+    /// answer; the job stays posted then. What the function raises comes back to a caller that waits, else goes to the
+    /// log.
+    void runOnMain(const QVariant& function, bool wait);
+
 private:
+    /// For those who look at the state, or set it up for a test.
+    friend class ThreadManagerState;
+
     void getApplock();
     void getApplockDelayed();
     void releaseApplock();
+    bool hasApplock();
+    /// The running number of main-thread jobs. The main thread counts it on, the waiting thread looks at it.
+    unsigned int& threadLockIndex();
 
     std::deque<bool> m_notifyStates;
     std::unique_ptr<PL_AppLock::AppLock> m_appLock;

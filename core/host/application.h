@@ -2,6 +2,13 @@
 
 #include "core/host/export.h"
 
+#include <QString>
+#include <QStringList>
+
+class BAPP_ScriptEngine;
+class BAPP_ScriptHost;
+class BAPP_VectorizationInterface;
+
 /// How the application was started.
 class BRINDLE_HOST_EXPORT ST_BatchParams {
 public:
@@ -10,29 +17,63 @@ public:
     static bool isBatchPython();
 };
 
+/// The program: it makes one object of its own class, which is known from then on until it goes.
+class BRINDLE_HOST_EXPORT BAPP_Application {
+public:
+    /// The running program, or null where there is none, as in a plain interpreter.
+    static BAPP_Application* instance();
+
+    BAPP_Application();
+    BAPP_Application(const BAPP_Application&) = delete;
+    BAPP_Application& operator=(const BAPP_Application&) = delete;
+    virtual ~BAPP_Application();
+
+    virtual QString name() const = 0;
+    virtual QString version() const = 0;
+    virtual bool isInteractive() const = 0; ///< Whether a person works with it in windows.
+    /// Where script services are registered, or null in a program without scripting.
+    virtual BAPP_ScriptHost* scriptHost() const = 0;
+};
+
+/// Where script services are registered. It owns none of them; null takes a service away.
+class BRINDLE_HOST_EXPORT BAPP_ScriptHost {
+public:
+    virtual ~BAPP_ScriptHost() = default;
+    virtual void setScriptEngine(BAPP_ScriptEngine* engine) = 0;
+    virtual void setVectorizationInterface(BAPP_VectorizationInterface* vectorization) = 0;
+    virtual BAPP_ScriptEngine* scriptEngine() const = 0;
+    virtual BAPP_VectorizationInterface* vectorizationInterface() const = 0;
+};
+
+/// What runs scripts inside the application, on its main thread. It belongs to whoever made it.
+class BRINDLE_HOST_EXPORT BAPP_ScriptEngine {
+public:
+    virtual ~BAPP_ScriptEngine() = default;
+    /// Runs a script file, `arguments` beginning with its path, to the end of the interpreter, and gives the script's
+    /// exit code. Once a process, in place of `start`. A failure to begin is one line on standard error and 1.
+    virtual int run(const QStringList& arguments) = 0;
+    /// Starts the interpreter and leaves it, for an application that lives on. False, with the reason, on failure.
+    virtual bool start(QString& error) = 0;
+    /// Runs statements in the main module of a started interpreter. An exception goes to the script's own standard
+    /// error, and makes it false.
+    virtual bool execute(const QString& statements) = 0;
+};
+
+/// A service that turns pictures into vector drawings. It belongs to whoever made it.
+class BRINDLE_HOST_EXPORT BAPP_VectorizationInterface {
+public:
+    virtual ~BAPP_VectorizationInterface() = default;
+};
+
 class BRINDLE_HOST_EXPORT BUIAPP_Application {
 public:
     /// Runs pending events without taking the application lock.
     static void processEventsNoAppLock(bool);
 };
 
-namespace PL_AppLock {
+namespace oswUtil {
 
-/// Holds the application: construction waits for the lock, destruction gives it back.
-class BRINDLE_HOST_EXPORT AppLock {
-public:
-    AppLock();
-    AppLock(const AppLock&) = delete;
-    AppLock& operator=(const AppLock&) = delete;
-    ~AppLock();
-};
+/// The folder of the application's libraries, without a slash at the end.
+BRINDLE_HOST_EXPORT QString getBinDir();
 
-} // namespace PL_AppLock
-
-/// The host's Python engine.
-class BRINDLE_HOST_EXPORT SCP_PythonEngine {
-public:
-    virtual ~SCP_PythonEngine() = default;
-    /// Greater than 0 while the main thread is inside Python code.
-    static int& mainThreadState();
-};
+} // namespace oswUtil

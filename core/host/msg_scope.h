@@ -4,7 +4,7 @@
 
 class QString;
 
-/// Writes a line to the host's log when it is made.
+/// Writes a line to the host's log when it is made. Any thread may, with or without a lock.
 class BRINDLE_HOST_EXPORT MSG_Scope {
 public:
     enum Action { kError = 2, kLog = 5, kDebug = 6 };

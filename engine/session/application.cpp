@@ -4,27 +4,35 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QFileInfo>
 
-#include <condition_variable>
-#include <mutex>
+#include <dlfcn.h>
 
 namespace {
 
 engine::BatchMode currentBatchMode = engine::BatchMode::None;
+BAPP_Application* runningApplication = nullptr;
 
-/// The lock of the application. It may be given back by another thread than the one that took it.
-struct ApplicationLock {
-    std::mutex mutex;
-    std::condition_variable freed;
-    bool held = false;
-};
-
-/// It is never destroyed: a thread may still hold it while the process ends.
-ApplicationLock& applicationLock()
+QString& binDir()
 {
-    static auto* lock = new ApplicationLock;
-    return *lock;
+    static QString folder;
+    return folder;
 }
+
+class ScriptHost final : public BAPP_ScriptHost {
+public:
+    void setScriptEngine(BAPP_ScriptEngine* engine) override { m_engine = engine; }
+    void setVectorizationInterface(BAPP_VectorizationInterface* vectorization) override
+    {
+        m_vectorization = vectorization;
+    }
+    BAPP_ScriptEngine* scriptEngine() const override { return m_engine; }
+    BAPP_VectorizationInterface* vectorizationInterface() const override { return m_vectorization; }
+
+private:
+    BAPP_ScriptEngine* m_engine = nullptr;
+    BAPP_VectorizationInterface* m_vectorization = nullptr;
+};
 
 } // namespace
 
@@ -38,6 +46,44 @@ BatchMode batchMode()
 void setBatchMode(BatchMode mode)
 {
     currentBatchMode = mode;
+}
+
+void setBinDir(const QString& folder)
+{
+    binDir() = folder;
+}
+
+struct Application::Private {
+    QString name;
+    QString version;
+    bool interactive;
+    ScriptHost scriptHost;
+};
+
+Application::Application(const QString& name, const QString& version, bool interactive)
+    : d(new Private{name, version, interactive, {}})
+{}
+
+Application::~Application() = default;
+
+QString Application::name() const
+{
+    return d->name;
+}
+
+QString Application::version() const
+{
+    return d->version;
+}
+
+bool Application::isInteractive() const
+{
+    return d->interactive;
+}
+
+BAPP_ScriptHost* Application::scriptHost() const
+{
+    return &d->scriptHost;
 }
 
 } // namespace engine
@@ -57,36 +103,34 @@ bool ST_BatchParams::isBatchPython()
     return currentBatchMode == engine::BatchMode::Python;
 }
 
+BAPP_Application* BAPP_Application::instance()
+{
+    return runningApplication;
+}
+
+BAPP_Application::BAPP_Application()
+{
+    runningApplication = this;
+}
+
+BAPP_Application::~BAPP_Application()
+{
+    if (runningApplication == this)
+        runningApplication = nullptr;
+}
+
 void BUIAPP_Application::processEventsNoAppLock(bool userInput)
 {
     if (QCoreApplication::instance())
         QCoreApplication::processEvents(userInput ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
 }
 
-namespace PL_AppLock {
-
-AppLock::AppLock()
+QString oswUtil::getBinDir()
 {
-    ApplicationLock& lock = applicationLock();
-    std::unique_lock guard(lock.mutex);
-    lock.freed.wait(guard, [&lock] { return !lock.held; });
-    lock.held = true;
-}
-
-AppLock::~AppLock()
-{
-    ApplicationLock& lock = applicationLock();
-    {
-        const std::lock_guard guard(lock.mutex);
-        lock.held = false;
-    }
-    lock.freed.notify_one();
-}
-
-} // namespace PL_AppLock
-
-int& SCP_PythonEngine::mainThreadState()
-{
-    static int depth = 0;
-    return depth;
+    if (!binDir().isEmpty())
+        return binDir();
+    Dl_info own{};
+    if (!dladdr(&currentBatchMode, &own))
+        return {};
+    return QFileInfo(QFileInfo(QString::fromLocal8Bit(own.dli_fname)).canonicalFilePath()).path();
 }

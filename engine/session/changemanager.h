@@ -2,7 +2,11 @@
 
 #include "core/host/sc_scene.h"
 
+#include <QObject>
+
+#include <atomic>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace engine {
@@ -18,10 +22,13 @@ public:
 /// Announces the changes of one scene, which it belongs to.
 ///
 /// The revision counts every change, so that a view can tell whether what it shows is up to date. Observers are told
-/// while announcing is enabled; what changed meanwhile is told as one change when it is enabled again.
+/// while announcing is enabled; what changed meanwhile is told as one change when it is enabled again. Observers belong
+/// to the main thread and are told there: what another thread changes is told as one change by the main thread's event
+/// loop. Observers come and go on the main thread; everything else follows the thread rules of the scene, except that
+/// announcing may be switched at any time.
 class ChangeManager final : public TUSceneChangeManager {
 public:
-    bool isNotifyEnabled() const override { return m_enabled; }
+    bool isNotifyEnabled() const override { return m_enabled.load(std::memory_order_relaxed); }
     void setNotifyEnabled(bool enabled) override;
     void notify() override;
     void emitNodeChanged(MO_Node* node) override;
@@ -34,11 +41,16 @@ public:
 private:
     template <typename Call>
     void tell(Call call);
+    void tellSceneChanged();
+    void tellLater();
 
-    bool m_enabled = true;
-    bool m_missed = false; ///< Something changed while announcing was disabled.
+    std::atomic<bool> m_enabled = true;
+    std::atomic<bool> m_missed = false; ///< Something changed while announcing was disabled.
+    std::atomic<bool> m_posted = false; ///< The main thread's event loop is about to tell of a change.
+    std::atomic<bool> m_observed = false;
     std::uint64_t m_revision = 0;
     std::vector<SceneObserver*> m_observers;
+    std::unique_ptr<QObject> m_relay; ///< What is posted goes with it.
 };
 
 } // namespace engine

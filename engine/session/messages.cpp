@@ -1,8 +1,48 @@
 #include "engine/session/messages.h"
 
+#include "engine/engine.h"
+
+#include <atomic>
 #include <cstdio>
+#include <mutex>
 
 namespace engine {
+
+namespace {
+
+std::atomic<bool> verbose = false;
+
+/// A sink may log itself, so the lock is one that its thread may take again.
+struct Log {
+    std::recursive_mutex mutex;
+    LogSink sink;
+};
+
+/// Never destroyed: lines are written until the process ends.
+Log& theLog()
+{
+    static auto* log = new Log;
+    return *log;
+}
+
+bool writesDebugLines()
+{
+    return verbose.load(std::memory_order_relaxed) || !qEnvironmentVariableIsEmpty("BRINDLE_DEBUG");
+}
+
+} // namespace
+
+void setLogSink(LogSink sink)
+{
+    Log& log = theLog();
+    const std::lock_guard guard(log.mutex);
+    log.sink = std::move(sink);
+}
+
+void setLogVerbose(bool on)
+{
+    verbose.store(on, std::memory_order_relaxed);
+}
 
 QByteArray messageLine(const QString& message, MSG_Scope::Action action)
 {
@@ -10,7 +50,7 @@ QByteArray messageLine(const QString& message, MSG_Scope::Action action)
     case MSG_Scope::kError:
         return "Error: " + message.toUtf8() + '\n';
     case MSG_Scope::kDebug:
-        return qEnvironmentVariableIsEmpty("BRINDLE_DEBUG") ? QByteArray() : "Debug: " + message.toUtf8() + '\n';
+        return writesDebugLines() ? "Debug: " + message.toUtf8() + '\n' : QByteArray();
     case MSG_Scope::kLog:
         break;
     }
@@ -21,6 +61,15 @@ QByteArray messageLine(const QString& message, MSG_Scope::Action action)
 
 MSG_Scope::MSG_Scope(const QString& message, Action action)
 {
+    engine::Log& log = engine::theLog();
+    {
+        const std::lock_guard guard(log.mutex);
+        // A copy: the sink may put another one in its place.
+        if (const engine::LogSink sink = log.sink) {
+            sink(action, message);
+            return;
+        }
+    }
     // One call a line, so that lines of several threads don't mix.
     const QByteArray line = engine::messageLine(message, action);
     std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr);

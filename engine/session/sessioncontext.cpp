@@ -1,6 +1,8 @@
 #include "engine/session/sessioncontext.h"
 
 #include "core/host/sc_scene.h"
+#include "engine/engine.h"
+#include "engine/session/preferences.h"
 
 namespace {
 
@@ -25,7 +27,12 @@ std::unique_ptr<SC_SessionContext> SC_SessionContext::create()
 
 namespace engine {
 
-SessionContext::SessionContext()
+std::unique_ptr<SC_SessionContext> createPythonSession()
+{
+    return std::make_unique<SessionContext>(std::make_unique<SCP_PythonEngine>());
+}
+
+SessionContext::SessionContext(std::unique_ptr<SCP_PythonEngine> python) : m_python(std::move(python))
 {
     PLUG_Services::setSessionContext(this);
 }
@@ -35,6 +42,7 @@ SessionContext::~SessionContext()
     m_projects.closeProject();
     if (PLUG_Services::getSessionContext() == this)
         PLUG_Services::setSessionContext(nullptr);
+    savePreferencesOfUser();
 }
 
 SC_ProjectCommon* SessionContext::projectCommon() const

@@ -1,15 +1,18 @@
 #pragma once
 
 #include "core/host/sc_session.h"
+#include "core/host/scp_pythonengine.h"
 #include "engine/session/projectmanager.h"
+
+#include <memory>
 
 namespace engine {
 
 /// A run of the open engine. While it lives it is the session that PLUG_Services gives, unless another was made after
-/// it. It has no Python engine: whoever runs Python in the process brings its own.
+/// it. With a Python engine the application's thread rules hold in it; without one, as in a plain interpreter, none do.
 class SessionContext final : public SC_SessionContext {
 public:
-    SessionContext();
+    explicit SessionContext(std::unique_ptr<SCP_PythonEngine> python = nullptr);
     SessionContext(const SessionContext&) = delete;
     SessionContext& operator=(const SessionContext&) = delete;
     ~SessionContext() override;
@@ -18,10 +21,11 @@ public:
     SC_ProjectCommon* projectCommon() const override;
     CO_CommandManager* commandManager() const override;
     TUSceneChangeManager* changeManager() const override;
-    SCP_PythonEngine* pythonEngine() const override { return nullptr; }
+    SCP_PythonEngine* pythonEngine() const override { return m_python.get(); }
 
 private:
     ProjectManager m_projects;
+    std::unique_ptr<SCP_PythonEngine> m_python;
 };
 
 } // namespace engine

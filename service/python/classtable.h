@@ -41,6 +41,13 @@ struct Operators {
     const char* itemType = "Any";
 };
 
+/// What a value class is made of, as plain numbers and texts, for copy and pickle. A class with public members needs
+/// none: its members are its state.
+struct ValueState {
+    QVariantList (*read)(const OMC::BaseObject*) = nullptr;
+    OMC::BaseObject* (*rebuild)(const QVariantList&) = nullptr;
+};
+
 struct ClassTable {
     const char* name = nullptr;
     const char* documentation = nullptr;
@@ -51,17 +58,29 @@ struct ClassTable {
     Operators operators;
     OMC::BaseObject* (*construct)(const CallArguments& call) = nullptr;
     std::vector<std::string> constructors; ///< The signature of each form of the constructor.
+    ValueState state;
 };
 
 /// A form of a constructor: a function that gives a new object.
-template <typename Function>
-struct FactoryValues;
-template <typename R, typename... A>
-struct FactoryValues<R* (*)(A...)> {
-    using Values = std::tuple<std::decay_t<A>...>;
-};
 template <auto Factory, Text Names = "">
-struct Construct : ArgumentReader<typename FactoryValues<decltype(Factory)>::Values, Names> {};
+struct Construct : ArgumentReader<typename StaticSignature<decltype(Factory)>::Values, Names> {
+    static OMC::BaseObject* call(const typename Construct::Slots& slots)
+    {
+        return std::apply([](const auto&... value) -> OMC::BaseObject* { return Factory(value...); },
+                          Construct::read(slots));
+    }
+};
+
+/// What most constructors come to: `Construct<&newOf<Point2d, double, double>, "x=0, y=0">`.
+template <typename T, typename... Arguments>
+T* newOf(Arguments... arguments)
+{
+    return new T(arguments...);
+}
+
+/// What an `operator==` compares with: for a class that has it from its base, the base.
+template <typename C, typename Other>
+const Other& operandOf(bool (C::*)(const Other&) const);
 
 /// Fills a class's table from its C++ class: the list protocol, the call operator and equality come by themselves.
 template <typename T>
@@ -102,9 +121,25 @@ public:
     template <auto Field>
     Class& member(const char* name, const char* documentation);
 
-    /// Lets scripts build objects of the class.
+    /// Lets scripts build objects of the class: the forms (Construct) in the order in which they are tried.
+    template <typename... Forms>
+    Class& constructors();
     template <auto Factory, Text Names>
-    Class& constructor();
+    Class& constructor()
+    {
+        return constructors<Construct<Factory, Names>>();
+    }
+
+    /// Lets copy and pickle take the objects of a value class without public members: `State(const T&)` gives plain
+    /// numbers and texts as a QVariantList, of which `Rebuild(const QVariantList&)` makes an equal `T*`, throwing for a
+    /// list that is none of those.
+    template <auto State, auto Rebuild>
+    Class& pickled()
+    {
+        m_table.state = {[](const OMC::BaseObject* object) -> QVariantList { return State(static_cast<const T&>(*object)); },
+                         [](const QVariantList& state) -> OMC::BaseObject* { return Rebuild(state); }};
+        return *this;
+    }
 
     operator ClassTable() const { return m_table; }
 
@@ -136,17 +171,15 @@ Class<T>& Class<T>::member(const char* name, const char* documentation)
 }
 
 template <typename T>
-template <auto Factory, Text Names>
-Class<T>& Class<T>::constructor()
+template <typename... Forms>
+Class<T>& Class<T>::constructors()
 {
-    using Form = Construct<Factory, Names>;
     m_table.construct = [](const CallArguments& call) -> OMC::BaseObject* {
         const std::string_view name = T::staticMetaObject.className(); // "OMC::Point2d"
-        return callFirst<Form>(name.data() + name.rfind(':') + 1, call, []<typename F>(const typename F::Slots& slots) {
-            return std::apply([](const auto&... value) -> OMC::BaseObject* { return Factory(value...); }, F::read(slots));
-        });
+        return callFirst<Forms...>(name.data() + name.rfind(':') + 1, call,
+                                   []<typename F>(const typename F::Slots& slots) { return F::call(slots); });
     };
-    m_table.constructors.push_back(Form::describe());
+    (m_table.constructors.push_back(Forms::describe()), ...);
     return *this;
 }
 
@@ -203,10 +236,15 @@ void Class<T>::deriveOperators()
     }
     if constexpr (requires(T& t, const OMC::Obj& other) { t.__eq__(other); }) {
         operators.equals = [](OMC::BaseObject* o, OMC::BaseObject* other) { return bool(self(o).__eq__(OMC::Obj(other))); };
-    } else if constexpr (requires(T& t, const T& other) { t.operator==(other); }) {
+    } else if constexpr (requires { operandOf(&T::operator==); }) {
+        using Other = std::decay_t<decltype(operandOf(&T::operator==))>;
         operators.equals = [](OMC::BaseObject* o, OMC::BaseObject* other) {
-            const T* same = dynamic_cast<const T*>(other);
-            return same && self(o) == *same;
+            if constexpr (std::is_same_v<Other, QVariant>) {
+                return self(o).operator==(QVariant::fromValue<QObject*>(other));
+            } else {
+                const Other* same = dynamic_cast<const Other*>(other);
+                return same && self(o).operator==(*same);
+            }
         };
     } else if constexpr (requires(T& t, const T* other) { t.operator==(other); }) {
         operators.equals = [](OMC::BaseObject* o, OMC::BaseObject* other) {

@@ -4,27 +4,17 @@
 #include "service/python/session.h"
 #include "service/python/tables.h"
 #include "service/python/types.h"
+#include "service/python/valueprotocol.h"
 
 namespace brindle::python {
 
 namespace {
 
-/// A function of the module: its arguments are read like those of a method.
-template <Text Name, auto Function, Text Names = "">
-PyObject* callFunction(PyObject*, PyObject* const* values, Py_ssize_t count, PyObject* names)
-{
-    return guarded([&]() -> PyObject* {
-        return callFirst<Construct<Function, Names>>(
-            Name.characters, {values, count, names},
-            []<typename Form>(const typename Form::Slots& slots) { return std::apply(Function, Form::read(slots)); });
-    });
-}
-
+/// A function of the module: its arguments are read like those of a static method.
 template <Text Name, auto Function, Text Names = "">
 PyMethodDef function(const char* documentation)
 {
-    return {Name.characters,
-            reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(&callFunction<Name, Function, Names>)),
+    return {Name.characters, staticMethod<Name, StaticForm<Function, Names>>(documentation).function,
             METH_FASTCALL | METH_KEYWORDS, documentation};
 }
 
@@ -43,7 +33,8 @@ PyObject* endOfInterpreter(PyObject*, PyObject*)
 
 bool addClasses(PyObject* module)
 {
-    for (const auto tables : {&frameTables, &applicationTables, &pointTables, &sceneTables, &nodeTables, &portTables,
+    for (const auto tables : {&frameTables, &applicationTables, &pointTables, &vectorTables, &rectangleTables,
+                              &colourTables, &sceneTables, &nodeTables, &portTables,
                               &attributeTables, &columnTables}) {
         for (const ClassTable& table : tables())
             addClass(module, table);
@@ -68,6 +59,7 @@ PyMethodDef functions[] = {
     function<"application", &currentApplication>(
         "application() -> Application | None\n\nThe application whose project is open, or None."),
     function<"_live_objects", &liveObjects>("How many objects of the object model are alive, to find what leaks."),
+    function<"_rebuild", &rebuildValue, "cls, state">("Makes a value class's object of its state, for copy and pickle."),
     function<"_describe", &describeClasses>("What all classes offer, as plain data."),
     {nullptr, nullptr, 0, nullptr}};
 

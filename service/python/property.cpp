@@ -59,6 +59,7 @@ const PropertyType& propertyType(const QMetaProperty& meta)
         {QMetaType::ULong, "int", &readAs<unsigned long>},
         {QMetaType::Bool, "bool", &readAs<bool>},
         {QMetaType::Double, "float", &readAs<double>},
+        {QMetaType::Float, "float", &readAs<float>},
         {QMetaType::QString, "str", &readAs<QString>},
         {QMetaType::QStringList, "list[str]", &readAs<QStringList>},
         {QMetaType::QVariantList, "list", &readAs<QVariantList>},

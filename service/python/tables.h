@@ -10,6 +10,9 @@ namespace brindle::python {
 std::vector<ClassTable> frameTables();
 std::vector<ClassTable> applicationTables();
 std::vector<ClassTable> pointTables();
+std::vector<ClassTable> vectorTables();
+std::vector<ClassTable> rectangleTables();
+std::vector<ClassTable> colourTables();
 std::vector<ClassTable> sceneTables();
 std::vector<ClassTable> nodeTables();
 std::vector<ClassTable> portTables();

@@ -2,6 +2,7 @@
 
 #include "service/python/operators.h"
 #include "service/python/property.h"
+#include "service/python/valueprotocol.h"
 
 #include <deque>
 #include <structmember.h>
@@ -175,6 +176,9 @@ void addClass(PyObject* module, const ClassTable& table)
     addMethods(storage);
     if (!base)
         storage.methods.push_back(directoryMethod);
+    const bool isValue = table.state.read || !table.members.empty() || (base && isValueType(baseType));
+    if (isValue)
+        storage.methods.push_back(reduceMethod);
     storage.methods.push_back({});
 
     static PyMemberDef members[] = {{"__weaklistoffset__", T_PYSSIZET, offsetof(Wrapper, weakReferences), READONLY, nullptr},
@@ -185,6 +189,8 @@ void addClass(PyObject* module, const ClassTable& table)
     typeSlots.push_back({Py_tp_new, reinterpret_cast<void*>(&newObject)});
     typeSlots.push_back({Py_tp_getset, storage.attributes.data()});
     typeSlots.push_back({Py_tp_methods, storage.methods.data()});
+    if (isValue)
+        typeSlots.push_back({Py_tp_repr, reinterpret_cast<void*>(&valueRepresentation)});
     if (!base)
         typeSlots.push_back({Py_tp_members, members});
     typeSlots.push_back({0, nullptr});

@@ -1,5 +1,7 @@
 #include "core/frame/application.h"
 
+#include "core/host/pl_applock.h"
+#include "core/host/scp_pythonengine.h"
 #include "tests/core/support/failure.h"
 #include "tests/core/support/standins.h"
 

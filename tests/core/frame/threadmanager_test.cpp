@@ -1,6 +1,8 @@
 #include "core/frame/threadmanager.h"
 
 #include "core/frame/baseobject.h"
+#include "core/host/pl_applock.h"
+#include "core/host/scp_pythonengine.h"
 #include "tests/core/support/failure.h"
 #include "tests/core/support/standins.h"
 

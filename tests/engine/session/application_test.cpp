@@ -4,8 +4,18 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <thread>
+#include <QFileInfo>
+
+namespace {
+
+class ScriptEngine final : public BAPP_ScriptEngine {
+public:
+    int run(const QStringList&) override { return 0; }
+    bool start(QString&) override { return true; }
+    bool execute(const QString&) override { return true; }
+};
+
+} // namespace
 
 TEST(EngineApplicationTest, APlainProcessIsNoBatch)
 {
@@ -28,34 +38,47 @@ TEST(EngineApplicationTest, TheProgramSaysWhatBatchItIs)
     engine::setBatchMode(engine::BatchMode::None);
 }
 
-TEST(EngineApplicationTest, TheLockLetsOneThreadInAtATime)
+TEST(EngineApplicationTest, TheProgramIsKnownWhileItLives)
 {
-    int counter = 0;
-    const auto count = [&counter] {
-        for (int i = 0; i < 2000; ++i) {
-            const PL_AppLock::AppLock lock;
-            ++counter;
-        }
-    };
-    std::thread other(count);
-    count();
-    other.join();
-    EXPECT_EQ(counter, 4000);
+    EXPECT_EQ(BAPP_Application::instance(), nullptr);
+    {
+        const engine::Application program(QStringLiteral("paint"), QStringLiteral("1.2"), true);
+        EXPECT_EQ(BAPP_Application::instance(), &program);
+        EXPECT_EQ(program.name(), "paint");
+        EXPECT_EQ(program.version(), "1.2");
+        EXPECT_TRUE(program.isInteractive());
+    }
+    EXPECT_EQ(BAPP_Application::instance(), nullptr);
 }
 
-TEST(EngineApplicationTest, TheLockMayBeGivenBackByAnotherThread)
+TEST(EngineApplicationTest, AServiceIsRegisteredAndTakenAway)
 {
-    auto lock = std::make_unique<PL_AppLock::AppLock>();
-    std::thread([&lock] { lock.reset(); }).join();
-    const PL_AppLock::AppLock again;
+    const engine::Application program(QStringLiteral("paint"), QStringLiteral("1.2"), false);
+    BAPP_ScriptHost* host = program.scriptHost();
+    EXPECT_EQ(host->scriptEngine(), nullptr);
+    EXPECT_EQ(host->vectorizationInterface(), nullptr);
+    ScriptEngine scripts;
+    BAPP_VectorizationInterface vectorization;
+    host->setScriptEngine(&scripts);
+    host->setVectorizationInterface(&vectorization);
+    EXPECT_EQ(host->scriptEngine(), &scripts);
+    EXPECT_EQ(host->vectorizationInterface(), &vectorization);
+    host->setScriptEngine(nullptr);
+    EXPECT_EQ(host->scriptEngine(), nullptr);
+    EXPECT_EQ(host->vectorizationInterface(), &vectorization);
+    host->setVectorizationInterface(nullptr);
+    EXPECT_EQ(host->vectorizationInterface(), nullptr);
 }
 
-TEST(EngineApplicationTest, TheMainThreadsStateIsOneCounter)
+TEST(EngineApplicationTest, TheBinariesAreWhereThisCodeIsUnlessTheProgramSaysElse)
 {
-    EXPECT_EQ(SCP_PythonEngine::mainThreadState(), 0);
-    ++SCP_PythonEngine::mainThreadState();
-    EXPECT_EQ(SCP_PythonEngine::mainThreadState(), 1);
-    --SCP_PythonEngine::mainThreadState();
+    const QString own = oswUtil::getBinDir();
+    EXPECT_TRUE(QFileInfo(own).isDir());
+    EXPECT_FALSE(own.endsWith('/'));
+    engine::setBinDir(QStringLiteral("/somewhere/lib"));
+    EXPECT_EQ(oswUtil::getBinDir(), "/somewhere/lib");
+    engine::setBinDir(QString());
+    EXPECT_EQ(oswUtil::getBinDir(), own);
 }
 
 TEST(EngineApplicationTest, EventsAreProcessedOnlyWhereThereIsAnApplication)

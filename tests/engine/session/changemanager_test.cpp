@@ -2,6 +2,10 @@
 
 #include "tests/engine/support/memoryproject.h"
 
+#include <QCoreApplication>
+
+#include <thread>
+
 namespace {
 
 class CountingObserver final : public engine::SceneObserver {
@@ -71,4 +75,78 @@ TEST_F(ChangeManagerTest, AnObserverMayLeaveWhileItIsTold)
     changes.notify();
     EXPECT_EQ(leaver.scenes, 1);
     EXPECT_EQ(observer.scenes, 2);
+}
+
+namespace {
+
+/// With an event loop, whose thread is the main thread.
+class ChangesOfAnotherThreadTest : public ChangeManagerTest {
+protected:
+    /// Runs a change on another thread.
+    template <typename Change>
+    void elsewhere(Change change)
+    {
+        std::thread(change).join();
+    }
+
+    int count = 1;
+    char name[8] = "changes";
+    char* arguments[2] = {name, nullptr};
+    QCoreApplication application{count, arguments};
+};
+
+} // namespace
+
+TEST_F(ChangesOfAnotherThreadTest, AreToldAsOneChangeByTheMainThread)
+{
+    auto& changes = scene().changes();
+    const auto revision = changes.revision();
+    elsewhere([&] {
+        changes.notify();
+        changes.emitNodeChanged(node("Top/Display"));
+    });
+    EXPECT_EQ(changes.revision(), revision + 2);
+    EXPECT_EQ(observer.scenes, 0);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(observer.scenes, 1);
+    EXPECT_TRUE(observer.nodes.isEmpty());
+    elsewhere([&] { changes.notify(); });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(observer.scenes, 2);
+}
+
+TEST_F(ChangesOfAnotherThreadTest, AreToldByTheMainThreadWhenAnnouncingIsEnabledAgain)
+{
+    auto& changes = scene().changes();
+    elsewhere([&] {
+        changes.setNotifyEnabled(false);
+        changes.notify();
+        changes.setNotifyEnabled(true);
+    });
+    EXPECT_EQ(observer.scenes, 0);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(observer.scenes, 1);
+}
+
+TEST_F(ChangesOfAnotherThreadTest, WaitWhileAnnouncingIsDisabledWhenTheMainThreadComesToThem)
+{
+    auto& changes = scene().changes();
+    elsewhere([&] { changes.notify(); });
+    changes.setNotifyEnabled(false);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(observer.scenes, 0);
+    changes.setNotifyEnabled(true);
+    EXPECT_EQ(observer.scenes, 1);
+}
+
+TEST_F(ChangesOfAnotherThreadTest, AreNotToldOfASceneThatHasGone)
+{
+    CountingObserver watcher;
+    {
+        auto changes = std::make_unique<engine::ChangeManager>();
+        changes->addObserver(watcher);
+        elsewhere([&] { changes->notify(); });
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(watcher.scenes, 0);
 }

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "core/frame/baseobject.h"
+
+#include <QVariantList>
+
+#include <memory>
+#include <vector>
+
+struct _object;
+
+namespace OMC {
+
+/// What only the interpreter's side can do with a function of a script. The library that binds the object model to
+/// Python installs an object of its own class (`PythonFunction::helperFunc`).
+class BRINDLE_CORE_EXPORT PythonFunctionHelper {
+public:
+    virtual ~PythonFunctionHelper();
+
+    /// Take and drop a reference. The caller needs not hold Python's lock.
+    virtual void addReference(_object* function) const = 0;
+    virtual void dropReference(_object* function) const = 0;
+    /// Calls the function, with Python's lock held. An exception of the script leaves it as an OMC::Exception.
+    virtual QVariant call(_object* function, std::vector<QVariant>& arguments) const;
+    /// The interpreter's object that a variant carries in a form of the binding's own, or null.
+    virtual _object* objectIn(const QVariant& value) const = 0;
+    virtual bool isCallable(_object* object) const = 0;
+};
+
+/// A callable of a Python script, held by native code.
+///
+/// It holds one reference on the interpreter's object, which it can't look into: the helper does all that touches the
+/// interpreter. Without a helper it can be built, and nothing else. Any thread may call it. It never becomes invalid,
+/// but must not outlive the helper.
+class BRINDLE_CORE_EXPORT PythonFunction : public BaseObject {
+    Q_OBJECT
+
+public:
+    PythonFunction();
+    PythonFunction(const PythonFunction& other);
+    PythonFunction& operator=(const PythonFunction& other);
+    ~PythonFunction() override;
+
+    BaseObject* copy() const override;
+    std::string __str__() const override;
+
+    /// Calls it; the arguments may be left out. Throws when there is no function, and what the function raises.
+    Q_INVOKABLE QVariant call(const QVariantList& arguments = {});
+    virtual QVariant call(std::vector<QVariant>& arguments) const;
+
+    /// Holds another function, or none for null.
+    virtual void set(_object* function);
+    virtual _object* get() const; ///< Still the wrapper's: no reference is taken.
+
+    /// Where the one helper is kept; null until it is installed. It stays to the end of the process.
+    static std::unique_ptr<PythonFunctionHelper>& helperFunc();
+
+private:
+    _object* m_function = nullptr;
+};
+
+} // namespace OMC

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "core/host/export.h"
+
+/// The host's Python engine: a session that has one runs Python inside the application, under the application's thread
+/// rules. What it knows of the interpreter, the library that embeds it tells it (`setThreadStates`).
+class BRINDLE_HOST_EXPORT SCP_PythonEngine {
+public:
+    virtual ~SCP_PythonEngine() = default;
+
+    /// Greater than 0 while the main thread is inside Python code. The main thread writes it, any thread reads it.
+    static int& mainThreadState();
+
+    /// What a thread waits for outside of Python.
+    enum class Waiting {
+        ForMainThread,     ///< Other script threads go on as they like.
+        ForApplicationLock ///< Nobody else may enter the engine from Python until the lock is taken.
+    };
+
+    /// How a thread leaves the interpreter and gets back in.
+    class BRINDLE_HOST_EXPORT ThreadStates {
+    public:
+        virtual ~ThreadStates() = default;
+        /// Gives up Python's lock. Null where the thread doesn't hold it; nothing is to be given back then.
+        virtual void* leave(Waiting waiting) = 0;
+        /// Takes Python's lock again, with what `leave` gave.
+        virtual void enter(void* left) noexcept = 0;
+    };
+    /// Not owned, and never taken away again: the library that embeds the interpreter stays loaded. Without one there
+    /// is no interpreter to leave.
+    static void setThreadStates(ThreadStates* states);
+
+    /// While it lives, the calling thread has given up Python's lock, so that other threads can run Python.
+    class BRINDLE_HOST_EXPORT ThreadStateScope {
+    public:
+        explicit ThreadStateScope(Waiting waiting = Waiting::ForMainThread);
+        ThreadStateScope(const ThreadStateScope&) = delete;
+        ThreadStateScope& operator=(const ThreadStateScope&) = delete;
+        ~ThreadStateScope();
+
+    private:
+        void* m_left;
+    };
+};

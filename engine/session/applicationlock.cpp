@@ -1,0 +1,128 @@
+#include "engine/session/applicationlock.h"
+
+#include "core/host/pl_applock.h"
+#include "core/host/scp_pythonengine.h"
+
+namespace engine {
+
+ApplicationLock& ApplicationLock::instance()
+{
+    static auto* lock = new ApplicationLock;
+    return *lock;
+}
+
+void ApplicationLock::take()
+{
+    std::unique_lock guard(m_mutex);
+    const std::uint64_t number = m_next++;
+    m_passed.wait(guard, [this, number] { return m_serving == number; });
+}
+
+bool ApplicationLock::tryTake()
+{
+    const std::lock_guard guard(m_mutex);
+    if (m_next != m_serving)
+        return false;
+    ++m_next;
+    return true;
+}
+
+void ApplicationLock::giveBack()
+{
+    {
+        const std::lock_guard guard(m_mutex);
+        ++m_serving;
+    }
+    // Each waits for a number of its own.
+    m_passed.notify_all();
+}
+
+bool ApplicationLock::isAwaited() const
+{
+    const std::lock_guard guard(m_mutex);
+    return m_next - m_serving > 1;
+}
+
+void ApplicationLock::joinLoop()
+{
+    m_loopThread.store(std::this_thread::get_id(), std::memory_order_relaxed);
+    m_idle = false;
+    m_parked = false;
+    settle();
+}
+
+void ApplicationLock::leaveLoop()
+{
+    m_loopThread.store({}, std::memory_order_relaxed);
+    settle();
+}
+
+void ApplicationLock::setIdle(bool idle)
+{
+    m_idle = idle;
+    settle();
+}
+
+void ApplicationLock::setParked(bool parked)
+{
+    m_parked = parked;
+    settle();
+}
+
+void ApplicationLock::giveWay()
+{
+    if (!m_loopHolds || !isAwaited())
+        return;
+    giveBack();
+    take();
+}
+
+void ApplicationLock::settle()
+{
+    const bool holds = isLoopThread() && !m_idle && !m_parked;
+    if (holds == m_loopHolds)
+        return;
+    m_loopHolds = holds;
+    if (holds)
+        take();
+    else
+        giveBack();
+}
+
+} // namespace engine
+
+namespace PL_AppLock {
+
+using engine::ApplicationLock;
+
+AppLock::AppLock()
+{
+    ApplicationLock& lock = ApplicationLock::instance();
+    if (lock.tryTake())
+        return;
+    const SCP_PythonEngine::ThreadStateScope outside(SCP_PythonEngine::Waiting::ForApplicationLock);
+    lock.take();
+}
+
+AppLock::~AppLock()
+{
+    ApplicationLock::instance().giveBack();
+}
+
+Parking::Parking()
+{
+    ApplicationLock& lock = ApplicationLock::instance();
+    m_parked = lock.isLoopThread() && !lock.isParked();
+    if (m_parked)
+        lock.setParked(true);
+}
+
+void Parking::end()
+{
+    // The event loop may have ended meanwhile, and what it had of the lock with it.
+    if (m_parked)
+        ApplicationLock::instance().setParked(false);
+    m_parked = false;
+}
+
+} // namespace PL_AppLock

@@ -1,0 +1,48 @@
+#include "core/geometry/colour.h"
+
+#include "service/python/tables.h"
+
+namespace brindle::python {
+
+namespace {
+
+OMC::Colour* newColour(double r, double g, double b, double a)
+{
+    return new OMC::Colour(static_cast<float>(r), static_cast<float>(g), static_cast<float>(b), static_cast<float>(a));
+}
+
+QVariantList channelsOf(const OMC::Colour& colour)
+{
+    return {int(colour.getR()), int(colour.getG()), int(colour.getB()), int(colour.getA())};
+}
+
+OMC::Colour* colourOf(const QVariantList& channels)
+{
+    return new OMC::Colour(QVariant(channels));
+}
+
+} // namespace
+
+std::vector<ClassTable> colourTables()
+{
+    using namespace OMC;
+    return {
+        Class<Colour>("Colour",
+                      "A colour of four bytes. A value is another colour, a node, or a list of red, green, blue "
+                      "and alpha; any text gives 0, 0, 0, 0 and a single number opaque black.")
+            .constructors<Construct<&newOf<Colour, QVariant>, "value">, Construct<&newColour, "r=0, g=0, b=0, a=255">>()
+            .pickled<&channelsOf, &colourOf>()
+            .property("r", "Red, 0 to 255; beyond that the low 8 bits count.")
+            .property("g", "Green, 0 to 255; beyond that the low 8 bits count.")
+            .property("b", "Blue, 0 to 255; beyond that the low 8 bits count.")
+            .property("a", "Alpha, 0 to 255; beyond that the low 8 bits count. 255 is opaque.")
+            .property("h", "The hue in degrees, from 0; it takes any number of turns.")
+            .property("l", "The lightness, held in 0 to 100.")
+            .property("s", "The saturation, held in 0 to 100.")
+            .property("hex", "\"#\" and eight digits, alpha first; it takes any name and form that Qt knows.")
+            .staticMethod<"from_hsl", StaticForm<&Colour::fromHSL, "h, s, l, a">>(
+                "A new colour of a hue in degrees, and of saturation, lightness and alpha from 0 to 100."),
+    };
+}
+
+} // namespace brindle::python

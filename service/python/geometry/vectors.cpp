@@ -1,0 +1,19 @@
+#include "core/geometry/vectors.h"
+#include "service/python/tables.h"
+
+namespace brindle::python {
+
+std::vector<ClassTable> vectorTables()
+{
+    using namespace OMC;
+    return {
+        Class<Vector2d>("Vector2d", "The way between two positions in the plane.")
+            .constructors<Construct<&newOf<Vector2d, QVariant>, "value">,
+                          Construct<&newOf<Vector2d, double, double>, "x=0, y=0">>(),
+        Class<Vector3d>("Vector3d", "The way between two positions in space.")
+            .constructors<Construct<&newOf<Vector3d, QVariant>, "value">,
+                          Construct<&newOf<Vector3d, double, double, double>, "x=0, y=0, z=0">>(),
+    };
+}
+
+} // namespace brindle::python

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "service/python/classtable.h"
+
+/// What Python expects of a plain value beyond its operators: a text that tells it whole, and that copy.copy,
+/// copy.deepcopy and pickle take it. Value classes are those with public members and those whose table has a state.
+namespace brindle::python {
+
+/// Whether objects of a type of this module, or of a script's own class derived from one, are values.
+bool isValueType(PyTypeObject* type);
+
+/// tp_repr: of a class with public members "Point2d(1, 2.5)", each number to the last digit; of others what str()
+/// gives.
+PyObject* valueRepresentation(PyObject* self);
+
+/// `__reduce__`: how copy and pickle make an equal object, of a script's own class too, with what the script put on it.
+extern const PyMethodDef reduceMethod;
+
+/// What `__reduce__` names: an object of a class made of its state.
+PyObject* rebuildValue(PyObject* cls, PyObject* state);
+
+} // namespace brindle::python
