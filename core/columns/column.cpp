@@ -302,7 +302,8 @@ void Column::setAnonymous(bool anonymous)
     TUTimedValue& column = timedValue();
     if (anonymous == column.isAnonymous())
         return;
-    undo::run(commandManager(), new tu_timedvalue::timedvalue::SetAnonymous(&column, anonymous),
+    CO_CommandManager& manager = commandManager();
+    undo::run(manager, new tu_timedvalue::timedvalue::SetAnonymous(&column, anonymous),
               anonymous ? tr("Setting column anonymous.") : tr("Setting column as not anonymous."),
               tr("Failed to set the anonymous state of the column."));
 }

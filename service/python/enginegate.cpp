@@ -4,7 +4,6 @@
 
 #include <chrono>
 #include <condition_variable>
-#include <cxxabi.h>
 #include <mutex>
 #include <thread>
 #include <unistd.h>
@@ -25,7 +24,7 @@ void takeLock(PyThreadState* state) noexcept
 {
     try {
         PyEval_RestoreThread(state);
-    } catch (const abi::__forced_unwind&) {
+    } catch (...) { // not by its class: the unwinding has no object
         for (;;)
             ::pause();
     }
