@@ -55,7 +55,9 @@ bool registerShutDown()
 PyMethodDef functions[] = {
     function<"create", &createProject, "path">(
         "create(path: str) -> Application\n\nMakes a project folder and opens it; fails where there is one already."),
-    function<"open", &openProject, "path">("open(path: str) -> Application\n\nOpens the project in a folder."),
+    function<"open", &openProject, "path, read_only=False">(
+        "open(path: str, read_only: bool = False) -> Application\n\nOpens the project in a folder; read-only also one that "
+        "another process has open, to be saved elsewhere only."),
     function<"application", &currentApplication>(
         "application() -> Application | None\n\nThe application whose project is open, or None."),
     function<"_live_objects", &liveObjects>("How many objects of the object model are alive, to find what leaks."),

@@ -85,9 +85,9 @@ PyObject* createProject(const QString& path)
     return enterProject(&SC_ProjectManager::createProject, path);
 }
 
-PyObject* openProject(const QString& path)
+PyObject* openProject(const QString& path, bool readOnly)
 {
-    return enterProject(&SC_ProjectManager::openProject, path);
+    return enterProject(readOnly ? &SC_ProjectManager::openProjectReadOnly : &SC_ProjectManager::openProject, path);
 }
 
 PyObject* currentApplication()

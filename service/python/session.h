@@ -9,7 +9,7 @@ namespace brindle::python {
 
 /// The open project of the process, as the module's functions see it. Each gives a new reference or throws.
 PyObject* createProject(const QString& path);
-PyObject* openProject(const QString& path);
+PyObject* openProject(const QString& path, bool readOnly);
 /// The application whose project is open, or None.
 PyObject* currentApplication();
 
