@@ -70,15 +70,13 @@ public:
     // --- Shape ------------------------------------------------------------------------------------------------------
     /// The smallest box that holds the curve. Valid until the curve changes.
     const Math::Box2d& GetBoxRef() const;
-    /// Whether the curve runs on the straight line between its ends and never turns back. A curve that is one point
-    /// does.
+    /// Whether all control points lie on the straight line between the ends, to 1e-12 of its length. A curve that is
+    /// one point is a segment too.
     bool IsSegment() const;
     /// The inflections and the cusp strictly between the ends (Stone and DeRose 1989). A curve on one straight line has
     /// neither; a cusp outweighs inflections.
     Characteristic GetCurveCharacteristic() const;
     double GetLength() const; ///< To 1e-9 of the length.
-    /// The signed area under the curve that its ends close with the origin: positive anticlockwise about it.
-    double GetSignedArea() const;
 
     // --- Changes ----------------------------------------------------------------------------------------------------
     /// The parts before and behind t, which is held in 0 to 1 (de Casteljau). The ends at the cut are closed.
@@ -102,9 +100,10 @@ public:
     /// none: also when a number is not finite.
     bool GetClosestPoint(const Math::Point2d& point, double& radiusSquared, double& parameter) const;
 
-    /// Where the curve meets itself between its ends, and where it meets another, in the order of this curve's
-    /// parameter. Two curves that coincide over a stretch meet at the ends of that stretch. Ends that just touch the
-    /// curve itself (the ends of a loop) are no intersection; ends that touch another curve are, unless they are open.
+    /// Where the curve meets itself, and where it meets another, in the order of this curve's parameter. The two ends
+    /// of a curve that is closed don't count as meeting; a curve on one straight line doesn't meet itself. Two curves
+    /// that coincide over a stretch meet at the ends of that stretch. Curves meet where they come within 1e-9 of their
+    /// size.
     bool IsIntersecting() const;
     bool IsIntersecting(const GR_Bezier2d& other) const;
     std::vector<Math::Point2d> GetIntersections() const;

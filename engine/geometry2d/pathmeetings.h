@@ -1,0 +1,16 @@
+#pragma once
+
+#include "core/host/gr_bezierpath.h"
+
+#include <vector>
+
+namespace engine {
+
+/// Where two paths meet, as parameters of the first: ascending, each once. Curves are compared where their boxes meet,
+/// which a sweep from left to right finds. Throw std::domain_error when a point is not finite.
+std::vector<double> pathMeetings(const GR_BezierPath2d& first, const GR_BezierPath2d& second);
+
+/// Where a path meets itself: of each place the lowest parameter, ascending.
+std::vector<double> pathSelfMeetings(const GR_BezierPath2d& path);
+
+} // namespace engine
