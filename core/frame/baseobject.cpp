@@ -147,6 +147,9 @@ std::vector<std::string> BaseObject::getDir(bool& extendNative, bool& filter) co
 const QObject* BaseObject::QVariantToPointer(const QVariant& value)
 {
     const int id = value.typeId();
+    // Plain data first: Qt takes no converter between types of its own, and asking for one costs more than the rest.
+    if (id >= QMetaType::Bool && id <= QMetaType::QStringList)
+        return nullptr;
     if (id == QMetaType::QObjectStar)
         return pointerIn(value);
     if (id == QMetaType::fromType<Obj>().id())

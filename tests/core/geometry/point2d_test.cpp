@@ -1,6 +1,8 @@
 #include "core/geometry/point2d.h"
 
+#include "core/geometry/matrix.h"
 #include "core/geometry/point3d.h"
+#include "core/geometry/vectors.h"
 #include "core/nodes/node.h"
 #include "core/nodes/node_coordinates.h"
 #include "tests/core/support/failure.h"
@@ -16,6 +18,7 @@
 
 #include <limits>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -177,6 +180,145 @@ TEST_F(Point2dReaderTest, RefusesANodeThatIsGone)
     EXPECT_EQ(read(coordinates), "Object is no longer valid.");
     EXPECT_EQ(x, startX);
     EXPECT_EQ(y, startY);
+}
+
+// --- The lenient reader ---------------------------------------------------------------------------------------------
+
+class Point2dLenientReaderTest : public ProjectTest {};
+
+TEST_F(Point2dLenientReaderTest, ANumberIsBothCoordinatesWhereTheStrictReaderTakesItForX)
+{
+    EXPECT_EQ(Point2d(QVariant(5)), Point2d(5.0, 5.0));
+    double x = -1.0;
+    double y = -2.0;
+    Point2d::ConvertQVariant(QVariant(5), x, y);
+    EXPECT_EQ(x, 5.0);
+    EXPECT_EQ(y, -2.0);
+}
+
+TEST_F(Point2dLenientReaderTest, KeepsXAndYOfWhatTellsAPosition)
+{
+    const struct {
+        const char* name;
+        QVariant value;
+        Point2d expected;
+    } rows[] = {
+        {"nothing", QVariant(), Point2d()},
+        {"a text that is a number", QStringLiteral("2.5"), Point2d(2.5, 2.5)},
+        {"a text", QStringLiteral("a"), Point2d()},
+        {"two numbers", QVariantList{1, 2.5}, Point2d(1.0, 2.5)},
+        {"three numbers", QVariantList{1, 2, 3}, Point2d(1.0, 2.0)},
+        {"four numbers", QVariantList{1, 2, 3, 4}, Point2d(5.0, 2.0)},
+        {"a point in space", QVariant::fromValue(Point3d(1.0, 2.0, 3.0)), Point2d(1.0, 2.0)},
+        {"a QPointF, which is no number", QPointF(3.0, 4.0), Point2d()},
+        {"a map", QVariantMap{{QStringLiteral("x"), 1}}, Point2d()},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(Point2d(row.value), row.expected);
+        const std::unique_ptr<Point2d> point(Point2d::fromQVariant(row.value));
+        ASSERT_NE(point, nullptr);
+        EXPECT_EQ(*point, row.expected);
+        EXPECT_EQ(point->getOwnership(), OMC::Unowned);
+    }
+}
+
+TEST_F(Point2dLenientReaderTest, TakesTheCoordinatesOfANodeAsTheyAre)
+{
+    MO_Node* node = this->node(QStringLiteral("Top/Composite"));
+    node->setX(10);
+    node->setY(20);
+    const QVariant wrapper = OMC::toVariant(Obj(Node::getWrapped(node)));
+    EXPECT_EQ(Point2d(wrapper), Point2d(10.0, -12.0));
+    close();
+    EXPECT_EQ(failureOf([&] { Point2d(QVariant(wrapper)); }), "Object is no longer valid.");
+}
+
+TEST(Point2dTest, TranslatingAddsWhatTheLenientReaderReads)
+{
+    Point2d point(1.0, 2.0);
+    point.translate(QVariantList{10, 20});
+    EXPECT_EQ(point, Point2d(11.0, 22.0));
+    point.translate(QVariant::fromValue(OMC::Vector2d(-1.0, -2.0)));
+    EXPECT_EQ(point, Point2d(10.0, 20.0));
+    point.translate(QVariant(0.5));
+    EXPECT_EQ(point, Point2d(10.5, 20.5));
+    point.translate(QStringLiteral("nothing"));
+    EXPECT_EQ(point, Point2d(10.5, 20.5));
+}
+
+TEST(Point2dTest, ItIsMadeOfAPointOfTheHost)
+{
+    EXPECT_EQ(Point2d(Math::Point2d{1.0, 2.0}), Point2d(1.0, 2.0));
+}
+
+// --- Lists of points ------------------------------------------------------------------------------------------------
+
+std::string textOf(const std::vector<Point2d>& points)
+{
+    std::string text;
+    for (const Point2d& point : points)
+        text += QStringLiteral("(%1,%2)").arg(point.x).arg(point.y).toStdString();
+    return text;
+}
+
+TEST(Point2dListTest, PointsAreReadFromListsNestedToAnyDepth)
+{
+    const QVariantList pair = {1, 2};
+    const struct {
+        const char* name;
+        QVariant value;
+        const char* expected;
+    } rows[] = {
+        {"one number", 5, "(5,0)"},
+        {"one point", QVariant::fromValue(Point3d(1.0, 2.0, 3.0)), "(1,2)"},
+        {"an empty list", QVariantList(), ""},
+        {"a list that is one point", pair, "(1,2)"},
+        {"one number in a list", QVariantList{7.5}, "(7.5,0)"},
+        {"two points", QVariantList{QVariant(pair), QVariantList{3, 4}}, "(1,2)(3,4)"},
+        {"points and lists of points",
+         QVariantList{QVariant(QVariantList{QVariant(pair), QVariantList{3, 4}}), QPointF(5.0, 6.0), QVariantList()},
+         "(1,2)(3,4)(5,6)"},
+        {"a point ahead of a number", QVariantList{QVariant::fromValue(Point2d(1.0, 2.0)), 9}, "(1,2)(9,0)"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        std::vector<Point2d> points;
+        Point2d::fromQVariant(row.value, points);
+        EXPECT_EQ(textOf(points), row.expected);
+        std::vector<std::unique_ptr<Math::Point2d>> hostPoints;
+        Point2d::fromQVariant(row.value, hostPoints);
+        ASSERT_EQ(hostPoints.size(), points.size());
+        for (std::size_t i = 0; i < points.size(); ++i)
+            EXPECT_EQ(Point2d(*hostPoints[i]), points[i]);
+    }
+}
+
+TEST(Point2dListTest, PointsAreAppendedToWhatIsThere)
+{
+    std::vector<Point2d> points = {Point2d(9.0, 9.0)};
+    Point2d::fromQVariant(QVariantList{1, 2}, points);
+    EXPECT_EQ(textOf(points), "(9,9)(1,2)");
+}
+
+TEST(Point2dListTest, WhatTheStrictReaderRefusesIsRefusedHere)
+{
+    const struct {
+        const char* name;
+        QVariant value;
+        const char* before; ///< What was appended up to the failure.
+    } rows[] = {
+        {"a text", QStringLiteral("a"), ""},
+        {"a number ahead of a point", QVariantList{1, QVariantList{3, 4}}, ""},
+        {"a text behind a point", QVariantList{QVariant(QVariantList{1, 2}), QStringLiteral("a")}, "(1,2)"},
+        {"a matrix", QVariant::fromValue(OMC::Matrix()), ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        std::vector<Point2d> points;
+        EXPECT_EQ(failureOf([&] { Point2d::fromQVariant(row.value, points); }), unsupported);
+        EXPECT_EQ(textOf(points), row.before);
+    }
 }
 
 } // namespace
