@@ -73,6 +73,8 @@ def stub_class(entry):
     for item in entry["methods"]:
         lines += stub_method(item["name"], item["forms"], item["text"], item["static"])
     lines += ["    " + OPERATORS[name] for name in entry["operators"]]
+    if entry["calls"]:
+        lines.append(f"    __call__ = {entry['calls']}")
     if lines[-1].startswith('    """') or not entry["properties"] + entry["methods"] + entry["operators"]:
         lines.append("    ...")
     return [line for line in lines if line.strip() or not line]
@@ -112,6 +114,8 @@ def reference(classes):
             lines += ["", "Made by " + " or ".join(f"`{entry['name']}{form}`" for form in entry["constructors"]) + "."]
         if entry["operators"]:
             lines += ["", "Operators: " + ", ".join(SPELLED[name] for name in entry["operators"]) + "."]
+        if entry["calls"]:
+            lines += ["", f"`x(...)` is `x.{entry['calls']}(...)`."]
         if entry["properties"]:
             lines += ["", "| property | type | access | is |", "|---|---|---|---|"]
             for item in entry["properties"]:

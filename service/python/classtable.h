@@ -35,6 +35,7 @@ struct Operators {
     bool (*contains)(OMC::BaseObject*, PyObject*) = nullptr;
     bool containsTextOnly = false; ///< Other values are looked for by going through the list.
     PyObject* (*call)(OMC::BaseObject*, const QString&) = nullptr;
+    const char* calledMethod = nullptr; ///< The method that a call of the object stands for, instead of `call`.
     PyObject* (*iterate)(OMC::BaseObject*) = nullptr;
     PyObject* (*next)(OMC::BaseObject*) = nullptr; ///< Null without an error at the end.
     bool (*equals)(OMC::BaseObject*, OMC::BaseObject*) = nullptr;
@@ -114,6 +115,13 @@ public:
     Class& staticMethod(const char* documentation)
     {
         m_table.methods.push_back(python::staticMethod<Name, Forms...>(documentation));
+        return *this;
+    }
+
+    /// Lets a call of the object stand for one of its methods.
+    Class& calling(const char* method)
+    {
+        m_table.operators.calledMethod = method;
         return *this;
     }
 
@@ -203,10 +211,11 @@ void Class<T>::deriveOperators()
         };
     } else if constexpr (requires(T& t, int i, const QVariant& v) { t.set(i, v); }) {
         operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
-            if (PyUnicode_Check(key))
-                self(o).set(stringFrom(key), variantFrom(value));
-            else
-                self(o).set(From<int>::read(key, 0), variantFrom(value));
+            if constexpr (requires(T& t, const QString& k, const QVariant& v) { t.set(k, v); }) {
+                if (PyUnicode_Check(key))
+                    return self(o).set(stringFrom(key), variantFrom(value));
+            }
+            self(o).set(From<int>::read(key, 0), variantFrom(value));
         };
     } else if constexpr (requires(T& t, int i, const std::string& v) { t.set(i, v); }) {
         operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {

@@ -34,8 +34,8 @@ PyObject* endOfInterpreter(PyObject*, PyObject*)
 bool addClasses(PyObject* module)
 {
     for (const auto tables : {&frameTables, &applicationTables, &pointTables, &vectorTables, &rectangleTables,
-                              &colourTables, &sceneTables, &nodeTables, &portTables,
-                              &attributeTables, &columnTables}) {
+                              &matrixTables, &transformationTables, &deformationTables, &colourTables, &sceneTables,
+                              &nodeTables, &portTables, &attributeTables, &columnTables}) {
         for (const ClassTable& table : tables())
             addClass(module, table);
     }
@@ -56,17 +56,26 @@ PyMethodDef functions[] = {
     function<"create", &createProject, "path">(
         "create(path: str) -> Application\n\nMakes a project folder and opens it; fails where there is one already."),
     function<"open", &openProject, "path, read_only=False">(
-        "open(path: str, read_only: bool = False) -> Application\n\nOpens the project in a folder; read-only also one that "
+        "open(path: str, read_only: bool = False) -> Application\n\nOpens the project in a folder; read-only also one "
+        "that "
         "another process has open, to be saved elsewhere only."),
     function<"application", &currentApplication>(
         "application() -> Application | None\n\nThe application whose project is open, or None."),
     function<"_live_objects", &liveObjects>("How many objects of the object model are alive, to find what leaks."),
-    function<"_rebuild", &rebuildValue, "cls, state">("Makes a value class's object of its state, for copy and pickle."),
+    function<"_rebuild", &rebuildValue, "cls, state">(
+        "Makes a value class's object of its state, for copy and pickle."),
     function<"_describe", &describeClasses>("What all classes offer, as plain data."),
     {nullptr, nullptr, 0, nullptr}};
 
-PyModuleDef definition = {PyModuleDef_HEAD_INIT, "brindle._brindle", "The object model of a 2D animation project.",
-                          -1, functions, nullptr, nullptr, nullptr, nullptr};
+PyModuleDef definition = {PyModuleDef_HEAD_INIT,
+                          "brindle._brindle",
+                          "The object model of a 2D animation project.",
+                          -1,
+                          functions,
+                          nullptr,
+                          nullptr,
+                          nullptr,
+                          nullptr};
 
 } // namespace
 

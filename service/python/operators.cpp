@@ -114,6 +114,12 @@ PyObject* call(PyObject* self, PyObject* arguments, PyObject* names)
     });
 }
 
+PyObject* callMethodOf(PyObject* self, PyObject* arguments, PyObject* names)
+{
+    const Ref method(PyObject_GetAttrString(self, operatorsOf(self).calledMethod));
+    return method ? PyObject_Call(method.get(), arguments, names) : nullptr;
+}
+
 PyObject* iterate(PyObject* self)
 {
     return guarded([&]() -> PyObject* {
@@ -216,6 +222,7 @@ std::vector<PyType_Slot> operatorSlots(const Operators& operators)
     add(operators.setItem, Py_mp_ass_subscript, &assignSubscript);
     add(operators.contains, Py_sq_contains, &contains);
     add(operators.call, Py_tp_call, &call);
+    add(operators.calledMethod, Py_tp_call, &callMethodOf);
     add(operators.next, Py_tp_iter, &iterate);
     add(operators.equals, Py_tp_richcompare, &compare);
     return slotList;

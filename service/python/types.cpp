@@ -235,7 +235,8 @@ PyObject* describeClasses()
                                    {"constructors", texts(table.constructors)},
                                    {"properties", properties},
                                    {"methods", methods},
-                                   {"operators", operatorNames(table.operators)}});
+                                   {"operators", operatorNames(table.operators)},
+                                   {"calls", QString(table.operators.calledMethod)}});
     }
     return toPython(classes);
 }

@@ -1,0 +1,101 @@
+#include "core/geometry/transformation.h"
+
+#include "core/geometry/matrix.h"
+#include "service/python/tables.h"
+
+namespace brindle::python {
+
+namespace {
+
+OMC::Transformation* newCopy(const OMC::Transformation& transformation)
+{
+    return new OMC::Transformation(transformation);
+}
+
+OMC::Transformation* newDeepCopy(const OMC::Transformation& transformation, PyObject*)
+{
+    return newCopy(transformation);
+}
+
+/// Frame, depth, whether it is set, and the cells. It comes back detached.
+QVariantList stateOf(const OMC::Transformation& transformation)
+{
+    const MO_PortTransform* transform = transformation.getPortTransform();
+    if (!transform)
+        throw OMC::Exception(OMC::Transformation::tr("Transformation is invalid."));
+    if (transform->transformation().hasDeformation())
+        throw OMC::Exception(OMC::Transformation::tr("A transformation with deformations can't be stored."));
+    QVariantList state = {transform->key().frame(), transform->depth(), transform->isTransformationSet()};
+    const Math::Matrix4x4 matrix = transform->transformation().matrix(false);
+    for (const double cell : matrix.cells())
+        state.append(cell);
+    return state;
+}
+
+OMC::Transformation* transformationOf(const QVariantList& state)
+{
+    constexpr qsizetype firstCell = 3;
+    if (state.size() != firstCell + OMC::Matrix::cellCount || state[0].typeId() != QMetaType::Double ||
+        state[1].typeId() != QMetaType::Int || state[2].typeId() != QMetaType::Bool)
+        OMC::BaseObject::throwInvalidArgument(0);
+    MO_PortTransform transform(nullptr, MO_FrameKey(state[0].toDouble()));
+    transform.setDepth(state[1].toInt());
+    double cells[OMC::Matrix::cellCount];
+    for (qsizetype i = 0; i < OMC::Matrix::cellCount; ++i) {
+        if (state[firstCell + i].typeId() != QMetaType::Double)
+            OMC::BaseObject::throwInvalidArgument(0);
+        cells[i] = state[firstCell + i].toDouble();
+    }
+    if (state[2].toBool())
+        transform.transformation().set(Math::Matrix4x4(cells));
+    return new OMC::Transformation(&transform);
+}
+
+} // namespace
+
+std::vector<ClassTable> transformationTables()
+{
+    using namespace OMC;
+    return {
+        Class<Transformation>(
+            "Transformation",
+            "What a picture goes through at a port at a frame: a matrix, its depth among what is drawn, "
+            "and deformations. It is a value, changing it changes no port; made by a script it belongs "
+            "to no port. Each step is added from the right: the one added last acts first.")
+            .constructors<Construct<&newOf<Transformation>>>()
+            .pickled<&stateOf, &transformationOf>()
+            .property("depth", "Its place among what is drawn.")
+            .property("valid", "Whether anything was set or added.")
+            .property("matrix", "A new Matrix, without deformations; takes what Matrix(value) takes.")
+            .property("deformation_valid", "Whether it has deformations.")
+            .property("deformation", "The Deformation, or None without deformations.")
+            .property("origin", "Where (0, 0, 0) is put, a Point3d.")
+            .method<"set", Form<&Transformation::set, "matrix">>(
+                "Replaces the matrix by anything that Matrix(value) takes.")
+            .method<"reset", Form<&Transformation::reset>>(
+                "Becomes the identity at depth 0, without deformations and not valid.")
+            .method<"translate", Form<pick<double, double, double>(&Transformation::translate), "x, y, z">,
+                    Form<pick<const QVariant&>(&Transformation::translate), "vector">>(
+                "Adds a move, by three numbers or by anything that Vector3d takes.")
+            .method<"scale", Form<&Transformation::scale, "x, y, z">>("Adds a scale along each axis.")
+            .method<"rotate_degrees", Form<&Transformation::rotateDegrees, "angle, axis=None">>(
+                "Adds a turn, counter-clockwise about an axis; None is the z axis, out of the picture.")
+            .method<"rotate_radians", Form<&Transformation::rotateRadians, "angle, axis=None">>(
+                "Adds a turn, counter-clockwise about an axis; None is the z axis, out of the picture.")
+            .method<"skew", Form<&Transformation::skew, "angle">>(
+                "Adds a lean of the y axis towards x by an angle in degrees; heights stay.")
+            .method<"multiply", Form<&Transformation::multiply, "matrix">>(
+                "Adds a matrix in any form that Matrix(value) takes.")
+            .method<"add", Form<&Transformation::add, "other">>(
+                "Adds another transformation with its deformations, or a matrix as multiply() does.")
+            .method<"matrix_inversed", Form<&Transformation::matrixInversed>>(
+                "The inverse of the matrix as a new Matrix; fails for a singular one.")
+            .method<"matrix_with_deformation", Form<&Transformation::matrixWithDeformation>>(
+                "A new Matrix with what the deformations do to a drawing as a whole.")
+            .method<"deformation_reset", Form<&Transformation::deformationReset>>("Drops all deformations.")
+            .method<"__copy__", Form<&newCopy>>("A copy with the same deformations.")
+            .method<"__deepcopy__", Form<&newDeepCopy, "memo">>("A copy with the same deformations."),
+    };
+}
+
+} // namespace brindle::python
