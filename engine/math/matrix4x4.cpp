@@ -308,9 +308,12 @@ double Matrix4x4::scaleFactor() const
 {
     const Vector3d x = axis(0);
     const Vector3d y = axis(1);
-    // The root of each factor by itself: their product may be beyond the numbers.
+    const double shorter = std::min(x.length(), y.length());
+    const double longer = std::max(x.length(), y.length());
+    if (longer == 0.0)
+        return 0.0;
     const double sine = engine::directionOf(x).cross(engine::directionOf(y)).length();
-    const double factor = std::sqrt(x.length()) * std::sqrt(y.length()) * std::sqrt(sine);
+    const double factor = longer * std::sqrt(shorter / longer * sine); // The area itself may be beyond the numbers.
     return m_cells[15] == 0.0 ? factor : factor / std::abs(m_cells[15]);
 }
 
