@@ -232,6 +232,13 @@ void Colour::QVariantToRGBAInt(const QVariant& value, int& r, int& g, int& b, in
             a = rgba.alpha();
             return;
         }
+        if (const auto* wrapper = dynamic_cast<const Node*>(object)) {
+            if (const MO_Node* node = wrapper->getNode()) {
+                validateThreadLock();
+                take(channels, node->getNodeColor());
+                return;
+            }
+        }
         throw Exception(tr("Unsupported colour type."));
     }
     switch (value.typeId()) {

@@ -3,6 +3,7 @@
 #include "core/host/export.h"
 #include "core/host/ut_sharedweak.h"
 
+#include <QColor>
 #include <QString>
 
 #include <vector>
@@ -57,6 +58,8 @@ public:
     virtual bool isNameAcceptable(const QString& name) const = 0;
 
     virtual bool isEnabled() const = 0;
+    /// What the node view shows the node in; of a node without a colour of its own, the colour of its type.
+    virtual QColor getNodeColor() const = 0;
     virtual void setDirty() = 0; ///< What the node shows has to be made again.
 
     virtual MO_PortMode portMode() const = 0;

@@ -50,6 +50,7 @@ public:
     bool isNameAcceptable(const QString& name) const override { return Node::isNameAcceptable(name); }
 
     bool isEnabled() const override { return Node::isEnabled(); }
+    QColor getNodeColor() const override { return QColor(nodeColour(Node::type().nodeClass)); }
     void setDirty() override { Node::announceChange(); }
 
     MO_PortMode portMode() const override { return Node::type().portMode; }

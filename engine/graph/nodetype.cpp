@@ -35,6 +35,26 @@ QStringView portKindName(PortKind kind)
     return kind == PortKind::Image ? QStringView(u"IMAGE") : QStringView(u"PEG");
 }
 
+QRgb nodeColour(NodeClass nodeClass)
+{
+    switch (nodeClass) {
+    case NodeClass::Element:
+        return 0xff5b8fc7; // Blue: drawings.
+    case NodeClass::Peg:
+        return 0xff7fb069; // Green: movement.
+    case NodeClass::Camera:
+    case NodeClass::Display:
+        return 0xff8d99ae; // Grey: where the picture is seen from, and where.
+    case NodeClass::Group:
+    case NodeClass::MultiPortIn:
+    case NodeClass::MultiPortOut:
+        return 0xffc9b458; // Ochre: what holds other nodes together.
+    case NodeClass::Module:
+        break;
+    }
+    return 0xffb497d6; // Violet: what changes pictures.
+}
+
 const NodeType* findNodeType(QStringView name)
 {
     const auto found =

@@ -2,6 +2,7 @@
 
 #include "core/host/mo_node.h"
 
+#include <QRgb>
 #include <QStringView>
 
 #include <array>
@@ -40,6 +41,9 @@ struct NodeType {
     }
     bool takesOutPorts() const { return portMode == MO_DynamicOutPortsOnly || portMode == MO_DynamicPorts; }
 };
+
+/// What the node view shows nodes of a class in: by what they do, so that a graph can be read from afar.
+QRgb nodeColour(NodeClass nodeClass);
 
 /// The type of that name, or null.
 const NodeType* findNodeType(QStringView name);

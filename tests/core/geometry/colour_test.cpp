@@ -2,7 +2,11 @@
 
 #include "core/geometry/point2d.h"
 #include "core/host/cm_rgba.h"
+#include "core/host/mo_node.h"
+#include "core/nodes/node.h"
 #include "tests/core/support/failure.h"
+#include "tests/core/support/openproject.h"
+#include "tests/core/support/standinnode.h"
 
 #include <gtest/gtest.h>
 
@@ -166,6 +170,27 @@ TEST(ColourReaderTest, ReadsWhatTellsAColour)
         SCOPED_TRACE(row.name);
         EXPECT_EQ(textOf(row.value), row.expected);
     }
+}
+
+using ColourOfNodeTest = ProjectTest;
+
+TEST_F(ColourOfNodeTest, ANodeTellsTheColourThatTheNodeViewShowsItIn)
+{
+    MO_Node* node = this->node(QStringLiteral("Top/Composite"));
+    const QVariant wrapper = OMC::toVariant(Obj(OMC::Node::getWrapped(node)));
+    const QColor shown = node->getNodeColor();
+    EXPECT_TRUE(shown.isValid());
+    EXPECT_EQ(Colour(wrapper), Colour(QVariant(shown)));
+    close();
+    EXPECT_EQ(failureOf([&] { Colour(QVariant(wrapper)); }), unsupported);
+}
+
+TEST_F(ColourOfNodeTest, AllFourChannelsAreTaken)
+{
+    StandInNode node;
+    node.colour = QColor(1, 2, 3, 4);
+    const Obj wrapper(OMC::Node::getWrapped(&node));
+    EXPECT_EQ(Colour(QVariant::fromValue<QObject*>(wrapper.get())), Colour(1, 2, 3, 4));
 }
 
 TEST(ColourReaderTest, WhatAListDoesNotTellKeepsWhatTheCallerPutThere)

@@ -30,6 +30,7 @@ public:
     bool setInstanceName(const QString&) override { return false; }
     bool isNameAcceptable(const QString&) const override { return false; }
     bool isEnabled() const override { return true; }
+    QColor getNodeColor() const override { return {}; }
     void setDirty() override {}
     MO_PortMode portMode() const override { return MO_DynamicPorts; }
     unsigned int nInPorts() const override { return 0; }

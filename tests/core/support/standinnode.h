@@ -111,6 +111,7 @@ public:
     bool setInstanceName(const QString&) override { return false; }
     bool isNameAcceptable(const QString&) const override { return false; }
     bool isEnabled() const override { return true; }
+    QColor getNodeColor() const override { return colour; }
     void setDirty() override {}
     MO_PortMode portMode() const override { return mode; }
     unsigned int nInPorts() const override { return static_cast<unsigned int>(ins.size()); }
@@ -131,6 +132,7 @@ public:
     SC_SceneCommon* scene;
     MO_PortMode mode = MO_FixedPorts;
     bool imageOutput = true;
+    QColor colour;
     bool placesKnown = true; ///< False: the node tells no port's place.
     Ports ins;
     Ports outs;

@@ -91,6 +91,26 @@ TEST_P(NodeTypeTest, ANewNodeHasTheNameAndThePortsOfItsType)
 INSTANTIATE_TEST_SUITE_P(All, NodeTypeTest, testing::ValuesIn(expectedTypes),
                          [](const auto& info) { return std::string(info.param.name); });
 
+TEST_P(NodeTypeTest, ANewNodeHasTheColourOfItsType)
+{
+    const QColor colour = create(GetParam().name)->getNodeColor();
+    EXPECT_TRUE(colour.isValid());
+    EXPECT_EQ(colour.alpha(), 255);
+    EXPECT_EQ(colour, create(GetParam().name)->getNodeColor());
+}
+
+TEST_F(NodeTypeTest, NodesThatDoDifferentThingsDifferInColour)
+{
+    QList<QRgb> colours;
+    for (const char* type : {"READ", "PEG", "CAMERA", "COMPOSITE", "MULTIPORT_IN"}) {
+        const QRgb colour = create(type)->getNodeColor().rgb();
+        EXPECT_FALSE(colours.contains(colour)) << type;
+        colours.append(colour);
+    }
+    const std::unique_ptr<TUGroup> group(TUGroup::create());
+    EXPECT_EQ(group->getNodeColor(), create("MULTIPORT_IN")->getNodeColor());
+}
+
 TEST_F(NodeTypeTest, GroupsAndUnknownTypesAreNotMadeByType)
 {
     for (const char* type : {"GROUP", "peg", "", "NO_SUCH_TYPE", "PEG "})
