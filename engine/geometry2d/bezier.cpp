@@ -177,7 +177,9 @@ void GR_Bezier2d::Truncate(double from, double to)
     requireFiniteParameter(to);
     const double start = std::clamp(from, 0.0, 1.0);
     const double end = std::clamp(to, 0.0, 1.0);
-    const PlaneCurve part = planeCurve(*this).stretch(start, end);
+    const PlaneCurve whole = planeCurve(*this);
+    requireFinite(whole); // A mean with what is no number may well be a number.
+    const PlaneCurve part = whole.stretch(start, end);
     requireFinite(part);
     const auto boundary = [this](double t) {
         if (t == 0)
