@@ -1,0 +1,86 @@
+#pragma once
+
+#include "core/frame/iterable.h"
+#include "core/frame/listqvar.h"
+
+#include <memory>
+
+class GR_Bezier2d;
+class GR_BezierPath2d;
+
+namespace OMC {
+
+/// What a curve and a path of curves share: the list of the control points, each a Point2d, and what is asked of and
+/// done to the whole.
+///
+/// A value in whatever units its points have, axes x to the right and y up. It owns its curve of the engine and leads
+/// to no other object of it; it is always valid. A parameter runs from 0 at the first point on: to 1 on a curve, to the
+/// number of curves on a path, 2.25 being a quarter of the way along the third.
+///
+/// Where another curve is an argument, it is an object of the same class, or whatever a constructor reads. An operation
+/// that the engine can't do (a point is not finite, a number too large) throws, and nothing has changed.
+template <typename Curve, typename HostCurve>
+class CurveList : public ListQVar, public IterableQVar {
+public:
+    ~CurveList() override;
+
+    BaseObject* copy() const override;
+    std::string __str__() const override; ///< "Bezier()[%1]", "BezierPath()[%1]": the number of control points.
+
+    std::size_t size() const override;
+    using ListQVar::get;
+    QVariant get(int index) const override;
+    using ListQVar::set;
+    /// Writes a point or several, in a form that the strict reader of Point2d takes.
+    void set(int index, const QVariant& points) override;
+    QList<QVariant> list() const override;
+    /// Whether each of the points is a control point, exactly; false for no points.
+    bool contains(const QVariant& points) const override;
+
+    Obj __iter__() const override;
+    bool __atend__() const override;
+    QVariant __iterItem__() const override;
+    void operator++() override;
+    void operator--() override;
+
+    bool operator==(const QVariant& other) const;
+    /// Whether the other is this one run backwards.
+    bool equivalentReverse(const QVariant& other) const;
+
+    /// The parameter of the nearest point of the curve; the point is read strictly. Throws when there is none.
+    double closestPoint(const QVariant& point) const;
+    Obj evaluate(double parameter) const; ///< A Point2d.
+    Obj getFromTangent() const;           ///< A Vector2d of length 1, or (0, 0) where the whole is one point.
+    Obj getToTangent() const;
+    Obj getBoundingBox() const; ///< An AllocatedRect2D.
+
+    void multiply(const QVariant& matrix); ///< In every form that a Matrix is read from.
+    void reverse();
+    void round(double step); ///< Moves the control points to multiples of a step above 0.
+    /// Keeps what is before the parameter and gives what is behind it.
+    Obj split(double parameter);
+    /// The stretch between two parameters; this curve stays.
+    Obj truncate(double from, double to) const;
+
+    bool intersecting() const; ///< Whether it meets itself.
+    bool intersecting(const QVariant& other) const;
+    QList<QVariant> intersections() const; ///< Where: Point2ds.
+    QList<QVariant> intersections(const QVariant& other) const;
+
+    /// The engine's curve.
+    const HostCurve& getBezier() const;
+
+protected:
+    explicit CurveList(const HostCurve& curve);
+    CurveList(const CurveList& other);
+    CurveList& operator=(const CurveList& other);
+
+    HostCurve& hostCurve() const;
+
+private:
+    struct Record;
+
+    std::unique_ptr<Record> m_record;
+};
+
+} // namespace OMC
