@@ -146,6 +146,8 @@ bool RemoveNodes::unsetDefaults()
     SC_SceneCommon& scene = m_graph.scene();
     const MO_Node* camera = scene.camera(false);
     const MO_Node* display = scene.defaultDisplay();
+    if (!camera && !display)
+        return true;
     bool cameraLeaves = false;
     bool displayLeaves = false;
     for (Node* top : m_nodes) {

@@ -337,6 +337,44 @@ TEST_F(BezierColumnTest, FramesOfTheSceneComeAndGoWithTheirKeys)
     EXPECT_TRUE(undoesTo(before));
 }
 
+TEST_F(BezierColumnTest, TheFramesThatAreHeldMoveAlong)
+{
+    struct Hold {
+        int start, stop, step;
+        bool operator==(const Hold&) const = default;
+    };
+    struct {
+        Hold before;
+        int at, delta;
+        Hold after;
+    } const moves[] = {
+        {{10, 30, 2}, 5, 10, {20, 40, 2}}, {{10, 30, 2}, 20, 10, {10, 40, 2}}, {{10, 30, 2}, 30, 10, {10, 30, 2}},
+        {{10, 30, 2}, 0, -5, {5, 25, 2}},  {{10, 30, 2}, 5, -10, {6, 20, 2}},  {{10, 30, 2}, 25, -10, {10, 25, 2}},
+        {{10, 30, 2}, 5, -30, {5, 5, 2}},  {{1, 30, 2}, 0, -40, {1, 1, 2}},    {{10, 30, 1}, 5, 10, {10, 30, 1}},
+        {{30, 10, 2}, 5, 10, {30, 10, 2}},
+    };
+    for (const auto& [hold, at, delta, after] : moves) {
+        ASSERT_TRUE(column->setStart(hold.start) && column->setStop(hold.stop) && column->setStep(hold.step));
+        const QString before = state();
+        scene().setNumberOfFrames(at, delta, false, true);
+        EXPECT_EQ((Hold{column->start(), column->stop(), column->step()}), after) << at << ' ' << delta;
+        EXPECT_TRUE(undoesTo(before));
+        undo();
+    }
+}
+
+TEST_F(BezierColumnTest, KeysOnAStretchAreClearedAndTheOthersStay)
+{
+    for (const double frame : {1., 5., 5.5, 6., 9.75, 10., 30.})
+        key(frame, frame);
+    EXPECT_EQ(column->clearFramesCommand(10, 19), nullptr);
+    EXPECT_EQ(column->clearFramesCommand(30, 1'000'000), nullptr);
+    const QString before = state();
+    ASSERT_TRUE(run(column->clearFramesCommand(5, 4).release()));
+    EXPECT_EQ(column->keyframes(), (std::vector<int>{1, 5, 5, 10, 30}));
+    EXPECT_TRUE(undoesTo(before));
+}
+
 TEST_F(BezierColumnTest, SwitchesGetKeysThatHold)
 {
     MO_Node* drawing = add("READ", "Drawing");

@@ -477,3 +477,42 @@ TEST_F(DragDropTest, DeepAndWideGroupsMoveWithoutAStackOfTheirDepth)
     undo();
     EXPECT_EQ(top()->nSubNodes(), nodes.size() + 1);
 }
+
+TEST_F(DragDropTest, TheDefaultCameraStaysTheDefaultOneWhereItMoves)
+{
+    TUGroup* group = addGroup("Group");
+    MO_Node* camera = add("CAMERA", "Camera");
+    add("CAMERA", "Other");
+    ASSERT_TRUE(run(new SC_SceneCmds::SetDefaultCameraCmd(&scene(), dynamic_cast<TUCameraModule*>(camera))));
+    const std::vector<MO_Node*> moved = moveUndoably({node("Top/Other"), camera}, group);
+    ASSERT_EQ(moved.size(), 2u);
+    EXPECT_EQ(moved[1]->qualifiedName(), "Top/Group/Camera");
+    EXPECT_EQ(static_cast<MO_Node*>(scene().camera(false)), moved[1]);
+    moveUndoably({group}, addGroup("Outer"));
+    ASSERT_TRUE(scene().camera(false));
+    EXPECT_EQ(scene().camera(false)->qualifiedName(), "Top/Outer/Group/Camera") << "also within a group that moves";
+}
+
+TEST_F(DragDropTest, TheDefaultDisplayStaysTheDefaultOneWhereItMoves)
+{
+    TUGroup* group = addGroup("Group");
+    add("DISPLAY", "Other");
+    moveUndoably({node("Top/Other"), node("Top/Display")}, group);
+    ASSERT_TRUE(scene().defaultDisplay());
+    EXPECT_EQ(scene().defaultDisplay()->qualifiedName(), "Top/Group/Display");
+}
+
+TEST_F(DragDropTest, ACopyOfTheDefaultCameraIsTheDefaultOneOnlyWhereTheModeSaysSo)
+{
+    MO_Node* camera = add("CAMERA", "Camera");
+    ASSERT_TRUE(run(new SC_SceneCmds::SetDefaultCameraCmd(&scene(), dynamic_cast<TUCameraModule*>(camera))));
+    const DD_DragObject object = drag({camera});
+    ASSERT_TRUE(drop(object, top()));
+    EXPECT_TRUE(DD_System::SetDefaultCamera(&scene(), newNodes, dropped));
+    EXPECT_EQ(static_cast<MO_Node*>(scene().camera(false)), camera);
+    EXPECT_TRUE(DD_System::SetDefaultCamera(&scene(), DD_DropMode(true, true), dropped));
+    ASSERT_EQ(dropped.Nodes().size(), 1u);
+    EXPECT_EQ(static_cast<MO_Node*>(scene().camera(false)), dropped.Nodes().front());
+    undo();
+    EXPECT_EQ(static_cast<MO_Node*>(scene().camera(false)), camera);
+}

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <stdexcept>
 
 namespace {
@@ -454,4 +455,56 @@ TEST_F(CommandManagerTest, ACommandThatIsBeingUndoneCantChangeTheList)
     EXPECT_EQ(done(), QStringList({"One"}));
     EXPECT_EQ(undone(), QStringList({"Meddler"}));
     EXPECT_EQ(manager->historyMaxSize(), 100'000);
+}
+
+TEST_F(CommandManagerTest, ACountBeyondTheEndDoesWhatIsThere)
+{
+    constexpr unsigned int all = std::numeric_limits<unsigned int>::max();
+    manager->unexecute(all);
+    manager->reexecute(all);
+    EXPECT_EQ(manager->historySize(), 0);
+    for (const int value : {1, 2, 3})
+        set(value);
+    manager->unexecute(4);
+    EXPECT_EQ(number, 0);
+    manager->reexecute(all);
+    EXPECT_EQ(number, 3);
+    manager->unexecute(0);
+    manager->reexecute(0);
+    EXPECT_EQ(number, 3);
+    manager->unexecute(all);
+    EXPECT_EQ(number, 0);
+    EXPECT_EQ(manager->executedHistorySize(), 0);
+    EXPECT_EQ(manager->historySize(), 3);
+}
+
+TEST_F(CommandManagerTest, AHundredThousandBracketsWithinABracketAreOneEntry)
+{
+    constexpr int count = 100'000;
+    {
+        const Scope outer(manager.get(), "All", nullptr, Scope::kDefault);
+        for (int value = 1; value <= count; ++value) {
+            const Scope inner(manager.get(), "One", nullptr, Scope::kDefault);
+            set(value);
+        }
+    }
+    EXPECT_EQ(manager->collectExecutedNames(), QStringList("All"));
+    manager->unexecute(1);
+    EXPECT_EQ(number, 0);
+    manager->reexecute(1);
+    EXPECT_EQ(number, count);
+}
+
+TEST_F(CommandManagerTest, AHundredThousandEntriesAreUndoneAndRedoneAndShareTheirLabel)
+{
+    constexpr int count = 100'000;
+    for (int value = 1; value <= count; ++value)
+        set(value, QStringLiteral("Set Number of ") + QStringLiteral("Frames"));
+    EXPECT_EQ(manager->historySize(), count);
+    const QStringList names = manager->collectExecutedNames();
+    EXPECT_EQ(names.first().constData(), names.last().constData());
+    manager->unexecute(count);
+    EXPECT_EQ(number, 0);
+    manager->reexecute(count);
+    EXPECT_EQ(number, count);
 }

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
 TEST(PreferencesTest, PreferencesStartWithTheirDefaults)
 {
     const engine::Preferences preferences;
@@ -30,4 +34,56 @@ TEST(PreferencesTest, TheCachedPreferenceFollows)
     EXPECT_TRUE(PR_CachedPreferences::getSpConstantSegment());
     tuPref()->setBoolValue("SP_CONSTANT_SEGMENT", false);
     EXPECT_FALSE(PR_CachedPreferences::getSpConstantSegment());
+}
+
+TEST(PreferencesTest, PreferencesAreKeptFromOneRunToTheNext)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("preferences.json");
+    {
+        engine::Preferences preferences(path);
+        preferences.setBoolValue("RIPPLE_SCENE_MARKERS", false);
+        preferences.setBoolValue("SP_CONSTANT_SEGMENT", true);
+        preferences.setBoolValue("OTHER", false);
+        preferences.save();
+    }
+    const engine::Preferences preferences(path);
+    EXPECT_FALSE(preferences.getBoolValue("RIPPLE_SCENE_MARKERS", true));
+    EXPECT_TRUE(preferences.constantSegment());
+    EXPECT_FALSE(preferences.getBoolValue("OTHER", true));
+    EXPECT_FALSE(preferences.getBoolValue("EXTEND_DRAWING_EXPOSURE", true));
+}
+
+TEST(PreferencesTest, APreferenceThatIsSetBackIsNotWritten)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("preferences.json");
+    engine::Preferences preferences(path);
+    preferences.setBoolValue("EXTEND_DRAWING_EXPOSURE", true);
+    preferences.setBoolValue("EXTEND_DRAWING_EXPOSURE", false);
+    preferences.save();
+    EXPECT_FALSE(QFileInfo::exists(path));
+    preferences.setBoolValue("EXTEND_DRAWING_EXPOSURE", true);
+    EXPECT_FALSE(QFileInfo::exists(path));
+    preferences.save();
+    EXPECT_TRUE(QFileInfo::exists(path));
+    ASSERT_TRUE(QFile::remove(path));
+    preferences.save();
+    EXPECT_FALSE(QFileInfo::exists(path)) << "nothing changed since";
+}
+
+TEST(PreferencesTest, ASaveThatFailedIsTriedAgain)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("config/preferences.json");
+    QFile blocker(folder.filePath("config"));
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    engine::Preferences preferences(path);
+    preferences.setBoolValue("OTHER", true);
+    testing::internal::CaptureStderr();
+    preferences.save();
+    EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+    ASSERT_TRUE(blocker.remove());
+    preferences.save();
+    EXPECT_TRUE(engine::Preferences(path).getBoolValue("OTHER", false));
 }
