@@ -34,8 +34,8 @@ PyObject* endOfInterpreter(PyObject*, PyObject*)
 bool addClasses(PyObject* module)
 {
     for (const auto tables : {&frameTables, &applicationTables, &pointTables, &vectorTables, &rectangleTables,
-                              &matrixTables, &transformationTables, &deformationTables, &colourTables, &sceneTables,
-                              &nodeTables, &portTables, &attributeTables, &columnTables}) {
+                              &matrixTables, &transformationTables, &deformationTables, &colourTables, &bezierTables,
+                              &bezierPathTables, &sceneTables, &nodeTables, &portTables, &attributeTables, &columnTables}) {
         for (const ClassTable& table : tables())
             addClass(module, table);
     }

@@ -16,6 +16,8 @@ std::vector<ClassTable> matrixTables();
 std::vector<ClassTable> transformationTables();
 std::vector<ClassTable> deformationTables();
 std::vector<ClassTable> colourTables();
+std::vector<ClassTable> bezierTables();
+std::vector<ClassTable> bezierPathTables();
 std::vector<ClassTable> sceneTables();
 std::vector<ClassTable> nodeTables();
 std::vector<ClassTable> portTables();
