@@ -1,11 +1,17 @@
 #include "core/scene/project.h"
 
+#include "core/host/sc_resolution.h"
 #include "core/scene/history.h"
+#include "core/scene/projectresolution.h"
 #include "tests/core/support/failure.h"
 #include "tests/core/support/openproject.h"
+#include "tests/core/support/otherthread.h"
 #include "tests/core/support/standins.h"
 
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -49,7 +55,7 @@ TEST_F(ProjectWrapperTest, ThePropertiesStandInTheirOrder)
     bool extendNative = false;
     bool filter = false;
     EXPECT_EQ(wrapper.getDir(extendNative, filter),
-              (std::vector<std::string>{"objectName", "dirty", "dirty_previously", "history"}));
+              (std::vector<std::string>{"objectName", "dirty", "dirty_previously", "history", "resolution"}));
 }
 
 TEST_F(ProjectWrapperTest, TheHistoryIsThatOfTheProject)
@@ -62,6 +68,23 @@ TEST_F(ProjectWrapperTest, TheHistoryIsThatOfTheProject)
     EXPECT_EQ(history->size(), 0U);
     ASSERT_TRUE(scene()->setStopFrame(30));
     EXPECT_EQ(history->size(), 1U);
+}
+
+TEST_F(ProjectWrapperTest, TheResolutionIsThatOfTheProject)
+{
+    const OMC::Obj handle = wrapper.getResolution();
+    auto* resolution = OMC::objectIn<OMC::ProjectResolution>(handle);
+    ASSERT_NE(resolution, nullptr);
+    resolution->setX(1000);
+    EXPECT_EQ(projectCommon()->resolution()->width(), 1000);
+}
+
+TEST_F(ProjectWrapperTest, TheHistoryAndTheResolutionAskNoThread)
+{
+    const std::string lockedOut = "Unable to access Object Model from another thread -- application must be locked.";
+    EXPECT_EQ(failuresOnOtherThread({[&] { wrapper.getHistory(); }, [&] { wrapper.getResolution(); },
+                                     [&] { wrapper.getDirty(); }, [&] { wrapper.getDirtyPreviously(); }}),
+              (std::vector<std::string>{"no exception", "no exception", lockedOut, lockedOut}));
 }
 
 TEST_F(ProjectWrapperTest, ACopyIsOfTheSameProject)
@@ -80,6 +103,8 @@ TEST_F(ProjectWrapperTest, OnceItIsClosedItSaysSo)
 
     const OMC::Obj history = wrapper.getHistory();
     EXPECT_EQ(failureOf([&] { OMC::objectIn<OMC::History>(history)->size(); }), invalid);
+    const OMC::Obj resolution = wrapper.getResolution();
+    EXPECT_EQ(failureOf([&] { OMC::objectIn<OMC::ProjectResolution>(resolution)->getX(); }), invalid);
 }
 
 TEST_F(ProjectWrapperTest, AProjectThatNeverWasIsInvalidFromTheStart)

@@ -1,10 +1,10 @@
 #include "core/scene/scene.h"
 
-#include "core/host/pr_preference.h"
 #include "core/nodes/groupnode.h"
 #include "core/nodes/nodelist.h"
-#include "tests/core/support/failure.h"
-#include "tests/core/support/openproject.h"
+#include "core/scene/scenemetrics.h"
+#include "core/scene/sceneunitconverter.h"
+#include "tests/core/support/changetest.h"
 #include "tests/core/support/refusingmanager.h"
 #include "tests/core/support/standins.h"
 
@@ -14,7 +14,6 @@
 #include <limits>
 #include <memory>
 #include <string>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -22,34 +21,9 @@ namespace {
 
 const char* const invalid = "Object is no longer valid.";
 
-class SceneTest : public ProjectTest {
+class SceneTest : public ChangeTest {
 protected:
     SceneTest() : wrapper(scene()) {}
-
-    /// A call that has to fail with a sentence and to leave the project and its history alone.
-    void refuses(const std::function<void()>& call, const char* sentence)
-    {
-        const QByteArray before = saved();
-        const QStringList done = labels();
-        EXPECT_EQ(failureOf(call), sentence);
-        EXPECT_EQ(labels(), done);
-        EXPECT_EQ(saved(), before);
-    }
-
-    /// A call that has to make one entry, which undoes and redoes exactly.
-    void changes(const std::function<void()>& call)
-    {
-        const QByteArray before = saved();
-        const auto entries = labels().size();
-        call();
-        EXPECT_EQ(labels().size(), entries + 1);
-        const QByteArray after = saved();
-        EXPECT_NE(after, before);
-        undo();
-        EXPECT_EQ(saved(), before);
-        redo();
-        EXPECT_EQ(saved(), after);
-    }
 
     OMC::Scene wrapper;
 };
@@ -69,9 +43,30 @@ TEST_F(SceneTest, ThePropertiesStandInTheirOrder)
 {
     bool extendNative = false;
     bool filter = false;
-    EXPECT_EQ(wrapper.getDir(extendNative, filter),
-              (std::vector<std::string>{"objectName", "name", "framerate", "frame_count", "frame_start", "frame_stop",
-                                        "sounds", "top", "nodes", "compositions"}));
+    EXPECT_EQ(wrapper.getDir(extendNative, filter), (std::vector<std::string>{"objectName",
+                                                                              "aspect",
+                                                                              "units",
+                                                                              "center",
+                                                                              "name",
+                                                                              "framerate",
+                                                                              "vector_texture_pixel_density",
+                                                                              "bitmap_texture_pixel_density",
+                                                                              "frame_count",
+                                                                              "frame_start",
+                                                                              "frame_stop",
+                                                                              "colorspace",
+                                                                              "colorspaces",
+                                                                              "camera",
+                                                                              "camera_path",
+                                                                              "unit_converter",
+                                                                              "sounds",
+                                                                              "top",
+                                                                              "nodes",
+                                                                              "compositions",
+                                                                              "display",
+                                                                              "display_name",
+                                                                              "displays",
+                                                                              "display_names"}));
 }
 
 TEST_F(SceneTest, PropertiesAreReadByName)
@@ -97,7 +92,7 @@ TEST_F(SceneTest, ASceneCannotBeRenamed)
 
 TEST_F(SceneTest, TheFrameRateIsSetAsOneEntry)
 {
-    changes([&] { wrapper.setFramerate(12.5); });
+    changes([&] { wrapper.setFramerate(12.5); }, QStringLiteral("Set Frame Rate"));
     EXPECT_EQ(wrapper.getFramerate(), 12.5);
     EXPECT_EQ(labels(), QStringList{"Set Frame Rate"});
     undo();
@@ -137,73 +132,18 @@ TEST_F(SceneTest, ASceneWithoutItsPartsIsInvalidWhereItNeedsThem)
     EXPECT_EQ(manager.refusedLabels, QStringList());
 }
 
-TEST_F(SceneTest, FramesAreAddedAtTheEndAndTakenFromThere)
+TEST_F(SceneTest, TheViewsAreOfTheScene)
 {
-    changes([&] { wrapper.setFrameCount(100); });
-    EXPECT_EQ(wrapper.getFrameCount(), 100);
-    changes([&] { wrapper.setFrameCount(1); });
-    EXPECT_EQ(wrapper.getFrameCount(), 1);
-    undo(2);
-    EXPECT_EQ(wrapper.getFrameCount(), 60);
-}
-
-TEST_F(SceneTest, AFrameCountBelowOneIsRefused)
-{
-    for (const int count : {0, -5, std::numeric_limits<int>::min()})
-        refuses([&] { wrapper.setFrameCount(count); }, "Framecount needs to be a positive value above one.");
-}
-
-TEST_F(SceneTest, ThePresentFrameCountMakesNoEngineCall)
-{
-    wrapper.setFrameCount(60);
-    EXPECT_EQ(labels(), QStringList());
-    StandInScene stub;
-    OMC::Scene(&stub).setFrameCount(60);
-    EXPECT_TRUE(stub.frameChanges.empty());
-}
-
-TEST_F(SceneTest, AFrameCountThatTheSceneDoesNotTakeFailsWithItsSentence)
-{
-    StandInScene stub;
-    OMC::Scene stubborn(&stub);
-    EXPECT_EQ(failureOf([&] { stubborn.setFrameCount(61); }), "Failed to set the scene's frame count.");
-}
-
-TEST_F(SceneTest, TheMarkersRippleByPreference)
-{
-    const QString name = QStringLiteral("RIPPLE_SCENE_MARKERS");
-    const bool kept = tuPref()->getBoolValue(name, true);
-    StandInScene stub;
-    OMC::Scene stubborn(&stub);
-    for (const bool ripple : {false, true}) {
-        tuPref()->setBoolValue(name, ripple);
-        failureOf([&] { stubborn.setFrameCount(50); });
-        EXPECT_EQ(stub.frameChanges.back(), std::tuple(60, -10, ripple, true));
-    }
-    tuPref()->setBoolValue(name, kept);
-}
-
-TEST_F(SceneTest, StartAndStopAreSetAsOneEntryEach)
-{
-    changes([&] { wrapper.setFrameStart(10); });
-    EXPECT_EQ(wrapper.getFrameStart(), 10);
-    changes([&] { wrapper.setFrameStop(50); });
-    EXPECT_EQ(wrapper.getFrameStop(), 50);
-    undo(2);
-    EXPECT_EQ(wrapper.getFrameStart(), 1);
-    EXPECT_EQ(wrapper.getFrameStop(), 60);
-}
-
-TEST_F(SceneTest, AStartOrStopThatTheSceneCannotTakeIsRefused)
-{
-    for (const int frame : {0, -1, 61, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
-        refuses([&] { wrapper.setFrameStart(frame); }, "Unable to set the start frame.");
-        refuses([&] { wrapper.setFrameStop(frame); }, "Unable to set the stop frame.");
-    }
-    wrapper.setFrameStart(20);
-    wrapper.setFrameStop(40);
-    refuses([&] { wrapper.setFrameStart(41); }, "Unable to set the start frame.");
-    refuses([&] { wrapper.setFrameStop(19); }, "Unable to set the stop frame.");
+    const OMC::Obj aspect = wrapper.getAspect();
+    const OMC::Obj units = wrapper.getUnits();
+    const OMC::Obj center = wrapper.getCenter();
+    const OMC::Obj converter = wrapper.getUnitConverter();
+    ASSERT_NE(OMC::objectIn<OMC::SceneAspect>(aspect), nullptr);
+    ASSERT_NE(OMC::objectIn<OMC::SceneUnits>(units), nullptr);
+    ASSERT_NE(OMC::objectIn<OMC::SceneCenter>(center), nullptr);
+    ASSERT_NE(OMC::objectIn<OMC::SceneUnitConverter>(converter), nullptr);
+    OMC::objectIn<OMC::SceneUnits>(units)->setZ(7);
+    EXPECT_EQ(OMC::objectIn<OMC::SceneUnits>(wrapper.getUnits())->getZ(), 7);
 }
 
 TEST_F(SceneTest, TopIsTheRootGroup)
@@ -250,6 +190,9 @@ TEST_F(SceneTest, OnceTheSceneIsGoneEveryOperationSaysSo)
     close();
     EXPECT_EQ(wrapper.scene(), nullptr);
     const std::pair<const char*, std::function<void()>> calls[] = {
+        {"aspect", [&] { wrapper.getAspect(); }},
+        {"units", [&] { wrapper.getUnits(); }},
+        {"center", [&] { wrapper.getCenter(); }},
         {"name", [&] { wrapper.getName(); }},
         {"name =", [&] { wrapper.setName(QStringLiteral("x")); }},
         {"framerate", [&] { wrapper.getFramerate(); }},
@@ -260,6 +203,26 @@ TEST_F(SceneTest, OnceTheSceneIsGoneEveryOperationSaysSo)
         {"frame_start =", [&] { wrapper.setFrameStart(1); }},
         {"frame_stop", [&] { wrapper.getFrameStop(); }},
         {"frame_stop =", [&] { wrapper.setFrameStop(1); }},
+        {"vector_texture_pixel_density", [&] { wrapper.getVectorTexturePixelDensity(); }},
+        {"vector_texture_pixel_density =", [&] { wrapper.setVectorTexturePixelDensity(1.0); }},
+        {"bitmap_texture_pixel_density", [&] { wrapper.getBitmapTexturePixelDensity(); }},
+        {"bitmap_texture_pixel_density =", [&] { wrapper.setBitmapTexturePixelDensity(1.0); }},
+        {"colorspace", [&] { wrapper.getColorspace(); }},
+        {"colorspace =", [&] { wrapper.setColorspace(QString()); }},
+        {"colorspaces", [&] { wrapper.getColorspaces(); }},
+        {"camera", [&] { wrapper.getCamera(); }},
+        {"camera =", [&] { wrapper.setCamera(QVariant()); }},
+        {"camera_path", [&] { wrapper.getCameraPath(); }},
+        {"camera_path =", [&] { wrapper.setCameraPath(QVariant()); }},
+        {"unit_converter", [&] { wrapper.getUnitConverter(); }},
+        {"display", [&] { wrapper.getDisplay(); }},
+        {"display =", [&] { wrapper.setDisplay(QVariant()); }},
+        {"display_name", [&] { wrapper.getDisplayName(); }},
+        {"display_name =", [&] { wrapper.setDisplayName(QVariant()); }},
+        {"displays", [&] { wrapper.getDisplays(); }},
+        {"display_names", [&] { wrapper.getDisplayNames(); }},
+        {"frame_insert", [&] { wrapper.frameInsert(1, 0); }},
+        {"frame_remove", [&] { wrapper.frameRemove(1, 1); }},
         {"top", [&] { wrapper.getTop(); }},
         {"nodes", [&] { wrapper.getNodes(); }},
         {"compositions", [&] { wrapper.getCompositions(); }},
