@@ -1,10 +1,15 @@
 #include "tests/engine/folder/randomproject.h"
 
 #include "core/host/at_attr.h"
+#include "core/host/cel_colorspace.h"
+#include "core/host/sc_advancedflags.h"
+#include "core/host/sc_projectcmds.h"
+#include "core/host/sc_scenemarker.h"
 #include "core/host/tu_timedvalue.h"
 
 #include <QLocale>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -47,11 +52,13 @@ public:
 void RandomProject::change(int steps)
 {
     using Step = void (RandomProject::*)();
-    constexpr Step all[] = {&RandomProject::addNode,    &RandomProject::addNode,     &RandomProject::addPort,
-                            &RandomProject::link,       &RandomProject::link,        &RandomProject::place,
-                            &RandomProject::setValue,   &RandomProject::setValue,    &RandomProject::linkColumn,
-                            &RandomProject::linkColumn, &RandomProject::editColumn,  &RandomProject::editColumn,
-                            &RandomProject::editColumn, &RandomProject::changeScene, &RandomProject::removeNode};
+    constexpr Step all[] = {&RandomProject::addNode,        &RandomProject::addNode,       &RandomProject::addPort,
+                            &RandomProject::link,           &RandomProject::link,          &RandomProject::place,
+                            &RandomProject::setValue,       &RandomProject::setValue,      &RandomProject::linkColumn,
+                            &RandomProject::linkColumn,     &RandomProject::editColumn,    &RandomProject::editColumn,
+                            &RandomProject::editColumn,     &RandomProject::changeScene,   &RandomProject::removeNode,
+                            &RandomProject::changeSettings, &RandomProject::changeMarkers, &RandomProject::changeViews,
+                            &RandomProject::changeScenes};
     for (; steps > 0; --steps)
         (this->*all[below(std::size(all))])();
 }
@@ -210,10 +217,86 @@ void RandomProject::editColumn()
 void RandomProject::changeScene()
 {
     engine::Scene& scene = m_project.scene();
-    scene.setNumberOfFrames(below(50), below(30) - 12, false, true);
+    scene.setNumberOfFrames(below(50), below(30) - 12, below(2), true);
     scene.setStartFrame(1 + below(20));
     scene.setStopFrame(20 + below(60));
     m_project.run(new SC_SceneCmds::SetFrameRateCmd(scene.sceneCommon(), UT_FrameRate(std::abs(number()))));
+}
+
+void RandomProject::changeSettings()
+{
+    namespace edit = SC_ProjectCmds;
+    const auto fit = below(2) ? TUDbResolution::kFitHeight : TUDbResolution::kFitWidth;
+    const auto projection = below(2) ? TUDbResolution::kPerspective : TUDbResolution::kOrthogonal;
+    const auto side = [this] { return static_cast<unsigned int>(below(4) ? below(5000) : below(2'000'000'000)); };
+    SC_AdvancedFlags flags = common()->advancedFlags();
+    flags.setPixelPerModelUnitForBitmapLayers(number());
+    flags.setPixelPerModelUnitForVectorLayers(std::abs(number()));
+    const QStringList spaces = common()->colorSpaceManager()->colorSpaceNames({});
+    switch (below(7)) {
+    case 0:
+        m_project.run(new edit::SetProjectResolutionByValueCmd(common(), side(), side(), fit, number(), projection));
+        break;
+    case 1:
+        m_project.run(new edit::SetProjectResolutionByNameCmd(common(), below(3) ? "PAL" : "HD_1080"));
+        break;
+    case 2:
+        m_project.run(new edit::SetProjectColorSpaceCmd(common(), spaces.at(below(static_cast<int>(spaces.size())))));
+        break;
+    case 3:
+        m_project.run(new edit::SetAdvancedFlagsCmd(common(), flags));
+        break;
+    case 4:
+        m_project.run(new edit::SetDesignAspectRatioCmd(common(), below(20), below(20)));
+        break;
+    case 5:
+        m_project.run(new edit::SetDesignFieldChartCmd(common(), std::abs(number()), 1 + below(30), 0.5 + below(9)));
+        break;
+    default:
+        m_project.run(new edit::SetCoordinatesAtCenterCmd(common(), below(9) - 4, below(2'000'000'000)));
+    }
+}
+
+void RandomProject::changeMarkers()
+{
+    SC_SceneCommon* scene = m_project.scene().sceneCommon();
+    const SC_SceneMarker marker{name(), 1 + below(60), 1 + below(9), static_cast<unsigned int>(m_random()),
+                                below(2) ? QString() : name() + '\n' + name()};
+    const int place = below(static_cast<int>(scene->sceneMarkers().size()) + 1);
+    if (below(3) > 0)
+        m_project.run(new SC_SceneCmds::AddSceneMarkerCmd(scene, marker));
+    else if (below(2))
+        m_project.run(new SC_SceneCmds::SetSceneMarkerCmd(scene, place, marker));
+    else
+        m_project.run(new SC_SceneCmds::RemoveSceneMarkerCmd(scene, place));
+}
+
+void RandomProject::changeViews()
+{
+    SC_SceneCommon* scene = m_project.scene().sceneCommon();
+    std::vector<MO_Node*> nodes;
+    m_project.top()->getRecursiveSubNodeList(nodes);
+    nodes.push_back(nullptr);
+    std::shuffle(nodes.begin(), nodes.end(), m_random);
+    for (MO_Node* node : nodes) {
+        auto* camera = dynamic_cast<TUCameraModule*>(node);
+        auto* display = dynamic_cast<TUDisplayModule*>(node);
+        if (camera || !node)
+            m_project.run(new SC_SceneCmds::SetDefaultCameraCmd(scene, camera));
+        else if (display)
+            m_project.run(new SC_SceneCmds::SetDefaultDisplayCmd(scene, display));
+        if (camera || display || !node)
+            return;
+    }
+}
+
+void RandomProject::changeScenes()
+{
+    const int count = m_project.project().sceneCount();
+    if (below(3) > 0)
+        m_project.run(new SC_ProjectCmds::AddSceneCmd(common(), name(), below(count + 1) - 1));
+    else
+        m_project.run(new SC_ProjectCmds::RemoveSceneCmd(common(), m_project.project().sceneAt(below(count))->id()));
 }
 
 void RandomProject::removeNode()

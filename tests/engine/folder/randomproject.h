@@ -13,6 +13,7 @@ public:
     void change(int steps);
 
 private:
+    SC_ProjectCommon* common() { return m_project.scene().projectCommon(); }
     int below(int count) { return std::uniform_int_distribution<int>(0, count - 1)(m_random); }
     double number();
     QString name();
@@ -29,6 +30,10 @@ private:
     void linkColumn();
     void editColumn();
     void changeScene();
+    void changeSettings();
+    void changeMarkers();
+    void changeViews();
+    void changeScenes();
     void removeNode();
 
     MemoryProject& m_project;

@@ -12,7 +12,7 @@ const QByteArray projectText = R"({
   "version": 2,
   "lastChange": "Rename Arm",
   "resolution": {
-    "name": "HDTV_720p",
+    "name": "HD_720",
     "width": 1280,
     "height": 720,
     "fovFit": "HEIGHT",

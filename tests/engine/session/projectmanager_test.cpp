@@ -146,3 +146,114 @@ TEST_F(ProjectManagerTest, EverythingIsGoneAfterClosing)
     for (const auto& handle : handles)
         EXPECT_EQ(handle.get(), nullptr);
 }
+
+TEST_F(ProjectManagerTest, AnOpenProjectIsLockedUntilItIsClosed)
+{
+    const auto isLocked = [this](const QString& name) { return QFile::exists(path(name) + "/.brindle-lock"); };
+    ASSERT_TRUE(manager->createProject(path("p"), error));
+    EXPECT_TRUE(isLocked("p"));
+    EXPECT_FALSE(manager->project()->isReadOnly());
+    ASSERT_TRUE(manager->openProject(path("p"), error)) << "the project that is open is opened anew";
+    EXPECT_TRUE(isLocked("p"));
+    ASSERT_TRUE(manager->saveProject(error));
+    ASSERT_TRUE(manager->saveProjectAs(path("q"), error));
+    EXPECT_TRUE(isLocked("q") && !isLocked("p"));
+    ASSERT_TRUE(manager->openProject(path("p"), error));
+    EXPECT_TRUE(isLocked("p") && !isLocked("q"));
+    ASSERT_TRUE(manager->createProject(path("r"), error));
+    EXPECT_TRUE(isLocked("r") && !isLocked("p"));
+    manager->closeProject();
+    EXPECT_FALSE(isLocked("r"));
+    ASSERT_TRUE(manager->openProject(path("r"), error));
+    session.reset();
+    EXPECT_FALSE(isLocked("r"));
+}
+
+TEST_F(ProjectManagerTest, AProjectThatSomebodyHasOpenIsRefusedAndReadOnlyOpened)
+{
+    ASSERT_TRUE(manager->createProject(path("p"), error));
+    ASSERT_TRUE(rename("Screen"));
+    ASSERT_TRUE(manager->saveProject(error));
+
+    const auto second = SC_SessionContext::create();
+    SC_ProjectManager* other = second->projectManager();
+    EXPECT_EQ(other->openProject(path("p"), error), nullptr);
+    EXPECT_TRUE(error.startsWith("Cannot open the project: \"" + path("p") + "\" is in use by "))
+        << error.toStdString();
+    EXPECT_TRUE(error.endsWith("); it can be opened read-only.")) << error.toStdString();
+    EXPECT_EQ(other->project(), nullptr);
+
+    error.clear();
+    SC_Project* opened = other->openProjectReadOnly(path("p"), error);
+    ASSERT_TRUE(opened) << error.toStdString();
+    EXPECT_TRUE(opened->isReadOnly());
+    EXPECT_EQ(opened->lastChange(), "Rename");
+    EXPECT_FALSE(other->saveProject(error));
+    EXPECT_EQ(error,
+              "Cannot save the project: \"" + path("p") + "\" is open read-only; it can be saved in another folder.");
+    EXPECT_TRUE(manager->saveProject(error)) << "who has it can go on";
+
+    ASSERT_TRUE(other->saveProjectAs(path("q"), error)) << error.toStdString();
+    EXPECT_FALSE(opened->isReadOnly());
+    EXPECT_TRUE(other->saveProject(error)) << error.toStdString();
+    EXPECT_EQ(manager->openProject(path("q"), error), nullptr) << "the lock went along";
+    other->closeProject();
+    EXPECT_TRUE(manager->openProject(path("q"), error));
+}
+
+TEST_F(ProjectManagerTest, AReadOnlyProjectMayReplaceTheSameOneAndTheOtherWayRound)
+{
+    ASSERT_TRUE(manager->createProject(path("p"), error));
+    ASSERT_TRUE(manager->openProjectReadOnly(path("p"), error));
+    EXPECT_FALSE(QFile::exists(path("p") + "/.brindle-lock"));
+    ASSERT_TRUE(manager->openProject(path("p"), error));
+    EXPECT_FALSE(manager->project()->isReadOnly());
+    EXPECT_TRUE(manager->saveProject(error));
+}
+
+TEST_F(ProjectManagerTest, AFailedOpeningOfTheOpenProjectKeepsItsLock)
+{
+    SC_Project* open = manager->createProject(path("p"), error);
+    QFile file(path("p") + "/project.json");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray content = file.readAll();
+    file.close();
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    EXPECT_EQ(manager->openProject(path("p"), error), nullptr);
+    EXPECT_EQ(manager->project(), open);
+    EXPECT_TRUE(QFile::exists(path("p") + "/.brindle-lock"));
+    ASSERT_TRUE(manager->saveProject(error)) << error.toStdString();
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), content);
+}
+
+TEST_F(ProjectManagerTest, ALockThatAnotherSessionGotMeanwhileStopsTheSave)
+{
+    ASSERT_TRUE(manager->createProject(path("p"), error));
+    ASSERT_TRUE(QFile::remove(path("p") + "/.brindle-lock"));
+    const auto second = SC_SessionContext::create();
+    ASSERT_TRUE(second->projectManager()->openProject(path("p"), error));
+    rename("Screen");
+    EXPECT_FALSE(manager->saveProject(error));
+    EXPECT_TRUE(error.startsWith("Cannot save the project: \"" + path("p") + "\" is in use by "))
+        << error.toStdString();
+    EXPECT_TRUE(history()->isDirty());
+    second->projectManager()->closeProject();
+    EXPECT_TRUE(manager->saveProject(error)) << "with the lock taken anew";
+    EXPECT_TRUE(QFile::exists(path("p") + "/.brindle-lock"));
+}
+
+TEST_F(ProjectManagerTest, AReadOnlyOpeningTakesNothingAndLeavesNothing)
+{
+    ASSERT_TRUE(manager->createProject(path("p"), error));
+    manager->closeProject();
+    const QStringList before = QDir(path("p")).entryList(QDir::AllEntries | QDir::Hidden);
+    ASSERT_TRUE(manager->openProjectReadOnly(path("p"), error));
+    EXPECT_EQ(QDir(path("p")).entryList(QDir::AllEntries | QDir::Hidden), before);
+    rename("Screen");
+    EXPECT_TRUE(history()->isDirty()) << "it can be changed";
+    EXPECT_EQ(manager->openProjectReadOnly(path("none"), error), nullptr);
+    EXPECT_EQ(error, "Cannot open the project: \"" + path("none") + "\" does not exist.");
+    EXPECT_TRUE(history()->isDirty()) << "and is still open";
+}
