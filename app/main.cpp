@@ -17,9 +17,10 @@ struct Command {
 };
 
 constexpr Command commands[] = {
-    {"run", "[--project DIR] SCRIPT [ARGUMENT...]", "Runs a Python script with the module brindle at hand.", &runScript},
+    {"run", "[--project DIR [--read-only]] [--verbose] SCRIPT [--] [ARGUMENT...]",
+     "Runs a Python script with the module brindle at hand.", &runScript},
     {"new", "DIR", "Makes a new project folder.", &newProject},
-    {"info", "DIR", "Tells what is in a project: scenes, nodes, columns, size.", &projectInfo},
+    {"info", "DIR", "Tells what is in a project, also in one that another process has open.", &projectInfo},
 };
 
 QString help()

@@ -1,7 +1,9 @@
 #include "app/command.h"
 
 #include "core/host/mo_node.h"
+#include "core/host/sc_resolution.h"
 #include "core/host/sc_scene.h"
+#include "core/host/sc_scenemarker.h"
 #include "core/host/sc_session.h"
 
 #include <QDirIterator>
@@ -20,23 +22,64 @@ int usage(const char* command)
     return fail(QString("Usage: brindle %1 DIR").arg(command), misused);
 }
 
-QString sceneLine(const TUScene& scene)
+struct Counts {
+    std::size_t frames = 0;
+    std::size_t nodes = 0;
+    std::size_t columns = 0;
+    std::size_t markers = 0;
+
+    void add(const Counts& other)
+    {
+        frames += other.frames;
+        nodes += other.nodes;
+        columns += other.columns;
+        markers += other.markers;
+    }
+};
+
+Counts countsOf(const TUScene& scene)
 {
     std::vector<MO_Node*> nodes;
     scene.getRootGroup()->getRecursiveSubNodeList(nodes);
-    return QString("Scene \"%1\": %2 frames at %3 fps, %4 nodes, %5 columns\n")
-        .arg(scene.name())
-        .arg(scene.getNumberOfFrames())
-        .arg(scene.frameRate().fps())
-        .arg(nodes.size())
-        .arg(scene.timedValueCount());
+    return {static_cast<std::size_t>(scene.getNumberOfFrames()), nodes.size(),
+            static_cast<std::size_t>(scene.timedValueCount()), scene.sceneCommon()->sceneMarkers().size()};
 }
 
+QString counted(std::size_t count, const char* what)
+{
+    return QString("%1 %2%3").arg(QString::number(count), what, count == 1 ? "" : "s");
+}
+
+QString contents(const Counts& counts)
+{
+    return counted(counts.nodes, "node") + ", " + counted(counts.columns, "column") + ", " +
+           counted(counts.markers, "marker");
+}
+
+QString sceneLine(const TUScene& scene, const Counts& counts)
+{
+    const SC_SceneCommon& common = *scene.sceneCommon();
+    return QString("Scene \"%1\": %2 (%3 to %4) at %5 fps, %6\n")
+        .arg(scene.name(), counted(counts.frames, "frame"), QString::number(common.getStartFrame()),
+             QString::number(common.getStopFrame()), QString::number(scene.frameRate().fps()), contents(counts));
+}
+
+QString resolutionLine(const SC_ProjectCommon& project)
+{
+    const SC_Resolution* resolution = project.resolution();
+    if (!resolution)
+        return QString("Resolution: none\n");
+    const QString name = resolution->name().isEmpty() ? QString() : resolution->name() + ", ";
+    return QString("Resolution: %1%2 x %3\n")
+        .arg(name, QString::number(resolution->width()), QString::number(resolution->height()));
+}
+
+/// Of the project's files; what is hidden is no part of it.
 QString sizeLine(const QString& folder)
 {
     qint64 bytes = 0;
     int files = 0;
-    QDirIterator walk(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    QDirIterator walk(folder, QDir::Files, QDirIterator::Subdirectories);
     while (walk.hasNext()) {
         walk.next();
         bytes += walk.fileInfo().size();
@@ -66,15 +109,25 @@ int projectInfo(const QStringList& arguments)
         return usage("info");
     const auto session = SC_SessionContext::create();
     QString error;
-    const SC_Project* project = session->projectManager()->openProject(arguments.first(), error);
+    const SC_Project* project = session->projectManager()->openProjectReadOnly(arguments.first(), error);
     if (!project)
         return fail(error, failed);
-    QString text = QString("Project: %1\n").arg(project->path());
+    const SC_ProjectCommon& common = *project->projectCommon();
+    QString text = QString("Project: %1\n").arg(project->path()) + resolutionLine(common) +
+                   QString("Colour space: %1\n").arg(common.projectColorSpace());
+    Counts total;
     for (int index = 0; index < project->sceneCount(); ++index) {
-        if (const auto* scene = dynamic_cast<const TUScene*>(project->sceneAt(index)))
-            text += sceneLine(*scene);
+        if (const auto* scene = dynamic_cast<const TUScene*>(project->sceneAt(index))) {
+            const Counts counts = countsOf(*scene);
+            text += sceneLine(*scene, counts);
+            total.add(counts);
+        }
     }
-    print(text + sizeLine(project->path()));
+    if (project->sceneCount() > 1)
+        text += QString("All %1 scenes: %2, %3\n")
+                    .arg(QString::number(project->sceneCount()), counted(total.frames, "frame"), contents(total));
+    const QString last = project->lastChange().simplified();
+    print(text + QString("Last change: %1\n").arg(last.isEmpty() ? QString("none") : last) + sizeLine(project->path()));
     return done;
 }
 

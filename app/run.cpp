@@ -1,62 +1,119 @@
 #include "app/command.h"
 
-#include <QCoreApplication>
+#include "core/frame/scriptenginegenerator.h"
+#include "core/frame/vectorizationinterface.h"
+#include "engine/engine.h"
+
 #include <QFileInfo>
 #include <QLibrary>
 
-#include <vector>
+#include <cstdio>
 
 namespace app {
 
 namespace {
 
-using RunScript = int (*)(int count, char** arguments, const char* project);
+using Scripting = OMC::ScriptEngineGeneratorInterface;
 
-/// The service library's way to run a script; null, with the reason, when it can't be loaded. Both libraries stay.
-RunScript loadService(QString& error)
+struct RunOptions {
+    QString project;
+    bool readOnly = false;
+    bool verbose = false;
+    QStringList script; ///< The path and its own arguments.
+    QString error;
+};
+
+/// Takes an option of this command off the front of the arguments; false where there is none.
+bool takeOption(QStringList& arguments, RunOptions& options)
 {
-    QLibrary python(BRINDLE_PYTHON_LIBRARY);
-    python.setLoadHints(QLibrary::ExportExternalSymbolsHint);
-    QLibrary service(QCoreApplication::applicationDirPath() + "/../lib/libBrindleObjectModelServiceLib.so");
-    if (!python.load() || !service.load()) {
-        error = python.isLoaded() ? service.errorString() : python.errorString();
-        return nullptr;
+    const QString name = arguments.value(0);
+    if (name == "--project" && arguments.size() < 2)
+        options.error = "--project needs a folder.";
+    else if (name == "--project")
+        options.project = arguments.takeAt(1);
+    else if (name == "--read-only")
+        options.readOnly = true;
+    else if (name == "--verbose")
+        options.verbose = true;
+    else
+        return false;
+    arguments.removeFirst();
+    return true;
+}
+
+/// Options stand ahead of the script or right behind it. What follows another argument, or "--", is the script's own.
+RunOptions optionsIn(QStringList arguments)
+{
+    RunOptions options;
+    while (takeOption(arguments, options)) {
     }
-    const auto run = reinterpret_cast<RunScript>(service.resolve("brindle_run_script"));
-    if (!run)
-        error = service.errorString();
-    return run;
+    if (!options.error.isEmpty())
+        return options;
+    if (arguments.isEmpty() || arguments.first().startsWith("--")) {
+        options.error = "Usage: brindle run [--project DIR [--read-only]] [--verbose] SCRIPT [--] [ARGUMENT...]";
+        return options;
+    }
+    options.script.append(arguments.takeFirst());
+    while (takeOption(arguments, options)) {
+    }
+    if (options.error.isEmpty() && options.readOnly && options.project.isEmpty())
+        options.error = "--read-only needs a project.";
+    if (arguments.value(0) == "--")
+        arguments.removeFirst();
+    options.script += arguments;
+    return options;
+}
+
+/// Opens the project for the script; an empty text, or the reason why not.
+QString openProject(SC_SessionContext& session, const RunOptions& options)
+{
+    if (options.project.isEmpty())
+        return {};
+    QString error;
+    SC_ProjectManager& manager = *session.projectManager();
+    SC_Project* project = options.readOnly ? manager.openProjectReadOnly(options.project, error)
+                                           : manager.openProject(options.project, error);
+    if (project)
+        Scripting::loadProject(&session, project);
+    return error;
 }
 
 } // namespace
 
 int runScript(const QStringList& arguments)
 {
-    QStringList rest = arguments;
-    QString project;
-    if (rest.value(0) == "--project") {
-        if (rest.size() < 2)
-            return fail("--project needs a folder.", misused);
-        project = rest.at(1);
-        rest.remove(0, 2);
-    }
-    if (rest.isEmpty() || rest.first().startsWith("--"))
-        return fail("Usage: brindle run [--project DIR] SCRIPT [ARGUMENT...]", misused);
-    if (!QFileInfo(rest.first()).isFile())
-        return fail(QString("There is no script \"%1\".").arg(rest.first()), failed);
+    const RunOptions options = optionsIn(arguments);
+    if (!options.error.isEmpty())
+        return fail(options.error, misused);
+    if (!QFileInfo(options.script.first()).isFile())
+        return fail(QString("There is no script \"%1\".").arg(options.script.first()), failed);
 
-    QString error;
-    const RunScript run = loadService(error);
-    if (!run)
-        return fail(QString("Scripting can't be loaded: %1").arg(error), failed);
-    QList<QByteArray> texts;
-    std::vector<char*> pointers;
-    for (const QString& argument : rest)
-        texts.append(argument.toLocal8Bit());
-    for (QByteArray& text : texts)
-        pointers.push_back(text.data());
-    const QByteArray folder = project.toUtf8();
-    return run(static_cast<int>(pointers.size()), pointers.data(), project.isEmpty() ? nullptr : folder.constData());
+    // The service library takes Python's symbols from the process. Both stay loaded.
+    QLibrary python(BRINDLE_PYTHON_LIBRARY);
+    python.setLoadHints(QLibrary::ExportExternalSymbolsHint);
+    if (!python.load())
+        return fail(QString("Scripting can't be loaded: %1").arg(python.errorString()), failed);
+
+    engine::setBatchMode(engine::BatchMode::Python);
+    engine::setLogVerbose(options.verbose);
+    const engine::Application application("brindle", BRINDLE_VERSION, false);
+    const auto session = engine::createPythonSession();
+    Scripting::loadScriptInterface(session.get());
+    OMC::VectorizationInterface::loadInterface(session.get());
+    BAPP_ScriptEngine* scripts = application.scriptHost()->scriptEngine();
+    if (!scripts) {
+        std::fputc('\n', stderr);
+        return fail("Scripting can't be loaded; --verbose tells why.", failed);
+    }
+
+    const QString error = openProject(*session, options);
+    const int code = error.isEmpty() ? scripts->run(options.script) : fail(error, failed);
+
+    Scripting::unloadProject(session.get());
+    Scripting::unloadScriptInterface(session.get());
+    Scripting::destroyScriptInterface(session.get());
+    OMC::VectorizationInterface::unloadInterface();
+    return code;
 }
 
 } // namespace app

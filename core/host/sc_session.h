@@ -95,6 +95,9 @@ public:
     virtual SC_ProjectCommon* projectCommon() const = 0;
     virtual SC_SceneBase* sceneAt(int index) const = 0; ///< In the project's order; null beyond the end.
     virtual int sceneCount() const = 0;
+    /// The label of the change that led to the present state, also of one that was made before the project was opened;
+    /// empty when nothing was changed yet.
+    virtual QString lastChange() const = 0;
 };
 
 /// What all scenes of a project share. SC_ProjectCmds changes the settings undoably.

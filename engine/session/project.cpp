@@ -32,7 +32,7 @@ void Project::setRecord(const ProjectRecord& record)
 
 ProjectRecord Project::record() const
 {
-    return {m_common.settings(), m_common.history().lastChange()};
+    return {m_common.settings(), lastChange()};
 }
 
 SC_SceneBase* Project::sceneAt(int index) const

@@ -35,6 +35,7 @@ public:
     CommandManager& history() { return m_common.history(); }
     SC_SceneBase* sceneAt(int index) const override;
     int sceneCount() const override { return m_common.scenes().sceneCount(); }
+    QString lastChange() const override { return m_common.history().lastChange(); }
 
 private:
     QString m_path;

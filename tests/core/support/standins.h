@@ -100,6 +100,7 @@ public:
     SC_ProjectCommon* projectCommon() const override { return common; }
     SC_SceneBase* sceneAt(int index) const override { return index == 0 ? first : nullptr; }
     int sceneCount() const override { return first ? 1 : 0; }
+    QString lastChange() const override { return {}; }
 
     SC_ProjectCommon* common = nullptr;
     SC_SceneBase* first = nullptr;
