@@ -45,7 +45,7 @@ PlaneParts::PlaneParts(const Vector2d& xAxis, const Vector2d& yAxis, bool negati
     angle = std::atan2(direction.y, direction.x) * degreesPerRadian;
     exact = !collapsed || scaleY == 0.0;
     scaleY = collapsed ? 0.0 : across;
-    skew = collapsed ? 0.0 : std::atan(along / across) * degreesPerRadian;
+    skew = collapsed || along == 0.0 ? 0.0 : std::atan(along / across) * degreesPerRadian;
 }
 
 SpaceParts::SpaceParts(const std::array<Vector3d, 3>& axes)

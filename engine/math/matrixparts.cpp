@@ -88,7 +88,7 @@ bool Matrix4x4::extractParameters(double pivotX, double pivotY, double pivotZ, d
     const double flat = std::hypot(x.x, x.y);
     constexpr double vertical = 1e-12;
     rz = flat <= vertical ? 0.0 : std::atan2(x.y, x.x) * engine::degreesPerRadian;
-    ry = std::atan2(-x.z, flat) * engine::degreesPerRadian;
+    ry = std::atan2(0.0 - x.z, flat) * engine::degreesPerRadian; // No turn reads as 0, not as -0.
     // Turned back about z, the y axis shows the turn about x.
     const auto [sine, cosine] = engine::SineCosine::ofDegrees(rz);
     rx = std::atan2(z.x * sine - z.y * cosine, y.y * cosine - y.x * sine) * engine::degreesPerRadian;
