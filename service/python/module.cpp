@@ -35,7 +35,9 @@ bool addClasses(PyObject* module)
 {
     for (const auto tables : {&frameTables, &applicationTables, &pointTables, &vectorTables, &rectangleTables,
                               &matrixTables, &transformationTables, &deformationTables, &colourTables, &bezierTables,
-                              &bezierPathTables, &sceneTables, &nodeTables, &portTables, &attributeTables, &columnTables}) {
+                              &bezierPathTables, &projectTables, &historyTables, &sceneTables, &sceneMetricsTables,
+                              &sceneUnitConverterTables, &compositionTables, &placeholderTables, &nodeTables,
+                              &portTables, &attributeTables, &columnTables}) {
         for (const ClassTable& table : tables())
             addClass(module, table);
     }

@@ -64,6 +64,7 @@ const PropertyType& propertyType(const QMetaProperty& meta)
         {QMetaType::QStringList, "list[str]", &readAs<QStringList>},
         {QMetaType::QVariantList, "list", &readAs<QVariantList>},
         {QMetaType::fromType<std::vector<OMC::Obj>>().id(), "list", &readAs<std::vector<OMC::Obj>>},
+        {QMetaType::fromType<QMap<QString, OMC::Obj>>().id(), "dict", &readAs<QMap<QString, OMC::Obj>>},
     };
     static const PropertyType other = {0, "Any", &readVariant};
     for (const PropertyType& entry : entries) {

@@ -31,12 +31,14 @@ PyObject* listOf(const Container& items)
     return list.release();
 }
 
-PyObject* dictOf(const QVariantMap& map)
+/// Of a map that can be written, the objects are taken out.
+template <typename Map>
+PyObject* dictOf(Map&& map)
 {
     Ref dict(checked(PyDict_New()));
     for (auto item = map.begin(); item != map.end(); ++item) {
         const Ref key(toPython(item.key()));
-        const Ref value(toPython(item.value()));
+        const Ref value(toPython(std::move(item.value())));
         if (PyDict_SetItem(dict.get(), key.get(), value.get()) < 0)
             throw PythonError{};
     }
@@ -231,6 +233,8 @@ PyObject* toPython(const QVariant& value)
     }
     if (value.typeId() == QMetaType::fromType<std::vector<OMC::Obj>>().id())
         return toPython(std::vector<OMC::Obj>(*static_cast<const std::vector<OMC::Obj>*>(value.constData())));
+    if (value.typeId() == QMetaType::fromType<QMap<QString, OMC::Obj>>().id())
+        return toPython(QMap<QString, OMC::Obj>(*static_cast<const QMap<QString, OMC::Obj>*>(value.constData())));
     const QObject* object = OMC::BaseObject::QVariantToPointer(value);
     if (auto* known = dynamic_cast<OMC::BaseObject*>(const_cast<QObject*>(object))) {
         // A fresh object in a plain pointer is the receiver's; everything else is copied out of the variant.
@@ -285,6 +289,11 @@ PyObject* toPython(std::vector<OMC::Obj>&& objects)
     for (OMC::Obj& object : objects)
         PyList_SET_ITEM(list.get(), index++, toPython(std::move(object)));
     return list.release();
+}
+
+PyObject* toPython(QMap<QString, OMC::Obj>&& objects)
+{
+    return dictOf(objects);
 }
 
 PyObject* toPython(const QList<QVariant>& values)

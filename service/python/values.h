@@ -2,6 +2,7 @@
 
 #include "service/python/wrapper.h"
 
+#include <QMap>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -38,6 +39,7 @@ PyObject* toPython(QVariant&& value); ///< Takes an object out of the variant, w
 PyObject* toPython(const QString& text);
 PyObject* toPython(const std::string& text);
 PyObject* toPython(std::vector<OMC::Obj>&& objects);
+PyObject* toPython(QMap<QString, OMC::Obj>&& objects);
 PyObject* toPython(const QList<QVariant>& values);
 PyObject* toPython(const QStringList& texts);
 PyObject* toPython(const QList<int>& numbers);
