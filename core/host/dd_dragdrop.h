@@ -112,7 +112,8 @@ BRINDLE_HOST_EXPORT DD_DragObject CreateDragObject(SC_SceneCommon* scene, const 
 /// Makes the nodes of a drag object again in a group, behind its sub-nodes and in the order in which they were dragged:
 /// of the same types, with their names (numbered where the group has them), places, local values, ports and, in groups,
 /// all that was in them. Their attributes are linked to the same columns, and they are linked among themselves as they
-/// were. In the group that they were dragged from they are also linked to the nodes that stayed there.
+/// were. In the group that they were dragged from they are also linked to the nodes that stayed there. What was the
+/// scene's default camera or display when it was dragged is so again where the scene has none any more.
 BRINDLE_HOST_EXPORT bool DropDragObjectNewLayer(SC_SessionContext* session, SC_SceneCommon* scene, TUGroup* group,
                                                 const DD_DragObject& dragObject, const DD_DropMode& mode,
                                                 DD_Selection& dropped);

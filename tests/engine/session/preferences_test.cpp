@@ -1,5 +1,7 @@
 #include "engine/session/preferences.h"
 
+#include "core/host/sc_session.h"
+
 #include <gtest/gtest.h>
 
 #include <QFile>
@@ -86,4 +88,45 @@ TEST(PreferencesTest, ASaveThatFailedIsTriedAgain)
     ASSERT_TRUE(blocker.remove());
     preferences.save();
     EXPECT_TRUE(engine::Preferences(path).getBoolValue("OTHER", false));
+}
+
+namespace {
+
+/// What the user's file says of a preference that is set in a session, when the project is saved and when the session
+/// ends. To be run in a process that has not asked for preferences yet.
+QByteArrayList keptInASession()
+{
+    const QTemporaryDir folder;
+    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    const auto kept = [] {
+        const auto values = engine::PreferenceFile(engine::PreferenceFile::pathOfUser()).read();
+        return values.contains("OTHER") ? QByteArray(values.value("OTHER") ? "true" : "false") : QByteArray("nothing");
+    };
+    QByteArrayList all;
+    QString error;
+    {
+        const auto session = SC_SessionContext::create();
+        session->projectManager()->createProject(folder.filePath("project"), error);
+        tuPref()->setBoolValue("OTHER", true);
+        all.append(kept());
+        session->projectManager()->saveProject(error);
+        all.append(kept());
+        tuPref()->setBoolValue("OTHER", false);
+        all.append(kept());
+    }
+    all.append(kept());
+    return all;
+}
+
+} // namespace
+
+TEST(PreferencesDeathTest, TheyAreWrittenWithAProjectAndAtTheEndOfTheSession)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            std::fputs(keptInASession().join(' ').constData(), stderr);
+            std::_Exit(0);
+        },
+        testing::ExitedWithCode(0), "nothing true true false");
 }

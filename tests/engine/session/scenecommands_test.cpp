@@ -67,6 +67,9 @@ TEST_F(DefaultNodesTest, WithoutADefaultDisplayThereIsAPlaceholder)
     EXPECT_EQ(placeholder->parentGroup(), nullptr);
     EXPECT_EQ(placeholder->sceneCommon(), common());
     EXPECT_EQ(placeholder->instanceName(), "Unconnected Display");
+    EXPECT_EQ(placeholder->qualifiedName(), "Unconnected Display");
+    EXPECT_EQ(placeholder->nInPorts() + placeholder->nOutPorts(), 0u);
+    EXPECT_EQ(placeholder->attrsBegin(), placeholder->attrsEnd());
     EXPECT_EQ(names(top()), QStringList({"Display", "Composite"}));
     undo();
     EXPECT_EQ(scene().findDefaultDisplay(), display("Top/Display"));
