@@ -1,72 +1,119 @@
 #include "service/python/enginegate.h"
 
-#include "service/python/pyref.h"
+#include "service/python/interpreter.h"
+
+#include <QCoreApplication>
+#include <QThread>
 
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <thread>
-#include <unistd.h>
 
 namespace brindle::python {
 
 std::atomic<bool> EngineGate::s_blocked = false;
-int EngineGate::s_waiting = 0;
 
 namespace {
 
-std::mutex gateMutex;
-std::condition_variable gateOpened;
+/// What waiting threads sleep on. Never destroyed: some still do when the process ends.
+struct Gate {
+    std::mutex mutex;
+    std::condition_variable opened;
+};
 
-/// Takes Python's lock again. At the end of the interpreter CPython ends the thread right here, by unwinding it; it has
-/// nothing left to do, and what it holds may not be touched without the lock, so it stays until the process ends.
-void takeLock(PyThreadState* state) noexcept
+Gate& gate()
 {
-    try {
-        PyEval_RestoreThread(state);
-    } catch (...) { // not by its class: the unwinding has no object
-        for (;;)
-            ::pause();
-    }
+    static auto* only = new Gate;
+    return *only;
+}
+
+// Read and written with Python's lock held.
+int waitingThreads = 0;
+int operations = 0;        ///< Blocking operations that let nobody in: one at a time, but for the main thread's.
+int waitingForMain = 0;    ///< Those that let the main thread in.
+std::thread::id remaining; ///< The one thread that still gets in, once the gate is closed for others.
+
+bool isClosed()
+{
+    return remaining != std::thread::id();
+}
+
+bool isMainThread()
+{
+    return QCoreApplication::instance() && QCoreApplication::instance()->thread() == QThread::currentThread();
 }
 
 } // namespace
 
-EngineGate::Blocking::Blocking()
+EngineGate::Blocking::Blocking(Passing passing) : m_passing(passing)
 {
-    s_blocked.store(true, std::memory_order_relaxed);
+    ++(passing == Passing::MainThread ? waitingForMain : operations);
+    settle();
     m_threadState = PyEval_SaveThread();
 }
 
 EngineGate::Blocking::~Blocking()
 {
     takeLock(static_cast<PyThreadState*>(m_threadState));
+    --(m_passing == Passing::MainThread ? waitingForMain : operations);
+    settle();
+    // The main thread, which got in, may be in the middle of an operation of its own.
+    if (m_passing == Passing::MainThread)
+        enter();
+}
+
+void EngineGate::closeForOthers()
+{
+    remaining = std::this_thread::get_id();
+    settle();
+}
+
+/// Whether the thread gets in although the engine is blocked.
+bool EngineGate::mayPass()
+{
+    if (isClosed())
+        return remaining == std::this_thread::get_id();
+    return operations == 0 && isMainThread();
+}
+
+void EngineGate::settle()
+{
+    const bool blocked = isClosed() || operations > 0 || waitingForMain > 0;
     {
-        const std::lock_guard lock(gateMutex);
-        s_blocked.store(false, std::memory_order_relaxed);
+        const std::lock_guard lock(gate().mutex);
+        s_blocked.store(blocked, std::memory_order_relaxed);
     }
-    gateOpened.notify_all();
+    if (!blocked)
+        gate().opened.notify_all();
 }
 
 void EngineGate::wait()
 {
-    ++s_waiting;
+    if (mayPass())
+        return;
+    ++waitingThreads;
     // Another thread may block the engine again between the wake-up and taking Python's lock: look once more then.
-    while (s_blocked.load(std::memory_order_relaxed)) {
+    while (s_blocked.load(std::memory_order_relaxed) && !mayPass()) {
+        const bool forEver = isClosed();
         PyThreadState* state = PyEval_SaveThread();
+        if (forEver)
+            stayForEver();
         {
             // Let go of ahead of Python's lock: who opens the gate takes the two the other way round.
-            std::unique_lock lock(gateMutex);
-            gateOpened.wait(lock, [] { return !s_blocked.load(std::memory_order_relaxed); });
+            std::unique_lock lock(gate().mutex);
+            // Not without end: what blocks the engine now may let the main thread in.
+            gate().opened.wait_for(lock, std::chrono::milliseconds(10),
+                                   [] { return !s_blocked.load(std::memory_order_relaxed); });
         }
         takeLock(state);
     }
-    --s_waiting;
+    --waitingThreads;
 }
 
 void EngineGate::waitForTurn()
 {
-    while (s_waiting > 0 || s_blocked.load(std::memory_order_relaxed)) {
+    while (s_blocked.load(std::memory_order_relaxed) ? !mayPass() : waitingThreads > 0) {
         PyThreadState* state = PyEval_SaveThread();
         std::this_thread::sleep_for(std::chrono::microseconds(20));
         takeLock(state);

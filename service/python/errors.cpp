@@ -1,6 +1,8 @@
 #include "service/python/errors.h"
 
 #include "core/frame/baseobject.h"
+#include "service/python/interpreter.h"
+#include "service/python/scriptexception.h"
 
 #include <cstdarg>
 #include <exception>
@@ -48,9 +50,14 @@ void throwArgument(unsigned int index, const char* expected, PyObject* got)
 
 void raiseCurrentException() noexcept
 {
+    // The end of the interpreter unwinds a thread without an exception object.
+    if (!std::current_exception())
+        stayForEver();
     try {
         throw;
     } catch (const PythonError&) {
+    } catch (const ScriptException& exception) {
+        exception.raise();
     } catch (const OMC::Exception& exception) {
         PyErr_SetString(errorType, exception.what());
     } catch (const std::bad_alloc&) {

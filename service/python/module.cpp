@@ -1,8 +1,10 @@
 #include "service/python/errors.h"
+#include "service/python/interpreter.h"
 #include "service/python/operators.h"
 #include "service/python/property.h"
 #include "service/python/session.h"
 #include "service/python/tables.h"
+#include "service/python/threadscopes.h"
 #include "service/python/types.h"
 #include "service/python/valueprotocol.h"
 
@@ -33,7 +35,7 @@ PyObject* endOfInterpreter(PyObject*, PyObject*)
 
 bool addClasses(PyObject* module)
 {
-    for (const auto tables : {&frameTables, &applicationTables, &pointTables, &vectorTables, &rectangleTables,
+    for (const auto tables : {&frameTables, &pythonFunctionTables, &applicationTables, &pointTables, &vectorTables, &rectangleTables,
                               &matrixTables, &transformationTables, &deformationTables, &colourTables, &bezierTables,
                               &bezierPathTables, &projectTables, &historyTables, &sceneTables, &sceneMetricsTables,
                               &sceneUnitConverterTables, &compositionTables, &placeholderTables, &nodeTables,
@@ -90,8 +92,9 @@ extern "C" __attribute__((visibility("default"))) PyObject* PyInit__brindle()
     if (!module)
         return nullptr;
     try {
-        if (addErrors(module.get()) && addIteratorType() && addAccessorType() && addClasses(module.get()) &&
-            registerShutDown())
+        installThreadStates();
+        if (interpreterBegins() && addErrors(module.get()) && addIteratorType() && addAccessorType() &&
+            addClasses(module.get()) && registerShutDown())
             return module.release();
     } catch (...) {
         raiseCurrentException();

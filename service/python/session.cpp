@@ -1,6 +1,8 @@
 #include "service/python/session.h"
 
+#include "core/frame/pythonthread.h"
 #include "service/python/errors.h"
+#include "service/python/interpreter.h"
 #include "service/python/wrapper.h"
 
 #include <QCoreApplication>
@@ -13,7 +15,8 @@ namespace brindle::python {
 
 namespace {
 
-/// What one process has open. The Qt application is made here when the process has none: it marks the main thread.
+/// What one process has open: in the host's session, or in one of our own where there is no host. The Qt application is
+/// made here when the process has none: it marks the main thread.
 struct Session {
     std::unique_ptr<QCoreApplication> qtApplication;
     std::unique_ptr<SC_SessionContext> context;
@@ -40,9 +43,17 @@ SC_SessionContext& context()
         // Qt takes on the person's locale for all; Python and scripts count on "." in numbers.
         std::setlocale(LC_NUMERIC, "C");
     }
-    if (!current.context)
+    if (!PLUG_Services::getSessionContext())
         current.context = SC_SessionContext::create();
-    return *current.context;
+    return *PLUG_Services::getSessionContext();
+}
+
+void dropApplication()
+{
+    if (!session().application || !canEnterInterpreter())
+        return;
+    const OMC::PythonGILScope python;
+    session().application = Ref();
 }
 
 using OpenFunction = SC_Project* (SC_ProjectManager::*)(const QString&, QString&);
@@ -51,6 +62,7 @@ PyObject* enterProject(OpenFunction open, const QString& path)
 {
     EngineGate::waitForTurn();
     SC_SessionContext& current = context();
+    OMC::BaseObject::validateThreadLock();
     QString error;
     {
         const EngineGate::Blocking blocking;
@@ -92,8 +104,22 @@ PyObject* openProject(const QString& path, bool readOnly)
 
 PyObject* currentApplication()
 {
-    PyObject* application = session().application.get();
-    return Ref::borrow(application ? application : Py_None).release();
+    SC_SessionContext* host = PLUG_Services::getSessionContext();
+    Ref& application = session().application;
+    if (!application && host && host->projectCommon())
+        application = Ref(toPython(new ServiceApplication(host)));
+    return Ref::borrow(application ? application.get() : Py_None).release();
+}
+
+void hostOpenedProject(SC_SessionContext*)
+{
+    // The project's application is made when a script asks for it; one of another project is out of date.
+    dropApplication();
+}
+
+void hostClosesProject()
+{
+    dropApplication();
 }
 
 void save(const ServiceApplication& application, const QString& path)
@@ -132,6 +158,8 @@ void shutDown()
 {
     Session& current = session();
     current.ended = true;
+    interpreterEnds();
+    EngineGate::closeForOthers();
     current.application = Ref();
     current.context.reset();
     // Made by a thread that opened the first project, Qt's application can't be destroyed by another one.

@@ -18,7 +18,12 @@ void save(const ServiceApplication& application, const QString& path);
 void saveAs(const ServiceApplication& application, const QString& path);
 void close(const ServiceApplication& application);
 
-/// Closes the project and drops the session; for the end of the interpreter.
+/// What a host with a session of its own tells: a project was opened in it, or is about to be closed. On the main thread.
+void hostOpenedProject(SC_SessionContext* session);
+void hostClosesProject();
+
+/// Lets go of the project, and closes it with the session where that is our own; for the end of the interpreter. From
+/// then on no other thread gets into the engine.
 void shutDown();
 
 } // namespace brindle::python

@@ -8,6 +8,7 @@
 namespace brindle::python {
 
 std::vector<ClassTable> frameTables();
+std::vector<ClassTable> pythonFunctionTables();
 std::vector<ClassTable> applicationTables();
 std::vector<ClassTable> pointTables();
 std::vector<ClassTable> vectorTables();

@@ -1,5 +1,6 @@
 #include "service/python/values.h"
 
+#include "core/bridges/pythonfunction.h"
 #include "service/python/errors.h"
 
 #include <QMetaType>
@@ -144,6 +145,13 @@ QVariant expressionFrom(PyObject* pattern)
     return QRegularExpression(expression, options);
 }
 
+QVariant functionFrom(PyObject* callable)
+{
+    auto function = std::make_unique<OMC::PythonFunction>();
+    function->set(callable);
+    return OMC::toVariant(OMC::Obj(function.release()));
+}
+
 thread_local HeldItems* innermost = nullptr;
 
 } // namespace
@@ -196,6 +204,8 @@ QVariant variantFrom(PyObject* value)
         EngineGate::enter();
         return QVariant(stringFrom(path.get()));
     }
+    if (PyCallable_Check(value))
+        return functionFrom(value);
     throwTypeError("A value of type %s can't be used here", Py_TYPE(value)->tp_name);
 }
 

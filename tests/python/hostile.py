@@ -90,7 +90,7 @@ LISTS = ([], (), {}, [[]], [None], ["a"], ["a", "\ud800"], [1, 2], (1, 2, 3), [1
          {"name": ["(", "["], "type": 3}, {"frame": 1, "value": 2}, ["("], [object()], [[object()]], list(range(1000)),
          nested(100), nested(10_000), nested(10_000, tuple), nested(10_000, dict), endless())
 PATTERNS = (re.compile("Sample"), re.compile(""), re.compile(b"x"), re.compile("(a*)*b"), re.compile("\ud800"))
-OTHERS = (b"bytes", bytearray(b"x"), 1j, decimal.Decimal("NaN"), ..., NotImplemented, object(), print, len, type,
+OTHERS = (b"bytes", bytearray(b"x"), 1j, decimal.Decimal("NaN"), ..., NotImplemented, object(), repr, len, type,
           brindle.Node, brindle, lambda *a: a, range(3), slice(None), slice(0, 10**30, 2), slice(3, 0, -1), slice("a"),
           {1}, iter([1]), memoryview(b"x"), OddText("x"), OddNumber(3), BadIndex(), Raising(), OddPath("x"),
           pathlib.Path("x"), pathlib.Path("a\0b"))

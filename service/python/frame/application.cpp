@@ -1,3 +1,4 @@
+#include "service/python/frame/locked.h"
 #include "service/python/session.h"
 #include "service/python/tables.h"
 
@@ -16,6 +17,17 @@ PyObject* enter(const ServiceApplication& application)
 bool leave(const ServiceApplication& application, PyObject*, PyObject*, PyObject*)
 {
     close(application);
+    return false;
+}
+
+OMC::BaseObject* locked(const ServiceApplication& application)
+{
+    return new Locked(application);
+}
+
+bool leaveLocked(Locked& block, PyObject*, PyObject*, PyObject*)
+{
+    block.leave();
     return false;
 }
 
@@ -41,10 +53,23 @@ std::vector<ClassTable> applicationTables()
             .method<"error", Form<&OMC::Application::error, "message">>("Writes an error to the log.")
             .method<"debug", Form<&OMC::Application::debug, "message">>("Writes a line for developers to the log.")
             .method<"process_one_event", Form<&OMC::Application::processOneEvent>>("Runs the events that are pending.")
-            .method<"thread_lock", Form<&OMC::Application::threadLock>>("Takes the application lock for this thread.")
+            .method<"run_function", Form<&OMC::Application::runFunction, "function">>(
+                "Calls a function without arguments, from a thread of the script with the application lock held meanwhile.")
+            .method<"run_on_main", Form<&OMC::Application::runOnMain, "function, wait=True">>(
+                "Calls a function without arguments on the main thread, at once from there, else when it comes to events; "
+                "waits until that is done (30 s at most) and raises what it raised, or goes on at once.")
+            .method<"thread_lock", Form<&OMC::Application::threadLock>>(
+                "Takes the application lock, which lets the threads of the script work on the project; taken twice, it is "
+                "to be given back twice. Nothing on the main thread and in a plain interpreter.")
             .method<"thread_unlock", Form<&OMC::Application::threadUnlock>>("Gives the application lock back.")
+            .method<"locked", Form<&locked>>(
+                "For `with app.locked():`, a block with the application lock held, in which one thread of the script is "
+                "at a time. Nothing on the main thread of an application.")
             .method<"__enter__", Form<&enter>>("The application itself.")
             .method<"__exit__", Form<&leave, "type, value, traceback">>("Closes the project."),
+        Class<Locked>("Locked", "A block with the application lock held: `with app.locked():`.")
+            .method<"__enter__", Form<&Locked::enter>>("Waits for the lock, and for other threads' blocks to end.")
+            .method<"__exit__", Form<&leaveLocked, "type, value, traceback">>("Gives the lock back."),
     };
 }
 

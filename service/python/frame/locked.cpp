@@ -1,0 +1,65 @@
+#include "service/python/frame/locked.h"
+
+#include "core/frame/threadmanager.h"
+#include "service/python/errors.h"
+
+namespace brindle::python {
+
+namespace {
+
+/// Whose turn it is: Python's own lock that its thread may take again, so that waiting for it lets others run. Made at
+/// the first use, and there until the interpreter has gone.
+PyObject* turn()
+{
+    static PyObject* lock = nullptr;
+    if (!lock) {
+        const Ref module(PyImport_ImportModule("_thread"));
+        lock = module ? PyObject_CallMethod(module.get(), "RLock", nullptr) : nullptr;
+    }
+    if (!lock)
+        throw PythonError{};
+    return lock;
+}
+
+void callTurn(const char* method)
+{
+    const Ref done(PyObject_CallMethod(turn(), method, nullptr));
+    if (!done)
+        throw PythonError{};
+    EngineGate::enter();
+}
+
+bool needsNoLock()
+{
+    return OMC::ThreadManager::getPythonEngine() && OMC::ThreadManager::mainThread();
+}
+
+} // namespace
+
+void Locked::enter()
+{
+    if (needsNoLock())
+        return;
+    callTurn("acquire");
+    try {
+        m_application.threadLock();
+    } catch (...) {
+        callTurn("release");
+        throw;
+    }
+}
+
+void Locked::leave()
+{
+    if (needsNoLock())
+        return;
+    try {
+        m_application.threadUnlock();
+    } catch (...) {
+        callTurn("release");
+        throw;
+    }
+    callTurn("release");
+}
+
+} // namespace brindle::python

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/frame/baseobject.h"
+#include "service/serviceapplication.h"
+
+namespace brindle::python {
+
+/// What a script's `with app.locked():` enters: a script thread holds the application's lock for the length of the
+/// block, and one thread at a time is in such a block, which the lock alone doesn't see to. The same thread may be in
+/// several. On the main thread of an application, which needs no lock, it does nothing.
+class Locked : public OMC::BaseObject {
+    Q_OBJECT
+
+public:
+    explicit Locked(const ServiceApplication& application) : m_application(application) {}
+    Locked(const Locked& other) = default;
+
+    OMC::BaseObject* copy() const override { return new Locked(*this); }
+    std::string __str__() const override { return "Locked()"; }
+
+    void enter();
+    void leave();
+
+private:
+    ServiceApplication m_application;
+};
+
+} // namespace brindle::python

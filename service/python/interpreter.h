@@ -1,0 +1,29 @@
+#pragma once
+
+#include "service/python/pyref.h"
+
+/// The interpreter that this library is loaded in: whether it can still be entered, and how a thread gets into it
+/// without being caught by its end.
+namespace brindle::python {
+
+/// Notes that the interpreter is there, and asks to be told when it is gone. Called when the module is made; false with
+/// a Python error raised.
+bool interpreterBegins();
+/// The interpreter is about to end, on the calling thread, which alone enters it from now on.
+void interpreterEnds();
+/// Whether the calling thread may enter the interpreter, or is in it already.
+bool canEnterInterpreter();
+
+/// Stays until the process ends. For a thread that the end of the interpreter has caught: what it holds may not be
+/// touched without Python's lock, and it never gets that again.
+[[noreturn]] void stayForEver() noexcept;
+
+/// Both take Python's lock. At the end of the interpreter CPython ends a thread that tries, by unwinding it right
+/// there; such a thread stays here instead.
+void takeLock(PyThreadState* state) noexcept;
+PyGILState_STATE enterInterpreter() noexcept;
+
+/// Calls a script's callable with a tuple of arguments. A new reference, or null with a Python error raised.
+PyObject* callScript(PyObject* callable, PyObject* arguments) noexcept;
+
+} // namespace brindle::python
