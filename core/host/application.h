@@ -2,6 +2,9 @@
 
 #include "core/host/export.h"
 
+#include <QImage>
+#include <QList>
+#include <QPolygonF>
 #include <QString>
 #include <QStringList>
 
@@ -63,6 +66,11 @@ public:
 class BRINDLE_HOST_EXPORT BAPP_VectorizationInterface {
 public:
     virtual ~BAPP_VectorizationInterface() = default;
+    /// The outlines of what is darker than `threshold` (0 for white to 255 for black) in a picture on white paper,
+    /// closed, each around its dark area clockwise, and counterclockwise around a hole in one. Coordinates are the
+    /// picture's, in pixels from its top left corner. A threshold of 0 or less counts as 1, the lightest grey that is
+    /// to be seen.
+    virtual QList<QPolygonF> outlines(const QImage& picture, int threshold) const = 0;
 };
 
 class BRINDLE_HOST_EXPORT BUIAPP_Application {

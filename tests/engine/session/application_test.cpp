@@ -15,6 +15,11 @@ public:
     bool execute(const QString&) override { return true; }
 };
 
+class Vectorization final : public BAPP_VectorizationInterface {
+public:
+    QList<QPolygonF> outlines(const QImage&, int) const override { return {}; }
+};
+
 } // namespace
 
 TEST(EngineApplicationTest, APlainProcessIsNoBatch)
@@ -58,7 +63,7 @@ TEST(EngineApplicationTest, AServiceIsRegisteredAndTakenAway)
     EXPECT_EQ(host->scriptEngine(), nullptr);
     EXPECT_EQ(host->vectorizationInterface(), nullptr);
     ScriptEngine scripts;
-    BAPP_VectorizationInterface vectorization;
+    Vectorization vectorization;
     host->setScriptEngine(&scripts);
     host->setVectorizationInterface(&vectorization);
     EXPECT_EQ(host->scriptEngine(), &scripts);

@@ -1,0 +1,126 @@
+#include "service/scriptengine.h"
+
+#include "core/frame/mainthreadstate.h"
+#include "core/frame/pythonthread.h"
+#include "core/host/pl_applock.h"
+#include "service/python/eventpump.h"
+#include "service/python/values.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <dlfcn.h>
+#include <cstdio>
+
+namespace brindle {
+
+using python::Ref;
+
+namespace {
+
+/// The folder beside this library that holds the Python package, or an empty text where it is installed for all.
+QByteArray packageFolder()
+{
+    Dl_info own{};
+    if (!dladdr(reinterpret_cast<void*>(&packageFolder), &own))
+        return {};
+    const QString folder = QFileInfo(QFile::decodeName(own.dli_fname)).canonicalPath() + "/../python";
+    return QFileInfo::exists(folder + "/brindle/__init__.py") ? QFile::encodeName(folder) : QByteArray();
+}
+
+/// Begins an interpreter with these arguments, the first of which is a script's path; with none, one without a script.
+/// Gives the reason of a failure, an empty text else.
+QString initialize(const QStringList& arguments)
+{
+    if (Py_IsInitialized())
+        return QStringLiteral("it runs already");
+    PyConfig config;
+    PyConfig_InitPythonConfig(&config);
+    config.parse_argv = 0;
+    QByteArray path = qgetenv("PYTHONPATH");
+    if (const QByteArray folder = packageFolder(); !folder.isEmpty())
+        path = path.isEmpty() ? folder : folder + ':' + path;
+    QList<QByteArray> texts;
+    std::vector<char*> pointers;
+    for (const QString& argument : arguments)
+        texts.append(argument.toLocal8Bit());
+    for (QByteArray& text : texts)
+        pointers.push_back(text.data());
+
+    PyStatus status = PyConfig_SetBytesString(&config, &config.program_name, "/usr/bin/python3");
+    if (!PyStatus_Exception(status))
+        status = PyConfig_SetBytesString(&config, &config.pythonpath_env, path.constData());
+    if (!PyStatus_Exception(status))
+        status = PyConfig_SetBytesArgv(&config, static_cast<Py_ssize_t>(pointers.size()), pointers.data());
+    if (!PyStatus_Exception(status) && !pointers.empty())
+        status = PyConfig_SetBytesString(&config, &config.run_filename, pointers.front());
+    if (!PyStatus_Exception(status))
+        status = Py_InitializeFromConfig(&config);
+    PyConfig_Clear(&config);
+    if (!PyStatus_Exception(status))
+        return {};
+    return status.err_msg ? QString::fromUtf8(status.err_msg) : QStringLiteral("no reason given");
+}
+
+/// The main thread inside Python for longer than a call: it is counted, and it leaves the application to others.
+class Stay {
+public:
+    Stay() { OMC::MainThreadState::enterPython(); }
+    Stay(const Stay&) = delete;
+    Stay& operator=(const Stay&) = delete;
+    ~Stay() { OMC::MainThreadState::leavePython(); }
+
+private:
+    PL_AppLock::Parking m_parking;
+};
+
+} // namespace
+
+ScriptEngine::~ScriptEngine()
+{
+    if (!m_started)
+        return;
+    const Stay inPython;
+    PyGILState_Ensure();
+    Py_FinalizeEx();
+}
+
+int ScriptEngine::run(const QStringList& arguments)
+{
+    if (const QString reason = initialize(arguments); !reason.isEmpty()) {
+        std::fprintf(stderr, "brindle: Python can't start: %s\n", reason.toLocal8Bit().constData());
+        return 1;
+    }
+    const Stay inPython;
+    python::pumpEventsAtTheEnd();
+    return Py_RunMain();
+}
+
+bool ScriptEngine::start(QString& error)
+{
+    error = initialize({});
+    if (!error.isEmpty())
+        return false;
+    m_started = true;
+    python::pumpEventsAtTheEnd();
+    PyEval_SaveThread();
+    return true;
+}
+
+bool ScriptEngine::execute(const QString& statements)
+{
+    const OMC::PythonGILScope python;
+    PyObject* main = PyImport_AddModule("__main__");
+    PyObject* names = main ? PyModule_GetDict(main) : nullptr;
+    const Ref done(names ? PyRun_String(statements.toUtf8().constData(), Py_file_input, names, names) : nullptr);
+    if (done)
+        return true;
+    // Printing it would end the process.
+    if (PyErr_ExceptionMatches(PyExc_SystemExit))
+        PyErr_Clear();
+    else
+        PyErr_Print();
+    return false;
+}
+
+} // namespace brindle

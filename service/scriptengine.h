@@ -1,0 +1,29 @@
+#pragma once
+
+#include "core/host/application.h"
+
+#include <QStringList>
+
+namespace brindle {
+
+/// Python inside the application: an interpreter with the module `brindle` at hand, whose main thread is the
+/// application's. One a process. The process must have loaded Python's library.
+///
+/// While the main thread runs a script it counts as being inside Python. When the script has ended but threads of it
+/// still work, the main thread goes on with events until they are done, so that they may call functions on it.
+class ScriptEngine final : public BAPP_ScriptEngine {
+public:
+    ScriptEngine() = default;
+    ScriptEngine(const ScriptEngine&) = delete;
+    ScriptEngine& operator=(const ScriptEngine&) = delete;
+    ~ScriptEngine() override; ///< Ends an interpreter that was started.
+
+    int run(const QStringList& arguments) override;
+    bool start(QString& error) override;
+    bool execute(const QString& statements) override;
+
+private:
+    bool m_started = false;
+};
+
+} // namespace brindle
