@@ -35,11 +35,29 @@ PyObject* endOfInterpreter(PyObject*, PyObject*)
 
 bool addClasses(PyObject* module)
 {
-    for (const auto tables : {&frameTables, &pythonFunctionTables, &applicationTables, &pointTables, &vectorTables, &rectangleTables,
-                              &matrixTables, &transformationTables, &deformationTables, &colourTables, &bezierTables,
-                              &bezierPathTables, &projectTables, &historyTables, &sceneTables, &sceneMetricsTables,
-                              &sceneUnitConverterTables, &compositionTables, &placeholderTables, &nodeTables,
-                              &portTables, &attributeTables, &columnTables}) {
+    for (const auto tables : {&frameTables,
+                              &pythonFunctionTables,
+                              &applicationTables,
+                              &pointTables,
+                              &vectorTables,
+                              &rectangleTables,
+                              &matrixTables,
+                              &transformationTables,
+                              &deformationTables,
+                              &colourTables,
+                              &bezierTables,
+                              &bezierPathTables,
+                              &projectTables,
+                              &historyTables,
+                              &sceneTables,
+                              &sceneMetricsTables,
+                              &sceneUnitConverterTables,
+                              &compositionTables,
+                              &placeholderTables,
+                              &nodeTables,
+                              &portTables,
+                              &attributeTables,
+                              &columnTables}) {
         for (const ClassTable& table : tables())
             addClass(module, table);
     }
