@@ -13,6 +13,8 @@ PYTHON = "/usr/bin/python3"
 
 MEMORY = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
 
+LOCK = ".brindle-lock"
+
 GONE = "Object is no longer valid."
 NODE_GONE = "Node is no longer valid. Node may have been moved or deleted."
 APART = "These ports are no longer connected."
@@ -21,9 +23,10 @@ State = collections.namedtuple("State", "saved labels total")
 
 
 def files(folder):
-    """Every file under a folder with its content."""
+    """Every file under a folder with its content, but for the lock of who has the project open."""
     folder = pathlib.Path(folder)
-    return {str(path.relative_to(folder)): path.read_bytes() for path in sorted(folder.rglob("*")) if path.is_file()}
+    return {str(path.relative_to(folder)): path.read_bytes() for path in sorted(folder.rglob("*"))
+            if path.is_file() and path.name != LOCK}
 
 
 def saved(app, folder):
@@ -57,9 +60,17 @@ def samples(app):
     return {
         "application": app,
         "project": app.project,
+        "resolution": app.project.resolution,
+        "named resolution": app.project.resolution.names["PAL"],
         "history": app.project.history,
+        "bracket": app.project.history.bracket("Sample"),
         "scenes": app.scenes,
         "scene": scene,
+        "aspect": scene.aspect,
+        "units": scene.units,
+        "center": scene.center,
+        "unit converter": scene.unit_converter,
+        "frame options": brindle.FrameOptions(True, False),
         "nodes of the scene": nodes,
         "nodes of a group": group.nodes,
         "copied nodes": nodes.copy(),
