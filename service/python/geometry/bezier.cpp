@@ -2,6 +2,7 @@
 
 #include "core/host/gr_bezier.h"
 #include "service/python/geometry/curvelist.h"
+#include "service/python/statereader.h"
 #include "service/python/tables.h"
 
 namespace brindle::python {

@@ -2,6 +2,7 @@
 
 #include "core/host/gr_bezierpath.h"
 #include "service/python/geometry/curvelist.h"
+#include "service/python/statereader.h"
 #include "service/python/tables.h"
 
 #include <stdexcept>

@@ -1,6 +1,9 @@
 #include "core/geometry/colour.h"
 
+#include "service/python/statereader.h"
 #include "service/python/tables.h"
+
+#include <array>
 
 namespace brindle::python {
 
@@ -16,9 +19,18 @@ QVariantList channelsOf(const OMC::Colour& colour)
     return {int(colour.getR()), int(colour.getG()), int(colour.getB()), int(colour.getA())};
 }
 
-OMC::Colour* colourOf(const QVariantList& channels)
+OMC::Colour* colourOf(const QVariantList& state)
 {
-    return new OMC::Colour(QVariant(channels));
+    StateReader reader(state);
+    std::array<float, 4> channels;
+    for (float& channel : channels) {
+        const int number = reader.take<int>();
+        if (number < 0 || number > 255)
+            StateReader::refuse();
+        channel = static_cast<float>(number);
+    }
+    reader.finish();
+    return new OMC::Colour(channels[0], channels[1], channels[2], channels[3]);
 }
 
 } // namespace

@@ -1,8 +1,7 @@
 #include "core/geometry/matrix.h"
 
+#include "service/python/statereader.h"
 #include "service/python/tables.h"
-
-#include <algorithm>
 
 namespace brindle::python {
 
@@ -17,13 +16,10 @@ QVariantList cellsOf(const OMC::Matrix& matrix)
 /// Cell by cell: what a script passes as a list is read in another way.
 OMC::Matrix* matrixOf(const QVariantList& state)
 {
-    const bool isNumbers = std::all_of(state.begin(), state.end(),
-                                       [](const QVariant& cell) { return cell.typeId() == QMetaType::Double; });
-    if (state.size() != OMC::Matrix::cellCount || !isNumbers)
-        OMC::BaseObject::throwInvalidArgument(0);
-    double cells[OMC::Matrix::cellCount];
-    std::transform(state.begin(), state.end(), cells, [](const QVariant& cell) { return cell.toDouble(); });
-    return new OMC::Matrix(Math::Matrix4x4(cells));
+    StateReader reader(state);
+    const auto cells = reader.takeNumbers<OMC::Matrix::cellCount>();
+    reader.finish();
+    return new OMC::Matrix(Math::Matrix4x4(cells.data()));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "core/geometry/transformation.h"
 
 #include "core/geometry/matrix.h"
+#include "service/python/statereader.h"
 #include "service/python/tables.h"
 
 namespace brindle::python {
@@ -34,20 +35,14 @@ QVariantList stateOf(const OMC::Transformation& transformation)
 
 OMC::Transformation* transformationOf(const QVariantList& state)
 {
-    constexpr qsizetype firstCell = 3;
-    if (state.size() != firstCell + OMC::Matrix::cellCount || state[0].typeId() != QMetaType::Double ||
-        state[1].typeId() != QMetaType::Int || state[2].typeId() != QMetaType::Bool)
-        OMC::BaseObject::throwInvalidArgument(0);
-    MO_PortTransform transform(nullptr, MO_FrameKey(state[0].toDouble()));
-    transform.setDepth(state[1].toInt());
-    double cells[OMC::Matrix::cellCount];
-    for (qsizetype i = 0; i < OMC::Matrix::cellCount; ++i) {
-        if (state[firstCell + i].typeId() != QMetaType::Double)
-            OMC::BaseObject::throwInvalidArgument(0);
-        cells[i] = state[firstCell + i].toDouble();
-    }
-    if (state[2].toBool())
-        transform.transformation().set(Math::Matrix4x4(cells));
+    StateReader reader(state);
+    MO_PortTransform transform(nullptr, MO_FrameKey(reader.take<double>()));
+    transform.setDepth(reader.take<int>());
+    const bool isSet = reader.take<bool>();
+    const auto cells = reader.takeNumbers<OMC::Matrix::cellCount>();
+    reader.finish();
+    if (isSet)
+        transform.transformation().set(Math::Matrix4x4(cells.data()));
     return new OMC::Transformation(&transform);
 }
 
