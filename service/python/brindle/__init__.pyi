@@ -99,6 +99,14 @@ class MapObj(BaseObject):
     def __getitem__(self, key: Any) -> Any: ...
 
 
+class PythonFunction(BaseObject):
+    """A function of the script, as native code holds it."""
+    def __init__(self, function: Any) -> None: ...
+    def call(self, arguments: Any = None) -> Any:
+        """Calls it with a list of arguments, or with none, and gives its result."""
+        ...
+
+
 class Application(BaseObject):
     """The application with its open project: where a script begins.
 
@@ -144,11 +152,20 @@ As a context manager it closes the project at the end and saves nothing by itsel
     def process_one_event(self) -> None:
         """Runs the events that are pending."""
         ...
+    def run_function(self, function: Any) -> None:
+        """Calls a function without arguments, from a thread of the script with the application lock held meanwhile."""
+        ...
+    def run_on_main(self, function: Any, wait: bool = True) -> None:
+        """Calls a function without arguments on the main thread, at once from there, else when it comes to events; waits until that is done (30 s at most) and raises what it raised, or goes on at once."""
+        ...
     def thread_lock(self) -> None:
-        """Takes the application lock for this thread."""
+        """Takes the application lock, which lets the threads of the script work on the project; taken twice, it is to be given back twice. Nothing on the main thread and in a plain interpreter."""
         ...
     def thread_unlock(self) -> None:
         """Gives the application lock back."""
+        ...
+    def locked(self) -> Any:
+        """For `with app.locked():`, a block with the application lock held, in which one thread of the script is at a time. Nothing on the main thread of an application."""
         ...
     def __enter__(self) -> Any:
         """The application itself."""
@@ -158,8 +175,21 @@ As a context manager it closes the project at the end and saves nothing by itsel
         ...
 
 
+class Locked(BaseObject):
+    """A block with the application lock held: `with app.locked():`."""
+    def __enter__(self) -> None:
+        """Waits for the lock, and for other threads' blocks to end."""
+        ...
+    def __exit__(self, type: object, value: object, traceback: object) -> bool:
+        """Gives the lock back."""
+        ...
+
+
 class Point2d(BaseObject):
     """A position in the plane, in the units of the operation that takes or gives it."""
+    @overload
+    def __init__(self, value: Any) -> None: ...
+    @overload
     def __init__(self, x: float = 0, y: float = 0) -> None: ...
     @property
     def x(self) -> float:
@@ -173,11 +203,17 @@ class Point2d(BaseObject):
         ...
     @y.setter
     def y(self, value: Any) -> None: ...
+    def translate(self, vector: Any) -> None:
+        """Adds a vector, a point, a list of numbers and of those, or a number for both coordinates."""
+        ...
     def __eq__(self, other: object) -> bool: ...
 
 
 class Point3d(BaseObject):
     """A position in space, in the units of the operation that takes or gives it."""
+    @overload
+    def __init__(self, value: Any) -> None: ...
+    @overload
     def __init__(self, x: float = 0, y: float = 0, z: float = 0) -> None: ...
     @property
     def x(self) -> float:
@@ -197,6 +233,708 @@ class Point3d(BaseObject):
         ...
     @z.setter
     def z(self, value: Any) -> None: ...
+    def translate(self, vector: Any) -> None:
+        """Adds a vector, a point, a list of numbers and of those, or a number for all coordinates."""
+        ...
+    def __eq__(self, other: object) -> bool: ...
+
+
+class Vector2d(Point2d):
+    """The way between two positions in the plane."""
+    @overload
+    def __init__(self, value: Any) -> None: ...
+    @overload
+    def __init__(self, x: float = 0, y: float = 0) -> None: ...
+    def __eq__(self, other: object) -> bool: ...
+
+
+class Vector3d(Point3d):
+    """The way between two positions in space."""
+    @overload
+    def __init__(self, value: Any) -> None: ...
+    @overload
+    def __init__(self, x: float = 0, y: float = 0, z: float = 0) -> None: ...
+    def __eq__(self, other: object) -> bool: ...
+
+
+class Rect2D(BaseObject):
+    """The size of a rectangle, in the units of the operation that takes or gives it."""
+    def __init__(self, width: float = 0, height: float = 0) -> None: ...
+    @property
+    def width(self) -> float:
+        """From side to side."""
+        ...
+    @width.setter
+    def width(self, value: Any) -> None: ...
+    @property
+    def height(self) -> float:
+        """The second size."""
+        ...
+    @height.setter
+    def height(self, value: Any) -> None: ...
+    def __eq__(self, other: object) -> bool: ...
+
+
+class AllocatedRect2D(Rect2D):
+    """A size and the corner with the smallest coordinates. A value gives the rectangle about the positions in a list, or about a single one."""
+    @overload
+    def __init__(self, width: float = 0, height: float = 0, x: float = 0, y: float = 0) -> None: ...
+    @overload
+    def __init__(self, value: Any) -> None: ...
+    @property
+    def x(self) -> float:
+        """The smallest x."""
+        ...
+    @x.setter
+    def x(self, value: Any) -> None: ...
+    @property
+    def y(self) -> float:
+        """The smallest y."""
+        ...
+    @y.setter
+    def y(self, value: Any) -> None: ...
+    def add(self, value: Any) -> None:
+        """Grows to hold an AllocatedRect2D, or a position in any form that Point2d takes."""
+        ...
+    @overload
+    def expand(self, x: float, y: float) -> None:
+        """Moves the sides outwards by margins; negative ones move them inwards."""
+        ...
+    @overload
+    def expand(self, left: float, bottom: float, right: float, top: float) -> None:
+        """Moves the sides outwards by margins; negative ones move them inwards."""
+        ...
+    def __eq__(self, other: object) -> bool: ...
+
+
+class Rect2DI(BaseObject):
+    """The size of a rectangle in whole numbers; the height may be given with a fraction, which is cut off."""
+    def __init__(self, width: int = 0, height: float = 0) -> None: ...
+    @property
+    def width(self) -> int:
+        """From side to side."""
+        ...
+    @width.setter
+    def width(self, value: Any) -> None: ...
+    @property
+    def height(self) -> int:
+        """The second size."""
+        ...
+    @height.setter
+    def height(self, value: Any) -> None: ...
+    def __eq__(self, other: object) -> bool: ...
+
+
+class AllocatedRect2DI(Rect2DI):
+    """A size and the corner with the smallest coordinates, in whole numbers."""
+    def __init__(self, width: int = 0, height: int = 0, x: int = 0, y: int = 0) -> None: ...
+    @property
+    def x(self) -> int:
+        """The smallest x."""
+        ...
+    @x.setter
+    def x(self, value: Any) -> None: ...
+    @property
+    def y(self) -> int:
+        """The smallest y."""
+        ...
+    @y.setter
+    def y(self, value: Any) -> None: ...
+    def __eq__(self, other: object) -> bool: ...
+
+
+class Matrix(BaseObject):
+    """A 4 by 4 homogeneous matrix. Cells 0 to 2 are the x axis, 4 to 6 the y axis, 8 to 10 the z axis, 12 to 14 the origin and 15 the homogeneous scale. Each step is added from the right: the one added last acts first on a point. A value is another matrix, a transformation, a point or vector to move to, a number to scale by, or a list of 2 or 3 numbers (a move; of 3 the second counts twice), 9 (a 3 by 3 homogeneous form) or 16 (the cells), multiplied by the matrices in it. An axis and an origin give the frame whose y axis points along the axis; None stands for (0, 1, 0) and (0, 0, 0)."""
+    @overload
+    def __init__(self) -> None: ...
+    @overload
+    def __init__(self, value: Any) -> None: ...
+    @overload
+    def __init__(self, axis: Any, origin: Any) -> None: ...
+    @property
+    def has_nan(self) -> bool:
+        """Whether a cell is no number."""
+        ...
+    @property
+    def has_infinity(self) -> bool:
+        """Whether a cell is infinite."""
+        ...
+    @property
+    def axis_x(self) -> Any:
+        """Where (1, 0, 0) points, a Vector3d; takes what Point3d takes."""
+        ...
+    @axis_x.setter
+    def axis_x(self, value: Any) -> None: ...
+    @property
+    def axis_y(self) -> Any:
+        """Where (0, 1, 0) points, a Vector3d; takes what Point3d takes."""
+        ...
+    @axis_y.setter
+    def axis_y(self, value: Any) -> None: ...
+    @property
+    def axis_z(self) -> Any:
+        """Where (0, 0, 1) points, a Vector3d; takes what Point3d takes."""
+        ...
+    @axis_z.setter
+    def axis_z(self, value: Any) -> None: ...
+    @property
+    def origin(self) -> Any:
+        """Where (0, 0, 0) is put, a Point3d; takes what Point3d takes."""
+        ...
+    @origin.setter
+    def origin(self, value: Any) -> None: ...
+    @property
+    def identity(self) -> bool:
+        """Whether it changes nothing; True makes it so."""
+        ...
+    @identity.setter
+    def identity(self, value: Any) -> None: ...
+    @property
+    def singular(self) -> bool:
+        """Whether it has no inverse."""
+        ...
+    @property
+    def truck_factor(self) -> float:
+        """How much larger the origin's depth makes things for the standard camera, which is 8/3 from the plane z = 0; 0 at and behind it."""
+        ...
+    @property
+    def scale_factor(self) -> float:
+        """How much lengths grow in the plane z = 0."""
+        ...
+    @property
+    def rotation_exists(self) -> bool:
+        """Whether it turns anything."""
+        ...
+    @property
+    def constant_z(self) -> bool:
+        """Whether the plane z = 0 keeps one depth all over."""
+        ...
+    @property
+    def transform_2d(self) -> bool:
+        """Whether it acts on x and y alone."""
+        ...
+    @property
+    def perspective(self) -> bool:
+        """Whether it is a perspective projection."""
+        ...
+    def size(self) -> int:
+        """16, as len() gives it."""
+        ...
+    def get(self, index: int) -> Any:
+        """A cell, 0 to 15."""
+        ...
+    def set(self, index: int, value: Any) -> None:
+        """Checks the index and changes nothing: cells are written through the axes and the origin."""
+        ...
+    def list(self) -> list[int]:
+        """The sixteen cells, each cut off to a whole number."""
+        ...
+    def reset(self) -> None:
+        """Becomes the identity."""
+        ...
+    def normalize(self) -> None:
+        """Gives the axes length 1 and the homogeneous scale 1."""
+        ...
+    def transpose(self) -> None:
+        """Swaps rows and columns."""
+        ...
+    def inverse(self) -> None:
+        """Becomes its inverse; fails for a singular matrix."""
+        ...
+    def get_inverse(self) -> Any:
+        """The inverse as a new Matrix; fails for a singular matrix."""
+        ...
+    def matrix_rotation(self) -> Any:
+        """The rotation alone as a new Matrix."""
+        ...
+    def multiply(self, other: Any) -> None:
+        """Multiplies from the right by anything that Matrix(value) takes."""
+        ...
+    @overload
+    def translate(self, x: float, y: float, z: float) -> None:
+        """Adds a move, by three numbers or by anything that Vector3d takes."""
+        ...
+    @overload
+    def translate(self, vector: Any) -> None:
+        """Adds a move, by three numbers or by anything that Vector3d takes."""
+        ...
+    def scale(self, x: float, y: float, z: float) -> None:
+        """Adds a scale along each axis."""
+        ...
+    def skew(self, angle: float) -> None:
+        """Adds a lean of the y axis towards x by an angle in degrees; heights stay."""
+        ...
+    def rotate_degrees(self, angle: float, axis: Any = None) -> None:
+        """Adds a turn, counter-clockwise about an axis; None is the z axis, out of the picture."""
+        ...
+    def rotate_radians(self, angle: float, axis: Any = None) -> None:
+        """Adds a turn, counter-clockwise about an axis; None is the z axis, out of the picture."""
+        ...
+    def orthogonal_project(self, left: float, right: float, bottom: float, top: float, near: float, far: float) -> None:
+        """Adds the projection of a box in front of the eye, which looks along -z, to the cube from -1 to 1."""
+        ...
+    @overload
+    def perspective_project(self, fov: float, aspect: float, near: float, far: float) -> None:
+        """Adds the projection of a pyramid's stump in front of the eye to the cube from -1 to 1: by the height of the view in degrees and its width to height, or by the rectangle at the near distance."""
+        ...
+    @overload
+    def perspective_project(self, left: float, right: float, bottom: float, top: float, near: float, far: float) -> None:
+        """Adds the projection of a pyramid's stump in front of the eye to the cube from -1 to 1: by the height of the view in degrees and its width to height, or by the rectangle at the near distance."""
+        ...
+    def look_at(self, eye: Any = None, target: Any = None, up: Any = None) -> None:
+        """Adds the view from an eye to a target; None stands for (0, 0, 0), (0, 0, -2.66) and upwards (0, 1, 0)."""
+        ...
+    def apply(self, value: Any) -> Any:
+        """What a matrix, point or vector becomes under this one, in an object of its class; the three coordinates as a list for numbers and lists; None for other objects. Vectors are moved like points."""
+        ...
+    def extract_parameters_2d(self, negative_x: bool = False, negative_y: bool = False, pivot: Any = None) -> list:
+        """[translation, scale, rotation, skew] in the plane about a pivot, angles in degrees: the matrix is translate, rotate, skew, scale, in this order. The flags ask for negative scales; a mirror has y's."""
+        ...
+    def extract_parameters_3d(self, pivot: Any = None) -> list:
+        """[translation, scale, rotation] in space about a pivot, angles in degrees: the matrix is translate, rotate about z, y and x, scale, in this order."""
+        ...
+    def print(self, text: str = '') -> None:
+        """Writes a text and the cells to the standard output."""
+        ...
+    def __len__(self) -> int: ...
+    def __getitem__(self, key: Any) -> Any: ...
+    def __setitem__(self, key: Any, value: Any) -> None: ...
+    def __iter__(self) -> Iterator[Any]: ...
+    def __eq__(self, other: object) -> bool: ...
+
+
+class Transformation(BaseObject):
+    """What a picture goes through at a port at a frame: a matrix, its depth among what is drawn, and deformations. It is a value, changing it changes no port; made by a script it belongs to no port. Each step is added from the right: the one added last acts first."""
+    def __init__(self) -> None: ...
+    @property
+    def depth(self) -> int:
+        """Its place among what is drawn."""
+        ...
+    @depth.setter
+    def depth(self, value: Any) -> None: ...
+    @property
+    def valid(self) -> bool:
+        """Whether anything was set or added."""
+        ...
+    @property
+    def matrix(self) -> Any:
+        """A new Matrix, without deformations; takes what Matrix(value) takes."""
+        ...
+    @matrix.setter
+    def matrix(self, value: Any) -> None: ...
+    @property
+    def deformation_valid(self) -> bool:
+        """Whether it has deformations."""
+        ...
+    @property
+    def deformation(self) -> Any:
+        """The Deformation, or None without deformations."""
+        ...
+    @property
+    def origin(self) -> Any:
+        """Where (0, 0, 0) is put, a Point3d."""
+        ...
+    def set(self, matrix: Any) -> None:
+        """Replaces the matrix by anything that Matrix(value) takes."""
+        ...
+    def reset(self) -> None:
+        """Becomes the identity at depth 0, without deformations and not valid."""
+        ...
+    @overload
+    def translate(self, x: float, y: float, z: float) -> None:
+        """Adds a move, by three numbers or by anything that Vector3d takes."""
+        ...
+    @overload
+    def translate(self, vector: Any) -> None:
+        """Adds a move, by three numbers or by anything that Vector3d takes."""
+        ...
+    def scale(self, x: float, y: float, z: float) -> None:
+        """Adds a scale along each axis."""
+        ...
+    def rotate_degrees(self, angle: float, axis: Any = None) -> None:
+        """Adds a turn, counter-clockwise about an axis; None is the z axis, out of the picture."""
+        ...
+    def rotate_radians(self, angle: float, axis: Any = None) -> None:
+        """Adds a turn, counter-clockwise about an axis; None is the z axis, out of the picture."""
+        ...
+    def skew(self, angle: float) -> None:
+        """Adds a lean of the y axis towards x by an angle in degrees; heights stay."""
+        ...
+    def multiply(self, matrix: Any) -> None:
+        """Adds a matrix in any form that Matrix(value) takes."""
+        ...
+    def add(self, other: Any) -> None:
+        """Adds another transformation with its deformations, or a matrix as multiply() does."""
+        ...
+    def matrix_inversed(self) -> Any:
+        """The inverse of the matrix as a new Matrix; fails for a singular one."""
+        ...
+    def matrix_with_deformation(self) -> Any:
+        """A new Matrix with what the deformations do to a drawing as a whole."""
+        ...
+    def deformation_reset(self) -> None:
+        """Drops all deformations."""
+        ...
+    def __copy__(self) -> Any:
+        """A copy with the same deformations."""
+        ...
+    def __deepcopy__(self, memo: object) -> Any:
+        """A copy with the same deformations."""
+        ...
+    def __eq__(self, other: object) -> bool: ...
+
+
+class Deformation(BaseObject):
+    """The deformers of a transformation as they were when it was asked for them."""
+    def transform(self, value: Any, scaled: bool = False) -> Any:
+        """Where a point in any form that Point3d takes comes to, as a Point3d with z 0; a list of them for a list of points. In the units of the scene, or, with `scaled`, in those that deformers count in."""
+        ...
+    __call__ = transform
+
+
+class Colour(BaseObject):
+    """A colour of four bytes. A value is another colour, a node, or a list of red, green, blue and alpha; any text gives 0, 0, 0, 0 and a single number opaque black."""
+    @overload
+    def __init__(self, value: Any) -> None: ...
+    @overload
+    def __init__(self, r: float = 0, g: float = 0, b: float = 0, a: float = 255) -> None: ...
+    @property
+    def r(self) -> float:
+        """Red, 0 to 255; beyond that the low 8 bits count."""
+        ...
+    @r.setter
+    def r(self, value: Any) -> None: ...
+    @property
+    def g(self) -> float:
+        """Green, 0 to 255; beyond that the low 8 bits count."""
+        ...
+    @g.setter
+    def g(self, value: Any) -> None: ...
+    @property
+    def b(self) -> float:
+        """Blue, 0 to 255; beyond that the low 8 bits count."""
+        ...
+    @b.setter
+    def b(self, value: Any) -> None: ...
+    @property
+    def a(self) -> float:
+        """Alpha, 0 to 255; beyond that the low 8 bits count. 255 is opaque."""
+        ...
+    @a.setter
+    def a(self, value: Any) -> None: ...
+    @property
+    def h(self) -> float:
+        """The hue in degrees, from 0; it takes any number of turns."""
+        ...
+    @h.setter
+    def h(self, value: Any) -> None: ...
+    @property
+    def l(self) -> float:
+        """The lightness, held in 0 to 100."""
+        ...
+    @l.setter
+    def l(self, value: Any) -> None: ...
+    @property
+    def s(self) -> float:
+        """The saturation, held in 0 to 100."""
+        ...
+    @s.setter
+    def s(self, value: Any) -> None: ...
+    @property
+    def hex(self) -> str:
+        """"#" and eight digits, alpha first; it takes any name and form that Qt knows."""
+        ...
+    @hex.setter
+    def hex(self, value: Any) -> None: ...
+    @staticmethod
+    def from_hsl(h: float, s: float, l: float, a: float) -> Any:
+        """A new colour of a hue in degrees, and of saturation, lightness and alpha from 0 to 100."""
+        ...
+    def __eq__(self, other: object) -> bool: ...
+
+
+class Bezier(ListQVar):
+    """A curve of degree 0 to 3 in the plane, as the list of its degree + 1 control points (Point2d), in any unit, x to the right and y up. Its parameter runs from 0 to 1. Made without arguments it is a cubic at (0, 0), of a Bezier a copy; of a list it takes its first Bezier, or its first three points as a cubic that ends at (0, 0), and a list of fewer than four items makes no curve. The degree is not looked at."""
+    def __init__(self, points: Any = None, degree: int = 3) -> None: ...
+    @property
+    def degree(self) -> int:
+        """0 to 3; a higher degree brings back the points that a lower one left out."""
+        ...
+    @degree.setter
+    def degree(self, value: Any) -> None: ...
+    @property
+    def from_boundary(self) -> str:
+        """Whether the first point belongs to the curve: "Closed" or "Open"."""
+        ...
+    @from_boundary.setter
+    def from_boundary(self, value: Any) -> None: ...
+    @property
+    def from_parameter(self) -> float:
+        """Where on a longer curve this one begins; 0 unless it was cut."""
+        ...
+    @from_parameter.setter
+    def from_parameter(self, value: Any) -> None: ...
+    @property
+    def from_tangent(self) -> Any:
+        """The direction at the first point, a Vector2d of length 1."""
+        ...
+    @property
+    def to_boundary(self) -> str:
+        """Whether the last point belongs to the curve: "Closed" or "Open"."""
+        ...
+    @to_boundary.setter
+    def to_boundary(self, value: Any) -> None: ...
+    @property
+    def to_parameter(self) -> float:
+        """Where on a longer curve this one ends; 1 unless it was cut."""
+        ...
+    @to_parameter.setter
+    def to_parameter(self, value: Any) -> None: ...
+    @property
+    def to_tangent(self) -> Any:
+        """The direction at the last point, a Vector2d of length 1."""
+        ...
+    @property
+    def bounding_box(self) -> Any:
+        """The smallest AllocatedRect2D about the curve."""
+        ...
+    @property
+    def line(self) -> bool:
+        """Whether the curve is a straight line, or a point."""
+        ...
+    @property
+    def cusp(self) -> bool:
+        """Whether the curve comes to a point between its ends."""
+        ...
+    @property
+    def inflections(self) -> int:
+        """How often the curve changes the side to which it bends: 0, 1 or 2."""
+        ...
+    def equivalent_reverse(self, other: Any) -> bool:
+        """Whether another curve, in any form that the constructor takes, is this one run backwards, exactly."""
+        ...
+    def closest_point(self, point: Any) -> float:
+        """The parameter of the nearest point of the curve; the point is a Point2d, [x, y], a node, ..."""
+        ...
+    def evaluate(self, parameter: float) -> Any:
+        """The Point2d at a parameter."""
+        ...
+    def multiply(self, matrix: Any) -> None:
+        """Transforms the control points by whatever a Matrix is made from."""
+        ...
+    def reverse(self) -> None:
+        """Lets the curve run backwards."""
+        ...
+    def round(self, step: float = 1) -> None:
+        """Moves the control points to the nearest multiples of a step above 0."""
+        ...
+    def split(self, parameter: float) -> Any:
+        """Keeps what is before a parameter and gives what is behind it."""
+        ...
+    def truncate(self, start: float, end: float) -> Any:
+        """The stretch between two parameters as a new curve, backwards where start > end; this one stays."""
+        ...
+    @overload
+    def intersecting(self) -> bool:
+        """Whether the curve meets itself, or another in any form that the constructor takes."""
+        ...
+    @overload
+    def intersecting(self, other: Any) -> bool:
+        """Whether the curve meets itself, or another in any form that the constructor takes."""
+        ...
+    @overload
+    def intersections(self) -> list:
+        """Where the curve meets itself, or another: a list of Point2d in the order of this curve."""
+        ...
+    @overload
+    def intersections(self, other: Any) -> list:
+        """Where the curve meets itself, or another: a list of Point2d in the order of this curve."""
+        ...
+    def derivative(self) -> Any:
+        """The curve of the derivatives by the parameter, one degree lower."""
+        ...
+    def evaluate_and_round(self, parameter: float) -> Any:
+        """The Point2d at a parameter, in whole numbers."""
+        ...
+    def straighten(self) -> None:
+        """Becomes the straight line between its ends."""
+        ...
+    def __len__(self) -> int: ...
+    def __getitem__(self, key: Any) -> Any: ...
+    def __setitem__(self, key: Any, value: Any) -> None: ...
+    def __contains__(self, value: Any) -> bool: ...
+    def __iter__(self) -> Iterator[Any]: ...
+    def __eq__(self, other: object) -> bool: ...
+
+
+class BezierPath(ListQVar):
+    """A chain of curves in the plane, as the list of its control points (Point2d), in any unit, x to the right and y up. Its parameter is the index of a curve plus the parameter on it. Made without arguments it is empty, of a BezierPath a copy; of a list it takes its Beziers, and of points in a row the first ones as one curve of the degree that ends at (0, 0)."""
+    def __init__(self, curves: Any = None, degree: int = 3) -> None: ...
+    @property
+    def closed(self) -> bool:
+        """Whether the path leads back to its first point; writing True closes it, False does nothing."""
+        ...
+    @closed.setter
+    def closed(self, value: Any) -> None: ...
+    @property
+    def empty(self) -> bool:
+        """Whether there is no point; writing True clears the path, False does nothing."""
+        ...
+    @empty.setter
+    def empty(self, value: Any) -> None: ...
+    @property
+    def degenerate(self) -> bool:
+        """Whether there is no curve, or all points are in one place."""
+        ...
+    @property
+    def polyline(self) -> bool:
+        """Whether all curves are straight lines."""
+        ...
+    @property
+    def points_on_curve(self) -> int:
+        """How many control points lie on the curve; the others are handles."""
+        ...
+    @property
+    def bezier_count(self) -> int:
+        """The number of curves."""
+        ...
+    @property
+    def bounding_box(self) -> Any:
+        """The smallest AllocatedRect2D about the curves."""
+        ...
+    @property
+    def bounding_box_inner(self) -> Any:
+        """The smallest AllocatedRect2D about the points on the curve."""
+        ...
+    @property
+    def to_tangent(self) -> Any:
+        """The direction at the last point, a Vector2d of length 1."""
+        ...
+    @property
+    def from_tangent(self) -> Any:
+        """The direction at the first point, a Vector2d of length 1."""
+        ...
+    @property
+    def polygon_length(self) -> float:
+        """The length along the straight lines from control point to control point."""
+        ...
+    @property
+    def polygon_area(self) -> float:
+        """The area within those lines."""
+        ...
+    @property
+    def polygon_clockwise(self) -> bool:
+        """Whether those lines run clockwise."""
+        ...
+    def equivalent_reverse(self, other: Any) -> bool:
+        """Whether another curve, in any form that the constructor takes, is this one run backwards, exactly."""
+        ...
+    def closest_point(self, point: Any) -> float:
+        """The parameter of the nearest point of the curve; the point is a Point2d, [x, y], a node, ..."""
+        ...
+    def evaluate(self, parameter: float) -> Any:
+        """The Point2d at a parameter."""
+        ...
+    def multiply(self, matrix: Any) -> None:
+        """Transforms the control points by whatever a Matrix is made from."""
+        ...
+    def reverse(self) -> None:
+        """Lets the curve run backwards."""
+        ...
+    def round(self, step: float = 1) -> None:
+        """Moves the control points to the nearest multiples of a step above 0."""
+        ...
+    def split(self, parameter: float) -> Any:
+        """Keeps what is before a parameter and gives what is behind it."""
+        ...
+    def truncate(self, start: float, end: float) -> Any:
+        """The stretch between two parameters as a new curve, backwards where start > end; this one stays."""
+        ...
+    @overload
+    def intersecting(self) -> bool:
+        """Whether the curve meets itself, or another in any form that the constructor takes."""
+        ...
+    @overload
+    def intersecting(self, other: Any) -> bool:
+        """Whether the curve meets itself, or another in any form that the constructor takes."""
+        ...
+    @overload
+    def intersections(self) -> list:
+        """Where the curve meets itself, or another: a list of Point2d in the order of this curve."""
+        ...
+    @overload
+    def intersections(self, other: Any) -> list:
+        """Where the curve meets itself, or another: a list of Point2d in the order of this curve."""
+        ...
+    @staticmethod
+    def create_circle(x: float = 0, y: float = 0, r: float = 1, arcs: int = 4) -> Any:
+        """A circle about (x, y) from so many cubic curves; it starts above the centre and runs clockwise."""
+        ...
+    @staticmethod
+    def create_oval(x: float = 0, y: float = 0, rx: float = 1, ry: float = 1, arcs: int = 4) -> Any:
+        """An ellipse about (x, y) with its radii along the axes; it starts above the centre and runs clockwise."""
+        ...
+    @staticmethod
+    def create_rectangle(x1: float = 0, y1: float = 0, x2: float = 1, y2: float = 1) -> Any:
+        """A rectangle between two opposite corners: from the first along x, then along y, and back."""
+        ...
+    @staticmethod
+    def create_bezier_fit(points: Any, closed: bool = False, one_bezier: bool = False) -> Any:
+        """Curves that come within 1 of every point, open or closed, or one cubic curve that comes as near as it can."""
+        ...
+    def bezier(self, index: int) -> Any:
+        """One of the curves, from 0, as a Bezier."""
+        ...
+    def bezier_degree(self, index: int) -> int:
+        """The degree of one of the curves, from 0."""
+        ...
+    def bezier_append(self, curves: Any) -> None:
+        """Adds a Bezier, a BezierPath or a list of Beziers at the end, joined by a straight line where there is a gap."""
+        ...
+    def bezier_append_front(self, curves: Any) -> None:
+        """Adds a Bezier, a BezierPath or a list of Beziers in front, each before the one added ahead of it."""
+        ...
+    def bezier_set(self, index: int, curves: Any) -> None:
+        """Replaces the curves from an index on; the ends of their neighbours move along."""
+        ...
+    def clear(self) -> None:
+        """Takes all points away."""
+        ...
+    def close(self) -> None:
+        """Leads the path back to its first point, with a straight line."""
+        ...
+    def erase(self, first: int, count: int = 1) -> None:
+        """Takes control points away, from an index on."""
+        ...
+    def insert_point(self, parameter: float) -> None:
+        """Makes a point on the curve at a parameter; the shape stays."""
+        ...
+    def point_on_curve(self, index: int) -> bool:
+        """Whether a control point lies on the curve; else it is a handle."""
+        ...
+    def get_polygon_length(self, index: int = -1) -> float:
+        """The length along the control points up to an index, or of all for -1."""
+        ...
+    def containing(self, point: Any) -> bool:
+        """Whether a point, in any form that a Point2d is made from, lies in the area that the path fills, or on it."""
+        ...
+    def inside(self, other: Any) -> bool:
+        """Whether the path lies in the area that another path fills."""
+        ...
+    def outside(self, other: Any) -> bool:
+        """Whether no part of the path lies in the area that another path fills."""
+        ...
+    def straighten(self) -> None:
+        """Puts straight lines in the place of all curves."""
+        ...
+    def trim(self, count: int) -> None:
+        """Pads the path to a number of control points by repeating the last; fails for fewer than it has."""
+        ...
+    def __len__(self) -> int: ...
+    def __getitem__(self, key: Any) -> Any: ...
+    def __setitem__(self, key: Any, value: Any) -> None: ...
+    def __contains__(self, value: Any) -> bool: ...
+    def __iter__(self) -> Iterator[Any]: ...
     def __eq__(self, other: object) -> bool: ...
 
 
@@ -213,6 +951,68 @@ class Project(BaseObject):
     @property
     def history(self) -> Any:
         """The undo list, a History."""
+        ...
+    @property
+    def resolution(self) -> Any:
+        """The size of the picture, a ProjectResolution."""
+        ...
+
+
+class ProjectResolution(BaseObject):
+    """The size of the project's picture in pixels, and the resolutions that have a name."""
+    @property
+    def x(self) -> int:
+        """The width in pixels, from 1; writing it keeps the height and drops the name."""
+        ...
+    @x.setter
+    def x(self, value: Any) -> None: ...
+    @property
+    def y(self) -> int:
+        """The height in pixels, from 1; writing it keeps the width and drops the name."""
+        ...
+    @y.setter
+    def y(self, value: Any) -> None: ...
+    @property
+    def default_name(self) -> str:
+        """The name of the current resolution, "" for one without; writing it chooses one of names."""
+        ...
+    @default_name.setter
+    def default_name(self, value: Any) -> None: ...
+    @property
+    def default_FOV(self) -> float:
+        """The field of view in degrees."""
+        ...
+    @property
+    def names(self) -> dict:
+        """The named resolutions: a dict from each name to its ProjectNamedResolution."""
+        ...
+
+
+class ProjectNamedResolution(BaseObject):
+    """A resolution that has a name; its values are looked up at each read."""
+    @property
+    def x(self) -> int:
+        """The width in pixels."""
+        ...
+    @property
+    def y(self) -> int:
+        """The height in pixels."""
+        ...
+    @property
+    def fov(self) -> float:
+        """The field of view in degrees."""
+        ...
+    @property
+    def framerate(self) -> float:
+        """The frames per second that go with the format."""
+        ...
+    @property
+    def name(self) -> str:
+        """The name."""
+        ...
+    @property
+    def projection(self) -> str:
+        """"Perspective", "Orthogonal" or "NONE"."""
         ...
 
 
@@ -275,6 +1075,9 @@ class History(BaseObject):
     def cancel(self) -> None:
         """Takes back all that was done in the open bracket."""
         ...
+    def bracket(self, name: str) -> Any:
+        """A Bracket for a with block: one entry of what is done there, and nothing of it when the block fails."""
+        ...
     def __len__(self) -> int: ...
     def __getitem__(self, key: Any) -> Any: ...
     def __setitem__(self, key: Any, value: Any) -> None: ...
@@ -282,8 +1085,49 @@ class History(BaseObject):
     def __iter__(self) -> Iterator[Any]: ...
 
 
+class Bracket(BaseObject):
+    """A with block whose changes are one entry of the undo list, got from History.bracket().
+
+An exception that leaves the block takes all of its changes back and goes on."""
+    def __enter__(self) -> Any:
+        """Opens the bracket; gives the History."""
+        ...
+    def __exit__(self, type: object, value: object, traceback: object) -> bool:
+        """Closes the bracket, or takes its changes back after an exception."""
+        ...
+
+
+class FrameOptions(BaseObject):
+    """How frames are inserted or removed, in place of the preferences."""
+    def __init__(self, ripple_markers: bool = True, extend_exposure: bool = False) -> None: ...
+    @property
+    def ripple_markers(self) -> bool:
+        """Whether the scene's markers move along."""
+        ...
+    @ripple_markers.setter
+    def ripple_markers(self, value: Any) -> None: ...
+    @property
+    def extend_exposure(self) -> bool:
+        """Whether the drawing before inserted frames is held over them."""
+        ...
+    @extend_exposure.setter
+    def extend_exposure(self, value: Any) -> None: ...
+
+
 class Scene(BaseObject):
-    """A scene: its timing and its nodes. Frames count from 1."""
+    """A scene: its timing, its settings and its nodes. Frames count from 1."""
+    @property
+    def aspect(self) -> Any:
+        """The shape of the field chart's units, a SceneAspect."""
+        ...
+    @property
+    def units(self) -> Any:
+        """The number of the field chart's units, a SceneUnits."""
+        ...
+    @property
+    def center(self) -> Any:
+        """The coordinates at the centre of the picture, a SceneCenter."""
+        ...
     @property
     def name(self) -> str:
         """The scene's name; writing it always fails."""
@@ -296,6 +1140,18 @@ class Scene(BaseObject):
         ...
     @framerate.setter
     def framerate(self, value: Any) -> None: ...
+    @property
+    def vector_texture_pixel_density(self) -> float:
+        """Pixels for each model unit in new vector drawings' textures."""
+        ...
+    @vector_texture_pixel_density.setter
+    def vector_texture_pixel_density(self, value: Any) -> None: ...
+    @property
+    def bitmap_texture_pixel_density(self) -> float:
+        """Pixels for each model unit in new bitmap drawings' textures."""
+        ...
+    @bitmap_texture_pixel_density.setter
+    def bitmap_texture_pixel_density(self, value: Any) -> None: ...
     @property
     def frame_count(self) -> int:
         """The number of frames; writing it adds or removes frames at the end."""
@@ -315,6 +1171,32 @@ class Scene(BaseObject):
     @frame_stop.setter
     def frame_stop(self, value: Any) -> None: ...
     @property
+    def colorspace(self) -> str:
+        """The name of the colour space that the project works in, one of colorspaces."""
+        ...
+    @colorspace.setter
+    def colorspace(self, value: Any) -> None: ...
+    @property
+    def colorspaces(self) -> list[str]:
+        """The names of all colour spaces."""
+        ...
+    @property
+    def camera(self) -> Any:
+        """The default CameraNode or None; written with a node, a path, or None to unset it."""
+        ...
+    @camera.setter
+    def camera(self, value: Any) -> None: ...
+    @property
+    def camera_path(self) -> Any:
+        """The default camera's path, "NONE" without one; written as camera."""
+        ...
+    @camera_path.setter
+    def camera_path(self, value: Any) -> None: ...
+    @property
+    def unit_converter(self) -> Any:
+        """The way between fields and OpenGL units, a SceneUnitConverter."""
+        ...
+    @property
     def sounds(self) -> list:
         """Not supported: reading it always fails."""
         ...
@@ -330,6 +1212,32 @@ class Scene(BaseObject):
     def compositions(self) -> Any:
         """Not supported: reading it always fails."""
         ...
+    @property
+    def display(self) -> Any:
+        """The default DisplayNode or None; written with a node, a path, or None to unset it."""
+        ...
+    @display.setter
+    def display(self, value: Any) -> None: ...
+    @property
+    def display_name(self) -> Any:
+        """The default display's name, None when none is set, "" when the scene has no display; written as display."""
+        ...
+    @display_name.setter
+    def display_name(self, value: Any) -> None: ...
+    @property
+    def displays(self) -> list:
+        """All display nodes."""
+        ...
+    @property
+    def display_names(self) -> list[str]:
+        """The names of all display nodes."""
+        ...
+    def frame_insert(self, at: int, count: int, options: FrameOptions | None = None) -> bool:
+        """Inserts frames behind frame `at`, 0 for the very front; False for a negative count."""
+        ...
+    def frame_remove(self, at: int, count: int, options: FrameOptions | None = None) -> bool:
+        """Removes the frames behind frame `at` with all that lies on them; False for a negative count."""
+        ...
     def __eq__(self, other: object) -> bool: ...
 
 
@@ -344,6 +1252,160 @@ class SceneList(ListObj):
     def __contains__(self, value: Any) -> bool: ...
     def __call__(self, name: str) -> Any: ...
     def __iter__(self) -> Iterator[Any]: ...
+
+
+class SceneAspect(BaseObject):
+    """The shape of the field chart's units, of the whole project."""
+    @property
+    def x(self) -> float:
+        """The chart's aspect across, for each unit."""
+        ...
+    @x.setter
+    def x(self, value: Any) -> None: ...
+    @property
+    def y(self) -> float:
+        """The chart's aspect up, for each unit."""
+        ...
+    @y.setter
+    def y(self, value: Any) -> None: ...
+
+
+class SceneUnits(BaseObject):
+    """The number of the field chart's units, of the whole project."""
+    @property
+    def x(self) -> int:
+        """Units from the left border to the right one."""
+        ...
+    @x.setter
+    def x(self, value: Any) -> None: ...
+    @property
+    def y(self) -> int:
+        """Units from the bottom to the top."""
+        ...
+    @y.setter
+    def y(self, value: Any) -> None: ...
+    @property
+    def z(self) -> int:
+        """Units in depth."""
+        ...
+    @z.setter
+    def z(self, value: Any) -> None: ...
+
+
+class SceneCenter(BaseObject):
+    """The coordinates at the centre of the picture, of the whole project."""
+    @property
+    def x(self) -> int:
+        """The coordinate to the right."""
+        ...
+    @x.setter
+    def x(self, value: Any) -> None: ...
+    @property
+    def y(self) -> int:
+        """The coordinate upwards."""
+        ...
+    @y.setter
+    def y(self, value: Any) -> None: ...
+
+
+class SceneUnitConverter(BaseObject):
+    """Converts between a scene's fields and OpenGL units."""
+    @overload
+    def to_field(self, value: float, axis: str) -> float:
+        """A point, or the coordinate of an axis "x", "y" or "z", from OpenGL units to fields."""
+        ...
+    @overload
+    def to_field(self, point: Any) -> Any:
+        """A point, or the coordinate of an axis "x", "y" or "z", from OpenGL units to fields."""
+        ...
+    @overload
+    def to_ogl(self, value: float, axis: str) -> float:
+        """A point, or the coordinate of an axis "x", "y" or "z", from fields to OpenGL units."""
+        ...
+    @overload
+    def to_ogl(self, point: Any) -> Any:
+        """A point, or the coordinate of an axis "x", "y" or "z", from fields to OpenGL units."""
+        ...
+
+
+class Composition(BaseObject):
+    """What a scene shows, layer by layer. No scene gives one yet."""
+    def get_base(self) -> Any:
+        """Always fails."""
+        ...
+    def get_layers(self) -> list:
+        """Always fails."""
+        ...
+    def render(self) -> bool:
+        """Always False."""
+        ...
+
+
+class CompositionLayer(BaseObject):
+    """A layer of a composition."""
+    ...
+
+
+class AttributeLayer(CompositionLayer):
+    """The layer of an attribute."""
+    def get_attribute(self) -> Any:
+        """Always fails."""
+        ...
+
+
+class NodeLayer(CompositionLayer):
+    """The layer of a node."""
+    def get_node(self) -> Any:
+        """Always fails."""
+        ...
+
+
+class SoundLayer(CompositionLayer):
+    """The layer of a sound."""
+    def get_sound(self) -> Any:
+        """Always fails."""
+        ...
+
+
+class DrawingCompLayer(CompositionLayer):
+    """The layer of a drawing."""
+    ...
+
+
+class GroupLayer(CompositionLayer):
+    """The layer of a group."""
+    ...
+
+
+class CompositionList(ListObj):
+    """The compositions of a scene: none yet, and no scene gives the list."""
+    def __len__(self) -> int: ...
+    def __getitem__(self, key: Any) -> Any: ...
+    def __setitem__(self, key: Any, value: Any) -> None: ...
+    def __iter__(self) -> Iterator[Any]: ...
+
+
+class Sound(BaseObject):
+    """A sound of a scene. No scene gives one yet."""
+    ...
+
+
+class Waypoint(BaseObject):
+    """A point that a cable goes through in the node view. No cable gives one yet."""
+    def get_coord(self) -> Any:
+        """Always None."""
+        ...
+    def get_in(self) -> Any:
+        """Always None."""
+        ...
+    def get_out(self) -> Any:
+        """Always None."""
+        ...
+
+
+class RenderHandler(BaseObject):
+    """What renders a scene. Nothing gives one yet."""
+    ...
 
 
 class Node(BaseObject):
@@ -1231,8 +2293,8 @@ def create(path: str) -> Application:
     ...
 
 
-def open(path: str) -> Application:
-    """Opens the project in a folder."""
+def open(path: str, read_only: bool = False) -> Application:
+    """Opens the project in a folder; read-only also one that another process has open, to be saved elsewhere only."""
     ...
 
 
