@@ -35,6 +35,10 @@ PYTHON = (
     Row("evaluate a curve of 10,000 keys", "evaluate/10000", "floor value", "C API: value", aim=300 * NS),
     Row("iterate 10,000 nodes by name, a node", "iterate/10000", "floor iterate/10000", "C API: wrapper, string",
         aim=400 * NS),
+    Row("multiply a matrix by another", "matrix multiply", "floor method call", "C API: method call", most=500 * NS),
+    Row("make a point of two numbers", "make point", "floor new wrapper", "C API: new wrapper"),
+    Row("make a point of a list", "read point", "floor new wrapper", "C API: new wrapper"),
+    Row("copy a point by copy.copy", "copy point", "floor new wrapper", "C API: new wrapper"),
     Row("create and link 10,000 nodes", "create/10000", items=10_000, most=0.5, aim=0.2),
     Row("undo of those", "undo create/10000", items=10_000, most=0.02, aim=0.01),
     Row("10,000 keys one by one", "keys one by one/10000", "floor keys one by one/10000", "Python: sorted list",
@@ -72,6 +76,14 @@ NATIVE = (
     Row("move an Obj there and back", "moveObj", "floorNewQObject", "Qt: new QObject"),
     Row("copy an Obj with its object", "copyObj", "floorVariantOfCarried", "Qt: QVariant by copy"),
     Row("set_value, with its undo entry", "setValueWithUndo"),
+    Row("read a point from two numbers", "readPointStrictly", "floorTwoNumbers", "Qt: two list items", most=100 * NS),
+    Row("the same leniently", "readPointLeniently", "floorTwoNumbers", "Qt: two list items", most=100 * NS),
+    Row("make a Point2d of them", "makePointOfList", "floorNewQObject", "Qt: new QObject", most=100 * NS),
+    Row("read a point from a vector", "readPointOfObject", "floorTwoNumbers", "Qt: two list items"),
+    Row("read a colour from four numbers", "readColourOfList", "floorTwoNumbers", "Qt: two list items"),
+    Row("product of two matrices", "multiplyHostMatrices", "floorMultiplyImath", "Imath: M44d product"),
+    Row("multiply a matrix by another", "multiplyMatrices", "floorMultiplyImath", "Imath: M44d product"),
+    Row("read a matrix from 16 numbers", "readMatrixFromNumbers", "floorMultiplyImath", "Imath: M44d product"),
 )
 
 NATIVE_FLOORS = (
@@ -84,6 +96,8 @@ NATIVE_FLOORS = (
     ("Qt: object property by copy", "floorReadCarried"),
     ("Qt: QVariant from an object by copy", "floorVariantOfCarried"),
     ("Qt: new QObject", "floorNewQObject"),
+    ("Qt: two items of a list", "floorTwoNumbers"),
+    ("Imath: M44d product", "floorMultiplyImath"),
 )
 
 SIZES = (1_000, 10_000, 100_000)

@@ -9,6 +9,7 @@ on the wall clock.
 """
 
 import bisect
+import copy
 import json
 import os
 import pathlib
@@ -28,13 +29,21 @@ REPETITIONS = {1_000: 7, 10_000: 5, 100_000: 3}
 samples = Samples()
 
 
+def turn():
+    matrix = brindle.Matrix()
+    matrix.rotate_degrees(30)
+    return matrix
+
+
 def short_operations(folder):
     """Operations whose cost has nothing to do with the size of the project, with the floors in the same rounds."""
     with brindle.create(folder) as app:
         scene = app.scene
         node = scene.nodes.create("PEG", "Arm")
         names = dict(objects.NAMES, scene=scene, node=node, place=node.position, attributes=node.attributes,
-                     angle=node.attributes["angle"], history=app.project.history)
+                     angle=node.attributes["angle"], Point2d=brindle.Point2d, pair=[1.5, -2.5],
+                     point=brindle.Point2d(1.5, -2.5), copy=copy.copy, history=app.project.history, matrix=brindle.Matrix(),
+                     turn=turn())
         samples.in_turn(dict(objects.STATEMENTS, **{
             "read int": ("scene.frame_count", 1),
             "read str": ("node.name", 1),
@@ -42,6 +51,10 @@ def short_operations(folder):
             "read object in variant": ("node.position", 1),
             "attribute by path": ("attributes['position.x']", 1),
             "write property": ("place.x = 5; place.x = 6", 2, "history.clear()"),
+            "matrix multiply": ("matrix.multiply(turn)", 1),
+            "make point": ("Point2d(1.5, -2.5)", 1),
+            "read point": ("Point2d(pair)", 1),
+            "copy point": ("copy(point)", 1),
             "set_value": ("angle.set_value(10, 1.5); angle.set_value(10, 2.5)", 2, "history.clear()"),
         }), names)
 
