@@ -16,10 +16,10 @@ ENGINE_PUBLIC = ("engine/engine.h",)
 # Qt classes that are values: the only ones that the seam between the object model and an engine speaks.
 QT_VALUES = {
     "QtGlobal", "QtTypes", "QAnyStringView", "QBitArray", "QByteArray", "QByteArrayView", "QChar", "QColor", "QDate",
-    "QDateTime", "QFlags", "QHash", "QImage", "QLatin1String", "QLine", "QLineF", "QList", "QMap", "QMultiHash",
-    "QMultiMap", "QPair", "QPoint", "QPointF", "QPolygonF", "QRect", "QRectF", "QRegularExpression", "QSet",
-    "QSharedPointer", "QSize", "QSizeF", "QString", "QStringList", "QStringView", "QTime", "QUrl", "QUuid", "QVariant",
-    "QVariantList", "QVariantMap", "QVector",
+    "QDateTime", "QExplicitlySharedDataPointer", "QFlags", "QHash", "QImage", "QLatin1String", "QLine", "QLineF",
+    "QList", "QMap", "QMultiHash", "QMultiMap", "QPair", "QPoint", "QPointF", "QPolygonF", "QRect", "QRectF",
+    "QRegularExpression", "QSet", "QSharedData", "QSharedPointer", "QSize", "QSizeF", "QString", "QStringList",
+    "QStringView", "QTime", "QUrl", "QUuid", "QVariant", "QVariantList", "QVariantMap", "QVector",
 }
 
 # Longest folder first: folder -> (project headers it may include, foreign headers it may not, Qt it may include).
