@@ -104,7 +104,8 @@ def dead_objects(app):
     return [sample for name, sample in samples.items() if name not in KEPT]
 
 
-KEPT = {"application", "project", "history", "scenes", "scene", "nodes of the scene", "copied nodes", "display",
+KEPT = {"application", "project", "resolution", "named resolution", "history", "bracket", "scenes", "scene", "aspect",
+        "units", "center", "unit converter", "frame options", "nodes of the scene", "copied nodes", "display",
         "composite", "dynamic in-ports", "point 2d", "point 3d"}
 
 

@@ -5,15 +5,24 @@ import pytest
 
 import support
 
-VALUES = {"point 2d", "point 3d"}
+UNEXPECTED = "An unexpected error has occurred."
+VALUES = {"point 2d", "point 3d", "frame options"}
 KEPT_BY_CLOSING = {"application", *VALUES}
-KEPT = {"project", "history", "scenes", "scene", "nodes of the scene", "copied nodes", "display", "composite",
+KEPT = {"project", "resolution", "named resolution", "history", "bracket", "scenes", "aspect", "units", "center",
+        "unit converter", "scene", "nodes of the scene", "copied nodes", "display", "composite",
         "dynamic in-ports", *KEPT_BY_CLOSING}
 NODES = {"peg", "camera", "display", "read", "group", "composite", "multi-port in", "multi-port out"}
 # What is answered although the object is gone: it isn't asked of the project.
 ANSWERS = {
     ("project", "str"): "'Brindle Base Project'",
     ("project", "history"): "<brindle.History, no longer valid>",
+    ("project", "resolution"): "<brindle.ProjectResolution, no longer valid>",
+    ("named resolution", "name"): "'PAL'",
+    ("named resolution", "x"): UNEXPECTED, ("named resolution", "y"): UNEXPECTED,
+    ("named resolution", "fov"): UNEXPECTED, ("named resolution", "framerate"): UNEXPECTED,
+    ("named resolution", "projection"): UNEXPECTED, ("named resolution", "str"): UNEXPECTED,
+    ("history", "bracket"): "<brindle.Bracket: Bracket(x)>", ("bracket", "str"): "'Bracket(Sample)'",
+    ("unit converter", "str"): "'SceneUnitConverter()'",
     ("scene", "sounds"): "Sounds are not yet supported in the Python DOM.",
     ("history", "set"): "Unable to set a value in the history.",
     (None, "position"): "<brindle.Node_Coordinates, no longer valid>",
@@ -39,7 +48,8 @@ UNTOUCHED = {"objectName", "copy", "valid", "close", "__exit__", "save", "save_a
 
 ARGUMENTS = {
     "get": (0,), "set": (0, None), "create": ("PEG",), "find": ("x",), "undo": (1,),
-    "redo": (1,), "begin": ("x",), "link": ("x",), "insert": (None,), "value": (1,), "set_value": (1, 1),
+    "redo": (1,), "begin": ("x",), "bracket": ("x",), "frame_insert": (1, 1), "frame_remove": (1, 1),
+    "to_field": (1,), "to_ogl": (1,), "link": ("x",), "insert": (None,), "value": (1,), "set_value": (1, 1),
     "set_localvalue": (1,), "reset_value": (1,), "offset_value": (1, 1), "get_text_value": (1,),
     "set_text_value": (1, "1"), "get_entry": (1,), "set_entry": (1, 1), "scale": (1,), "keyframe_create": (1,),
     "keyframe_remove": (1,), "keyframe_exists": (1,), "keyframe_clear": (1, 2),
