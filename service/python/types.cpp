@@ -6,6 +6,7 @@
 
 #include <deque>
 #include <structmember.h>
+#include <unordered_map>
 
 namespace brindle::python {
 
@@ -26,6 +27,12 @@ std::deque<TypeStorage>& storages()
 {
     static std::deque<TypeStorage> all;
     return all;
+}
+
+std::unordered_map<PyTypeObject*, const ClassTable*>& tablesByType()
+{
+    static std::unordered_map<PyTypeObject*, const ClassTable*> tables;
+    return tables;
 }
 
 const char* textOf(const ClassTable& table, const char* property)
@@ -148,10 +155,9 @@ void addAccessors(const TypeStorage& storage)
 const ClassTable& tableOf(PyTypeObject* type)
 {
     for (; type; type = type->tp_base) {
-        for (const TypeStorage& storage : storages()) {
-            if (storage.type == type)
-                return storage.table;
-        }
+        const auto found = tablesByType().find(type);
+        if (found != tablesByType().end())
+            return *found->second;
     }
     throwTypeError("The class is not one of this module");
 }
@@ -203,6 +209,7 @@ void addClass(PyObject* module, const ClassTable& table)
     storage.type = reinterpret_cast<PyTypeObject*>(PyType_FromSpecWithBases(&spec, bases.get()));
     if (!storage.type)
         throw PythonError{};
+    tablesByType()[storage.type] = &storage.table;
     registerType(table.metaObject, {storage.type, &storage.table.operators});
     addAccessors(storage);
     if (PyModule_AddObjectRef(module, table.name, reinterpret_cast<PyObject*>(storage.type)) < 0)

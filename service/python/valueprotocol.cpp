@@ -60,15 +60,26 @@ std::string textOf(PyObject* number)
     return characters;
 }
 
+/// The module's function that pickles name; it lives as long as the process, as types do.
+PyObject* rebuildFunction()
+{
+    static PyObject* const function = [] {
+        const Ref module = checked(PyImport_ImportModule("brindle._brindle"));
+        return checked(PyObject_GetAttrString(module.get(), "_rebuild")).release();
+    }();
+    return function;
+}
+
 PyObject* reduce(PyObject* self, PyObject*)
 {
     return guarded([&]() -> PyObject* {
-        const Ref module = checked(PyImport_ImportModule("brindle._brindle"));
-        const Ref rebuild = checked(PyObject_GetAttrString(module.get(), "_rebuild"));
         const Ref state = stateOf(self);
+        PyTypeObject* type = Py_TYPE(self);
+        if (type == typeFor(objectOf(self)->metaObject()).type)
+            return Py_BuildValue("O(OO)", rebuildFunction(), type, state.get());
         // What a script's own class adds: None, a dict, or a dict and the values of its slots.
         const Ref additions = checked(PyObject_CallMethod(self, "__getstate__", nullptr));
-        return Py_BuildValue("O(OO)O", rebuild.get(), Py_TYPE(self), state.get(), additions.get());
+        return Py_BuildValue("O(OO)O", rebuildFunction(), type, state.get(), additions.get());
     });
 }
 
