@@ -105,8 +105,8 @@ def dead_objects(app):
 
 
 KEPT = {"application", "project", "resolution", "named resolution", "history", "bracket", "scenes", "scene", "aspect",
-        "units", "center", "unit converter", "frame options", "nodes of the scene", "copied nodes", "display",
-        "composite", "dynamic in-ports", "point 2d", "point 3d"}
+        "units", "center", "unit converter", "nodes of the scene", "copied nodes", "display",
+        "composite", "dynamic in-ports", *support.VALUES}
 
 
 class Sweep:

@@ -21,6 +21,24 @@ APART = "These ports are no longer connected."
 
 State = collections.namedtuple("State", "saved labels total")
 
+# How a script makes one of each value class, which no project owns; and its repr.
+VALUES = {
+    "point 2d": (lambda: brindle.Point2d(1, 2), "Point2d(1, 2)"),
+    "point 3d": (lambda: brindle.Point3d(1, 2, 3), "Point3d(1, 2, 3)"),
+    "vector 2d": (lambda: brindle.Vector2d(1, 2), "Vector2d(1, 2)"),
+    "vector 3d": (lambda: brindle.Vector3d(1, 2, 3), "Vector3d(1, 2, 3)"),
+    "size": (lambda: brindle.Rect2D(1, 2), "Rect2D(1, 2)"),
+    "whole size": (lambda: brindle.Rect2DI(1, 2), "Rect2DI(1, 2)"),
+    "rectangle": (lambda: brindle.AllocatedRect2D(1, 2, 3, 4), "AllocatedRect2D(1, 2, 3, 4)"),
+    "whole rectangle": (lambda: brindle.AllocatedRect2DI(1, 2, 3, 4), "AllocatedRect2DI(1, 2, 3, 4)"),
+    "colour": (lambda: brindle.Colour(1, 2, 3, 4), "Colour(1,2,3,4)"),
+    "transformation": (lambda: brindle.Transformation(), "Transformation()"),
+    "frame options": (lambda: brindle.FrameOptions(True, False), None),
+    "matrix": (lambda: brindle.Matrix(), None),
+    "bezier": (lambda: brindle.Bezier(), None),
+    "bezier path": (lambda: brindle.BezierPath(), None),
+}
+
 
 def files(folder):
     """Every file under a folder with its content, but for the lock of who has the project open."""
@@ -70,7 +88,6 @@ def samples(app):
         "units": scene.units,
         "center": scene.center,
         "unit converter": scene.unit_converter,
-        "frame options": brindle.FrameOptions(True, False),
         "nodes of the scene": nodes,
         "nodes of a group": group.nodes,
         "copied nodes": nodes.copy(),
@@ -107,8 +124,7 @@ def samples(app):
         "keyframe": column[10],
         "control point": column.control_points.list()[1],
         "control points": column.control_points,
-        "point 2d": brindle.Point2d(1, 2),
-        "point 3d": brindle.Point3d(1, 2, 3),
+        **{name: make() for name, (make, _) in VALUES.items()},
     }
 
 

@@ -68,8 +68,6 @@ TEXTS = {
     "column value": 'BezierColumnValue("ATV-0001", 5)',
     "control point": 'BezierControlPoint( "ATV-0001", 10 )',
     "control points": "ControlPointList(ATV-0001)[3]",
-    "point 2d": "Point2d(1, 2)",
-    "point 3d": "Point3d(1, 2, 3)",
 }
 
 
@@ -171,6 +169,12 @@ def test_a_value_class_is_made(app):
     assert str(brindle.Point3d(z=1)) == "Point3d(0, 0, 1)"
     message = "Point2d() can't be called with these 3 arguments; help() tells its forms"
     assert support.message_of(brindle.Point2d, 1, 2, 3, error=TypeError) == message
+
+
+@pytest.mark.parametrize("name", [name for name, (_, text) in support.VALUES.items() if text])
+def test_a_value_shows_itself_as_a_script_would_write_it(name):
+    make, text = support.VALUES[name]
+    assert repr(make()) == text
 
 
 @pytest.mark.parametrize("name", TEXTS)
