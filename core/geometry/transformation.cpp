@@ -21,6 +21,15 @@ std::unique_ptr<MO_PortTransform> detached()
     return std::make_unique<MO_PortTransform>(nullptr, MO_FrameKey(1.0));
 }
 
+/// Adds what a step makes of the identity; nothing changes where it throws.
+template <typename Step>
+void addStep(CC_Transformation& transformation, Step step)
+{
+    Math::Matrix4x4 matrix;
+    step(matrix);
+    transformation.add(matrix);
+}
+
 } // namespace
 
 struct Transformation::Private {
@@ -124,58 +133,52 @@ void Transformation::reset()
 
 void Transformation::translate(double x, double y, double z)
 {
-    CC_Transformation& transformation = required();
-    requireFinite({x, y, z});
-    Math::Matrix4x4 matrix;
-    matrix.translate(x, y, z);
-    transformation.add(matrix);
+    addStep(required(), [&](Math::Matrix4x4& step) {
+        requireFinite({x, y, z});
+        step.translate(x, y, z);
+    });
 }
 
 void Transformation::translate(const QVariant& vector)
 {
-    CC_Transformation& transformation = required();
-    if (vector.isNull())
-        throw Exception(tr("Failed to identify vector argument."));
-    const Math::Point3d way = Point3d::valueOf(vector);
-    Math::Matrix4x4 matrix;
-    matrix.translate(way.x, way.y, way.z);
-    transformation.add(matrix);
+    addStep(required(), [&](Math::Matrix4x4& step) {
+        if (vector.isNull())
+            throw Exception(tr("Failed to identify vector argument."));
+        const Math::Point3d way = Point3d::valueOf(vector);
+        step.translate(way.x, way.y, way.z);
+    });
 }
 
 void Transformation::scale(double x, double y, double z)
 {
-    CC_Transformation& transformation = required();
-    requireFinite({x, y, z});
-    Math::Matrix4x4 matrix;
-    matrix.scale(x, y, z);
-    transformation.add(matrix);
+    addStep(required(), [&](Math::Matrix4x4& step) {
+        requireFinite({x, y, z});
+        step.scale(x, y, z);
+    });
 }
 
 void Transformation::rotateDegrees(double angle, const QVariant& axis)
 {
-    CC_Transformation& transformation = required();
-    requireFinite(angle, 0);
-    Math::Matrix4x4 matrix;
-    matrix.rotateDegrees(angle, rotationAxis(axis));
-    transformation.add(matrix);
+    addStep(required(), [&](Math::Matrix4x4& step) {
+        requireFinite(angle, 0);
+        step.rotateDegrees(angle, rotationAxis(axis));
+    });
 }
 
 void Transformation::rotateRadians(double angle, const QVariant& axis)
 {
-    CC_Transformation& transformation = required();
-    requireFinite(angle, 0);
-    Math::Matrix4x4 matrix;
-    matrix.rotateRadians(angle, rotationAxis(axis));
-    transformation.add(matrix);
+    addStep(required(), [&](Math::Matrix4x4& step) {
+        requireFinite(angle, 0);
+        step.rotateRadians(angle, rotationAxis(axis));
+    });
 }
 
 void Transformation::skew(double angle)
 {
-    CC_Transformation& transformation = required();
-    requireFinite(angle, 0);
-    Math::Matrix4x4 matrix;
-    matrix.skew(angle);
-    transformation.add(matrix);
+    addStep(required(), [&](Math::Matrix4x4& step) {
+        requireFinite(angle, 0);
+        step.skew(angle);
+    });
 }
 
 void Transformation::multiply(const QVariant& matrix)

@@ -3,6 +3,7 @@
 #include "core/geometry/vectors.h"
 #include "tests/core/support/countedobject.h"
 #include "tests/core/support/failure.h"
+#include "tests/core/support/matrices.h"
 
 #include <gtest/gtest.h>
 
@@ -36,20 +37,6 @@ T valueIn(const QVariant& value)
     const T* object = OMC::objectFrom<T>(value);
     EXPECT_TRUE(object);
     return object ? *object : T();
-}
-
-Math::Matrix4x4 scaled(double factor)
-{
-    Math::Matrix4x4 matrix;
-    matrix.scale(factor, factor, factor);
-    return matrix;
-}
-
-Math::Matrix4x4 moved(double x, double y, double z)
-{
-    Math::Matrix4x4 matrix;
-    matrix.translate(x, y, z);
-    return matrix;
 }
 
 void expectNear(const Math::Matrix4x4& matrix, const Math::Matrix4x4& expected)

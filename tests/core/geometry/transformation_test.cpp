@@ -4,6 +4,7 @@
 #include "core/geometry/matrix.h"
 #include "core/geometry/vectors.h"
 #include "tests/core/support/failure.h"
+#include "tests/core/support/matrices.h"
 #include "tests/core/support/standindeformation.h"
 
 #include <gtest/gtest.h>
@@ -45,20 +46,6 @@ Math::Matrix4x4 matrixIn(const Obj& handle)
 Math::Matrix4x4 matrixOf(const Transformation& transformation)
 {
     return Matrix::valueOf(transformation.getMatrix());
-}
-
-Math::Matrix4x4 scaled(double factor)
-{
-    Math::Matrix4x4 matrix;
-    matrix.scale(factor, factor, factor);
-    return matrix;
-}
-
-Math::Matrix4x4 moved(double x, double y, double z)
-{
-    Math::Matrix4x4 matrix;
-    matrix.translate(x, y, z);
-    return matrix;
 }
 
 /// A port's transformation with deformations of the given ids, in that order.
