@@ -25,9 +25,10 @@ if(BRINDLE_SANITIZE)
     list(APPEND python_environment UBSAN_OPTIONS=print_stacktrace=1)
 endif()
 
-# brindle_gtest(<target> <folder> [ENVIRONMENT <name=value>...] LIBRARIES <library>...): nothing while it has no test.
+# brindle_gtest(<target> <folder> [LABEL <label>] [ENVIRONMENT <name=value>...] LIBRARIES <library>...): nothing while it
+# has no test.
 function(brindle_gtest target folder)
-    cmake_parse_arguments(arg "" "" "LIBRARIES;ENVIRONMENT" ${ARGN})
+    cmake_parse_arguments(arg "" "LABEL" "LIBRARIES;ENVIRONMENT" ${ARGN})
     file(GLOB_RECURSE found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.cpp)
     if(NOT found)
         return()
@@ -48,11 +49,22 @@ function(brindle_gtest target folder)
     # A test property can't hold a list here, so the environment is set by what starts the tests.
     set_target_properties(${target} PROPERTIES
         CROSSCOMPILING_EMULATOR "/usr/bin/env;${test_environment};${arg_ENVIRONMENT}")
-    gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES PROPERTIES TIMEOUT 300)
+    gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES
+        PROPERTIES TIMEOUT 300 LABELS "${arg_LABEL}")
 endfunction()
 
 brindle_gtest(engine_tests tests/engine LIBRARIES BrindleEngineObjects)
 brindle_gtest(core_tests tests/core LIBRARIES BrindleObjectModelCore $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}>)
+# Service libraries in the place of ours, each in a folder of its own: what the object model makes of them.
+foreach(kind IN ITEMS telling refusing silent broken)
+    add_library(service_${kind} MODULE ${PROJECT_SOURCE_DIR}/tests/servicelibraries/${kind}.cpp)
+    brindle_own_code(service_${kind})
+    set_target_properties(service_${kind} PROPERTIES
+        OUTPUT_NAME BrindleObjectModelServiceLib LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${kind})
+    target_link_libraries(service_${kind} PRIVATE BrindleObjectModelCore)
+    add_dependencies(core_tests service_${kind})
+endforeach()
+target_compile_definitions(core_tests PRIVATE BRINDLE_TEST_LIBRARIES="${CMAKE_BINARY_DIR}/tests")
 brindle_gtest(service_tests tests/service
     LIBRARIES BrindleObjectModelServiceLib $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}> Python3::Python
     ENVIRONMENT PYTHONPATH=${CMAKE_BINARY_DIR}/python ${interpreter_options})

@@ -1,11 +1,6 @@
 #include "core/frame/application.h"
 
-#include "core/host/pl_applock.h"
-#include "core/host/scp_pythonengine.h"
-#include "tests/core/support/failure.h"
-#include "tests/core/support/standins.h"
-
-#include <gtest/gtest.h>
+#include "tests/core/support/embedded.h"
 
 #include <QMetaObject>
 
@@ -24,8 +19,6 @@ public:
     OMC::Obj getScenes() const override { return {}; }
     using Application::context;
 };
-
-class PythonEngine : public SCP_PythonEngine {};
 
 /// What a call writes to the engine's log, debug lines included.
 template <typename Call>
@@ -108,6 +101,26 @@ TEST(ApplicationTest, PendingEventsAreRun)
     EXPECT_EQ(ran, 1);
     application.processOneEvent();
     EXPECT_EQ(ran, 1);
+}
+
+TEST(ApplicationTest, FunctionsGoToTheThreadManager)
+{
+    TestApplication application(nullptr);
+    EXPECT_EQ(failureOf([&] { application.runFunction(QVariant()); }), "Expected a Python Function.");
+    EXPECT_EQ(failureOf([&] { application.runOnMain(QVariant(), true); }),
+              "Unable to use run_on_main() in an external Python interpreter.");
+    const StandInPython python;
+    PythonEngine engine;
+    StandInSession session;
+    session.python = &engine;
+    int calls = 0;
+    _object object = standInFunction([&] { ++calls; });
+    OMC::PythonFunction function;
+    function.set(&object);
+    application.runFunction(argument(function));
+    EXPECT_EQ(calls, 1);
+    application.runOnMain(argument(function), true);
+    EXPECT_EQ(calls, 2);
 }
 
 TEST(ApplicationTest, AScriptThreadTakesAndGivesBackTheLock)

@@ -2,11 +2,8 @@
 
 #include "core/frame/baseobject.h"
 #include "core/host/pl_applock.h"
-#include "core/host/scp_pythonengine.h"
-#include "tests/core/support/failure.h"
-#include "tests/core/support/standins.h"
-
-#include <gtest/gtest.h>
+#include "tests/core/support/embedded.h"
+#include "tests/core/support/threadmanagerstate.h"
 
 #include <QCoreApplication>
 
@@ -20,22 +17,13 @@
 
 namespace {
 
+using OMC::PythonFunction;
 using OMC::ThreadManager;
+using OMC::ThreadManagerState;
 
 const char* const lockedOut = "Unable to access Object Model from another thread -- application must be locked.";
 const char* const noLock = "Thread failed to get Application Lock.";
 const char* const passes = "no exception";
-
-class PythonEngine : public SCP_PythonEngine {};
-
-/// Runs a call on a thread of its own and gives the sentence that it fails with.
-template <typename Call>
-std::string onWorker(Call call)
-{
-    std::string failure;
-    std::thread([&] { failure = failureOf(call); }).join();
-    return failure;
-}
 
 std::string check()
 {
@@ -67,21 +55,11 @@ std::string unlock()
     std::_Exit(0);
 }
 
-/// A session inside the host: it has a Python engine, whose main thread is not in Python.
-class ThreadManagerTest : public testing::Test {
+class ThreadManagerTest : public EmbeddedTest {
 protected:
-    ThreadManagerTest()
-    {
-        session.python = &engine;
-        session.changes = &changes;
-    }
     ~ThreadManagerTest() override
     {
-        SCP_PythonEngine::mainThreadState() = 0;
-        session.python = &engine;
-        session.changes = &changes;
-        for (int i = 0; i < 4; ++i)
-            unlock();
+        freeTheApplication();
         for (std::thread& waiting : m_waiting)
             waiting.join();
     }
@@ -99,10 +77,6 @@ protected:
         });
         return done.wait_for(std::chrono::milliseconds(200)) == std::future_status::ready;
     }
-
-    PythonEngine engine;
-    StandInChangeManager changes;
-    StandInSession session;
 
 private:
     std::vector<std::thread> m_waiting;
@@ -288,6 +262,120 @@ TEST_F(ThreadManagerTest, TheStricterCheckMakesNoExceptions)
     unlock();
     PLUG_Services::setSessionContext(nullptr);
     EXPECT_EQ(refused(), "Unable to access Object Model from another thread.");
+}
+
+TEST_F(ThreadManagerTest, TheStatesFollowTheLock)
+{
+    using State = ThreadManagerState;
+    const auto is = [](unsigned int depth, bool taken, bool delayed, bool has, std::size_t notifyStates) {
+        EXPECT_EQ(State::depth(), depth);
+        EXPECT_EQ(State::lockTaken(), taken);
+        EXPECT_EQ(State::delayed(), delayed);
+        EXPECT_EQ(State::hasApplock(), has);
+        EXPECT_EQ(State::notifyStates(), notifyStates);
+    };
+    is(0, false, false, false, 0);
+    lock();
+    is(1, true, false, true, 1);
+    lock();
+    is(2, true, false, true, 2);
+    SCP_PythonEngine::mainThreadState() = 1;
+    // Asked for once more with the main thread in Python: what is held stays held.
+    lock();
+    is(3, true, true, true, 3);
+    unlock();
+    unlock();
+    is(1, true, true, true, 1);
+    unlock();
+    is(0, false, false, false, 0);
+
+    lock();
+    is(1, false, true, true, 1);
+    SCP_PythonEngine::mainThreadState() = 0;
+    is(1, false, true, false, 1);
+    check();
+    is(1, true, false, true, 1);
+    unlock();
+    is(0, false, false, false, 0);
+    unlock();
+    is(0, false, false, false, 0);
+}
+
+TEST_F(ThreadManagerTest, LockingOnTheMainThreadCountsNothing)
+{
+    ThreadManager::instance()->lock();
+    EXPECT_EQ(ThreadManagerState::depth(), 0u);
+    EXPECT_EQ(ThreadManagerState::notifyStates(), 0u);
+    ThreadManager::instance()->unlock();
+    EXPECT_EQ(ThreadManagerState::depth(), 0u);
+}
+
+TEST_F(ThreadManagerTest, ALockThatCantBeTakenForLackOfANotifierCountsNothing)
+{
+    session.changes = nullptr;
+    lock();
+    EXPECT_EQ(ThreadManagerState::depth(), 0u);
+    EXPECT_EQ(ThreadManagerState::notifyStates(), 0u);
+}
+
+TEST_F(ThreadManagerTest, AFunctionRunsUnderTheLockOnAScriptThread)
+{
+    bool locked = false;
+    bool silent = false;
+    _object object = standInFunction([&] {
+        locked = ThreadManagerState::lockTaken();
+        silent = !changes.enabled;
+    });
+    PythonFunction function;
+    function.set(&object);
+    EXPECT_EQ(onWorker([&] { ThreadManager::instance()->runFunction(argument(function)); }), passes);
+    EXPECT_TRUE(locked);
+    EXPECT_TRUE(silent);
+    EXPECT_FALSE(ThreadManagerState::lockTaken());
+    EXPECT_TRUE(changes.enabled);
+}
+
+TEST_F(ThreadManagerTest, AFunctionRunsWithoutTheLockElsewhere)
+{
+    int calls = 0;
+    bool locked = false;
+    _object object = standInFunction([&] {
+        ++calls;
+        locked = locked || ThreadManagerState::lockTaken();
+    });
+    PythonFunction function;
+    function.set(&object);
+    const auto run = [&] { ThreadManager::instance()->runFunction(argument(function)); };
+    EXPECT_EQ(failureOf(run), passes);
+    session.python = nullptr;
+    EXPECT_EQ(onWorker(run), passes);
+    PLUG_Services::setSessionContext(nullptr);
+    EXPECT_EQ(onWorker(run), passes);
+    EXPECT_EQ(calls, 3);
+    EXPECT_FALSE(locked);
+}
+
+TEST_F(ThreadManagerTest, AFunctionThatFailsOnAScriptThreadLeavesTheLockTaken)
+{
+    _object object = standInFunction([] { throw OMC::Exception(std::string("It broke.")); });
+    PythonFunction function;
+    function.set(&object);
+    const auto run = [&] { ThreadManager::instance()->runFunction(argument(function)); };
+    EXPECT_EQ(failureOf(run), "It broke.");
+    EXPECT_FALSE(ThreadManagerState::lockTaken());
+    EXPECT_EQ(onWorker(run), "It broke.");
+    EXPECT_TRUE(ThreadManagerState::lockTaken());
+    EXPECT_FALSE(changes.enabled);
+    unlock();
+    EXPECT_TRUE(changes.enabled);
+}
+
+TEST_F(ThreadManagerTest, WhatIsNoFunctionIsNotRun)
+{
+    const auto run = [] { ThreadManager::instance()->runFunction(QVariant(3)); };
+    EXPECT_EQ(failureOf(run), "Expected a Python Function.");
+    EXPECT_EQ(onWorker(run), "Expected a Python Function.");
+    EXPECT_FALSE(ThreadManagerState::lockTaken());
 }
 
 TEST_F(ThreadManagerTest, WithoutAnApplicationObjectEveryCheckFails)

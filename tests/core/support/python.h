@@ -1,0 +1,42 @@
+#pragma once
+
+#include "core/bridges/pythonfunction.h"
+#include "core/frame/pythonthread.h"
+#include "core/host/scp_pythonengine.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+struct _object {
+    int references = 0;
+    std::function<QVariant(std::vector<QVariant>&)> body;
+};
+
+/// Stands in for a service library's side of functions and threads: it counts references on stand-in functions, and
+/// writes down who enters and leaves Python. Installed while it lives.
+class StandInPython {
+public:
+    StandInPython();
+    StandInPython(const StandInPython&) = delete;
+    StandInPython& operator=(const StandInPython&) = delete;
+    ~StandInPython();
+
+    QStringList threadCalls; ///< Of the scopes that native code goes into Python and out of it with.
+    int gilScopes = 0;       ///< Those that are open, on whatever thread.
+};
+
+class PythonEngine : public SCP_PythonEngine {};
+
+/// A function for StandInPython.
+inline _object standInFunction(std::function<void()> body)
+{
+    return {0, [body](std::vector<QVariant>&) {
+                body();
+                return QVariant();
+            }};
+}
+
+/// A wrapper of a function, in a form that a script's argument has.
+QVariant argument(OMC::PythonFunction& function);
