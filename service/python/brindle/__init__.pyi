@@ -186,7 +186,7 @@ class Locked(BaseObject):
 
 
 class Point2d(BaseObject):
-    """A position in the plane, in the units of the operation that takes or gives it."""
+    """A position in the plane, in the units of the operation that takes or gives it. A value is a point, a vector, a matrix (its origin), a node, a column's value at a frame, a number for all coordinates, or a list, which is added up; anything else is (0, 0)."""
     @overload
     def __init__(self, value: Any) -> None: ...
     @overload
@@ -210,7 +210,7 @@ class Point2d(BaseObject):
 
 
 class Point3d(BaseObject):
-    """A position in space, in the units of the operation that takes or gives it."""
+    """A position in space, in the units of the operation that takes or gives it. A value is read as for Point2d; in a list, a matrix transforms what stands ahead of it."""
     @overload
     def __init__(self, value: Any) -> None: ...
     @overload
@@ -240,7 +240,7 @@ class Point3d(BaseObject):
 
 
 class Vector2d(Point2d):
-    """The way between two positions in the plane."""
+    """The way between two positions in the plane. A value is read as for Point2d."""
     @overload
     def __init__(self, value: Any) -> None: ...
     @overload
@@ -249,7 +249,7 @@ class Vector2d(Point2d):
 
 
 class Vector3d(Point3d):
-    """The way between two positions in space."""
+    """The way between two positions in space. A value is read as for Point3d."""
     @overload
     def __init__(self, value: Any) -> None: ...
     @overload

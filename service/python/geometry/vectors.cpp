@@ -7,10 +7,10 @@ std::vector<ClassTable> vectorTables()
 {
     using namespace OMC;
     return {
-        Class<Vector2d>("Vector2d", "The way between two positions in the plane.")
+        Class<Vector2d>("Vector2d", "The way between two positions in the plane. A value is read as for Point2d.")
             .constructors<Construct<&newOf<Vector2d, QVariant>, "value">,
                           Construct<&newOf<Vector2d, double, double>, "x=0, y=0">>(),
-        Class<Vector3d>("Vector3d", "The way between two positions in space.")
+        Class<Vector3d>("Vector3d", "The way between two positions in space. A value is read as for Point3d.")
             .constructors<Construct<&newOf<Vector3d, QVariant>, "value">,
                           Construct<&newOf<Vector3d, double, double, double>, "x=0, y=0, z=0">>(),
     };
