@@ -2,6 +2,7 @@
 
 #include "core/geometry/vectors.h"
 #include "tests/core/support/failure.h"
+#include "tests/core/support/matrices.h"
 #include "tests/core/support/standindeformation.h"
 
 #include <gtest/gtest.h>
@@ -24,11 +25,6 @@ Deformation bending(std::initializer_list<float> strengths)
     for (const float strength : strengths)
         transforms.emplace_back(new Bend(strength));
     return {nullptr, std::move(transforms), VS_CacheId()};
-}
-
-QVariant list(std::initializer_list<QVariant> values)
-{
-    return QList<QVariant>(values);
 }
 
 Point3d pointIn(const QVariant& value)

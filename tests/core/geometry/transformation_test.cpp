@@ -31,11 +31,6 @@ public:
     InvalidTransformation() : Transformation(std::unique_ptr<MO_PortTransform>()) {}
 };
 
-QVariant list(std::initializer_list<QVariant> values)
-{
-    return QList<QVariant>(values);
-}
-
 Math::Matrix4x4 matrixIn(const Obj& handle)
 {
     const auto* matrix = OMC::objectIn<Matrix>(handle);

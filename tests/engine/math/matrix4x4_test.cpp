@@ -1,6 +1,6 @@
 #include "core/host/math_matrix4x4.h"
 
-#include "tests/engine/math/randommatrix.h"
+#include "tests/engine/math/matrices.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,6 @@
 
 #include <limits>
 #include <numbers>
-#include <numeric>
 #include <stdexcept>
 
 namespace {
@@ -20,13 +19,6 @@ using Math::Vector3d;
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr int rounds = 2000;
-
-Matrix4x4 counted()
-{
-    double cells[16];
-    std::iota(std::begin(cells), std::end(cells), 1.0);
-    return Matrix4x4(cells);
-}
 
 double determinant(const Matrix4x4& matrix)
 {
@@ -305,92 +297,6 @@ TEST(Matrix4x4, NeitherAFarOriginNorASmallScaleMakesItSingular)
     Matrix4x4 small;
     small.scale(1e-200, 1e-200, 1e-200);
     expectNear(small.getInverse() * small, Matrix4x4());
-}
-
-TEST(Matrix4x4, TheDefaultLookAtIsTheIdentity)
-{
-    Matrix4x4 matrix;
-    matrix.lookAt({}, {0, 0, -2.66}, {0, 1, 0});
-    EXPECT_TRUE(matrix.isIdentity());
-}
-
-TEST(Matrix4x4, LookAtPutsTheTargetAheadAndUpUpwards)
-{
-    RandomMatrices random(6);
-    for (int round = 0; round < rounds; ++round) {
-        const Point3d eye = random.point(10);
-        const Point3d target = random.point(10);
-        const Vector3d up = random.vector(1);
-        Matrix4x4 matrix;
-        matrix.lookAt(eye, target, up);
-        expectNear(matrix * eye, {});
-        expectNear(matrix * target, {0, 0, -(target - eye).length()});
-        const Point3d above = matrix * (eye + up);
-        EXPECT_NEAR(above.x, 0, 1e-9);
-        EXPECT_GE(above.y, 0);
-        const Point3d one = random.point(10);
-        const Point3d two = random.point(10);
-        EXPECT_NEAR((matrix * one - matrix * two).length(), (one - two).length(), 1e-9) << "it moves and turns only";
-    }
-}
-
-TEST(Matrix4x4, LookAtWithoutADirectionOrWithoutAnUpIsTheNearestTurn)
-{
-    Matrix4x4 nowhere;
-    nowhere.lookAt({1, 2, 3}, {1, 2, 3}, {0, 1, 0});
-    EXPECT_EQ(nowhere * (Point3d{1, 2, 2}), (Point3d{0, 0, -1}));
-    EXPECT_EQ(nowhere.axis(1), (Vector3d{0, 1, 0}));
-    Matrix4x4 down;
-    down.lookAt({}, {0, -5, 0}, {0, 1, 0});
-    expectNear(down * Point3d{0, -5, 0}, {0, 0, -5});
-    expectNear(down * Point3d{1, 0, 0}, {1, 0, 0});
-    Matrix4x4 noUp;
-    noUp.lookAt({}, {0, 0, 4}, {});
-    expectNear(noUp * Point3d{0, 0, 4}, {0, 0, -4});
-    expectNear(noUp * Point3d{0, 1, 0}, {0, 1, 0});
-}
-
-TEST(Matrix4x4, AnOrthogonalProjectionBringsTheBoxToTheCube)
-{
-    Matrix4x4 matrix;
-    ASSERT_TRUE(matrix.orthogonalProject(-2, 6, 1, 5, 0.5, 10));
-    expectNear(matrix * Point3d{-2, 1, -0.5}, {-1, -1, -1});
-    expectNear(matrix * Point3d{6, 5, -10}, {1, 1, 1});
-    EXPECT_FALSE(matrix.isPerspectiveProjection());
-}
-
-TEST(Matrix4x4, APerspectiveProjectionBringsTheStumpToTheCube)
-{
-    Matrix4x4 matrix;
-    ASSERT_TRUE(matrix.perspectiveProject(-2, 6, 1, 5, 0.5, 10));
-    expectNear(matrix * Point3d{-2, 1, -0.5}, {-1, -1, -1});
-    expectNear(matrix * Point3d{6 * 20, 5 * 20, -10}, {1, 1, 1});
-    EXPECT_TRUE(matrix.isPerspectiveProjection());
-    Matrix4x4 byAngle;
-    ASSERT_TRUE(byAngle.perspectiveProject(90, 2, 1, 100));
-    expectNear(byAngle * Point3d{2, 1, -1}, {1, 1, -1});
-}
-
-TEST(Matrix4x4, AProjectionOfNoVolumeChangesNothing)
-{
-    Matrix4x4 matrix = counted();
-    EXPECT_FALSE(matrix.orthogonalProject(1, 1, 0, 1, 0, 1));
-    EXPECT_FALSE(matrix.orthogonalProject(0, 1, 2, 2, 0, 1));
-    EXPECT_FALSE(matrix.orthogonalProject(0, 1, 0, 1, 3, 3));
-    EXPECT_FALSE(matrix.orthogonalProject(0, 0, 0, 0, 0, 0));
-    EXPECT_FALSE(matrix.orthogonalProject(nan, 1, 0, 1, 0, 1));
-    EXPECT_FALSE(matrix.orthogonalProject(-1, infinity, 0, 1, 0, 1));
-    EXPECT_FALSE(matrix.perspectiveProject(0, 0, 0, 1, 1, 2));
-    EXPECT_FALSE(matrix.perspectiveProject(0, 1, 1, 1, 1, 2));
-    EXPECT_FALSE(matrix.perspectiveProject(0, 1, 0, 1, 2, 2));
-    EXPECT_FALSE(matrix.perspectiveProject(0, 1, 0, 1, 0, 2));
-    EXPECT_FALSE(matrix.perspectiveProject(0, 1, 0, 1, -1, 2));
-    EXPECT_FALSE(matrix.perspectiveProject(0, 1, 0, 1, 1, -2));
-    EXPECT_FALSE(matrix.perspectiveProject(0, 1, 1, 2));
-    EXPECT_FALSE(matrix.perspectiveProject(180, 1, 1, 2));
-    EXPECT_FALSE(matrix.perspectiveProject(50, 0, 1, 2));
-    EXPECT_FALSE(matrix.perspectiveProject(nan, 1, 1, 2));
-    EXPECT_TRUE(matrix.compare(counted()));
 }
 
 TEST(Matrix4x4, ItsKindsAreTold)

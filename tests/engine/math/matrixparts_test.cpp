@@ -1,6 +1,6 @@
 #include "core/host/math_matrix4x4.h"
 
-#include "tests/engine/math/randommatrix.h"
+#include "tests/engine/math/matrices.h"
 
 #include <gtest/gtest.h>
 

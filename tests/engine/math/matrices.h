@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <random>
 
 /// Matrices from a seed, and a comparison in parts of the largest cell.
@@ -49,4 +50,12 @@ inline void expectNear(const Math::Point3d& point, const Math::Point3d& expected
     EXPECT_NEAR(point.x, expected.x, tolerance * size);
     EXPECT_NEAR(point.y, expected.y, tolerance * size);
     EXPECT_NEAR(point.z, expected.z, tolerance * size);
+}
+
+/// The matrix whose cells are the numbers from 1 to 16.
+inline Math::Matrix4x4 counted()
+{
+    double cells[16];
+    std::iota(std::begin(cells), std::end(cells), 1.0);
+    return Math::Matrix4x4(cells);
 }
