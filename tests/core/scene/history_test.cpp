@@ -2,6 +2,7 @@
 
 #include "tests/core/support/failure.h"
 #include "tests/core/support/openproject.h"
+#include "tests/core/support/otherthread.h"
 #include "tests/core/support/refusingmanager.h"
 #include "tests/core/support/standins.h"
 
@@ -44,6 +45,12 @@ protected:
     void cancelScope() override { throw std::runtime_error("broken"); }
 };
 
+/// A manager that counts one entry more as done than there are.
+class MiscountingManager : public RefusingManager {
+public:
+    int executedHistorySize() const override { return 1; }
+};
+
 class HistoryTest : public ProjectTest {
 protected:
     HistoryTest() : history(projectCommon()) {}
@@ -82,6 +89,25 @@ TEST_F(HistoryTest, SizesCountWhatIsDoneAndUndone)
     EXPECT_EQ(attribute("size_executed"), QVariant::fromValue<size_t>(2));
     EXPECT_EQ(attribute("size_unexecuted"), QVariant::fromValue<size_t>(1));
     EXPECT_EQ(attribute("size_max"), QVariant::fromValue(static_cast<size_t>(manager().historyMaxSize())));
+}
+
+TEST_F(HistoryTest, TheNumberThatCanBeRedoneIsCutTo32Bits)
+{
+    MiscountingManager miscounting;
+    StandInProjectCommon project;
+    project.commands = &miscounting;
+    EXPECT_EQ(History(&project).getSizeUnexecuted(), 4294967295U);
+}
+
+TEST_F(HistoryTest, TheThreadIsAskedForAheadOfTheProject)
+{
+    const History gone(nullptr);
+    history.begin(QStringLiteral("A"));
+    EXPECT_EQ(failuresOnOtherThread({[&] { history.size(); }, [&] { history.undo(1); }, [&] { history.end(); },
+                                     [&] { history.cancel(); }, [&] { history.getCurrent(); }, [&] { gone.size(); }}),
+              std::vector<std::string>(
+                  6, "Unable to access Object Model from another thread -- application must be locked."));
+    EXPECT_EQ(history.getCurrent(), QStringLiteral("A"));
 }
 
 TEST_F(HistoryTest, ThePropertiesStandInTheirOrder)

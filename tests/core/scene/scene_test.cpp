@@ -5,6 +5,7 @@
 #include "core/scene/scenemetrics.h"
 #include "core/scene/sceneunitconverter.h"
 #include "tests/core/support/changetest.h"
+#include "tests/core/support/otherthread.h"
 #include "tests/core/support/refusingmanager.h"
 #include "tests/core/support/standins.h"
 
@@ -20,6 +21,49 @@
 namespace {
 
 const char* const invalid = "Object is no longer valid.";
+
+/// Everything that asks first whether the scene is there and the thread may go on.
+std::vector<std::pair<std::string, std::function<void()>>> checkedCalls(OMC::Scene& scene)
+{
+    return {
+        {"aspect", [&] { scene.getAspect(); }},
+        {"units", [&] { scene.getUnits(); }},
+        {"center", [&] { scene.getCenter(); }},
+        {"name", [&] { scene.getName(); }},
+        {"name =", [&] { scene.setName(QStringLiteral("x")); }},
+        {"framerate", [&] { scene.getFramerate(); }},
+        {"framerate =", [&] { scene.setFramerate(12.0); }},
+        {"frame_count", [&] { scene.getFrameCount(); }},
+        {"frame_count =", [&] { scene.setFrameCount(0); }},
+        {"frame_start", [&] { scene.getFrameStart(); }},
+        {"frame_start =", [&] { scene.setFrameStart(1); }},
+        {"frame_stop", [&] { scene.getFrameStop(); }},
+        {"frame_stop =", [&] { scene.setFrameStop(1); }},
+        {"vector_texture_pixel_density", [&] { scene.getVectorTexturePixelDensity(); }},
+        {"vector_texture_pixel_density =", [&] { scene.setVectorTexturePixelDensity(1.0); }},
+        {"bitmap_texture_pixel_density", [&] { scene.getBitmapTexturePixelDensity(); }},
+        {"bitmap_texture_pixel_density =", [&] { scene.setBitmapTexturePixelDensity(1.0); }},
+        {"colorspace", [&] { scene.getColorspace(); }},
+        {"colorspace =", [&] { scene.setColorspace(QString()); }},
+        {"colorspaces", [&] { scene.getColorspaces(); }},
+        {"camera", [&] { scene.getCamera(); }},
+        {"camera =", [&] { scene.setCamera(QVariant()); }},
+        {"camera_path", [&] { scene.getCameraPath(); }},
+        {"camera_path =", [&] { scene.setCameraPath(QVariant()); }},
+        {"unit_converter", [&] { scene.getUnitConverter(); }},
+        {"display", [&] { scene.getDisplay(); }},
+        {"display =", [&] { scene.setDisplay(QVariant()); }},
+        {"display_name", [&] { scene.getDisplayName(); }},
+        {"display_name =", [&] { scene.setDisplayName(QVariant()); }},
+        {"displays", [&] { scene.getDisplays(); }},
+        {"display_names", [&] { scene.getDisplayNames(); }},
+        {"frame_insert", [&] { scene.frameInsert(1, 0); }},
+        {"top", [&] { scene.getTop(); }},
+        {"nodes", [&] { scene.getNodes(); }},
+        {"compositions", [&] { scene.getCompositions(); }},
+        {"__str__", [&] { scene.__str__(); }},
+    };
+}
 
 class SceneTest : public ChangeTest {
 protected:
@@ -189,48 +233,26 @@ TEST_F(SceneTest, OnceTheSceneIsGoneEveryOperationSaysSo)
 {
     close();
     EXPECT_EQ(wrapper.scene(), nullptr);
-    const std::pair<const char*, std::function<void()>> calls[] = {
-        {"aspect", [&] { wrapper.getAspect(); }},
-        {"units", [&] { wrapper.getUnits(); }},
-        {"center", [&] { wrapper.getCenter(); }},
-        {"name", [&] { wrapper.getName(); }},
-        {"name =", [&] { wrapper.setName(QStringLiteral("x")); }},
-        {"framerate", [&] { wrapper.getFramerate(); }},
-        {"framerate =", [&] { wrapper.setFramerate(12.0); }},
-        {"frame_count", [&] { wrapper.getFrameCount(); }},
-        {"frame_count =", [&] { wrapper.setFrameCount(0); }},
-        {"frame_start", [&] { wrapper.getFrameStart(); }},
-        {"frame_start =", [&] { wrapper.setFrameStart(1); }},
-        {"frame_stop", [&] { wrapper.getFrameStop(); }},
-        {"frame_stop =", [&] { wrapper.setFrameStop(1); }},
-        {"vector_texture_pixel_density", [&] { wrapper.getVectorTexturePixelDensity(); }},
-        {"vector_texture_pixel_density =", [&] { wrapper.setVectorTexturePixelDensity(1.0); }},
-        {"bitmap_texture_pixel_density", [&] { wrapper.getBitmapTexturePixelDensity(); }},
-        {"bitmap_texture_pixel_density =", [&] { wrapper.setBitmapTexturePixelDensity(1.0); }},
-        {"colorspace", [&] { wrapper.getColorspace(); }},
-        {"colorspace =", [&] { wrapper.setColorspace(QString()); }},
-        {"colorspaces", [&] { wrapper.getColorspaces(); }},
-        {"camera", [&] { wrapper.getCamera(); }},
-        {"camera =", [&] { wrapper.setCamera(QVariant()); }},
-        {"camera_path", [&] { wrapper.getCameraPath(); }},
-        {"camera_path =", [&] { wrapper.setCameraPath(QVariant()); }},
-        {"unit_converter", [&] { wrapper.getUnitConverter(); }},
-        {"display", [&] { wrapper.getDisplay(); }},
-        {"display =", [&] { wrapper.setDisplay(QVariant()); }},
-        {"display_name", [&] { wrapper.getDisplayName(); }},
-        {"display_name =", [&] { wrapper.setDisplayName(QVariant()); }},
-        {"displays", [&] { wrapper.getDisplays(); }},
-        {"display_names", [&] { wrapper.getDisplayNames(); }},
-        {"frame_insert", [&] { wrapper.frameInsert(1, 0); }},
-        {"frame_remove", [&] { wrapper.frameRemove(1, 1); }},
-        {"top", [&] { wrapper.getTop(); }},
-        {"nodes", [&] { wrapper.getNodes(); }},
-        {"compositions", [&] { wrapper.getCompositions(); }},
-        {"__str__", [&] { wrapper.__str__(); }},
-    };
-    for (const auto& [name, call] : calls)
+    for (const auto& [name, call] : checkedCalls(wrapper))
         EXPECT_EQ(failureOf(call), invalid) << name;
+    EXPECT_EQ(failureOf([&] { wrapper.frameRemove(1, 1); }), invalid);
     EXPECT_EQ(failureOf([&] { wrapper.getSounds(); }), "Sounds are not yet supported in the Python DOM.");
+}
+
+TEST_F(SceneTest, TheThreadIsAskedForAheadOfTheScene)
+{
+    OMC::Scene gone(nullptr);
+    for (OMC::Scene* either : {&wrapper, &gone}) {
+        std::vector<std::function<void()>> calls;
+        for (const auto& [name, call] : checkedCalls(*either))
+            calls.push_back(call);
+        EXPECT_EQ(
+            failuresOnOtherThread(calls),
+            std::vector<std::string>(
+                calls.size(), "Unable to access Object Model from another thread -- application must be locked."));
+    }
+    EXPECT_EQ(failuresOnOtherThread({[&] { wrapper.getSounds(); }}),
+              std::vector<std::string>{"Sounds are not yet supported in the Python DOM."});
 }
 
 TEST_F(SceneTest, ASceneThatNeverWasIsInvalidFromTheStart)

@@ -1,5 +1,6 @@
 #include "core/scene/scenelist.h"
 
+#include "core/host/sc_projectcmds.h"
 #include "core/scene/scene.h"
 #include "tests/core/support/failure.h"
 #include "tests/core/support/openproject.h"
@@ -123,6 +124,41 @@ TEST_F(SceneListTest, OnceTheProjectIsClosedEveryOperationSaysSo)
     };
     for (const auto& [name, call] : calls)
         EXPECT_EQ(failureOf(call), invalid) << name;
+}
+
+TEST_F(SceneListTest, ScenesThatAreAddedAreListedFoundAndUndone)
+{
+    manager().execute(new SC_ProjectCmds::AddSceneCmd(projectCommon(), QStringLiteral("Night")), QString());
+    manager().execute(new SC_ProjectCmds::AddSceneCmd(projectCommon(), QStringLiteral("Day"), 1), QString());
+    QStringList names;
+    for (const OMC::Obj& handle : scenes.list())
+        names.append(nameOf(handle));
+    EXPECT_EQ(names, (QStringList{"Scene-1", "Day", "Night"}));
+    EXPECT_EQ(nameOf(scenes(QStringLiteral("NIGHT"))), QStringLiteral("Night"));
+    EXPECT_EQ(nameOf(scenes.get(2)), QStringLiteral("Night"));
+    EXPECT_FALSE(scenes.contains(scenes.get(2)));
+    const OMC::Obj night = scenes.get(2);
+    undo(2);
+    EXPECT_EQ(scenes.size(), 1U);
+    EXPECT_EQ(nameOf(scenes(QStringLiteral("Night"))), QStringLiteral("no scene"));
+    EXPECT_EQ(failureOf([&] { OMC::objectIn<OMC::Scene>(night)->getName(); }), invalid);
+}
+
+TEST_F(SceneListTest, ASceneThatIsRemovedDuringALoopComesAsAnInvalidObject)
+{
+    manager().execute(new SC_ProjectCmds::AddSceneCmd(projectCommon(), QStringLiteral("Night")), QString());
+    const SC_Id night = OMC::objectIn<OMC::Scene>(scenes.list()[1])->scene()->id();
+    const OMC::Obj handle = scenes.__iter__();
+    auto& loop = *OMC::objectIn<SceneList>(handle);
+    EXPECT_EQ(nameOf(loop.__iterItem__()), QStringLiteral("Scene-1"));
+    ++loop;
+    ASSERT_TRUE(manager().execute(new SC_ProjectCmds::RemoveSceneCmd(projectCommon(), night), QString()));
+    EXPECT_FALSE(loop.__atend__());
+    const OMC::Obj item = loop.__iterItem__();
+    ASSERT_NE(OMC::objectIn<OMC::Scene>(item), nullptr);
+    EXPECT_EQ(failureOf([&] { nameOf(item); }), invalid);
+    EXPECT_TRUE(loop.__atend__());
+    EXPECT_EQ(scenes.size(), 1U);
 }
 
 TEST_F(ManyScenesTest, TheProjectsFirstSceneStandsAtIndexZero)

@@ -43,6 +43,12 @@ const std::vector<QVariant> unsetting = {QVariant(),
                                          0,
                                          0.0};
 
+/// A node as a script passes it.
+QVariant argument(MO_Node* node)
+{
+    return QVariant::fromValue(OMC::Obj(OMC::Node::getWrapped(node)));
+}
+
 /// Top: Display, Composite, Camera, Group (Inner, Screen), Peg.
 class SceneLookTest : public ChangeTest {
 protected:
@@ -55,7 +61,6 @@ protected:
         peg = add(QStringLiteral("PEG"), QStringLiteral("Peg"));
     }
 
-    static QVariant argument(MO_Node* node) { return QVariant::fromValue(OMC::Obj(OMC::Node::getWrapped(node))); }
     QString cameraPath() const { return wrapper.getCameraPath().toString(); }
     QString displayName() const { return wrapper.getDisplayName().toString(); }
 
@@ -81,8 +86,6 @@ protected:
         camera = dynamic_cast<TUCameraModule*>(add(QStringLiteral("CAMERA"), QStringLiteral("Camera")));
         display = dynamic_cast<TUDisplayModule*>(node(QStringLiteral("Top/Display")));
     }
-
-    static QVariant argument(MO_Node* node) { return QVariant::fromValue(OMC::Obj(OMC::Node::getWrapped(node))); }
 
     RefusingManager refusing;
     StandInChangeManager notices;
