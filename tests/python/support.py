@@ -35,8 +35,8 @@ VALUES = {
     "transformation": (lambda: brindle.Transformation(), "Transformation()"),
     "frame options": (lambda: brindle.FrameOptions(True, False), None),
     "matrix": (lambda: brindle.Matrix(), None),
-    "bezier": (lambda: brindle.Bezier(), None),
-    "bezier path": (lambda: brindle.BezierPath(), None),
+    "bezier": (lambda: brindle.Bezier([[0, 0], [0, 10], [10, 10], [10, 0]]), "Bezier()[4]"),
+    "bezier path": (lambda: brindle.BezierPath.create_circle(0, 0, 10), "BezierPath()[13]"),
 }
 
 

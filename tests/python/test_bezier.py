@@ -1,0 +1,590 @@
+"""Curves and paths of curves: what a script makes of them, and what holds for every curve."""
+
+import copy
+import itertools
+import math
+import pickle
+
+import brindle
+import pytest
+from hypothesis import assume, given, settings
+from hypothesis import strategies as st
+
+import support
+
+HUMP = [[0, 0], [0, 10], [10, 10], [10, 0]]
+LOOP = [[0, 0], [20, 10], [-10, 10], [10, 0]]
+
+NO_POINT = "Unsupported Point2D type."
+OUT_OF_RANGE = "Index is out of range."
+DEGREE = "Invalid bezier degree - valid value is from 0 through 3."
+BOUNDARY = "Unexpected boundary type. Valid types are : Open, Closed"
+
+
+def curve_of(points):
+    """A curve with one point more than its degree."""
+    curve = brindle.Bezier()
+    curve.degree = len(points) - 1
+    for index, point in enumerate(points):
+        curve[index] = point
+    return curve
+
+
+def path_of(points):
+    path = brindle.BezierPath()
+    path.bezier_append(curve_of(points))
+    return path
+
+
+def polyline(points):
+    path = brindle.BezierPath.create_rectangle()
+    path.erase(1, 4)
+    path[0] = [list(map(float, point)) for point in points] if len(points) > 1 else points[0]
+    return path
+
+
+def xy(point):
+    return point.x, point.y
+
+
+def points_of(curve):
+    return [xy(point) for point in curve]
+
+
+def pairs(points):
+    return [tuple(map(float, point)) for point in points]
+
+
+def distance(a, b):
+    return math.dist(xy(a), xy(b))
+
+
+def size_of(*curves):
+    return max([1.0, *(abs(c) for curve in curves for point in curve for c in xy(point))])
+
+
+def samples_of(curve, end, count=200):
+    return [curve.evaluate(end * i / count) for i in range(count + 1)]
+
+
+BOTH = pytest.mark.parametrize("make", [curve_of, path_of], ids=["Bezier", "BezierPath"])
+
+# --- Making curves --------------------------------------------------------------------------------------------------
+
+
+def test_a_curve_made_without_arguments_is_a_cubic_at_the_origin():
+    curve = brindle.Bezier()
+    assert (curve.degree, points_of(curve), str(curve)) == (3, [(0, 0)] * 4, "Bezier()[4]")
+    assert (curve.from_boundary, curve.to_boundary) == ("Closed", "Closed")
+    assert (curve.from_parameter, curve.to_parameter) == (0, 1)
+    assert points_of(brindle.Bezier(None)) == [(0, 0)] * 4
+
+
+@pytest.mark.parametrize("value, points", [
+    ([[1, 2], [3, 4], [5, 6]], [(0, 0)] * 4),
+    ([[1, 2], [3, 4], [5, 6], [7, 8]], [(1, 2), (3, 4), (5, 6), (0, 0)]),
+    ([[1, 2], [3, 4], [5, 6], [7, 8], [9, 9]], [(1, 2), (3, 4), (5, 6), (0, 0)]),
+    ([brindle.Point2d(1, 2), [3, 4], brindle.Vector2d(5, 6), brindle.Point3d(7, 8, 9)],
+     [(1, 2), (3, 4), (5, 6), (0, 0)]),
+    ([], [(0, 0)] * 4), (5, [(0, 0)] * 4), ([1, 2], [(0, 0)] * 4), (brindle.Point2d(1, 2), [(0, 0)] * 4),
+    ([1, 2, 3, 4, 5, 6, 7, 8], [(0, 0)] * 4),
+], ids=str)
+def test_a_curve_is_read_from_points(value, points):
+    assert points_of(brindle.Bezier(value)) == points
+    assert points_of(brindle.Bezier(value, 1)) == points  # The degree is not looked at.
+
+
+def test_a_curve_is_the_first_of_those_in_a_long_enough_list():
+    hump, loop = curve_of(HUMP), curve_of(LOOP)
+    assert brindle.Bezier([loop, hump, hump, hump]) == loop
+    assert brindle.Bezier([loop, hump, hump]) == brindle.Bezier()
+    assert brindle.Bezier(hump) == hump
+    hump[0] = 5
+    assert brindle.Bezier(hump) == hump
+
+
+@pytest.mark.parametrize("value", ["x", True, {}, ["a", "b", "c", "d"], [[1, 2], [3, 4], "x", [5, 6]], 1 << 40],
+                         ids=repr)
+@pytest.mark.parametrize("cls", [brindle.Bezier, brindle.BezierPath])
+def test_what_tells_no_point_makes_no_curve(cls, value):
+    assert support.message_of(cls, value) == NO_POINT
+
+
+def test_a_path_is_read_from_curves_points_or_a_path():
+    assert len(brindle.BezierPath()) == 0
+    assert points_of(brindle.BezierPath(path_of(HUMP))) == pairs(HUMP)
+    assert points_of(brindle.BezierPath(HUMP)) == pairs(HUMP[:3]) + [(0, 0)]
+    assert points_of(brindle.BezierPath(HUMP, 2)) == pairs(HUMP[:2]) + [(0, 0)]
+    assert points_of(brindle.BezierPath(HUMP, degree=1)) == [(0, 0), (0, 0)]
+    assert len(brindle.BezierPath(HUMP, 4)) == 0
+    assert support.message_of(brindle.BezierPath, HUMP * 3, 4) == DEGREE
+    line = curve_of([[0, 0], [1, 0]])
+    assert brindle.BezierPath([line] * 4).bezier_count == 7  # Lines lead back from the end of each to the next.
+    with pytest.raises(brindle.ArgumentError):
+        brindle.BezierPath(HUMP, -1)
+
+
+# --- The list of points ---------------------------------------------------------------------------------------------
+
+
+@BOTH
+def test_a_curve_is_the_list_of_its_control_points(make):
+    curve = make(HUMP)
+    assert len(curve) == curve.size() == 4
+    assert points_of(curve) == points_of(curve.list()) == points_of(curve[:]) == pairs(HUMP)
+    assert xy(curve[2]) == (10, 10)
+    assert all(isinstance(point, brindle.Point2d) for point in curve)
+    for index in (4, -1, 2**31 - 1):
+        assert support.message_of(lambda i: curve[i], index) == OUT_OF_RANGE
+        assert support.message_of(curve.set, index, [1, 2]) == OUT_OF_RANGE
+    assert support.message_of(lambda: curve["first"]) == "Unable to retrieve item in container."
+    assert points_of(curve) == pairs(HUMP)
+
+
+@BOTH
+def test_a_point_got_from_a_curve_is_a_copy(make):
+    curve = make(HUMP)
+    curve[0].x = 99
+    assert xy(curve[0]) == (0, 0)
+
+
+@BOTH
+def test_points_are_written_one_or_several(make):
+    curve = make(HUMP)
+    curve[1] = brindle.Point2d(1, 2)
+    curve[2] = [[3, 4]]
+    assert points_of(curve) == [(0, 0), (1, 2), (3, 4), (10, 0)]
+    curve[0] = [[5, 5], [6, 6]]
+    assert points_of(curve) == [(5, 5), (6, 6), (3, 4), (10, 0)]
+    assert support.message_of(curve.set, 0, []) == "Must specify a point."
+    assert support.message_of(curve.set, 0, [[1, 2], "x"]) == NO_POINT
+    assert points_of(curve) == [(5, 5), (6, 6), (3, 4), (10, 0)]
+
+
+def test_several_points_reach_the_end_of_a_path_and_not_of_a_curve():
+    curve, path = curve_of(HUMP), path_of(HUMP)
+    assert support.message_of(curve.set, 2, [[1, 1], [2, 2]]) == OUT_OF_RANGE
+    assert points_of(curve) == pairs(HUMP)
+    path[2] = [[1, 1], [2, 2], [3, 3]]
+    assert points_of(path) == [(0, 0), (0, 10), (1, 1), (2, 2), (3, 3)]
+
+
+@BOTH
+def test_points_are_looked_for_exactly(make):
+    curve = make(HUMP)
+    assert [0, 10] in curve and brindle.Point2d(10, 10) in curve and [[0, 0], [10, 0]] in curve
+    assert [5, 7.5] not in curve and [] not in curve and [[0, 0], [1, 1]] not in curve
+    assert [math.nan, 0] not in curve and curve.contains(0)
+    assert support.message_of(curve.contains, "x") == NO_POINT
+    curve[0] = [math.nan, 0]
+    assert [math.nan, 0] not in curve
+
+
+@BOTH
+def test_two_loops_over_a_curve_are_independent(make):
+    curve = make(HUMP)
+    assert [(xy(a), xy(b)) for a in curve for b in curve] == list(itertools.product(pairs(HUMP), repeat=2))
+
+
+@BOTH
+def test_a_curve_is_copied_compared_and_pickled(make):
+    curve = make(LOOP)
+    for other in (curve.copy(), copy.copy(curve), copy.deepcopy(curve), pickle.loads(pickle.dumps(curve))):
+        assert other == curve and type(other) is type(curve) and repr(other) == repr(curve)
+        other[0] = [5, 5]
+        assert other != curve
+    assert points_of(curve) == pairs(LOOP)
+    assert (curve == HUMP, curve == None, curve == "x") == (False, False, False)  # noqa: E711
+
+
+def test_a_pickle_keeps_all_of_a_curve():
+    curve = curve_of(LOOP)
+    curve.degree = 1
+    curve.from_boundary = "open"
+    curve.to_parameter = 0.75
+    curve[0] = [math.inf, -0.0]
+    other = pickle.loads(pickle.dumps(curve))
+    assert (other.degree, other.from_boundary, other.to_boundary) == (1, "Open", "Closed")
+    assert (other.from_parameter, other.to_parameter) == (0, 0.75)
+    other.degree = 3
+    assert points_of(other) == [(math.inf, 0)] + pairs(LOOP[1:])
+
+
+@pytest.mark.parametrize("cls, state", [
+    (cls, state) for cls, states in {
+        brindle.Bezier: [(), (3,), (9,) * 13, (4, *[0.0] * 8, True, True, 0.0, 1.0), (-1, *[0.0] * 8, True, True, 0.0, 1.0),
+                         (3, *[0.0] * 8, True, True, 0.0, 1.0, 0.0), (3, *["x"] * 12), ("a", "b")],
+        brindle.BezierPath: [(0.0,), (0.0, 0.0), (0.0, 0.0, False), (0.0, 0.0, 1), ("a",),
+                             (0.0, 0.0, True, *[1.0, 1.0, False] * 3)],
+    }.items() for state in states
+], ids=repr)
+def test_a_pickle_that_was_tampered_with_is_refused(cls, state):
+    assert support.message_of(brindle._brindle._rebuild, cls, state) == "Invalid argument at index 1."
+
+
+# --- A curve --------------------------------------------------------------------------------------------------------
+
+
+def test_a_degree_is_from_0_to_3():
+    curve = curve_of(HUMP)
+    for degree in (4, -1, 2**31 - 1):
+        assert support.message_of(setattr, curve, "degree", degree) == DEGREE
+    curve.degree = 0
+    assert (len(curve), xy(curve.evaluate(0.3))) == (1, (0, 0))
+    curve.degree = 3
+    assert points_of(curve) == pairs(HUMP)
+
+
+@pytest.mark.parametrize("end", ["from_boundary", "to_boundary"])
+def test_a_boundary_is_open_or_closed_in_any_case(end):
+    curve = brindle.Bezier()
+    for text, result in (("open", "Open"), ("closed", "Closed"), ("OPEN", "Open")):
+        setattr(curve, end, text)
+        assert getattr(curve, end) == result
+    for text in ("", "half", "Open "):
+        assert support.message_of(setattr, curve, end, text) == BOUNDARY
+    assert getattr(curve, end) == "Open"
+
+
+def test_a_parameter_that_is_kept_is_finite():
+    curve = brindle.Bezier()
+    for name, value in itertools.product(("from_parameter", "to_parameter"), (math.nan, math.inf)):
+        assert support.message_of(setattr, curve, name, value) == "Invalid argument at index 0."
+    assert (curve.from_parameter, curve.to_parameter) == (0, 1)
+
+
+def test_a_curve_tells_its_shape():
+    hump = curve_of(HUMP)
+    assert (hump.line, hump.cusp, hump.inflections) == (False, False, 0)
+    assert (xy(hump.from_tangent), xy(hump.to_tangent)) == ((0, 1), (0, -1))
+    assert isinstance(hump.from_tangent, brindle.Vector2d)
+    assert hump.bounding_box == brindle.AllocatedRect2D(10, 7.5, 0, 0)
+    assert curve_of([[0, 0], [10, 10], [0, -10], [10, 0]]).inflections == 1
+    assert curve_of([[0, 0], [10, 10], [0, 10], [10, 0]]).cusp
+    assert curve_of([[0, 0], [1, 1]]).line
+    assert points_of(hump.derivative()) == [(0, 30), (30, 0), (0, -30)]
+    assert xy(hump.evaluate_and_round(0.5)) == (5, 8)
+    hump.straighten()
+    assert points_of(hump) == [(0, 0), (10, 0)]
+
+
+@BOTH
+@pytest.mark.parametrize("bad", [math.nan, math.inf, -math.inf])
+def test_a_number_that_is_not_finite_is_refused(make, bad):
+    curve = make(HUMP)
+    calls = [("evaluate", (bad,), 0), ("split", (bad,), 0), ("truncate", (bad, 1), 0), ("truncate", (0, bad), 1),
+             ("round", (bad,), 0)]
+    calls += [("evaluate_and_round", (bad,), 0)] if make is curve_of else [("insert_point", (bad,), 0)]
+    for name, arguments, index in calls:
+        assert support.message_of(getattr(curve, name), *arguments) == f"Invalid argument at index {index}."
+    assert support.message_of(curve.closest_point, [bad, 0]) == "Failed to find a nearest point."
+    assert points_of(curve) == pairs(HUMP)
+
+
+# --- A path ---------------------------------------------------------------------------------------------------------
+
+
+def test_a_circle_starts_above_its_centre_and_runs_clockwise():
+    circle = brindle.BezierPath.create_circle()
+    assert (circle.bezier_count, len(circle), xy(circle[0]), circle.closed) == (4, 13, (0, 1), True)
+    assert circle.polygon_clockwise
+    assert circle == brindle.BezierPath.create_circle(x=0, y=0, r=1, arcs=4)
+    assert circle == brindle.BezierPath.create_oval()
+    assert brindle.BezierPath.create_circle(arcs=0).empty
+    for arcs in (1_000_001, 2**32 - 1):
+        assert support.message_of(brindle.BezierPath.create_circle, 0, 0, 1, arcs) == "Invalid argument at index 3."
+    with pytest.raises(brindle.ArgumentError):
+        brindle.BezierPath.create_circle(arcs=-1)
+    assert support.message_of(brindle.BezierPath.create_oval, 0, math.nan) == "Invalid argument at index 1."
+
+
+def test_a_rectangle_goes_along_x_first():
+    rectangle = brindle.BezierPath.create_rectangle(1, 2, 5, 4)
+    assert points_of(rectangle) == [(1, 2), (5, 2), (5, 4), (1, 4), (1, 2)]
+    assert points_of(brindle.BezierPath.create_rectangle()) == [(0, 0), (1, 0), (1, 1), (0, 1), (0, 0)]
+
+
+def test_a_static_method_needs_no_object_and_takes_one():
+    assert len(brindle.BezierPath().create_circle()) == 13
+    with pytest.raises(TypeError):
+        brindle.BezierPath.create_circle(radius=1)
+
+
+def test_curves_of_a_path_are_given_appended_and_replaced():
+    path = path_of(HUMP)
+    path.bezier_append(curve_of([[10, 0], [15, -5], [20, 0]]))
+    path.bezier_append_front(curve_of([[-5, 0], [0, 0]]))
+    assert [path.bezier_degree(i) for i in range(path.bezier_count)] == [1, 3, 2]
+    assert points_of(path.bezier(1)) == pairs(HUMP)
+    path.bezier_set(1, curve_of([[0, 0], [10, 0]]))
+    assert points_of(path) == [(-5, 0), (0, 0), (10, 0), (15, -5), (20, 0)]
+    for call in (lambda: path.bezier(3), lambda: path.bezier_degree(3), lambda: path.bezier_set(3, curve_of(HUMP)),
+                 lambda: path.bezier_set(2, path), lambda: path.point_on_curve(5), lambda: path.erase(4, 2),
+                 lambda: path.get_polygon_length(5)):
+        assert support.message_of(call) == OUT_OF_RANGE
+    path.bezier_append(path)
+    assert path.bezier_count == 7  # With a line back to the first point.
+
+
+def test_a_path_is_closed_and_emptied_and_no_more():
+    path = polyline([(0, 0), (1, 0), (1, 1)])
+    path.closed = False
+    assert not path.closed
+    path.closed = True
+    assert path.closed and points_of(path)[-1] == (0, 0)
+    path.closed = False
+    assert path.closed
+    path.empty = False
+    assert len(path) == 4
+    path.empty = True
+    assert path.empty and len(path) == 0
+    path.empty = False
+    assert path.empty
+
+
+def test_trimming_pads():
+    path = polyline([(0, 0), (1, 0), (2, 0)])
+    assert support.message_of(path.trim, 2) == "Cannot trim path to fewer points than available."
+    assert support.message_of(path.trim, 10**9) == "Invalid argument at index 0."
+    path.trim(5)
+    assert len(path) == 5 and xy(path.evaluate(path.bezier_count)) == (2, 0)
+
+
+def test_the_polygon_of_a_path_is_measured():
+    path = path_of(HUMP)
+    assert path.polygon_length == path.get_polygon_length() == path.get_polygon_length(-1) == 30
+    assert [path.get_polygon_length(i) for i in range(4)] == [0, 10, 20, 30]
+    assert (path.polygon_area, path.polygon_clockwise) == (100, True)
+    assert (path.points_on_curve, [path.point_on_curve(i) for i in range(4)]) == (2, [True, False, False, True])
+    assert path.bounding_box_inner == brindle.AllocatedRect2D(10, 0, 0, 0)
+
+
+def test_areas():
+    square = brindle.BezierPath.create_rectangle(0, 0, 10, 10)
+    assert square.containing([5, 5]) and square.containing(5) and not square.containing([15, 5])
+    assert brindle.BezierPath.create_circle(5, 5, 4).inside(square)
+    assert brindle.BezierPath.create_circle(50, 5, 4).outside(square)
+    across = brindle.BezierPath.create_circle(10, 5, 4)
+    assert not across.inside(square) and not across.outside(square)
+    assert square.intersecting(across) and len(square.intersections(across)) == 2
+
+
+# --- What holds for every curve -------------------------------------------------------------------------------------
+
+
+def every(*strategies, examples=100):
+    """What a test holds for. How long an example takes depends on what else the machine does."""
+    return lambda test: settings(deadline=None, max_examples=examples)(given(*strategies)(test))
+
+
+coordinates = st.floats(-1000, 1000, allow_nan=False).map(lambda x: round(x, 6))
+places = st.tuples(coordinates, coordinates)
+parameters = st.floats(0, 1)
+controls = st.lists(places, min_size=2, max_size=4)
+curves = controls.map(curve_of)
+chains = st.lists(controls, min_size=1, max_size=4)
+
+
+def chain_of(pieces):
+    """A path of several curves, each beginning where the one before it ends."""
+    path = brindle.BezierPath()
+    for piece in pieces:
+        points = list(piece)
+        if not path.empty:
+            points[0] = xy(path[len(path) - 1])
+        path.bezier_append(curve_of(points))
+    return path
+
+
+paths = chains.map(chain_of)
+
+
+@every(curves, parameters)
+def test_the_parts_of_a_curve_are_the_curve(curve, at):
+    whole = curve.copy()
+    behind = curve.split(at)
+    tolerance = 1e-9 * size_of(whole)
+    for s in (0, 0.25, 0.5, 0.9, 1):
+        assert distance(curve.evaluate(s), whole.evaluate(at * s)) <= tolerance
+        assert distance(behind.evaluate(s), whole.evaluate(at + (1 - at) * s)) <= tolerance
+    assert (curve.to_parameter, behind.from_parameter) == (at, at)
+
+
+@every(paths, parameters)
+def test_a_path_that_was_split_is_joined_again(path, at):
+    whole = path.copy()
+    count = whole.bezier_count
+    behind = path.split(at * count)
+    tolerance = 1e-6 * size_of(whole)  # Where a curve turns back, its nearest point is found that closely.
+    assert distance(path[len(path) - 1], behind[0]) <= tolerance
+    path.bezier_append(behind)
+    for point in samples_of(whole, count, 20):
+        nearest = path.evaluate(path.closest_point(point))
+        assert distance(nearest, point) <= tolerance
+    assert distance(path[0], whole[0]) <= tolerance
+    assert distance(path[len(path) - 1], whole[len(whole) - 1]) <= tolerance
+
+
+@every(curves, parameters, parameters)
+def test_a_stretch_is_the_part_between_two_parameters(curve, a, b):
+    stretch = curve.truncate(a, b)
+    for s in (0, 0.3, 1):
+        assert distance(stretch.evaluate(s), curve.evaluate(a + (b - a) * s)) <= 1e-9 * size_of(curve)
+
+
+@every(st.one_of(curves, paths))
+def test_reversed_twice_it_is_itself(curve):
+    other = curve.copy()
+    other.reverse()
+    assert curve.equivalent_reverse(other) and points_of(other) == points_of(curve)[::-1]
+    end = curve.bezier_count if isinstance(curve, brindle.BezierPath) else 1
+    for s in (0, 0.25, 1):
+        assert distance(curve.evaluate(s * end), other.evaluate((1 - s) * end)) <= 1e-9 * size_of(curve)
+    other.reverse()
+    assert other == curve
+
+
+@every(st.one_of(curves, paths), st.floats(-180, 180), st.floats(0.1, 10), places)
+def test_a_matrix_and_its_inverse_leave_a_curve(curve, angle, factor, place):
+    matrix = brindle.Matrix()
+    matrix.translate(*place, 0)
+    matrix.rotate_degrees(angle)
+    matrix.scale(factor, factor, 1)
+    other = curve.copy()
+    other.multiply(matrix)
+    for point, moved in zip(curve, other):
+        x, y, _ = matrix.apply([*xy(point)])
+        assert math.dist((x, y), xy(moved)) <= 1e-9 * size_of(curve) * 20
+    other.multiply(matrix.get_inverse())
+    for point, back in zip(curve, other):
+        assert distance(point, back) <= 1e-8 * size_of(curve)
+
+
+@every(st.one_of(curves, paths))
+def test_the_box_is_the_smallest_about_the_curve(curve):
+    box = curve.bounding_box
+    end = curve.bezier_count if isinstance(curve, brindle.BezierPath) else 1
+    tolerance = 1e-9 * size_of(curve)
+    dense = [xy(point) for point in samples_of(curve, end, 400)]
+    for x, y in dense:
+        assert box.x - tolerance <= x <= box.x + box.width + tolerance
+        assert box.y - tolerance <= y <= box.y + box.height + tolerance
+    coarse = 0.01 * size_of(curve)  # The samples come about as near to each side.
+    assert min(x for x, _ in dense) <= box.x + coarse and max(x for x, _ in dense) >= box.x + box.width - coarse
+    assert min(y for _, y in dense) <= box.y + coarse and max(y for _, y in dense) >= box.y + box.height - coarse
+
+
+@every(st.one_of(curves, paths), places)
+def test_no_sample_of_a_curve_is_nearer_than_the_nearest_point(curve, place):
+    end = curve.bezier_count if isinstance(curve, brindle.BezierPath) else 1
+    try:
+        at = curve.closest_point([*place])
+    except brindle.Error as failure:
+        # The search reaches as far as the control points but the last; for a point on all of those it reaches nowhere.
+        assert str(failure) == "Failed to find a nearest point."
+        assert isinstance(curve, brindle.Bezier) and {xy(p) for p in curve[:-1]} == {place}
+        return
+    assert 0 <= at <= end
+    target = brindle.Point2d(*place)
+    nearest = distance(curve.evaluate(at), target)
+    assert nearest <= min(distance(point, target) for point in samples_of(curve, end)) + 1e-7 * size_of(curve)
+
+
+@every(paths, paths)
+def test_intersections_lie_on_both_curves(path, other):
+    tolerance = 1e-6 * size_of(path, other)
+    found = path.intersections(other)
+    assert path.intersecting(other) == bool(found)
+    for point in found:
+        for curve in (path, other):
+            assert distance(curve.evaluate(curve.closest_point(point)), point) <= tolerance
+
+
+@every(places, st.floats(0, 180), st.floats(5, 175), st.tuples(*[st.floats(1, 500)] * 4))
+def test_lines_that_cross_meet_at_their_crossing(crossing, angle, between, lengths):
+    def end(degrees, length):
+        x, y = crossing
+        return [x + length * math.cos(math.radians(degrees)), y + length * math.sin(math.radians(degrees))]
+
+    one = curve_of([end(angle, lengths[0]), end(angle + 180, lengths[1])])
+    other = curve_of([end(angle + between, lengths[2]), end(angle + between + 180, lengths[3])])
+    found = one.intersections(other)
+    assert one.intersecting(other) and len(found) == 1
+    assert distance(found[0], brindle.Point2d(*crossing)) <= 1e-6 * size_of(one, other)
+
+
+@every(paths, parameters)
+def test_a_point_that_is_inserted_leaves_the_shape(path, at):
+    whole = path.copy()
+    path.insert_point(at * whole.bezier_count)
+    assert path.bezier_count in (whole.bezier_count, whole.bezier_count + 1)
+    for point in samples_of(whole, whole.bezier_count, 20):
+        assert distance(path.evaluate(path.closest_point(point)), point) <= 1e-6 * size_of(whole)
+
+
+def farthest(path, points):
+    return max(distance(path.evaluate(path.closest_point(point)), brindle.Point2d(*point)) for point in points)
+
+
+@every(st.lists(places, min_size=2, max_size=60), st.booleans())
+def test_a_fit_comes_within_1_of_its_points(points, closed):
+    points = [list(point) for point in points]
+    assume(len({tuple(point) for point in points}) > 1)
+    fit = brindle.BezierPath.create_bezier_fit(points, closed)
+    assert farthest(fit, points) <= 1 + 1e-6
+    assert math.dist(xy(fit[0]), points[0]) <= 1e-9 * 1000
+    if closed:
+        assert fit.closed
+
+
+@every(st.floats(1, 100), st.floats(0.5, 30), st.integers(20, 300), examples=25)
+def test_a_smooth_row_of_points_needs_few_curves(height, waves, count):
+    points = [[i * 1000 / count, height * math.sin(waves * i / count)] for i in range(count + 1)]
+    fit = brindle.BezierPath.create_bezier_fit(points)
+    assert farthest(fit, points) <= 1 + 1e-6
+    assert fit.bezier_count <= count
+    one = brindle.BezierPath.create_bezier_fit(points, one_bezier=True)
+    assert one.bezier_count == 1 and xy(one[0]) == tuple(points[0]) and xy(one[3]) == tuple(points[-1])
+
+
+@every(paths)
+def test_a_path_survives_a_pickle(path):
+    other = pickle.loads(pickle.dumps(path))
+    assert other == path and [other.point_on_curve(i) for i in range(len(other))] == [
+        path.point_on_curve(i) for i in range(len(path))]
+
+
+# --- Whatever a script passes ---------------------------------------------------------------------------------------
+
+ODD = [0.0, 1.0, -1.0, 5e-324, 1e-160, 1e154, 1e160, 1.7e308, -1.7e308, math.inf, -math.inf, math.nan]
+
+
+@every(st.lists(st.tuples(st.sampled_from(ODD), st.sampled_from(ODD)), min_size=1, max_size=4), st.sampled_from(ODD),
+       examples=300)
+def test_odd_points_give_a_result_or_one_sentence(points, number):
+    for make in (curve_of, path_of):
+        try:
+            sample = make([list(point) for point in points])
+        except brindle.Error:
+            continue
+        names = [name for name in dir(sample) if not name.startswith("_")]
+        for name in names:
+            for arguments in ((), (number,), (number, 0.5), ([number, number],), (sample,)):
+                curve = sample.copy()
+                try:
+                    member = getattr(curve, name)
+                    result = member(*arguments) if callable(member) and not isinstance(member, brindle.BaseObject) else member
+                    repr(result)
+                except (brindle.Error, TypeError, OverflowError, ValueError) as failure:
+                    assert str(failure)
+
+
+@pytest.mark.parametrize("points", [[[1, 2]] * 500, [[0, 0], [1, 0]] * 250, [[i, 0] for i in range(500)],
+                                    [[i * 1e-9, 0] for i in range(500)], [[1e15 + i, 1e15] for i in range(500)],
+                                    [[i % 7, i % 11] for i in range(1500)]],
+                         ids=["one place", "to and fro", "a line", "tiny", "far away", "scattered"])
+def test_degenerate_points_are_fitted(points):
+    for closed, one in itertools.product((False, True), repeat=2):
+        fit = brindle.BezierPath.create_bezier_fit(points, closed, one)
+        assert not fit.empty
+        fit.intersecting()
