@@ -45,7 +45,7 @@ QString folderOf(const QString& path)
     return slash > 0 ? path.left(slash) : QStringLiteral("/");
 }
 
-/// Writes and syncs; 0 or the error.
+/// 0 or the error.
 int writeAll(int file, const QByteArray& content)
 {
     const char* data = content.constData();
@@ -58,7 +58,7 @@ int writeAll(int file, const QByteArray& content)
             left -= written;
         }
     }
-    return ::fsync(file) == 0 ? 0 : errno;
+    return 0;
 }
 
 } // namespace
@@ -139,6 +139,20 @@ void writeNew(const QString& path, const QByteArray& content, const QString& sho
         ::unlink(name.constData());
         throw FolderFailure::ofSystem(shownAs, "cannot be written", error);
     }
+}
+
+void syncFile(const QString& path, const QString& shownAs)
+{
+    const Descriptor file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC));
+    if (file < 0 || ::fsync(file) != 0)
+        throw FolderFailure::ofSystem(shownAs, "cannot be written", errno);
+}
+
+void syncDisk(const QString& folder)
+{
+    const Descriptor file(::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (file < 0 || ::syncfs(file) != 0)
+        throw FolderFailure::ofSystem(folder, "cannot be written", errno);
 }
 
 void rename(const QString& from, const QString& to)

@@ -31,9 +31,14 @@ FileKind kindOf(const QString& path);
 /// The whole content. `missing`, when given, is set instead of throwing when nothing is there.
 QByteArray read(const QString& path, bool* missing = nullptr);
 
-/// Makes a new file and waits until the disk has its content. A failure names `shownAs`, the file that the content is
-/// meant for, and leaves no file. `mode` is the file's permissions, before the process's mask.
+/// Makes a new file. A failure names `shownAs`, the file that the content is meant for, and leaves no file. `mode` is
+/// the file's permissions, before the process's mask.
 void writeNew(const QString& path, const QByteArray& content, const QString& shownAs, unsigned int mode);
+
+/// Waits until the disk has a file's content.
+void syncFile(const QString& path, const QString& shownAs);
+/// Waits until the disk has all files, also those of others, that stand on the one that the folder is on.
+void syncDisk(const QString& folder);
 
 void rename(const QString& from, const QString& to);
 void remove(const QString& path); ///< Nothing there is as good.

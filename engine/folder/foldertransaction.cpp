@@ -9,6 +9,8 @@ namespace engine {
 namespace {
 
 constexpr int journalVersion = 1;
+/// To wait for a file takes the disk some milliseconds, and for all that are to be written not much longer.
+constexpr std::size_t mostFilesOneByOne = 8;
 
 QString stagePath(const QString& folder)
 {
@@ -205,13 +207,22 @@ void FolderTransaction::dropUnchanged()
 
 void FolderTransaction::stage() const
 {
+    const QString newJournal = stagePath(m_folder) + "/journal.new";
     folder_io::makeFolder(stagePath(m_folder));
     int index = 0;
     for (const auto& [path, content] : m_replaced) {
         const QString target = m_folder + u'/' + path;
         folder_io::writeNew(stagedPath(m_folder, index++), content, target, folder_io::modeOf(target));
     }
-    folder_io::writeNew(stagePath(m_folder) + "/journal.new", journal(), journalPath(m_folder), 0666);
+    folder_io::writeNew(newJournal, journal(), journalPath(m_folder), 0666);
+    if (m_replaced.size() > mostFilesOneByOne) {
+        folder_io::syncDisk(m_folder);
+        return;
+    }
+    index = 0;
+    for (const auto& [path, content] : m_replaced)
+        folder_io::syncFile(stagedPath(m_folder, index++), m_folder + u'/' + path);
+    folder_io::syncFile(newJournal, journalPath(m_folder));
     folder_io::sync(stagePath(m_folder));
 }
 

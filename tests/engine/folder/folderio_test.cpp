@@ -53,6 +53,17 @@ TEST_F(FolderIoTest, AMissingFileIsToldInTheWayThatWasAskedFor)
               named("none", "cannot be read: no such file or directory"));
 }
 
+TEST_F(FolderIoTest, WaitingForWhatIsNotThereIsTold)
+{
+    put(path("file"), "x");
+    EXPECT_EQ(failure([&] { folder_io::syncFile(path("file"), path("shown")); }), std::string());
+    EXPECT_EQ(failure([&] { folder_io::syncDisk(path(".")); }), std::string());
+    EXPECT_EQ(failure([&] { folder_io::syncFile(path("none"), path("shown")); }),
+              named("shown", "cannot be written: no such file or directory"));
+    EXPECT_EQ(failure([&] { folder_io::syncDisk(path("none")); }),
+              named("none", "cannot be written: no such file or directory"));
+}
+
 TEST_F(FolderIoTest, AFileThatCannotBeWrittenWholeIsNotThere)
 {
     EXPECT_EQ(failure([&] { folder_io::writeNew(path("a/b"), "x", path("shown"), 0666); }),
