@@ -76,6 +76,10 @@ NATIVE = (
     Row("move an Obj there and back", "moveObj", "floorNewQObject", "Qt: new QObject"),
     Row("copy an Obj with its object", "copyObj", "floorVariantOfCarried", "Qt: QVariant by copy"),
     Row("set_value, with its undo entry", "setValueWithUndo"),
+    Row("save 100 scenes of 100 nodes", "saveScenes/10000", items=10_000, most=2.0),
+    Row("open 100 scenes of 100 nodes", "openScenes/10000", items=10_000, most=0.5, aim=0.15),
+    Row("undo a bracket of 100,000 changes", "undoBracket/100000", items=100_000, most=0.2, aim=0.05),
+    Row("redo a bracket of 100,000 changes", "redoBracket/100000", items=100_000, most=0.2, aim=0.05),
     Row("read a point from two numbers", "readPointStrictly", "floorTwoNumbers", "Qt: two list items", most=100 * NS),
     Row("the same leniently", "readPointLeniently", "floorTwoNumbers", "Qt: two list items", most=100 * NS),
     Row("make a Point2d of them", "makePointOfList", "floorNewQObject", "Qt: new QObject", most=100 * NS),
@@ -129,8 +133,19 @@ NATIVE_SCALING = (
     ("undo of keys, a key", "undoKeys"),
     ("save, a node", "saveProject"),
     ("open, a node", "openProject"),
+    ("save 10 to 1,000 scenes, a node", "saveScenes"),
+    ("open 10 to 1,000 scenes, a node", "openScenes"),
+    ("undo a bracket, a change", "undoBracket"),
+    ("redo a bracket, a change", "redoBracket"),
+)
+
+# What an entry of an undo list of that many entries weighs, in bytes: the benchmarks' counter "bytes".
+NATIVE_MEMORY = (
+    ("a node was moved", "historyOfMoves"),
+    ("a key's value was set", "historyOfKeys"),
 )
 
 # What handles all items of its size at once, and what waits for the disk.
-NATIVE_PER_ITEM = {"iterateNames", "createAndLink", "undoCreation", "setKeys", "undoKeys", "saveProject", "openProject"}
-NATIVE_ON_THE_CLOCK = {"saveProject", "openProject"}
+NATIVE_ON_THE_CLOCK = {"saveProject", "openProject", "saveScenes", "openScenes"}
+NATIVE_PER_ITEM = NATIVE_ON_THE_CLOCK | {"iterateNames", "createAndLink", "undoCreation", "setKeys", "undoKeys",
+                                         "undoBracket", "redoBracket"}

@@ -35,7 +35,7 @@ def measure_python(build):
 
 
 def measure_native(build, repetitions=5):
-    """Seconds an operation, or an item where the benchmark has a size, as lists of repetitions."""
+    """Seconds an operation, or an item where the benchmark has a size, as lists of repetitions; bytes, where it weighs."""
     progress("the C++ side")
     done = subprocess.run(
         [str(build / "bin" / "brindle_bench"), "--benchmark_format=json", "--benchmark_min_time=0.02",
@@ -48,7 +48,7 @@ def measure_native(build, repetitions=5):
             subject, _, size = name.partition("/")
             items = int(size) if subject in rows.NATIVE_PER_ITEM else 1
             clock = "real_time" if subject in rows.NATIVE_ON_THE_CLOCK else "cpu_time"
-            samples[name].append(entry[clock] * 1e-9 / items)
+            samples[name].append(entry["bytes"] if "bytes" in entry else entry[clock] * 1e-9 / items)
     return dict(samples)
 
 

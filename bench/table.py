@@ -16,6 +16,10 @@ def duration(seconds):
     return f"{seconds:.2f} s"
 
 
+def weight(count):
+    return f"{count:,.0f} B"
+
+
 def line(cells):
     texts = [f"{cell:<{width}}" if index in (0, 3) else f"{cell:>{width}}"
              for index, (cell, width) in enumerate(zip(cells, WIDTHS))]
@@ -90,11 +94,11 @@ def text(python, native):
         lines.extend(line((name, duration(statistics.median(samples[key])), duration(min(samples[key]))))
                      for name, key in entries if key in samples)
 
-    def growth(title, samples, entries):
+    def growth(title, samples, entries, shown=duration):
         section(title)
         lines.append(growth_line(("", *(f"{size:,}" for size in rows.SIZES), "growth")))
         for name, costs, factor in scaling(samples, entries):
-            lines.append(growth_line((name, *map(duration, costs), f"{factor:.2f}x")))
+            lines.append(growth_line((name, *map(shown, costs), f"{factor:.2f}x")))
 
     if python:
         operations("From Python", python, rows.PYTHON)
@@ -103,5 +107,6 @@ def text(python, native):
     if native:
         operations("From C++", native, rows.NATIVE)
         growth("From C++, 1,000 to 100,000", native, rows.NATIVE_SCALING)
+        growth("Memory of an entry in an undo list of 1,000 to 100,000", native, rows.NATIVE_MEMORY, weight)
         floors("Floors of Qt, in the same run", native, rows.NATIVE_FLOORS)
     return "\n".join(lines[1:]) + "\n"

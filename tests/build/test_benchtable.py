@@ -51,11 +51,19 @@ def test_growth_compares_an_item_of_the_largest_size_with_one_of_the_smallest():
     assert list(table.scaling(samples, (("open", "open"),))) == [("open", [4e-6, 5e-6, 6e-6], 1.5)]
 
 
+def test_memory_is_told_in_bytes_of_an_entry():
+    samples = {f"historyOfMoves/{size}": [weight, weight + 2, weight + 1]
+               for size, weight in ((1_000, 200), (10_000, 1_234), (100_000, 210))}
+    text = table.text({}, samples)
+    assert [part.strip() for part in text.splitlines()[-4].split("  ") if part.strip()] == [
+        "a node was moved", "201 B", "1,235 B", "211 B", "1.05x"]
+
+
 def test_every_row_of_the_native_side_has_its_benchmark():
     sources = "".join(file.read_text() for file in BENCH.rglob("*.cpp"))
     measured = set(re.findall(r"^BENCHMARK\((\w+)\)", sources, re.MULTILINE))
-    asked = {key for row in rows.NATIVE for key in (row.key, row.floor) if key}
-    asked |= {key for _, key in (*rows.NATIVE_FLOORS, *rows.NATIVE_SCALING)}
+    asked = {key.split("/")[0] for row in rows.NATIVE for key in (row.key, row.floor) if key}
+    asked |= {key for _, key in (*rows.NATIVE_FLOORS, *rows.NATIVE_SCALING, *rows.NATIVE_MEMORY)}
     assert asked <= measured
 
 
