@@ -186,7 +186,7 @@ def test_what_is_gone_can_be_passed_and_changes_nothing(app, folder, go):
     if go is gone_by_closing:
         app = brindle.open(folder)
     node = app.scene.nodes.create("PEG", "Alive")
-    before = support.saved(app, folder)
+    before = support.saved_content(app, folder)
     angle = node.attributes["angle"]
     for name, dead in samples.items():
         if name in KEPT:
@@ -199,7 +199,7 @@ def test_what_is_gone_can_be_passed_and_changes_nothing(app, folder, go):
                      lambda: dead in node.attributes, lambda: dead == node, lambda: node == dead,
                      lambda: app.scenes.contains(dead)):
             outcome(call)
-    assert support.saved(app, folder) == before
+    assert support.saved_content(app, folder) == before
     assert node.valid
 
 

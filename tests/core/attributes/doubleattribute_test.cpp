@@ -137,11 +137,11 @@ TEST_F(DoubleAttributeTest, SettingThePresentLocalValueIsAnEntryToo)
 {
     x.setLocalvalue(0);
     EXPECT_EQ(labels(), QStringList("Set Attribute local value."));
-    const QByteArray before = saved();
+    const QByteArray before = savedContent();
     undo();
-    EXPECT_EQ(saved(), before);
+    EXPECT_EQ(savedContent(), before);
     redo();
-    EXPECT_EQ(saved(), before);
+    EXPECT_EQ(savedContent(), before);
 }
 
 TEST_F(DoubleAttributeTest, ResettingGivesTheDefault)

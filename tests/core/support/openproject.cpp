@@ -81,6 +81,13 @@ QByteArray OpenProject::saved() const
     return content;
 }
 
+QByteArray OpenProject::savedContent() const
+{
+    QByteArray content = saved();
+    const qsizetype line = content.indexOf("  \"lastChange\"");
+    return line < 0 ? content : content.remove(line, content.indexOf('\n', line) + 1 - line);
+}
+
 void OpenProject::close()
 {
     m_session->projectManager()->closeProject();

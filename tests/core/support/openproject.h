@@ -40,6 +40,8 @@ public:
 
     /// The project as it is saved: equal bytes are an equal project. It saves, so the project is clean afterwards.
     QByteArray saved() const;
+    /// The same without the label of the last change, which a change without effect leaves behind.
+    QByteArray savedContent() const;
     void close(); ///< Every engine object of the project is gone afterwards; the session stays.
 
 private:
