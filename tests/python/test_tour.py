@@ -49,7 +49,7 @@ def test_its_project_is_a_walk_that_can_be_opened(tour):
         assert len(keyed) >= 8
         assert all(1 <= frame <= 48 for attribute in keyed for frame in attribute.column.keyframe_list())
     text = support.run_command("info", tour[0] / "out" / "walk-cycle").stdout
-    assert 'Scene "Scene-1": 48 frames at 24 fps' in text
+    assert 'Scene "Scene-1": 48 frames (1 to 48) at 24 fps' in text
 
 
 def test_it_runs_in_a_plain_interpreter_too(tour):
