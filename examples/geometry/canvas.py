@@ -1,0 +1,152 @@
+"""Draws curves, points and text as SVG: panels in a row, each a window onto a plane with y upwards."""
+
+from xml.sax.saxutils import escape
+
+import brindle
+
+BLUE, RED, GREEN, ORANGE, GREY = "#2f6db3", "#c8432b", "#2e8b57", "#c77d0a", "#8a8a8a"
+
+GAP = 16  # between panels, and around them
+LINE = 15  # of text
+CODE = 'font-family="monospace" font-size="11"'
+
+
+def number(value):
+    """Two digits are finer than a picture shows, and the same on every machine."""
+    return f"{round(value, 2) + 0.0:g}"
+
+
+class Panel:
+    """A window onto the plane: what is drawn is given in the coordinates of `box`, (left, bottom, right, top)."""
+
+    def __init__(self, title, box, caption="", width=236):
+        self.title = title.split("\n")
+        self.caption = caption.split("\n") if caption else []
+        self.box = box
+        self.width = width
+        left, bottom, right, top = box
+        self.scale = width / (right - left)
+        self.height = self.scale * (top - bottom)
+        self.lines = []
+        self.matrix = brindle.Matrix()
+        self.matrix.translate(0, self.height, 0)
+        self.matrix.scale(self.scale, -self.scale, 1)
+        self.matrix.translate(-left, -bottom, 0)
+        self.grid()
+
+    def at(self, point):
+        x, y, _ = self.matrix.apply([*coordinates(point)])
+        return x, y
+
+    def grid(self):
+        left, bottom, right, top = self.box
+        step = next(step for step in (1, 2, 5, 10, 20, 50, 100) if (right - left) / step <= 15)
+        for axis, low, high in ((0, left, right), (1, bottom, top)):
+            for place in range(int(low // step) * step, int(high) + step, step):
+                if low <= place <= high:
+                    ends = ((place, bottom), (place, top)) if axis == 0 else ((left, place), (right, place))
+                    self.line(*ends, "#c9c9c9" if place == 0 else "#eeeeee", 1)
+
+    def line(self, a, b, colour, width=1.5, dash=""):
+        (x1, y1), (x2, y2) = self.at(a), self.at(b)
+        dashes = f' stroke-dasharray="{dash}"' if dash else ""
+        self.lines.append(f'<line x1="{number(x1)}" y1="{number(y1)}" x2="{number(x2)}" y2="{number(y2)}" '
+                          f'stroke="{colour}" stroke-width="{width}"{dashes}/>')
+
+    def arrow(self, a, b, colour, width=1.5):
+        self.line(a, b, colour, width)
+        (x1, y1), (x2, y2) = self.at(a), self.at(b)
+        length = ((x2 - x1) ** 2 + (y2 - y1) ** 2) ** 0.5 or 1.0
+        x, y = (x2 - x1) / length * 7, (y2 - y1) / length * 7
+        corners = [(x2, y2), (x2 - x - y / 2, y2 - y + x / 2), (x2 - x + y / 2, y2 - y - x / 2)]
+        self.lines.append(f'<polygon points="{" ".join(f"{number(x)},{number(y)}" for x, y in corners)}" fill="{colour}"/>')
+
+    def path(self, path, colour, width=2, fill="none", dash=""):
+        """A BezierPath, whose curves become the curves of the picture."""
+        drawn = path.copy()
+        drawn.multiply(self.matrix)
+        dashes = f' stroke-dasharray="{dash}"' if dash else ""
+        self.lines.append(f'<path d="{path_data(drawn)}" fill="{fill}" stroke="{colour}" stroke-width="{width}"{dashes}/>')
+
+    def curve(self, curve, colour, width=2, dash=""):
+        self.path(path_of(curve), colour, width, dash=dash)
+
+    def controls(self, path, colour):
+        """The control points of a path, with the handles as lines to the points that they belong to."""
+        points = list(path)
+        for index, point in enumerate(points):
+            if path.point_on_curve(index):
+                self.dot(point, colour, 3.5)
+                continue
+            end = index - 1 if path.point_on_curve(index - 1) else index + 1
+            self.line(point, points[end], colour, 0.8)
+            self.ring(point, colour, 2.5)
+
+    def dot(self, point, colour, radius=3):
+        x, y = self.at(point)
+        self.lines.append(f'<circle cx="{number(x)}" cy="{number(y)}" r="{radius}" fill="{colour}"/>')
+
+    def ring(self, point, colour, radius=3):
+        x, y = self.at(point)
+        self.lines.append(f'<circle cx="{number(x)}" cy="{number(y)}" r="{radius}" fill="white" stroke="{colour}"/>')
+
+    def text(self, point, text, dx=6, dy=-6, colour="#333333", anchor="start"):
+        """Beside a point, the shift in pixels; white around it, so that it reads on lines."""
+        x, y = self.at(point)
+        self.lines.append(f'<text x="{number(x + dx)}" y="{number(y + dy)}" fill="{colour}" font-size="11" '
+                          f'text-anchor="{anchor}" stroke="white" stroke-width="3" paint-order="stroke">{escape(text)}</text>')
+
+    def swatch(self, point, size, colour, opacity):
+        (x1, y1), (x2, y2) = self.at(point), self.at((point[0] + size, point[1] - size))
+        self.lines.append(f'<rect x="{number(x1)}" y="{number(y1)}" width="{number(x2 - x1)}" height="{number(y2 - y1)}" '
+                          f'fill="{colour}" fill-opacity="{number(opacity)}" stroke="#999999"/>')
+
+
+def coordinates(point):
+    return (point.x, point.y) if hasattr(point, "x") else point
+
+
+def path_of(curve):
+    path = brindle.BezierPath()
+    path.bezier_append(curve)
+    return path
+
+
+def path_data(path):
+    """The curves of a path in the letters of SVG: L for degree 1, Q for 2, C for 3."""
+    if path.empty:
+        return ""
+    spelled = ["M " + " ".join(number(c) for c in coordinates(path[0]))]
+    for index in range(path.bezier_count):
+        curve = path.bezier(index)
+        points = " ".join(number(c) for point in list(curve)[1:] for c in coordinates(point))
+        spelled.append(f"{' LQC'[curve.degree]} {points}")
+    return " ".join(spelled)
+
+
+def picture(*panels):
+    """The text of an SVG file with the panels side by side, their titles above and their captions below."""
+    head = LINE * max(len(panel.title) for panel in panels) + 6
+    foot = LINE * max(len(panel.caption) for panel in panels) + 4
+    tallest = max(panel.height for panel in panels)
+    width = sum(panel.width for panel in panels) + GAP * (len(panels) + 1)
+    height = tallest + head + foot + 2 * GAP
+    lines = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{number(width)}" height="{number(height)}" '
+             f'viewBox="0 0 {number(width)} {number(height)}" font-family="sans-serif" font-size="12">',
+             '<rect width="100%" height="100%" fill="white"/>']
+    x = GAP
+    for index, panel in enumerate(panels):
+        y = GAP + head
+        first = y - 8 - LINE * (len(panel.title) - 1)
+        lines += [f'<text x="{number(x)}" y="{number(first + LINE * i)}" {CODE} xml:space="preserve">{escape(line)}</text>'
+                  for i, line in enumerate(panel.title)]
+        lines.append(f'<clipPath id="panel{index}"><rect width="{number(panel.width)}" height="{number(panel.height)}"/>'
+                     '</clipPath>')
+        lines.append(f'<g transform="translate({number(x)} {number(y)})" clip-path="url(#panel{index})">')
+        lines += [*panel.lines, "</g>"]
+        lines.append(f'<rect x="{number(x)}" y="{number(y)}" width="{number(panel.width)}" '
+                     f'height="{number(panel.height)}" fill="none" stroke="#bbbbbb"/>')
+        lines += [f'<text x="{number(x)}" y="{number(y + panel.height + LINE * (i + 1))}" fill="#555555">{escape(line)}</text>'
+                  for i, line in enumerate(panel.caption)]
+        x += panel.width + GAP
+    return "\n".join(lines) + "\n</svg>\n"
