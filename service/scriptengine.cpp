@@ -4,6 +4,7 @@
 #include "core/frame/pythonthread.h"
 #include "core/host/pl_applock.h"
 #include "service/python/eventpump.h"
+#include "service/python/interpreter.h"
 #include "service/python/values.h"
 
 #include <QFile>
@@ -57,8 +58,12 @@ QString initialize(const QStringList& arguments)
     if (!PyStatus_Exception(status))
         status = Py_InitializeFromConfig(&config);
     PyConfig_Clear(&config);
-    if (!PyStatus_Exception(status))
+    if (!PyStatus_Exception(status)) {
+        if (!python::interpreterBegins())
+            PyErr_Print();
+        python::pumpEventsAtTheEnd();
         return {};
+    }
     return status.err_msg ? QString::fromUtf8(status.err_msg) : QStringLiteral("no reason given");
 }
 
@@ -78,6 +83,7 @@ private:
 
 ScriptEngine::~ScriptEngine()
 {
+    m_console.reset();
     if (!m_started)
         return;
     const Stay inPython;
@@ -92,7 +98,6 @@ int ScriptEngine::run(const QStringList& arguments)
         return 1;
     }
     const Stay inPython;
-    python::pumpEventsAtTheEnd();
     return Py_RunMain();
 }
 
@@ -102,7 +107,6 @@ bool ScriptEngine::start(QString& error)
     if (!error.isEmpty())
         return false;
     m_started = true;
-    python::pumpEventsAtTheEnd();
     PyEval_SaveThread();
     return true;
 }
@@ -121,6 +125,13 @@ bool ScriptEngine::execute(const QString& statements)
     else
         PyErr_Print();
     return false;
+}
+
+BAPP_ScriptConsole* ScriptEngine::console()
+{
+    if (m_started && !m_console)
+        m_console = ScriptConsole::create();
+    return m_console.get();
 }
 
 } // namespace brindle

@@ -9,4 +9,14 @@ SC_SessionContext* sessionContext()
     return PLUG_Services::getSessionContext();
 }
 
+TUDbAccess* dbAccess()
+{
+    return sessionContext()->projectCommon()->dbAccessPriv();
+}
+
+TUDbSceneData* dbSceneData()
+{
+    return sessionContext()->projectCommon()->dbSceneData();
+}
+
 } // namespace OMC::Global

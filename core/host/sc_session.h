@@ -19,6 +19,7 @@ class SC_SceneManager;
 class SC_SceneMetrics;
 class SC_SessionContext;
 class SCP_PythonEngine;
+class TUDbAccess;
 class TUDbSceneData;
 class TUScene;
 class TUSceneChangeManager;
@@ -107,6 +108,8 @@ public:
     virtual CO_CommandManager* commandManager() const = 0;
     virtual SC_SceneManager* sceneManager() const = 0;
     virtual TUDbSceneData* dbSceneData() const = 0;
+    /// Of the database that the project lies in; null for a project in a folder, as all of the open engine's are.
+    virtual TUDbAccess* dbAccessPriv() const { return nullptr; }
 
     virtual const SC_Resolution* resolution() const = 0; ///< The current one, or null.
     virtual double defaultFov() const = 0; ///< In degrees, over the side of the picture that the resolution fits.

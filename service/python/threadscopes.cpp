@@ -1,10 +1,13 @@
 #include "service/python/threadscopes.h"
 
 #include "core/frame/pythonthread.h"
+#include "core/frame/threadmanagerstate.h"
 #include "core/host/pl_applock.h"
 #include "core/host/scp_pythonengine.h"
 #include "service/python/enginegate.h"
 #include "service/python/interpreter.h"
+
+#include <QCoreApplication>
 
 #include <memory>
 #include <optional>
@@ -15,9 +18,10 @@ namespace {
 
 using OMC::PythonThreadHelper;
 
-/// Native code goes into Python. The main thread parks first, so that no thread with Python's lock waits for it; and it
-/// goes back to native code only when no blocking operation has the engine. After the end of the interpreter there is
-/// nothing to enter.
+/// Native code goes into Python. The main thread parks first, so that no thread with Python's lock waits for it. It
+/// goes back to native code only when no blocking operation has the engine and, where it gives up being inside Python,
+/// only after the threads that asked for the application's lock meanwhile: that lock is taken up for them. After the
+/// end of the interpreter there is nothing to enter.
 class GilScope final : public PythonThreadHelper::PythonGILScope_Priv {
 public:
     GilScope()
@@ -31,6 +35,8 @@ public:
     {
         if (m_state) {
             EngineGate::enter();
+            if (QCoreApplication::instance() && OMC::ThreadManager::mainThread())
+                OMC::ThreadManagerState::takeUpDelayedLock();
             PyGILState_Release(*std::exchange(m_state, std::nullopt));
         }
         m_parking.end();

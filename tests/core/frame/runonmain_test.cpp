@@ -1,7 +1,7 @@
 #include "core/frame/threadmanager.h"
 
 #include "tests/core/support/embedded.h"
-#include "tests/core/support/threadmanagerstate.h"
+#include "core/frame/threadmanagerstate.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>

@@ -3,7 +3,7 @@
 #include "core/frame/baseobject.h"
 #include "core/host/pl_applock.h"
 #include "tests/core/support/embedded.h"
-#include "tests/core/support/threadmanagerstate.h"
+#include "core/frame/threadmanagerstate.h"
 
 #include <QCoreApplication>
 

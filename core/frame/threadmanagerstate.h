@@ -4,7 +4,8 @@
 
 namespace OMC {
 
-/// What the thread manager keeps to itself.
+/// The inside of the thread manager: for the library that binds Python, and for tests. To be used like its fields, by
+/// one script thread at a time.
 class ThreadManagerState {
 public:
     static unsigned int depth() { return manager().m_applockDepth; }
@@ -13,6 +14,13 @@ public:
     static bool hasApplock() { return manager().hasApplock(); }
     static std::size_t notifyStates() { return manager().m_notifyStates.size(); }
     static unsigned int& jobIndex() { return manager().threadLockIndex(); }
+
+    /// Takes the application's lock for those who asked for it while the main thread was inside Python.
+    static void takeUpDelayedLock()
+    {
+        if (delayed())
+            manager().getApplockDelayed();
+    }
 
 private:
     static ThreadManager& manager() { return *ThreadManager::instance(); }
