@@ -11,6 +11,7 @@ on the wall clock.
 import bisect
 import copy
 import json
+import math
 import os
 import pathlib
 import subprocess
@@ -43,7 +44,8 @@ def short_operations(folder):
         names = dict(objects.NAMES, scene=scene, node=node, place=node.position, attributes=node.attributes,
                      angle=node.attributes["angle"], Point2d=brindle.Point2d, pair=[1.5, -2.5],
                      point=brindle.Point2d(1.5, -2.5), copy=copy.copy, history=app.project.history, matrix=brindle.Matrix(),
-                     turn=turn())
+                     turn=turn(), curve=brindle.BezierPath.create_circle().bezier(0),
+                     Bezier=brindle.Bezier, corners=[[0.0, 0.0], [1.0, 6.0], [7.0, 8.0], [10.0, 1.0]])
         samples.in_turn(dict(objects.STATEMENTS, **{
             "read int": ("scene.frame_count", 1),
             "read str": ("node.name", 1),
@@ -55,6 +57,9 @@ def short_operations(folder):
             "make point": ("Point2d(1.5, -2.5)", 1),
             "read point": ("Point2d(pair)", 1),
             "copy point": ("copy(point)", 1),
+            "evaluate curve": ("curve.evaluate(0.3)", 1),
+            "nearest point": ("curve.closest_point(pair)", 1),
+            "read curve": ("Bezier(corners)", 1),
             "set_value": ("angle.set_value(10, 1.5); angle.set_value(10, 2.5)", 2, "history.clear()"),
         }), names)
 
@@ -153,6 +158,14 @@ def evaluate(app, size):
     samples.in_turn({f"evaluate/{size}": (f"angle.value({size})", 1)}, {"angle": angle}, rounds=5)
 
 
+def fits(repetitions=9):
+    """A path through the points of a hand-drawn line."""
+    points = [[x * 0.5, 40 * math.sin(x / 40) + 0.3 * math.sin(7 * x)] for x in range(1000)]
+    for _ in range(repetitions):
+        with samples.timed("fit/1000", 1000):
+            brindle.BezierPath.create_bezier_fit(points)
+
+
 def largest_file(folder):
     return max((file for file in pathlib.Path(folder).rglob("*") if file.is_file()), key=lambda file: file.stat().st_size)
 
@@ -186,6 +199,7 @@ def start(repetitions=9):
 def main():
     with tempfile.TemporaryDirectory(prefix="brindle-bench-") as root:
         short_operations(f"{root}/short")
+        fits()
         with brindle.create(f"{root}/10") as app:
             create_nodes(app.scene, 10)
             search(app, 10)
