@@ -2,10 +2,9 @@
 
 #include "tests/core/support/curves.h"
 #include "tests/core/support/failure.h"
+#include "tests/core/support/properties.h"
 
 #include <gtest/gtest.h>
-
-#include <QMetaProperty>
 
 #include <cmath>
 #include <limits>
@@ -376,33 +375,20 @@ TEST(BezierTest, TheSearchForTheNearestPointLeavesTheLastControlPointOut)
 
 TEST(BezierTest, ItsPropertiesAreInOrder)
 {
-    const struct {
-        const char* name;
-        const char* type;
-        bool writable;
-    } rows[] = {
-        {"degree", "int", true},
-        {"from_boundary", "QString", true},
-        {"from_parameter", "double", true},
-        {"from_tangent", "OMC::Obj", false},
-        {"to_boundary", "QString", true},
-        {"to_parameter", "double", true},
-        {"to_tangent", "OMC::Obj", false},
-        {"bounding_box", "OMC::Obj", false},
-        {"line", "bool", false},
-        {"cusp", "bool", false},
-        {"inflections", "uint", false},
-    };
-    const QMetaObject& meta = Bezier::staticMetaObject;
-    int index = OMC::ListQVar::staticMetaObject.propertyCount();
-    EXPECT_EQ(meta.propertyCount(), index + static_cast<int>(std::size(rows)));
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        const QMetaProperty property = meta.property(index++);
-        EXPECT_STREQ(property.name(), row.name);
-        EXPECT_STREQ(property.typeName(), row.type);
-        EXPECT_EQ(property.isWritable(), row.writable);
-    }
+    expectProperties(Bezier::staticMetaObject, OMC::ListQVar::staticMetaObject,
+                     {
+                         {"degree", "int", true},
+                         {"from_boundary", "QString", true},
+                         {"from_parameter", "double", true},
+                         {"from_tangent", "OMC::Obj", false},
+                         {"to_boundary", "QString", true},
+                         {"to_parameter", "double", true},
+                         {"to_tangent", "OMC::Obj", false},
+                         {"bounding_box", "OMC::Obj", false},
+                         {"line", "bool", false},
+                         {"cusp", "bool", false},
+                         {"inflections", "uint", false},
+                     });
 }
 
 TEST(BezierTest, AScriptReadsAndWritesItsProperties)

@@ -4,10 +4,9 @@
 #include "core/geometry/vectors.h"
 #include "tests/core/support/curves.h"
 #include "tests/core/support/failure.h"
+#include "tests/core/support/properties.h"
 
 #include <gtest/gtest.h>
-
-#include <QMetaProperty>
 
 #include <cmath>
 #include <functional>
@@ -663,35 +662,22 @@ TEST(BezierPathTest, APathLiesInsideOrOutsideAnother)
 
 TEST(BezierPathTest, ItsPropertiesAreInOrder)
 {
-    const struct {
-        const char* name;
-        const char* type;
-        bool writable;
-    } rows[] = {
-        {"closed", "bool", true},
-        {"empty", "bool", true},
-        {"degenerate", "bool", false},
-        {"polyline", "bool", false},
-        {"points_on_curve", "uint", false},
-        {"bezier_count", "uint", false},
-        {"bounding_box", "OMC::Obj", false},
-        {"bounding_box_inner", "OMC::Obj", false},
-        {"to_tangent", "OMC::Obj", false},
-        {"from_tangent", "OMC::Obj", false},
-        {"polygon_length", "double", false},
-        {"polygon_area", "double", false},
-        {"polygon_clockwise", "bool", false},
-    };
-    const QMetaObject& meta = BezierPath::staticMetaObject;
-    int index = OMC::ListQVar::staticMetaObject.propertyCount();
-    EXPECT_EQ(meta.propertyCount(), index + static_cast<int>(std::size(rows)));
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        const QMetaProperty property = meta.property(index++);
-        EXPECT_STREQ(property.name(), row.name);
-        EXPECT_STREQ(property.typeName(), row.type);
-        EXPECT_EQ(property.isWritable(), row.writable);
-    }
+    expectProperties(BezierPath::staticMetaObject, OMC::ListQVar::staticMetaObject,
+                     {
+                         {"closed", "bool", true},
+                         {"empty", "bool", true},
+                         {"degenerate", "bool", false},
+                         {"polyline", "bool", false},
+                         {"points_on_curve", "uint", false},
+                         {"bezier_count", "uint", false},
+                         {"bounding_box", "OMC::Obj", false},
+                         {"bounding_box_inner", "OMC::Obj", false},
+                         {"to_tangent", "OMC::Obj", false},
+                         {"from_tangent", "OMC::Obj", false},
+                         {"polygon_length", "double", false},
+                         {"polygon_area", "double", false},
+                         {"polygon_clockwise", "bool", false},
+                     });
 }
 
 TEST(BezierPathTest, AScriptReadsAndWritesItsProperties)
