@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+class BAPP_ScriptConsole;
 class BAPP_ScriptEngine;
 class BAPP_ScriptHost;
 class BAPP_VectorizationInterface;
@@ -60,6 +61,9 @@ public:
     /// Runs statements in the main module of a started interpreter. An exception goes to the script's own standard
     /// error, and makes it false.
     virtual bool execute(const QString& statements) = 0;
+    /// The conversation with a started interpreter (core/host/scriptconsole.h), which is the engine's; null where there
+    /// is none.
+    virtual BAPP_ScriptConsole* console() { return nullptr; }
 };
 
 /// A service that turns pictures into vector drawings. It belongs to whoever made it.
