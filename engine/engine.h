@@ -53,6 +53,21 @@ private:
     std::unique_ptr<Private> d;
 };
 
+/// While it lives, `changed` is called on the main thread, by its event loop, when what a person sees of the session as a
+/// whole may be another: a project was opened, closed or saved, its undo list changed. Many changes in a row, of any
+/// thread, are told once. Made and destroyed on the main thread.
+class BRINDLE_HOST_EXPORT SessionWatch {
+public:
+    explicit SessionWatch(std::function<void()> changed);
+    SessionWatch(const SessionWatch&) = delete;
+    SessionWatch& operator=(const SessionWatch&) = delete;
+    ~SessionWatch();
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
 /// While it lives, the event loop of the main thread takes part in the application's lock (core/host/pl_applock.h): it
 /// holds the lock while it handles events and gives it up while it waits for the next one. Made on the main thread when
 /// the QCoreApplication stands, destroyed there before it goes; one at a time.

@@ -1,5 +1,7 @@
 #include "engine/history/commandmanager.h"
 
+#include "engine/session/sessionwatch.h"
+
 #include <utility>
 
 namespace engine {
@@ -41,6 +43,7 @@ bool CommandManager::execute(CO_Command* command, const QString& label)
         m_scopes.back().commands.push_back(std::move(owned));
         ++m_pending;
     }
+    announceSessionChange();
     return true;
 }
 
@@ -49,6 +52,7 @@ void CommandManager::unexecute(unsigned int count)
     if (!m_scopes.empty() || m_stepping)
         return;
     const Flagged stepping(m_stepping);
+    announceSessionChange();
     for (; count > 0 && m_done > 0; --count) {
         if (m_entries[m_done - 1].command->unexecute() == CO_Command::kFail)
             return;
@@ -61,6 +65,7 @@ void CommandManager::reexecute(unsigned int count)
     if (!m_scopes.empty() || m_stepping)
         return;
     const Flagged stepping(m_stepping);
+    announceSessionChange();
     for (; count > 0 && m_done < m_entries.size(); --count) {
         if (m_entries[m_done].command->execute() == CO_Command::kFail)
             return;
@@ -72,6 +77,7 @@ void CommandManager::clearHistory()
 {
     if (m_stepping)
         return;
+    announceSessionChange();
     dropRedo();
     if (m_done > 0)
         m_changeBefore = m_entries.back().label;
@@ -85,6 +91,7 @@ void CommandManager::setHistoryMaxSize(int size)
 {
     if (m_stepping)
         return;
+    announceSessionChange();
     m_maxSize = size > 0 ? static_cast<std::size_t>(size) : 0;
     dropBeyondLimit();
 }
@@ -107,6 +114,12 @@ QStringList CommandManager::collectUnexecutedNames() const
     return names;
 }
 
+void CommandManager::setClean()
+{
+    m_saved = current();
+    announceSessionChange();
+}
+
 QString CommandManager::lastChange() const
 {
     if (m_pending > 0)
@@ -127,6 +140,7 @@ void CommandManager::closeScope()
     m_scopes.pop_back();
     if (closed.commands.empty())
         return;
+    announceSessionChange();
 
     if (!m_scopes.empty()) {
         auto& outer = m_scopes.back().commands;
@@ -163,6 +177,7 @@ void CommandManager::cancelScope()
         --m_pending;
     }
     m_scopes.pop_back();
+    announceSessionChange();
     if (m_saved && m_saved->pending > m_pending)
         m_saved.reset();
 }

@@ -48,7 +48,7 @@ public:
     QStringList collectUnexecutedNames() const override;
 
     bool isDirty() const override { return m_saved != current(); }
-    void setClean() override { m_saved = current(); }
+    void setClean() override;
 
     /// The label of the change that led to the present state: of an open scope with content, else of the last entry
     /// that is done, also when it left the list at its beginning; of a project that was just opened, what it was given.

@@ -1,6 +1,7 @@
 #include "engine/session/projectmanager.h"
 
 #include "engine/session/preferences.h"
+#include "engine/session/sessionwatch.h"
 
 namespace engine {
 
@@ -87,6 +88,7 @@ void ProjectManager::closeProject()
 {
     // The session has no project any more while this one goes.
     const std::unique_ptr<Project> closing = std::move(m_project);
+    announceSessionChange();
 }
 
 SC_Project* ProjectManager::findProject(const SC_Id& id) const
@@ -98,6 +100,7 @@ SC_Project* ProjectManager::replaceProject(std::unique_ptr<Project> project)
 {
     closeProject();
     m_project = std::move(project);
+    announceSessionChange();
     return m_project.get();
 }
 
