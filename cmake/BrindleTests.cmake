@@ -69,6 +69,15 @@ brindle_gtest(service_tests tests/service
     LIBRARIES BrindleObjectModelServiceLib $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}> Python3::Python
     ENVIRONMENT PYTHONPATH=${CMAKE_BINARY_DIR}/python ${interpreter_options})
 
+# What takes long by its nature, with the label "slow": waiting with the clock as it is, and the stress of threads for a
+# minute.
+brindle_gtest(slow_tests tests/slow LABEL slow
+    LIBRARIES BrindleObjectModelCore $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}>)
+target_sources(slow_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests/core/support/python.cpp)
+add_test(NAME ThreadStressForAMinute COMMAND service_tests --gtest_filter=ThreadStressTest.*)
+set_tests_properties(ThreadStressForAMinute PROPERTIES LABELS slow TIMEOUT 300
+    ENVIRONMENT "${test_environment};PYTHONPATH=${CMAKE_BINARY_DIR}/python;${interpreter_options};BRINDLE_STRESS_SECONDS=60")
+
 # brindle_pytest(<name> <folder> [ENVIRONMENT <name=value>...]): one entry, whose cases are in reports/<name>.xml.
 function(brindle_pytest name folder)
     cmake_parse_arguments(arg "" "" "ENVIRONMENT" ${ARGN})

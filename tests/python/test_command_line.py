@@ -113,6 +113,39 @@ def test_the_script_gets_its_arguments(script, tmp_path):
                                 f"__main__ {path}"]
 
 
+@pytest.mark.parametrize("arguments, seen", [
+    (("SCRIPT", "--project", "DIR"), []), (("SCRIPT", "--verbose", "--project", "DIR", "--", "--project", "x"), ["--project", "x"]),
+    (("--verbose", "SCRIPT", "--project", "DIR", "a", "--verbose"), ["a", "--verbose"]),
+    (("--project", "DIR", "SCRIPT", "--", "--"), ["--"]), (("--project", "nowhere", "--project", "DIR", "SCRIPT"), []),
+])
+def test_options_stand_ahead_of_the_script_or_right_behind_it(script, project, arguments, seen):
+    path = script("import brindle, sys; print(sys.argv[1:], brindle.application().scene.name)")
+    places = {"SCRIPT": path, "DIR": project}
+    code, out, error = run("run", *(places.get(argument, argument) for argument in arguments))
+    assert (code, out, error) == (0, f"{seen} Scene-1\n", "")
+
+
+def test_an_option_behind_the_script_may_be_wrong_too(script):
+    path = script("print('ran')")
+    assert run("run", path, "--project") == (2, "", "brindle: --project needs a folder.\n")
+    assert run("run", path, "--read-only") == (2, "", "brindle: --read-only needs a project.\n")
+
+
+@pytest.mark.parametrize("options, debug", [((), ""), (("--verbose",), "Debug: a detail\n")])
+def test_the_log_tells_its_levels_apart_and_details_are_for_developers(script, project, options, debug):
+    path = script("""
+import brindle
+app = brindle.application()
+app.trace("a trace")
+app.log("an error", "ERROR")
+app.log("an errors", "errors")
+app.debug("a detail")
+app.error("another error ä")
+""")
+    lines = f"a trace\nError: an error\nan errors\n{debug}Error: another error ä\n"
+    assert run("run", *options, path, "--project", project) == (0, "", lines)
+
+
 def test_the_script_finds_the_modules_beside_it(script, tmp_path):
     script("VALUE = 5", "neighbour.py")
     assert run("run", script("import neighbour; print(neighbour.VALUE)"), cwd="/") == (0, "5\n", "")
@@ -158,7 +191,8 @@ def test_a_script_may_work_with_threads_and_leave_objects_behind(script, tmp_pat
 import brindle, sys, threading
 app = brindle.create(sys.argv[1])
 def work():
-    for i in range(50): app.scene.nodes.create("PEG", "x")
+    with app.locked():
+        for i in range(50): app.scene.nodes.create("PEG", "x")
 threads = [threading.Thread(target=work) for _ in range(2)]
 for thread in threads: thread.start()
 app.process_one_event()

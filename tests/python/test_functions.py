@@ -1,0 +1,181 @@
+"""Functions of a script that native code holds and calls: conversion, failures, references."""
+
+import functools
+import gc
+import sys
+import traceback
+import weakref
+
+import brindle
+import pytest
+
+import support
+
+NO_FUNCTION = "Expected a Python Function."
+IN_A_PLAIN_INTERPRETER = "Unable to use run_on_main() in an external Python interpreter."
+
+
+class Callable:
+    def __init__(self, result=None):
+        self.result = result
+        self.calls = []
+
+    def __call__(self, *arguments):
+        self.calls.append(arguments)
+        return self.result
+
+
+@pytest.mark.parametrize("make", [
+    lambda calls: lambda: calls.append(1), lambda calls: type("C", (), {"__call__": lambda self: calls.append(1)})(),
+    lambda calls: functools.partial(calls.append, 1), lambda calls: brindle.PythonFunction(lambda: calls.append(1)),
+], ids=["a lambda", "an object with __call__", "a partial", "a wrapper"])
+def test_every_callable_is_a_function(app, make):
+    calls = []
+    app.run_function(make(calls))
+    assert calls == [1]
+
+
+def test_a_class_is_a_function_whose_result_need_have_a_form(app):
+    assert app.run_function(dict) is None
+    assert brindle.PythonFunction(int).call(["12"]) == 12
+
+
+@pytest.mark.parametrize("value", [None, 3, "print", [print], {"f": print}], ids=repr)
+def test_what_is_no_function_is_refused(app, value):
+    assert support.message_of(app.run_function, value) == NO_FUNCTION
+    assert support.message_of(app.run_on_main, value) == IN_A_PLAIN_INTERPRETER
+
+
+def test_an_object_that_is_no_function_is_refused(app):
+    assert support.message_of(app.run_function, app.scene) == NO_FUNCTION
+    assert support.message_of(brindle.PythonFunction, app.scene) == "Invalid argument at index 0."
+    with pytest.raises(TypeError):
+        app.run_function(bytes(3))
+
+
+@pytest.mark.parametrize("error", [
+    KeyError("x"), ValueError(), brindle.Error("mine"), SystemExit(3), KeyboardInterrupt(), StopIteration(4),
+    type("Own", (Exception,), {})("own"), type("Base", (BaseException,), {})()], ids=repr)
+def test_an_exception_comes_back_through_native_code_as_itself(app, error):
+    def inner():
+        raise error
+
+    def outer():
+        inner()
+
+    with pytest.raises(type(error)) as failure:
+        app.run_function(outer)
+    assert failure.value is error
+    places = [place.name for place in traceback.extract_tb(failure.value.__traceback__)]
+    assert places[-2:] == ["outer", "inner"]
+
+
+def test_a_cause_and_a_note_stay_with_the_exception(app):
+    def fail():
+        try:
+            1 / 0
+        except ZeroDivisionError as cause:
+            error = ValueError("outer")
+            error.add_note("a note")
+            raise error from cause
+
+    with pytest.raises(ValueError) as failure:
+        app.run_function(fail)
+    assert isinstance(failure.value.__cause__, ZeroDivisionError) and failure.value.__notes__ == ["a note"]
+
+
+def test_an_exception_goes_through_several_calls_in_each_other(app):
+    error = LookupError("deep")
+
+    def fail(depth):
+        if depth == 0:
+            raise error
+        app.run_function(lambda: fail(depth - 1))
+
+    with pytest.raises(LookupError) as failure:
+        fail(20)
+    assert failure.value is error
+
+
+def test_calls_without_end_are_stopped(app):
+    def again():
+        app.run_function(again)
+
+    with pytest.raises(RecursionError):
+        again()
+    assert app.scene.name == "Scene-1"
+
+
+def test_a_wrapper_calls_with_arguments_and_gives_the_result(app):
+    function = brindle.PythonFunction(lambda *arguments: list(arguments))
+    assert str(function) == "PythonFunction()"
+    assert function.call() == [] and function.call(None) == []
+    assert function.call([1, 2.5, "x", None, [True]]) == [1, 2.5, "x", None, [True]]
+    assert function.call(["a", "b"]) == ["a", "b"]
+    assert function.call(("a",)) == ["a"]
+    for wrong in (3, "text", {"a": 1}):
+        assert support.message_of(function.call, wrong) == "Invalid argument at index 0."
+    with pytest.raises(TypeError):
+        function.call([object()])
+    assert function.copy().call([7]) == [7]
+
+
+def test_objects_go_in_and_come_out(app):
+    function = brindle.PythonFunction(lambda value: value)
+    scene = function.call([app.scene])
+    assert isinstance(scene, brindle.Scene) and scene == app.scene
+    point = function.call([brindle.Point2d(1, 2)])
+    assert (point.x, point.y) == (1, 2)
+    assert function.call([{"a": [1, "x"]}]) == {"a": [1, "x"]}
+    made = brindle.PythonFunction(lambda: [brindle.Point2d(3, 4), {"node": app.scene.nodes["Top/Display"]}]).call()
+    gc.collect()
+    assert made[0].x == 3 and made[1]["node"].name == "Display"
+
+
+def test_a_result_without_a_form_is_a_failure(app):
+    for function in (object, lambda: [1, object()]):
+        with pytest.raises(TypeError, match="A value of type object can't be used here"):
+            brindle.PythonFunction(function).call()
+
+
+def test_references_are_counted_right(app):
+    function = Callable()
+    gone = weakref.ref(function)
+    before = sys.getrefcount(function)
+    for _ in range(50):
+        app.run_function(function)
+        support.message_of(app.run_on_main, function)
+        with pytest.raises(brindle.Error):
+            app.scene.frame_count = function
+    assert sys.getrefcount(function) == before
+    wrapper = brindle.PythonFunction(function)
+    copy = wrapper.copy()
+    assert sys.getrefcount(function) == before + 2
+    del wrapper, copy
+    assert sys.getrefcount(function) == before
+    del function
+    assert gone() is None
+
+
+def test_a_function_is_no_value(app, state):
+    before = state()
+    scene = app.scene
+    for attempt in (lambda: setattr(scene, "name", print), lambda: setattr(scene, "frame_count", len),
+                    lambda: scene.nodes.remove(print)):
+        with pytest.raises((brindle.Error, TypeError)):
+            attempt()
+    assert state() == before
+
+
+def test_a_lock_in_a_plain_interpreter_is_nothing_but_a_turn(app):
+    with app.locked():
+        with app.locked():
+            app.scene.nodes.create("PEG", "Arm")
+    app.thread_lock()
+    app.thread_unlock()
+    app.thread_unlock()
+    with pytest.raises(ZeroDivisionError):
+        with app.locked():
+            1 / 0
+    with app.locked() as entered:
+        assert entered is None
