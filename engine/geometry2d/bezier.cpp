@@ -28,12 +28,16 @@ void requirePlace(unsigned int index)
 /// The intersections as places on the first curve, each once.
 std::vector<Math::Point2d> places(const PlaneCurve& curve, const std::vector<Meeting>& meetings)
 {
+    const Math::Box2d hull = curve.hullBox();
+    const double same = meetingTolerance * std::max(hull.width(), hull.height());
     std::vector<Math::Point2d> points;
-    double last = -1;
     for (const Meeting& meeting : meetings) {
-        if (meeting.first - last > sameParameter)
-            points.push_back(curve.at(meeting.first));
-        last = meeting.first;
+        const Math::Point2d place = curve.at(meeting.first);
+        const bool known = std::ranges::any_of(points, [&](const Math::Point2d& point) {
+            return std::max(std::abs(point.x - place.x), std::abs(point.y - place.y)) <= same;
+        });
+        if (!known)
+            points.push_back(place);
     }
     return points;
 }

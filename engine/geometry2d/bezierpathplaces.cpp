@@ -222,12 +222,12 @@ bool GR_BezierPath2d::GetClosestPoint(const Math::Point2d& point, double& radius
 
 bool GR_BezierPath2d::IsIntersecting() const
 {
-    return !pathSelfMeetings(*this).empty();
+    return !pathSelfMeetings(*this, Wanted::Any).empty();
 }
 
 bool GR_BezierPath2d::IsIntersecting(const GR_BezierPath2d& other) const
 {
-    return !pathMeetings(*this, other).empty();
+    return !pathMeetings(*this, other, Wanted::Any).empty();
 }
 
 std::vector<Math::Point2d> GR_BezierPath2d::GetIntersections() const

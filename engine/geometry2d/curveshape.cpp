@@ -1,7 +1,5 @@
 #include "engine/geometry2d/curveshape.h"
 
-#include <2geom/bezier-curve.h>
-
 #include <algorithm>
 #include <cmath>
 
@@ -19,6 +17,59 @@ void addTurns(const PlaneCurve& curve, const PlaneCurve& slopes, double Math::Po
         coefficients[i] = slopes.points[i].*coordinate;
     for (const double t : bernsteinRoots({coefficients.data(), slopes.degree + 1}))
         box.AddClosed(curve.at(t));
+}
+
+/// A place and a weight of Gauss's quadrature on [-1, 1].
+struct Node {
+    double place, weight;
+};
+
+/// Of 8 places, by their upper half.
+constexpr std::array<Node, 4> gauss8{{{0.1834346424956498, 0.3626837833783620},
+                                      {0.5255324099163290, 0.3137066458778873},
+                                      {0.7966664774136267, 0.2223810344533745},
+                                      {0.9602898564975363, 0.1012285362903763}}};
+
+double speedIntegral(const PlaneCurve& slopes, double start, double end)
+{
+    const double middle = (start + end) / 2;
+    const double half = (end - start) / 2;
+    const auto speed = [&slopes](double t) {
+        const Math::Point2d slope = slopes.at(t);
+        return std::sqrt(slope.x * slope.x + slope.y * slope.y);
+    };
+    double sum = 0;
+    for (const Node& node : gauss8)
+        sum += node.weight * (speed(middle - half * node.place) + speed(middle + half * node.place));
+    return sum * half;
+}
+
+/// The length of a curve whose coordinates are about 1: Gauss's quadrature, on halves of halves until both halves
+/// together agree with the whole. Near a cusp, where the speed has a corner, the halves become small quickly.
+double speedIntegral(const PlaneCurve& slopes)
+{
+    struct Part {
+        double start, end, integral;
+    };
+    constexpr double tolerance = 1e-12;
+    constexpr double smallest = 1e-9; // in the parameter: what is shorter adds less than the tolerance
+    std::vector<Part> open{{0, 1, speedIntegral(slopes, 0, 1)}};
+    double sum = 0;
+    while (!open.empty()) {
+        const Part part = open.back();
+        open.pop_back();
+        const double middle = (part.start + part.end) / 2;
+        const Part left{part.start, middle, speedIntegral(slopes, part.start, middle)};
+        const Part right{middle, part.end, speedIntegral(slopes, middle, part.end)};
+        const double both = left.integral + right.integral;
+        if (std::abs(both - part.integral) <= tolerance || part.end - part.start < smallest) {
+            sum += both;
+        } else {
+            open.push_back(right);
+            open.push_back(left);
+        }
+    }
+    return sum;
 }
 
 } // namespace
@@ -132,28 +183,20 @@ double length(const PlaneCurve& curve)
     if (isSegment(curve)) // also where it would be 0 in the frame
         return finiteResult(std::hypot(curve.to().x - curve.from().x, curve.to().y - curve.from().y));
     const UnitFrame frame(curve.used());
-    const PlaneCurve unit = frame.toUnit(curve);
-    std::vector<Geom::Point> points;
-    for (const auto& point : unit.used())
-        points.emplace_back(point.x, point.y);
-    constexpr double tolerance = 1e-10;
-    return finiteResult(Geom::bezier_length(points, tolerance) * frame.scale());
+    return finiteResult(speedIntegral(frame.toUnit(curve).derivative()) * frame.scale());
 }
 
 double sectorArea(const PlaneCurve& curve, const Math::Point2d& centre)
 {
     // Half the integral of place cross slope, of degree 5 at most, which Gauss's rule of three points takes exactly.
-    struct Node {
-        double t, weight;
-    };
     static const std::array<Node, 3> nodes{
         {{0.5 - std::sqrt(0.15), 5.0 / 18}, {0.5, 8.0 / 18}, {0.5 + std::sqrt(0.15), 5.0 / 18}}};
     requireFinite(curve);
     const PlaneCurve slopes = curve.derivative();
     double sum = 0;
     for (const Node& node : nodes) {
-        const Math::Point2d slope = slopes.at(node.t);
-        sum += node.weight * (curve.at(node.t) - centre).cross({slope.x, slope.y});
+        const Math::Point2d slope = slopes.at(node.place);
+        sum += node.weight * (curve.at(node.place) - centre).cross({slope.x, slope.y});
     }
     return sum / 2;
 }

@@ -3,8 +3,6 @@
 #include "engine/geometry2d/curveshape.h"
 #include "engine/geometry2d/nearest.h"
 
-#include <2geom/basic-intersection.h>
-
 #include <algorithm>
 #include <cmath>
 #include <tuple>
@@ -12,8 +10,6 @@
 namespace engine {
 
 namespace {
-
-constexpr double samePlace = 1e-12; // of the size, where a meeting of ends is exact up to rounding
 
 bool apart(const Math::Box2d& one, const Math::Box2d& other)
 {
@@ -35,20 +31,18 @@ public:
         if (firstStraight && secondStraight && onOneLine())
             return result();
         findStretches();
-        if (firstStraight)
+        if (firstStraight) {
             addCrossingsOfLine(m_first, m_second, false);
-        else if (secondStraight)
+        } else if (secondStraight) {
             addCrossingsOfLine(m_second, m_first, true);
-        else
-            addCrossings();
+        } else {
+            for (const Meeting& at : crossings(m_first, m_second, m_stretches))
+                add(at);
+        }
         return result();
     }
 
 private:
-    struct Stretch {
-        double start, end; ///< Parameters of the first curve.
-    };
-
     double separation(const Meeting& at) const
     {
         return std::sqrt(distanceSquared(m_first.at(at.first), m_second.at(at.second)));
@@ -56,16 +50,23 @@ private:
 
     void addEndOf(const PlaneCurve& curve, double t, const PlaneCurve& other, bool swapped)
     {
-        const auto found = nearest(other, curve.at(t));
-        if (found && found->distanceSquared <= samePlace * samePlace)
+        Math::Box2d reach = other.hullBox();
+        reach.Enlarge(meetingTolerance, meetingTolerance);
+        const Math::Point2d end = t == 0 ? curve.from() : curve.to();
+        if (!reach.contains(end))
+            return;
+        const auto found = nearest(other, end);
+        if (found && found->distanceSquared <= meetingTolerance * meetingTolerance)
             m_found.push_back(swapped ? Meeting{found->parameter, t} : Meeting{t, found->parameter});
     }
 
     void addEnds()
     {
         for (const double end : {0.0, 1.0}) {
-            addEndOf(m_first, end, m_second, false);
-            addEndOf(m_second, end, m_first, true);
+            if (end == 0 || !m_first.isPoint())
+                addEndOf(m_first, end, m_second, false);
+            if (end == 0 || !m_second.isPoint())
+                addEndOf(m_second, end, m_first, true);
         }
     }
 
@@ -108,14 +109,18 @@ private:
                 const auto found = nearest(m_second, m_first.at(t));
                 coincide = found && found->distanceSquared <= meetingTolerance * meetingTolerance;
             }
-            if (coincide)
+            if (!coincide)
+                continue;
+            if (!m_stretches.empty() && stretch.start - m_stretches.back().end <= sameParameter)
+                m_stretches.back().end = stretch.end;
+            else
                 m_stretches.push_back(stretch);
         }
     }
 
     void add(Meeting at)
     {
-        at = polished(at);
+        at = polished(m_first, m_second, at);
         if (!(separation(at) <= meetingTolerance))
             return;
         constexpr double aboutAnEnd = 1e-6;
@@ -124,31 +129,6 @@ private:
         });
         if (!known)
             m_found.push_back(at);
-    }
-
-    /// Newton's method for first(t) = second(u), as far as it brings the places nearer to each other.
-    Meeting polished(Meeting at) const
-    {
-        constexpr int steps = 8;
-        const PlaneCurve firstSlopes = m_first.derivative();
-        const PlaneCurve secondSlopes = m_second.derivative();
-        double best = separation(at);
-        for (int step = 0; step < steps && best > 0; ++step) {
-            const Math::Vector2d way = m_second.at(at.second) - m_first.at(at.first);
-            const Math::Vector2d a = firstSlopes.at(at.first) - Math::Point2d{};
-            const Math::Vector2d b = secondSlopes.at(at.second) - Math::Point2d{};
-            const double determinant = b.cross(a);
-            if (determinant == 0)
-                break;
-            const Meeting next{std::clamp(at.first + b.cross(way) / determinant, 0.0, 1.0),
-                               std::clamp(at.second + a.cross(way) / determinant, 0.0, 1.0)};
-            const double nextSeparation = separation(next);
-            if (!(nextSeparation < best))
-                break;
-            at = next;
-            best = nextSeparation;
-        }
-        return at;
     }
 
     /// A straight curve meets another where the other's distance from the line is zero, or has an extremum of zero.
@@ -168,21 +148,6 @@ private:
             if (found && found->distanceSquared <= meetingTolerance * meetingTolerance)
                 add(swapped ? Meeting{parameter, found->parameter} : Meeting{found->parameter, parameter});
         }
-    }
-
-    void addCrossings()
-    {
-        const auto controlPoints = [](const PlaneCurve& curve) {
-            std::vector<Geom::Point> points;
-            for (const auto& point : curve.used())
-                points.emplace_back(point.x, point.y);
-            return points;
-        };
-        std::vector<std::pair<double, double>> crossings;
-        Geom::find_intersections_bezier_clipping(crossings, controlPoints(m_first), controlPoints(m_second),
-                                                 meetingTolerance);
-        for (const auto& [first, second] : crossings)
-            add({std::clamp(first, 0.0, 1.0), std::clamp(second, 0.0, 1.0)});
     }
 
     /// Whether two meetings are one: also where the curves touch, and come so near that many places were found.
@@ -207,7 +172,11 @@ private:
         std::ranges::sort(m_found, {}, [](const Meeting& at) { return std::pair(at.first, at.second); });
         std::vector<Meeting> result;
         for (const Meeting& at : m_found) {
-            const auto known = std::ranges::find_if(result, [&](const Meeting& other) { return same(other, at); });
+            // One curve passes a place at most twice, so the same meeting is among the last few.
+            constexpr std::ptrdiff_t few = 6;
+            const auto recent = result.end() - std::min(few, std::ssize(result));
+            const auto known =
+                std::find_if(recent, result.end(), [&](const Meeting& other) { return same(other, at); });
             if (known == result.end())
                 result.push_back(at);
             else if (separation(at) < separation(*known))

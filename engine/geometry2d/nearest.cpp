@@ -23,8 +23,13 @@ std::optional<NearestPlace> nearest(const PlaneCurve& curve, const Math::Point2d
     Math::Point2d target = frame.toUnit(point);
     target = {std::clamp(target.x, -farthest, farthest), std::clamp(target.y, -farthest, farthest)};
 
-    // The squared distance without the part that is the same for all places, which would drown the differences.
-    const auto measure = [&target](const Math::Point2d& place) {
+    // Of a far point, the squared distance without the part that is the same for all places, which would drown the
+    // differences; of a near one, the squared distance, which tells the smallest distances apart.
+    constexpr double far = 4;
+    const bool isFar = std::max(std::abs(target.x), std::abs(target.y)) > far;
+    const auto measure = [&target, isFar](const Math::Point2d& place) {
+        if (!isFar)
+            return distanceSquared(place, target);
         return place.x * (place.x - 2 * target.x) + place.y * (place.y - 2 * target.y);
     };
     double best = 0;

@@ -33,8 +33,8 @@ void addPieces(const GR_BezierPath2d& path, int set, std::vector<Piece>& pieces)
     }
 }
 
-/// Calls `visit` with each two pieces of two sets (or of the one set there is) whose boxes meet; within one set, the
-/// piece with the lower index first.
+/// Calls `visit`, which tells whether to go on, with each two pieces of two sets (or of the one set there is) whose
+/// boxes meet; within one set, the piece with the lower index first.
 template <typename Visit>
 void forEachPair(const std::vector<Piece>& pieces, bool oneSet, const Visit& visit)
 {
@@ -50,7 +50,8 @@ void forEachPair(const std::vector<Piece>& pieces, bool oneSet, const Visit& vis
             if (other->hull.minY() > piece->hull.maxY() || other->hull.maxY() < piece->hull.minY())
                 continue;
             const bool inOrder = oneSet ? piece->index < other->index : piece->set < other->set;
-            inOrder ? visit(*piece, *other) : visit(*other, *piece);
+            if (!(inOrder ? visit(*piece, *other) : visit(*other, *piece)))
+                return;
         }
         open[piece->set].push_back(piece);
     }
@@ -78,7 +79,7 @@ bool atJoint(const Meeting& at)
 
 } // namespace
 
-std::vector<double> pathMeetings(const GR_BezierPath2d& first, const GR_BezierPath2d& second)
+std::vector<double> pathMeetings(const GR_BezierPath2d& first, const GR_BezierPath2d& second, Wanted wanted)
 {
     std::vector<Piece> pieces;
     addPieces(first, 0, pieces);
@@ -87,12 +88,13 @@ std::vector<double> pathMeetings(const GR_BezierPath2d& first, const GR_BezierPa
     forEachPair(pieces, false, [&](const Piece& one, const Piece& other) {
         for (const Meeting& at : meetings(one.curve, other.curve))
             parameters.push_back(wrapped(one.index + at.first, first));
+        return wanted == Wanted::All || parameters.empty();
     });
     sortAndMerge(parameters);
     return parameters;
 }
 
-std::vector<double> pathSelfMeetings(const GR_BezierPath2d& path)
+std::vector<double> pathSelfMeetings(const GR_BezierPath2d& path, Wanted wanted)
 {
     std::vector<Piece> all;
     addPieces(path, 0, all);
@@ -126,6 +128,7 @@ std::vector<double> pathSelfMeetings(const GR_BezierPath2d& path)
             if (!joined)
                 add(one, other, at);
         }
+        return wanted == Wanted::All || found.empty();
     });
 
     // Where more than two strands pass one place, it is found for each two: the lowest strand has it already.

@@ -180,16 +180,17 @@ PieceFit improvedFit(std::span<const Math::Point2d> points, const EndTangents& t
     std::vector<double> parameters = pieceParameters(points, options.parametrization);
     PieceFit best = fitPiece(points, parameters, tangents);
     PieceFit current = best;
-    // From further away than this, better parameters don't bring the curve within the tolerance.
-    constexpr double hopeless = 16;
-    for (int i = 0; i < options.iterations; ++i) {
-        if (best.worstSquared <= tolerance * tolerance ||
-            (tolerance > 0 && best.worstSquared > hopeless * tolerance * tolerance))
-            break;
+    const double wanted = tolerance * tolerance;
+    for (int i = 0; i < options.iterations && best.worstSquared > wanted; ++i) {
         improveParameters(points, current.curve, parameters);
+        const double before = current.worstSquared;
         current = fitPiece(points, parameters, tangents);
         if (current.worstSquared < best.worstSquared)
             best = current;
+        // What doesn't come within the tolerance at this rate in the iterations that are left, needs to be divided.
+        const double rate = current.worstSquared / before;
+        if (wanted > 0 && current.worstSquared * std::pow(rate, options.iterations - 1 - i) > wanted)
+            break;
     }
     return best;
 }

@@ -2,8 +2,6 @@
 
 #include "core/host/gr_bezierpath.h"
 
-#include <2geom/bezier.h>
-
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
@@ -39,6 +37,20 @@ PlaneCurve PlaneCurve::stretch(double start, double end) const
     for (unsigned int i = 0; i <= degree; ++i)
         part.points[i] = polarForm(*this, start, end, i);
     return part;
+}
+
+std::pair<PlaneCurve, PlaneCurve> PlaneCurve::halves() const
+{
+    PlaneCurve before = *this;
+    PlaneCurve behind = *this;
+    for (unsigned int level = 0; level <= degree; ++level) {
+        before.points[level] = behind.points[0];
+        for (unsigned int i = 0; i + level < degree; ++i) {
+            const Math::Point2d& next = behind.points[i + 1];
+            behind.points[i] = {(behind.points[i].x + next.x) / 2, (behind.points[i].y + next.y) / 2};
+        }
+    }
+    return {before, behind};
 }
 
 PlaneCurve PlaneCurve::derivative() const
@@ -219,27 +231,6 @@ PlaneCurve UnitFrame::toUnit(const PlaneCurve& curve) const
 Math::Point2d UnitFrame::fromUnit(const Math::Point2d& point) const
 {
     return {m_centre.x + point.x * m_scale, m_centre.y + point.y * m_scale};
-}
-
-std::vector<double> bernsteinRoots(std::span<const double> coefficients)
-{
-    double largest = 0;
-    for (const double coefficient : coefficients)
-        largest = std::isfinite(coefficient) ? std::max(largest, std::abs(coefficient)) : INFINITY;
-    if (largest == 0 || !std::isfinite(largest) || coefficients.size() < 2)
-        return {};
-    Geom::Bezier polynomial{Geom::Bezier::Order(static_cast<unsigned int>(coefficients.size() - 1))};
-    bool changesSign = false;
-    for (unsigned int i = 0; i < coefficients.size(); ++i) {
-        polynomial[i] = coefficients[i] / largest;
-        changesSign = changesSign || polynomial[i] == 0 || (polynomial[i] < 0) != (polynomial[0] < 0);
-    }
-    if (!changesSign)
-        return {};
-    std::vector<double> roots = polynomial.roots();
-    std::erase_if(roots, [](double root) { return !(root >= 0 && root <= 1); });
-    std::ranges::sort(roots);
-    return roots;
 }
 
 } // namespace engine

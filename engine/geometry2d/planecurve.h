@@ -6,6 +6,7 @@
 
 #include <array>
 #include <span>
+#include <utility>
 #include <vector>
 
 class GR_BezierPath2d;
@@ -51,6 +52,8 @@ struct PlaneCurve {
     /// The part from one parameter to another, backwards when `start` > `end`: its control points are the polar form of
     /// the curve (Ramshaw 1989) at the two parameters.
     PlaneCurve stretch(double start, double end) const;
+    /// The parts before and behind the middle.
+    std::pair<PlaneCurve, PlaneCurve> halves() const;
     /// The differences of neighbouring control points times the degree: the control points of the derivative.
     PlaneCurve derivative() const;
     PlaneCurve reversed() const;
@@ -102,7 +105,8 @@ private:
     double m_scale = 1;
 };
 
-/// The roots in [0, 1] of a polynomial by its Bernstein coefficients, ascending. None for the polynomial that is zero
+/// The roots in [0, 1] of a polynomial by its Bernstein coefficients (of a degree up to 7), ascending: halved until
+/// Descartes' rule of signs leaves one root to Newton's method. None for the polynomial that is zero
 /// everywhere, and for coefficients that aren't finite.
 std::vector<double> bernsteinRoots(std::span<const double> coefficients);
 
