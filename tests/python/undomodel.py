@@ -26,10 +26,15 @@ class UndoModel(RuleBasedStateMachine):
         super().__init__()
         self.parent = tempfile.TemporaryDirectory(dir=support.MEMORY)
         self.folder = pathlib.Path(self.parent.name) / "project"
-        self.app = brindle.create(self.folder)
-        support.samples(self.app)
-        self.app.project.history.clear()
+        self.app = self.make_project()
         self.begin_anew()
+
+    def make_project(self):
+        """The project that a program begins with, open, with nothing in the undo list."""
+        app = brindle.create(self.folder)
+        support.samples(app)
+        app.project.history.clear()
+        return app
 
     def begin_anew(self):
         self.scene = self.app.scene
@@ -85,6 +90,21 @@ class UndoModel(RuleBasedStateMachine):
         self.labels.append(label)
         self.states.append(self.saved())
         self.done += 1
+
+    def opened(self, name):
+        self.depth += 1
+        if self.bracket is None:
+            self.bracket, self.pending = name, False
+
+    def closed(self):
+        self.depth -= 1
+        if self.depth == 0:
+            name, self.bracket = self.bracket, None
+            if self.pending:
+                self.push(name)
+
+    def cancelled(self):
+        self.depth, self.bracket = 0, None
 
     @invariant()
     def the_undo_list_is_as_expected(self):
@@ -144,25 +164,19 @@ class UndoModel(RuleBasedStateMachine):
     @rule(name=NAME)
     def begin(self, name):
         self.history.begin(name)
-        self.depth += 1
-        if self.bracket is None:
-            self.bracket, self.pending = name, False
+        self.opened(name)
 
     @precondition(lambda self: self.depth)
     @rule()
     def end(self):
         self.history.end()
-        self.depth -= 1
-        if self.depth == 0:
-            name, self.bracket = self.bracket, None
-            if self.pending:
-                self.push(name)
+        self.closed()
 
     @precondition(lambda self: self.depth)
     @rule()
     def cancel(self):
         self.history.cancel()
-        self.depth, self.bracket = 0, None
+        self.cancelled()
 
     @precondition(lambda self: not self.depth)
     @rule()
