@@ -96,8 +96,10 @@ ProjectLock::~ProjectLock()
 
 void ProjectLock::require(const QString& folder)
 {
-    if (isOn(folder))
+    if (isOn(folder) && QFileInfo::exists(m_file->fileName()))
         return;
+    if (isOn(folder)) // The folder has moved with the file, which is taken anew where it is now.
+        release();
     auto file = std::make_unique<QLockFile>(lockPath(folder));
     if (!lock(*file)) {
         if (const int error = whyNotWritable(folder))

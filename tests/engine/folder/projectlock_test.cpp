@@ -270,6 +270,17 @@ TEST_F(ProjectLockTest, AFolderThatMovedCanBeLockedAtItsNewPlace)
     EXPECT_EQ(refusal(lock, path("moved")), QString());
 }
 
+TEST_F(ProjectLockTest, ALockThatMovedWithItsFolderIsTakenAnewThere)
+{
+    ProjectLock lock;
+    lock.require(path());
+    QDir().rename(path(), path("moved"));
+    EXPECT_EQ(refusal(lock, path("moved")), QString());
+    EXPECT_TRUE(lock.isOn(path("moved")));
+    lock.release();
+    EXPECT_FALSE(QFile::exists(file("moved")));
+}
+
 TEST_F(ProjectLockTest, WhoMayNotWriteIsTold)
 {
     if (::geteuid() != 0)
