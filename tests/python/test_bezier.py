@@ -63,8 +63,9 @@ def size_of(*curves):
     return max([1.0, *(abs(c) for curve in curves for point in curve for c in xy(point))])
 
 
-def samples_of(curve, end, count=200):
-    return [curve.evaluate(end * i / count) for i in range(count + 1)]
+def samples_of(curve, end, count=100):
+    """So many points of each curve up to a parameter, those where curves join among them."""
+    return [curve.evaluate(i / count) for i in range(end * count + 1)]
 
 
 BOTH = pytest.mark.parametrize("make", [curve_of, path_of], ids=["Bezier", "BezierPath"])
@@ -418,7 +419,7 @@ def test_a_path_that_was_split_is_joined_again(path, at):
     tolerance = 1e-6 * size_of(whole)  # Where a curve turns back, its nearest point is found that closely.
     assert distance(path[len(path) - 1], behind[0]) <= tolerance
     path.bezier_append(behind)
-    for point in samples_of(whole, count, 20):
+    for point in samples_of(whole, count, 10):
         nearest = path.evaluate(path.closest_point(point))
         assert distance(nearest, point) <= tolerance
     assert distance(path[0], whole[0]) <= tolerance
@@ -465,7 +466,7 @@ def test_the_box_is_the_smallest_about_the_curve(curve):
     box = curve.bounding_box
     end = curve.bezier_count if isinstance(curve, brindle.BezierPath) else 1
     tolerance = 1e-9 * size_of(curve)
-    dense = [xy(point) for point in samples_of(curve, end, 400)]
+    dense = [xy(point) for point in samples_of(curve, end, 200)]
     for x, y in dense:
         assert box.x - tolerance <= x <= box.x + box.width + tolerance
         assert box.y - tolerance <= y <= box.y + box.height + tolerance
@@ -518,7 +519,7 @@ def test_a_point_that_is_inserted_leaves_the_shape(path, at):
     whole = path.copy()
     path.insert_point(at * whole.bezier_count)
     assert path.bezier_count in (whole.bezier_count, whole.bezier_count + 1)
-    for point in samples_of(whole, whole.bezier_count, 20):
+    for point in samples_of(whole, whole.bezier_count, 10):
         assert distance(path.evaluate(path.closest_point(point)), point) <= 1e-6 * size_of(whole)
 
 
