@@ -1,8 +1,11 @@
 #pragma once
 
 #include "core/host/application.h"
+#include "service/scriptconsole.h"
 
 #include <QStringList>
+
+#include <memory>
 
 namespace brindle {
 
@@ -21,9 +24,11 @@ public:
     int run(const QStringList& arguments) override;
     bool start(QString& error) override;
     bool execute(const QString& statements) override;
+    BAPP_ScriptConsole* console() override;
 
 private:
     bool m_started = false;
+    std::unique_ptr<ScriptConsole> m_console;
 };
 
 } // namespace brindle
