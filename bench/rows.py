@@ -80,6 +80,10 @@ NATIVE = (
     Row("move an Obj there and back", "moveObj", "floorNewQObject", "Qt: new QObject"),
     Row("copy an Obj with its object", "copyObj", "floorVariantOfCarried", "Qt: QVariant by copy"),
     Row("set_value, with its undo entry", "setValueWithUndo"),
+    Row("check the thread, on the main thread", "checkOnMainThread", most=10 * NS),
+    Row("check the thread, with the lock", "checkUnderTheLock"),
+    Row("lock and unlock, on a thread", "lockAndUnlock", most=2000 * NS),
+    Row("a function on an idle main thread", "runOnIdleMain/iterations:3", most=110 * MS),
     Row("save 100 scenes of 100 nodes", "saveScenes/10000", items=10_000, most=2.0),
     Row("open 100 scenes of 100 nodes", "openScenes/10000", items=10_000, most=0.5, aim=0.15),
     Row("undo a bracket of 100,000 changes", "undoBracket/100000", items=100_000, most=0.2, aim=0.05),
@@ -92,6 +96,12 @@ NATIVE = (
     Row("product of two matrices", "multiplyHostMatrices", "floorMultiplyImath", "Imath: M44d product"),
     Row("multiply a matrix by another", "multiplyMatrices", "floorMultiplyImath", "Imath: M44d product"),
     Row("read a matrix from 16 numbers", "readMatrixFromNumbers", "floorMultiplyImath", "Imath: M44d product"),
+    Row("evaluate a cubic curve", "evaluateCubic", "floorEvaluateCubic", "lib2geom: the same", most_ratio=2),
+    Row("nearest place of a cubic curve", "nearestOfCubic", "floorNearestOfCubic", "lib2geom: the same"),
+    Row("intersect two cubic curves", "intersectCubics", "floorIntersectCubics", "lib2geom: clipping"),
+    Row("length of a cubic curve", "lengthOfCubic", "floorLengthOfCubic", "lib2geom: to 1e-8"),
+    Row("box of a cubic curve", "boxOfCubic", "floorBoxOfCubic", "lib2geom: the same"),
+    Row("fit a path to 1,000 points", "fitPoints/1000", "floorFitPoints/1000", "lib2geom: the same", most=10 * MS),
 )
 
 NATIVE_FLOORS = (
@@ -149,7 +159,8 @@ NATIVE_MEMORY = (
     ("a key's value was set", "historyOfKeys"),
 )
 
-# What handles all items of its size at once, and what waits for the disk.
-NATIVE_ON_THE_CLOCK = {"saveProject", "openProject", "saveScenes", "openScenes"}
-NATIVE_PER_ITEM = NATIVE_ON_THE_CLOCK | {"iterateNames", "createAndLink", "undoCreation", "setKeys", "undoKeys",
-                                         "undoBracket", "redoBracket"}
+# What waits for the disk or for another thread, and what handles all items of its size at once.
+NATIVE_ON_DISK = {"saveProject", "openProject", "saveScenes", "openScenes"}
+NATIVE_ON_THE_CLOCK = NATIVE_ON_DISK | {"lockAndUnlock", "runOnIdleMain"}
+NATIVE_PER_ITEM = NATIVE_ON_DISK | {"iterateNames", "createAndLink", "undoCreation", "setKeys", "undoKeys",
+                                   "undoBracket", "redoBracket"}
