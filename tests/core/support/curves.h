@@ -85,3 +85,10 @@ inline Points pointsIn(const QList<QVariant>& list)
         points.push_back(pointIn(item));
     return points;
 }
+
+/// The path that an operation gave; an empty one where it gave something else.
+inline OMC::BezierPath pathOf(const OMC::Obj& handle)
+{
+    const auto* path = OMC::objectIn<OMC::BezierPath>(handle);
+    return path ? *path : OMC::BezierPath();
+}
