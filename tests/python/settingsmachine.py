@@ -322,7 +322,9 @@ class SettingsMachine(UndoModel):
     @rule()
     def look_from_another_process(self):
         """Sees what is saved, and leaves it."""
-        text = support.run_command("info", self.folder).stdout
+        done = support.run_command("info", self.folder)
+        assert (done.returncode, done.stderr) == (0, "")
+        text = done.stdout
         for scene, name in zip(self.model.scenes, ("Walk", "Run, slow")):
             assert f'Scene "{name}": {scene.count} frame' in text and f"({scene.start} to {scene.stop})" in text
         assert f"{self.model.size[0]} x {self.model.size[1]}\n" in text
