@@ -1,7 +1,5 @@
 #include "tests/engine/geometry2d/randomcurves.h"
 
-#include "core/host/gr_bezierfitter.h"
-
 #include <gtest/gtest.h>
 
 #include <array>
@@ -176,16 +174,10 @@ TEST(DegenerateCurves, FitsToAnyPointsGiveAResultOrAClearException)
 {
     OddPoints odd(43);
     curves::RandomCurves random(44);
-    using Options = GR_BezierPath2dFitterOptions;
     for (int round = 0; round < 1500; ++round) {
         const GR_BezierPath2d points = odd.path();
-        Options options;
+        GR_BezierPath2dFitterOptions options = random.fitterOptions();
         options.tolerance = std::pow(10, random.number(-12, 12));
-        options.method = static_cast<Options::Method>(random.below(2));
-        options.parametrization = static_cast<Options::Parametrization>(random.below(3));
-        options.cornerDetection = static_cast<Options::CornerDetection>(random.below(2));
-        options.linearInterpolation = static_cast<Options::LinearInterpolation>(random.below(3));
-        options.tangentOptimization = static_cast<Options::TangentOptimization>(random.below(2));
         const GR_BezierPath2dFitter fitter(options);
         const Soon soon;
         attempt([&] {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <limits>
@@ -70,13 +71,8 @@ TEST(Fitter, EachPointIsWithinTheToleranceWhateverTheOptions)
 {
     curves::RandomCurves random(91);
     for (int round = 0; round < 120; ++round) {
-        Options options;
+        GR_BezierPath2dFitterOptions options = random.fitterOptions();
         options.tolerance = std::pow(10, random.number(-3, 1.5));
-        options.method = static_cast<Options::Method>(random.below(2));
-        options.parametrization = static_cast<Options::Parametrization>(random.below(3));
-        options.cornerDetection = static_cast<Options::CornerDetection>(random.below(2));
-        options.linearInterpolation = static_cast<Options::LinearInterpolation>(random.below(3));
-        options.tangentOptimization = static_cast<Options::TangentOptimization>(random.below(2));
         options.iterations = static_cast<int>(random.below(8));
         options.neighbours = 1 + static_cast<int>(random.below(6));
         const GR_BezierPath2dFitter fitter(options);

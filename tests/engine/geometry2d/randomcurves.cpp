@@ -1,5 +1,6 @@
 #include "tests/engine/geometry2d/randomcurves.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -23,6 +24,18 @@ GR_BezierPath2d RandomCurves::path(unsigned int count)
         made.Append(point(), true);
     }
     return made;
+}
+
+GR_BezierPath2dFitterOptions RandomCurves::fitterOptions()
+{
+    using Options = GR_BezierPath2dFitterOptions;
+    Options options;
+    options.method = static_cast<Options::Method>(below(2));
+    options.parametrization = static_cast<Options::Parametrization>(below(3));
+    options.cornerDetection = static_cast<Options::CornerDetection>(below(2));
+    options.linearInterpolation = static_cast<Options::LinearInterpolation>(below(3));
+    options.tangentOptimization = static_cast<Options::TangentOptimization>(below(2));
+    return options;
 }
 
 GR_Bezier2d curve(std::initializer_list<Math::Point2d> points)

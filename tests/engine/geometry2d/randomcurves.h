@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/host/gr_bezier.h"
+#include "core/host/gr_bezierfitter.h"
 #include "core/host/gr_bezierpath.h"
 
 #include <initializer_list>
@@ -22,6 +23,8 @@ public:
     GR_Bezier2d curve() { return curve(below(4)); }
     /// A chain of this many curves of degree 1 to 3.
     GR_BezierPath2d path(unsigned int count);
+    /// Any kind of fit, with the default numbers.
+    GR_BezierPath2dFitterOptions fitterOptions();
 
 private:
     std::mt19937 m_random;
