@@ -69,6 +69,16 @@ def samples(app):
 
 
 @pytest.fixture
+def project(tmp_path):
+    """The folder of a project on disk that isn't open."""
+    folder = tmp_path / "walk"
+    with brindle.create(folder) as application:
+        support.samples(application)
+        application.save()
+    return folder
+
+
+@pytest.fixture
 def rig(app):
     """One of each to work on, with nothing in the history."""
     made = support.samples(app)

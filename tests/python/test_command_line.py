@@ -27,15 +27,6 @@ def run(*arguments, **options):
     return done.returncode, done.stdout, done.stderr
 
 
-@pytest.fixture
-def project(tmp_path):
-    folder = tmp_path / "walk"
-    with brindle.create(folder) as app:
-        support.samples(app)
-        app.save()
-    return folder
-
-
 @pytest.mark.parametrize("arguments, code, error", [
     ((), 2, "brindle: A command is missing; brindle --help lists them.\n"),
     (("",), 2, 'brindle: There is no command ""; brindle --help lists them.\n'),

@@ -4,18 +4,8 @@ import os
 import shutil
 
 import brindle
-import pytest
 
 import support
-
-
-@pytest.fixture
-def project(tmp_path):
-    folder = tmp_path / "walk"
-    with brindle.create(folder) as app:
-        support.samples(app)
-        app.save()
-    return folder
 
 
 def info(folder):

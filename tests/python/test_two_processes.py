@@ -22,15 +22,6 @@ for line in sys.stdin:
 """
 
 
-@pytest.fixture
-def project(tmp_path):
-    folder = tmp_path / "project"
-    with brindle.create(folder) as app:
-        support.samples(app)
-        app.save()
-    return folder
-
-
 class Holder:
     """A process that has a project open and runs lines of Python on it."""
 
