@@ -9,6 +9,7 @@
 
 #include <cerrno>
 #include <utility>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -53,6 +54,13 @@ struct Holder {
     QString program;
     QString user;
 };
+
+/// Not destroyed with the process either: that would remove what stands at the path.
+void keepForEver(std::unique_ptr<QLockFile> file)
+{
+    static auto& kept = *new std::vector<QLockFile*>;
+    kept.push_back(file.release());
+}
 
 bool lock(QLockFile& file)
 {
@@ -130,7 +138,7 @@ void ProjectLock::release()
     if (isHeld() && (isGone || (isOn(folder) && whyNotWritable(folder) == 0)))
         m_file.reset();
     else
-        static_cast<void>(m_file.release());
+        keepForEver(std::move(m_file));
 }
 
 bool ProjectLock::isHeld() const
