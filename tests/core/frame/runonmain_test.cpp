@@ -1,7 +1,7 @@
 #include "core/frame/threadmanager.h"
 
-#include "tests/core/support/embedded.h"
 #include "core/frame/threadmanagerstate.h"
+#include "tests/core/support/embedded.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
@@ -57,9 +57,11 @@ void runOnMain(const QVariant& function, bool wait)
 
 class RunOnMainTest : public EmbeddedTest {
 protected:
-    /// Runs a call on a worker while this thread handles events, and gives the sentence that it fails with.
+    /// Runs a call on a worker while this thread handles events, from when `begun` on, and gives the sentence that it
+    /// fails with.
     template <typename Call>
-    std::string whileEventsAreHandled(Call call)
+    std::string whileEventsAreHandled(
+        Call call, const std::function<bool()>& begun = [] { return true; })
     {
         std::string failure;
         std::atomic<bool> done = false;
@@ -68,7 +70,8 @@ protected:
             done = true;
         });
         while (!done) {
-            QCoreApplication::processEvents();
+            if (begun())
+                QCoreApplication::processEvents();
             std::this_thread::sleep_for(1ms);
         }
         worker.join();
@@ -179,7 +182,11 @@ TEST_F(RunOnMainTest, AJobThatIsStaleEndsTheWaitAsWell)
     Watched first;
     Watched second;
     EXPECT_EQ(onWorker([&] { runOnMain(first.argument(), false); }), passes);
-    EXPECT_EQ(whileEventsAreHandled([&] { runOnMain(second.argument(), true); }), passes);
+    // The second job has its ticket, and its own hold on the function, before the first one runs.
+    const QVariant argument = second.argument();
+    const int held = second.references();
+    const auto queued = [&, isQueued = false]() mutable { return isQueued = isQueued || second.references() > held; };
+    EXPECT_EQ(whileEventsAreHandled([&] { runOnMain(argument, true); }, queued), passes);
     EXPECT_EQ(first.calls + second.calls, 1);
 }
 
