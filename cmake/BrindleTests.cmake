@@ -73,7 +73,8 @@ brindle_gtest(service_tests tests/service
 # minute.
 brindle_gtest(slow_tests tests/slow LABEL slow
     LIBRARIES BrindleObjectModelCore $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}>)
-target_sources(slow_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests/core/support/python.cpp)
+target_sources(slow_tests PRIVATE
+    ${PROJECT_SOURCE_DIR}/tests/core/main.cpp ${PROJECT_SOURCE_DIR}/tests/core/support/python.cpp)
 add_test(NAME ThreadStressForAMinute COMMAND service_tests --gtest_filter=ThreadStressTest.*)
 set_tests_properties(ThreadStressForAMinute PROPERTIES LABELS slow TIMEOUT 300
     ENVIRONMENT "${test_environment};PYTHONPATH=${CMAKE_BINARY_DIR}/python;${interpreter_options};BRINDLE_STRESS_SECONDS=60")

@@ -60,6 +60,8 @@ struct ClassTable {
     OMC::BaseObject* (*construct)(const CallArguments& call) = nullptr;
     std::vector<std::string> constructors; ///< The signature of each form of the constructor.
     ValueState state;
+    traverseproc traverse = nullptr; ///< Of a class whose objects hold Python objects, for the garbage collector.
+    inquiry clear = nullptr;
 };
 
 /// A form of a constructor: a function that gives a new object.
@@ -146,6 +148,25 @@ public:
     {
         m_table.state = {[](const OMC::BaseObject* object) -> QVariantList { return State(static_cast<const T&>(*object)); },
                          [](const QVariantList& state) -> OMC::BaseObject* { return Rebuild(state); }};
+        return *this;
+    }
+
+    /// Lets the garbage collector see what Python objects the objects of the class hold: `Visit(const T&, visitproc,
+    /// void*)` calls the collector's function for each, and `Clear(T&)` lets go of them.
+    template <auto Visit, auto Clear>
+    Class& collected()
+    {
+        m_table.traverse = [](PyObject* wrapper, visitproc visit, void* argument) -> int {
+            if (const int stopped = visit(reinterpret_cast<PyObject*>(Py_TYPE(wrapper)), argument))
+                return stopped;
+            OMC::BaseObject* object = reinterpret_cast<Wrapper*>(wrapper)->object;
+            return object ? Visit(self(object), visit, argument) : 0;
+        };
+        m_table.clear = [](PyObject* wrapper) -> int {
+            if (OMC::BaseObject* object = reinterpret_cast<Wrapper*>(wrapper)->object)
+                Clear(self(object));
+            return 0;
+        };
         return *this;
     }
 

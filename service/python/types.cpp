@@ -199,12 +199,17 @@ void addClass(PyObject* module, const ClassTable& table)
         typeSlots.push_back({Py_tp_repr, reinterpret_cast<void*>(&valueRepresentation)});
     if (!base)
         typeSlots.push_back({Py_tp_members, members});
+    if (table.traverse) {
+        typeSlots.push_back({Py_tp_traverse, reinterpret_cast<void*>(table.traverse)});
+        typeSlots.push_back({Py_tp_clear, reinterpret_cast<void*>(table.clear)});
+    }
     typeSlots.push_back({0, nullptr});
     // A word more than the base: Python takes types of one layout for interchangeable, in `object.__class__ = other` and
     // in a class with two bases, where the object behind them is of one class only.
     const auto size = baseType ? baseType->tp_basicsize + Py_ssize_t(sizeof(void*)) : Py_ssize_t(sizeof(Wrapper));
+    const unsigned int collected = table.traverse ? Py_TPFLAGS_HAVE_GC : 0;
     PyType_Spec spec = {storage.qualifiedName.c_str(), static_cast<int>(size), 0,
-                        Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE, typeSlots.data()};
+                        static_cast<unsigned int>(Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE) | collected, typeSlots.data()};
     const Ref bases(baseType ? PyTuple_Pack(1, baseType) : nullptr);
     storage.type = reinterpret_cast<PyTypeObject*>(PyType_FromSpecWithBases(&spec, bases.get()));
     if (!storage.type)

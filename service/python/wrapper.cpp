@@ -92,6 +92,8 @@ void deallocate(PyObject* self)
 {
     auto* wrapper = reinterpret_cast<Wrapper*>(self);
     PyTypeObject* type = Py_TYPE(self);
+    if (PyType_IS_GC(type))
+        PyObject_GC_UnTrack(self);
     if (wrapper->weakReferences)
         PyObject_ClearWeakRefs(self);
     delete wrapper->object;

@@ -104,8 +104,8 @@ def dead_objects(app):
     return [sample for name, sample in samples.items() if name not in KEPT]
 
 
-KEPT = {"application", "project", "resolution", "named resolution", "history", "bracket", "scenes", "scene", "aspect",
-        "units", "center", "unit converter", "nodes of the scene", "copied nodes", "display",
+KEPT = {"application", "locked block", "project", "resolution", "named resolution", "history", "bracket", "scenes",
+        "scene", "aspect", "units", "center", "unit converter", "nodes of the scene", "copied nodes", "display",
         "composite", "dynamic in-ports", *support.VALUES}
 
 

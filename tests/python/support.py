@@ -35,6 +35,7 @@ VALUES = {
     "transformation": (lambda: brindle.Transformation(), "Transformation()"),
     "frame options": (lambda: brindle.FrameOptions(True, False), None),
     "matrix": (lambda: brindle.Matrix(), None),
+    "function": (lambda: brindle.PythonFunction(lambda: None), None),
     "bezier": (lambda: brindle.Bezier([[0, 0], [0, 10], [10, 10], [10, 0]]), "Bezier()[4]"),
     "bezier path": (lambda: brindle.BezierPath.create_circle(0, 0, 10), "BezierPath()[13]"),
 }
@@ -131,6 +132,7 @@ def samples(app):
         "keyframe": column[10],
         "control point": column.control_points.list()[1],
         "control points": column.control_points,
+        "locked block": app.locked(),
         **{name: make() for name, (make, _) in VALUES.items()},
     }
 

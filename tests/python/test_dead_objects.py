@@ -6,7 +6,7 @@ import pytest
 import support
 
 UNEXPECTED = "An unexpected error has occurred."
-KEPT_BY_CLOSING = {"application", *support.VALUES}
+KEPT_BY_CLOSING = {"application", "locked block", *support.VALUES}
 KEPT = {"project", "resolution", "named resolution", "history", "bracket", "scenes", "aspect", "units", "center",
         "unit converter", "scene", "nodes of the scene", "copied nodes", "display", "composite",
         "dynamic in-ports", *KEPT_BY_CLOSING}

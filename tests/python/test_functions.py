@@ -157,6 +157,20 @@ def test_references_are_counted_right(app):
     assert gone() is None
 
 
+def test_a_function_that_leads_back_to_its_wrapper_is_collected(app):
+    class Derived(brindle.PythonFunction):
+        pass
+
+    for kind in (brindle.PythonFunction, Derived):
+        function = Callable()
+        gone = weakref.ref(function)
+        function.wrapper = kind(function)
+        objects = brindle._live_objects()
+        del function
+        gc.collect()
+        assert gone() is None and brindle._live_objects() == objects - 1
+
+
 def test_a_function_is_no_value(app, state):
     before = state()
     scene = app.scene

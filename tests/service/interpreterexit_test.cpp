@@ -66,6 +66,17 @@ const Ending endings[] = {
                             "holder.scene = app.scene\n"
                             "del holder\n"},
     {"WithAMethodBound", "app = brindle.create(folder)\nsave = app.save\ncreate = app.scene.nodes.create\n"},
+    {"WithAFunctionInAWrapper", "app = brindle.create(folder)\n"
+                                "function = brindle.PythonFunction(lambda: app)\n"
+                                "copies = [function.copy(), function.copy()]\n"},
+    {"WithTheExceptionOfAFunctionKept", "app = brindle.create(folder)\n"
+                                        "try:\n"
+                                        "    app.run_function(lambda: app.scene.nodes[0.5])\n"
+                                        "except TypeError as e:\n"
+                                        "    kept = e\n"},
+    {"InsideALockedBlock", "app = brindle.create(folder)\n"
+                           "block = app.locked()\n"
+                           "block.__enter__()\n"},
     {"WithAnExceptionKept", "app = brindle.create(folder)\n"
                             "try:\n"
                             "    app.scene.frame_count = 0\n"

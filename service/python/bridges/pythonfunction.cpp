@@ -22,6 +22,16 @@ QVariant callWith(OMC::PythonFunction& function, const QVariant& arguments)
     return function.call(arguments.toList());
 }
 
+int visitFunction(const OMC::PythonFunction& function, visitproc visit, void* argument)
+{
+    return function.get() ? visit(function.get(), argument) : 0;
+}
+
+void dropFunction(OMC::PythonFunction& function)
+{
+    function.set(nullptr);
+}
+
 } // namespace
 
 std::vector<ClassTable> pythonFunctionTables()
@@ -30,6 +40,7 @@ std::vector<ClassTable> pythonFunctionTables()
     return {
         Class<PythonFunction>("PythonFunction", "A function of the script, as native code holds it.")
             .constructor<&functionOf, "function">()
+            .collected<&visitFunction, &dropFunction>()
             .method<"call", Form<&callWith, "arguments=None">>(
                 "Calls it with a list of arguments, or with none, and gives its result."),
     };

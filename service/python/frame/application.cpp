@@ -20,9 +20,9 @@ bool leave(const ServiceApplication& application, PyObject*, PyObject*, PyObject
     return false;
 }
 
-OMC::BaseObject* locked(const ServiceApplication& application)
+OMC::BaseObject* locked(const ServiceApplication&)
 {
-    return new Locked(application);
+    return new Locked;
 }
 
 bool leaveLocked(Locked& block, PyObject*, PyObject*, PyObject*)

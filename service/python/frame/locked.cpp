@@ -42,7 +42,7 @@ void Locked::enter()
         return;
     callTurn("acquire");
     try {
-        m_application.threadLock();
+        OMC::ThreadManager::instance()->lock();
     } catch (...) {
         callTurn("release");
         throw;
@@ -54,7 +54,7 @@ void Locked::leave()
     if (needsNoLock())
         return;
     try {
-        m_application.threadUnlock();
+        OMC::ThreadManager::instance()->unlock();
     } catch (...) {
         callTurn("release");
         throw;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/frame/baseobject.h"
-#include "service/serviceapplication.h"
 
 namespace brindle::python {
 
@@ -12,17 +11,11 @@ class Locked : public OMC::BaseObject {
     Q_OBJECT
 
 public:
-    explicit Locked(const ServiceApplication& application) : m_application(application) {}
-    Locked(const Locked& other) = default;
-
     OMC::BaseObject* copy() const override { return new Locked(*this); }
     std::string __str__() const override { return "Locked()"; }
 
     void enter();
     void leave();
-
-private:
-    ServiceApplication m_application;
 };
 
 } // namespace brindle::python
