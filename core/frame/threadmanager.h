@@ -26,10 +26,12 @@ namespace OMC {
 ///   the lock keeps the main thread out, not script threads out of each other's work.
 /// - Notifications are restored first in, first out: a nested pair of locks leaves them off.
 /// - A lock asked for while the main thread is inside Python is taken by the next check after it has left. Objects that
-///   make no check (the coordinates of a node and other plain views) don't take it up: a binding that lets the main thread
-///   out of Python takes it up itself, so that no thread works on while the main thread does.
+///   make no check (the coordinates of a node and other plain views) don't take it up: a binding that lets the main
+///   thread out of Python takes it up itself, so that no thread works on while the main thread does.
 /// - Those objects aren't kept from a thread that never asked for the lock either.
 /// - A function that fails inside `runFunction` leaves the lock taken.
+/// - A thread that holds the lock keeps the main thread from its events, and so from the function that it waits for in
+///   `runOnMain`.
 /// - Two jobs that are posted before the main thread comes to the first run the first only.
 class BRINDLE_CORE_EXPORT ThreadManager {
 public:

@@ -47,7 +47,8 @@ private:
     std::optional<PyGILState_STATE> m_state;
 };
 
-/// A thread in Python lets others run Python. On a thread that isn't in Python it does nothing.
+/// A thread in Python lets others run Python; it goes on when no blocking operation has the engine. On a thread that
+/// isn't in Python it does nothing.
 class ThreadScope final : public PythonThreadHelper::PythonThreadScope_Priv {
 public:
     ThreadScope() : m_state(holdsLock() ? PyEval_SaveThread() : nullptr) {}
@@ -55,8 +56,11 @@ public:
 
     void release() override
     {
-        if (m_state)
-            takeLock(std::exchange(m_state, nullptr));
+        if (!m_state)
+            return;
+        takeLock(std::exchange(m_state, nullptr));
+        // The native code that goes on here may touch the engine.
+        EngineGate::enter();
     }
 
     static bool holdsLock() { return Py_IsInitialized() && PyGILState_Check(); }

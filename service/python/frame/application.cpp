@@ -45,7 +45,8 @@ std::vector<ClassTable> applicationTables()
             .method<"save", Form<&save, "path=None">>(
                 "Writes the project folder whole or not at all; with a path, does what save_as does.")
             .method<"save_as", Form<&saveAs, "path">>("Writes the project to another folder and goes on there.")
-            .method<"close", Form<&close>>("Closes the project and saves nothing; what was got from it is invalid then.")
+            .method<"close", Form<&close>>(
+                "Closes the project and saves nothing; what was got from it is invalid then.")
             .method<"trace", Form<&OMC::Application::trace, "message">>("Writes a line to the log.")
             .method<"log", Form<pick<const QString&>(&OMC::Application::log), "message">,
                     Form<pick<const QString&, const QString&>(&OMC::Application::log), "message, level">>(
@@ -54,17 +55,24 @@ std::vector<ClassTable> applicationTables()
             .method<"debug", Form<&OMC::Application::debug, "message">>("Writes a line for developers to the log.")
             .method<"process_one_event", Form<&OMC::Application::processOneEvent>>("Runs the events that are pending.")
             .method<"run_function", Form<&OMC::Application::runFunction, "function">>(
-                "Calls a function without arguments, from a thread of the script with the application lock held meanwhile.")
+                "Calls a function without arguments, from a thread of the script with the application lock held "
+                "meanwhile.")
             .method<"run_on_main", Form<&OMC::Application::runOnMain, "function, wait=True">>(
-                "Calls a function without arguments on the main thread, at once from there, else when it comes to events; "
-                "waits until that is done (30 s at most) and raises what it raised, or goes on at once.")
+                "Calls a function without arguments on the main thread, at once from there, else when it comes to "
+                "events; "
+                "waits until that is done (30 s at most) and raises what it raised, or goes on at once. Of functions "
+                "that "
+                "threads post before the main thread comes to the first of them, only that one is called; and a lock "
+                "that "
+                "is really held keeps the main thread from coming to any.")
             .method<"thread_lock", Form<&OMC::Application::threadLock>>(
-                "Takes the application lock, which lets the threads of the script work on the project; taken twice, it is "
+                "Takes the application lock, which lets the threads of the script work on the project; taken twice, it "
+                "is "
                 "to be given back twice. Nothing on the main thread and in a plain interpreter.")
             .method<"thread_unlock", Form<&OMC::Application::threadUnlock>>("Gives the application lock back.")
-            .method<"locked", Form<&locked>>(
-                "For `with app.locked():`, a block with the application lock held, in which one thread of the script is "
-                "at a time. Nothing on the main thread of an application.")
+            .method<"locked", Form<&locked>>("For `with app.locked():`, a block with the application lock held, in "
+                                             "which one thread of the script is "
+                                             "at a time. Nothing on the main thread of an application.")
             .method<"__enter__", Form<&enter>>("The application itself.")
             .method<"__exit__", Form<&leave, "type, value, traceback">>("Closes the project."),
         Class<Locked>("Locked", "A block with the application lock held: `with app.locked():`.")
