@@ -10,6 +10,8 @@ install(FILES ${CMAKE_BINARY_DIR}/BrindleConfig.cmake ${CMAKE_BINARY_DIR}/Brindl
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Brindle)
 
 install(DIRECTORY core DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/brindle FILES_MATCHING PATTERN "*.h")
+# What a program of its own needs to start the open engine.
+install(FILES engine/engine.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/brindle/engine)
 
 # Debian's interpreter looks here, under the prefix it was installed to and under /usr/local.
 set(BRINDLE_PYTHON_DIR ${CMAKE_INSTALL_LIBDIR}/python3/dist-packages CACHE STRING
@@ -18,3 +20,11 @@ file(GLOB python_package_files CONFIGURE_DEPENDS
     ${PROJECT_SOURCE_DIR}/service/python/brindle/*.py ${PROJECT_SOURCE_DIR}/service/python/brindle/*.pyi
     ${PROJECT_SOURCE_DIR}/service/python/brindle/py.typed)
 install(FILES ${python_package_files} DESTINATION ${BRINDLE_PYTHON_DIR}/brindle)
+# The package's module is the service library itself: a link, so that a process never has it twice. What it needs is
+# found from either place.
+file(RELATIVE_PATH package_to_libraries /${BRINDLE_PYTHON_DIR}/brindle /${CMAKE_INSTALL_LIBDIR})
+string(REGEX REPLACE "/$" "" package_to_libraries ${package_to_libraries})
+set_target_properties(BrindleObjectModelServiceLib PROPERTIES INSTALL_RPATH "$ORIGIN;$ORIGIN/${package_to_libraries}")
+install(CODE "file(CREATE_LINK
+    \"${package_to_libraries}/$<TARGET_FILE_NAME:BrindleObjectModelServiceLib>\"
+    \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${BRINDLE_PYTHON_DIR}/brindle/_brindle.so\" SYMBOLIC)")
