@@ -14,7 +14,7 @@ class TUDbSceneData;
 class BRINDLE_HOST_EXPORT TUDbResolution {
 public:
     /// The side of the picture that the field of view spans.
-    enum FovFit { kFitHeight = 0, kFitWidth = 1 };
+    enum FovFit : int { kFitHeight = 0, kFitWidth = 1 };
     enum Projection : int { kPerspective = 0, kOrthogonal = 1 };
 
     /// A row of the table.

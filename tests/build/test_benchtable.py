@@ -69,7 +69,7 @@ def test_every_row_of_the_native_side_has_its_benchmark():
 
 def test_every_row_of_the_python_side_is_measured_by_the_script():
     sources = (BENCH / "script.py").read_text() + (BENCH / "floors" / "objects.py").read_text()
-    measured = set(re.findall(r'"([\w ._]+)(?:/\{size\})?"', sources))
+    measured = set(re.findall(r'"([\w ._]+)(?:/(?:\{size\}|\d+))?"', sources))
     asked = {key.split("/")[0] for row in rows.PYTHON for key in (row.key, row.floor) if key}
     asked |= {key for _, key in (*rows.PYTHON_FLOORS, *rows.PYTHON_SCALING)}
     assert asked <= measured
