@@ -4,10 +4,10 @@
 namespace Math::Constants {
 
 /// Whether the end of an interval belongs to it.
-enum Boundary { Open = 0, Closed = 1 };
+enum Boundary : int { Open = 0, Closed = 1 };
 
 /// What counts as the inside of a path that runs around a place more than once.
-enum FillType {
+enum FillType : int {
     EvenOdd = 0, ///< Places that it runs around an odd number of times.
     NonZero = 1  ///< Places that it runs around at all, one direction taken off the other.
 };
