@@ -143,7 +143,8 @@ void Scene::setColorspace(const QString& name)
     SC_ProjectCommon& project = projectCommon();
     if (name == project.projectColorSpace())
         return;
-    undo::run(commandManager(), new SC_ProjectCmds::SetProjectColorSpaceCmd(&project, name),
+    CO_CommandManager& manager = commandManager();
+    undo::run(manager, new SC_ProjectCmds::SetProjectColorSpaceCmd(&project, name),
               tr("Set Working Colour Space"), tr("Failed to set the colour space."));
     announce();
 }

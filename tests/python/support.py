@@ -10,6 +10,7 @@ import brindle
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 COMMAND = os.environ["BRINDLE_BIN"]
 PYTHON = "/usr/bin/python3"
+SANITIZED = "libasan" in os.environ.get("LD_PRELOAD", "")
 
 MEMORY = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
 

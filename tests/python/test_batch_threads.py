@@ -266,7 +266,13 @@ sys.exit(17)""", 17),
 }
 
 
-@pytest.mark.parametrize("name", ENDINGS)
+# CPython unwinds a thread that comes back after the end. The address sanitizer takes what is left of such a stack for an
+# error: it doesn't see frames go that are unwound from outside.
+UNWOUND = pytest.mark.skipif(support.SANITIZED, reason="the sanitizer doesn't follow how CPython ends a thread")
+
+
+@pytest.mark.parametrize(
+    "name", [pytest.param(name, marks=[UNWOUND] if name == "daemons that work on" else []) for name in ENDINGS])
 def test_a_script_ends_with_its_own_exit_code(batch, name):
     text, code = ENDINGS[name]
     assert batch(text, timeout=25) == (code, "", "")

@@ -35,8 +35,7 @@ NOBODY = "os.setgid(65534); os.setuid(65534)"
 
 needs_root = pytest.mark.skipif(os.geteuid() != 0, reason="only root can become nobody")
 unwatched = pytest.mark.skipif(
-    "libubsan" in os.environ.get("LD_PRELOAD", ""), reason="the sanitizer asks for an object's class through a pipe of its own"
-)
+    support.SANITIZED, reason="the sanitizer asks for an object's class through a pipe of its own")
 
 
 @pytest.fixture
