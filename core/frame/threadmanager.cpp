@@ -152,7 +152,10 @@ void ThreadManager::runOnMain(const QVariant& function, bool wait)
     const SCP_PythonEngine::ThreadStateScope outside;
     const auto job = std::make_shared<MainThreadJob>(called, threadLockIndex(), waits);
     QMetaObject::invokeMethod(QAbstractEventDispatcher::instance(QCoreApplication::instance()->thread()),
-                              [this, job] { job->run(threadLockIndex()); });
+                              [this, posted = job]() mutable {
+                                  posted->run(threadLockIndex());
+                                  posted.reset();
+                              });
     if (!waits)
         return;
     for (int look = 0; look < jobLooks; ++look) {
