@@ -40,7 +40,7 @@ Ref makeConsole()
     const Ref module(PyImport_ImportModule("brindle._console"));
     const Ref output(python::printerFunction(BAPP_ScriptConsole::Stream::Output));
     const Ref error(python::printerFunction(BAPP_ScriptConsole::Stream::Error));
-    if (!module || !output || !error)
+    if (!module || !output || !error || !python::Pulse::install())
         return {};
     return Ref(PyObject_CallMethod(module.get(), "Console", "OO", output.get(), error.get()));
 }

@@ -136,12 +136,14 @@ class Console(code.InteractiveConsole):
             print(status, file=sys.stderr)
 
     def _show_refused(self, source, filename, symbol):
-        """Says what is wrong with a source, in the words of the compiler that takes it as a whole."""
+        """Says what is wrong with a source in the words of the compiler that takes it as a whole, where that refuses it
+        too; the one that takes it line by line calls much "incomplete"."""
         try:
-            compile(source + "\n", filename, symbol)
+            compile(source, filename, symbol, dont_inherit=True)
         except (SyntaxError, ValueError, OverflowError):
-            pass
-        self.showsyntaxerror(filename)
+            self.showsyntaxerror(filename)
+        else:
+            self.showsyntaxerror(filename)
 
     def _push_block(self, text):
         self.buffer += text.split("\n")

@@ -3,7 +3,10 @@
 #include "core/host/application.h"
 #include "service/python/errors.h"
 
+#include <QScopedValueRollback>
+
 #include <chrono>
+#include <csignal>
 
 namespace brindle::python {
 
@@ -12,10 +15,20 @@ namespace {
 /// Longer than a person notices that nothing moves, shorter than it is felt; what is done sooner never waits for
 /// events.
 constexpr auto interval = std::chrono::milliseconds(40);
+constexpr int ownSignal = SIGURG;
+
+PyObject* heard(PyObject*, PyObject*)
+{
+    return guarded([]() -> PyObject* {
+        Pulse::beat();
+        Py_RETURN_NONE;
+    });
+}
 
 } // namespace
 
 Pulse* Pulse::s_innermost = nullptr;
+bool Pulse::s_beating = false;
 
 Pulse::Pulse() : m_outer(s_innermost), m_clock([this] { ask(); })
 {
@@ -33,6 +46,15 @@ Pulse::~Pulse()
     s_innermost = m_outer;
 }
 
+bool Pulse::install()
+{
+    static PyMethodDef definition = {"_beat", &heard, METH_VARARGS, nullptr};
+    const Ref handler(PyCFunction_New(&definition, nullptr));
+    const Ref module(handler ? PyImport_ImportModule("signal") : nullptr);
+    const Ref before(module ? PyObject_CallMethod(module.get(), "signal", "iO", ownSignal, handler.get()) : nullptr);
+    return bool(before);
+}
+
 void Pulse::interrupt()
 {
     if (s_innermost)
@@ -44,28 +66,25 @@ void Pulse::ask()
 {
     std::unique_lock guard(m_mutex);
     while (!m_ended.wait_for(guard, interval, [this] { return m_ends; })) {
-        // A full list of pending calls has room again at the next turn.
-        if (!m_asked.exchange(true) && Py_AddPendingCall(&beat, nullptr) < 0)
-            m_asked = false;
+        if (!m_asked.exchange(true))
+            pthread_kill(m_mainThread, ownSignal);
     }
 }
 
-/// What was asked for may come when its pulse is over: it is then the outer one's, or nobody's.
-int Pulse::beat(void*)
+/// What was asked for may be heard when its pulse is over: it is then the outer one's, or nobody's.
+void Pulse::beat()
 {
     if (!s_innermost)
-        return 0;
-    return guarded([]() -> int {
-        handleEvents();
-        return 0;
-    });
-}
-
-void Pulse::handleEvents()
-{
+        return;
     Pulse& pulse = *s_innermost;
-    BUIAPP_Application::processEventsNoAppLock(true);
     pulse.m_asked = false;
+    // A function that an event runs may be heard to the end.
+    if (s_beating)
+        return;
+    {
+        const QScopedValueRollback beating(s_beating, true);
+        BUIAPP_Application::processEventsNoAppLock(true);
+    }
     if (!std::exchange(pulse.m_interrupted, false))
         return;
     PyErr_SetNone(PyExc_KeyboardInterrupt);
