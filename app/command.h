@@ -10,6 +10,7 @@ namespace app {
 int runScript(const QStringList& arguments);
 int newProject(const QStringList& arguments);
 int projectInfo(const QStringList& arguments);
+int openDesk(const QStringList& arguments);
 
 constexpr int done = 0;
 constexpr int failed = 1;

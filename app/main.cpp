@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 
 #include <clocale>
-#include <cstdio>
 
 namespace app {
 
@@ -19,6 +18,8 @@ struct Command {
 constexpr Command commands[] = {
     {"run", "[--project DIR [--read-only]] [--verbose] SCRIPT [--] [ARGUMENT...]",
      "Runs a Python script with the module brindle at hand.", &runScript},
+    {"desk", "[--new | --read-only] [--verbose] DIR [--run SCRIPT [ARGUMENT...]]",
+     "Opens a project in a window with a script console and the log.", &openDesk},
     {"new", "DIR", "Makes a new project folder.", &newProject},
     {"info", "DIR", "Tells what is in a project, also in one that another process has open.", &projectInfo},
 };
@@ -29,7 +30,7 @@ QString help()
     for (const Command& command : commands)
         text += QString("  brindle %1 %2\n      %3\n").arg(command.name, command.arguments, command.text);
     return text + "\nOptions:\n  --help      Shows this text.\n  --version   Shows the version.\n\n"
-                  "Exit codes: 0 done, 1 failed, 2 wrong arguments; run gives the script's own.\n";
+                  "Exit codes: 0 done, 1 failed, 2 wrong arguments; run and desk give a script's own.\n";
 }
 
 int execute(QStringList arguments)
@@ -53,17 +54,6 @@ int execute(QStringList arguments)
 }
 
 } // namespace
-
-int fail(const QString& sentence, int code)
-{
-    std::fprintf(stderr, "brindle: %s\n", sentence.toLocal8Bit().constData());
-    return code;
-}
-
-void print(const QString& text)
-{
-    std::fputs(text.toLocal8Bit().constData(), stdout);
-}
 
 } // namespace app
 

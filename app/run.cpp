@@ -1,11 +1,11 @@
 #include "app/command.h"
 
+#include "app/pythonlibrary.h"
 #include "core/frame/scriptenginegenerator.h"
 #include "core/frame/vectorizationinterface.h"
 #include "engine/engine.h"
 
 #include <QFileInfo>
-#include <QLibrary>
 
 #include <cstdio>
 
@@ -88,11 +88,8 @@ int runScript(const QStringList& arguments)
     if (!QFileInfo(options.script.first()).isFile())
         return fail(QString("There is no script \"%1\".").arg(options.script.first()), failed);
 
-    // The service library takes Python's symbols from the process. Both stay loaded.
-    QLibrary python(BRINDLE_PYTHON_LIBRARY);
-    python.setLoadHints(QLibrary::ExportExternalSymbolsHint);
-    if (!python.load())
-        return fail(QString("Scripting can't be loaded: %1").arg(python.errorString()), failed);
+    if (const QString reason = loadPythonLibrary(); !reason.isEmpty())
+        return fail(QString("Scripting can't be loaded: %1").arg(reason), failed);
 
     engine::setBatchMode(engine::BatchMode::Python);
     engine::setLogVerbose(options.verbose);

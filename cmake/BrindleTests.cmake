@@ -1,6 +1,7 @@
 # One ctest run has every test: the GoogleTest cases one by one, pytest's as one entry, and the checks of the build.
 
 find_package(GTest 1.12 REQUIRED)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
 include(GoogleTest)
 
 # Preferences are those of a user who never set any.
@@ -19,6 +20,9 @@ if("address" IN_LIST BRINDLE_SANITIZE)
     list(JOIN preload ":" preload)
     set(interpreter_options ASAN_OPTIONS=detect_leaks=0)
     list(APPEND python_environment LD_PRELOAD=${preload} PYTHONMALLOC=malloc ${interpreter_options})
+endif()
+if("thread" IN_LIST BRINDLE_SANITIZE)
+    list(APPEND test_environment TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/tsan.suppressions)
 endif()
 if(BRINDLE_SANITIZE)
     list(APPEND test_environment UBSAN_OPTIONS=print_stacktrace=1)
@@ -68,6 +72,9 @@ target_compile_definitions(core_tests PRIVATE BRINDLE_TEST_LIBRARIES="${CMAKE_BI
 brindle_gtest(service_tests tests/service
     LIBRARIES BrindleObjectModelServiceLib $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}> Python3::Python
     ENVIRONMENT PYTHONPATH=${CMAKE_BINARY_DIR}/python ${interpreter_options})
+brindle_gtest(desk_tests tests/app/desk
+    LIBRARIES BrindleDesk Qt6::Test ENVIRONMENT PYTHONPATH=${CMAKE_BINARY_DIR}/python ${interpreter_options})
+add_dependencies(desk_tests BrindleObjectModelServiceLib)
 
 # What takes long by its nature, with the label "slow": waiting with the clock as it is, and the stress of threads for a
 # minute.

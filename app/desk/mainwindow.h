@@ -1,0 +1,67 @@
+#pragma once
+
+#include "app/desk/openproject.h"
+#include "app/desk/projectactions.h"
+#include "app/desk/scriptrunner.h"
+
+#include <QMainWindow>
+
+namespace app::desk {
+
+class ConsolePanel;
+class Dialogs;
+class LogPanel;
+
+/// The window of a session: its project in the title, the script console, the log, and the menus. It belongs to whoever
+/// made it, who keeps the session, the interpreter and the dialogs for longer. Views and tools become docks of it.
+class MainWindow final : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// What is kept of a person from one run to the next; an empty path keeps nothing.
+    struct Files {
+        QString history;   ///< What was typed into the console.
+        QString placement; ///< Where the window and its docks stood.
+        static Files ofUser();
+    };
+
+    MainWindow(SC_SessionContext& session, BAPP_ScriptConsole& console, Dialogs& dialogs, const Files& files,
+               bool showsDebug = false);
+    ~MainWindow() override;
+
+    ConsolePanel& console() const { return *m_console; }
+    LogPanel& log() const { return *m_log; }
+    ProjectActions& projectActions() { return m_actions; }
+    QAction& runAction() { return m_run; }
+    QAction& interruptAction() { return m_interrupt; }
+
+    /// Closes the window because a script asked to end the process; the person may still decide to stay.
+    void leave(int exitCode);
+    int exitCode() const { return m_exitCode; } ///< What the process is to end with.
+
+    /// Runs a script that ends the process if it asks for that.
+    void runAtStart(const QStringList& script);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void addDocks();
+    void addMenus();
+    void runScript();
+    void update();
+    bool mayClose();
+
+    Dialogs& m_dialogs;
+    Files m_files;
+    ScriptRunner m_scripts;
+    OpenProject m_project;
+    ProjectActions m_actions;
+    QAction m_run;
+    QAction m_interrupt;
+    ConsolePanel* m_console;
+    LogPanel* m_log;
+    int m_exitCode = 0;
+};
+
+} // namespace app::desk

@@ -1,0 +1,55 @@
+#include "app/desk/terminalinterrupt.h"
+
+#include "core/frame/mainthreadstate.h"
+
+#include <unistd.h>
+#include <csignal>
+
+namespace app::desk {
+
+namespace {
+
+// What the handler uses: a signal has no other way to an object.
+int channel[2] = {-1, -1};
+struct sigaction handlerOfInterpreter = {};
+
+extern "C" void handleInterrupt(int signal)
+{
+    if (OMC::MainThreadState::isInPython()) {
+        handlerOfInterpreter.sa_handler(signal);
+        return;
+    }
+    [[maybe_unused]] const ssize_t written = write(channel[1], "", 1);
+}
+
+} // namespace
+
+TerminalInterrupt::TerminalInterrupt(std::function<void()> asked) : m_asked(std::move(asked))
+{
+    sigaction(SIGINT, nullptr, &handlerOfInterpreter);
+    const bool isHandled = handlerOfInterpreter.sa_handler != SIG_IGN && handlerOfInterpreter.sa_handler != SIG_DFL;
+    if (!isHandled || (handlerOfInterpreter.sa_flags & SA_SIGINFO) != 0 || pipe(channel) != 0)
+        return;
+    m_notifier.emplace(channel[0], QSocketNotifier::Read);
+    QObject::connect(&*m_notifier, &QSocketNotifier::activated, [this] {
+        char signal = 0;
+        if (read(channel[0], &signal, 1) == 1)
+            m_asked();
+    });
+    struct sigaction own = {};
+    own.sa_handler = &handleInterrupt;
+    own.sa_flags = SA_RESTART;
+    sigaction(SIGINT, &own, nullptr);
+}
+
+TerminalInterrupt::~TerminalInterrupt()
+{
+    if (!m_notifier)
+        return;
+    sigaction(SIGINT, &handlerOfInterpreter, nullptr);
+    m_notifier.reset();
+    close(channel[0]);
+    close(channel[1]);
+}
+
+} // namespace app::desk

@@ -1,0 +1,230 @@
+"""The application with a window, without anybody in front of it: what it opens, runs, and ends with."""
+
+import os
+import signal
+import subprocess
+import time
+
+import brindle
+import pytest
+
+import support
+
+USAGE = "brindle: Usage: brindle desk [--new | --read-only] [--verbose] DIR [--run SCRIPT [ARGUMENT...]]\n"
+
+
+@pytest.fixture
+def environment(tmp_path):
+    """Of a person who never had a desk open, in front of a screen that nobody sees."""
+    return {**os.environ, "QT_QPA_PLATFORM": "offscreen", "XDG_CONFIG_HOME": str(tmp_path / "config"),
+            "XDG_DATA_HOME": str(tmp_path / "data"), "XDG_RUNTIME_DIR": str(tmp_path)}
+
+
+@pytest.fixture
+def project(tmp_path):
+    with brindle.create(tmp_path / "walk"):
+        pass
+    return tmp_path / "walk"
+
+
+@pytest.fixture
+def start(environment):
+    """Starts `brindle desk`; what still runs at the end is ended."""
+    started = []
+
+    def run(*arguments, **options):
+        process = subprocess.Popen([support.COMMAND, "desk", *map(str, arguments)], text=True, stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                   **{"env": environment, **options})
+        started.append(process)
+        return process
+
+    yield run
+    for process in started:
+        process.kill()
+        process.communicate()
+
+
+@pytest.fixture
+def desk(start, tmp_path):
+    """Runs a script in a desk to the desk's end; its exit code and what it wrote to the process's own streams."""
+
+    def run(project, script, *arguments, options=()):
+        path = tmp_path / "script.py"
+        path.write_text(script)
+        process = start(*options, project, "--run", path, *arguments)
+        return end_of(process)
+
+    return run
+
+
+def own(error):
+    """Without what the screen that nobody sees has to say."""
+    return "".join(line for line in error.splitlines(True) if not line.startswith("This plugin does not support"))
+
+
+def end_of(process):
+    out, error = process.communicate(timeout=60)
+    return process.returncode, out, own(error)
+
+
+@pytest.mark.parametrize("arguments, code, error", [
+    ((), 2, USAGE), (("--paint", "a"), 2, USAGE), (("a", "b"), 2, USAGE),
+    (("a", "--run"), 2, "brindle: --run needs a script.\n"),
+    (("--new", "--read-only", "a"), 2, "brindle: --new and --read-only don't go together.\n"),
+    (("/nowhere",), 1, 'brindle: Cannot open the project: "/nowhere" does not exist.\n'),
+    (("/dev/null",), 1, 'brindle: Cannot open the project: "/dev/null" is a file, not a folder.\n'),
+])
+def test_a_failure_is_one_line_on_standard_error(start, arguments, code, error):
+    process = start(*arguments)
+    assert end_of(process) == (code, "", error)
+
+
+def test_a_folder_without_a_project_is_opened_only_as_a_new_one(desk, tmp_path):
+    folder = tmp_path / "new"
+    folder.mkdir()
+    code, out, error = desk(folder, "raise SystemExit(3)")
+    assert (code, out, error.count("\n")) == (1, "", 1) and error.startswith("brindle: Cannot open the project: ")
+    assert desk(folder, "raise SystemExit(3)", options=["--new"]) == (3, "", "")
+    assert desk(folder, "raise SystemExit(4)") == (4, "", "")
+    code, out, error = desk(folder, "raise SystemExit(3)", options=["--new"])
+    assert (code, out) == (1, "") and "already holds a project" in error
+
+
+def test_without_a_display_it_says_so(start, environment, project):
+    bare = {name: value for name, value in environment.items()
+            if name not in ("QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY")}
+    process = start(project, env=bare)
+    assert end_of(process) == (1, "", "brindle: There is no display to open a window on.\n")
+
+
+@pytest.mark.parametrize("end, code", [
+    ("raise SystemExit", 0), ("import sys; sys.exit(7)", 7), ("exit(True)", 1), ("quit()", 0),
+])
+def test_a_script_at_the_start_gives_the_exit_code(desk, project, end, code):
+    assert desk(project, end) == (code, "", "")
+
+
+def test_a_script_works_on_the_project_and_saves_it(desk, project):
+    script = """
+import sys, threading
+assert app is brindle.application()
+assert threading.current_thread() is threading.main_thread()
+app.scene.nodes.create("PEG", sys.argv[1])
+app.save()
+raise SystemExit(5)
+"""
+    assert desk(project, script, "Arm", "--new") == (5, "", "")
+    with brindle.open(project) as app:
+        assert app.scene.nodes["Top/Arm"].name == "Arm"
+
+
+def test_prints_and_the_log_stay_in_the_window(desk, project):
+    script = """
+import sys
+print("in the console")
+print("in the console", file=sys.stderr)
+app.error("in the log")
+print("on the terminal", file=sys.__stdout__)
+raise SystemExit
+"""
+    assert desk(project, script) == (0, "on the terminal\n", "")
+
+
+def test_the_thread_rules_hold(desk, project):
+    script = """
+import sys, threading
+
+def work():
+    try:
+        app.scene.name
+    except brindle.Error as error:
+        print(error, file=sys.__stdout__)
+    with app.locked():
+        app.scene.nodes.create("PEG", "Arm")
+    app.run_on_main(lambda: print(threading.current_thread() is threading.main_thread(), file=sys.__stdout__))
+    app.run_on_main(end)
+
+def end():
+    app.save()
+    exit = threading.Thread(target=lambda: app.run_on_main(app.close, False))
+    exit.start()
+
+thread = threading.Thread(target=work)
+thread.start()
+while thread.is_alive():
+    app.process_one_event()
+raise SystemExit(6)
+"""
+    code, out, error = desk(project, script)
+    assert (code, error) == (6, "")
+    assert out == "Unable to access Object Model from another thread -- application must be locked.\nTrue\n"
+
+
+def test_threads_that_still_work_at_the_end_are_waited_for(desk, project):
+    script = """
+import sys, threading, time
+
+def work():
+    time.sleep(0.5)
+    print("done", brindle.application(), file=sys.__stdout__, flush=True)
+
+threading.Thread(target=work).start()
+raise SystemExit(2)
+"""
+    assert desk(project, script) == (2, "done None\n", "")
+
+
+def test_what_is_left_held_doesnt_keep_it_from_ending(desk, project):
+    script = """
+import threading
+kept = [app.scene, app.scene.nodes[0], lambda: app, app.project.history]
+stuck = threading.Thread(target=threading.Event().wait, daemon=True)
+stuck.start()
+raise SystemExit(4)
+"""
+    assert desk(project, script) == (4, "", "")
+
+
+def test_while_it_is_open_nobody_else_opens_the_project(start, project, tmp_path):
+    marker = tmp_path / "marker"
+    script = tmp_path / "script.py"
+    script.write_text(f"import pathlib; pathlib.Path({str(marker)!r}).touch()\n")
+    process = start(project, "--run", script)
+    wait_for(marker.exists)
+    with pytest.raises(brindle.Error, match="Cannot open the project"):
+        brindle.open(project)
+    with brindle.open(project, read_only=True) as app:
+        assert app.scene.name == "Scene-1"
+    process.send_signal(signal.SIGINT)
+    assert end_of(process) == (0, "", "")
+    with brindle.open(project):
+        pass
+
+
+def test_an_interrupt_from_the_terminal_is_the_scripts_or_ends_the_desk(start, project, tmp_path):
+    running, caught = tmp_path / "running", tmp_path / "caught"
+    script = tmp_path / "script.py"
+    script.write_text(f"""
+import pathlib
+try:
+    pathlib.Path({str(running)!r}).touch()
+    while True: pass
+except KeyboardInterrupt:
+    pathlib.Path({str(caught)!r}).touch()
+""")
+    process = start(project, "--run", script)
+    wait_for(running.exists)
+    process.send_signal(signal.SIGINT)
+    wait_for(caught.exists)
+    time.sleep(0.2)
+    assert process.poll() is None
+    process.send_signal(signal.SIGINT)
+    assert end_of(process) == (0, "", "")
+
+
+def wait_for(condition):
+    end = time.monotonic() + 60
+    while not condition():
+        assert time.monotonic() < end
+        time.sleep(0.01)
