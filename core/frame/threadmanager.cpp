@@ -5,12 +5,15 @@
 #include "core/frame/global.h"
 #include "core/frame/mainthreadjob.h"
 #include "core/frame/mainthreadstate.h"
+#include "core/host/msg_scope.h"
 #include "core/host/sc_scene.h"
 #include "core/host/sc_session.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QThread>
+
+#include <algorithm>
 
 namespace OMC {
 
@@ -33,15 +36,27 @@ QString translated(const char* text)
     return QCoreApplication::translate("CadenceMain", text);
 }
 
+/// Of the calling thread; it ends with it.
+const std::shared_ptr<const char>& threadMark()
+{
+    static thread_local const auto mark = std::make_shared<const char>();
+    return mark;
+}
+
 bool isExternal()
 {
     return !ThreadManager::getPythonEngine();
 }
 
-TUSceneChangeManager& changeManager()
+TUSceneChangeManager* findChangeManager()
 {
     SC_SessionContext* session = Global::sessionContext();
-    TUSceneChangeManager* manager = session ? session->changeManager() : nullptr;
+    return session ? session->changeManager() : nullptr;
+}
+
+TUSceneChangeManager& changeManager()
+{
+    TUSceneChangeManager* manager = findChangeManager();
     if (!manager)
         throw Exception(translated("Thread failed to get Application Lock."));
     return *manager;
@@ -110,6 +125,7 @@ void ThreadManager::lock()
         return;
     TUSceneChangeManager& changes = changeManager();
     getApplock();
+    m_holders.push_back(threadMark());
     m_notifyStates.push_back(changes.isNotifyEnabled());
     changes.setNotifyEnabled(false);
 }
@@ -123,6 +139,12 @@ void ThreadManager::unlock()
     if (!m_notifyStates.empty()) {
         changes.setNotifyEnabled(m_notifyStates.front());
         m_notifyStates.pop_front();
+    }
+    if (!m_holders.empty()) {
+        // That of another thread where this one has none.
+        auto own = std::find_if(m_holders.begin(), m_holders.end(),
+                                [](const auto& holder) { return holder.lock() == threadMark(); });
+        m_holders.erase(own == m_holders.end() ? m_holders.begin() : own);
     }
     releaseApplock();
 }
@@ -200,6 +222,25 @@ void ThreadManager::releaseApplock()
         return;
     m_applockDelayed = false;
     m_appLock.reset();
+}
+
+/// The notifications are again what they were ahead of the first of the locks.
+void ThreadManager::giveBackLeftLock()
+{
+    const bool left = m_appLock && std::all_of(m_holders.begin(), m_holders.end(),
+                                               [](const auto& holder) { return holder.expired(); });
+    if (!left)
+        return;
+    // The project may be closed by now.
+    TUSceneChangeManager* changes = findChangeManager();
+    if (changes && !m_notifyStates.empty())
+        changes->setNotifyEnabled(m_notifyStates.front());
+    m_notifyStates.clear();
+    m_holders.clear();
+    m_applockDepth = 1;
+    releaseApplock();
+    MSG_Scope(translated("A thread of a script ended with the application locked; it is unlocked again."),
+              MSG_Scope::kError);
 }
 
 bool ThreadManager::hasApplock()

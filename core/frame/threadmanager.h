@@ -9,6 +9,7 @@
 
 #include <deque>
 #include <memory>
+#include <vector>
 
 namespace OMC {
 
@@ -21,9 +22,9 @@ namespace OMC {
 /// What these rules leave unguarded, and who relies on that:
 /// - The fields have no mutex and aren't atomic. One script thread at a time touches them, each under the lock or while
 ///   the main thread is parked. Threads of Python keep to that by Python's own lock; native threads have to take turns.
-/// - Nobody records which thread took the lock. While one holds it every thread passes, and any thread may give it
-/// back:
-///   the lock keeps the main thread out, not script threads out of each other's work.
+/// - No check asks which thread took the lock. While one holds it every thread passes, and any thread may give it back:
+///   the lock keeps the main thread out, not script threads out of each other's work. A lock whose threads have all
+///   ended stays taken, until the main thread of an application waits for it.
 /// - Notifications are restored first in, first out: a nested pair of locks leaves them off.
 /// - A lock asked for while the main thread is inside Python is taken by the next check after it has left. Objects that
 ///   make no check (the coordinates of a node and other plain views) don't take it up: a binding that lets the main
@@ -66,10 +67,13 @@ private:
     void getApplockDelayed();
     void releaseApplock();
     bool hasApplock();
+    void giveBackLeftLock();
     /// The running number of main-thread jobs. The main thread counts it on, the waiting thread looks at it.
     unsigned int& threadLockIndex();
 
     std::deque<bool> m_notifyStates;
+    std::vector<std::weak_ptr<const char>>
+        m_holders; ///< A mark of each thread that locked, which ends with the thread.
     std::unique_ptr<PL_AppLock::AppLock> m_appLock;
     unsigned int m_applockDepth = 0;
     bool m_applockDelayed = false;

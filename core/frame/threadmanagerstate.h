@@ -21,6 +21,8 @@ public:
         if (delayed())
             manager().getApplockDelayed();
     }
+    /// Gives the lock back where all threads that took it have ended; the log tells.
+    static void giveBackLeftLock() { manager().giveBackLeftLock(); }
 
 private:
     static ThreadManager& manager() { return *ThreadManager::instance(); }

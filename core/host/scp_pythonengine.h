@@ -25,10 +25,14 @@ public:
         virtual void* leave(Waiting waiting) = 0;
         /// Takes Python's lock again, with what `leave` gave.
         virtual void enter(void* left) noexcept = 0;
+        /// For the main thread, which waits for the application's lock outside of Python: gives that back where script
+        /// threads took it that have all ended since.
+        virtual void giveBackLeftLock() {}
     };
     /// Not owned, and never taken away again: the library that embeds the interpreter stays loaded. Without one there
     /// is no interpreter to leave.
     static void setThreadStates(ThreadStates* states);
+    static void giveBackLeftLock(); ///< Nothing without thread states.
 
     /// While it lives, the calling thread has given up Python's lock, so that other threads can run Python.
     class BRINDLE_HOST_EXPORT ThreadStateScope {

@@ -3,7 +3,16 @@
 #include "core/host/pl_applock.h"
 #include "core/host/scp_pythonengine.h"
 
+#include <chrono>
+
 namespace engine {
+
+namespace {
+
+/// How long the event loop waits before it asks whether anybody is left to give the lock back.
+constexpr auto patience = std::chrono::milliseconds(250);
+
+} // namespace
 
 ApplicationLock& ApplicationLock::instance()
 {
@@ -74,7 +83,7 @@ void ApplicationLock::giveWay()
     if (!m_loopHolds || !isAwaited())
         return;
     giveBack();
-    take();
+    takeForLoop();
 }
 
 void ApplicationLock::settle()
@@ -84,9 +93,21 @@ void ApplicationLock::settle()
         return;
     m_loopHolds = holds;
     if (holds)
-        take();
+        takeForLoop();
     else
         giveBack();
+}
+
+/// A window would stand still for good behind a script's thread that ended without giving the lock back.
+void ApplicationLock::takeForLoop()
+{
+    std::unique_lock guard(m_mutex);
+    const std::uint64_t number = m_next++;
+    while (!m_passed.wait_for(guard, patience, [this, number] { return m_serving == number; })) {
+        guard.unlock();
+        SCP_PythonEngine::giveBackLeftLock();
+        guard.lock();
+    }
 }
 
 } // namespace engine

@@ -35,6 +35,7 @@ public:
 
 private:
     void settle(); ///< Takes the lock or gives it back, by what the event loop does.
+    void takeForLoop();
 
     mutable std::mutex m_mutex;
     std::condition_variable m_passed;

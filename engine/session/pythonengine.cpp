@@ -20,6 +20,12 @@ void SCP_PythonEngine::setThreadStates(ThreadStates* states)
     threadStates.store(states, std::memory_order_release);
 }
 
+void SCP_PythonEngine::giveBackLeftLock()
+{
+    if (ThreadStates* states = threadStates.load(std::memory_order_acquire))
+        states->giveBackLeftLock();
+}
+
 SCP_PythonEngine::ThreadStateScope::ThreadStateScope(Waiting waiting)
 {
     ThreadStates* states = threadStates.load(std::memory_order_acquire);

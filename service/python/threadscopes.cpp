@@ -91,6 +91,14 @@ public:
         return left.release();
     }
     void enter(void* left) noexcept override { delete static_cast<Left*>(left); }
+    void giveBackLeftLock() override
+    {
+        if (!canEnterInterpreter())
+            return;
+        const PyGILState_STATE state = enterInterpreter();
+        OMC::ThreadManagerState::giveBackLeftLock();
+        PyGILState_Release(state);
+    }
 
 private:
     struct Left {

@@ -179,6 +179,7 @@ def test_what_is_left_held_doesnt_keep_it_from_ending(desk, project):
     script = """
 import threading
 kept = [app.scene, app.scene.nodes[0], lambda: app, app.project.history]
+threading.Thread(target=app.thread_lock).start()
 stuck = threading.Thread(target=threading.Event().wait, daemon=True)
 stuck.start()
 raise SystemExit(4)

@@ -111,6 +111,69 @@ entered.wait()
         "waited: 1, at 101\n0 objects left");
 }
 
+TEST(ThreadLockTest, ALockWhoseThreadHasEndedIsGivenBackWhenTheMainThreadNeedsIt)
+{
+    EXPECT_INTERACTIVE(
+        [](Interactive& application) {
+            watch();
+            application.mustExecute(common);
+            TUSceneChangeManager& changes = *application.session().changeManager();
+            // Asked for while the main thread is in Python.
+            application.mustExecute(R"py(
+thread = threading.Thread(target=lambda: (app.thread_lock(), app.thread_lock()))
+thread.start()
+thread.join()
+)py");
+            std::fprintf(stderr, "notified: %d\n", changes.isNotifyEnabled());
+            // Taken while it waits for events.
+            application.mustExecute(R"py(
+def work():
+    time.sleep(0.02)
+    try:
+        app.run_function(lambda: 1 / 0)
+    except ZeroDivisionError:
+        pass
+thread = threading.Thread(target=work)
+thread.start()
+)py");
+            handleEventsFor(100ms);
+            std::fprintf(stderr, "notified: %d\n", changes.isNotifyEnabled());
+            tick(application);
+        },
+        "^Error: A thread of a script ended with the application locked; it is unlocked again.\nnotified: 1\n"
+        "Error: A thread of a script ended with the application locked; it is unlocked again.\nnotified: 1\n"
+        "0 objects left");
+}
+
+TEST(ThreadLockTest, ALockIsKeptWhileOneOfItsThreadsLives)
+{
+    EXPECT_INTERACTIVE(
+        [](Interactive& application) {
+            watch();
+            application.mustExecute(common);
+            application.mustExecute(R"py(
+entered = threading.Event()
+def work():
+    app.thread_lock()
+    entered.set()
+    # Longer than the main thread waits before it looks.
+    time.sleep(0.6)
+    tell(place())
+    app.thread_unlock()
+    app.thread_unlock()
+def left():
+    entered.wait()
+    app.thread_lock()
+for target in (work, left): threading.Thread(target=target).start()
+entered.wait()
+time.sleep(0.05)
+)py");
+            tick(application);
+            std::fprintf(stderr, "went on\n");
+        },
+        "^0\nwent on\n0 objects left");
+}
+
 TEST(ThreadLockTest, OtherThreadsRunPythonWhileOneWaitsForABusyMainThread)
 {
     EXPECT_INTERACTIVE(
