@@ -22,17 +22,18 @@ PyObject* checked(PyObject* object)
     return object;
 }
 
+/// Of a container that can be written, the objects are taken out.
 template <typename Container>
-PyObject* listOf(const Container& items)
+PyObject* listOf(Container&& items)
 {
     Ref list(checked(PyList_New(static_cast<Py_ssize_t>(items.size()))));
     Py_ssize_t index = 0;
-    for (const auto& item : items)
-        PyList_SET_ITEM(list.get(), index++, toPython(item));
+    for (auto& item : items)
+        PyList_SET_ITEM(list.get(), index++, toPython(std::move(item)));
     return list.release();
 }
 
-/// Of a map that can be written, the objects are taken out.
+/// The same for a map.
 template <typename Map>
 PyObject* dictOf(Map&& map)
 {
@@ -171,6 +172,10 @@ void HeldItems::hold(PyObject* item)
 
 QString stringFrom(PyObject* text)
 {
+    // Most texts: a byte a character, which needs no decoding.
+    if (PyUnicode_IS_READY(text) && PyUnicode_KIND(text) == PyUnicode_1BYTE_KIND)
+        return QString::fromLatin1(reinterpret_cast<const char*>(PyUnicode_1BYTE_DATA(text)),
+                                   PyUnicode_GET_LENGTH(text));
     Py_ssize_t size = 0;
     const char* utf8 = PyUnicode_AsUTF8AndSize(text, &size);
     if (!utf8)
@@ -261,6 +266,8 @@ PyObject* toPython(QVariant&& value)
 {
     if (value.typeId() == QMetaType::fromType<OMC::Obj>().id())
         return toPython(std::move(*static_cast<OMC::Obj*>(value.data())));
+    if (value.typeId() == QMetaType::QVariantList)
+        return toPython(std::move(*static_cast<QVariantList*>(value.data())));
     return toPython(std::as_const(value));
 }
 
@@ -284,7 +291,8 @@ PyObject* toPython(const QString& text)
     if (!surrogates)
         return checked(PyUnicode_FromKindAndData(PyUnicode_2BYTE_KIND, units, size));
     int littleEndian = -1;
-    return checked(PyUnicode_DecodeUTF16(reinterpret_cast<const char*>(units), size * 2, "surrogatepass", &littleEndian));
+    return checked(
+        PyUnicode_DecodeUTF16(reinterpret_cast<const char*>(units), size * 2, "surrogatepass", &littleEndian));
 }
 
 PyObject* toPython(const std::string& text)
@@ -294,11 +302,7 @@ PyObject* toPython(const std::string& text)
 
 PyObject* toPython(std::vector<OMC::Obj>&& objects)
 {
-    Ref list(checked(PyList_New(static_cast<Py_ssize_t>(objects.size()))));
-    Py_ssize_t index = 0;
-    for (OMC::Obj& object : objects)
-        PyList_SET_ITEM(list.get(), index++, toPython(std::move(object)));
-    return list.release();
+    return listOf(objects);
 }
 
 PyObject* toPython(QMap<QString, OMC::Obj>&& objects)
@@ -307,6 +311,11 @@ PyObject* toPython(QMap<QString, OMC::Obj>&& objects)
 }
 
 PyObject* toPython(const QList<QVariant>& values)
+{
+    return listOf(values);
+}
+
+PyObject* toPython(QList<QVariant>&& values)
 {
     return listOf(values);
 }

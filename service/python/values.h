@@ -41,6 +41,7 @@ PyObject* toPython(const std::string& text);
 PyObject* toPython(std::vector<OMC::Obj>&& objects);
 PyObject* toPython(QMap<QString, OMC::Obj>&& objects);
 PyObject* toPython(const QList<QVariant>& values);
+PyObject* toPython(QList<QVariant>&& values); ///< Takes the objects out, as above.
 PyObject* toPython(const QStringList& texts);
 PyObject* toPython(const QList<int>& numbers);
 PyObject* toPython(bool value);

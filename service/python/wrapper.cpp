@@ -2,6 +2,9 @@
 
 #include "service/python/errors.h"
 
+#include <array>
+#include <cstdint>
+#include <cstring>
 #include <unordered_map>
 
 namespace brindle::python {
@@ -14,12 +17,29 @@ std::unordered_map<const QMetaObject*, TypeEntry>& typesByClass()
     return types;
 }
 
-/// An instance whose fields the caller fills. A class that a script derived may need more of Python than its fields.
+/// The types found last, by the address of the class: a chain of calls goes through a handful of classes again and
+/// again.
+struct FoundType {
+    const QMetaObject* metaObject;
+    const TypeEntry* entry;
+};
+std::array<FoundType, 256> foundTypes;
+
+FoundType& foundTypeFor(const QMetaObject* metaObject)
+{
+    const auto address = reinterpret_cast<std::uintptr_t>(metaObject);
+    return foundTypes[(address / sizeof(QMetaObject)) % foundTypes.size()];
+}
+
+/// An instance whose fields the caller fills. What follows them, in a class that a script derived, begins as zeros.
 Wrapper* newWrapper(PyTypeObject* type)
 {
-    if (PyType_IS_GC(type) || type->tp_basicsize != sizeof(Wrapper))
+    if (PyType_IS_GC(type))
         return reinterpret_cast<Wrapper*>(type->tp_alloc(type, 0));
-    return PyObject_New(Wrapper, type);
+    auto* wrapper = PyObject_New(Wrapper, type);
+    if (wrapper)
+        std::memset(wrapper + 1, 0, static_cast<std::size_t>(type->tp_basicsize) - sizeof(Wrapper));
+    return wrapper;
 }
 
 } // namespace
@@ -73,19 +93,16 @@ void registerType(const QMetaObject* metaObject, const TypeEntry& entry)
 
 const TypeEntry& typeFor(const QMetaObject* metaObject)
 {
-    // A loop makes objects of one class.
-    static const QMetaObject* lastClass = nullptr;
-    static const TypeEntry* lastType = nullptr;
-    if (metaObject == lastClass)
-        return *lastType;
+    FoundType& last = foundTypeFor(metaObject);
+    if (last.metaObject == metaObject)
+        return *last.entry;
     auto& types = typesByClass();
     auto found = types.find(metaObject);
     // A class without a type of its own is shown as its nearest base class.
     if (found == types.end())
         found = types.emplace(metaObject, TypeEntry(typeFor(metaObject->superClass()))).first;
-    lastClass = metaObject;
-    lastType = &found->second;
-    return *lastType;
+    last = {metaObject, &found->second};
+    return found->second;
 }
 
 void deallocate(PyObject* self)
