@@ -4,8 +4,8 @@
     ./run examples/retime.py PROJECT --fps 30 --out DIR    leaves it alone and makes another one
 
 In all scenes the number of frames, the range that is played, keyframes and holds are scaled, as one undo entry. Keyframes
-come to stand on whole frames, the nearest ones; with --exact they may stand between two. How many frames a hold's step
-lasts stays, and so do scene markers.
+come to stand on whole frames, the nearest ones, those of the scene on frames that it still has; with --exact they may
+stand between two. How many frames a hold's step lasts stays, and so do scene markers.
 """
 
 import argparse
@@ -14,6 +14,9 @@ import pathlib
 from dataclasses import dataclass
 
 import brindle
+
+MOST_FRAMES = 1_000_000  # Of a scene.
+LAST_HOLD = 2**31 - 1  # The highest frame that a hold may end at.
 
 
 @dataclass
@@ -41,9 +44,11 @@ class Curve:
 class Stretch:
     """From a frame to the one that the same moment has at another rate. Frame 1 is the beginning."""
 
-    def __init__(self, factor, exact):
+    def __init__(self, factor, exact, count):
         self.factor = factor
         self.exact = exact
+        self.count = count
+        self.new_count = self.last(count)
 
     def moment(self, frame):
         return 1 + (frame - 1) * self.factor
@@ -56,7 +61,11 @@ class Stretch:
         return max(1, self.frame(frame + 1) - 1)
 
     def key(self, key):
-        frame = self.moment(key.frame) if self.exact else self.frame(key.frame)
+        frame = self.moment(key.frame)
+        if not self.exact:
+            frame = self.frame(key.frame)
+            if key.frame <= self.count:  # The last pose stays in sight, also where it would be rounded out of it.
+                frame = min(frame, self.new_count)
         left, right = ((frame + (x - key.frame) * self.factor, y) for x, y in (key.left, key.right))
         return Key(frame, key.value, left, right, key.constant, key.continuity)
 
@@ -81,18 +90,18 @@ def read_curves(scene, stretch):
     return list(curves.values())
 
 
-def require_apart(curve):
+def require_apart(curve, exact):
     for one, two in zip(curve.after, curve.after[1:]):
-        if one.frame == two.frame:
-            raise SystemExit(f"retime: two keyframes of {curve.title} would stand at frame {two.frame:g}; --exact keeps "
-                             "them apart.")
+        if one.frame >= two.frame:
+            hint = "" if exact else "; --exact keeps them apart"
+            raise SystemExit(f"retime: two keyframes of {curve.title} would stand at frame {two.frame:g}{hint}.")
 
 
 def set_range(scene, fps, stretch):
-    count, start, stop = stretch.last(scene.frame_count), stretch.frame(scene.frame_start), stretch.last(scene.frame_stop)
-    scene.frame_count = count
+    start, stop = stretch.frame(scene.frame_start), stretch.last(scene.frame_stop)
+    scene.frame_count = stretch.new_count
     scene.frame_start = 1
-    scene.frame_stop = min(stop, count)
+    scene.frame_stop = min(stop, stretch.new_count)
     scene.frame_start = min(start, scene.frame_stop)
     scene.framerate = fps
 
@@ -102,7 +111,8 @@ def set_curve(curve, stretch):
     for _ in range(2):
         for key in curve.after:
             curve.column.create_point(key.frame, key.value, *key.left, *key.right, key.constant, key.continuity)
-    start, stop = stretch.frame(curve.column.hold_start), stretch.last(curve.column.hold_stop)
+    start, stop = (min(frame, LAST_HOLD) for frame in (stretch.frame(curve.column.hold_start),
+                                                       stretch.last(curve.column.hold_stop)))
     if (start, stop) != (curve.column.hold_start, curve.column.hold_stop):
         curve.column.hold_start, curve.column.hold_stop = start, stop
 
@@ -124,10 +134,13 @@ def frames(keys):
 
 def retime(scene, fps, exact):
     """Scales a scene. Gives the lines of its table: what, before, after."""
-    stretch = Stretch(fps / scene.framerate, exact)
+    factor = fps / scene.framerate
+    if scene.frame_count * factor > MOST_FRAMES:
+        raise SystemExit(f'retime: scene "{scene.name}" would have more than {MOST_FRAMES:,} frames.')
+    stretch = Stretch(factor, exact, scene.frame_count)
     curves = read_curves(scene, stretch)
     for curve in curves:
-        require_apart(curve)
+        require_apart(curve, exact)
     before = timing(scene)
     # A scene that gets shorter takes along what lies on its last frames: the keys come back behind that.
     for curve in curves:

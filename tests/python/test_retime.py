@@ -76,7 +76,7 @@ def test_half_the_rate_takes_the_keys_along_before_the_scene_gets_shorter(projec
         assert (scene.framerate, scene.frame_count, scene.frame_start, scene.frame_stop) == (12.0, 24, 3, 20)
         arm, hand = curve(app, "Top/Arm", "angle").column, curve(app, "Top/Rig/Hand", "position.x").column
         assert [(point.frame, point.value) for point in arm.control_points] == [
-            (1, 0.0), (4, 4.0), (7, -30.5), (13, 12.25), (25, 3.0)]
+            (1, 0.0), (4, 4.0), (7, -30.5), (13, 12.25), (24, 3.0)]
         assert hand.keyframe_list() == [2, 31]
 
 
@@ -139,6 +139,43 @@ def test_keys_that_would_meet_are_refused_and_kept_apart_exactly(project):
     with brindle.open(project) as app:
         frames = [point.frame for point in curve(app, "Top/Arm", "angle").column.control_points]
         assert frames == pytest.approx([1 + (frame - 1) / 12 for frame, _ in KEYS])
+
+
+@pytest.mark.parametrize("fps", [12, 12.5, 7, 23.976, 30000 / 1001])
+def test_the_last_pose_stays_in_the_scene(project, fps):
+    assert retime(project, "--fps", fps)[0] == 0
+    with brindle.open(project) as app:
+        scene, arm = app.scene, curve(app, "Top/Arm", "angle")
+        assert max(arm.column.keyframe_list()) <= scene.frame_count
+        assert arm.value(scene.frame_count) == 3.0
+
+
+def test_keys_that_no_place_is_between_are_refused_without_advice(project):
+    with brindle.open(project) as app:
+        app.scene.framerate = 1e300
+        app.save()
+    code, lines, error = retime(project, "--fps", 24, "--exact")
+    assert (code, lines) == (1, [])
+    assert error == "retime: two keyframes of Top/Arm: angle would stand at frame 1.\n"
+
+
+@pytest.mark.parametrize("rate", [1e-300, 5e-324, 1e-5])
+def test_a_scene_that_would_be_too_long_is_told_and_left_alone(project, rate):
+    with brindle.open(project) as app:
+        app.scene.framerate = rate
+        app.save()
+    before = support.files(project)
+    assert retime(project, "--fps", 24) == (1, [], 'retime: scene "Scene-1" would have more than 1,000,000 frames.\n')
+    assert support.files(project) == before
+
+
+def test_a_hold_of_all_frames_stays_one(project):
+    with brindle.open(project) as app:
+        curve(app, "Top/Rig/Hand", "position.x").column.hold_stop = 2**31 - 1
+        app.save()
+    assert retime(project, "--fps", 48)[0] == 0
+    with brindle.open(project) as app:
+        assert curve(app, "Top/Rig/Hand", "position.x").column.hold_stop == 2**31 - 1
 
 
 @pytest.mark.parametrize("arguments, code, said", [
