@@ -63,9 +63,30 @@ int writeAll(int file, const QByteArray& content)
 
 } // namespace
 
+QString shown(const QString& text)
+{
+    constexpr qsizetype longest = 5000; // Longer than any path.
+    if (text.size() > longest)
+        return shown(text.left(longest / 2)) + QStringLiteral(" ... ") + shown(text.right(longest / 2));
+    QString line;
+    line.reserve(text.size());
+    for (const QChar character : text) {
+        const bool breaks = character.category() == QChar::Other_Control ||
+                            character.category() == QChar::Separator_Line ||
+                            character.category() == QChar::Separator_Paragraph;
+        if (character == u'\n')
+            line += QStringLiteral("\\n");
+        else if (breaks)
+            line += QStringLiteral("\\u%1").arg(int(character.unicode()), 4, 16, QChar(u'0'));
+        else
+            line += character;
+    }
+    return line;
+}
+
 QString quoted(const QString& path)
 {
-    return u'"' + path + u'"';
+    return u'"' + shown(path) + u'"';
 }
 
 FolderFailure FolderFailure::ofSystem(const QString& path, const char* what, int error)

@@ -63,6 +63,7 @@ Journal readJournal(const QString& folder)
     const JsonPlace removed = root.field("remove");
     for (int i = 0; i < removed.size(); ++i)
         journal.removed.append(filePath(removed.item(i)));
+    file.requireNoFieldTwice();
     return journal;
 }
 

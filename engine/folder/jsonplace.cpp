@@ -28,7 +28,7 @@ void JsonFile::fail(qsizetype offset, bool withColumn, const QString& reason) co
     QString text = quoted(m_path) + " is damaged at line " + QString::number(position.line);
     if (withColumn)
         text += ", column " + QString::number(position.column);
-    throw FolderFailure{text + ": " + reason};
+    throw FolderFailure{text + ": " + shown(reason)};
 }
 
 JsonPlace JsonFile::root() const

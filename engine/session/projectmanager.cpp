@@ -1,5 +1,6 @@
 #include "engine/session/projectmanager.h"
 
+#include "engine/folder/folderio.h"
 #include "engine/session/preferences.h"
 #include "engine/session/sessionwatch.h"
 
@@ -57,8 +58,8 @@ bool ProjectManager::saveProject(QString& error)
         return false;
     }
     if (m_project->isReadOnly()) {
-        error = QStringLiteral("Cannot save the project: \"") + m_project->path() +
-                QStringLiteral("\" is open read-only; it can be saved in another folder.");
+        error = QStringLiteral("Cannot save the project: ") + quoted(m_project->path()) +
+                QStringLiteral(" is open read-only; it can be saved in another folder.");
         return false;
     }
     if (!ProjectFolder(m_project->path()).write(m_project->record(), m_project->scenes(), m_project->lock(), error))

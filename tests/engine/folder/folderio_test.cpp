@@ -44,6 +44,17 @@ TEST_F(FolderIoTest, TellsWhatStandsAtAPath)
     EXPECT_EQ(folder_io::kindOf("/dev/null"), FileKind::Other);
 }
 
+TEST_F(FolderIoTest, ATextFromOutsideIsShownAsOneReadableLine)
+{
+    EXPECT_EQ(engine::shown("Jörg's \"腕\" 🦴 %1"), "Jörg's \"腕\" 🦴 %1");
+    EXPECT_EQ(engine::shown(QString("a\nb\r\t\x1b[31m") + QChar(0) + QChar(0x2028) + QChar(0x9b)),
+              "a\\nb\\u000d\\u0009\\u001b[31m\\u0000\\u2028\\u009b");
+    EXPECT_EQ(engine::quoted("/p/a\nb"), "\"/p/a\\nb\"");
+    EXPECT_EQ(engine::shown(QString(5000, 'x')), QString(5000, 'x'));
+    EXPECT_EQ(engine::shown('<' + QString(10'000'000, 'x') + '>'),
+              '<' + QString(2499, 'x') + " ... " + QString(2499, 'x') + '>');
+}
+
 TEST_F(FolderIoTest, AMissingFileIsToldInTheWayThatWasAskedFor)
 {
     bool missing = false;

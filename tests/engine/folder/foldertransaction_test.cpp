@@ -204,6 +204,8 @@ TEST_F(FolderTransactionTest, AJournalThatIsDamagedOrLeadsOutIsToldAndNothingCha
          "is damaged at line 1: remove[0] is no file of the project"},
         {R"({"format": "brindle-journal", "version": 1, "replace": ["project.json"], "remove": [""]})",
          "is damaged at line 1: remove[0] is no file of the project"},
+        {R"({"format": "brindle-journal", "version": 1, "replace": ["project.json"], "replace": [], "remove": []})",
+         "is damaged at line 1, column 74: the field \"replace\" is there twice"},
     };
     write(true);
     QDir().mkpath(stage());

@@ -79,6 +79,15 @@ TEST(JsonPlaceTest, AFaultIsToldWithItsLineAndPath)
         EXPECT_EQ(failure(text, read), expected);
 }
 
+TEST(JsonPlaceTest, AFieldOfAnyNameIsToldOnOneLine)
+{
+    const auto none = [](const JsonPlace& root) { root.requireOnly({}); };
+    EXPECT_EQ(failure(R"({"fra\u0000mes\n": 1})", none), "is damaged at line 1: fra\\u0000mes\\n is an unknown field");
+    EXPECT_EQ(failure("{\"fra\nmes\": 1}", none), "is damaged at line 2: fra\\nmes is an unknown field");
+    EXPECT_EQ(failure(R"({"\n": 1, "\n": 2})", ignore),
+              "is damaged at line 1, column 11: the field \"\\n\" is there twice");
+}
+
 TEST(JsonPlaceTest, TheColumnCountsCharacters)
 {
     EXPECT_EQ(failure("{\n \"腕é\": 1,\n \"腕\": x}", ignore), "is damaged at line 3, column 7: illegal number");
