@@ -132,9 +132,15 @@ void requireOrHint(ProjectLock& lock, const QString& folder)
 
 } // namespace
 
-ProjectFolder::ProjectFolder(const QString& path)
-    : m_path(path.isEmpty() || path.contains(QChar(0)) ? path : QDir::cleanPath(QFileInfo(path).absoluteFilePath()))
-{}
+ProjectFolder::ProjectFolder(const QString& path) : m_path(path)
+{
+    if (path.isEmpty() || path.contains(QChar(0)))
+        return;
+    // Not by QFileInfo, for which a name that begins with a colon is none of a file.
+    const QString start = path.startsWith(u'/') ? QStringLiteral("/") : QDir::currentPath();
+    if (!start.isEmpty()) // It is empty where the working directory is gone; the path stays relative then.
+        m_path = QDir::cleanPath(start + u'/' + path);
+}
 
 void ProjectFolder::requirePath() const
 {
@@ -142,6 +148,8 @@ void ProjectFolder::requirePath() const
         throw FolderFailure{QStringLiteral("the path is empty")};
     if (m_path.contains(QChar(0)) || !m_path.isValidUtf16())
         throw FolderFailure{QStringLiteral("the path has a character that no path can have")};
+    if (!m_path.startsWith(u'/'))
+        throw FolderFailure{quoted(m_path) + " starts at the working directory, which is gone"};
 }
 
 bool ProjectFolder::holdsProject() const

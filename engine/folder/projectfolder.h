@@ -56,7 +56,7 @@ public:
     /// A relative path starts at the process's working directory.
     explicit ProjectFolder(const QString& path);
 
-    QString path() const { return m_path; } ///< Absolute and clean.
+    QString path() const { return m_path; } ///< Absolute and clean, where it can be one of a folder.
 
     /// Makes a new project of these scenes in a folder that holds no project; a folder that is missing is made, with
     /// those above it. The error begins with "Cannot create the project".

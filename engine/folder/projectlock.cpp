@@ -45,7 +45,7 @@ struct Holder {
     bool isOnThisMachine() const { return host == QSysInfo::machineHostName(); }
     QString text() const
     {
-        return isKnown() ? user + " on " + host + " (" + program + ", process " + QString::number(process) + ')'
+        return isKnown() ? shown(user + " on " + host + " (" + program + ", process " + QString::number(process) + ')')
                          : QStringLiteral("another program");
     }
 
@@ -54,6 +54,34 @@ struct Holder {
     QString program;
     QString user;
 };
+
+/// What stands in the place of a lock file and is none would be waited for (a pipe), or lead somewhere else (a link).
+void requireNothingElse(const QString& path)
+{
+    struct stat info = {};
+    if (::lstat(QFile::encodeName(path).constData(), &info) == 0 && !S_ISREG(info.st_mode))
+        throw FolderFailure{quoted(path) + " is in the way: it is not a file"};
+}
+
+/// Why a lock file can't be made: QLockFile doesn't tell, a file in its place does.
+[[noreturn]] void throwNotLockable(const QString& folder)
+{
+    folder_io::writeNew(lockPath(folder), QByteArray(200, ' '), lockPath(folder), 0644);
+    folder_io::remove(lockPath(folder));
+    throw FolderFailure{quoted(folder) + " cannot be locked"};
+}
+
+/// Lets a lock go whose file is gone, without Qt's line about it on standard error.
+void letGoOfGone(std::unique_ptr<QLockFile> file)
+{
+    static QtMessageHandler before = nullptr;
+    before = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& message) {
+        if (!message.startsWith(QLatin1String("Could not remove our own lock file")))
+            before(type, context, message);
+    });
+    file.reset();
+    qInstallMessageHandler(before);
+}
 
 /// Not destroyed with the process either: that would remove what stands at the path.
 void keepForEver(std::unique_ptr<QLockFile> file)
@@ -108,13 +136,14 @@ void ProjectLock::require(const QString& folder)
         return;
     if (isOn(folder)) // The folder has moved with the file, which is taken anew where it is now.
         release();
+    requireNothingElse(lockPath(folder));
     auto file = std::make_unique<QLockFile>(lockPath(folder));
     if (!lock(*file)) {
         if (const int error = whyNotWritable(folder))
             throw FolderFailure::ofSystem(folder, "cannot be written", error);
         if (file->error() == QLockFile::LockFailedError)
             throw FolderFailure{quoted(folder) + " is in use by " + Holder(*file).text()};
-        throw FolderFailure{quoted(folder) + " cannot be locked"};
+        throwNotLockable(folder);
     }
     struct stat info = {};
     if (::stat(QFile::encodeName(file->fileName()).constData(), &info) != 0)
@@ -135,7 +164,9 @@ void ProjectLock::release()
     struct stat info = {};
     const QString folder = QFileInfo(m_file->fileName()).path();
     const bool isGone = ::stat(QFile::encodeName(m_file->fileName()).constData(), &info) != 0 && errno == ENOENT;
-    if (isHeld() && (isGone || (isOn(folder) && whyNotWritable(folder) == 0)))
+    if (isHeld() && isGone)
+        letGoOfGone(std::move(m_file));
+    else if (isHeld() && isOn(folder) && whyNotWritable(folder) == 0)
         m_file.reset();
     else
         keepForEver(std::move(m_file));

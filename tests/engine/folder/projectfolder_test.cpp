@@ -125,11 +125,31 @@ TEST_F(ProjectFolderTest, ThePathIsAbsoluteAndClean)
     EXPECT_EQ(ProjectFolder("/a//b/.").path(), QString("/a/b"));
 }
 
+TEST_F(ProjectFolderTest, ARelativePathWithoutAWorkingDirectoryIsTold)
+{
+    const int code = inChild([this] {
+        if (!QDir().mkpath(path("gone")) || ::chdir(qPrintable(path("gone"))) != 0 || !QDir().rmdir(path("gone")))
+            return 1;
+        for (const char* name : {"walk", ".", "../walk"}) {
+            const QString reason =
+                QString(" the project: \"%1\" starts at the working directory, which is gone.").arg(name);
+            if (createError(name, project()) != "Cannot create" + reason || openError(name) != "Cannot open" + reason)
+                return 2;
+        }
+        return createError(path(), project()).isEmpty() ? 0 : 3;
+    });
+    EXPECT_EQ(code, 0);
+    EXPECT_EQ(filesOf(path(".")).keys(),
+              QStringList({"project/", "project/project.json", "project/scenes/", "project/scenes/Scene-1.json"}));
+}
+
 TEST_F(ProjectFolderTest, NamesWithAnyCharacterInThePathWork)
 {
     const QString odd = path("Jörg's \"腕\" 🦴\n%1 {}");
     EXPECT_EQ(createError(odd, project()), QString());
     EXPECT_EQ(openError(odd), QString());
+    EXPECT_EQ(createError(odd, project()).count('\n'), 0) << "the sentence stays on one line";
+    EXPECT_EQ(ProjectFolder(":walk").path(), QDir::currentPath() + "/:walk");
 }
 
 // --- Saving --------------------------------------------------------------------------------------------------------

@@ -11,6 +11,7 @@
 
 #include <csignal>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -173,6 +174,63 @@ TEST_F(ProjectLockTest, ALockFileThatWasNeverCompletedIsTakenOver)
         EXPECT_EQ(refusal(lock, path()), QString()) << content.toStdString();
         EXPECT_TRUE(lock.isOn(path()));
     }
+}
+
+TEST_F(ProjectLockTest, WhatIsNoLockFileIsToldAndStays)
+{
+    put(path("precious"), "x");
+    const std::function<bool()> ways[] = {
+        [this] { return ::mkfifo(qPrintable(file()), 0600) == 0; },
+        [this] { return QDir().mkdir(file()); },
+        [this] { return QFile::link(path("precious"), file()); },
+        [this] { return QFile::link(path("nowhere"), file()); },
+        [this] { return QFile::link(file(), file()); },
+    };
+    for (const auto& make : ways) {
+        ASSERT_TRUE(make());
+        ProjectLock lock;
+        EXPECT_EQ(refusal(lock, path()), engine::quoted(file()) + " is in the way: it is not a file");
+        EXPECT_FALSE(lock.isHeld());
+        EXPECT_TRUE(::rmdir(qPrintable(file())) == 0 || ::unlink(qPrintable(file())) == 0);
+    }
+    EXPECT_EQ(get(path("precious")), "x");
+    EXPECT_FALSE(QFile::exists(path("nowhere")));
+}
+
+TEST_F(ProjectLockTest, ADiskThatHasNoRoomForALockIsTold)
+{
+    const int code = inChild([this] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{0, 0};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        ProjectLock lock;
+        return refusal(lock, path()) == engine::quoted(file()) + " cannot be written: file too large" ? 0 : 1;
+    });
+    EXPECT_EQ(code, 0);
+    EXPECT_FALSE(QFile::exists(file()));
+}
+
+TEST_F(ProjectLockTest, WhatALockFileSaysIsToldOnOneLine)
+{
+    put(file(), QByteArray("12\npy\0th\x1bon\nelse\twhere\n", 23));
+    ProjectLock lock;
+    EXPECT_EQ(refusal(lock, path()), inUse("py\\u0000th\\u001bon", "else\\u0009where", 12));
+}
+
+TEST_F(ProjectLockTest, ALockWhoseFolderIsGoneIsLetGoWithoutAWord)
+{
+    static QStringList lines;
+    lines.clear();
+    const QtMessageHandler before = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& message) { lines.append(message); });
+    {
+        ProjectLock lock;
+        lock.require(path());
+        QDir(path()).removeRecursively();
+    }
+    qWarning("still told");
+    qInstallMessageHandler(before);
+    EXPECT_EQ(lines, QStringList("still told"));
 }
 
 TEST_F(ProjectLockTest, TheLockOfAnotherMachineStays)
