@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace {
@@ -75,6 +76,36 @@ TEST(EngineApplicationTest, AServiceIsRegisteredAndTakenAway)
     EXPECT_EQ(host->vectorizationInterface(), nullptr);
 }
 
+TEST(EngineApplicationTest, AnEngineThatIsDestroyedTakesItselfAway)
+{
+    const engine::Application program(QStringLiteral("paint"), QStringLiteral("1.2"), false);
+    BAPP_ScriptHost* host = program.scriptHost();
+    ScriptEngine other;
+    {
+        ScriptEngine scripts;
+        host->setScriptEngine(&scripts);
+        {
+            const ScriptEngine neverRegistered;
+        }
+        EXPECT_EQ(host->scriptEngine(), &scripts);
+    }
+    EXPECT_EQ(host->scriptEngine(), nullptr);
+    {
+        ScriptEngine scripts;
+        host->setScriptEngine(&scripts);
+        host->setScriptEngine(&other);
+    }
+    EXPECT_EQ(host->scriptEngine(), &other);
+    host->setScriptEngine(nullptr);
+}
+
+TEST(EngineApplicationTest, AnEngineMayOutliveTheProgram)
+{
+    ScriptEngine scripts;
+    const engine::Application program(QStringLiteral("paint"), QStringLiteral("1.2"), false);
+    program.scriptHost()->setScriptEngine(&scripts);
+}
+
 TEST(EngineApplicationTest, TheBinariesAreWhereThisCodeIsUnlessTheProgramSaysElse)
 {
     const QString own = oswUtil::getBinDir();
@@ -88,6 +119,24 @@ TEST(EngineApplicationTest, TheBinariesAreWhereThisCodeIsUnlessTheProgramSaysEls
 
 TEST(EngineApplicationTest, EventsAreProcessedOnlyWhereThereIsAnApplication)
 {
+    QObject receiver;
+    int told = 0;
+    const auto post = [&] {
+        QMetaObject::invokeMethod(
+            &receiver, [&] { ++told; }, Qt::QueuedConnection);
+    };
+    post();
     BUIAPP_Application::processEventsNoAppLock(true);
     BUIAPP_Application::processEventsNoAppLock(false);
+    EXPECT_EQ(told, 0);
+
+    int count = 1;
+    char name[] = "engine_tests";
+    char* arguments[] = {name, nullptr};
+    const QCoreApplication application(count, arguments);
+    BUIAPP_Application::processEventsNoAppLock(true);
+    EXPECT_EQ(told, 1);
+    post();
+    BUIAPP_Application::processEventsNoAppLock(false);
+    EXPECT_EQ(told, 2);
 }

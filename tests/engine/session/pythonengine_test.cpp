@@ -40,7 +40,13 @@ TEST(PythonEngineTest, TheMainThreadsStateIsOneCounter)
 
 TEST(PythonEngineTest, WithoutAnInterpreterThereIsNothingToLeave)
 {
-    const ThreadStateScope scope;
+    RecordedThreadStates states;
+    SCP_PythonEngine::setThreadStates(nullptr);
+    {
+        const ThreadStateScope scope;
+        SCP_PythonEngine::setThreadStates(&states);
+    }
+    EXPECT_EQ(states.calls, QStringList()) << "what was not left is not entered";
 }
 
 TEST(PythonEngineTest, AScopeLeavesTheInterpreterAndComesBack)
