@@ -52,7 +52,7 @@ public:
 /// What runs scripts inside the application, on its main thread. It belongs to whoever made it.
 class BRINDLE_HOST_EXPORT BAPP_ScriptEngine {
 public:
-    virtual ~BAPP_ScriptEngine() = default;
+    virtual ~BAPP_ScriptEngine(); ///< Takes itself away from the application, where it is registered.
     /// Runs a script file, `arguments` beginning with its path, to the end of the interpreter, and gives the script's
     /// exit code. Once a process, in place of `start`. A failure to begin is one line on standard error and 1.
     virtual int run(const QStringList& arguments) = 0;

@@ -119,6 +119,13 @@ BAPP_Application::~BAPP_Application()
         runningApplication = nullptr;
 }
 
+BAPP_ScriptEngine::~BAPP_ScriptEngine()
+{
+    BAPP_ScriptHost* host = runningApplication ? runningApplication->scriptHost() : nullptr;
+    if (host && host->scriptEngine() == this)
+        host->setScriptEngine(nullptr);
+}
+
 void BUIAPP_Application::processEventsNoAppLock(bool userInput)
 {
     if (QCoreApplication::instance())

@@ -1,6 +1,4 @@
-#include "core/frame/scriptenginegenerator.h"
-#include "core/frame/vectorizationinterface.h"
-#include "engine/engine.h"
+#include "tests/core/support/loadinghost.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +8,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,38 +15,10 @@
 
 namespace {
 
-using Scripts = OMC::ScriptEngineGeneratorInterface;
-namespace Vectorization = OMC::VectorizationInterface;
-
-const std::string noEngine = "Failed to load Javascript Engine.";
-const std::string noProject = "Failed to register project to Javascript Engine.\n";
-const std::string noVectorization = "Failed to load Vectorization Interface.\n";
-
-/// The host's side of a case: a batch of Python with a session and an application.
-struct Host {
-    std::unique_ptr<engine::Application> application =
-        std::make_unique<engine::Application>(QStringLiteral("test"), QStringLiteral("1"), false);
-    std::unique_ptr<SC_SessionContext> session = engine::createPythonSession();
-
-    void tell(const char* what) const { std::fprintf(stderr, "(%s)", what); }
-    /// Tells what is registered with the application.
-    void look() const
-    {
-        tell(application->scriptHost()->scriptEngine() ? "engine" : "no engine");
-        tell(application->scriptHost()->vectorizationInterface() ? "vectorization" : "no vectorization");
-    }
-    void load() const { Scripts::loadScriptInterface(session.get()); }
-    void unload() const { Scripts::unloadScriptInterface(session.get()); }
-    void destroy() const { Scripts::destroyScriptInterface(session.get()); }
-    void loadProject() const { Scripts::loadProject(session.get(), nullptr); }
-    void unloadProject() const { Scripts::unloadProject(session.get()); }
-    void loadVectorization() const { Vectorization::loadInterface(session.get()); }
-};
-
 struct Case {
     const char* name;
     const char* library; ///< The folder of the test's service library.
-    std::function<void(Host&)> steps;
+    std::function<void(LoadingHost&)> steps;
     std::string text; ///< All that is written to standard error.
 };
 
@@ -64,7 +33,7 @@ void PrintTo(const Case& entry, std::ostream* stream)
     engine::setBinDir(QStringLiteral(BRINDLE_TEST_LIBRARIES "/") + QLatin1String(entry.library));
     const QString before = QDir::tempPath();
     QDir::setCurrent(before);
-    Host host;
+    LoadingHost host;
     entry.steps(host);
     std::fflush(stderr);
     std::_Exit(QDir::currentPath() == QDir(before).canonicalPath() ? 0 : 3);
@@ -72,7 +41,7 @@ void PrintTo(const Case& entry, std::ostream* stream)
 
 const std::vector<Case> cases = {
     {"OutsideABatchNothingHappens", "telling",
-     [](Host& host) {
+     [](LoadingHost& host) {
          engine::setBatchMode(engine::BatchMode::None);
          host.load();
          host.loadVectorization();
@@ -83,20 +52,20 @@ const std::vector<Case> cases = {
      },
      "(no engine)(no vectorization)"},
     {"WithoutASessionNothingHappens", "telling",
-     [](Host&) {
+     [](LoadingHost&) {
          Scripts::loadScriptInterface(nullptr);
          Vectorization::loadInterface(nullptr);
      },
      ""},
     {"WithoutAnApplicationLoadingFails", "telling",
-     [](Host& host) {
+     [](LoadingHost& host) {
          host.application.reset();
          host.load();
          host.loadVectorization();
      },
      noEngine + noVectorization},
     {"AMissingLibraryIsAskedForAgain", "nowhere",
-     [](Host& host) {
+     [](LoadingHost& host) {
          host.load();
          host.load();
          host.loadVectorization();
@@ -107,7 +76,7 @@ const std::vector<Case> cases = {
      },
      noEngine + noEngine + noVectorization + "(no engine)(no vectorization)<loaded><create>(engine)(no vectorization)"},
     {"ALibraryThatCantBeLoaded", "broken",
-     [](Host& host) {
+     [](LoadingHost& host) {
          host.load();
          host.loadVectorization();
          host.loadProject();
@@ -119,7 +88,7 @@ const std::vector<Case> cases = {
      },
      noEngine + noVectorization + noProject + noEngine},
     {"ALibraryThatInstallsNothing", "silent",
-     [](Host& host) {
+     [](LoadingHost& host) {
          host.load();
          host.loadVectorization();
          host.loadProject();
@@ -130,7 +99,7 @@ const std::vector<Case> cases = {
      },
      "<loaded>" + noEngine + noVectorization + noProject + noEngine},
     {"GeneratorsThatMakeNothing", "refusing",
-     [](Host& host) {
+     [](LoadingHost& host) {
          host.load();
          host.loadVectorization();
          host.loadProject();
@@ -141,7 +110,7 @@ const std::vector<Case> cases = {
      },
      noEngine + "(no engine)(no vectorization)" + noEngine},
     {"TheWholeSequence", "telling",
-     [](Host& host) {
+     [](LoadingHost& host) {
          host.load();
          host.loadVectorization();
          host.look();
@@ -157,14 +126,14 @@ const std::vector<Case> cases = {
      "<loaded><create><create vectorization>(engine)(vectorization)<load project><unload project><load project>"
      "<unload project><engine destroyed><vectorization destroyed>(no engine)(no vectorization)"},
     {"TheVectorizationMayComeFirst", "telling",
-     [](Host& host) {
+     [](LoadingHost& host) {
          host.loadVectorization();
          host.load();
          host.look();
      },
      "<loaded><create vectorization><create>(engine)(vectorization)"},
     {"LoadingAgainUsesWhatThereIs", "telling",
-     [](Host& host) {
+     [](LoadingHost& host) {
          host.load();
          host.load();
          host.loadVectorization();
@@ -173,7 +142,7 @@ const std::vector<Case> cases = {
      },
      "<loaded><create><create vectorization>(engine)(vectorization)"},
     {"LoadingAfterUnloadingUsesTheSameEngine", "telling",
-     [](Host& host) {
+     [](LoadingHost& host) {
          host.load();
          BAPP_ScriptEngine* before = host.application->scriptHost()->scriptEngine();
          host.unload();
@@ -183,7 +152,7 @@ const std::vector<Case> cases = {
      },
      "<loaded><create>(no engine)(no vectorization)(same)"},
     {"LoadingAfterDestroyingMakesANewEngine", "telling",
-     [](Host& host) {
+     [](LoadingHost& host) {
          host.load();
          host.unload();
          host.destroy();
@@ -199,7 +168,7 @@ const std::vector<Case> cases = {
      "<loaded><create><engine destroyed><create>(engine)(no vectorization)<create vectorization>"
      "<vectorization destroyed><create vectorization>(engine)(vectorization)"},
     {"UnloadingWhatWasNeverLoaded", "telling",
-     [](Host& host) {
+     [](LoadingHost& host) {
          host.unloadProject();
          host.unload();
          host.destroy();
@@ -208,7 +177,7 @@ const std::vector<Case> cases = {
      },
      noProject},
     {"WithoutAnApplicationTheVectorizationStays", "telling",
-     [](Host& host) {
+     [](LoadingHost& host) {
          host.loadVectorization();
          host.application.reset();
          host.unload();
@@ -220,7 +189,7 @@ const std::vector<Case> cases = {
      },
      "<loaded><create vectorization>" + noVectorization + "(no engine)(vectorization)<vectorization destroyed>"},
     {"ProjectsAreToldAlsoWithoutAnEngine", "telling",
-     [](Host& host) {
+     [](LoadingHost& host) {
          host.load();
          host.unload();
          host.destroy();
@@ -229,7 +198,7 @@ const std::vector<Case> cases = {
      },
      "<loaded><create><engine destroyed><load project><unload project>"},
     {"AnotherGeneratorTakesThePlaceOfTheFirst", "telling",
-     [](Host& host) {
+     [](LoadingHost& host) {
          host.load();
          Scripts::setInstance(Scripts::instance());
          Scripts::setInstance(nullptr);
@@ -255,43 +224,5 @@ TEST_P(LoadingTest, KeepsTheSequence)
 
 INSTANTIATE_TEST_SUITE_P(Each, LoadingTest, testing::ValuesIn(cases),
                          [](const auto& info) { return std::string(info.param.name); });
-
-/// Every sequence of these steps, up to a length, ends as the rules say and crashes nothing.
-TEST(LoadingSequencesTest, EverySequenceOfStepsKeepsToTheRules)
-{
-    enum Step { Load, LoadProject, UnloadProject, Unload, Destroy, StepCount };
-    constexpr int length = 5;
-    const auto all = [] {
-        engine::setBatchMode(engine::BatchMode::Python);
-        engine::setBinDir(QStringLiteral(BRINDLE_TEST_LIBRARIES "/telling"));
-        const Host host;
-        const std::function<void()> steps[StepCount] = {[&] { host.load(); }, [&] { host.loadProject(); },
-                                                        [&] { host.unloadProject(); }, [&] { host.unload(); },
-                                                        [&] { host.destroy(); }};
-        host.load();
-        host.unload();
-        host.destroy();
-        int wrong = 0;
-        int count = 1;
-        for (int i = 0; i < length; ++i)
-            count *= StepCount;
-        for (int number = 0; number < count; ++number) {
-            bool registered = false;
-            for (int rest = number, i = 0; i < length; ++i, rest /= StepCount) {
-                const int step = rest % StepCount;
-                // Destroying an engine that is still registered would leave the application with it.
-                if (step == Destroy && registered)
-                    continue;
-                steps[step]();
-                registered = step == Load || (registered && step != Unload);
-                wrong += bool(host.application->scriptHost()->scriptEngine()) != registered;
-            }
-            host.unload();
-            host.destroy();
-        }
-        std::_Exit(wrong);
-    };
-    EXPECT_EXIT(all(), testing::ExitedWithCode(0), "<loaded><create>");
-}
 
 } // namespace
