@@ -134,10 +134,21 @@ void ThreadManager::unlock()
 {
     if (mainThread() || isExternal())
         return;
-    TUSceneChangeManager& changes = changeManager();
+    giveBackLock(&changeManager());
+}
+
+void ThreadManager::unlockAlsoWithoutProject()
+{
+    if (!mainThread() && !isExternal())
+        giveBackLock(findChangeManager());
+}
+
+void ThreadManager::giveBackLock(TUSceneChangeManager* changes)
+{
     // First in, first out: a nested pair leaves notifications off. Required as it is.
     if (!m_notifyStates.empty()) {
-        changes.setNotifyEnabled(m_notifyStates.front());
+        if (changes)
+            changes->setNotifyEnabled(m_notifyStates.front());
         m_notifyStates.pop_front();
     }
     if (!m_holders.empty()) {

@@ -11,6 +11,8 @@
 #include <memory>
 #include <vector>
 
+class TUSceneChangeManager;
+
 namespace OMC {
 
 /// Decides at every checked call whether the calling thread may touch the engine, which belongs to the main thread (the
@@ -67,6 +69,8 @@ private:
     void getApplockDelayed();
     void releaseApplock();
     bool hasApplock();
+    void unlockAlsoWithoutProject();
+    void giveBackLock(TUSceneChangeManager* changes);
     void giveBackLeftLock();
     /// The running number of main-thread jobs. The main thread counts it on, the waiting thread looks at it.
     unsigned int& threadLockIndex();

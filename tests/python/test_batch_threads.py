@@ -7,6 +7,7 @@ import support
 
 LOCKED_OUT = "Unable to access Object Model from another thread -- application must be locked."
 NO_LOCK = "Thread failed to get Application Lock."
+NO_BLOCK = "This thread is in no locked block."
 
 # Runs a call on a thread of its own; what it raises is what the call here raises.
 FRAME = """
@@ -121,6 +122,47 @@ def again():
         return app.scene.name
 print(on_thread(again))
 """) == (0, f"division by zero\n{LOCKED_OUT}\nScene-1\n", "")
+
+
+def test_a_block_that_closes_the_project_gives_the_lock_back(batch):
+    assert batch("""
+def close():
+    with app.locked():
+        app.close()
+on_thread(close)
+def replace():
+    with brindle.create(sys.argv[0] + ".first").locked():
+        return brindle.create(sys.argv[0] + ".second")
+print(on_thread(failure, replace))
+other = brindle.create(sys.argv[0] + ".third")
+print(on_thread(failure, lambda: other.scene.name))
+def work():
+    with other.locked():
+        return other.scene.name
+print(on_thread(work))
+""") == (0, f"{LOCKED_OUT}\n{LOCKED_OUT}\nScene-1\n", "")
+
+
+def test_only_who_is_in_a_block_leaves_it(batch):
+    assert batch("""
+block = app.locked()
+def leave():
+    return failure(block.__exit__, None, None, None)
+def work():
+    print(leave())
+    with block:
+        print(on_thread_of_its_own(leave), app.scene.name)
+    return leave()
+def on_thread_of_its_own(function):
+    seen = []
+    thread = threading.Thread(target=lambda: seen.append(function()))
+    thread.start()
+    thread.join()
+    return seen[0]
+print(on_thread(work), on_thread(failure, lambda: app.scene.name), sep="\\n")
+app.close()
+print(on_thread(leave))
+""") == (0, f"{NO_BLOCK}\n{NO_BLOCK} Scene-1\n{NO_BLOCK}\n{LOCKED_OUT}\n{NO_BLOCK}\n", "")
 
 
 def test_without_a_project_there_is_no_lock(batch):

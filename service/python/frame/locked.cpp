@@ -1,6 +1,6 @@
 #include "service/python/frame/locked.h"
 
-#include "core/frame/threadmanager.h"
+#include "core/frame/threadmanagerstate.h"
 #include "service/python/errors.h"
 
 namespace brindle::python {
@@ -21,12 +21,13 @@ PyObject* turn()
     return lock;
 }
 
-void callTurn(const char* method)
+Ref callTurn(const char* method)
 {
-    const Ref done(PyObject_CallMethod(turn(), method, nullptr));
-    if (!done)
+    Ref result(PyObject_CallMethod(turn(), method, nullptr));
+    if (!result)
         throw PythonError{};
     EngineGate::enter();
+    return result;
 }
 
 bool needsNoLock()
@@ -53,12 +54,9 @@ void Locked::leave()
 {
     if (needsNoLock())
         return;
-    try {
-        OMC::ThreadManager::instance()->unlock();
-    } catch (...) {
-        callTurn("release");
-        throw;
-    }
+    if (callTurn("_is_owned").get() != Py_True)
+        throw OMC::Exception(QStringLiteral("This thread is in no locked block."));
+    OMC::ThreadManagerState::unlockAlsoWithoutProject();
     callTurn("release");
 }
 

@@ -14,7 +14,9 @@ public:
     OMC::BaseObject* copy() const override { return new Locked(*this); }
     std::string __str__() const override { return "Locked()"; }
 
+    /// Waits for its turn and for the lock. Throws where no project is open in the application.
     void enter();
+    /// Also after a block that has closed the project. Throws on a thread that is in no such block.
     void leave();
 };
 

@@ -1,9 +1,9 @@
 #include "core/frame/threadmanager.h"
 
 #include "core/frame/baseobject.h"
+#include "core/frame/threadmanagerstate.h"
 #include "core/host/pl_applock.h"
 #include "tests/core/support/embedded.h"
-#include "core/frame/threadmanagerstate.h"
 
 #include <QCoreApplication>
 
@@ -207,6 +207,33 @@ TEST_F(ThreadManagerTest, WithoutAChangeNotifierLockAndUnlockFailWithOneSentence
     unlock();
     EXPECT_TRUE(changes.enabled);
     EXPECT_EQ(check(), lockedOut);
+}
+
+TEST_F(ThreadManagerTest, WhoHasClosedTheProjectCanStillGiveTheLockBack)
+{
+    const auto giveBack = [] { return onWorker([] { ThreadManagerState::unlockAlsoWithoutProject(); }); };
+    lock();
+    lock();
+    session.changes = nullptr;
+    EXPECT_EQ(giveBack(), passes);
+    EXPECT_EQ(ThreadManagerState::depth(), 1u);
+    EXPECT_EQ(ThreadManagerState::notifyStates(), 1u);
+    EXPECT_EQ(giveBack(), passes);
+    EXPECT_FALSE(changes.enabled);
+    EXPECT_EQ(ThreadManagerState::notifyStates(), 0u);
+    EXPECT_EQ(check(), lockedOut);
+    EXPECT_TRUE(applicationIsFree());
+
+    session.changes = &changes;
+    changes.enabled = true;
+    lock();
+    ThreadManagerState::unlockAlsoWithoutProject(); // The main thread's is nothing.
+    EXPECT_EQ(ThreadManagerState::depth(), 1u);
+    EXPECT_EQ(giveBack(), passes);
+    EXPECT_TRUE(changes.enabled);
+    EXPECT_EQ(check(), lockedOut);
+    session.python = nullptr;
+    EXPECT_EQ(giveBack(), passes);
 }
 
 TEST_F(ThreadManagerTest, WhileTheMainThreadIsInPythonTheLockIsNotReallyTaken)
