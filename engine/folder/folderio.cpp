@@ -278,6 +278,8 @@ FolderLock::FolderLock(const QString& folder, Purpose purpose, std::chrono::mill
 
 FolderLock::~FolderLock()
 {
+    // Closing it would not be enough: a process that was forked off meanwhile has it open as well.
+    ::flock(m_descriptor, LOCK_UN);
     ::close(m_descriptor);
 }
 

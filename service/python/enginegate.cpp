@@ -1,10 +1,12 @@
 #include "service/python/enginegate.h"
 
+#include "core/frame/exception.h"
 #include "service/python/interpreter.h"
 
 #include <QCoreApplication>
 #include <QThread>
 
+#include <pthread.h>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -13,6 +15,7 @@
 namespace brindle::python {
 
 std::atomic<bool> EngineGate::s_blocked = false;
+bool EngineGate::s_cutOff = false;
 
 namespace {
 
@@ -22,10 +25,15 @@ struct Gate {
     std::condition_variable opened;
 };
 
-Gate& gate()
+Gate*& currentGate()
 {
     static auto* only = new Gate;
-    return *only;
+    return only;
+}
+
+Gate& gate()
+{
+    return *currentGate();
 }
 
 // Read and written with Python's lock held.
@@ -60,7 +68,25 @@ EngineGate::Blocking::~Blocking()
     settle();
     // The main thread, which got in, may be in the middle of an operation of its own.
     if (m_passing == Passing::MainThread)
-        enter();
+        enterAgain();
+}
+
+void EngineGate::watchForks()
+{
+    currentGate();
+    pthread_atfork(nullptr, nullptr, &afterFork);
+}
+
+/// In the process that was forked off: the threads that waited or worked aren't there.
+void EngineGate::afterFork()
+{
+    // Somebody may have held its mutex.
+    currentGate() = new Gate;
+    s_cutOff = s_cutOff || operations > 0;
+    operations = 0;
+    waitingForMain = 0;
+    waitingThreads = 0;
+    settle();
 }
 
 void EngineGate::closeForOthers()
@@ -79,7 +105,7 @@ bool EngineGate::mayPass()
 
 void EngineGate::settle()
 {
-    const bool blocked = isClosed() || operations > 0 || waitingForMain > 0;
+    const bool blocked = isClosed() || s_cutOff || operations > 0 || waitingForMain > 0;
     {
         const std::lock_guard lock(gate().mutex);
         s_blocked.store(blocked, std::memory_order_relaxed);
@@ -90,6 +116,9 @@ void EngineGate::settle()
 
 void EngineGate::wait()
 {
+    if (s_cutOff)
+        throw OMC::Exception(std::string("The project can't be used here: this process was forked off while another "
+                                         "thread was saving or opening."));
     if (mayPass())
         return;
     ++waitingThreads;

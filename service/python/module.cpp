@@ -27,10 +27,15 @@ PyObject* liveObjects()
 
 PyObject* endOfInterpreter(PyObject*, PyObject*)
 {
-    return guarded([]() -> PyObject* {
+    // Also where no call of the object model gets in any more.
+    EngineGate::enterAgain();
+    try {
         shutDown();
-        Py_RETURN_NONE;
-    });
+    } catch (...) {
+        raiseCurrentException();
+        return nullptr;
+    }
+    Py_RETURN_NONE;
 }
 
 bool addClasses(PyObject* module)

@@ -161,6 +161,8 @@ void shutDown()
     interpreterEnds();
     EngineGate::closeForOthers();
     current.application = Ref();
+    if (EngineGate::isCutOff())
+        static_cast<void>(current.context.release());
     current.context.reset();
     // Made by a thread that opened the first project, Qt's application can't be destroyed by another one.
     if (current.qtApplication && current.qtApplication->thread() != QThread::currentThread())

@@ -34,7 +34,7 @@ public:
     void release() override
     {
         if (m_state) {
-            EngineGate::enter();
+            EngineGate::enterAgain();
             if (QCoreApplication::instance() && OMC::ThreadManager::mainThread())
                 OMC::ThreadManagerState::takeUpDelayedLock();
             PyGILState_Release(*std::exchange(m_state, std::nullopt));
@@ -60,7 +60,7 @@ public:
             return;
         takeLock(std::exchange(m_state, nullptr));
         // The native code that goes on here may touch the engine.
-        EngineGate::enter();
+        EngineGate::enterAgain();
     }
 
     static bool holdsLock() { return Py_IsInitialized() && PyGILState_Check(); }
@@ -118,6 +118,7 @@ void installThreadStates()
 {
     static auto* states = new EngineThreadStates;
     SCP_PythonEngine::setThreadStates(states);
+    EngineGate::watchForks();
 }
 
 } // namespace brindle::python
