@@ -116,7 +116,7 @@ PyTypeObject* accessorType = nullptr;
 
 PyObject* newAccessorOn(PyTypeObject* owner, const Property* property, bool setter, PyObject* self)
 {
-    auto* accessor = PyObject_New(Accessor, accessorType);
+    auto* accessor = PyObject_GC_New(Accessor, accessorType);
     if (!accessor)
         return nullptr;
     accessor->owner = owner;
@@ -124,6 +124,7 @@ PyObject* newAccessorOn(PyTypeObject* owner, const Property* property, bool sett
     accessor->setter = setter;
     Py_XINCREF(self);
     accessor->self = self;
+    PyObject_GC_Track(accessor);
     return reinterpret_cast<PyObject*>(accessor);
 }
 
@@ -164,9 +165,23 @@ PyObject* callAccessor(PyObject* callable, PyObject* arguments, PyObject* names)
 void deallocateAccessor(PyObject* self)
 {
     PyTypeObject* type = Py_TYPE(self);
+    PyObject_GC_UnTrack(self);
     Py_XDECREF(reinterpret_cast<Accessor*>(self)->self);
-    PyObject_Free(self);
+    PyObject_GC_Del(self);
     Py_DECREF(type);
+}
+
+int visitAccessor(PyObject* self, visitproc visit, void* arg)
+{
+    Py_VISIT(Py_TYPE(self));
+    Py_VISIT(reinterpret_cast<Accessor*>(self)->self);
+    return 0;
+}
+
+int clearAccessor(PyObject* self)
+{
+    Py_CLEAR(reinterpret_cast<Accessor*>(self)->self);
+    return 0;
 }
 
 PyObject* accessorText(PyObject* self, void*)
@@ -219,12 +234,14 @@ bool addAccessorType()
 {
     static PyGetSetDef attributes[] = {{"__doc__", &accessorText, nullptr, nullptr, nullptr}, {}};
     static PyType_Slot typeSlots[] = {{Py_tp_dealloc, reinterpret_cast<void*>(&deallocateAccessor)},
+                                      {Py_tp_traverse, reinterpret_cast<void*>(&visitAccessor)},
+                                      {Py_tp_clear, reinterpret_cast<void*>(&clearAccessor)},
                                       {Py_tp_descr_get, reinterpret_cast<void*>(&bindAccessor)},
                                       {Py_tp_call, reinterpret_cast<void*>(&callAccessor)},
                                       {Py_tp_getset, attributes},
                                       {0, nullptr}};
     static PyType_Spec spec = {"brindle.Accessor", sizeof(Accessor), 0,
-                               Py_TPFLAGS_DEFAULT | Py_TPFLAGS_DISALLOW_INSTANTIATION, typeSlots};
+                               Py_TPFLAGS_DEFAULT | Py_TPFLAGS_DISALLOW_INSTANTIATION | Py_TPFLAGS_HAVE_GC, typeSlots};
     accessorType = reinterpret_cast<PyTypeObject*>(PyType_FromSpec(&spec));
     return accessorType;
 }

@@ -191,7 +191,7 @@ void addClass(PyObject* module, const ClassTable& table)
                                     {}};
     std::vector<PyType_Slot> typeSlots = operatorSlots(table.operators);
     typeSlots.push_back({Py_tp_doc, const_cast<char*>(table.documentation)});
-    typeSlots.push_back({Py_tp_dealloc, reinterpret_cast<void*>(&deallocate)});
+    typeSlots.push_back({Py_tp_dealloc, reinterpret_cast<void*>(table.traverse ? &deallocateHolder : &deallocate)});
     typeSlots.push_back({Py_tp_new, reinterpret_cast<void*>(&newObject)});
     typeSlots.push_back({Py_tp_getset, storage.attributes.data()});
     typeSlots.push_back({Py_tp_methods, storage.methods.data()});

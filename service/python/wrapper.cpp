@@ -118,4 +118,11 @@ void deallocate(PyObject* self)
     Py_DECREF(type);
 }
 
+void deallocateHolder(PyObject* self)
+{
+    PyObject_GC_UnTrack(self);
+    Py_TRASHCAN_BEGIN(self, deallocateHolder) deallocate(self);
+    Py_TRASHCAN_END
+}
+
 } // namespace brindle::python

@@ -38,7 +38,9 @@ PyObject* adopt(const TypeEntry& entry, OMC::BaseObject* object);
 void registerType(const QMetaObject* metaObject, const TypeEntry& entry);
 const TypeEntry& typeFor(const QMetaObject* metaObject);
 
-/// tp_dealloc of every class of this module.
+/// tp_dealloc of the classes of this module; and of those whose objects hold Python objects, which may hold others of
+/// theirs, without end: a long chain of them is taken down in steps.
 void deallocate(PyObject* wrapper);
+void deallocateHolder(PyObject* wrapper);
 
 } // namespace brindle::python

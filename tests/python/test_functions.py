@@ -4,6 +4,7 @@ import functools
 import gc
 import sys
 import traceback
+import types
 import weakref
 
 import brindle
@@ -169,6 +170,38 @@ def test_a_function_that_leads_back_to_its_wrapper_is_collected(app):
         del function
         gc.collect()
         assert gone() is None and brindle._live_objects() == objects - 1
+
+
+class Leading:
+    """A callable that holds what it is made of."""
+
+    __slots__ = ("next",)
+
+    def __init__(self, next):
+        self.next = next
+
+    def __call__(self):
+        pass
+
+
+CHAINS = {
+    "bound methods of what ends": lambda last: types.MethodType(len, last),
+    "accessors": lambda last: last.get_objectName,
+    "methods": lambda last: last.call,
+    "objects": Leading,
+    "defaults": lambda last: lambda held=last: held,
+}
+
+
+@pytest.mark.parametrize("name", CHAINS)
+def test_a_chain_of_functions_of_any_length_is_let_go_of(name):
+    objects = brindle._live_objects()
+    last = brindle.PythonFunction(len)
+    for _ in range(200_000):
+        last = brindle.PythonFunction(CHAINS[name](last))
+    del last
+    gc.collect()
+    assert brindle._live_objects() == objects
 
 
 def test_a_function_is_no_value(app, state):

@@ -170,6 +170,17 @@ def test_objects_in_a_cycle_are_collected(rig, live):
     assert live() == 0
 
 
+def test_an_object_that_holds_its_own_getter_is_collected(live):
+    class Own(brindle.Point2d):
+        pass
+
+    own = Own()
+    own.getter = own.get_objectName
+    own.setter = own.set_objectName
+    del own
+    assert live() == 0
+
+
 def test_a_weak_reference_dies_with_its_object(rig, live):
     node = rig["scene"].top
     gone = []
