@@ -83,7 +83,8 @@ template <>
 struct From<bool> {
     static constexpr const char* type = "bool";
     static bool accepts(PyObject* value) { return PyBool_Check(value) || PyLong_Check(value); }
-    static bool read(PyObject* value, unsigned int) { return PyObject_IsTrue(value) == 1; }
+    /// The number itself counts, also where a class of the script says otherwise.
+    static bool read(PyObject* value, unsigned int) { return PyLong_Type.tp_as_number->nb_bool(value) != 0; }
     static bool fallback(std::string_view text) { return text == "True"; }
 };
 

@@ -111,6 +111,13 @@ PyModuleDef definition = {PyModuleDef_HEAD_INIT,
 extern "C" __attribute__((visibility("default"))) PyObject* PyInit__brindle()
 {
     using namespace brindle::python;
+    // What stands for the classes is kept once a process. Python asks again only under another name, and in an
+    // interpreter that comes after the one that has ended.
+    static bool made = false;
+    if (std::exchange(made, true)) {
+        PyErr_SetString(PyExc_ImportError, "brindle can be loaded once in a process.");
+        return nullptr;
+    }
     Ref module(PyModule_Create(&definition));
     if (!module)
         return nullptr;

@@ -1,7 +1,5 @@
 #include "service/python/operators.h"
 
-#include <unordered_set>
-
 namespace brindle::python {
 
 namespace {
@@ -174,33 +172,56 @@ PyObject* representation(PyObject* self)
     return PyUnicode_FromFormat("<%s, no longer valid>", type);
 }
 
+/// What Python itself lists of an object: its type's names, and those that a script put on it.
+void addNativeNames(PyObject* names, PyObject* self)
+{
+    const Ref native(PyObject_CallMethod(reinterpret_cast<PyObject*>(&PyBaseObject_Type), "__dir__", "O", self));
+    const Ref list(native ? PySequence_List(native.get()) : nullptr);
+    if (!list)
+        throw PythonError{};
+    for (Py_ssize_t i = 0; i < PyList_GET_SIZE(list.get()); ++i) {
+        if (PyDict_SetItem(names, PyList_GET_ITEM(list.get(), i), Py_None) < 0)
+            throw PythonError{};
+    }
+}
+
+bool isShown(const OMC::BaseObject& object, PyObject* name)
+{
+    Py_ssize_t size = 0;
+    const char* utf8 = PyUnicode_AsUTF8AndSize(name, &size);
+    if (!utf8) {
+        // A name that is no text is the script's own.
+        PyErr_Clear();
+        return true;
+    }
+    std::string text(utf8, static_cast<std::size_t>(size));
+    return object.filterDir(text);
+}
+
 PyObject* directory(PyObject* self, PyObject*)
 {
     return guarded([&]() -> PyObject* {
-        OMC::BaseObject* object = objectOf(self);
+        const OMC::BaseObject* object = objectOf(self);
         bool extendNative = false;
         bool filter = false;
-        std::vector<std::string> names = object->getDir(extendNative, filter);
-        std::unordered_set<std::string> known(names.begin(), names.end());
-        if (extendNative) {
-            const Ref native(PyObject_CallMethod(reinterpret_cast<PyObject*>(&PyBaseObject_Type), "__dir__", "O", self));
-            const Ref list(native ? PySequence_List(native.get()) : nullptr);
-            if (!list)
+        const std::vector<std::string> properties = object->getDir(extendNative, filter);
+        // A dict has each name once, and in order.
+        const Ref names(PyDict_New());
+        const Ref shown(PyList_New(0));
+        if (!names || !shown)
+            throw PythonError{};
+        for (const std::string& property : properties) {
+            if (PyDict_SetItemString(names.get(), property.c_str(), Py_None) < 0)
                 throw PythonError{};
-            for (Py_ssize_t i = 0; i < PyList_GET_SIZE(list.get()); ++i) {
-                const char* name = PyUnicode_AsUTF8(PyList_GET_ITEM(list.get(), i));
-                if (!name)
-                    throw PythonError{};
-                if (known.insert(name).second)
-                    names.emplace_back(name);
-            }
         }
-        if (filter)
-            std::erase_if(names, [object](std::string& name) { return !object->filterDir(name); });
-        QStringList shown;
-        for (const std::string& name : names)
-            shown.append(QString::fromStdString(name));
-        return toPython(shown);
+        if (extendNative)
+            addNativeNames(names.get(), self);
+        PyObject* name = nullptr;
+        for (Py_ssize_t position = 0; PyDict_Next(names.get(), &position, &name, nullptr);) {
+            if ((!filter || isShown(*object, name)) && PyList_Append(shown.get(), name) < 0)
+                throw PythonError{};
+        }
+        return Ref::borrow(shown.get()).release();
     });
 }
 

@@ -111,6 +111,36 @@ def test_what_is_left_out_has_its_default(peg, call):
     assert peg.attributes["angle"].value(1) == 2.0
 
 
+class OwnInt(int):
+    def fail(self, *arguments):
+        raise ValueError("its own way")
+
+    __bool__ = __index__ = __int__ = __float__ = __eq__ = fail
+    __hash__ = int.__hash__
+
+
+class OwnFloat(float):
+    __float__ = __eq__ = OwnInt.fail
+    __hash__ = float.__hash__
+
+
+class OwnText(str):
+    __str__ = __eq__ = encode = OwnInt.fail
+    __hash__ = str.__hash__
+
+
+def test_a_number_or_text_of_an_own_class_counts_as_what_it_is(scene, peg):
+    angle = peg.attributes["angle"]
+    angle.set_value(OwnInt(3), OwnFloat(2.5), OwnInt(1))
+    assert angle.value(OwnInt(3)) == 2.5
+    peg.enabled = OwnInt(0)
+    assert peg.enabled is False
+    scene.frame_count = OwnInt(70)
+    assert scene.frame_count == 70
+    assert scene.nodes.create(OwnText("PEG"), OwnText("Own")).path == "Top/Own"
+    assert scene.nodes[OwnText("Top/Own")].name == "Own"
+
+
 def test_a_trailing_flag_is_false_by_default(scene, peg, column):
     scene.nodes.remove(peg)
     assert column.name  # It is still there: only delete_columns=True removes it.

@@ -147,6 +147,41 @@ def test_dir_lists_what_python_gives_every_object(samples):
         assert {"__class__", "__doc__", "__repr__"} <= set(dir(sample))
 
 
+def test_dir_lists_what_a_script_puts_on_an_object():
+    class Own(brindle.Point2d):
+        def get_label(self):
+            return "hidden like other accessors"
+
+    own = Own()
+    for name in ("label", "\ud800", "a\0b", "a", "", "get_more"):
+        setattr(own, name, 1)
+    assert {"label", "\ud800", "a\0b", "a", "", "x"} <= set(dir(own))
+    assert not {"get_label", "get_more"} & set(dir(own))
+    assert dir(own).count("a") == dir(own).count("x") == 1
+
+
+def test_the_module_is_loaded_once_in_a_process(folder):
+    done = support.run_python('''
+import importlib.machinery, importlib.util, sys
+import brindle
+import brindle._brindle as module
+app = brindle.create(sys.argv[1])
+scene = app.scene
+loader = importlib.machinery.ExtensionFileLoader("other._brindle", module.__file__)
+spec = importlib.util.spec_from_loader(loader.name, loader)
+try:
+    importlib.util.module_from_spec(spec)
+except ImportError as error:
+    print(error)
+for name in [name for name in sys.modules if name.startswith("brindle")]:
+    del sys.modules[name]
+del brindle, module
+import brindle
+print(brindle.application() is app, type(scene) is brindle.Scene, brindle.application().scene == scene)
+''', folder)
+    assert (done.stdout, done.stderr) == ("brindle can be loaded once in a process.\nTrue True True\n", "")
+
+
 def test_a_getter_stands_behind_each_property(samples):
     for sample in samples.values():
         for name in properties_of(sample):
