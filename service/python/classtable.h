@@ -17,13 +17,15 @@ struct PropertyText {
     const char* text;
 };
 
-/// A public member of a value class, as an attribute.
+/// A public member of a value class, as an attribute. The functions get its name along.
 struct Member {
     const char* name;
     const char* documentation;
     const char* type;
     getter get;
     setter set;
+
+    PyGetSetDef attribute() const { return {name, get, set, documentation, const_cast<char*>(name)}; }
 };
 
 /// The operators of a class; null where it has none.
@@ -188,10 +190,12 @@ Class<T>& Class<T>::member(const char* name, const char* documentation)
                                [](PyObject* object, void*) -> PyObject* {
                                    return guarded([&] { return toPython(self(objectOf(object)).*Field); });
                                },
-                               [](PyObject* object, PyObject* value, void*) -> int {
+                               [](PyObject* object, PyObject* value, void* name) -> int {
                                    return guarded([&] {
-                                       if (!value || !From<Value>::accepts(value))
-                                           throwArgument(0, From<Value>::type, value ? value : Py_None);
+                                       if (!value)
+                                           throwUndeletable(static_cast<const char*>(name));
+                                       if (!From<Value>::accepts(value))
+                                           throwArgument(0, From<Value>::type, value);
                                        self(objectOf(object)).*Field = From<Value>::read(value, 0);
                                        return 0;
                                    });

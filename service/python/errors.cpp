@@ -35,6 +35,12 @@ void throwTypeError(const char* format, ...)
     throw PythonError{};
 }
 
+void throwUndeletable(const char* name)
+{
+    PyErr_Format(PyExc_AttributeError, "%s can't be deleted", name);
+    throw PythonError{};
+}
+
 void throwArgument(unsigned int index, const char* expected, PyObject* got)
 {
     const std::string sentence = argumentSentence(index);

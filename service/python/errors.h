@@ -14,6 +14,9 @@ struct PythonError {};
 /// Raises a Python TypeError in the words of PyErr_Format.
 [[noreturn]] void throwTypeError(const char* format, ...);
 
+/// Raises the AttributeError of `del object.name` for what every object of its class has.
+[[noreturn]] void throwUndeletable(const char* name);
+
 /// Throws `brindle.ArgumentError`, which is a `brindle.Error` and a `TypeError`: "Invalid argument at index %1.", with
 /// a note that says what was expected and what came.
 [[noreturn]] void throwArgument(unsigned int index, const char* expected, PyObject* got);

@@ -211,10 +211,8 @@ int setProperty(PyObject* self, PyObject* value, void* closure)
 {
     return guarded([&]() -> int {
         const auto& property = *static_cast<const Property*>(closure);
-        if (!value) {
-            PyErr_Format(PyExc_AttributeError, "%s can't be deleted", property.meta.name());
-            throw PythonError{};
-        }
+        if (!value)
+            throwUndeletable(property.meta.name());
         write(self, property, value);
         return 0;
     });

@@ -177,7 +177,7 @@ void addClass(PyObject* module, const ClassTable& table)
     }
     addProperties(storage, base);
     for (const Member& member : table.members)
-        storage.attributes.push_back({member.name, member.get, member.set, member.documentation, nullptr});
+        storage.attributes.push_back(member.attribute());
     storage.attributes.push_back({});
     addMethods(storage);
     if (!base)
