@@ -13,13 +13,14 @@ namespace {
 
 constexpr auto step = std::chrono::milliseconds(5);
 
-/// Whether threads other than this one keep the interpreter from ending.
-bool threadsWork()
+/// Whether threads other than this one keep the interpreter from ending, as Python's module of threads tells.
+bool askForThreads()
 {
     const Ref module(PyImport_ImportModule("threading"));
-    const Ref threads(module ? PyObject_CallMethod(module.get(), "enumerate", nullptr) : nullptr);
-    const Ref own(module ? PyObject_CallMethod(module.get(), "current_thread", nullptr) : nullptr);
-    if (!threads || !own)
+    const Ref enumerated(module ? PyObject_CallMethod(module.get(), "enumerate", nullptr) : nullptr);
+    const Ref threads(enumerated ? PySequence_List(enumerated.get()) : nullptr);
+    const Ref own(threads ? PyObject_CallMethod(module.get(), "current_thread", nullptr) : nullptr);
+    if (!own)
         throw PythonError{};
     for (Py_ssize_t i = 0; i < PyList_GET_SIZE(threads.get()); ++i) {
         PyObject* thread = PyList_GET_ITEM(threads.get(), i);
@@ -30,6 +31,20 @@ bool threadsWork()
             return true;
     }
     return false;
+}
+
+/// The same; that they don't where the script has made the module say nothing of the kind, which is printed. Python
+/// still waits for them then.
+bool threadsWork()
+{
+    try {
+        return askForThreads();
+    } catch (const PythonError&) {
+        if (!PyErr_ExceptionMatches(PyExc_Exception))
+            throw;
+        PyErr_WriteUnraisable(nullptr);
+        return false;
+    }
 }
 
 PyObject* pump(PyObject*, PyObject*)

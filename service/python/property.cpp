@@ -34,9 +34,9 @@ PyObject* readObject(OMC::BaseObject* object, const Property& property)
     if (!handle->hasRealOwner())
         return toPython(std::move(*handle));
     // A borrowed object would stay in the handle, in the way of the next one.
-    OMC::BaseObject* copy = handle->get()->copy();
+    const OMC::BaseObject* borrowed = handle->get();
     handle.emplace();
-    return toPython(copy);
+    return toPython(borrowed->copy());
 }
 
 PyObject* readVariant(OMC::BaseObject* object, const Property& property)
@@ -232,10 +232,10 @@ bool addAccessorType()
 {
     static PyGetSetDef attributes[] = {{"__doc__", &accessorText, nullptr, nullptr, nullptr}, {}};
     static PyType_Slot typeSlots[] = {{Py_tp_dealloc, reinterpret_cast<void*>(&deallocateAccessor)},
-                                      {Py_tp_traverse, reinterpret_cast<void*>(&visitAccessor)},
-                                      {Py_tp_clear, reinterpret_cast<void*>(&clearAccessor)},
                                       {Py_tp_descr_get, reinterpret_cast<void*>(&bindAccessor)},
                                       {Py_tp_call, reinterpret_cast<void*>(&callAccessor)},
+                                      {Py_tp_traverse, reinterpret_cast<void*>(&visitAccessor)},
+                                      {Py_tp_clear, reinterpret_cast<void*>(&clearAccessor)},
                                       {Py_tp_getset, attributes},
                                       {0, nullptr}};
     static PyType_Spec spec = {"brindle.Accessor", sizeof(Accessor), 0,

@@ -83,7 +83,9 @@ PyObject* newObject(PyTypeObject* type, PyObject* arguments, PyObject* keywords)
         const ClassTable& table = tableOf(type);
         if (!table.construct)
             throwTypeError("%s objects are got from the project, not made", table.name);
+        // The tuple stays as it is; the dict may not, once the script's own code gives a number.
         std::vector<PyObject*> values;
+        std::vector<Ref> named;
         for (Py_ssize_t i = 0; i < PyTuple_GET_SIZE(arguments); ++i)
             values.push_back(PyTuple_GET_ITEM(arguments, i));
         Ref names;
@@ -96,7 +98,7 @@ PyObject* newObject(PyTypeObject* type, PyObject* arguments, PyObject* keywords)
             while (names && PyDict_Next(keywords, &position, &key, &value)) {
                 Py_INCREF(key);
                 PyTuple_SET_ITEM(names.get(), index++, key);
-                values.push_back(value);
+                values.push_back(named.emplace_back(Ref::borrow(value)).get());
             }
             if (!names)
                 throw PythonError{};

@@ -119,7 +119,12 @@ bool isInstanceOf(PyObject* value, const char* module, const char* name)
     const Ref owner(PyImport_GetModule(moduleName.get()));
     if (!owner)
         return false;
-    const Ref type(checked(PyObject_GetAttrString(owner.get(), name)));
+    const Ref type(PyObject_GetAttrString(owner.get(), name));
+    if (!type) {
+        // A script has put something else in the module's place.
+        PyErr_Clear();
+        return false;
+    }
     const int is = PyObject_IsInstance(value, type.get());
     if (is < 0)
         throw PythonError{};

@@ -332,6 +332,19 @@ sys.exit(5)
 """) == (5, "True 3\n", "")
 
 
+@pytest.mark.parametrize("replaced", ["lambda: 5", "lambda: [5]", "lambda: (5,)", "lambda: 1 / 0", "None"])
+def test_a_module_of_threads_that_is_not_what_it_was_ends_no_process(batch, replaced):
+    code, out, error = batch(f"""
+def work():
+    time.sleep(0.05)
+    print("done", flush=True)
+threading.Thread(target=work).start()
+threading.enumerate = {replaced}
+sys.exit(6)
+""")
+    assert (code, out) == (6, "done\n") and "Error" in error.splitlines()[-1], error
+
+
 def test_an_exception_ends_the_script_and_its_threads_still_finish(batch):
     code, out, error = batch("""
 def work():

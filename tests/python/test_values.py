@@ -3,6 +3,8 @@
 import math
 import pathlib
 import re
+import sys
+import types
 
 import brindle
 import pytest
@@ -71,6 +73,14 @@ def test_what_the_table_of_values_does_not_have_is_a_type_error(scene, state, va
 def test_a_number_beyond_64_bits_is_an_overflow(scene, value):
     message = "The number is beyond 64 bits."
     assert support.message_of(setattr, scene, "frame_count", value, error=OverflowError) == message
+
+
+@pytest.mark.parametrize("module", ["re", "pathlib"])
+@pytest.mark.parametrize("other", [None, types.SimpleNamespace(), types.SimpleNamespace(Pattern=5, PurePath=5)], ids=repr)
+def test_a_module_that_a_script_replaced_makes_no_value_another_one(scene, monkeypatch, module, other):
+    monkeypatch.setitem(sys.modules, module, other)
+    with pytest.raises(TypeError):
+        scene.nodes.find(object())
 
 
 @pytest.mark.parametrize("value", ["\ud800", "a\udfff", ["\ud800"], {"\ud800": 1}, {"a": "\ud800"}], ids=ascii)
