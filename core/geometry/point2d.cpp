@@ -89,7 +89,9 @@ void Point2d::ConvertQVariant(const QVariant& value, double& x, double& y)
 
 void Point2d::fromQVariant(const QVariant& value, std::vector<std::unique_ptr<Math::Point2d>>& points)
 {
-    readPoints(value, [&](double x, double y) { points.push_back(std::make_unique<Math::Point2d>(x, y)); });
+    readPoints(value, [&](double x, double y) {
+        points.push_back(std::make_unique<Math::Point2d>(Math::Point2d{x, y}));
+    });
 }
 
 void Point2d::fromQVariant(const QVariant& value, std::vector<Point2d>& points)

@@ -24,10 +24,9 @@ public:
         : m_place{engineNode(node), side, index}
     {
         // A port that is on a node has an owner already; one of another engine can't be linked here.
-        auto* own = dynamic_cast<Port*>(port.get());
-        if (own && !own->owner()) {
-            port.release();
+        if (auto* own = dynamic_cast<Port*>(port.get()); own && !own->owner()) {
             m_port.reset(own);
+            static_cast<void>(port.release());
         }
     }
 

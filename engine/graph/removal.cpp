@@ -211,8 +211,8 @@ bool RemoveNodes::cutLinks(Node& node)
 
     for (const PortSide side : {PortSide::In, PortSide::Out}) {
         for (std::size_t place = node.portCount(side); place > 0; --place) {
-            Port& port = *node.port(side, place - 1);
-            if (port.isLinked() && !run(std::make_unique<CutAllLinks>(port)))
+            Port* port = node.port(side, place - 1);
+            if (port && port->isLinked() && !run(std::make_unique<CutAllLinks>(*port)))
                 return false;
         }
     }
