@@ -164,10 +164,10 @@ void ProjectFolder::makeProject(const ProjectRecord& record, const std::vector<T
     requirePath();
     MadePath made;
     made.make(m_path);
+    ProjectLock taken; // Ahead of the lock below, for which it waits where it goes again.
     const FolderLock writing(m_path, FolderLock::Writing);
     if (holdsProject())
         throw FolderFailure{quoted(m_path) + " already holds a project"};
-    ProjectLock taken;
     taken.require(m_path);
     writeProject(m_path, record, scenes, QStringList());
     made.keep();

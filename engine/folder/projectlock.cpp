@@ -167,9 +167,20 @@ void ProjectLock::release()
     if (isHeld() && isGone)
         letGoOfGone(std::move(m_file));
     else if (isHeld() && isOn(folder) && whyNotWritable(folder) == 0)
-        m_file.reset();
+        removeFrom(folder);
     else
         keepForEver(std::move(m_file));
+}
+
+/// The file is let go first and then removed: who took it over in between would lose it again.
+void ProjectLock::removeFrom(const QString& folder)
+{
+    try {
+        const FolderLock alone(folder, FolderLock::Writing);
+        m_file.reset();
+    } catch (const FolderFailure&) {
+        keepForEver(std::move(m_file));
+    }
 }
 
 bool ProjectLock::isHeld() const

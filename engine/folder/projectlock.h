@@ -28,6 +28,7 @@ public:
     ///
     /// To be called within a `FolderLock` for writing: two processes never look for a dead one's lock at once.
     void require(const QString& folder);
+    /// Waits for those who have a `FolderLock`: not to be called within one of the same folder.
     void release();
 
     bool isHeld() const; ///< By this process.
@@ -35,6 +36,8 @@ public:
     bool isOn(const QString& folder) const;
 
 private:
+    void removeFrom(const QString& folder);
+
     std::unique_ptr<QLockFile> m_file;
     long long m_process = 0;
     unsigned long long m_device = 0; ///< Which file it is, however the folder is named.

@@ -10,6 +10,7 @@
 #include <QSysInfo>
 
 #include <csignal>
+#include <thread>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -109,6 +110,21 @@ TEST_F(ProjectLockTest, ALockStandsInItsFolderUntilItIsLetGo)
     EXPECT_FALSE(lock.isHeld() || QFile::exists(file()));
     lock.release();
     EXPECT_EQ(refusal(lock, path()), QString());
+}
+
+TEST_F(ProjectLockTest, WhileSomebodyLooksForTheLockItIsNotTakenAway)
+{
+    auto looking = std::make_unique<engine::FolderLock>(path(), engine::FolderLock::Writing);
+    ProjectLock lock;
+    lock.require(path());
+    std::thread leaving([&lock] { lock.release(); });
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    EXPECT_TRUE(QFile::exists(file()));
+    ProjectLock other;
+    EXPECT_FALSE(refusal(other, path()).isEmpty()) << "it is still held";
+    looking.reset();
+    leaving.join();
+    EXPECT_FALSE(QFile::exists(file()));
 }
 
 TEST_F(ProjectLockTest, ItGoesWithItsObject)
