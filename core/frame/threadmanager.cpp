@@ -54,11 +54,16 @@ TUSceneChangeManager* findChangeManager()
     return session ? session->changeManager() : nullptr;
 }
 
+[[noreturn]] void throwNoLock()
+{
+    throw Exception(translated("Thread failed to get Application Lock."));
+}
+
 TUSceneChangeManager& changeManager()
 {
     TUSceneChangeManager* manager = findChangeManager();
     if (!manager)
-        throw Exception(translated("Thread failed to get Application Lock."));
+        throwNoLock();
     return *manager;
 }
 
@@ -123,11 +128,17 @@ void ThreadManager::lock()
 {
     if (mainThread() || isExternal())
         return;
-    TUSceneChangeManager& changes = changeManager();
+    changeManager();
     getApplock();
+    // The main thread may have closed the project while this one waited.
+    TUSceneChangeManager* changes = findChangeManager();
+    if (!changes) {
+        releaseApplock();
+        throwNoLock();
+    }
     m_holders.push_back(threadMark());
-    m_notifyStates.push_back(changes.isNotifyEnabled());
-    changes.setNotifyEnabled(false);
+    m_notifyStates.push_back(changes->isNotifyEnabled());
+    changes->setNotifyEnabled(false);
 }
 
 void ThreadManager::unlock()

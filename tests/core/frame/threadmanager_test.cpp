@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 
+#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -207,6 +208,29 @@ TEST_F(ThreadManagerTest, WithoutAChangeNotifierLockAndUnlockFailWithOneSentence
     unlock();
     EXPECT_TRUE(changes.enabled);
     EXPECT_EQ(check(), lockedOut);
+}
+
+TEST_F(ThreadManagerTest, AProjectThatIsClosedWhileAThreadWaitsLeavesItWithoutTheLock)
+{
+    /// The project is there when the thread comes, and gone when it has the lock.
+    class ClosingSession : public StandInSession {
+    public:
+        explicit ClosingSession(PythonEngine& engine) { python = &engine; }
+        TUSceneChangeManager* changeManager() const override { return there.exchange(false) ? &closing : nullptr; }
+
+        mutable std::atomic<bool> there = true;
+        mutable StandInChangeManager closing;
+    };
+    {
+        const ClosingSession session(engine);
+        EXPECT_EQ(lock(), noLock);
+        EXPECT_TRUE(session.closing.enabled);
+    }
+    EXPECT_EQ(ThreadManagerState::depth(), 0u);
+    EXPECT_EQ(ThreadManagerState::notifyStates(), 0u);
+    EXPECT_FALSE(ThreadManagerState::lockTaken());
+    EXPECT_EQ(check(), lockedOut);
+    EXPECT_TRUE(applicationIsFree());
 }
 
 TEST_F(ThreadManagerTest, WhoHasClosedTheProjectCanStillGiveTheLockBack)
