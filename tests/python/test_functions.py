@@ -13,6 +13,7 @@ import pytest
 import support
 
 NO_FUNCTION = "Expected a Python Function."
+NO_OBJECT = "No Python object is available."
 IN_A_PLAIN_INTERPRETER = "Unable to use run_on_main() in an external Python interpreter."
 
 
@@ -119,6 +120,54 @@ def test_a_wrapper_calls_with_arguments_and_gives_the_result(app):
     with pytest.raises(TypeError):
         function.call([object()])
     assert function.copy().call([7]) == [7]
+
+
+def test_a_wrapper_may_hold_no_function(app):
+    for empty in (brindle.PythonFunction(), brindle.PythonFunction(None), brindle.PythonFunction().copy()):
+        assert empty.get() is None and str(empty) == "PythonFunction()"
+        assert support.message_of(empty.call) == NO_OBJECT
+        assert support.message_of(empty.call, [1]) == NO_OBJECT
+        assert support.message_of(app.run_function, empty) == NO_OBJECT
+
+
+def test_a_wrapper_takes_another_function(app):
+    first, second = Callable(1), Callable(2)
+    counts = sys.getrefcount(first), sys.getrefcount(second)
+    function = brindle.PythonFunction()
+    for _ in range(2):
+        function.set(first)
+        assert function.get() is first and function.call() == 1
+        assert (sys.getrefcount(first), sys.getrefcount(second)) == (counts[0] + 1, counts[1])
+    function.set(brindle.PythonFunction(second))
+    assert function.get() is second and function.call() == 2
+    assert (sys.getrefcount(first), sys.getrefcount(second)) == (counts[0], counts[1] + 1)
+    for wrong in (3, "print", [print], app.scene, app.scene.nodes):
+        assert support.message_of(function.set, wrong) == "Invalid argument at index 0."
+    with pytest.raises(TypeError):
+        function.set(object())
+    assert function.get() is second
+    function.set(function)
+    assert function.get() is second
+    function.set(None)
+    assert function.get() is None
+    assert (sys.getrefcount(first), sys.getrefcount(second)) == counts
+    assert support.message_of(function.call) == NO_OBJECT
+
+
+def test_a_function_that_empties_its_wrapper_runs_to_its_end(app):
+    function = brindle.PythonFunction()
+
+    class Emptying:
+        def __call__(self):
+            function.set(None)
+            return 5
+
+        def __del__(self):
+            function.set(len)
+
+    function.set(Emptying())
+    assert function.call() == 5
+    assert function.get() is len
 
 
 def test_objects_go_in_and_come_out(app):

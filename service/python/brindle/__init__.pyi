@@ -100,12 +100,18 @@ class MapObj(BaseObject):
 
 
 class PythonFunction(BaseObject):
-    """A function of the script, as native code holds it."""
-    def __init__(self, function: Any) -> None: ...
+    """A function of the script, as native code holds it, or none."""
+    def __init__(self, function: Any = None) -> None: ...
     def call(self, arguments: Any = None) -> Any:
         """Calls it with a list of arguments, or with none, and gives its result."""
         ...
 
+    def set(self, function: Any) -> None:
+        """Holds another function, or none for None."""
+        ...
+    def get(self) -> Any:
+        """The function as it was given, or None."""
+        ...
 
 class Application(BaseObject):
     """The application with its open project: where a script begins.
