@@ -248,6 +248,14 @@ void Class<T>::deriveOperators()
         };
     }
     if constexpr (requires(T& t, const QString& k) { t.contains(k); } && !requires(T& t, const QVariant& v) { t.contains(v); }) {
+    } else if constexpr (requires(T& t, const QString& k, const OMC::Obj& v) { t.set(k, v); }) {
+        operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
+            if (!From<QString>::accepts(key))
+                throwArgument(0, From<QString>::type, key);
+            if (!From<OMC::Obj>::accepts(value))
+                throwArgument(1, From<OMC::Obj>::type, value);
+            self(o).set(From<QString>::read(key, 0), From<OMC::Obj>::read(value, 1));
+        };
         operators.contains = [](OMC::BaseObject* o, PyObject* value) { return bool(self(o).contains(stringFrom(value))); };
         operators.containsTextOnly = true;
     } else if constexpr (requires(T& t, const QVariant& v) { t.contains(v); }) {

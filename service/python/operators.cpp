@@ -122,6 +122,9 @@ PyObject* iterate(PyObject* self)
 {
     return guarded([&]() -> PyObject* {
         Ref list(operatorsOf(self).iterate(objectOf(self)));
+        // A class that leaves the protocol alone is an empty sequence.
+        if (list.get() == Py_None)
+            return PyObject_GetIter(Ref(PyTuple_New(0)).get());
         auto* iterator = PyObject_New(Iterator, iteratorType);
         if (!iterator)
             throw PythonError{};

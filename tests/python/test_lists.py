@@ -256,3 +256,19 @@ def test_two_objects_of_one_attribute_are_equal(peg):
 def test_there_is_no_order_among_objects(peg):
     with pytest.raises(TypeError):
         peg < peg
+
+
+@pytest.mark.parametrize("name, operators", [
+    ("ListObj", {"__len__", "__getitem__", "__setitem__"}),
+    ("ListQVar", {"__len__", "__getitem__", "__setitem__", "__contains__"}),
+    ("MapObj", {"__len__", "__getitem__", "__setitem__"}),
+])
+def test_a_base_of_lists_has_what_its_members_make_possible(name, operators):
+    assert set(next(c["operators"] for c in brindle._describe() if c["name"] == name)) == operators
+
+
+def test_a_class_has_the_operators_of_its_base():
+    described = {c["name"]: c for c in brindle._describe()}
+    for entry in described.values():
+        base = described.get(entry["base"].removeprefix("brindle."))
+        assert base is None or set(base["operators"]) <= set(entry["operators"]), entry["name"]
