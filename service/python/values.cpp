@@ -62,6 +62,34 @@ QVariant integerFrom(PyObject* number)
     return QVariant(static_cast<int>(value));
 }
 
+/// A list or dict inside others while it is read. A script may raise Python's own limit beyond what the stack has.
+class Nesting {
+public:
+    explicit Nesting(const char* where)
+    {
+        if (s_depth >= deepest) {
+            PyErr_Format(PyExc_RecursionError, "more than %d levels%s", deepest, where);
+            throw PythonError{};
+        }
+        if (Py_EnterRecursiveCall(where))
+            throw PythonError{};
+        ++s_depth;
+    }
+    Nesting(const Nesting&) = delete;
+    Nesting& operator=(const Nesting&) = delete;
+    ~Nesting()
+    {
+        --s_depth;
+        Py_LeaveRecursiveCall();
+    }
+
+private:
+    static constexpr int deepest = 1000;
+    static thread_local int s_depth;
+};
+
+thread_local int Nesting::s_depth = 0;
+
 QVariant sequenceFrom(PyObject* sequence)
 {
     // A list or tuple: PySequence_Fast hands out the object itself.
@@ -76,11 +104,7 @@ QVariant sequenceFrom(PyObject* sequence)
             texts.append(stringFrom(PySequence_Fast_GET_ITEM(sequence, i)));
         return texts;
     }
-    if (Py_EnterRecursiveCall(" while reading a list"))
-        throw PythonError{};
-    struct Leave {
-        ~Leave() { Py_LeaveRecursiveCall(); }
-    } leave;
+    const Nesting level(" while reading a list");
     QVariantList values;
     values.reserve(size);
     // The size is asked anew: reading an item may run a script's own code, which may change the list.
@@ -94,11 +118,7 @@ QVariant sequenceFrom(PyObject* sequence)
 
 QVariant mapFrom(PyObject* dict)
 {
-    if (Py_EnterRecursiveCall(" while reading a dict"))
-        throw PythonError{};
-    struct Leave {
-        ~Leave() { Py_LeaveRecursiveCall(); }
-    } leave;
+    const Nesting level(" while reading a dict");
     const Ref items(checked(PyDict_Items(dict)));
     QVariantMap map;
     for (Py_ssize_t i = 0; i < PyList_GET_SIZE(items.get()); ++i) {

@@ -75,6 +75,26 @@ def test_a_number_beyond_64_bits_is_an_overflow(scene, value):
     assert support.message_of(setattr, scene, "frame_count", value, error=OverflowError) == message
 
 
+@pytest.mark.parametrize("wrap", [lambda value: [value], lambda value: (value, 1), lambda value: {"a": value}],
+                         ids=["list", "tuple", "dict"])
+def test_a_list_has_a_thousand_levels_at_most_whatever_limit_a_script_sets(app, wrap):
+    before = sys.getrecursionlimit()
+    values = [1]
+    for _ in range(200_000):
+        values.append(wrap(values[-1]))
+    sys.setrecursionlimit(10**6)
+    try:
+        assert brindle.PythonFunction(lambda value: 7).call([values[990]]) == 7
+        for call in (lambda: app.scene.nodes.find(values[-1]), lambda: setattr(app.scene, "objectName", values[-1]),
+                     lambda: brindle.PythonFunction(lambda: values[-1]).call()):
+            message = support.message_of(call, error=RecursionError)
+            assert message.startswith("more than 1000 levels while reading a ")
+    finally:
+        sys.setrecursionlimit(before)
+        while values:
+            values.pop()
+
+
 @pytest.mark.parametrize("module", ["re", "pathlib"])
 @pytest.mark.parametrize("other", [None, types.SimpleNamespace(), types.SimpleNamespace(Pattern=5, PurePath=5)], ids=repr)
 def test_a_module_that_a_script_replaced_makes_no_value_another_one(scene, monkeypatch, module, other):
