@@ -28,7 +28,8 @@ public:
         addEnds();
         const bool firstStraight = isStraight(m_first);
         const bool secondStraight = isStraight(m_second);
-        if (firstStraight && secondStraight && onOneLine())
+        m_onOneLine = firstStraight && secondStraight && onOneLine();
+        if (m_onOneLine)
             return result();
         findStretches();
         if (firstStraight) {
@@ -158,6 +159,8 @@ private:
             return false;
         if (std::abs(one.first - other.first) <= sameParameter && std::abs(one.second - other.second) <= sameParameter)
             return true;
+        if (m_onOneLine) // They run along each other from one place to the other.
+            return false;
         const bool isStretch = std::ranges::any_of(m_stretches, [&](const Stretch& stretch) {
             return stretch.start >= one.first - sameParameter && stretch.end <= other.first + sameParameter;
         });
@@ -165,6 +168,15 @@ private:
             return false;
         const auto halfway = nearest(m_second, m_first.at((one.first + other.first) / 2));
         return halfway && halfway->distanceSquared <= meetingTolerance * meetingTolerance;
+    }
+
+    /// Which of two meetings that are one tells it better: the one at an end, whose place is exact, or the closer one.
+    bool isBetter(const Meeting& one, const Meeting& other) const
+    {
+        const auto ends = [](const Meeting& at) {
+            return (at.first == 0 || at.first == 1) + (at.second == 0 || at.second == 1);
+        };
+        return ends(one) != ends(other) ? ends(one) > ends(other) : separation(one) < separation(other);
     }
 
     std::vector<Meeting> result()
@@ -179,7 +191,7 @@ private:
                 std::find_if(recent, result.end(), [&](const Meeting& other) { return same(other, at); });
             if (known == result.end())
                 result.push_back(at);
-            else if (separation(at) < separation(*known))
+            else if (isBetter(at, *known))
                 *known = at;
         }
         return result;
@@ -189,6 +201,7 @@ private:
     const PlaneCurve& m_second;
     std::vector<Meeting> m_found;
     std::vector<Stretch> m_stretches;
+    bool m_onOneLine = false;
 };
 
 } // namespace

@@ -1,9 +1,11 @@
 #include "engine/geometry2d/pathmeetings.h"
 
 #include "engine/geometry2d/intersection.h"
+#include "engine/geometry2d/nearest.h"
 #include "engine/geometry2d/planecurve.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace engine {
 
@@ -77,6 +79,99 @@ bool atJoint(const Meeting& at)
     return at.first >= 1 - near && at.second <= near;
 }
 
+/// Whether a curve and the one behind it run on along one direction throughout: then they meet at their joint alone.
+bool runsOn(const PlaneCurve& curve, const PlaneCurve& behind)
+{
+    const Math::Vector2d way = (curve.to() - curve.from()) + (behind.to() - behind.from());
+    const auto forward = [&way](const PlaneCurve& part) {
+        for (unsigned int i = 0; i < part.degree; ++i) {
+            const Math::Vector2d leg = part.points[i + 1] - part.points[i];
+            if (leg != Math::Vector2d{} && !(way.dot(leg) > 0))
+                return false;
+        }
+        return true;
+    };
+    return forward(curve) && forward(behind);
+}
+
+/// Where paths touch at a joint, each of the curves there finds the touch for itself, one a little beside the other.
+/// Joins such meetings, whose parameters are those of paths: between them the paths stay together.
+class TouchJoiner {
+public:
+    TouchJoiner(const GR_BezierPath2d& first, const GR_BezierPath2d& second) : m_first(first), m_second(second) {}
+
+    void join(std::vector<Meeting>& found) const
+    {
+        std::ranges::sort(found, {}, [](const Meeting& at) { return std::pair(at.first, at.second); });
+        std::vector<Meeting> joined;
+        for (const Meeting& at : found) {
+            // More than a few in a place are crossings. The end of a closed path is at its start.
+            constexpr std::ptrdiff_t few = 6;
+            const auto isSame = [&](const Meeting& other) { return isOneTouch(other, at); };
+            auto known = std::find_if(joined.end() - std::min(few, std::ssize(joined)), joined.end(), isSame);
+            if (known == joined.end() && !joined.empty() && isSame(joined.front()))
+                known = joined.begin();
+            if (known == joined.end())
+                joined.push_back(at);
+            else if (joints(at) > joints(*known))
+                *known = at;
+        }
+        found = std::move(joined);
+    }
+
+private:
+    static int joints(const Meeting& at)
+    {
+        return (at.first == std::floor(at.first)) + (at.second == std::floor(at.second));
+    }
+
+    /// How far apart two parameters are; on a closed path, over its end if that is nearer.
+    static double apart(double one, double other, const GR_BezierPath2d& path)
+    {
+        const double way = std::abs(one - other);
+        return path.IsClosed() ? std::min(way, path.GetNumBezier() - way) : way;
+    }
+
+    static PlaneCurve curveAt(double parameter, const GR_BezierPath2d& path)
+    {
+        PlaneCurve curve;
+        curve.points[0] = path.GetFromPoint();
+        if (path.GetNumBezier() == 0)
+            return curve;
+        const double last = path.GetNumBezier() - 1;
+        return planeCurve(path.GetBezier(static_cast<unsigned int>(std::min(std::floor(parameter), last))));
+    }
+
+    bool isOneTouch(const Meeting& one, const Meeting& other) const
+    {
+        constexpr double near = 1e-3;
+        const double first = apart(one.first, other.first, m_first);
+        const double second = apart(one.second, other.second, m_second);
+        if (first > near || second > near)
+            return false;
+        if (first <= sameParameter && second <= sameParameter)
+            return true;
+        const bool overEnd = std::abs(one.first - other.first) > near;
+        const double halfway = (one.first + other.first + (overEnd ? m_first.GetNumBezier() : 0)) / 2;
+        const double count = m_first.GetNumBezier();
+        const Math::Point2d place = m_first.Evaluate(halfway > count ? halfway - count : halfway);
+        return staysAt(place, curveAt(one.second, m_second), one) ||
+               staysAt(place, curveAt(other.second, m_second), other);
+    }
+
+    bool staysAt(const Math::Point2d& place, const PlaneCurve& curve, const Meeting& at) const
+    {
+        Math::Box2d both = curve.hullBox();
+        both.AddClosed(curveAt(at.first, m_first).hullBox());
+        const double slack = meetingTolerance * UnitFrame(both).scale();
+        const auto found = nearest(curve, place);
+        return found && std::sqrt(found->distanceSquared) <= slack;
+    }
+
+    const GR_BezierPath2d& m_first;
+    const GR_BezierPath2d& m_second;
+};
+
 } // namespace
 
 std::vector<double> pathMeetings(const GR_BezierPath2d& first, const GR_BezierPath2d& second, Wanted wanted)
@@ -84,12 +179,16 @@ std::vector<double> pathMeetings(const GR_BezierPath2d& first, const GR_BezierPa
     std::vector<Piece> pieces;
     addPieces(first, 0, pieces);
     addPieces(second, 1, pieces);
-    std::vector<double> parameters;
+    std::vector<Meeting> found; // parameters of the paths
     forEachPair(pieces, false, [&](const Piece& one, const Piece& other) {
         for (const Meeting& at : meetings(one.curve, other.curve))
-            parameters.push_back(wrapped(one.index + at.first, first));
-        return wanted == Wanted::All || parameters.empty();
+            found.push_back({wrapped(one.index + at.first, first), wrapped(other.index + at.second, second)});
+        return wanted == Wanted::All || found.empty();
     });
+    TouchJoiner(first, second).join(found);
+    std::vector<double> parameters;
+    for (const Meeting& at : found)
+        parameters.push_back(at.first);
     sortAndMerge(parameters);
     return parameters;
 }
@@ -123,6 +222,8 @@ std::vector<double> pathSelfMeetings(const GR_BezierPath2d& path, Wanted wanted)
     forEachPair(pieces, true, [&](const Piece& one, const Piece& other) {
         const bool neighbours = other.index == one.index + 1;
         const bool closing = path.IsClosed() && one.index == 0 && other.index == last;
+        if (neighbours != closing && runsOn((neighbours ? one : other).curve, (neighbours ? other : one).curve))
+            return true;
         for (const Meeting& at : meetings(one.curve, other.curve)) {
             const bool joined = (neighbours && atJoint(at)) || (closing && atJoint({at.second, at.first}));
             if (!joined)
@@ -130,6 +231,8 @@ std::vector<double> pathSelfMeetings(const GR_BezierPath2d& path, Wanted wanted)
         }
         return wanted == Wanted::All || found.empty();
     });
+
+    TouchJoiner(path, path).join(found);
 
     // Where more than two strands pass one place, it is found for each two: the lowest strand has it already.
     std::vector<double> higher;

@@ -211,6 +211,49 @@ TEST(Intersection, TwoCubicsMeetAtNinePlaces)
     }
 }
 
+TEST(Intersection, LinesThatShareAShortStretchMeetAtBothOfItsEnds)
+{
+    for (const double shared : {50.0, 1.0, 0.5, 0.001}) {
+        SCOPED_TRACE(shared);
+        const auto places = curve({{0, 0}, {100, 0}}).GetIntersections(curve({{100 - shared, 0}, {200, 0}}));
+        ASSERT_EQ(places.size(), 2u);
+        EXPECT_NEAR(places[0].x, 100 - shared, 1e-12);
+        EXPECT_EQ(places[1].x, 100);
+    }
+}
+
+TEST(Intersection, CurvesThatTouchAtACommonEndMeetThereOnce)
+{
+    const GR_Bezier2d arc = curve({{0, 0}, {0, 1}, {1, 1}});
+    const GR_Bezier2d leaf = curve({{0, 0}, {1, 0}, {0, 1}, {0, 0}});
+    for (const double size : {1e-6, 1.0, 1e6}) {
+        SCOPED_TRACE(size);
+        const auto scaled = [size](GR_Bezier2d made) { return made *= Math::Matrix2x3().Scale({size, size}); };
+        for (const auto& places :
+             {scaled(arc).GetIntersections(scaled(leaf)), scaled(leaf).GetIntersections(scaled(arc))}) {
+            ASSERT_EQ(places.size(), 1u);
+            EXPECT_EQ(places[0], Math::Point2d{});
+        }
+    }
+}
+
+TEST(Intersection, WhicheverCurveIsAskedTheNumberOfPlacesIsTheSame)
+{
+    // On a small grid, curves share ends, tangents, stretches and points.
+    curves::RandomCurves random(33);
+    const auto made = [&random] {
+        GR_Bezier2d grid(random.below(4), Closed, Closed);
+        for (unsigned int i = 0; i <= grid.GetDegree(); ++i)
+            grid.SetPoint(i, {double(random.below(4)), double(random.below(4))});
+        return grid;
+    };
+    for (int round = 0; round < 20000; ++round) {
+        const GR_Bezier2d one = made();
+        const GR_Bezier2d other = made();
+        ASSERT_EQ(one.GetIntersections(other).size(), other.GetIntersections(one).size()) << round;
+    }
+}
+
 TEST(Intersection, AnOpenEndDoesntMeet)
 {
     GR_Bezier2d one = curve({{0, 0}, {1, 1}});

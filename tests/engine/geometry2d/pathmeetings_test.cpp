@@ -97,6 +97,61 @@ TEST(PathMeetings, TwoPathsMeetInTheOrderOfTheFirst)
     EXPECT_TRUE(line.IsIntersecting(polyline({{3, 0}})));
 }
 
+TEST(PathMeetings, PathsThatTouchAtAJointMeetThereOnce)
+{
+    const GR_BezierPath2d circle = curves::circle({0, 0}, 10);
+    for (const Math::Point2d& way : {Math::Point2d{1, 0}, {-1, 0}, {0, 1}, {0, -1}}) {
+        SCOPED_TRACE(testing::Message() << way.x << ", " << way.y);
+        const GR_BezierPath2d outside = curves::circle({way.x * 14, way.y * 14}, 4);
+        const GR_BezierPath2d inside = curves::circle({way.x * 4, way.y * 4}, 6);
+        for (const GR_BezierPath2d& other : {outside, inside}) {
+            for (const auto& places : {circle.GetIntersections(other), other.GetIntersections(circle)}) {
+                ASSERT_EQ(places.size(), 1u);
+                EXPECT_LT(distance(places[0], {way.x * 10, way.y * 10}), 1e-6);
+            }
+        }
+    }
+}
+
+TEST(PathMeetings, PathsThatShareAShortStretchOverAJointMeetAtItsEnds)
+{
+    const GR_BezierPath2d line = polyline({{0, 0}, {100, 0}, {200, 0}});
+    const GR_BezierPath2d bridge = polyline({{50, 50}, {99, 0}, {101, 0}, {150, 50}});
+    const auto places = line.GetIntersections(bridge);
+    ASSERT_EQ(places.size(), 3u) << "both ends, and the joint between";
+    EXPECT_LT(distance(places.front(), {99, 0}), 1e-9);
+    EXPECT_LT(distance(places.back(), {101, 0}), 1e-9);
+}
+
+TEST(PathMeetings, APathThatTouchesItselfAtItsJointsMeetsThereOnce)
+{
+    // Round a circle, on to another one that touches it, and round that.
+    GR_BezierPath2d path = curves::circle({0, 0}, 10);
+    path.Append({0, 30}, true);
+    path.Append({20, 30}, true);
+    path.Append(curves::circle({20, 0}, 10));
+    const auto places = path.GetIntersections();
+    ASSERT_EQ(places.size(), 3u);
+    EXPECT_LT(distance(places[0], {0, 10}), 1e-6) << "where the first round ends";
+    EXPECT_LT(distance(places[1], {10, 0}), 1e-6);
+    EXPECT_LT(distance(places[2], {20, 10}), 1e-6);
+}
+
+TEST(PathMeetings, NeighboursOfAHundredThousandAreLookedAtQuickly)
+{
+    GR_BezierPath2d spiral;
+    for (int i = 0; i <= 100000; ++i) {
+        const double angle = i / 1000.0;
+        const Math::Point2d place{(10 + angle) * std::cos(angle), (10 + angle) * std::sin(angle)};
+        spiral.Append(place, true);
+        if (i < 100000)
+            spiral.Append(place + Math::Vector2d{-std::sin(angle), std::cos(angle)} * 0.005, false);
+    }
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(spiral.IsIntersecting());
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+}
+
 TEST(PathMeetings, RandomPathsMeetWhereTheirCurvesDo)
 {
     curves::RandomCurves random(81);
