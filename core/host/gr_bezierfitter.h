@@ -37,7 +37,7 @@ struct BRINDLE_HOST_EXPORT GR_BezierPath2dFitterOptions {
     CornerDetection cornerDetection = CornersByAngle;
     LinearInterpolation linearInterpolation = LinesBetweenCorners;
     TangentOptimization tangentOptimization = NoOptimization;
-    int neighbours = 3;         ///< How many points on each side a tangent or a corner is estimated from; 1 to 1000.
+    int neighbours = 3;         ///< How many points on each side a corner, and at least a tangent, tells; 1 to 1000.
     double cornerAngle = 100.0; ///< In degrees, between the two arms of a corner; 180 is straight on. 0 to 180.
 };
 

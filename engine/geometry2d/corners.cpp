@@ -10,6 +10,10 @@ namespace engine {
 
 namespace {
 
+/// How far a long arm reaches at least, in tolerances, unless it had more points than this.
+constexpr double tolerancesReached = 2;
+constexpr std::size_t mostReached = 256;
+
 double degreesBetween(const Math::Vector2d& one, const Math::Vector2d& other)
 {
     return std::abs(std::atan2(one.cross(other), one.dot(other))) * 180 / std::numbers::pi;
@@ -22,6 +26,7 @@ CornerFinder::CornerFinder(std::span<const Math::Point2d> points, bool closed, d
     : m_points(points),
       m_closed(closed),
       m_tolerance(tolerance),
+      m_reach(tolerancesReached * tolerance),
       m_cornerAngle(options.cornerAngle),
       m_neighbours(std::min(static_cast<std::size_t>(options.neighbours), points.size() - 1)),
       m_standsOut(points.size(), 0)
@@ -60,21 +65,30 @@ bool CornerFinder::standsOut(std::size_t index) const
     return (beside ? std::min(back.length(), forth.length()) : height) > m_tolerance;
 }
 
-Math::Vector2d CornerFinder::armFrom(std::size_t index, int step, std::size_t limit) const
+Math::Vector2d CornerFinder::armFrom(std::size_t index, int step, std::size_t limit, double reach) const
 {
     Math::Vector2d sum;
     Math::Vector2d first;
+    Math::Vector2d way;
     std::size_t at = index;
-    for (std::size_t i = 0; i < std::min(m_neighbours, limit) && hasNeighbour(at, step); ++i) {
+    for (std::size_t i = 0; i < limit && hasNeighbour(at, step); ++i) {
+        if (i >= m_neighbours && (i >= mostReached || way.dot(way) >= reach * reach))
+            break;
         at = neighbour(at, step);
-        sum = sum + (m_points[at] - m_points[index]);
+        way = m_points[at] - m_points[index];
+        sum = sum + way;
         if (i == 0)
-            first = sum;
+            first = way;
         if (m_standsOut[at])
             break;
     }
     const Math::Vector2d mean = direction({}, {sum.x, sum.y});
     return mean == Math::Vector2d{} ? direction({}, {first.x, first.y}) : mean;
+}
+
+Math::Vector2d CornerFinder::armFrom(std::size_t index, int step, std::size_t limit) const
+{
+    return armFrom(index, step, limit, m_reach);
 }
 
 Math::Vector2d CornerFinder::throughDirection(std::size_t index, std::size_t before, std::size_t behind) const
@@ -85,9 +99,11 @@ Math::Vector2d CornerFinder::throughDirection(std::size_t index, std::size_t bef
     return through == Math::Vector2d{} ? forth : through;
 }
 
-double CornerFinder::angleAt(std::size_t index) const
+double CornerFinder::angleAt(std::size_t index, double reach) const
 {
-    return degreesBetween(armFrom(index, -1, m_neighbours), armFrom(index, 1, m_neighbours));
+    // Not so far that the arms meet on the other side of a small closed path.
+    const std::size_t limit = std::max(m_neighbours, m_points.size() / 3);
+    return degreesBetween(armFrom(index, -1, limit, reach), armFrom(index, 1, limit, reach));
 }
 
 std::vector<std::size_t> CornerFinder::corners() const
@@ -96,7 +112,7 @@ std::vector<std::size_t> CornerFinder::corners() const
     std::vector<double> angles(count, 180);
     for (std::size_t i = 0; i < count; ++i) {
         if (hasNeighbour(i, -1) && hasNeighbour(i, 1))
-            angles[i] = angleAt(i);
+            angles[i] = angleAt(i, 0);
     }
     const auto sharperNearby = [&](std::size_t index, int step) {
         std::size_t at = index;
@@ -109,9 +125,23 @@ std::vector<std::size_t> CornerFinder::corners() const
         return false;
     };
     std::vector<std::size_t> corners;
+    double angleBefore = 0; // Of the last corner, by its long arms.
     for (std::size_t i = 0; i < count; ++i) {
-        if (m_standsOut[i] || (angles[i] < m_cornerAngle && !sharperNearby(i, -1) && !sharperNearby(i, 1)))
-            corners.push_back(i);
+        double angle = 0;
+        if (!m_standsOut[i]) {
+            if (angles[i] >= m_cornerAngle || sharperNearby(i, -1) || sharperNearby(i, 1))
+                continue;
+            angle = angleAt(i, m_reach);
+            if (angle >= m_cornerAngle)
+                continue;
+            const bool sameCorner = !corners.empty() && (m_points[i] - m_points[corners.back()]).length() < m_reach;
+            if (sameCorner && angle >= angleBefore)
+                continue;
+            if (sameCorner)
+                corners.pop_back();
+        }
+        corners.push_back(i);
+        angleBefore = angle;
     }
     return corners;
 }

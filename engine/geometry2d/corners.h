@@ -12,10 +12,11 @@ namespace engine {
 /// The corners among points that a path is to be fitted to, and the directions of the path at them.
 ///
 /// An arm of a point is the mean of the ways to its neighbours on one side, up to the next point that stands out: one
-/// where the path turns sharply and that lies further than the tolerance from the line between its neighbours. Steps
-/// smaller than the tolerance (the staircase of a drawn line) are so no corners. A point is a corner where its arms
-/// make less than the corner angle, and nearer neighbours on either side don't make still less; a point that stands out
-/// is one always.
+/// where the path turns sharply and that lies further than the tolerance from the line between its neighbours. A short
+/// arm has as many neighbours as the options say, a long one, which gives the directions, those within two tolerances
+/// as well. A point is a corner where its arms make less than the corner angle, the short ones and the long ones, and
+/// others nearby don't make still less; a point that stands out is one always. So the steps and turns within the
+/// tolerance, the staircase of a drawn line and the trembling of a hand, are no corners.
 class CornerFinder {
 public:
     /// `closed`: the last point's neighbour is the first one.
@@ -35,11 +36,13 @@ private:
     bool hasNeighbour(std::size_t index, int step) const;
     std::size_t neighbour(std::size_t index, int step) const;
     bool standsOut(std::size_t index) const;
-    double angleAt(std::size_t index) const; ///< Between the arms, in degrees.
+    Math::Vector2d armFrom(std::size_t index, int step, std::size_t limit, double reach) const;
+    double angleAt(std::size_t index, double reach) const; ///< Between the arms, in degrees.
 
     std::span<const Math::Point2d> m_points;
     bool m_closed;
     double m_tolerance;
+    double m_reach;
     double m_cornerAngle;
     std::size_t m_neighbours;
     std::vector<char> m_standsOut;

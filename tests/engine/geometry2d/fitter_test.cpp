@@ -101,6 +101,34 @@ TEST(Fitter, FewCurvesAreEnoughForASmoothLine)
     EXPECT_LE(worstDistance(path, points), 1.0);
 }
 
+TEST(Fitter, ATremblingHandNeedsHardlyMoreCurves)
+{
+    // Points that lie closer than they tremble turn sharply everywhere, and yet the line has no corner.
+    curves::RandomCurves random(93);
+    for (const double spacing : {1.0, 0.3, 0.1, 0.03}) {
+        SCOPED_TRACE(spacing);
+        GR_BezierPath2d drawn;
+        for (double x = 0; x < 400; x += spacing)
+            drawn.Append({x, 60 * std::sin(x / 40) + random.number(-0.3, 0.3)}, true);
+        const GR_BezierPath2d path = GR_BezierPath2dFitter(Options{}).Fit(drawn);
+        EXPECT_LE(path.GetNumBezier(), 15u);
+        EXPECT_LE(worstDistance(path, drawn), 1.0);
+    }
+}
+
+TEST(Fitter, ACornerStaysWhereItIsHoweverCloseThePointsLie)
+{
+    for (const int count : {20, 100, 1000, 5000}) {
+        SCOPED_TRACE(count);
+        const GR_BezierPath2d path = GR_BezierPath2dFitter(Options{}).FitClosed(pointsOnSquare(count, 100));
+        EXPECT_EQ(path, polyline({{0, 0}, {100, 0}, {100, 100}, {0, 100}, {0, 0}}));
+    }
+    GR_BezierPath2d back;
+    for (int i = 0; i <= 400; ++i)
+        back.Append({200.0 - std::abs(i - 200), 0}, true);
+    EXPECT_EQ(GR_BezierPath2dFitter(Options{}).Fit(back), polyline({{0, 0}, {200, 0}, {0, 0}}));
+}
+
 TEST(Fitter, PointsOfOneCubicCurveGiveACurveNearIt)
 {
     GR_BezierPath2d original;
