@@ -81,6 +81,8 @@ GR_Bezier2d::GR_Bezier2d(unsigned int degree, Math::Constants::Boundary from, Ma
 void GR_Bezier2d::SetDegree(unsigned int degree)
 {
     requireDegree(degree);
+    if (m_degree == degree)
+        return;
     m_degree = degree;
     markStale();
 }
@@ -100,12 +102,16 @@ void GR_Bezier2d::SetPoint(unsigned int index, const Math::Point2d& point)
 
 void GR_Bezier2d::SetFromBoundary(Math::Constants::Boundary boundary)
 {
+    if (m_fromBoundary == boundary)
+        return;
     m_fromBoundary = boundary;
     markStale();
 }
 
 void GR_Bezier2d::SetToBoundary(Math::Constants::Boundary boundary)
 {
+    if (m_toBoundary == boundary)
+        return;
     m_toBoundary = boundary;
     markStale();
 }
@@ -140,7 +146,7 @@ Math::Vector2d GR_Bezier2d::GetFromTangent() const
 
 Math::Vector2d GR_Bezier2d::GetToTangent() const
 {
-    return -fromTangent(planeCurve(*this).reversed());
+    return Math::Vector2d{} - fromTangent(planeCurve(*this).reversed()); // So that no 0 becomes -0.
 }
 
 const Math::Box2d& GR_Bezier2d::GetBoxRef() const

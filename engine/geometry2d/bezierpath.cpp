@@ -268,13 +268,14 @@ void GR_BezierPath2d::SetBezier(unsigned int index, const GR_Bezier2d& bezier)
     requireRoom(m_points.size() - old + degree);
     const bool staysClosed = IsClosed() && GetNumBezier() > 1;
     const bool isLast = index + 1 == GetNumBezier();
-    auto place = m_points.begin() + m_onCurve[index] + 1;
-    place = m_points.erase(place, place + old - 1);
-    std::vector<Math::Point2d> handles;
+    const auto place = m_points.begin() + m_onCurve[index] + 1;
+    if (degree > old)
+        m_points.insert(place, degree - old, Math::Point2d{});
+    else
+        m_points.erase(place, place + old - degree);
     for (unsigned int i = 1; i < degree; ++i)
-        handles.push_back(bezier.GetPoint(i));
-    m_points.insert(place, handles.begin(), handles.end());
-    for (std::size_t i = index + 1; i < m_onCurve.size(); ++i)
+        m_points[m_onCurve[index] + i] = bezier.GetPoint(i);
+    for (std::size_t i = index + 1; i < m_onCurve.size() && degree != old; ++i)
         m_onCurve[i] = m_onCurve[i] - old + degree;
     m_points[m_onCurve[index]] = bezier.GetFromPoint();
     m_points[m_onCurve[index + 1]] = bezier.GetToPoint();

@@ -116,6 +116,13 @@ TEST(Bezier, TangentsPassOverControlPointsThatCoincideWithTheEnd)
     }
 }
 
+TEST(Bezier, ATangentHasNoNegativeZero)
+{
+    const Math::Vector2d none = curve({{2, 2}}).GetToTangent();
+    EXPECT_FALSE(std::signbit(none.x) || std::signbit(none.y));
+    EXPECT_FALSE(std::signbit(curve({{3, 0}, {0, 0}}).GetToTangent().y));
+}
+
 TEST(Bezier, ThePartsOfASplitAreTheCurve)
 {
     curves::RandomCurves random(4);

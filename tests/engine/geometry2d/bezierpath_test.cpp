@@ -299,13 +299,17 @@ TEST(BezierPath, IndicesThatDontExistAreRefused)
     EXPECT_THROW(empty.Split(0), std::out_of_range);
 }
 
-TEST(BezierPath, ManyCurvesAreAppendedInNoTime)
+TEST(BezierPath, ManyCurvesAreAppendedAndReplacedInNoTime)
 {
     GR_BezierPath2d path;
     for (int i = 0; i < 100000; ++i)
         path.Append(curve({{i + 0.0, 0}, {i + 0.3, 1}, {i + 0.6, -1}, {i + 1.0, 0}}));
     EXPECT_EQ(path.GetNumBezier(), 100000u);
     EXPECT_EQ(path.GetNumPoints(), 300001u);
+    const GR_BezierPath2d same = path;
+    for (unsigned int i = 0; i < path.GetNumBezier(); ++i)
+        path.SetBezier(i, path.GetBezier(i));
+    EXPECT_EQ(path, same);
 }
 
 } // namespace
