@@ -106,6 +106,9 @@ PyObject* currentApplication()
 {
     SC_SessionContext* host = PLUG_Services::getSessionContext();
     Ref& application = session().application;
+    // A host may close its project without a word.
+    if (application && !dynamic_cast<const ServiceApplication&>(*objectOf(application.get())).isOpen())
+        application = Ref();
     if (!application && host && host->projectCommon())
         application = Ref(toPython(new ServiceApplication(host)));
     return Ref::borrow(application ? application.get() : Py_None).release();

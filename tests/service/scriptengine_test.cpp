@@ -6,6 +6,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
 namespace {
 
 TEST(ServiceLibraryTest, InstallsEverythingWhileItIsLoaded)
@@ -75,6 +81,85 @@ threading.Thread(target=work).start()
 )");
         },
         "True\n0 objects left");
+}
+
+using Part = Interactive::Part;
+
+/// The orders in which an application may end.
+std::vector<std::vector<Part>> endings()
+{
+    std::vector<Part> parts{Part::Project, Part::Scripting, Part::Session, Part::EventLoop};
+    std::vector<std::vector<Part>> all;
+    do
+        all.push_back(parts);
+    while (std::next_permutation(parts.begin(), parts.end()));
+    return all;
+}
+
+class EndingTest : public testing::TestWithParam<std::vector<Part>> {};
+
+TEST_P(EndingTest, AScriptThatStillHoldsEverythingIsNoHindrance)
+{
+    EXPECT_INTERACTIVE(
+        [](Interactive& application) {
+            application.mustExecute(R"(
+import threading, time
+kept = [app, app.scene, list(app.scene.nodes), iter(app.scene.nodes), app.scene.nodes.create, app.locked()]
+kept.append(brindle.PythonFunction(lambda: kept))
+done = threading.Event()
+def work():
+    while not done.is_set():
+        try:
+            with app.locked():
+                [node.name for node in app.scene.nodes]
+            app.run_function(lambda: app.scene.name)
+            brindle.application()
+        except (brindle.Error, AttributeError):
+            pass
+        time.sleep(0.001)
+threads = [threading.Thread(target=work) for _ in range(2)]
+for thread in threads: thread.start()
+threading._register_atexit(done.set)
+time.sleep(0.02)
+)");
+            for (const Part part : GetParam())
+                application.end(part);
+        },
+        "^[0-9] objects left\n$");
+}
+
+std::string nameOf(const testing::TestParamInfo<std::vector<Part>>& info)
+{
+    constexpr const char* names[] = {"Project", "Scripting", "Session", "EventLoop"};
+    std::string name;
+    for (const Part part : info.param)
+        name += names[static_cast<int>(part)];
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, EndingTest, testing::ValuesIn(endings()), &nameOf);
+
+TEST(ScriptEngineTest, AProjectThatIsClosedWithoutAWordIsNotTheOneThatIsOpen)
+{
+    EXPECT_INTERACTIVE(
+        [](Interactive& application) {
+            SC_ProjectManager& projects = *application.session().projectManager();
+            projects.closeProject();
+            application.mustExecute("import sys; print(brindle.application(), file=sys.stderr)\n");
+            QString error;
+            const QTemporaryDir folder;
+            projects.createProject(folder.filePath("other"), error);
+            application.mustExecute(R"(
+other = brindle.application()
+print(other is app, other.scene.name, other is brindle.application(), file=sys.stderr)
+try:
+    app.scene
+except brindle.Error as error:
+    print(error, file=sys.stderr)
+)");
+            projects.closeProject();
+        },
+        "None\nFalse Scene-1 True\nObject is no longer valid.\n0 objects left");
 }
 
 TEST(ScriptEngineTest, AProjectThatClosesTakesItsApplicationAlong)

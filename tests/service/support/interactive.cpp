@@ -44,12 +44,31 @@ void Interactive::mustExecute(const char* statements)
         give(101, "a statement failed");
 }
 
+void Interactive::end(Part part)
+{
+    switch (part) {
+    case Part::Project:
+        OMC::ScriptEngineGeneratorInterface::unloadProject(m_session.get());
+        if (m_session)
+            m_session->projectManager()->closeProject();
+        break;
+    case Part::Scripting:
+        OMC::ScriptEngineGeneratorInterface::unloadScriptInterface(m_session.get());
+        OMC::ScriptEngineGeneratorInterface::destroyScriptInterface(m_session.get());
+        m_scripts = nullptr;
+        break;
+    case Part::Session:
+        m_session.reset();
+        break;
+    case Part::EventLoop:
+        m_loop.reset();
+        break;
+    }
+}
+
 void Interactive::finish()
 {
-    OMC::ScriptEngineGeneratorInterface::unloadProject(m_session.get());
-    OMC::ScriptEngineGeneratorInterface::unloadScriptInterface(m_session.get());
-    OMC::ScriptEngineGeneratorInterface::destroyScriptInterface(m_session.get());
-    m_session.reset();
-    m_loop.reset();
+    for (const Part part : {Part::Project, Part::Scripting, Part::Session, Part::EventLoop})
+        end(part);
     give(0, QStringLiteral("%1 objects left").arg(OMC::BaseObject::liveObjects()));
 }

@@ -28,8 +28,12 @@ public:
     SC_SessionContext& session() { return *m_session; }
     TUScene& scene() { return dynamic_cast<TUScene&>(*m_session->projectManager()->project()->sceneAt(0)); }
 
-    /// Ends the interpreter and everything else, and the process: with 0, and a line that says how many objects of the
-    /// object model are left.
+    /// What an application consists of. It may end in any order.
+    enum class Part { Project, Scripting, Session, EventLoop };
+    void end(Part part);
+
+    /// Ends what has not ended yet, and the process: with 0, and a line that says how many objects of the object model
+    /// are left.
     [[noreturn]] void finish();
 
 private:
