@@ -62,5 +62,5 @@ int main(int count, char** arguments)
     const QCoreApplication application(count, arguments);
     // Qt takes on the person's locale for all; numbers in texts and scripts keep their ".".
     std::setlocale(LC_NUMERIC, "C");
-    return app::execute(application.arguments().mid(1));
+    return app::execute(QCoreApplication::arguments().mid(1));
 }
