@@ -5,6 +5,7 @@
 #include "core/host/sc_scene.h"
 #include "core/host/sc_scenemarker.h"
 #include "core/host/sc_session.h"
+#include "engine/engine.h"
 
 #include <QDirIterator>
 #include <QFileInfo>
@@ -60,7 +61,7 @@ QString sceneLine(const TUScene& scene, const Counts& counts)
 {
     const SC_SceneCommon& common = *scene.sceneCommon();
     return QString("Scene \"%1\": %2 (%3 to %4) at %5 fps, %6\n")
-        .arg(scene.name(), counted(counts.frames, "frame"), QString::number(common.getStartFrame()),
+        .arg(engine::shown(scene.name()), counted(counts.frames, "frame"), QString::number(common.getStartFrame()),
              QString::number(common.getStopFrame()), QString::number(scene.frameRate().fps()), contents(counts));
 }
 
@@ -78,14 +79,14 @@ QString resolutionLine(const SC_ProjectCommon& project)
 QString sizeLine(const QString& folder)
 {
     qint64 bytes = 0;
-    int files = 0;
+    std::size_t files = 0;
     QDirIterator walk(folder, QDir::Files, QDirIterator::Subdirectories);
     while (walk.hasNext()) {
         walk.next();
         bytes += walk.fileInfo().size();
         ++files;
     }
-    return QString("Size: %1 in %2 files\n").arg(QLocale::c().formattedDataSize(bytes)).arg(files);
+    return QString("Size: %1 in %2\n").arg(QLocale::c().formattedDataSize(bytes), counted(files, "file"));
 }
 
 } // namespace
@@ -99,7 +100,7 @@ int newProject(const QStringList& arguments)
     const SC_Project* project = session->projectManager()->createProject(arguments.first(), error);
     if (!project)
         return fail(error, failed);
-    print(QString("Made %1\n").arg(project->path()));
+    print(QString("Made %1\n").arg(engine::shown(project->path())));
     return done;
 }
 
@@ -113,7 +114,7 @@ int projectInfo(const QStringList& arguments)
     if (!project)
         return fail(error, failed);
     const SC_ProjectCommon& common = *project->projectCommon();
-    QString text = QString("Project: %1\n").arg(project->path()) + resolutionLine(common) +
+    QString text = QString("Project: %1\n").arg(engine::shown(project->path())) + resolutionLine(common) +
                    QString("Colour space: %1\n").arg(common.projectColorSpace());
     Counts total;
     for (int index = 0; index < project->sceneCount(); ++index) {
@@ -126,7 +127,7 @@ int projectInfo(const QStringList& arguments)
     if (project->sceneCount() > 1)
         text += QString("All %1 scenes: %2, %3\n")
                     .arg(QString::number(project->sceneCount()), counted(total.frames, "frame"), contents(total));
-    const QString last = project->lastChange().simplified();
+    const QString last = engine::shown(project->lastChange().simplified());
     print(text + QString("Last change: %1\n").arg(last.isEmpty() ? QString("none") : last) + sizeLine(project->path()));
     return done;
 }

@@ -37,6 +37,10 @@ BRINDLE_HOST_EXPORT void setLogSink(LogSink sink);
 /// BRINDLE_DEBUG is set to something. A sink gets all lines.
 BRINDLE_HOST_EXPORT void setLogVerbose(bool verbose);
 
+/// A text that came from outside, for a line that a person reads: control characters and line breaks as JSON writes
+/// them, and a text that nobody can read for its length without its middle.
+BRINDLE_HOST_EXPORT QString shown(const QString& text);
+
 /// The program of the open engine, with a place where script services are registered.
 class BRINDLE_HOST_EXPORT Application final : public BAPP_Application {
 public:
@@ -53,8 +57,8 @@ private:
     std::unique_ptr<Private> d;
 };
 
-/// While it lives, `changed` is called on the main thread, by its event loop, when what a person sees of the session as a
-/// whole may be another: a project was opened, closed or saved, its undo list changed. Many changes in a row, of any
+/// While it lives, `changed` is called on the main thread, by its event loop, when what a person sees of the session as
+/// a whole may be another: a project was opened, closed or saved, its undo list changed. Many changes in a row, of any
 /// thread, are told once. Made and destroyed on the main thread.
 class BRINDLE_HOST_EXPORT SessionWatch {
 public:

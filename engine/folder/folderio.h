@@ -17,10 +17,7 @@ struct FolderFailure {
     static FolderFailure ofSystem(const QString& path, const char* what, int error);
 };
 
-/// A text that came from outside, for a message of one line: control characters and line breaks as JSON writes them,
-/// and a text that no one can read for its length without its middle.
-QString shown(const QString& text);
-/// The path in double quotes, as messages name it.
+/// The path in double quotes, as messages name it: on one line, whatever is in it.
 QString quoted(const QString& path);
 
 /// What stands at a path. A symbolic link counts as what it leads to.

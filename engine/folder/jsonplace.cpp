@@ -1,5 +1,6 @@
 #include "engine/folder/jsonplace.h"
 
+#include "engine/engine.h"
 #include "engine/folder/jsonscan.h"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include "engine/folder/projectlock.h"
 
+#include "engine/engine.h"
 #include "engine/folder/folderio.h"
 
 #include <QFile>

@@ -62,6 +62,26 @@ def test_the_last_change_is_that_of_the_file_while_all_is_undone(project):
     assert info(project)[1][4] == "Last change: Add Multi-Port-Out"
 
 
+def test_whatever_is_in_a_name_stays_on_its_line(tmp_path):
+    folder = tmp_path / "walk\ncycle"
+    with brindle.create(folder) as app:
+        angle = app.scene.nodes.create("PEG", "Arm").attributes["angle"]
+        angle.set_value(1, 2.0)
+        angle.column.name = "a\0b\x1b[31m"
+        app.scene.nodes["Top/Arm"].attributes["skew"].link("a\0b\x1b[31m")
+        app.save()
+    scene = folder / "scenes" / "Scene-1.json"
+    scene.write_text(scene.read_text().replace('"Scene-1"', r'"Scene\u0000\n1"'))
+    code, lines, error = info(folder)
+    assert (code, len(lines), error) == (0, 6, "")
+    assert lines[0] == f"Project: {tmp_path}/walk\\ncycle"
+    assert lines[3].startswith(r'Scene "Scene\u0000\n1": 60 frames')
+    assert lines[4] == r"Last change: Linking skew of Arm to a\u0000b\u001b[31m"
+    scene.unlink()
+    assert info(folder) == (
+        1, [], f'brindle: Cannot open the project: "{tmp_path}/walk\\ncycle/scenes/Scene-1.json" is missing.\n')
+
+
 def test_a_new_project_has_no_last_change(tmp_path):
     brindle.create(tmp_path / "new").close()
     lines = info(tmp_path / "new")[1]

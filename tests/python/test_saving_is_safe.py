@@ -209,7 +209,8 @@ def test_a_full_disk_lets_a_project_be_opened_read_only(project, small_disk):
     except OSError:
         pass
     message = support.message_of(brindle.open, folder)
-    assert message == f'Cannot open the project: "{folder}" cannot be locked; it can be opened read-only.'
+    assert message == (f'Cannot open the project: "{folder}/{support.LOCK}" cannot be written: no space left on device; '
+                       "it can be opened read-only.")
     with brindle.open(folder, read_only=True) as app:
         assert "Top/Sample-Peg" in app.scene.nodes
         app.save_as(small_disk.with_name("elsewhere"))

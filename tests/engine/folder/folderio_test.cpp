@@ -1,5 +1,6 @@
 #include "engine/folder/folderio.h"
 
+#include "engine/engine.h"
 #include "tests/engine/folder/foldertest.h"
 
 #include <QDir>
