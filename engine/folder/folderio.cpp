@@ -1,5 +1,7 @@
 #include "engine/folder/folderio.h"
 
+#include "engine/engine.h"
+
 #include <QDir>
 #include <QFile>
 
