@@ -49,7 +49,7 @@ BaseObject* History::copy() const
 
 std::string History::__str__() const
 {
-    validate();
+    manager();
     return tr("Brindle Application History").toStdString();
 }
 
@@ -181,7 +181,7 @@ QString History::getCurrent() const
 // False inside a bracket too: required as it is.
 bool History::getActive() const
 {
-    validate();
+    manager();
     return false;
 }
 

@@ -409,11 +409,18 @@ TEST_F(HistoryTest, AProjectWithoutAManagerFailsUnexpectedly)
         {"undo", [&] { managerless.undo(1); }},
         {"redo", [&] { managerless.redo(1); }},
         {"clear", [&] { managerless.clear(); }},
+        {"size_executed", [&] { managerless.getSizeExecuted(); }},
+        {"contains", [&] { managerless.contains(QString()); }},
         {"begin", [&] { managerless.begin(QStringLiteral("A")); }},
+        {"active", [&] { managerless.getActive(); }},
+        {"__str__", [&] { managerless.__str__(); }},
     };
     for (const auto& [name, call] : calls)
         EXPECT_EQ(failureOf(call), "An unexpected error occurred.") << name;
+    // What is about the bracket alone does without.
     EXPECT_EQ(managerless.getCurrent(), QStringLiteral("NONE"));
+    managerless.end();
+    managerless.cancel();
 }
 
 TEST_F(HistoryTest, AFailureOfTheEngineWhileTheBracketEndsIsReplaced)

@@ -1,5 +1,4 @@
 #include "core/host/cel_colorspace.h"
-#include "core/host/mo_unconnecteddisplay.h"
 #include "core/host/sc_advancedflags.h"
 #include "core/host/sc_resolution.h"
 #include "core/nodes/cameranode.h"
@@ -197,11 +196,12 @@ TEST_F(SceneLookTest, ACameraThatIsRemovedIsUnsetAndComesBack)
     EXPECT_EQ(cameraPath(), QStringLiteral("Top/Camera"));
 }
 
-TEST_F(SceneLookTest, TheDisplayOfANewSceneIsReadAsItIs)
+TEST_F(SceneLookTest, ANewSceneIsShownByItsDisplay)
 {
-    TUDisplayModule* display = scene()->findDefaultDisplay();
-    const bool shown = display && !dynamic_cast<MO_UnconnectedDisplayModule*>(display);
-    EXPECT_EQ(wrapper.getDisplay().typeId() == QMetaType::Nullptr, !shown);
+    const QVariant display = wrapper.getDisplay();
+    ASSERT_NE(readAs<OMC::DisplayNode>(display), nullptr);
+    EXPECT_EQ(readAs<OMC::DisplayNode>(display)->getPath(), QStringLiteral("Top/Display"));
+    EXPECT_EQ(displayName(), QStringLiteral("Display"));
 }
 
 TEST_F(SceneLookTest, ADisplayIsSetInEveryFormThatTellsANode)
