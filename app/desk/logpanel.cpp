@@ -72,30 +72,32 @@ void LogPanel::clear()
 {
     m_arriving.deliver();
     m_messages.clear();
+    m_size = 0;
     m_view->clear();
 }
 
 void LogPanel::add(const QList<Message>& messages)
 {
-    for (const Message& message : messages) {
-        m_messages.push_back(message);
-        if (m_messages.size() > static_cast<std::size_t>(TextView::maxLines))
-            m_messages.pop_front();
-        show(message);
-    }
+    m_messages += messages;
+    for (const Message& message : messages)
+        m_size += message.text.size();
+    while (m_size > TextView::maxCharacters)
+        m_size -= m_messages.takeFirst().text.size();
+    show(messages);
 }
 
-void LogPanel::show(const Message& message)
+void LogPanel::show(const QList<Message>& messages)
 {
-    if (message.tone != Tone::Debug || m_debug->isChecked())
-        m_view->append(message);
+    QList<Message> shown = messages;
+    if (!m_debug->isChecked())
+        shown.removeIf([](const Message& message) { return message.tone == Tone::Debug; });
+    m_view->append(shown);
 }
 
 void LogPanel::showAll()
 {
     m_view->clear();
-    for (const Message& message : m_messages)
-        show(message);
+    show(m_messages);
 }
 
 } // namespace app::desk

@@ -4,8 +4,6 @@
 
 #include <QWidget>
 
-#include <deque>
-
 class QCheckBox;
 
 namespace app::desk {
@@ -27,11 +25,12 @@ public:
 
 private:
     void add(const QList<Message>& messages);
-    void show(const Message& message);
+    void show(const QList<Message>& messages);
     void showAll();
 
     MessageQueue m_arriving;
-    std::deque<Message> m_messages; ///< All that are kept, shown or not.
+    QList<Message> m_messages; ///< All that are kept, shown or not.
+    qsizetype m_size = 0;      ///< Of them, in characters.
     TextView* m_view;
     QCheckBox* m_debug;
 };

@@ -17,15 +17,16 @@ namespace app::desk {
 namespace {
 
 constexpr int messageTime = 5'000; ///< In milliseconds.
+constexpr int firstDockHeight = 170;
 
-QDockWidget* addDock(QMainWindow& window, const QString& title, const char* name, QWidget* content)
+void addDock(QMainWindow& window, const QString& title, const char* name, QWidget* content)
 {
     auto* dock = new QDockWidget(title, &window);
     // The name under which its place is kept.
     dock->setObjectName(QString::fromLatin1(name));
     dock->setWidget(content);
-    window.addDockWidget(Qt::TopDockWidgetArea, dock, Qt::Vertical);
-    return dock;
+    window.addDockWidget(Qt::BottomDockWidgetArea, dock);
+    window.resizeDocks({dock}, {firstDockHeight}, Qt::Vertical);
 }
 
 } // namespace
@@ -45,12 +46,13 @@ MainWindow::MainWindow(SC_SessionContext& session, BAPP_ScriptConsole& console, 
       m_actions(m_project, m_scripts, dialogs, *this),
       m_run(tr("&Run Script...")),
       m_interrupt(tr("&Interrupt Script")),
-      m_console(new ConsolePanel(m_scripts, files.history, this)),
-      m_log(new LogPanel(showsDebug, this))
+      m_log(new LogPanel(showsDebug, this)),
+      m_console(new ConsolePanel(m_scripts, files.history, this))
 {
     m_run.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
     m_interrupt.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Period));
-    addDocks();
+    setCentralWidget(m_console);
+    addDock(*this, tr("Log"), "log", m_log);
     addMenus();
     connect(&m_run, &QAction::triggered, this, &MainWindow::runScript);
     connect(&m_interrupt, &QAction::triggered, m_console, &ConsolePanel::interrupt);
@@ -65,14 +67,6 @@ MainWindow::MainWindow(SC_SessionContext& session, BAPP_ScriptConsole& console, 
 }
 
 MainWindow::~MainWindow() = default;
-
-void MainWindow::addDocks()
-{
-    setDockNestingEnabled(true);
-    QDockWidget* console = addDock(*this, tr("Script Console"), "console", m_console);
-    QDockWidget* log = addDock(*this, tr("Log"), "log", m_log);
-    resizeDocks({console, log}, {3, 1}, Qt::Vertical);
-}
 
 void MainWindow::addMenus()
 {

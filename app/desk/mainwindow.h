@@ -12,8 +12,8 @@ class ConsolePanel;
 class Dialogs;
 class LogPanel;
 
-/// The window of a session: its project in the title, the script console, the log, and the menus. It belongs to whoever
-/// made it, who keeps the session, the interpreter and the dialogs for longer. Views and tools become docks of it.
+/// The window of a session: its project in the title, the script console in the middle, the log in a dock, and the
+/// menus. It belongs to whoever made it, who keeps the session, the interpreter and the dialogs for longer.
 class MainWindow final : public QMainWindow {
     Q_OBJECT
 
@@ -46,7 +46,6 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void addDocks();
     void addMenus();
     void runScript();
     void update();
@@ -59,8 +58,8 @@ private:
     ProjectActions m_actions;
     QAction m_run;
     QAction m_interrupt;
+    LogPanel* m_log; ///< Ahead of what may write to it.
     ConsolePanel* m_console;
-    LogPanel* m_log;
     int m_exitCode = 0;
 };
 

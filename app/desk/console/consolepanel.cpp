@@ -31,15 +31,15 @@ ConsolePanel::ConsolePanel(ScriptRunner& scripts, const QString& historyFile, QW
       m_completion(*m_input, [this](const QString& line) { return m_scripts.complete(line); })
 {
     m_prompt->setFont(m_input->font());
-    m_prompt->setContentsMargins(static_cast<int>(m_output->document()->documentMargin()), 0, 0, 0);
+    // The line begins where the ones above it do.
+    const int margin = static_cast<int>(m_output->document()->documentMargin());
+    m_input->document()->setDocumentMargin(0);
     m_prompt->setMinimumWidth(m_prompt->fontMetrics().horizontalAdvance(firstPrompt));
-    QPalette palette = m_prompt->palette();
-    palette.setColor(QPalette::WindowText, m_output->colorOf(Tone::Input));
-    m_prompt->setPalette(palette);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
 
     auto* line = new QHBoxLayout;
+    line->setContentsMargins(margin, margin, margin, margin);
     line->setSpacing(0);
     line->addWidget(m_prompt);
     line->addWidget(m_input);
@@ -60,15 +60,14 @@ ConsolePanel::ConsolePanel(ScriptRunner& scripts, const QString& historyFile, QW
     connect(m_input, &InputLine::clearAsked, this, &ConsolePanel::clear);
     connect(&scripts, &ScriptRunner::started, this, &ConsolePanel::showPrompt);
     connect(&scripts, &ScriptRunner::ended, this, &ConsolePanel::showPrompt);
-    connect(&m_printed, &MessageQueue::arrived, this, [this](const QList<Message>& messages) {
-        for (const Message& message : messages)
-            m_output->append(message);
-    });
+    connect(&m_printed, &MessageQueue::arrived, this,
+            [this](const QList<Message>& messages) { m_output->append(messages); });
     m_scripts.setPrinter([this](Stream stream, const QString& text) {
         m_printed.post(stream == Stream::Error ? Tone::Error : Tone::Plain, text);
     });
     say(Tone::Debug,
         tr("Python. \"app\" is the application with its open project. Tab completes, Ctrl+C interrupts.\n"));
+    paintLine();
     showPrompt();
 }
 
@@ -182,6 +181,23 @@ void ConsolePanel::finish(Outcome outcome)
     showPrompt();
     if (outcome == Outcome::Leave)
         Q_EMIT leaveAsked(m_scripts.exitCode());
+}
+
+void ConsolePanel::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        paintLine();
+}
+
+/// What is being typed looks as it does when it is entered.
+void ConsolePanel::paintLine()
+{
+    QPalette own = palette();
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText})
+        own.setColor(role, TextView::colorOf(Tone::Input, own));
+    m_prompt->setPalette(own);
+    m_input->setPalette(own);
 }
 
 void ConsolePanel::showPrompt()

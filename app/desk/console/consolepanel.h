@@ -40,6 +40,9 @@ Q_SIGNALS:
     /// A statement asked to end the process.
     void leaveAsked(int exitCode);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void enter();
     void enterLines(const QString& text);
@@ -47,6 +50,7 @@ private:
     void echo(const QString& line);
     void say(Tone tone, const QString& text);
     void finish(BAPP_ScriptConsole::Outcome outcome);
+    void paintLine();
     void showPrompt();
 
     ScriptRunner& m_scripts;

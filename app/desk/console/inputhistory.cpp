@@ -15,10 +15,12 @@ namespace {
 /// What a person types may hold what is nobody else's business.
 constexpr auto ownersOnly = QFile::ReadOwner | QFile::WriteOwner;
 
-void logFailure(const QFileDevice& file)
+/// More than this, at the end of the file, isn't read; in bytes.
+constexpr qint64 maxSize = 1'000'000;
+
+void logFailure(const QString& file, const QString& reason)
 {
-    MSG_Scope(QStringLiteral("The console's history is not kept: \"%1\": %2.").arg(file.fileName(), file.errorString()),
-              MSG_Scope::kLog);
+    MSG_Scope(QStringLiteral("The console's history is not kept in \"%1\": %2.").arg(file, reason), MSG_Scope::kLog);
 }
 
 } // namespace
@@ -69,22 +71,34 @@ void InputHistory::read()
     QFile file(m_file);
     if (!file.exists())
         return;
-    if (!file.open(QIODevice::ReadOnly)) {
-        logFailure(file);
+    // Opening what else there may be under the name could wait without end.
+    const bool isFile = QFileInfo(m_file).isFile();
+    if (!isFile || !file.open(QIODevice::ReadOnly)) {
+        logFailure(m_file, isFile ? file.errorString() : QStringLiteral("It is not a file"));
+        m_file.clear();
         return;
     }
-    m_lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
-    if (m_lines.size() <= maxLines)
-        return;
+    const bool isLarge = file.size() > maxSize;
+    if (isLarge)
+        file.seek(file.size() - maxSize);
+    m_lines = QString::fromUtf8(file.read(maxSize)).split(u'\n', Qt::SkipEmptyParts);
+    // The first has lost its beginning.
+    if (isLarge && !m_lines.isEmpty())
+        m_lines.removeFirst();
     const bool isLong = m_lines.size() > 2 * maxLines;
-    m_lines = m_lines.last(maxLines);
-    if (!isLong)
-        return;
-    QSaveFile shorter(m_file);
+    if (m_lines.size() > maxLines)
+        m_lines = m_lines.last(maxLines);
+    if (isLarge || isLong)
+        shorten();
+}
+
+void InputHistory::shorten() const
+{
+    QSaveFile file(m_file);
     const QByteArray content = m_lines.join(u'\n').toUtf8() + '\n';
-    if (!shorter.open(QIODevice::WriteOnly) || !shorter.setPermissions(ownersOnly) ||
-        shorter.write(content) != content.size() || !shorter.commit())
-        logFailure(shorter);
+    if (!file.open(QIODevice::WriteOnly) || !file.setPermissions(ownersOnly) || file.write(content) != content.size() ||
+        !file.commit())
+        logFailure(m_file, file.errorString());
 }
 
 void InputHistory::write(const QString& line)
@@ -95,7 +109,7 @@ void InputHistory::write(const QString& line)
     if (file.open(QIODevice::WriteOnly | QIODevice::Append) && file.setPermissions(ownersOnly) &&
         file.write(content) == content.size() && file.flush())
         return;
-    logFailure(file);
+    logFailure(m_file, file.errorString());
     m_file.clear();
 }
 

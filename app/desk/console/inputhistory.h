@@ -30,6 +30,7 @@ public:
 
 private:
     void read();
+    void shorten() const;
     void write(const QString& line);
 
     QString m_file;

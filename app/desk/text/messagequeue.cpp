@@ -16,6 +16,7 @@ void MessageQueue::post(Tone tone, const QString& text)
     if (text.isEmpty())
         return;
     const std::lock_guard guard(m_mutex);
+    m_lost = m_lost || text.size() > capacity;
     add(tone, text.right(capacity));
     dropOldest();
     if (!std::exchange(m_posted, true))
@@ -31,7 +32,7 @@ void MessageQueue::deliver()
         messages.swap(m_messages);
         m_size = 0;
         if (std::exchange(m_lost, false))
-            messages.prepend({Tone::Debug, tr("\n(What came before was too much to show.)\n")});
+            messages.prepend({Tone::Error, tr("\n(What came before was too much to show.)\n")});
     }
     if (!messages.isEmpty())
         Q_EMIT arrived(messages);

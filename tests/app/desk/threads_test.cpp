@@ -146,6 +146,21 @@ TEST_F(WorkingScriptTest, AScriptIsInterrupted)
     EXPECT_EQ(entries(), 1);
 }
 
+TEST_F(WorkingScriptTest, AScriptThatWaitsIsInterrupted)
+{
+    run("import subprocess\ntimer = threading.Timer(60, print)\ntimer.daemon = True\ntimer.start()\n");
+    for (const char* waiting :
+         {"time.sleep(60)", "threading.Event().wait()", "timer.join()", "subprocess.run(['sleep', '60'])",
+          "subprocess.run(['sleep', '60'], "
+          "capture_output=True)"}) {
+        console().clear();
+        interruptLater();
+        type(waiting);
+        EXPECT_TRUE(output().endsWith("\nKeyboardInterrupt\n")) << waiting << output().toStdString();
+    }
+    run("timer.cancel()\n");
+}
+
 TEST_F(WorkingScriptTest, AnInterruptIsTheScriptsToHandle)
 {
     // Python 3.11 takes a loop that begins a try for one ahead of it.

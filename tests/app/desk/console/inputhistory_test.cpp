@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -81,6 +84,26 @@ TEST_F(InputHistoryTest, OnlySoManyLinesAreKeptAndALongFileIsShortened)
     history.add("one more");
     EXPECT_EQ(history.lines().size(), most);
     EXPECT_EQ(history.lines().last(), "one more");
+}
+
+TEST_F(InputHistoryTest, OfALargeFileTheEndIsRead)
+{
+    InputHistory(path).add("first");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(3'000'000, 'x') + "\nlast\n");
+    file.close();
+    EXPECT_EQ(InputHistory(path).lines(), QStringList("last"));
+    EXPECT_EQ(content(), "last\n");
+}
+
+TEST_F(InputHistoryTest, WhatIsNoFileIsLeftAlone)
+{
+    QDir().mkpath(folder.filePath("new/folder"));
+    ASSERT_EQ(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    InputHistory history(path);
+    history.add("one");
+    EXPECT_EQ(history.lines(), QStringList("one"));
 }
 
 TEST_F(InputHistoryTest, AFileThatCantBeWrittenOrReadLosesNothingOfThisRun)

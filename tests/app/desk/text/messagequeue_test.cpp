@@ -96,7 +96,9 @@ TEST_F(MessageQueueTest, TooMuchLosesTheOldestAndSaysSo)
     arrived.clear();
     queue.post(Tone::Plain, QString(2 * MessageQueue::capacity, u'y'));
     queue.deliver();
-    EXPECT_EQ(text().size(), MessageQueue::capacity);
+    ASSERT_EQ(arrived.size(), 2);
+    EXPECT_EQ(arrived.at(0).tone, Tone::Error);
+    EXPECT_EQ(arrived.at(1).text.size(), MessageQueue::capacity);
 }
 
 } // namespace

@@ -25,6 +25,24 @@ TEST(TextViewTest, EachToneHasAColourOfItsOwnOnLightAndOnDarkGround)
     }
 }
 
+TEST(TextViewTest, WhatIsShownTakesOnNewColoursOfTheWindow)
+{
+    TextView view;
+    view.append({Tone::Plain, "plain "});
+    view.append({Tone::Error, "error\n\n"});
+    view.append({Tone::Input, "input"});
+    QPalette palette = view.palette();
+    palette.setColor(QPalette::Base, Qt::black);
+    palette.setColor(QPalette::Text, Qt::white);
+    const QColor before = view.colorOf(Tone::Error);
+    view.setPalette(palette);
+    EXPECT_NE(view.colorOf(Tone::Error), before);
+    EXPECT_EQ(toneOf(view, "plain"), Tone::Plain);
+    EXPECT_EQ(toneOf(view, "error"), Tone::Error);
+    EXPECT_EQ(toneOf(view, "input"), Tone::Input);
+    EXPECT_EQ(view.toPlainText(), "plain error\n\ninput");
+}
+
 TEST(TextViewTest, PiecesFollowEachOtherInTheirColoursAndLinesEndOneWay)
 {
     TextView view;
@@ -62,6 +80,36 @@ TEST(TextViewTest, TheOldestLinesGo)
     view.append({Tone::Plain, "the end"});
     EXPECT_EQ(view.blockCount(), TextView::maxLines);
     EXPECT_TRUE(view.toPlainText().endsWith("the end"));
+    QList<app::desk::Message> many;
+    for (int line = 0; line < 2 * TextView::maxLines; ++line)
+        many.append({Tone::Plain, QString::number(line) + u'\n'});
+    view.append(many);
+    EXPECT_EQ(view.blockCount(), TextView::maxLines);
+    EXPECT_TRUE(view.toPlainText().endsWith("\n19998\n19999\n"));
+}
+
+TEST(TextViewTest, ALineWithoutEndIsBroken)
+{
+    TextView view;
+    const QString most(TextView::maxLineLength, u'x');
+    view.append({Tone::Plain, "one\n" + most});
+    EXPECT_EQ(view.toPlainText(), "one\n" + most);
+    view.append({Tone::Error, "xx"});
+    EXPECT_EQ(view.toPlainText(), "one\n" + most + "\nxx");
+    view.clear();
+    view.append({Tone::Plain, most.chopped(1) + QString::fromUtf8("😀") + "x"});
+    EXPECT_EQ(view.toPlainText(), most.chopped(1) + QString::fromUtf8("😀") + "\nx");
+}
+
+TEST(TextViewTest, OnlySoMuchIsKept)
+{
+    TextView view;
+    const QString line = QString(TextView::maxLineLength - 1, u'x') + u'\n';
+    for (int place = 0; place < TextView::maxCharacters / TextView::maxLineLength + 3; ++place)
+        view.append({Tone::Plain, QString::number(place) + u'\n' + line});
+    EXPECT_LE(view.document()->characterCount(), TextView::maxCharacters);
+    EXPECT_GT(view.document()->characterCount(), TextView::maxCharacters - 2 * TextView::maxLineLength);
+    EXPECT_TRUE(view.toPlainText().endsWith("402\n" + line));
 }
 
 } // namespace
