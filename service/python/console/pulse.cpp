@@ -3,6 +3,7 @@
 #include "core/host/application.h"
 #include "service/python/errors.h"
 
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 #include <chrono>
@@ -29,6 +30,7 @@ PyObject* heard(PyObject*, PyObject*)
 
 Pulse* Pulse::s_innermost = nullptr;
 bool Pulse::s_beating = false;
+std::atomic<bool> Pulse::s_asked = false;
 
 Pulse::Pulse() : m_outer(s_innermost), m_clock([this] { ask(); })
 {
@@ -66,7 +68,7 @@ void Pulse::ask()
 {
     std::unique_lock guard(m_mutex);
     while (!m_ended.wait_for(guard, interval, [this] { return m_ends; })) {
-        if (!m_asked.exchange(true))
+        if (!s_asked.exchange(true))
             pthread_kill(m_mainThread, ownSignal);
     }
 }
@@ -74,18 +76,18 @@ void Pulse::ask()
 /// What was asked for may be heard when its pulse is over: it is then the outer one's, or nobody's.
 void Pulse::beat()
 {
-    if (!s_innermost)
-        return;
-    Pulse& pulse = *s_innermost;
-    pulse.m_asked = false;
     // A function that an event runs may be heard to the end.
     if (s_beating)
+        return;
+    // At its end: however long the events take, the script has the time between two beats.
+    const auto asksAgain = qScopeGuard([] { s_asked = false; });
+    if (!s_innermost)
         return;
     {
         const QScopedValueRollback beating(s_beating, true);
         BUIAPP_Application::processEventsNoAppLock(true);
     }
-    if (!std::exchange(pulse.m_interrupted, false))
+    if (!std::exchange(s_innermost->m_interrupted, false))
         return;
     PyErr_SetNone(PyExc_KeyboardInterrupt);
     throw PythonError{};

@@ -38,10 +38,10 @@ private:
 
     static Pulse* s_innermost;
     static bool s_beating;
+    static std::atomic<bool> s_asked; ///< A signal is on its way, or being answered.
 
     Pulse* m_outer;
     bool m_interrupted = false;
-    std::atomic<bool> m_asked = false;
     pthread_t m_mainThread = pthread_self();
     std::mutex m_mutex;
     std::condition_variable m_ended;
