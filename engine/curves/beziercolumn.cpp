@@ -50,34 +50,25 @@ CO_Command::Status statusOf(Curve::Edit edit)
 
 } // namespace
 
-class BezierColumn::EditCommand final : public CO_Command {
-public:
-    EditCommand(BezierColumn& column, Edit edit) : m_column(column), m_edit(std::move(edit)) {}
-
-    Status execute() override
-    {
-        m_log.clear();
-        const Status status = statusOf(m_edit(m_column.m_curve, m_log));
-        if (status == kFail)
-            m_column.m_curve.revert(m_log);
-        else if (status == kOk)
-            m_column.tellLinked();
-        return status;
-    }
-    Status unexecute() override
-    {
-        if (m_log.empty())
-            return kNoop;
+CO_Command::Status BezierColumn::EditCommand::execute()
+{
+    m_log.clear();
+    const Status status = statusOf(edit(m_column.m_curve, m_log));
+    if (status == kFail)
         m_column.m_curve.revert(m_log);
+    else if (status == kOk)
         m_column.tellLinked();
-        return kOk;
-    }
+    return status;
+}
 
-private:
-    BezierColumn& m_column;
-    Edit m_edit;
-    CurveLog m_log;
-};
+CO_Command::Status BezierColumn::EditCommand::unexecute()
+{
+    if (m_log.empty())
+        return kNoop;
+    m_column.m_curve.revert(m_log);
+    m_column.tellLinked();
+    return kOk;
+}
 
 /// Sets the frames over which the value is held.
 class BezierColumn::HoldCommand final : public CO_Command {
@@ -103,11 +94,6 @@ BezierColumn::BezierColumn(const QString& name, bool anonymous) : Column(static_
 {
     setName(name);
     setAnonymous(anonymous);
-}
-
-std::unique_ptr<CO_Command> BezierColumn::editCommand(Edit edit)
-{
-    return std::make_unique<EditCommand>(*this, std::move(edit));
 }
 
 Curve::Edit BezierColumn::splice(Curve& curve, double frame, bool constantSegment, CurveLog& log) const

@@ -3,7 +3,6 @@
 #include "engine/curves/column.h"
 #include "engine/curves/curve.h"
 
-#include <functional>
 #include <unordered_map>
 
 namespace engine {
@@ -81,13 +80,16 @@ public:
     std::unique_ptr<CO_Command> shiftFramesCommand(const FrameShift& shift) override;
     std::unique_ptr<CO_Command> clearFramesCommand(int at, int count) override;
 
-    /// The command that makes an edit of the curve, tells what depends on it, and takes exactly this edit back.
-    using Edit = std::function<Curve::Edit(Curve&, CurveLog&)>;
+    /// The command that makes an edit of the curve, `Curve::Edit edit(Curve&, CurveLog&)`, tells what depends on it,
+    /// and takes exactly this edit back.
+    template <typename Edit>
     std::unique_ptr<CO_Command> editCommand(Edit edit);
     Curve::Edit splice(Curve& curve, double frame, bool constantSegment, CurveLog& log) const;
 
 private:
     class EditCommand;
+    template <typename Edit>
+    class EditBy;
     class HoldCommand;
     struct Added {
         CurvePoint before, after; ///< A neighbour without and with the new point.
@@ -101,5 +103,37 @@ private:
     int m_step = 1;
     std::unordered_map<double, std::vector<std::vector<Added>>> m_added; // by frame, the newest point last
 };
+
+class BezierColumn::EditCommand : public CO_Command {
+public:
+    explicit EditCommand(BezierColumn& column) : m_column(column) {}
+
+    Status execute() final;
+    Status unexecute() final;
+
+private:
+    virtual Curve::Edit edit(Curve& curve, CurveLog& log) = 0;
+
+    BezierColumn& m_column;
+    CurveLog m_log;
+};
+
+/// Keeps the edit itself: a long undo list has many of them.
+template <typename Edit>
+class BezierColumn::EditBy final : public EditCommand {
+public:
+    EditBy(BezierColumn& column, Edit edit) : EditCommand(column), m_edit(std::move(edit)) {}
+
+private:
+    Curve::Edit edit(Curve& curve, CurveLog& log) override { return m_edit(curve, log); }
+
+    Edit m_edit;
+};
+
+template <typename Edit>
+std::unique_ptr<CO_Command> BezierColumn::editCommand(Edit edit)
+{
+    return std::make_unique<EditBy<Edit>>(*this, std::move(edit));
+}
 
 } // namespace engine

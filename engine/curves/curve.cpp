@@ -48,14 +48,13 @@ void Curve::take(double frame, CurveLog& log)
     log.push_back({CurveChange::Taken, m_points.take(frame), frame});
 }
 
-/// Gives the point at the frame of `point` its fields.
-void Curve::change(const CurvePoint& point, CurveLog& log)
+/// Gives one of the points the fields of another one at the same frame.
+void Curve::change(const CurvePoint& there, const CurvePoint& point, CurveLog& log)
 {
-    CurvePoint& there = *m_points.edit(point.frame);
     if (there == point)
         return;
     log.push_back({CurveChange::Edited, there, point.frame});
-    there = point;
+    m_points.edit(there) = point;
 }
 
 void Curve::relocate(double from, double to, CurveLog& log)
@@ -78,10 +77,14 @@ Curve::Edit Curve::splice(double frame, bool constantSegment, CurveLog& log)
     point.frame = frame + 0.0; // not -0
     point.leftX = point.rightX = frame;
     point.constSegment = constantSegment;
+    // Most edits are one splice: what it writes down gets the room that it needs and no more.
+    if (log.empty())
+        log.reserve(before && after ? 3 : 2);
     if (before && after) {
-        spliceInto(point, CurvePoint(*before), CurvePoint(*after), log);
+        spliceInto(point, *before, *after, log);
     } else if (before || after) {
-        CurvePoint end = before ? *before : *after;
+        const CurvePoint& there = before ? *before : *after;
+        CurvePoint end = there;
         point.value = point.anchor = point.leftY = point.rightY = end.value;
         const double third = (frame - end.frame) / 3;
         if (before) {
@@ -91,7 +94,7 @@ Curve::Edit Curve::splice(double frame, bool constantSegment, CurveLog& log)
             end.setLeftHandle(end.frame + third, end.value);
             point.rightX = frame - third;
         }
-        change(end, log);
+        change(there, end, log);
     }
     make(point, log);
     return Edit::Done;
@@ -115,8 +118,8 @@ void Curve::spliceInto(CurvePoint& point, const CurvePoint& before, const CurveP
         point.setRightHandle(parts.right.x, parts.right.y);
         point.continuity = 1;
     }
-    change(left, log);
-    change(right, log);
+    change(before, left, log);
+    change(after, right, log);
 }
 
 Curve::Edit Curve::erase(double frame, CurveLog& log)
@@ -132,22 +135,23 @@ void Curve::hold(double frame, CurveLog& log)
 {
     const CurvePoint* before = m_points.before(frame);
     const CurvePoint* after = m_points.around(frame).after;
-    CurvePoint point = *m_points.find(frame);
+    const CurvePoint& there = *m_points.find(frame);
+    CurvePoint point = there;
     if (before && before->rightX > frame) {
         CurvePoint facing = *before;
         facing.setRightHandle(frame, facing.rightHandleY());
-        change(facing, log);
+        change(*before, facing, log);
     }
     if (after && after->leftX < frame) {
         CurvePoint facing = *after;
         facing.setLeftHandle(frame, facing.leftHandleY());
-        change(facing, log);
+        change(*after, facing, log);
     }
     const double left = std::min(before ? std::max(point.leftX, before->frame) : point.leftX, frame);
     const double right = std::max(after ? std::min(point.rightX, after->frame) : point.rightX, frame);
     point.setLeftHandle(left, point.leftHandleY());
     point.setRightHandle(right, point.rightHandleY());
-    change(point, log);
+    change(there, point, log);
 }
 
 Curve::Edit Curve::move(double frame, double newFrame, double value, CurveLog& log)
@@ -164,7 +168,7 @@ Curve::Edit Curve::move(double frame, double newFrame, double value, CurveLog& l
     point.anchor = value;
     point.leftY = leftY;
     point.rightY = rightY;
-    change(point, log);
+    change(*there, point, log);
     if (newFrame != frame)
         relocate(frame, newFrame + 0.0, log);
     hold(newFrame, log);
@@ -180,7 +184,7 @@ Curve::Edit Curve::setValue(double frame, double value, CurveLog& log)
         return Edit::Nothing;
     CurvePoint point = *there;
     point.value = value;
-    change(point, log);
+    change(*there, point, log);
     return Edit::Done;
 }
 
@@ -192,7 +196,7 @@ Curve::Edit Curve::setLeftHandle(double frame, double x, double y, CurveLog& log
     const CurvePoint* before = m_points.before(frame);
     CurvePoint point = *there;
     point.setLeftHandle(std::min(before ? std::max(x, before->frame) : x, frame), y);
-    change(point, log);
+    change(*there, point, log);
     return Edit::Done;
 }
 
@@ -204,7 +208,7 @@ Curve::Edit Curve::setRightHandle(double frame, double x, double y, CurveLog& lo
     const CurvePoint* after = m_points.around(frame).after;
     CurvePoint point = *there;
     point.setRightHandle(std::max(after ? std::min(x, after->frame) : x, frame), y);
-    change(point, log);
+    change(*there, point, log);
     return Edit::Done;
 }
 
@@ -215,7 +219,7 @@ Curve::Edit Curve::setConstSegment(double frame, bool constantSegment, CurveLog&
         return Edit::Refused;
     CurvePoint point = *there;
     point.constSegment = constantSegment;
-    change(point, log);
+    change(*there, point, log);
     return Edit::Done;
 }
 
@@ -226,7 +230,7 @@ Curve::Edit Curve::setContinuity(double frame, int continuity, CurveLog& log)
         return Edit::Refused;
     CurvePoint point = *there;
     point.continuity = continuity;
-    change(point, log);
+    change(*there, point, log);
     return Edit::Done;
 }
 
@@ -249,7 +253,7 @@ Curve::Edit Curve::scale(double factor, CurveLog& log)
         return Edit::Refused;
     const auto before = log.size();
     for (const auto& point : scaled)
-        change(point, log);
+        change(*m_points.find(point.frame), point, log);
     return log.size() == before ? Edit::Nothing : Edit::Done;
 }
 
@@ -279,10 +283,11 @@ Curve::Edit Curve::shift(int at, int delta, CurveLog& log)
             take(frame, log);
             continue;
         }
-        CurvePoint point = *m_points.find(frame);
+        const CurvePoint& there = *m_points.find(frame);
+        CurvePoint point = there;
         point.leftX += delta;
         point.rightX += delta;
-        change(point, log);
+        change(there, point, log);
         relocate(frame, frame + delta, log);
     }
     if (delta < 0 && !moved.empty())
@@ -296,9 +301,9 @@ bool Curve::put(const CurvePoint& point)
         return false;
     CurvePoint given = point;
     given.frame += 0.0;
-    if (CurvePoint* there = m_points.edit(point.frame)) {
+    if (const CurvePoint* there = m_points.find(point.frame)) {
         given.identity = there->identity;
-        *there = given;
+        m_points.edit(*there) = given;
     } else {
         given.identity = ++m_identities;
         m_points.insert(given);
@@ -322,7 +327,7 @@ void Curve::revert(CurveLog& log)
         }
         case CurveChange::Edited: {
             // The point may have been taken and brought back since, as another one.
-            CurvePoint& there = *m_points.edit(change.frame);
+            CurvePoint& there = m_points.edit(*m_points.find(change.frame));
             const auto identity = there.identity;
             there = change.before;
             there.identity = identity;

@@ -58,7 +58,7 @@ public:
 private:
     CurvePoint& make(CurvePoint point, CurveLog& log);
     void take(double frame, CurveLog& log);
-    void change(const CurvePoint& point, CurveLog& log);
+    void change(const CurvePoint& there, const CurvePoint& point, CurveLog& log);
     void relocate(double from, double to, CurveLog& log);
     void hold(double frame, CurveLog& log);
     void spliceInto(CurvePoint& point, const CurvePoint& before, const CurvePoint& after, CurveLog& log);

@@ -13,17 +13,24 @@ public:
     Status unexecute() override { return kNoop; }
 };
 
-std::unique_ptr<CO_Command> edit(TUBezierTimedValue* column, BezierColumn::Edit function)
+template <typename Edit>
+std::unique_ptr<CO_Command> editOwn(BezierColumn* column, Edit function)
 {
-    if (auto* own = dynamic_cast<BezierColumn*>(column))
-        return own->editCommand(std::move(function));
+    if (column)
+        return column->editCommand(std::move(function));
     return std::make_unique<RefusedCommand>();
+}
+
+template <typename Edit>
+std::unique_ptr<CO_Command> edit(TUBezierTimedValue* column, Edit function)
+{
+    return editOwn(dynamic_cast<BezierColumn*>(column), std::move(function));
 }
 
 std::unique_ptr<CO_Command> spliceCommand(TUBezierTimedValue* column, double frame, bool makeKey, bool constantSegment)
 {
     auto* own = dynamic_cast<BezierColumn*>(column);
-    return edit(column, [own, frame, makeKey, constantSegment](Curve& curve, CurveLog& log) {
+    return editOwn(own, [own, frame, makeKey, constantSegment](Curve& curve, CurveLog& log) {
         return makeKey ? own->splice(curve, frame, constantSegment, log) : Curve::Edit::Nothing;
     });
 }

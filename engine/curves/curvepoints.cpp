@@ -10,18 +10,39 @@ constexpr std::size_t blockSize = 128;
 
 } // namespace
 
-int CurvePoints::blockOf(double frame) const
+bool CurvePoints::holds(int block, double frame) const
 {
-    return static_cast<int>(std::upper_bound(m_firstFrames.begin(), m_firstFrames.end(), frame) -
-                            m_firstFrames.begin()) -
-           1;
+    const auto index = static_cast<std::size_t>(block);
+    return index < m_firstFrames.size() && m_firstFrames[index] <= frame &&
+           (index + 1 == m_firstFrames.size() || frame < m_firstFrames[index + 1]);
 }
 
-int CurvePoints::placeIn(const Block& block, double frame)
+int CurvePoints::blockOf(double frame) const
 {
+    // Who goes along a curve stays in a block for a while.
+    const int recent = m_recentBlock;
+    if (holds(recent, frame))
+        return recent;
+    const auto behind = std::upper_bound(m_firstFrames.begin(), m_firstFrames.end(), frame);
+    return m_recentBlock = static_cast<int>(behind - m_firstFrames.begin()) - 1;
+}
+
+int CurvePoints::placeIn(int index, double frame) const
+{
+    const Block& block = m_blocks[index];
+    const auto isPlace = [&](int place) {
+        const auto at = static_cast<std::size_t>(place);
+        return at < block.size() && block[at].frame <= frame && (at + 1 == block.size() || frame < block[at + 1].frame);
+    };
+    // The next step along a curve is to the same place or to the one behind it.
+    const int recent = m_recentPlace;
+    for (const int place : {recent, recent + 1}) {
+        if (isPlace(place))
+            return m_recentPlace = place;
+    }
     const auto after = std::upper_bound(block.begin(), block.end(), frame,
                                         [](double wanted, const CurvePoint& point) { return wanted < point.frame; });
-    return static_cast<int>(after - block.begin()) - 1;
+    return m_recentPlace = static_cast<int>(after - block.begin()) - 1;
 }
 
 const CurvePoint& CurvePoints::at(int index) const
@@ -43,7 +64,7 @@ CurvePoints::Neighbours CurvePoints::around(double frame) const
     if (index < 0)
         return {nullptr, m_size ? &first() : nullptr};
     const Block& block = m_blocks[index];
-    const int place = placeIn(block, frame);
+    const int place = placeIn(index, frame);
     const CurvePoint* after = nullptr;
     if (place + 1 < static_cast<int>(block.size()))
         after = &block[place + 1];
@@ -95,7 +116,7 @@ CurvePoint& CurvePoints::insert(const CurvePoint& point)
             ++index;
     }
     Block& block = m_blocks[index];
-    const auto inserted = block.insert(block.begin() + placeIn(block, point.frame) + 1, point);
+    const auto inserted = block.insert(block.begin() + placeIn(index, point.frame) + 1, point);
     m_firstFrames[index] = block.front().frame;
     return *inserted;
 }
@@ -104,7 +125,7 @@ CurvePoint CurvePoints::take(double frame)
 {
     const int index = blockOf(frame);
     Block& block = m_blocks[index];
-    const auto place = block.begin() + placeIn(block, frame);
+    const auto place = block.begin() + placeIn(index, frame);
     const CurvePoint taken = *place;
     block.erase(place);
     --m_size;

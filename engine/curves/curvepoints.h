@@ -75,7 +75,8 @@ public:
     Neighbours around(double frame) const;
     const CurvePoint* find(double frame) const;   ///< At exactly this frame, or null.
     const CurvePoint* before(double frame) const; ///< The last one ahead of the frame, or null.
-    CurvePoint* edit(double frame) { return const_cast<CurvePoint*>(find(frame)); } ///< Its frame must stay.
+    /// One of the points, to be written. Its frame must stay.
+    CurvePoint& edit(const CurvePoint& point) { return const_cast<CurvePoint&>(point); }
 
     CurvePoint& insert(const CurvePoint& point); ///< No point may stand at its frame.
     CurvePoint take(double frame);               ///< A point must stand there.
@@ -93,12 +94,15 @@ private:
     using Block = std::vector<CurvePoint>;
 
     int blockOf(double frame) const; ///< The block whose range holds the frame, -1 ahead of all.
-    static int placeIn(const Block& block, double frame);
+    bool holds(int block, double frame) const;
+    int placeIn(int block, double frame) const; ///< Of the last point at or before the frame, -1 ahead of all.
     void joinSmall(int block);
 
     std::vector<Block> m_blocks; // none is empty
     std::vector<double> m_firstFrames;
     mutable std::vector<int> m_starts; // the places of the blocks' first points; empty when out of date
+    mutable int m_recentBlock = 0;     // what was asked for last
+    mutable int m_recentPlace = 0;
     int m_size = 0;
 };
 
