@@ -19,6 +19,7 @@ class BRINDLE_CORE_EXPORT BezierControlPoint : public ControlPoint {
 
 public:
     BezierControlPoint(TUBezierTimedValue* timedValue, double frame);
+    BezierControlPoint(TUBezierTimedValue& timedValue, const BezierCtrlPt& point); ///< A point that stands there.
 
     BaseObject* copy() const override;
     std::string __str__() const override;

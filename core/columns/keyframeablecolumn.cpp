@@ -8,11 +8,31 @@
 #include "core/host/tu_timedvalue.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cstdio>
+#include <string>
 #include <utility>
 #include <vector>
 
 namespace OMC {
+
+namespace {
+
+/// A line a frame for debugging, which is required to stay: "FRAME: %f". All lines at once, as each of them may be a
+/// system call.
+void printFrames(const QList<double>& frames)
+{
+    std::string lines;
+    std::array<char, 400> number; // the largest one has 309 digits ahead of its point
+    for (const double frame : frames) {
+        const auto written = std::to_chars(number.begin(), number.end(), frame, std::chars_format::fixed, 6);
+        lines.append("FRAME: ").append(number.data(), written.ptr).append(1, '\n');
+    }
+    std::fwrite(lines.data(), 1, lines.size(), stdout);
+}
+
+} // namespace
 
 KeyframeableColumn::KeyframeableColumn(AT_FncTimedValue* timedValue) : Column(timedValue) {}
 
@@ -37,16 +57,14 @@ QVariant KeyframeableColumn::keyframeCreate(const QVariant& value)
     const QList<double> frames = keyframeedit::framesIn(value);
     CO_CommandManager& manager = commandManager();
     auto& column = timedValueAs<AT_FncTimedValue>();
-    const auto create = [&](double frame, CO_Command** command) {
-        // A line for debugging, which is required to stay.
-        std::printf("FRAME: %f\n", frame);
-        column.createKeyframes(frame, frame, command);
-    };
-    keyframeedit::run(manager, frames, frames.size(), create,
+    printFrames(frames);
+    keyframeedit::run(manager, frames, frames.size(),
+                      [&](double frame, CO_Command** command) { column.createKeyframes(frame, frame, command); },
                       {tr("Failed to set keyframe at frame %1"), tr("Setting %1 keyframes."), tr("Setting a keyframe."),
                        tr("Failed to set %1 keyframes."), tr("Failed to set a keyframe.")});
 
     QVariantList points;
+    points.reserve(frames.size());
     for (const double frame : frames) {
         ControlPointFrameWrapperVisitor visitor(frame);
         column.accept(visitor);

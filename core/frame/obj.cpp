@@ -112,4 +112,11 @@ QVariant toVariant(Obj&& handle)
     return value;
 }
 
+QVariant toVariant(BaseObject* object)
+{
+    QVariant value(QMetaType::fromType<Obj>());
+    static_cast<Obj*>(value.data())->set(object);
+    return value;
+}
+
 } // namespace OMC

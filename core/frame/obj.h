@@ -56,6 +56,8 @@ T* objectIn(const Obj& handle)
 
 /// A variant that holds the handle, moved there: QVariant::fromValue would clone the object.
 BRINDLE_CORE_EXPORT QVariant toVariant(Obj&& handle);
+/// A variant that holds a handle that takes the object.
+BRINDLE_CORE_EXPORT QVariant toVariant(BaseObject* object);
 
 } // namespace OMC
 

@@ -17,7 +17,7 @@ namespace {
 /// A variant with a new object, which goes to whoever takes it out.
 QVariant objectVariant(BaseObject* object)
 {
-    return toVariant(Obj(object));
+    return toVariant(object);
 }
 
 /// The index of an iteration stops here, one short of the end: required.

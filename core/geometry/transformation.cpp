@@ -111,7 +111,7 @@ QVariant Transformation::getMatrix() const
 {
     if (!d->transform)
         throw Exception(tr("Transformation is invalid."));
-    return toVariant(Obj(new Matrix(d->transform->transformation().matrix(false))));
+    return toVariant(new Matrix(d->transform->transformation().matrix(false)));
 }
 
 void Transformation::setMatrix(const QVariant& matrix)

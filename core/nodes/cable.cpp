@@ -132,7 +132,7 @@ void Cable::unlink()
 QVariant Cable::getSource() const
 {
     validate();
-    return toVariant(Obj(new OutPort(m_ends->source())));
+    return toVariant(new OutPort(m_ends->source()));
 }
 
 void Cable::setSource(const QVariant& value)
@@ -164,7 +164,7 @@ void Cable::setSourceNode(const QVariant& value)
 QVariant Cable::getDestination() const
 {
     validate();
-    return toVariant(Obj(new InPort(m_ends->destination())));
+    return toVariant(new InPort(m_ends->destination()));
 }
 
 void Cable::setDestination(const QVariant& value)

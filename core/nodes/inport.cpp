@@ -19,7 +19,7 @@ QVariant null()
 
 QVariant wrapped(const MO_Port* source)
 {
-    return source ? toVariant(Obj(new OutPort(source->node(), source->id()))) : null();
+    return source ? toVariant(new OutPort(source->node(), source->id())) : null();
 }
 
 Obj cable(const MO_Port* source, const InPort* destination)
@@ -86,7 +86,7 @@ void InPort::setSrc(const QVariant& value)
 QVariant InPort::getSrcNode() const
 {
     const MO_Port* source = portOr(QT_TR_NOOP("Unable to find the node."))->srcPort();
-    return source ? toVariant(Obj(Node::getWrapped(source->node()))) : null();
+    return source ? toVariant(Node::getWrapped(source->node())) : null();
 }
 
 void InPort::setSrcNode(const QVariant& value)
@@ -102,7 +102,7 @@ QVariant InPort::getSrcFlat() const
 QVariant InPort::getSrcNodeFlat() const
 {
     const MO_Port* source = portOr(QT_TR_NOOP("Unable to find the node."))->realSrcPort();
-    return source ? toVariant(Obj(Node::getWrapped(source->node()))) : null();
+    return source ? toVariant(Node::getWrapped(source->node())) : null();
 }
 
 bool InPort::getLinked() const

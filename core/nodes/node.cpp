@@ -206,7 +206,7 @@ QString Node::getType() const
 // The coordinates of an invalid node are invalid themselves and say so at their first use.
 QVariant Node::getPosition() const
 {
-    return toVariant(Obj(new Node_Coordinates(getNode())));
+    return toVariant(new Node_Coordinates(getNode()));
 }
 
 void Node::setPosition(const QVariant& position) const

@@ -166,7 +166,7 @@ Obj NodeList::__iterItem__() const
         d->atEnd = true;
     if (d->mode == Private::SceneNodes)
         return Obj(Node::getWrapped(walked[d->cursor]));
-    return get(static_cast<int>(d->cursor));
+    return Obj(Node::getWrapped(nodeAt(static_cast<int>(d->cursor))));
 }
 
 void NodeList::operator++()

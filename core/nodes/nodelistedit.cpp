@@ -86,11 +86,11 @@ QVariant NodeList::move(const QVariant& nodes, int, int)
         MO_Node& node = *moving.front();
         std::unique_ptr<Node> wrapper(Node::getWrapped(&node));
         wrapper->moveNode(group, node.x(), node.y());
-        return toVariant(Obj(wrapper.release()));
+        return toVariant(wrapper.release());
     }
     QVariantList moved;
     for (MO_Node* node : moveNodesToGroup(group, moving))
-        moved.append(toVariant(Obj(Node::getWrapped(node))));
+        moved.append(toVariant(Node::getWrapped(node)));
     return moved;
 }
 

@@ -19,7 +19,7 @@ QVariant portsOf(const std::vector<MO_Port*>& destinations)
     QVariantList list;
     list.reserve(static_cast<qsizetype>(destinations.size()));
     for (const MO_Port* port : destinations)
-        list.append(toVariant(Obj(new InPort(port->node(), port->id()))));
+        list.append(toVariant(new InPort(port->node(), port->id())));
     return list;
 }
 
@@ -28,7 +28,7 @@ QVariant nodesOf(const std::vector<MO_Port*>& destinations)
     QVariantList list;
     list.reserve(static_cast<qsizetype>(destinations.size()));
     for (const MO_Port* port : destinations)
-        list.append(toVariant(Obj(Node::getWrapped(port->node()))));
+        list.append(toVariant(Node::getWrapped(port->node())));
     return list;
 }
 

@@ -209,7 +209,7 @@ QVariant Scene::getDisplay() const
 {
     validate();
     if (TUDisplayModule* display = shownDisplay())
-        return toVariant(Obj(new DisplayNode(display)));
+        return toVariant(new DisplayNode(display));
     return QVariant::fromValue(nullptr);
 }
 
@@ -254,7 +254,7 @@ QVariantList Scene::getDisplays() const
     validate();
     QVariantList wrappers;
     for (TUDisplayModule* display : displaysOf(*scene()))
-        wrappers.append(toVariant(Obj(Node::getWrapped(display))));
+        wrappers.append(toVariant(Node::getWrapped(display)));
     return wrappers;
 }
 

@@ -47,9 +47,9 @@ QVariant objectOf(const Math::Point3d& point, Kind kind)
 {
     switch (kind) {
     case Kind::Point3:
-        return toVariant(Obj(new Point3d(point.x, point.y, point.z)));
+        return toVariant(new Point3d(point.x, point.y, point.z));
     case Kind::Point2:
-        return toVariant(Obj(new Point2d(point.x, point.y)));
+        return toVariant(new Point2d(point.x, point.y));
     case Kind::Vector:
         break;
     }

@@ -175,7 +175,7 @@ QVariant functionFrom(PyObject* callable)
 {
     auto function = std::make_unique<OMC::PythonFunction>();
     function->set(callable);
-    return OMC::toVariant(OMC::Obj(function.release()));
+    return OMC::toVariant(function.release());
 }
 
 thread_local HeldItems* innermost = nullptr;
