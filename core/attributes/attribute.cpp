@@ -60,8 +60,10 @@ bool readInteger(const QVariant& value, int& result)
 } // namespace
 
 Attribute::Attribute(MO_Node* node, const QStringList& parentPath, const QString& keyword)
-    : d(new Private{WeakPointer<MO_Node>(node), parentPath, keyword})
+    : d(new Private{WeakPointer<MO_Node>(node), {}, keyword})
 {
+    d->path.reserve(parentPath.size() + 1);
+    d->path.append(parentPath);
     d->path.append(keyword);
     d->remembered = getAttr();
     d->hasRemembered = true;

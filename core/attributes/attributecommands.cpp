@@ -1,5 +1,6 @@
 #include "core/attributes/attributecommands.h"
 
+#include "core/columns/columncast.h"
 #include "core/host/mo_node.h"
 #include "core/host/msg_scope.h"
 #include "core/host/sc_scene.h"
@@ -25,11 +26,11 @@ bool sameCurve(const BezierCtrlPt& one, const BezierCtrlPt& other)
 
 void ValueKey::prepare(TUTimedValue* column, double frame)
 {
-    m_column = dynamic_cast<AT_FncTimedValue*>(column);
+    m_column = OMC::columnCast<AT_FncTimedValue>(column);
     if (!m_column)
         return;
     m_frame = frame;
-    m_bezier = dynamic_cast<TUBezierTimedValue*>(column);
+    m_bezier = OMC::columnCast<TUBezierTimedValue>(column);
     m_hadPoint = m_bezier && m_bezier->pointAt(frame, m_points[0]);
     if (m_hadPoint) {
         m_count = 1;

@@ -200,8 +200,9 @@ AttributeList::Level AttributeList::level() const
 
 AT_Attr* AttributeList::inLevel(QStringView keyword) const
 {
+    // The node looks the keyword up and keeps nothing of it: it needs no copy.
     return d->isSubList ? Attribute::memberNamed(getSubAttrib(), keyword)
-                        : d->node.get()->findAttributeByKeyword(keyword.toString());
+                        : d->node.get()->findAttributeByKeyword(QString::fromRawData(keyword.data(), keyword.size()));
 }
 
 void AttributeList::requireIterating() const

@@ -2,6 +2,7 @@
 
 #include "core/columns/beziercontinuity.h"
 #include "core/columns/bezieredit.h"
+#include "core/columns/columncast.h"
 
 #include <cmath>
 
@@ -213,7 +214,7 @@ BezierColumnValue::Place BezierColumnValue::place() const
     TUTimedValue* timedValue = m_timedValue.get();
     if (!timedValue)
         throwInvalid();
-    auto* column = dynamic_cast<TUBezierTimedValue*>(timedValue);
+    auto* column = columnCast<TUBezierTimedValue>(timedValue);
     if (!column)
         throwUnexpected();
     Place here{*column, {}, false, false};

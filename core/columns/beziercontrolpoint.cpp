@@ -1,6 +1,7 @@
 #include "core/columns/beziercontrolpoint.h"
 
 #include "core/columns/beziercontinuity.h"
+#include "core/columns/columncast.h"
 
 namespace OMC {
 
@@ -12,6 +13,12 @@ BezierControlPoint::BezierControlPoint(TUBezierTimedValue* timedValue, double fr
     if (timedValue && timedValue->pointAt(frame, point))
         m_identity = point.identity;
 }
+
+BezierControlPoint::BezierControlPoint(TUBezierTimedValue& timedValue, const BezierCtrlPt& point)
+    : ControlPoint(point.frame),
+      m_timedValue(&timedValue),
+      m_identity(point.identity)
+{}
 
 BaseObject* BezierControlPoint::copy() const
 {
@@ -76,7 +83,7 @@ void BezierControlPoint::validate() const
 BezierCtrlPt BezierControlPoint::controlPoint() const
 {
     validate();
-    const auto* column = dynamic_cast<const TUBezierTimedValue*>(m_timedValue.get());
+    const auto* column = columnCast<TUBezierTimedValue>(m_timedValue.get());
     BezierCtrlPt point;
     if (!column || !column->pointAt(pointFrame(), point) || point.identity != m_identity)
         throwInvalid();

@@ -2,8 +2,8 @@
 
 namespace OMC {
 
-/// The engine object as one of class T, or null: a dynamic_cast that asks the object itself. A visit is two calls, where
-/// the cast compares names from class to class, at each use of each object.
+/// The engine object as one of class T, or null: a dynamic_cast that asks the object itself. A visit is two calls,
+/// where the cast compares names from class to class, at each use of each object.
 template <typename T, typename Visitor, typename Object>
 T* visitCast(Object* object)
 {

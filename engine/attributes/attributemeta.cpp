@@ -73,13 +73,13 @@ double AttributeMeta::read(double number) const
 AttributeTable::AttributeTable(std::span<const AttributeSpec> specs) : topCount(static_cast<int>(specs.size()))
 {
     for (const AttributeSpec& spec : specs)
-        entries.push_back({std::make_unique<AttributeMeta>(spec, nullptr)});
+        entries.push_back({std::make_unique<AttributeMeta>(spec, nullptr), spec.keyword});
     for (std::size_t index = 0; index < entries.size(); ++index) {
         const AttributeMeta* meta = entries[index].meta.get();
         entries[index].firstMember = static_cast<int>(entries.size());
         entries[index].memberCount = static_cast<int>(meta->spec().members.size());
         for (const AttributeSpec& member : meta->spec().members)
-            entries.push_back({std::make_unique<AttributeMeta>(member, meta)});
+            entries.push_back({std::make_unique<AttributeMeta>(member, meta), member.keyword});
     }
     for (Entry& entry : entries) {
         const auto [needed, alignment] = extentOf(entry.meta->kind());

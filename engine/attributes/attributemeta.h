@@ -63,6 +63,7 @@ private:
 struct AttributeTable {
     struct Entry {
         std::unique_ptr<AttributeMeta> meta;
+        QStringView keyword;
         int firstMember = 0; ///< Index of an entry.
         int memberCount = 0;
         std::size_t offset = 0;

@@ -67,7 +67,7 @@ AttributeSet::~AttributeSet() = default;
 AT_Attr* AttributeSet::find(const QString& keyword) const
 {
     for (int index = 0; index < d->table.topCount; ++index) {
-        if (QStringView(d->table.entries[index].meta->spec().keyword) == keyword)
+        if (d->table.entries[index].keyword == keyword)
             return d->attributes[index];
     }
     return nullptr;
