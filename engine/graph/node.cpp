@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstddef>
+#include <typeinfo>
 
 namespace engine {
 
@@ -19,6 +21,13 @@ std::uint64_t nextSerial()
     static std::atomic<std::uint64_t> last = 0;
     return ++last;
 }
+
+/// How far the engine's part of a node lies behind the host's part in the nodes of a class.
+struct Way {
+    const std::type_info* type;
+    std::ptrdiff_t distance;
+};
+[[gnu::tls_model("initial-exec")]] constinit thread_local Way lastWay = {nullptr, 0};
 
 } // namespace
 
@@ -180,7 +189,18 @@ const AttributeSet& Node::attributes() const
 
 Node* engineNode(MO_Node* node)
 {
-    return dynamic_cast<Node*>(node);
+    if (!node)
+        return nullptr;
+    // Within a class the way from the host's part of a node to the engine's is the same. Looking for it compares names
+    // of classes, so the last one is remembered.
+    const std::type_info* type = &typeid(*node);
+    if (type != lastWay.type) {
+        auto* own = dynamic_cast<Node*>(node);
+        if (!own)
+            return nullptr;
+        lastWay = {type, reinterpret_cast<char*>(own) - reinterpret_cast<char*>(node)};
+    }
+    return reinterpret_cast<Node*>(reinterpret_cast<char*>(node) + lastWay.distance);
 }
 
 std::uint64_t nextWalkMark()
