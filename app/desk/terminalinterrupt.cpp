@@ -12,6 +12,7 @@ namespace {
 // What the handler uses: a signal has no other way to an object.
 int channel[2] = {-1, -1};
 struct sigaction handlerOfInterpreter = {};
+volatile std::sig_atomic_t unanswered = 0;
 
 extern "C" void handleInterrupt(int signal)
 {
@@ -19,6 +20,12 @@ extern "C" void handleInterrupt(int signal)
         handlerOfInterpreter.sa_handler(signal);
         return;
     }
+    if (unanswered != 0) {
+        std::signal(signal, SIG_DFL);
+        std::raise(signal);
+        return;
+    }
+    unanswered = 1;
     [[maybe_unused]] const ssize_t written = write(channel[1], "", 1);
 }
 
@@ -33,7 +40,9 @@ TerminalInterrupt::TerminalInterrupt(std::function<void()> asked) : m_asked(std:
     m_notifier.emplace(channel[0], QSocketNotifier::Read);
     QObject::connect(&*m_notifier, &QSocketNotifier::activated, [this] {
         char signal = 0;
-        if (read(channel[0], &signal, 1) == 1)
+        const bool isAsked = read(channel[0], &signal, 1) == 1;
+        unanswered = 0;
+        if (isAsked)
             m_asked();
     });
     struct sigaction own = {};

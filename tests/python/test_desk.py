@@ -224,6 +224,31 @@ except KeyboardInterrupt:
     assert end_of(process) == (0, "", "")
 
 
+def test_a_second_interrupt_ends_a_desk_that_stands_still(start, project, tmp_path):
+    locked = tmp_path / "locked"
+    script = tmp_path / "script.py"
+    script.write_text(f"""
+import pathlib, threading
+
+def work():
+    app.thread_lock()
+    pathlib.Path({str(locked)!r}).touch()
+    threading.Event().wait()
+
+threading.Thread(target=work).start()
+""")
+    process = start(project, "--run", script)
+    wait_for(locked.exists)
+    time.sleep(0.2)
+    process.send_signal(signal.SIGINT)
+    time.sleep(0.5)
+    assert process.poll() is None
+    process.send_signal(signal.SIGINT)
+    assert end_of(process) == (-signal.SIGINT, "", "")
+    with brindle.open(project):
+        pass
+
+
 def wait_for(condition):
     end = time.monotonic() + 60
     while not condition():
