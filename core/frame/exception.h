@@ -16,6 +16,8 @@ public:
     explicit Exception(const QString& message) : m_message(message.toStdString()) {}
 
     const char* what() const noexcept override { return m_message.c_str(); }
+    /// The same, also behind a null character, which a name in the sentence may have.
+    const std::string& message() const noexcept { return m_message; }
 
 private:
     std::string m_message;

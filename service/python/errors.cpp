@@ -24,6 +24,14 @@ std::string argumentSentence(unsigned int index)
     }
 }
 
+/// Sets brindle.Error, whose text is the sentence letter for letter.
+void raiseSentence(const std::string& sentence)
+{
+    const Ref text(PyUnicode_DecodeUTF8(sentence.data(), static_cast<Py_ssize_t>(sentence.size()), nullptr));
+    if (text)
+        PyErr_SetObject(errorType, text.get());
+}
+
 } // namespace
 
 void throwTypeError(const char* format, ...)
@@ -65,7 +73,7 @@ void raiseCurrentException() noexcept
     } catch (const ScriptException& exception) {
         exception.raise();
     } catch (const OMC::Exception& exception) {
-        PyErr_SetString(errorType, exception.what());
+        raiseSentence(exception.message());
     } catch (const std::bad_alloc&) {
         PyErr_NoMemory();
     } catch (const std::exception& exception) {

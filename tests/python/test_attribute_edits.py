@@ -111,6 +111,8 @@ REFUSALS = {
     "column of nobody": (lambda r: setattr(skew(r), "column", "Nobody"), "Unable to find specified column by name."),
     "column_name of nobody": (lambda r: setattr(skew(r), "column_name", "Nobody"),
                               "Unable to find specified column by name (Nobody)"),
+    "a name with a null character": (lambda r: setattr(skew(r), "column_name", "No\0body \U0001f600"),
+                                     "Unable to find specified column by name (No\0body \U0001f600)"),
     "column of what takes none": (lambda r: setattr(r["attribute"], "column", r["column"]),
                                   "This attribute cannot be linked."),
     "column_name of what takes none": (lambda r: setattr(r["attribute"], "column_name", "ATV-0001"),
