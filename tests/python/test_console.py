@@ -133,6 +133,11 @@ def test_a_file_that_fails_says_why(console, tmp_path, content, last):
     assert console.text().splitlines()[-1:] == ([last] if last else [])
 
 
+def test_a_syntax_error_shows_its_place(console):
+    assert console.push_line("x = 1 +") == DONE
+    assert console.text() == ('  File "<console>", line 1\n    x = 1 +\n           ^\nSyntaxError: invalid syntax\n')
+
+
 def test_a_file_that_is_not_there_is_one_sentence(console, tmp_path):
     assert console.run_file(str(tmp_path / "no.py"), []) == DONE
     assert console.run_file(str(tmp_path), []) == DONE

@@ -139,7 +139,7 @@ class Console(code.InteractiveConsole):
         """Says what is wrong with a source in the words of the compiler that takes it as a whole, where that refuses it
         too; the one that takes it line by line calls much "incomplete"."""
         try:
-            compile(source, filename, symbol, dont_inherit=True)
+            compile(source + "\n", filename, symbol, dont_inherit=True)
         except (SyntaxError, ValueError, OverflowError):
             self.showsyntaxerror(filename)
         else:
