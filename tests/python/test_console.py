@@ -160,8 +160,13 @@ class Things:
 
 
 class Odd:
+    def __init__(self, result):
+        self.result = result
+
     def __dir__(self):
-        return [1, 2]
+        if isinstance(self.result, BaseException):
+            raise self.result
+        return self.result
 
 
 @pytest.mark.parametrize("line, word, candidates", [
@@ -169,7 +174,8 @@ class Odd:
     ("things._", "_", ["_hidden"]), ("things.items[0].bit_l", "bit_l", ["bit_length"]),
     ("things.items[-1].isup", "isup", ["isupper"]), ('things.table["a.b"].bit_l', "bit_l", ["bit_length"]),
     ('things.table["it\'s"].bit_l', "bit_l", ["bit_length"]), ("thing", "thing", ["things"]),
-    ("whi", "whi", ["while"]), ("isinsta", "isinsta", ["isinstance"]), ("things.bad.", "", []), ("odd.", "", []), ("things.no.", "", []),
+    ("whi", "whi", ["while"]), ("isinsta", "isinsta", ["isinstance"]), ("things.bad.", "", []), ("odd.", "", []),
+    ("ending.", "", []), ("interrupted.", "", []), ("named.", "", ["ok"]), ("things.no.", "", []),
     ("things.items[9].", "", []), ("called().", "", []), ("things.items[called()].", "", []), ("1.", "", []),
     ("'text'.", "", []), (").", "", []), ("", "", None), ("\U0001f600 = things.al", "al", ["alpha", "alpine"]),
 ])
@@ -177,7 +183,8 @@ def test_completion_tells_what_a_word_may_become(console, line, word, candidates
     def called():
         raise AssertionError("completion made a call")
 
-    console.locals.update(things=Things(), odd=Odd(), called=called)
+    console.locals.update(things=Things(), odd=Odd([1, 2]), ending=Odd(SystemExit(3)), interrupted=Odd(KeyboardInterrupt()),
+                          named=Odd(["a b", "", "ok", "\ud800"]), called=called)
     start, found = console.completions(line)
     assert start == len(line.encode("utf-16-le")) // 2 - len(word)
     if candidates is None:

@@ -94,7 +94,7 @@ class Console(code.InteractiveConsole):
         word = re.search(r"\w*$", line).group()
         before = line[:len(line) - len(word)]
         names = self._names_after(before)
-        found = {name for name in names if isinstance(name, str) and name.startswith(word)
+        found = {name for name in names if isinstance(name, str) and name.isidentifier() and name.startswith(word)
                  and (not name.startswith("_") or word.startswith("_"))}
         return len(before.encode("utf-16-le", "surrogatepass")) // 2, sorted(found)
 
@@ -201,5 +201,6 @@ class Console(code.InteractiveConsole):
             if not all(isinstance(node, _LOOKED_UP) for node in ast.walk(tree)):
                 return []
             return dir(eval(compile(tree, self.filename, "eval"), self.locals))
-        except Exception:
+        except BaseException:
+            # Whatever an object of the script raises here, nobody asked for it.
             return []
