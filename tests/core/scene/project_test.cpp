@@ -85,6 +85,9 @@ TEST_F(ProjectWrapperTest, TheHistoryAndTheResolutionAskNoThread)
     EXPECT_EQ(failuresOnOtherThread({[&] { wrapper.getHistory(); }, [&] { wrapper.getResolution(); },
                                      [&] { wrapper.getDirty(); }, [&] { wrapper.getDirtyPreviously(); }}),
               (std::vector<std::string>{"no exception", "no exception", lockedOut, lockedOut}));
+    const OMC::Project gone(nullptr);
+    EXPECT_EQ(failuresOnOtherThread({[&] { gone.getDirty(); }, [&] { gone.getDirtyPreviously(); }}),
+              std::vector<std::string>(2, invalid));
 }
 
 TEST_F(ProjectWrapperTest, ACopyIsOfTheSameProject)

@@ -194,6 +194,11 @@ TEST_F(ProjectResolutionTest, TheThreadIsAskedForButForANamesName)
                                [&] { named.getFOV(); }, [&] { named.getFramerate(); }, [&] { named.getProjection(); }}),
         std::vector<std::string>(8, lockedOut));
     EXPECT_EQ(failuresOnOtherThread({[&] { named.getName(); }}), std::vector<std::string>{"no exception"});
+    // One asks for the project first, the other for the thread.
+    ProjectResolution gone(nullptr);
+    const ProjectNamedResolution nameOnly(nullptr, QStringLiteral("PAL"));
+    EXPECT_EQ(failuresOnOtherThread({[&] { gone.getX(); }, [&] { nameOnly.getX(); }}),
+              (std::vector<std::string>{invalid, lockedOut}));
 }
 
 TEST_F(ProjectResolutionTest, ANamedResolutionOfAClosedProjectKeepsItsName)

@@ -4,6 +4,7 @@
 #include "core/scene/scene.h"
 #include "tests/core/support/failure.h"
 #include "tests/core/support/openproject.h"
+#include "tests/core/support/otherthread.h"
 #include "tests/core/support/standins.h"
 
 #include <gtest/gtest.h>
@@ -124,6 +125,28 @@ TEST_F(SceneListTest, OnceTheProjectIsClosedEveryOperationSaysSo)
     };
     for (const auto& [name, call] : calls)
         EXPECT_EQ(failureOf(call), invalid) << name;
+}
+
+TEST_F(SceneListTest, TheThreadIsAskedForBehindTheProject)
+{
+    const OMC::Obj handle = scenes.__iter__();
+    auto& loop = *OMC::objectIn<SceneList>(handle);
+    const SceneList gone(nullptr);
+    const auto calls = [](const SceneList& list) {
+        return std::vector<std::function<void()>>{[&] { list.size(); },
+                                                  [&] { list.get(0); },
+                                                  [&] { list.list(); },
+                                                  [&] { list(QStringLiteral("Scene-1")); },
+                                                  [&] { list.contains(OMC::Obj()); },
+                                                  [&] { list.__iter__(); },
+                                                  [&] { list.__iterItem__(); },
+                                                  [&] { list.__str__(); }};
+    };
+    const std::string lockedOut = "Unable to access Object Model from another thread -- application must be locked.";
+    EXPECT_EQ(failuresOnOtherThread(calls(loop)), std::vector<std::string>(8, lockedOut));
+    EXPECT_EQ(failuresOnOtherThread(calls(gone)), std::vector<std::string>(8, invalid));
+    EXPECT_EQ(failuresOnOtherThread({[&] { scenes.set(0, OMC::Obj()); }, [&] { ++loop; }, [&] { loop.__atend__(); }}),
+              (std::vector<std::string>{"Unable to set the scene list.", "no exception", "no exception"}));
 }
 
 TEST_F(SceneListTest, ScenesThatAreAddedAreListedFoundAndUndone)
