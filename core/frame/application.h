@@ -33,14 +33,18 @@ public:
     void error(const QString& message);
     void debug(const QString& message);
 
-    /// Runs the events that are pending, without taking the application lock.
+    /// Runs the events that are pending, without taking the application lock. On any thread.
     void processOneEvent();
 
-    /// Calls a function of the script, on a script thread under the application lock.
+    /// Calls a function of the script, on a script thread under the application lock. Throws for what is no function,
+    /// and what the function raises, which leaves the lock taken.
     void runFunction(const QVariant& function);
-    /// Calls a function of the script on the main thread; with `wait`, returns when that is done, or throws after 30 s.
+    /// Calls a function of the script on the main thread; with `wait`, returns when that is done and throws what it
+    /// raised, or throws after 30 s. Throws for what is no function, and in a plain interpreter.
     void runOnMain(const QVariant& function, bool wait);
 
+    /// Both throw on a script thread when no project is open; the lock then stays as it is. They do nothing on the main
+    /// thread and in a plain interpreter.
     void threadLock();
     void threadUnlock();
 

@@ -41,9 +41,9 @@ public:
     virtual bool __bool__() const;
     virtual std::string __str__() const;
 
-    /// Reads a property. An unknown name (`found` false, invalid result) is left to the caller's own look-up.
+    /// Reads a property; throws where that fails. An unknown name (`found` false, invalid) is left to the caller.
     virtual QVariant getAttr(const std::string& name, bool& found);
-    /// Writes a property, converting the value. An unknown name is no error (`found` false).
+    /// Writes a property, converting the value; throws where that fails. An unknown name is no error (`found` false).
     virtual void setAttr(const std::string& name, const QVariant& value, bool& found);
 
 private:

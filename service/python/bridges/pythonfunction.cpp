@@ -54,8 +54,9 @@ std::vector<ClassTable> pythonFunctionTables()
         Class<PythonFunction>("PythonFunction", "A function of the script, as native code holds it, or none.")
             .constructor<&functionOf, "function=None">()
             .collected<&visitFunction, &dropFunction>()
-            .method<"call", Form<&callWith, "arguments=None">>(
-                "Calls it with a list of arguments, or with none, and gives its result.")
+            .method<"call", Form<&callWith, "arguments=None">>("Calls it with a list of arguments, or with none, and "
+                                                               "gives its result. What it raises comes back as it "
+                                                               "is.")
             .method<"set", Form<&setFunction, "function">>("Holds another function, or none for None.")
             .method<"get", Form<&functionIn>>("The function as it was given, or None."),
     };

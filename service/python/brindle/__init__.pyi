@@ -104,7 +104,7 @@ class PythonFunction(BaseObject):
     """A function of the script, as native code holds it, or none."""
     def __init__(self, function: Any = None) -> None: ...
     def call(self, arguments: Any = None) -> Any:
-        """Calls it with a list of arguments, or with none, and gives its result."""
+        """Calls it with a list of arguments, or with none, and gives its result. What it raises comes back as it is."""
         ...
     def set(self, function: Any) -> None:
         """Holds another function, or none for None."""
@@ -160,19 +160,19 @@ As a context manager it closes the project at the end and saves nothing by itsel
         """Runs the events that are pending."""
         ...
     def run_function(self, function: Any) -> None:
-        """Calls a function without arguments, from a thread of the script with the application lock held meanwhile."""
+        """Calls a function without arguments, from a thread of the script with the application lock held meanwhile. What the function raises comes back, and leaves the lock taken; its result is dropped."""
         ...
     def run_on_main(self, function: Any, wait: bool = True) -> None:
-        """Calls a function without arguments on the main thread, at once from there, else when it comes to events; waits until that is done (30 s at most) and raises what it raised, or goes on at once. Of functions that threads post before the main thread comes to the first of them, only that one is called; and a lock that is really held keeps the main thread from coming to any."""
+        """Calls a function without arguments on the main thread, at once from there, else when it comes to events; waits until that is done (30 s at most) and raises what it raised, or goes on at once. Of functions that threads post before the main thread comes to the first of them, only that one is called; and a lock that is really held keeps the main thread from coming to any. Fails in a plain interpreter."""
         ...
     def thread_lock(self) -> None:
-        """Takes the application lock, which lets the threads of the script work on the project; taken twice, it is to be given back twice. Nothing on the main thread and in a plain interpreter."""
+        """Takes the application lock, which lets the threads of the script work on the project; taken twice, it is to be given back twice. Fails where no project is open. Nothing on the main thread and in a plain interpreter."""
         ...
     def thread_unlock(self) -> None:
-        """Gives the application lock back."""
+        """Gives the application lock back. Fails, and keeps it, where no project is open any more. Nothing on the main thread and in a plain interpreter."""
         ...
     def locked(self) -> Any:
-        """For `with app.locked():`, a block with the application lock held, in which one thread of the script is at a time. Nothing on the main thread of an application."""
+        """For `with app.locked():`, a block with the application lock held, in which one thread of the script is at a time; the lock is given back however the block ends. Nothing on the main thread of an application."""
         ...
     def __enter__(self) -> Any:
         """The application itself."""
@@ -185,10 +185,10 @@ As a context manager it closes the project at the end and saves nothing by itsel
 class Locked(BaseObject):
     """A block with the application lock held: `with app.locked():`."""
     def __enter__(self) -> None:
-        """Waits for the lock, and for other threads' blocks to end."""
+        """Waits for the lock, and for other threads' blocks to end. Fails where no project is open."""
         ...
     def __exit__(self, type: object, value: object, traceback: object) -> bool:
-        """Gives the lock back."""
+        """Gives the lock back. Fails on a thread that is in no such block."""
         ...
 
 
