@@ -5,10 +5,14 @@
 #include <QFile>
 
 #include <clocale>
+#include <cstdlib>
+#include <optional>
+#include <utility>
 
 namespace {
 
-/// Qt ends the process with a crash report where it finds no display.
+constexpr char noDisplay[] = "There is no display to open a window on";
+
 bool hasDisplay()
 {
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
@@ -17,6 +21,30 @@ bool hasDisplay()
     }
     return false;
 }
+
+/// Qt aborts the process where it can't reach a display. What it says about that is kept for our own sentence.
+class Start {
+public:
+    Start() { qInstallMessageHandler(&note); }
+    Start(const Start&) = delete;
+    Start& operator=(const Start&) = delete;
+    ~Start()
+    {
+        qInstallMessageHandler(nullptr);
+        for (const QString& text : std::exchange(s_noted, {}))
+            qWarning("%s", qUtf8Printable(text));
+    }
+
+private:
+    static void note(QtMsgType type, const QMessageLogContext&, const QString& text)
+    {
+        if (type == QtFatalMsg)
+            std::_Exit(app::fail(QString("%1: %2.").arg(noDisplay, s_noted.value(0, text)), app::failed));
+        s_noted.append(text);
+    }
+
+    static inline QStringList s_noted;
+};
 
 } // namespace
 
@@ -30,11 +58,13 @@ int main(int count, char** arguments)
     if (!options.error.isEmpty())
         return app::fail(options.error, app::misused);
     if (!hasDisplay())
-        return app::fail("There is no display to open a window on.", app::failed);
+        return app::fail(QString(noDisplay) + u'.', app::failed);
 
     // The arguments are all our own.
     int own = 1;
+    std::optional<Start> start(std::in_place);
     const QApplication application(own, arguments);
+    start.reset();
     QApplication::setApplicationName("brindle");
     QApplication::setApplicationDisplayName("Brindle");
     // Qt takes on the person's locale for all; numbers in texts and scripts keep their ".".

@@ -98,6 +98,13 @@ def test_without_a_display_it_says_so(start, environment, project):
     assert end_of(process) == (1, "", "brindle: There is no display to open a window on.\n")
 
 
+def test_a_display_that_cannot_be_reached_is_one_line(start, environment, project):
+    process = start(project, env={**environment, "QT_QPA_PLATFORM": "nothing"})
+    code, out, error = end_of(process)
+    assert (code, out, error.count("\n")) == (1, "", 1)
+    assert error.startswith("brindle: There is no display to open a window on: ")
+
+
 @pytest.mark.parametrize("end, code", [
     ("raise SystemExit", 0), ("import sys; sys.exit(7)", 7), ("exit(True)", 1), ("quit()", 0),
 ])
