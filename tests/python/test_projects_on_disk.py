@@ -176,6 +176,43 @@ def test_a_folder_in_place_of_a_file_is_refused(other, saved_folder, file):
     assert open_error(saved_folder) == f'"{saved_folder / file}" is not a file.'
 
 
+@pytest.mark.parametrize("name, shown", [
+    ("a\0b", r"a\u0000b"), ("a\nb", r"a\nb"), ("\x1b[31m", r"\u001b[31m"),
+    ("x" * 10_000, "x" * 2500 + " ... " + "x" * (2500 - len(" is an unknown field"))),
+], ids=["null character", "line break", "escape sequence", "long"])
+def test_a_field_of_any_name_is_told_whole_and_on_one_line(other, saved_folder, name, shown):
+    path = saved_folder / "project.json"
+    path.write_text(json.dumps({**json.loads(path.read_text()), name: 1}))
+    assert open_error(saved_folder) == f'"{path}" is damaged at line 1: {shown} is an unknown field.'
+
+
+@pytest.mark.parametrize("make", [os.mkfifo, os.mkdir, lambda path: path.symlink_to("elsewhere")])
+def test_what_stands_in_place_of_the_lock_keeps_nobody_waiting(other, saved_folder, make):
+    lock = saved_folder / support.LOCK
+    make(lock)
+    assert open_error(saved_folder) == f'"{lock}" is in the way: it is not a file; it can be opened read-only.'
+
+
+def test_a_working_directory_that_is_gone_is_the_start_of_no_path(folder):
+    script = """if True:
+        import os, brindle
+        os.makedirs("gone")
+        os.chdir("gone")
+        os.rmdir("../gone")
+        for call in (brindle.create, brindle.open):
+            try:
+                call("../walk")
+            except brindle.Error as error:
+                print(error)
+    """
+    folder.mkdir()
+    done = support.run_python(script, cwd=folder)
+    assert (done.stdout.splitlines(), done.stderr) == ([
+        f'Cannot {what} the project: "../walk" starts at the working directory, which is gone.'
+        for what in ("create", "open")], "")
+    assert os.listdir(folder) == []
+
+
 def test_a_scene_outside_of_the_folder_is_not_read(other, saved_folder):
     path = saved_folder / "project.json"
     for name in ("../other/scenes/Scene-1.json", "/etc/passwd", "scenes/../project.json", "scenes/", ""):
