@@ -3,6 +3,7 @@
 #include "service/python/errors.h"
 #include "service/python/values.h"
 
+#include <cstring>
 #include <limits>
 #include <optional>
 
@@ -128,6 +129,32 @@ PyObject* newAccessorOn(PyTypeObject* owner, const Property* property, bool sett
     return reinterpret_cast<PyObject*>(accessor);
 }
 
+const char* prefixOf(const Accessor* accessor)
+{
+    return accessor->setter ? "set_" : "get_";
+}
+
+PyObject* accessorName(PyObject* self, void*)
+{
+    const auto* accessor = reinterpret_cast<Accessor*>(self);
+    return PyUnicode_FromFormat("%s%s", prefixOf(accessor), accessor->property->meta.name());
+}
+
+PyObject* accessorQualifiedName(PyObject* self, void*)
+{
+    const auto* accessor = reinterpret_cast<Accessor*>(self);
+    const char* type = std::strrchr(accessor->owner->tp_name, '.') + 1; // "brindle.Scene"
+    return PyUnicode_FromFormat("%s.%s%s", type, prefixOf(accessor), accessor->property->meta.name());
+}
+
+/// As Python shows a method.
+PyObject* accessorRepresentation(PyObject* self)
+{
+    const auto* accessor = reinterpret_cast<Accessor*>(self);
+    return PyUnicode_FromFormat(accessor->self ? "<bound method %s%s of '%s' object>" : "<method '%s%s' of '%s' objects>",
+                                prefixOf(accessor), accessor->property->meta.name(), accessor->owner->tp_name);
+}
+
 PyObject* bindAccessor(PyObject* descriptor, PyObject* object, PyObject*)
 {
     auto* accessor = reinterpret_cast<Accessor*>(descriptor);
@@ -136,8 +163,8 @@ PyObject* bindAccessor(PyObject* descriptor, PyObject* object, PyObject*)
         return descriptor;
     }
     if (!PyObject_TypeCheck(object, accessor->owner)) {
-        PyErr_Format(PyExc_TypeError, "descriptor '%s_%s' for '%s' objects doesn't apply to a '%s' object",
-                     accessor->setter ? "set" : "get", accessor->property->meta.name(), accessor->owner->tp_name,
+        PyErr_Format(PyExc_TypeError, "descriptor '%s%s' for '%s' objects doesn't apply to a '%s' object",
+                     prefixOf(accessor), accessor->property->meta.name(), accessor->owner->tp_name,
                      Py_TYPE(object)->tp_name);
         return nullptr;
     }
@@ -150,11 +177,11 @@ PyObject* callAccessor(PyObject* callable, PyObject* arguments, PyObject* names)
         auto* accessor = reinterpret_cast<Accessor*>(callable);
         const char* name = accessor->property->meta.name();
         if (!accessor->self)
-            throwTypeError("%s_%s() needs an object", accessor->setter ? "set" : "get", name);
+            throwTypeError("%s%s() needs an object", prefixOf(accessor), name);
         const Py_ssize_t count = PyTuple_GET_SIZE(arguments) + (names ? PyDict_GET_SIZE(names) : 0);
         if (count != (accessor->setter ? 1 : 0) || PyTuple_GET_SIZE(arguments) != count)
-            throwTypeError("%s_%s() takes %d argument(s), not %zd", accessor->setter ? "set" : "get", name,
-                           int(accessor->setter), count);
+            throwTypeError("%s%s() takes %d argument(s), not %zd", prefixOf(accessor), name, int(accessor->setter),
+                           count);
         if (!accessor->setter)
             return accessor->property->read(objectOf(accessor->self), *accessor->property);
         write(accessor->self, *accessor->property, PyTuple_GET_ITEM(arguments, 0));
@@ -230,10 +257,14 @@ PyObject* newAccessor(PyTypeObject* owner, const Property& property, bool setter
 
 bool addAccessorType()
 {
-    static PyGetSetDef attributes[] = {{"__doc__", &accessorText, nullptr, nullptr, nullptr}, {}};
+    static PyGetSetDef attributes[] = {{"__doc__", &accessorText, nullptr, nullptr, nullptr},
+                                       {"__name__", &accessorName, nullptr, nullptr, nullptr},
+                                       {"__qualname__", &accessorQualifiedName, nullptr, nullptr, nullptr},
+                                       {}};
     static PyType_Slot typeSlots[] = {{Py_tp_dealloc, reinterpret_cast<void*>(&deallocateAccessor)},
                                       {Py_tp_descr_get, reinterpret_cast<void*>(&bindAccessor)},
                                       {Py_tp_call, reinterpret_cast<void*>(&callAccessor)},
+                                      {Py_tp_repr, reinterpret_cast<void*>(&accessorRepresentation)},
                                       {Py_tp_traverse, reinterpret_cast<void*>(&visitAccessor)},
                                       {Py_tp_clear, reinterpret_cast<void*>(&clearAccessor)},
                                       {Py_tp_getset, attributes},

@@ -193,6 +193,16 @@ def test_a_getter_stands_behind_each_property(samples):
             assert repr(getattr(sample, f"get_{name}")()) == repr(value)
 
 
+def test_an_accessor_tells_its_name_as_a_method_does(scene):
+    cls = brindle.Scene
+    assert (scene.get_frame_count.__name__, cls.set_frame_count.__name__) == ("get_frame_count", "set_frame_count")
+    assert scene.set_frame_count.__qualname__ == cls.set_frame_count.__qualname__ == "Scene.set_frame_count"
+    assert cls.get_objectName.__qualname__ == "BaseObject.get_objectName"
+    assert scene.get_frame_count.__doc__ == "Gives the property frame_count."
+    assert repr(cls.get_frame_count) == "<method 'get_frame_count' of 'brindle.Scene' objects>"
+    assert repr(scene.set_frame_count) == "<bound method set_frame_count of 'brindle.Scene' object>"
+
+
 def test_a_setter_stands_behind_each_property_that_can_be_written(samples):
     for sample in samples.values():
         for cls in type(sample).__mro__:
