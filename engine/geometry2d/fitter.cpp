@@ -89,6 +89,12 @@ private:
         EndTangents tangents;
     };
 
+    struct FittedPiece {
+        Piece piece;
+        PieceFit fit;
+        bool line; ///< A straight one, and no curve.
+    };
+
     /// The first point again, behind the last.
     void unroll()
     {
@@ -133,30 +139,52 @@ private:
         divide(section, finder);
     }
 
-    /// Fits a piece, or its two parts where it can't be fitted, from left to right.
+    /// Fits a piece, or its two parts where it can't be fitted, from left to right; parts of different pieces that can
+    /// be fitted as one become one.
     void divide(const Piece& section, const CornerFinder& finder)
     {
         std::vector<Piece> open{section};
+        std::vector<FittedPiece> done;
         while (!open.empty()) {
             const Piece piece = open.back();
             open.pop_back();
-            if (m_options.linearInterpolation == Options::LinesWithinTolerance && isLine(piece, m_tolerance)) {
-                appendLine(piece.to);
-                continue;
-            }
-            const PieceFit fit = improvedFit(pointsOf(piece), piece.tangents, m_tolerance, m_options);
             const std::size_t length = piece.to - piece.from;
-            if (fit.worstSquared <= m_tolerance * m_tolerance || length < 2) {
-                appendCurve(fit.curve, piece.to);
+            FittedPiece fitted = fit(piece);
+            if (!isWithinTolerance(fitted) && length >= 2) {
+                // Not nearer to an end than an eighth, so that the number of divisions stays small for any points.
+                const std::size_t margin = std::max<std::size_t>(1, length / 8);
+                const std::size_t middle = piece.from + std::clamp(fitted.fit.worst, margin, length - margin);
+                const Math::Vector2d through =
+                    finder.throughDirection(middle, middle - section.from, section.to - middle);
+                open.push_back({middle, piece.to, {through, piece.tangents.end}});
+                open.push_back({piece.from, middle, {piece.tangents.start, -through}});
                 continue;
             }
-            // Not nearer to an end than an eighth, so that the number of divisions stays small for any points.
-            const std::size_t margin = std::max<std::size_t>(1, length / 8);
-            const std::size_t middle = piece.from + std::clamp(fit.worst, margin, length - margin);
-            const Math::Vector2d through = finder.throughDirection(middle, middle - section.from, section.to - middle);
-            open.push_back({middle, piece.to, {through, piece.tangents.end}});
-            open.push_back({piece.from, middle, {piece.tangents.start, -through}});
+            while (!done.empty()) {
+                const Piece& before = done.back().piece;
+                FittedPiece both =
+                    fit({before.from, fitted.piece.to, {before.tangents.start, fitted.piece.tangents.end}});
+                if (!isWithinTolerance(both))
+                    break;
+                fitted = both;
+                done.pop_back();
+            }
+            done.push_back(fitted);
         }
+        for (const FittedPiece& fitted : done)
+            fitted.line ? appendLine(fitted.piece.to) : appendCurve(fitted.fit.curve, fitted.piece.to);
+    }
+
+    FittedPiece fit(const Piece& piece) const
+    {
+        if (m_options.linearInterpolation == Options::LinesWithinTolerance && isLine(piece, m_tolerance))
+            return {piece, {}, true};
+        return {piece, improvedFit(pointsOf(piece), piece.tangents, m_tolerance, m_options), false};
+    }
+
+    bool isWithinTolerance(const FittedPiece& fitted) const
+    {
+        return fitted.line || fitted.fit.worstSquared <= m_tolerance * m_tolerance;
     }
 
     /// A piece through each two neighbours. Its tangents are those of the parabola through three neighbours, with their
