@@ -19,10 +19,17 @@ namespace {
 constexpr double fullByte = 255.0;
 constexpr double fullPercent = 100.0;
 
-/// The low 8 bits of a number without its fraction, which may be larger than any integer type; 0 for what has none.
+/// The low 8 bits of a finite number without its fraction, which may be larger than any integer type.
 int lowByte(double number)
 {
-    return std::isfinite(number) ? static_cast<int>(std::fmod(std::trunc(number), 256.0)) & 0xff : 0;
+    return static_cast<int>(std::fmod(std::trunc(number), 256.0)) & 0xff;
+}
+
+/// The byte that a channel's argument tells, by its place. Throws for one that isn't finite.
+int channelByte(float channel, unsigned int argument)
+{
+    requireFinite(channel, argument);
+    return lowByte(channel);
 }
 
 /// Refuses what is no number, by the argument's place. An infinite one is held in its range like any other.
@@ -47,7 +54,7 @@ struct Colour::Hsl {
 };
 
 Colour::Colour(float r, float g, float b, float a)
-    : m_rgba(std::make_unique<CM_Rgba>(lowByte(r), lowByte(g), lowByte(b), lowByte(a)))
+    : m_rgba(std::make_unique<CM_Rgba>(channelByte(r, 0), channelByte(g, 1), channelByte(b, 2), channelByte(a, 3)))
 {}
 
 Colour::Colour(const QVariant& value) : m_rgba(std::make_unique<CM_Rgba>(0, 0, 0, 0))
@@ -110,7 +117,7 @@ float Colour::getR() const
 
 void Colour::setR(float r)
 {
-    getRgba()->setRed(lowByte(r));
+    getRgba()->setRed(channelByte(r, 0));
 }
 
 float Colour::getG() const
@@ -120,7 +127,7 @@ float Colour::getG() const
 
 void Colour::setG(float g)
 {
-    getRgba()->setGreen(lowByte(g));
+    getRgba()->setGreen(channelByte(g, 0));
 }
 
 float Colour::getB() const
@@ -130,7 +137,7 @@ float Colour::getB() const
 
 void Colour::setB(float b)
 {
-    getRgba()->setBlue(lowByte(b));
+    getRgba()->setBlue(channelByte(b, 0));
 }
 
 float Colour::getA() const
@@ -140,7 +147,7 @@ float Colour::getA() const
 
 void Colour::setA(float a)
 {
-    getRgba()->setAlpha(lowByte(a));
+    getRgba()->setAlpha(channelByte(a, 0));
 }
 
 double Colour::getH() const

@@ -28,7 +28,8 @@ class BRINDLE_CORE_EXPORT Colour : public BaseObject {
     Q_PROPERTY(QString hex READ getHex WRITE setHex)
 
 public:
-    /// Fractions are cut off and the low 8 bits count: 300 is 44, -1 is 255. What is no number, or infinite, is 0.
+    /// Fractions are cut off and the low 8 bits count: 300 is 44, -1 is 255; in the setters too. Throw for a number
+    /// that isn't finite.
     explicit Colour(float r = 0.0F, float g = 0.0F, float b = 0.0F, float a = 255.0F);
     /// What `QVariantToRGBAInt` reads, over 0, 0, 0, 0.
     explicit Colour(const QVariant& value);
@@ -46,7 +47,7 @@ public:
     /// number opaque black: required. Throws for anything else.
     static void QVariantToRGBAInt(const QVariant& value, int& r, int& g, int& b, int& a);
     /// A new colour of a hue in degrees and of saturation, lightness and alpha from 0 to 100. Saturation and lightness
-    /// are held in their range. Throws for numbers that are none, and for an infinite hue or alpha.
+    /// are held in their range. Throws for numbers that are none, an infinite hue, and an alpha beyond all floats.
     static Obj fromHSL(double h, double s, double l, double a);
 
     float getR() const;

@@ -60,9 +60,11 @@ void keepAxes(std::array<double, 16>& cells)
 
 Math::Matrix4x4 movedTo(const Math::Vector3d& place)
 {
-    Math::Matrix4x4 matrix;
-    matrix.translate(place.x, place.y, place.z);
-    return matrix;
+    std::array<double, 16> cells = Math::Matrix4x4().cells();
+    cells[12] = place.x;
+    cells[13] = place.y;
+    cells[14] = place.z;
+    return Math::Matrix4x4(cells.data());
 }
 
 Math::Matrix4x4 readObject(const QObject* object)

@@ -29,9 +29,10 @@ Math::Point3d positionOf(const QObject* object)
     if (const auto* value = dynamic_cast<const ColumnValue*>(object))
         return Point3d::valueOf(value->getValue());
     if (const auto* node = dynamic_cast<const Node*>(object)) {
-        const Math::Point3d place = placeOf(Node_Coordinates(node->getNode()));
-        BaseObject::validateThreadLock();
-        return place;
+        MO_Node* place = node->getNode();
+        if (place) // One that is gone is refused by its coordinates.
+            BaseObject::validateThreadLock();
+        return placeOf(Node_Coordinates(place));
     }
     if (const auto* coordinates = dynamic_cast<const Node_Coordinates*>(object))
         return placeOf(*coordinates);

@@ -91,6 +91,14 @@ TEST(MatrixReaderTest, IsReadFromEveryForm)
     }
 }
 
+TEST(MatrixReaderTest, APointThatIsNotFiniteIsTheOriginAndSpoilsNoOtherCell)
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    const Matrix matrix(QVariant::fromValue(Point3d(infinity, -infinity, 3)));
+    EXPECT_EQ(cellsOf(matrix), (QList<double>{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, infinity, -infinity, 3, 1}));
+    EXPECT_FALSE(matrix.getHasNan());
+}
+
 TEST(MatrixReaderTest, AnyOtherObjectReadsAsTheIdentity)
 {
     CountedObject object;
