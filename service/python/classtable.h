@@ -44,11 +44,12 @@ struct Operators {
     const char* itemType = "Any";
 };
 
-/// What a value class is made of, as plain numbers and texts, for copy and pickle. A class with public members needs
-/// none: its members are its state.
+/// What a value class is made of, as plain numbers and texts, for copy and pickle, and what repr() gives of it. A class
+/// with public members needs none: its members are its state.
 struct ValueState {
     QVariantList (*read)(const OMC::BaseObject*) = nullptr;
     OMC::BaseObject* (*rebuild)(const QVariantList&) = nullptr;
+    std::string (*represent)(const OMC::BaseObject*, const std::string& type) = nullptr;
 };
 
 struct ClassTable {
@@ -142,14 +143,19 @@ public:
         return constructors<Construct<Factory, Names>>();
     }
 
-    /// Lets copy and pickle take the objects of a value class without public members: `State(const T&)` gives plain
+    /// Lets copy, pickle and repr take the objects of a value class without public members: `State(const T&)` gives plain
     /// numbers and texts as a QVariantList, of which `Rebuild(const QVariantList&)` makes an equal `T*`, throwing for a
-    /// list that is none of those.
-    template <auto State, auto Rebuild>
-    Class& pickled()
+    /// list that is none of those; `Represent(const T&, const std::string& type)` gives the text, with the type's full
+    /// name or the end of it.
+    template <auto State, auto Rebuild, auto Represent>
+    Class& value()
     {
-        m_table.state = {[](const OMC::BaseObject* object) -> QVariantList { return State(static_cast<const T&>(*object)); },
-                         [](const QVariantList& state) -> OMC::BaseObject* { return Rebuild(state); }};
+        m_table.state = {
+            [](const OMC::BaseObject* object) -> QVariantList { return State(static_cast<const T&>(*object)); },
+            [](const QVariantList& state) -> OMC::BaseObject* { return Rebuild(state); },
+            [](const OMC::BaseObject* object, const std::string& type) -> std::string {
+                return Represent(static_cast<const T&>(*object), type);
+            }};
         return *this;
     }
 
@@ -242,12 +248,6 @@ void Class<T>::deriveOperators()
             }
             self(o).set(From<int>::read(key, 0), variantFrom(value));
         };
-    } else if constexpr (requires(T& t, int i, const std::string& v) { t.set(i, v); }) {
-        operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
-            self(o).set(From<unsigned int>::read(key, 0), From<std::string>::read(value, 1));
-        };
-    }
-    if constexpr (requires(T& t, const QString& k) { t.contains(k); } && !requires(T& t, const QVariant& v) { t.contains(v); }) {
     } else if constexpr (requires(T& t, const QString& k, const OMC::Obj& v) { t.set(k, v); }) {
         operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
             if (!From<QString>::accepts(key))
@@ -256,6 +256,12 @@ void Class<T>::deriveOperators()
                 throwArgument(1, From<OMC::Obj>::type, value);
             self(o).set(From<QString>::read(key, 0), From<OMC::Obj>::read(value, 1));
         };
+    } else if constexpr (requires(T& t, int i, const std::string& v) { t.set(i, v); }) {
+        operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
+            self(o).set(From<unsigned int>::read(key, 0), From<std::string>::read(value, 1));
+        };
+    }
+    if constexpr (requires(T& t, const QString& k) { t.contains(k); } && !requires(T& t, const QVariant& v) { t.contains(v); }) {
         operators.contains = [](OMC::BaseObject* o, PyObject* value) { return bool(self(o).contains(stringFrom(value))); };
         operators.containsTextOnly = true;
     } else if constexpr (requires(T& t, const QVariant& v) { t.contains(v); }) {
@@ -282,7 +288,8 @@ void Class<T>::deriveOperators()
         using Other = std::decay_t<decltype(operandOf(&T::operator==))>;
         operators.equals = [](OMC::BaseObject* o, OMC::BaseObject* other) {
             if constexpr (std::is_same_v<Other, QVariant>) {
-                return self(o).operator==(QVariant::fromValue<QObject*>(other));
+                // What the class would read as an equal value isn't one: a == b is b == a, and fails for nothing.
+                return dynamic_cast<const T*>(other) && self(o).operator==(QVariant::fromValue<QObject*>(other));
             } else {
                 const Other* same = dynamic_cast<const Other*>(other);
                 return same && self(o).operator==(*same);

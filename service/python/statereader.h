@@ -10,7 +10,7 @@
 
 namespace brindle::python {
 
-/// Takes the values of a value class's state one by one, for copy and pickle (Class::pickled). A state that isn't of
+/// Takes the values of a value class's state one by one, for copy and pickle (Class::value). A state that isn't of
 /// the types that are asked for, or not of their number, is a bad argument.
 class StateReader {
 public:

@@ -2,7 +2,6 @@
 
 #include "service/python/types.h"
 
-#include <cstring>
 #include <memory>
 
 namespace brindle::python {
@@ -43,16 +42,10 @@ Ref stateOf(PyObject* self)
     return state;
 }
 
-/// A number as a script would write it: the shortest text that reads as the same number, without a ".0".
 std::string textOf(PyObject* number)
 {
-    if (PyFloat_Check(number)) {
-        const std::unique_ptr<char, decltype(&PyMem_Free)> text(
-            PyOS_double_to_string(PyFloat_AS_DOUBLE(number), 'r', 0, 0, nullptr), &PyMem_Free);
-        if (!text)
-            throw PythonError{};
-        return text.get();
-    }
+    if (PyFloat_Check(number))
+        return numberText(PyFloat_AS_DOUBLE(number));
     const Ref text = checked(PyObject_Repr(number));
     const char* characters = PyUnicode_AsUTF8(text.get());
     if (!characters)
@@ -95,12 +88,10 @@ bool isValueType(PyTypeObject* type)
 PyObject* valueRepresentation(PyObject* self)
 {
     return guarded([&]() -> PyObject* {
-        if (tableOf(Py_TYPE(self)).state.read)
-            return toPython(objectOf(self)->__str__());
-        const char* name = Py_TYPE(self)->tp_name;
-        if (const char* dot = std::strrchr(name, '.'))
-            name = dot + 1;
-        std::string text = name;
+        const std::string type = Py_TYPE(self)->tp_name;
+        if (const auto represent = tableOf(Py_TYPE(self)).state.represent)
+            return toPython(represent(objectOf(self), type));
+        std::string text = shortName(type);
         const char* before = "(";
         for (const Member* member : membersOf(Py_TYPE(self))) {
             text += before + textOf(checked(member->get(self, nullptr)).get());
@@ -108,6 +99,20 @@ PyObject* valueRepresentation(PyObject* self)
         }
         return toPython(text + ")");
     });
+}
+
+std::string numberText(double number)
+{
+    const std::unique_ptr<char, decltype(&PyMem_Free)> text(PyOS_double_to_string(number, 'r', 0, 0, nullptr),
+                                                            &PyMem_Free);
+    if (!text)
+        throw PythonError{};
+    return text.get();
+}
+
+std::string shortName(const std::string& type)
+{
+    return type.substr(type.rfind('.') + 1);
 }
 
 PyObject* rebuildValue(PyObject* cls, PyObject* state)

@@ -2,6 +2,8 @@
 
 #include "service/python/classtable.h"
 
+#include <string>
+
 /// What Python expects of a plain value beyond its operators: a text that tells it whole, and that copy.copy,
 /// copy.deepcopy and pickle take it. Value classes are those with public members and those whose table has a state.
 namespace brindle::python {
@@ -9,9 +11,15 @@ namespace brindle::python {
 /// Whether objects of a type of this module, or of a script's own class derived from one, are values.
 bool isValueType(PyTypeObject* type);
 
-/// tp_repr: of a class with public members "Point2d(1, 2.5)", each number to the last digit; of others what str()
-/// gives.
+/// tp_repr: of a class with public members "Point2d(1, 2.5)", each number to the last digit; of others what their table
+/// says.
 PyObject* valueRepresentation(PyObject* self);
+
+/// A number as a script would write it: the shortest text that reads as the same number, without a ".0".
+std::string numberText(double number);
+
+/// "Point2d" of "brindle.Point2d".
+std::string shortName(const std::string& type);
 
 /// `__reduce__`: how copy and pickle make an equal object, of a script's own class too, with what the script put on it.
 extern const PyMethodDef reduceMethod;

@@ -32,13 +32,15 @@ VALUES = {
     "whole size": (lambda: brindle.Rect2DI(1, 2), "Rect2DI(1, 2)"),
     "rectangle": (lambda: brindle.AllocatedRect2D(1, 2, 3, 4), "AllocatedRect2D(1, 2, 3, 4)"),
     "whole rectangle": (lambda: brindle.AllocatedRect2DI(1, 2, 3, 4), "AllocatedRect2DI(1, 2, 3, 4)"),
-    "colour": (lambda: brindle.Colour(1, 2, 3, 4), "Colour(1,2,3,4)"),
-    "transformation": (lambda: brindle.Transformation(), "Transformation()"),
+    "colour": (lambda: brindle.Colour(1, 2, 3, 4), "Colour(1, 2, 3, 4)"),
+    "transformation": (lambda: brindle.Transformation(), "<brindle.Transformation: not set, depth 0>"),
     "frame options": (lambda: brindle.FrameOptions(True, False), None),
-    "matrix": (lambda: brindle.Matrix(), None),
+    "matrix": (lambda: brindle.Matrix(2), "Matrix([2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 1])"),
     "function": (lambda: brindle.PythonFunction(lambda: None), None),
-    "bezier": (lambda: brindle.Bezier([[0, 0], [0, 10], [10, 10], [10, 0]]), "Bezier()[4]"),
-    "bezier path": (lambda: brindle.BezierPath.create_circle(0, 0, 10), "BezierPath()[13]"),
+    "bezier": (lambda: brindle.Bezier([[0, 0], [0, 10], [10, 10], [10, 0]]),
+               "<brindle.Bezier: (0, 0) [0, 10] [10, 10] (0, 0)>"),
+    "bezier path": (lambda: brindle.BezierPath.create_rectangle(),
+                    "<brindle.BezierPath: (0, 0) (1, 0) (1, 1) (0, 1) (0, 0)>"),
 }
 
 

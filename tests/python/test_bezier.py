@@ -149,6 +149,34 @@ def test_a_curve_is_copied_compared_and_pickled(make):
     assert (curve == HUMP, curve == None, curve == "x") == (False, False, False)  # noqa: E711
 
 
+def test_a_repr_shows_the_control_points():
+    curve = curve_of([[0, 0], [1 / 3, 10], [10, 1e9], [10, -0.5]])
+    assert repr(curve) == "<brindle.Bezier: (0, 0) [0.333333, 10] [10, 1e+09] (10, -0.5)>"
+    curve.degree = 0
+    assert repr(curve) == "<brindle.Bezier: (0, 0)>"
+    assert repr(curve_of([[math.nan, math.inf], [1, 2]])) == "<brindle.Bezier: (nan, inf) (1, 2)>"
+    assert repr(brindle.BezierPath()) == "<brindle.BezierPath: empty>"
+    path = path_of(HUMP)
+    path[3] = [[10, 0], [20, 0]]
+    assert repr(path) == "<brindle.BezierPath: (0, 0) [0, 10] [10, 10] (10, 0) (20, 0)>"
+    assert str(path) == "BezierPath()[5]"
+
+
+def test_the_repr_of_a_long_path_shows_both_ends():
+    path = polyline([[i, 0] for i in range(12)])
+    assert repr(path) == "<brindle.BezierPath: " + " ".join(f"({i}, 0)" for i in range(12)) + ">"
+    path = polyline([[i, 0] for i in range(1000)])
+    assert repr(path) == ("<brindle.BezierPath: (0, 0) (1, 0) (2, 0) (3, 0) (4, 0) (5, 0) (6, 0) (7, 0) ... "
+                          "(998, 0) (999, 0), 1000 points>")
+
+
+def test_a_curve_equals_no_object_of_another_kind():
+    for curve in (brindle.Bezier(), brindle.BezierPath()):
+        for other in (brindle.Point2d(), brindle.Rect2D(), brindle.Matrix(), brindle.Colour(), [], None, "x"):
+            assert curve != other and other != curve
+    assert brindle.Bezier() != brindle.BezierPath() and brindle.BezierPath() != brindle.Bezier()
+
+
 def test_a_pickle_keeps_all_of_a_curve():
     curve = curve_of(LOOP)
     curve.degree = 1

@@ -202,7 +202,7 @@ def test_a_value_class_is_made(app):
 
 
 @pytest.mark.parametrize("name", [name for name, (_, text) in support.VALUES.items() if text])
-def test_a_value_shows_itself_as_a_script_would_write_it(name):
+def test_a_value_shows_what_it_is_made_of(name):
     make, text = support.VALUES[name]
     assert repr(make()) == text
 

@@ -166,6 +166,9 @@ def test_axes_and_origin_are_written():
     matrix.origin = moved(7, 8, 9)
     assert cells(matrix) == [1, 2, 3, 0, 4, 5, 0, 0, 6, 6, 6, 0, 7, 8, 9, 1]
     assert (matrix.get_axis_x(), matrix.axis_z) == (Vector3d(1, 2, 3), Vector3d(6, 6, 6))
+    for name in "xyz":
+        getattr(matrix, f"set_{name}_axis")([4, 5, 6])
+        assert getattr(matrix, f"get_{name}_axis")() == getattr(matrix, f"axis_{name}") == Vector3d(4, 5, 6)
     matrix.identity = False
     assert not matrix.identity
     matrix.identity = True
@@ -272,6 +275,14 @@ def test_a_matrix_is_copied_and_stored_cell_by_cell(make):
     assert cells(matrix) != cells(again)
 
 
+def test_its_repr_has_the_cells_that_make_it():
+    assert repr(Matrix()) == "Matrix()"
+    assert repr(moved(1 / 3, -2)) == "Matrix([1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0.3333333333333333, -2, 0, 1])"
+    matrix = scaled(1e200, 1 / 7, -3)
+    matrix.axis_x = [1, 2, 3]
+    assert eval(repr(matrix), vars(brindle)) == matrix
+
+
 @pytest.mark.parametrize("state", [(), (1.0,) * 15, ("a",) * 16, (None,) * 16, (1.0,) * 17])
 def test_a_stored_matrix_that_was_tampered_with_is_refused(state):
     rebuild = Matrix().__reduce__()[0]
@@ -279,11 +290,12 @@ def test_a_stored_matrix_that_was_tampered_with_is_refused(state):
         rebuild(Matrix, state)
 
 
-def test_equality_reads_the_other_side_as_a_matrix():
+def test_matrices_are_equal_cell_by_cell_and_equal_nothing_else():
     assert Matrix() == Matrix()
     assert Matrix() != scaled(2)
-    assert moved(1, 2, 3) == Vector3d(1, 2, 3)
-    assert (Matrix() == None, Matrix() == 1) == (False, False)  # noqa: E711 - not an object of the module
+    assert Matrix(Vector3d(1, 2, 3)) == moved(1, 2, 3)
+    for other in (None, 1, [1, 2, 3], Vector3d(1, 2, 3), brindle.Transformation(), brindle.Colour()):
+        assert moved(1, 2, 3) != other and Matrix() != other and other != Matrix()
     with pytest.raises(TypeError):
         hash(Matrix())
 

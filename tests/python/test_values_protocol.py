@@ -98,6 +98,33 @@ def test_the_repr_of_an_own_class_has_its_name():
     assert repr(Named(1, 2)) == "Named(1, 2)"
     assert str(Named(1, 2)) == "Point2d(1, 2)"
 
+    class Own(brindle.Bezier):
+        pass
+
+    class Paint(brindle.Colour):
+        pass
+
+    class Move(brindle.Matrix):
+        pass
+
+    assert repr(Own()) == "<Own: (0, 0) [0, 0] [0, 0] (0, 0)>"
+    assert repr(Paint(1, 2, 3)) == "Paint(1, 2, 3, 255)"
+    assert repr(Move()) == "Move()"
+
+
+# A vector is a point, and equals one.
+ALIKE = [{"point 2d", "vector 2d"}, {"point 3d", "vector 3d"}]
+
+
+@pytest.mark.parametrize("name", support.VALUES)
+def test_no_value_equals_one_of_another_kind(name):
+    value = support.VALUES[name][0]()
+    for other_name, (make, _) in support.VALUES.items():
+        other = make()
+        assert (value == other) == (other == value) == (not value != other)
+        if other_name != name and {name, other_name} not in ALIKE:
+            assert value != other
+
 
 def test_values_are_compared_by_their_members(value):
     other = make(type(value).__name__)

@@ -424,6 +424,24 @@ class Matrix(BaseObject):
     def perspective(self) -> bool:
         """Whether it is a perspective projection."""
         ...
+    def get_x_axis(self) -> Any:
+        """The property axis_x."""
+        ...
+    def set_x_axis(self, axis: Any) -> None:
+        """Sets the property axis_x."""
+        ...
+    def get_y_axis(self) -> Any:
+        """The property axis_y."""
+        ...
+    def set_y_axis(self, axis: Any) -> None:
+        """Sets the property axis_y."""
+        ...
+    def get_z_axis(self) -> Any:
+        """The property axis_z."""
+        ...
+    def set_z_axis(self, axis: Any) -> None:
+        """Sets the property axis_z."""
+        ...
     def size(self) -> int:
         """16, as len() gives it."""
         ...
@@ -887,7 +905,7 @@ class BezierPath(ListQVar):
         ...
     @staticmethod
     def create_bezier_fit(points: Any, closed: bool = False, one_bezier: bool = False) -> Any:
-        """Curves that come within 1 of every point, open or closed, or one cubic curve that comes as near as it can."""
+        """Curves that come within 1 of every point, open or closed, or one cubic curve in the directions of the ends that comes as near as it can."""
         ...
     def bezier(self, index: int) -> Any:
         """One of the curves, from 0, as a Bezier."""

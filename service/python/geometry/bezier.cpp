@@ -47,6 +47,13 @@ OMC::Bezier* bezierOf(const QVariantList& state)
     return new OMC::Bezier(curve);
 }
 
+std::string textOf(const OMC::Bezier& bezier, const std::string& type)
+{
+    const unsigned int degree = bezier.getBezier().GetDegree();
+    return curveText(type, bezier.getBezier(), degree + 1,
+                     [degree](unsigned int index) { return index == 0 || index == degree; });
+}
+
 } // namespace
 
 std::vector<ClassTable> bezierTables()
@@ -60,7 +67,7 @@ std::vector<ClassTable> bezierTables()
                   "degree is not looked at.");
     addCurveMethods(table)
         .constructor<&newBezier, "points=None, degree=3">()
-        .pickled<&stateOf, &bezierOf>()
+        .value<&stateOf, &bezierOf, &textOf>()
         .property("degree", "0 to 3; a higher degree brings back the points that a lower one left out.")
         .property("from_boundary", "Whether the first point belongs to the curve: \"Closed\" or \"Open\".")
         .property("from_parameter", "Where on a longer curve this one begins; 0 unless it was cut.")

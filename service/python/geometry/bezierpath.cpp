@@ -40,6 +40,12 @@ OMC::BezierPath* bezierPathOf(const QVariantList& state)
     return new OMC::BezierPath(path);
 }
 
+std::string textOf(const OMC::BezierPath& bezierPath, const std::string& type)
+{
+    const GR_BezierPath2d& path = bezierPath.getBezier();
+    return curveText(type, path, path.GetNumPoints(), [&path](unsigned int index) { return path.IsOnCurve(index); });
+}
+
 } // namespace
 
 std::vector<ClassTable> bezierPathTables()
@@ -52,7 +58,7 @@ std::vector<ClassTable> bezierPathTables()
                       "points in a row the first ones as one curve of the degree that ends at (0, 0).");
     addCurveMethods(table)
         .constructor<&newBezierPath, "curves=None, degree=3">()
-        .pickled<&stateOf, &bezierPathOf>()
+        .value<&stateOf, &bezierPathOf, &textOf>()
         .property("closed",
                   "Whether the path leads back to its first point; writing True closes it, False does nothing.")
         .property("empty", "Whether there is no point; writing True clears the path, False does nothing.")
@@ -75,8 +81,8 @@ std::vector<ClassTable> bezierPathTables()
             "A rectangle between two opposite corners: from the first along x, then along y, and back.")
         .staticMethod<"create_bezier_fit",
                       StaticForm<&BezierPath::createBezierFit, "points, closed=False, one_bezier=False">>(
-            "Curves that come within 1 of every point, open or closed, or one cubic curve that comes as near as it "
-            "can.")
+            "Curves that come within 1 of every point, open or closed, or one cubic curve in the directions of the "
+            "ends that comes as near as it can.")
         .method<"bezier", Form<&BezierPath::bezier, "index">>("One of the curves, from 0, as a Bezier.")
         .method<"bezier_degree", Form<&BezierPath::bezierDegree, "index">>("The degree of one of the curves, from 0.")
         .method<"bezier_append", Form<&BezierPath::bezierAppend, "curves">>(

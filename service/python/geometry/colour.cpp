@@ -2,6 +2,7 @@
 
 #include "service/python/statereader.h"
 #include "service/python/tables.h"
+#include "service/python/valueprotocol.h"
 
 #include <array>
 
@@ -33,6 +34,14 @@ OMC::Colour* colourOf(const QVariantList& state)
     return new OMC::Colour(channels[0], channels[1], channels[2], channels[3]);
 }
 
+std::string textOf(const OMC::Colour& colour, const std::string& type)
+{
+    std::string text;
+    for (const QVariant& channel : channelsOf(colour))
+        text += (text.empty() ? "" : ", ") + channel.toString().toStdString();
+    return shortName(type) + "(" + text + ")";
+}
+
 } // namespace
 
 std::vector<ClassTable> colourTables()
@@ -43,7 +52,7 @@ std::vector<ClassTable> colourTables()
                       "A colour of four bytes. A value is another colour, a node, or a list of red, green, blue "
                       "and alpha; any text gives 0, 0, 0, 0 and a single number opaque black.")
             .constructors<Construct<&newOf<Colour, QVariant>, "value">, Construct<&newColour, "r=0, g=0, b=0, a=255">>()
-            .pickled<&channelsOf, &colourOf>()
+            .value<&channelsOf, &colourOf, &textOf>()
             .property("r", "Red, 0 to 255; beyond that the low 8 bits count.")
             .property("g", "Green, 0 to 255; beyond that the low 8 bits count.")
             .property("b", "Blue, 0 to 255; beyond that the low 8 bits count.")

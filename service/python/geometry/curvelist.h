@@ -1,8 +1,34 @@
 #pragma once
 
+#include "core/host/math_point.h"
 #include "service/python/classtable.h"
 
+#include <string>
+
 namespace brindle::python {
+
+/// What repr() gives of a curve: its control points, those off the curve in square brackets. Of a long one the first
+/// and the last ones, and how many there are.
+template <typename HostCurve, typename IsOnCurve>
+std::string curveText(const std::string& type, const HostCurve& curve, unsigned int count, const IsOnCurve& isOnCurve)
+{
+    constexpr unsigned int most = 12;
+    constexpr unsigned int atStart = 8;
+    constexpr unsigned int atEnd = 2;
+    QString text;
+    for (unsigned int index = 0; index < count; ++index) {
+        if (count > most && index == atStart) {
+            text += QStringLiteral(" ...");
+            index = count - atEnd;
+        }
+        const Math::Point2d& point = curve.GetPoint(index);
+        text +=
+            (isOnCurve(index) ? QStringLiteral(" (%1, %2)") : QStringLiteral(" [%1, %2]")).arg(point.x).arg(point.y);
+    }
+    if (count > most)
+        text += QStringLiteral(", %1 points").arg(count);
+    return "<" + type + ":" + (count > 0 ? text.toStdString() : " empty") + ">";
+}
 
 /// The methods that a curve and a path of curves share.
 template <typename Curve>

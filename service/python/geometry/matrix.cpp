@@ -2,6 +2,7 @@
 
 #include "service/python/statereader.h"
 #include "service/python/tables.h"
+#include "service/python/valueprotocol.h"
 
 namespace brindle::python {
 
@@ -22,6 +23,15 @@ OMC::Matrix* matrixOf(const QVariantList& state)
     return new OMC::Matrix(Math::Matrix4x4(cells.data()));
 }
 
+/// "Matrix()", or "Matrix([...])" with the sixteen cells to their last digit.
+std::string textOf(const OMC::Matrix& matrix, const std::string& type)
+{
+    std::string text;
+    for (const double cell : matrix.getMatrix().cells())
+        text += (text.empty() ? "" : ", ") + numberText(cell);
+    return shortName(type) + (matrix.getIdentity() ? "()" : "([" + text + "])");
+}
+
 } // namespace
 
 std::vector<ClassTable> matrixTables()
@@ -38,7 +48,7 @@ std::vector<ClassTable> matrixTables()
             "give the frame whose y axis points along the axis; None stands for (0, 1, 0) and (0, 0, 0).")
             .constructors<Construct<&newOf<Matrix>>, Construct<&newOf<Matrix, QVariant>, "value">,
                           Construct<&newOf<Matrix, QVariant, QVariant>, "axis, origin">>()
-            .pickled<&cellsOf, &matrixOf>()
+            .value<&cellsOf, &matrixOf, &textOf>()
             .property("has_nan", "Whether a cell is no number.")
             .property("has_infinity", "Whether a cell is infinite.")
             .property("axis_x", "Where (1, 0, 0) points, a Vector3d; takes what Point3d takes.")
@@ -55,6 +65,12 @@ std::vector<ClassTable> matrixTables()
             .property("constant_z", "Whether the plane z = 0 keeps one depth all over.")
             .property("transform_2d", "Whether it acts on x and y alone.")
             .property("perspective", "Whether it is a perspective projection.")
+            .method<"get_x_axis", Form<&Matrix::getXAxis>>("The property axis_x.")
+            .method<"set_x_axis", Form<&Matrix::setXAxis, "axis">>("Sets the property axis_x.")
+            .method<"get_y_axis", Form<&Matrix::getYAxis>>("The property axis_y.")
+            .method<"set_y_axis", Form<&Matrix::setYAxis, "axis">>("Sets the property axis_y.")
+            .method<"get_z_axis", Form<&Matrix::getZAxis>>("The property axis_z.")
+            .method<"set_z_axis", Form<&Matrix::setZAxis, "axis">>("Sets the property axis_z.")
             .method<"size", Form<&Matrix::size>>("16, as len() gives it.")
             .method<"get", Form<&Matrix::get, "index">>("A cell, 0 to 15.")
             .method<"set", Form<&Matrix::set, "index, value">>(

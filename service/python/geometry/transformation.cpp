@@ -46,6 +46,23 @@ OMC::Transformation* transformationOf(const QVariantList& state)
     return new OMC::Transformation(&transform);
 }
 
+/// "<brindle.Transformation: origin (1, 2, 3), depth 0>", or "not set" in place of the origin.
+std::string textOf(const OMC::Transformation& transformation, const std::string& type)
+{
+    const MO_PortTransform* transform = transformation.getPortTransform();
+    if (!transform)
+        return "<" + type + ", invalid>";
+    QString text = QStringLiteral("not set");
+    if (transform->isTransformationSet()) {
+        const Math::Point3d origin = transform->transformation().matrix(false).origin();
+        text = QStringLiteral("origin (%1, %2, %3)").arg(origin.x).arg(origin.y).arg(origin.z);
+    }
+    text += QStringLiteral(", depth %1").arg(transform->depth());
+    if (transform->transformation().hasDeformation())
+        text += QStringLiteral(", deformed");
+    return "<" + type + ": " + text.toStdString() + ">";
+}
+
 } // namespace
 
 std::vector<ClassTable> transformationTables()
@@ -58,7 +75,7 @@ std::vector<ClassTable> transformationTables()
             "and deformations. It is a value, changing it changes no port; made by a script it belongs "
             "to no port. Each step is added from the right: the one added last acts first.")
             .constructors<Construct<&newOf<Transformation>>>()
-            .pickled<&stateOf, &transformationOf>()
+            .value<&stateOf, &transformationOf, &textOf>()
             .property("depth", "Its place among what is drawn.")
             .property("valid", "Whether anything was set or added.")
             .property("matrix", "A new Matrix, without deformations; takes what Matrix(value) takes.")
