@@ -90,16 +90,16 @@ class Panel:
         x, y = self.at(point)
         self.lines.append(f'<circle cx="{number(x)}" cy="{number(y)}" r="{radius}" fill="white" stroke="{colour}"/>')
 
-    def text(self, point, text, dx=6, dy=-6, colour="#333333", anchor="start"):
+    def text(self, point, text, dx=6, dy=-6, colour="#333333", anchor="start", font='font-size="11"'):
         """Beside a point, the shift in pixels; white around it, so that it reads on lines."""
         x, y = self.at(point)
-        self.lines.append(f'<text x="{number(x + dx)}" y="{number(y + dy)}" fill="{colour}" font-size="11" '
-                          f'text-anchor="{anchor}" stroke="white" stroke-width="3" paint-order="stroke">{escape(text)}</text>')
+        self.lines.append(f'<text x="{number(x + dx)}" y="{number(y + dy)}" fill="{colour}" {font} text-anchor="{anchor}" '
+                          f'stroke="white" stroke-width="3" paint-order="stroke">{escape(text)}</text>')
 
-    def swatch(self, point, size, colour, opacity):
-        (x1, y1), (x2, y2) = self.at(point), self.at((point[0] + size, point[1] - size))
-        self.lines.append(f'<rect x="{number(x1)}" y="{number(y1)}" width="{number(x2 - x1)}" height="{number(y2 - y1)}" '
-                          f'fill="{colour}" fill-opacity="{number(opacity)}" stroke="#999999"/>')
+    def area(self, corner, opposite, colour, opacity=1, stroke="none"):
+        (x1, y1), (x2, y2) = self.at(corner), self.at(opposite)
+        self.lines.append(f'<rect x="{number(x1)}" y="{number(y2)}" width="{number(x2 - x1)}" height="{number(y1 - y2)}" '
+                          f'fill="{colour}" fill-opacity="{number(opacity)}" stroke="{stroke}"/>')
 
 
 def coordinates(point):
@@ -109,6 +109,14 @@ def coordinates(point):
 def path_of(curve):
     path = brindle.BezierPath()
     path.bezier_append(curve)
+    return path
+
+
+def path_through(points):
+    """Straight lines from point to point."""
+    path = brindle.BezierPath.create_rectangle()
+    path.erase(1, 4)
+    path[0] = points
     return path
 
 

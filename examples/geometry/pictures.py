@@ -1,10 +1,11 @@
 """The pictures of docs/geometry.md, each a function that gives the text of an SVG file."""
 
+import itertools
 import math
 
 import brindle
 
-from canvas import BLUE, GREEN, GREY, ORANGE, RED, Panel, path_of, picture
+from canvas import BLUE, CODE, GREEN, GREY, ORANGE, RED, Panel, path_of, path_through, picture
 
 HUMP = [[0, 0], [1, 6], [7, 8], [10, 1]]
 WAVE = [[0, 0], [4, 9], [6, -9], [10, 2]]
@@ -34,13 +35,12 @@ def points():
     turn = brindle.Matrix()
     turn.rotate_degrees(60)
     turned = Panel("Point2d([Point2d(4, 1), turn,\n         Vector2d(2, 0)])", (-1, -1, 7, 6),
-                   "a matrix moves what stands ahead of it")
+                   "a matrix acts on what stands\nahead of it")
     ahead = brindle.Point2d([brindle.Point2d(4, 1), turn])
     turned.arrow((0, 0), (4, 1), BLUE)
     turned.line((0, 0), ahead, BLUE, 1, "3 3")
-    arc = [brindle.Point2d([brindle.Point2d(4, 1), rotation(angle)]) for angle in range(0, 61, 10)]
-    for a, b in zip(arc, arc[1:]):
-        turned.line(a, b, ORANGE, 1.2, "3 3")
+    arc = [brindle.Point2d([brindle.Point2d(4, 1), rotation(angle)]) for angle in range(0, 61, 3)]
+    turned.path(path_through(arc), ORANGE, 1.2, dash="3 3")
     total = brindle.Point2d([brindle.Point2d(4, 1), turn, brindle.Vector2d(2, 0)])
     turned.arrow(ahead, total, GREEN)
     turned.dot(total, RED, 4)
@@ -54,9 +54,9 @@ def rotation(degrees):
     return matrix
 
 
-def frame(panel, rectangle, colour, dash=""):
+def frame(panel, rectangle, colour, width=2, dash=""):
     panel.path(brindle.BezierPath.create_rectangle(rectangle.x, rectangle.y, rectangle.x + rectangle.width,
-                                                   rectangle.y + rectangle.height), colour, 2, dash=dash)
+                                                   rectangle.y + rectangle.height), colour, width, dash=dash)
 
 
 def rectangle():
@@ -68,20 +68,20 @@ def rectangle():
     for place in places:
         about.dot(place, RED, 3.5)
     about.text((read.x, read.y), "x, y", dx=-4, dy=14)
-    about.text((4.5, read.y), "width", dy=-4, anchor="middle")
+    about.text((4.5, read.y), "width", dx=0, dy=-8, anchor="middle")
     about.text((read.x, 3), "height", dx=5, dy=4)
 
     grown = read.copy()
     grown.add([10, 7])
     added = Panel("r.add([10, 7])", box, "grows to hold a position\nor a rectangle")
-    frame(added, read, GREY, "4 3")
+    frame(added, read, GREY, 1.2, "4 3")
     frame(added, grown, BLUE)
     added.dot((10, 7), RED, 3.5)
 
     wider = read.copy()
     wider.expand(2, 1, 1, 0)
     expanded = Panel("r.expand(2, 1, 1, 0)", box, "left, bottom, right, top,\neach outwards")
-    frame(expanded, read, GREY, "4 3")
+    frame(expanded, read, GREY, 1.2, "4 3")
     frame(expanded, wider, BLUE)
     expanded.arrow((2, 3), (0, 3), RED)
     expanded.arrow((4.5, 1), (4.5, 0), RED)
@@ -94,9 +94,7 @@ FLAG = [[0, 0], [0, 3], [2, 2.25], [0, 1.5]]
 
 def flag(panel, matrix, colour, dash=""):
     """A flag on its pole, as a matrix moves it, with where the matrix puts the axes."""
-    shape = brindle.BezierPath.create_rectangle()
-    shape.erase(1, 4)
-    shape[0] = FLAG
+    shape = path_through(FLAG)
     shape.multiply(matrix)
     panel.path(shape, colour, 2, fill=colour + "33", dash=dash)
     panel.dot(shape[0], colour, 3)
@@ -153,18 +151,20 @@ COLOURS = ["[200, 60, 40]", "[200, 60, 40, 255]", "[40, 120, 60, 128]", "'red'",
 
 
 def colours():
-    """What the reader of colours makes of each form; the stripes show through where a colour isn't opaque."""
-    panel = Panel("Colour(value)", (0, 0, 12, len(COLOURS) + 0.5), "", 420)
+    """What the reader of colours makes of each form, before squares that show where it isn't opaque."""
+    panel = Panel("Colour(value)", (0, 0, 30, 2 * len(COLOURS) + 1), "", 520)
     panel.lines.clear()
     for row, text in enumerate(reversed(COLOURS)):
         colour = brindle.Colour(eval(text, {"Colour": brindle.Colour}))
-        top = row + 1.1
-        for stripe in range(4):
-            panel.line((0.3, top - 0.2 * stripe - 0.1), (2.3, top - 0.2 * stripe - 0.1), "#dddddd", 3)
-        for shift in (0.3, 1.3):
-            panel.swatch((shift, top), 0.8, f"#{int(colour.r):02x}{int(colour.g):02x}{int(colour.b):02x}", colour.a / 255)
-        panel.text((2.7, top - 0.55), text, dx=0, dy=0)
-        panel.text((8.4, top - 0.55), f"{int(colour.r)}, {int(colour.g)}, {int(colour.b)}, {int(colour.a)}", dx=0, dy=0)
+        bottom = 2 * row + 0.8
+        for column, line in itertools.product(range(8), range(3)):
+            if (column + line) % 2:
+                left, low = 1 + column / 2, bottom + line / 2
+                panel.area((left, low), (left + 0.5, low + 0.5), "#d4d4d4")
+        panel.area((1, bottom), (5, bottom + 1.5), f"#{int(colour.r):02x}{int(colour.g):02x}{int(colour.b):02x}",
+                   colour.a / 255, "#999999")
+        panel.text((6, bottom + 0.5), text, dx=0, dy=0, font=CODE)
+        panel.text((20.3, bottom + 0.5), str(colour), dx=0, dy=0, font=CODE)
     return picture(panel)
 
 
@@ -193,16 +193,16 @@ def curves():
 def create_circle():
     panels = []
     for arcs, caption in ((2, "two curves: 2 % off the circle"), (4, "four curves: 0.03 % off;\nclockwise from the top"),
-                          (8, "eight curves")):
+                          (8, "eight curves: 0.0004 % off")):
         circle = brindle.BezierPath.create_circle(0, 0, 4, arcs)
         panel = Panel(f"create_circle(0, 0, 4, {arcs})", (-6, -6, 6, 6), caption)
         panel.path(circle, BLUE)
         panel.controls(circle, GREY)
-        start, ahead = circle.evaluate(0), circle.evaluate(0.4 if arcs > 2 else 0.2)
-        panel.dot(start, RED, 4)
-        panel.text(start, "start", dx=6, dy=-7)
-        tangent = circle.truncate(0.4 * arcs / 8, arcs).from_tangent
-        panel.arrow((ahead.x, ahead.y), (ahead.x + tangent.x * 0.6, ahead.y + tangent.y * 0.6), RED)
+        panel.dot(circle.evaluate(0), RED, 4)
+        panel.text(circle.evaluate(0), "start", dx=0, dy=-9, anchor="middle")
+        ahead = circle.truncate(arcs / 16, arcs)
+        place, way = ahead.evaluate(0), ahead.from_tangent
+        panel.arrow(place, (place.x + way.x * 0.3, place.y + way.y * 0.3), RED)
         panels.append(panel)
     return picture(*panels)
 
@@ -211,7 +211,7 @@ def create_bezier_fit():
     box = (-6, -34, 106, 54)
     wave = [[i * 2, 25 * math.sin(i / 5) + (6 if i % 2 else 5) + i / 4] for i in range(51)]
     opened = Panel("create_bezier_fit(points)", box, "curves that stay within 1\nof every point")
-    one = Panel("create_bezier_fit(points,\n                  one_bezier=True)", box, "one cubic from end to end,\nas near as it gets")
+    one = Panel("create_bezier_fit(points,\n                  one_bezier=True)", box, "one cubic from end to end,\nin the directions of its ends")
     ring = [[50 + (30 + 8 * math.cos(3 * a)) * math.cos(a), 10 + (30 + 8 * math.cos(3 * a)) * math.sin(a)]
             for a in (i * math.tau / 40 for i in range(40))]
     closed = Panel("create_bezier_fit(points,\n                  closed=True)", box, "closed, and smooth where it closes")
@@ -250,30 +250,31 @@ def split():
         for index, point in enumerate(drawn):
             if drawn.point_on_curve(index):
                 path.dot(point, colour, 3)
-    path.text(rest[0], "2.5", dx=-8, dy=16)
-    path.text(longer[0], "0", dx=-3, dy=-8)
+    path.text(rest[0], "2.5", dx=-7, dy=14, anchor="end")
+    path.text(longer[0], "0", dx=0, dy=-8, anchor="middle")
     return picture(before, after, path)
 
 
 def closest_point():
     box = (-2, -5, 13, 8)
-    wave = curve_of(WAVE)
     near = Panel("t = curve.closest_point(point)\ncurve.evaluate(t)", box, "the nearest point of each,\nand its parameter", 300)
-    path = brindle.BezierPath.create_rectangle(1, -3, 11, 6)
+    wave = curve_of(WAVE)
+    near.curve(wave, BLUE)
     along = Panel("t = path.closest_point(point)", box, "on a path the parameter tells\nthe curve, and the place on it", 300)
-    for panel, curve, places in ((near, wave, [[0, 5], [3.5, -3], [5.4, 5.5], [11, -3.5], [12, 5]]),
-                                 (along, path, [[6, 0], [12.5, 3], [3, 7.5], [-1, -4]])):
-        if isinstance(curve, brindle.Bezier):
-            panel.curve(curve, BLUE)
-        else:
-            panel.path(curve, BLUE)
-        for place in places:
+    outline = brindle.BezierPath.create_rectangle(1, -3, 11, 6)
+    along.path(outline, BLUE)
+    # A point, and where beside its nearest point there is room for the parameter, in pixels.
+    for panel, curve, places in ((near, wave, {(0, 5): (-21, 5), (3.5, -3): (20, -2), (5.4, 5.5): (21, 3),
+                                               (11, -3.5): (21, 2), (12, 5): (20, 8)}),
+                                 (along, outline, {(6, 0): (0, 18), (12.5, 3): (-20, 4), (3, 7.5): (0, 20),
+                                                   (-1, -4): (18, -10)})):
+        for place, (dx, dy) in places.items():
             parameter = curve.closest_point(place)
             nearest = curve.evaluate(parameter)
             panel.line(place, nearest, ORANGE, 1.2, "4 3")
             panel.dot(place, RED, 3.5)
             panel.dot(nearest, BLUE, 3.5)
-            panel.text(nearest, f"{parameter:.2f}")
+            panel.text(nearest, f"{parameter:.2f}", dx, dy, anchor="middle")
     return picture(near, along)
 
 
