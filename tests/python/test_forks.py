@@ -30,6 +30,23 @@ def forked(work):
 
 """
 
+# A project that takes its time to be saved, and a thread that saves it again and again.
+SAVING = """
+app = brindle.create(folder)
+for _ in range(3000):
+    app.scene.nodes.create("PEG", "a")
+failures = []
+done = threading.Event()
+def save():
+    while not done.is_set():
+        try:
+            app.save()
+        except brindle.Error as error:
+            failures.append(str(error))
+thread = threading.Thread(target=save)
+thread.start()
+"""
+
 CUT_OFF = ("The project can't be used here: this process was forked off while another thread was saving or opening.")
 
 
@@ -74,20 +91,7 @@ print(forked(app.save)[0], len(app.scene.nodes))
 
 @MANY_THREADS
 def test_a_fork_in_the_middle_of_a_save_stands_still_in_no_process(forks):
-    lines = forks("""
-app = brindle.create(folder)
-for _ in range(3000):
-    app.scene.nodes.create("PEG", "a")
-failures = []
-done = threading.Event()
-def save():
-    while not done.is_set():
-        try:
-            app.save()
-        except brindle.Error as error:
-            failures.append(str(error))
-thread = threading.Thread(target=save)
-thread.start()
+    lines = forks(SAVING + """
 for _ in range(6):
     time.sleep(0.02)
     print(*forked(lambda: app.scene.name))
@@ -101,16 +105,7 @@ print(failures)
 
 @MANY_THREADS
 def test_a_function_that_native_code_called_may_fork_in_the_middle_of_a_save(forks):
-    lines = forks("""
-app = brindle.create(folder)
-for _ in range(3000):
-    app.scene.nodes.create("PEG", "a")
-done = threading.Event()
-def save():
-    while not done.is_set():
-        app.save()
-thread = threading.Thread(target=save)
-thread.start()
+    lines = forks(SAVING + """
 answers = []
 for _ in range(4):
     time.sleep(0.02)

@@ -243,14 +243,7 @@ TEST_F(PythonFunctionTest, AnyThreadMayCall)
 
 TEST_F(PythonFunctionTest, AHelperThatCantCallSaysSo)
 {
-    class Helper final : public OMC::PythonFunctionHelper {
-    public:
-        void addReference(_object*) const override {}
-        void dropReference(_object*) const override {}
-        _object* objectIn(const QVariant&) const override { return nullptr; }
-        bool isCallable(_object*) const override { return true; }
-    };
-    PythonFunction::helperFunc() = std::make_unique<Helper>();
+    PythonFunction::helperFunc() = std::make_unique<HelperWithoutCalls>();
     PythonFunction function;
     function.set(&object);
     EXPECT_EQ(failureOf([&] { function.call(); }), "Fail - this should be overridden by target wrappers.\n");

@@ -111,14 +111,7 @@ TEST_F(TranslationTest, FunctionsSpeakForThemselves)
 
 TEST_F(TranslationTest, AHelperThatCantCallSaysSoPlainly)
 {
-    class Helper final : public OMC::PythonFunctionHelper {
-    public:
-        void addReference(_object*) const override {}
-        void dropReference(_object*) const override {}
-        _object* objectIn(const QVariant&) const override { return nullptr; }
-        bool isCallable(_object*) const override { return true; }
-    };
-    OMC::PythonFunction::helperFunc() = std::make_unique<Helper>();
+    OMC::PythonFunction::helperFunc() = std::make_unique<HelperWithoutCalls>();
     _object object;
     OMC::PythonFunction function;
     function.set(&object);

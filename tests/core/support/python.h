@@ -27,6 +27,15 @@ public:
     int gilScopes = 0;       ///< Those that are open, on whatever thread.
 };
 
+/// A helper that leaves calls as they are for one that has none.
+class HelperWithoutCalls final : public OMC::PythonFunctionHelper {
+public:
+    void addReference(_object*) const override {}
+    void dropReference(_object*) const override {}
+    _object* objectIn(const QVariant&) const override { return nullptr; }
+    bool isCallable(_object*) const override { return true; }
+};
+
 class PythonEngine : public SCP_PythonEngine {};
 
 /// A function for StandInPython.
