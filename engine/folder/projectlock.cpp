@@ -9,6 +9,7 @@
 #include <QSysInfo>
 
 #include <cerrno>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -176,12 +177,12 @@ void ProjectLock::release()
 /// The file is let go first and then removed: who took it over in between would lose it again.
 void ProjectLock::removeFrom(const QString& folder)
 {
+    std::optional<FolderLock> alone;
     try {
-        const FolderLock alone(folder, FolderLock::Writing);
-        m_file.reset();
-    } catch (const FolderFailure&) {
-        keepForEver(std::move(m_file));
+        alone.emplace(folder, FolderLock::Writing, std::chrono::seconds(2));
+    } catch (const FolderFailure&) { // Who is in there for so long is past looking for the lock.
     }
+    m_file.reset();
 }
 
 bool ProjectLock::isHeld() const

@@ -28,7 +28,7 @@ public:
     ///
     /// To be called within a `FolderLock` for writing: two processes never look for a dead one's lock at once.
     void require(const QString& folder);
-    /// Waits for those who have a `FolderLock`: not to be called within one of the same folder.
+    /// Waits a little for those who have a `FolderLock`: not to be called within one of the same folder.
     void release();
 
     bool isHeld() const; ///< By this process.

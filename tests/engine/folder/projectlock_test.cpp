@@ -127,6 +127,15 @@ TEST_F(ProjectLockTest, WhileSomebodyLooksForTheLockItIsNotTakenAway)
     EXPECT_FALSE(QFile::exists(file()));
 }
 
+TEST_F(ProjectLockTest, AProgramThatKeepsTheFolderForLongKeepsNobodysLock)
+{
+    const engine::FolderLock kept(path(), engine::FolderLock::Reading);
+    ProjectLock lock;
+    lock.require(path());
+    lock.release();
+    EXPECT_FALSE(lock.isHeld() || QFile::exists(file()));
+}
+
 TEST_F(ProjectLockTest, ItGoesWithItsObject)
 {
     {
