@@ -188,7 +188,9 @@ void BaseObject::throwIfNotMainThread(const QString& what)
 
 void BaseObject::validateThreadLock()
 {
-    ThreadManager::instance()->throwIfNecessary();
+    // Nothing is asked of the main thread; every operation of every object comes here.
+    if (!ThreadManager::mainThread())
+        ThreadManager::instance()->throwIfNecessary();
 }
 
 qint64 BaseObject::liveObjects()

@@ -27,8 +27,12 @@ CO_MacroCommand::~CO_MacroCommand()
 
 void CO_MacroCommand::add(CO_Command* command)
 {
-    if (command)
-        m_commands.emplace_back(command);
+    if (!command)
+        return;
+    // Most composites are small, and room for a few costs no more than room for one.
+    if (m_commands.empty())
+        m_commands.reserve(3);
+    m_commands.emplace_back(command);
 }
 
 CO_Command::Status CO_MacroCommand::unexecute()

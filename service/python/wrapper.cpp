@@ -27,8 +27,8 @@ std::array<FoundType, 256> foundTypes;
 
 FoundType& foundTypeFor(const QMetaObject* metaObject)
 {
-    const auto address = reinterpret_cast<std::uintptr_t>(metaObject);
-    return foundTypes[(address / sizeof(QMetaObject)) % foundTypes.size()];
+    constexpr std::uintptr_t spacing = 64; // of the meta-objects in a library's data
+    return foundTypes[reinterpret_cast<std::uintptr_t>(metaObject) / spacing % foundTypes.size()];
 }
 
 /// An instance whose fields the caller fills. What follows them, in a class that a script derived, begins as zeros.
