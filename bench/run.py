@@ -34,15 +34,23 @@ def measure_python(build):
     return json.loads(done.stdout)
 
 
+def run_benchmarks(build, repetitions, *options):
+    done = subprocess.run(
+        [str(build / "bin" / "brindle_bench"), "--benchmark_format=json", "--benchmark_min_time=0.02",
+         f"--benchmark_repetitions={repetitions}", *options],
+        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True)
+    return json.loads(done.stdout)["benchmarks"]
+
+
 def measure_native(build, repetitions=5):
     """Seconds an operation, or an item where the benchmark has a size, as lists of repetitions; bytes, where it weighs."""
     progress("the C++ side")
-    done = subprocess.run(
-        [str(build / "bin" / "brindle_bench"), "--benchmark_format=json", "--benchmark_min_time=0.02",
-         f"--benchmark_repetitions={repetitions}"],
-        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True)
+    # The short ones in turn, repetition by repetition: the machine is in one state for an operation and its floor. Those
+    # with a size share projects that take long to make, and go one after the other.
+    entries = run_benchmarks(build, repetitions, "--benchmark_filter=-/", "--benchmark_enable_random_interleaving=true")
+    entries += run_benchmarks(build, repetitions, "--benchmark_filter=/")
     samples = collections.defaultdict(list)
-    for entry in json.loads(done.stdout)["benchmarks"]:
+    for entry in entries:
         name = entry["run_name"]
         if entry["run_type"] == "iteration":
             subject, _, size = name.partition("/")

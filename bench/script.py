@@ -85,18 +85,47 @@ def build(app, size, repetitions):
         history.end()
         with samples.timed(f"undo create/{size}", size):
             history.undo(1)
+        with samples.timed(f"floor create/{size}", size):
+            plain = objects.make_plain(size)
+        with samples.timed(f"floor undo create/{size}", size):
+            while plain:
+                plain.popitem()
     history.redo(1)
+
+
+def write(app, size, repetitions):
+    """A value of each node, as one undo entry, and taken back."""
+    history = app.project.history
+    places = [node.position for node in app.scene.nodes]
+    plain = list(objects.make_plain(len(places)).values())
+    for _ in range(repetitions):
+        history.clear()
+        history.begin("writes")
+        with samples.timed(f"write/{size}", size):
+            for place in places:
+                place.x = 7
+        history.end()
+        with samples.timed(f"undo write/{size}", size):
+            history.undo(1)
+        with samples.timed(f"floor write/{size}", size):
+            for node in plain:
+                node.x = 7
+        with samples.timed(f"floor undo write/{size}", size):
+            for node in plain:
+                node.x = 0
+    history.clear()
 
 
 def search(app, size):
     """What must cost the same in every project."""
     scene = app.scene
-    names = {"scene": scene, "nodes": scene.nodes, "history": app.project.history, "path": f"Top/N{size // 2}"}
+    names = dict(objects.NAMES, scene=scene, nodes=scene.nodes, history=app.project.history, path=f"Top/N{size // 2}")
     names["angle"] = names["nodes"][names["path"]].attributes["angle"]
     samples.in_turn({
         f"find/{size}": ("nodes[path]", 1),
         f"chain/{size}": ("scene.nodes[path].attributes['position.x'].value(10)", 1),
         f"set_value/{size}": ("angle.set_value(10, 1.5); angle.set_value(10, 2.5)", 2, "history.clear()"),
+        **objects.statements_at(size, "floor subscript", "floor chain", "floor set_value"),
     }, names, rounds=5)
     names["history"].clear()
 
@@ -155,7 +184,8 @@ def evaluate(app, size):
     for key in range(size):
         angle.set_value(1 + 2 * key, key % 97)
     app.project.history.end()
-    samples.in_turn({f"evaluate/{size}": (f"angle.value({size})", 1)}, {"angle": angle}, rounds=5)
+    samples.in_turn({f"evaluate/{size}": (f"angle.value({size})", 1), **objects.statements_at(size, "floor value")},
+                    dict(objects.NAMES, angle=angle), rounds=5)
 
 
 def fits(repetitions=9):
@@ -209,6 +239,7 @@ def main():
             build(app, size, repetitions)
             search(app, size)
             iterate(app, size, repetitions)
+            write(app, size, repetitions)
             save_and_open(app, f"{root}/{size}", size, repetitions)
             with brindle.create(f"{root}/keys{size}") as app:
                 create_nodes(app.scene, 1)

@@ -12,6 +12,15 @@ class Slotted:
         self.number = 42
 
 
+class Plain:
+    __slots__ = ("name", "source", "x")
+
+    def __init__(self, name, source):
+        self.name = name
+        self.source = source
+        self.x = 0
+
+
 class WithProperty:
     def __init__(self):
         self._number = 42
@@ -26,6 +35,15 @@ class WithGetattr:
         if name == "number":
             return 42
         raise AttributeError(name)
+
+
+def make_plain(count):
+    """Objects by name, each of which knows the one before."""
+    objects = {}
+    previous = None
+    for index in range(count):
+        previous = objects[f"N{index}"] = Plain(f"N{index}", previous)
+    return objects
 
 
 NAMES = {
@@ -51,3 +69,8 @@ STATEMENTS = {
     "floor set_value": ("wrapper.set_value(10, 1.5); wrapper.set_value(10, 2.5)", 2),
     "floor value": ("wrapper.value_at(10)", 1),
 }
+
+
+def statements_at(size, *names):
+    """The same as floors of what is measured in a project of a size: "floor value/1000"."""
+    return {f"{name}/{size}": STATEMENTS[name] for name in names}
