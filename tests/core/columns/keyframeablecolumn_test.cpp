@@ -5,6 +5,8 @@
 #include "tests/core/support/animation.h"
 #include "tests/core/support/standincurve.h"
 
+#include <limits>
+
 using namespace OMC;
 
 class KeyframeableColumnTest : public AnimationTest {
@@ -101,6 +103,18 @@ TEST_F(KeyframeableColumnTest, SeveralFramesGiveAListOfControlPoints)
     EXPECT_EQ(framesOf(points), QList<double>({5, 6, 7}));
     EXPECT_EQ(labels(), QStringList("Setting a keyframe."));
     expectUndoable(before);
+}
+
+TEST_F(KeyframeableColumnTest, EachFrameIsPrintedWithSixDigitsAlsoWhereNoKeyCanStand)
+{
+    const QVariantList frames = {-3.5, -0.0, 1.0 / 3, 12345678.9, 1e20};
+    EXPECT_EQ(outputOf([&] { EXPECT_THROW(column.keyframeCreate(frames), Exception); }),
+              "FRAME: -3.500000\nFRAME: -0.000000\nFRAME: 0.333333\nFRAME: 12345678.900000\n"
+              "FRAME: 100000000000000000000.000000\n");
+    const std::string longest =
+        outputOf([&] { EXPECT_THROW(column.keyframeCreate(-std::numeric_limits<double>::max()), Exception); });
+    EXPECT_EQ(longest.size(), std::string("FRAME: -.000000\n").size() + 309);
+    EXPECT_TRUE(labels().isEmpty());
 }
 
 TEST_F(KeyframeableColumnTest, NoFramesAreAnEntryToo)

@@ -304,6 +304,26 @@ TEST_F(ObjTest, AHandleIsMovedIntoAVariantWithoutAClone)
     EXPECT_EQ(OMC::BaseObject::QVariantToPointer(OMC::toVariant(Obj())), nullptr);
 }
 
+TEST_F(ObjTest, AVariantMadeOfAnObjectTakesItAsAHandleDoes)
+{
+    auto* object = new CountedObject;
+    {
+        const QVariant carrying = OMC::toVariant(object);
+        ASSERT_EQ(carrying.metaType(), QMetaType::fromType<Obj>());
+        EXPECT_EQ(OMC::BaseObject::QVariantToPointer(carrying), object);
+        EXPECT_EQ(object->getOwnership(), OMC::OwnedByHandle);
+        EXPECT_EQ(CountedObject::copies, 0);
+
+        const QVariant second = OMC::toVariant(object);
+        EXPECT_NE(OMC::BaseObject::QVariantToPointer(second), object);
+        EXPECT_EQ(CountedObject::copies, 1);
+    }
+    const std::unique_ptr<CountedObject> owned(objectWith(OMC::OwnedByNative));
+    EXPECT_EQ(OMC::BaseObject::QVariantToPointer(OMC::toVariant(owned.get())), owned.get());
+    OMC::BaseObject* nothing = nullptr;
+    EXPECT_EQ(OMC::BaseObject::QVariantToPointer(OMC::toVariant(nothing)), nullptr);
+}
+
 TEST_F(ObjTest, ObjectInGivesNullForAnotherClassAndForAnEmptyHandle)
 {
     EXPECT_EQ(OMC::objectIn<CountedObject>(Obj()), nullptr);

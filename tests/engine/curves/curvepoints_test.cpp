@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <map>
 #include <numeric>
 #include <random>
@@ -75,6 +77,35 @@ TEST(CurvePoints, AgreesWithAMapOverRandomInsertionsAndRemovals)
             auto expected = model.begin();
             points.forEach([&](const CurvePoint& point) { ASSERT_EQ(point.frame, (expected++)->first); });
         }
+    }
+}
+
+TEST(CurvePoints, GoingAlongInEitherDirectionFindsWhatStandsThere)
+{
+    constexpr int count = 1000;
+    CurvePoints points;
+    for (int frame = 1; frame <= count; ++frame)
+        points.insert(pointAt(frame));
+    const auto expectAround = [&](double asked) {
+        const auto [before, after] = points.around(asked);
+        const double last = std::min(std::floor(asked), double(count));
+        ASSERT_EQ(before ? before->frame : 0, last);
+        ASSERT_EQ(after ? after->frame : count + 1, last + 1);
+    };
+    for (int quarter = 0; quarter <= 4 * count + 8; ++quarter)
+        expectAround(quarter / 4.0);
+    for (int quarter = 4 * count + 8; quarter >= 0; --quarter)
+        expectAround(quarter / 4.0);
+
+    // Taking the next point on the way, and putting it back behind oneself.
+    for (int frame = 2; frame < count; ++frame) {
+        ASSERT_EQ(points.around(frame - 0.5).after->frame, frame);
+        const CurvePoint taken = points.take(frame);
+        ASSERT_EQ(points.around(frame - 0.5).after->frame, frame + 1);
+        ASSERT_EQ(points.find(frame), nullptr);
+        ASSERT_EQ(points.around(frame + 1).before->frame, frame + 1);
+        points.insert(taken);
+        ASSERT_NE(points.find(frame), nullptr);
     }
 }
 
