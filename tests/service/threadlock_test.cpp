@@ -196,6 +196,33 @@ for target in (work, counting): threading.Thread(target=target).start()
         "waited: True True\n0 objects left");
 }
 
+TEST(ThreadLockTest, AProjectThatClosesWhileAThreadWaitsLeavesItWithoutTheLock)
+{
+    EXPECT_INTERACTIVE(
+        [](Interactive& application) {
+            watch();
+            application.mustExecute(common);
+            application.mustExecute(R"py(
+def work():
+    time.sleep(0.03)
+    for turn in range(2):
+        try:
+            with app.locked():
+                tell("entered")
+        except brindle.Error as error:
+            tell(error)
+threads = [threading.Thread(target=work) for turn in range(2)]
+for thread in threads: thread.start()
+)py");
+            // The main thread is at work, with the application held, and comes to close the project.
+            std::this_thread::sleep_for(100ms);
+            application.session().projectManager()->closeProject();
+            handleEventsFor(100ms);
+            application.mustExecute("for thread in threads: thread.join()\n");
+        },
+        "^(Thread failed to get Application Lock.\n){4}0 objects left");
+}
+
 TEST(ThreadLockTest, ThreadsRunPythonWhileAnEventLoopWaitsInsideAScriptsCall)
 {
     EXPECT_INTERACTIVE(
