@@ -76,8 +76,8 @@ private:
     unsigned int& threadLockIndex();
 
     std::deque<bool> m_notifyStates;
-    std::vector<std::weak_ptr<const char>>
-        m_holders; ///< A mark of each thread that locked, which ends with the thread.
+    /// Of each lock that is held, a mark of the thread that took it, which ends with the thread.
+    std::vector<std::weak_ptr<const char>> m_holders;
     std::unique_ptr<PL_AppLock::AppLock> m_appLock;
     unsigned int m_applockDepth = 0;
     bool m_applockDelayed = false;
