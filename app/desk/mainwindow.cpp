@@ -17,17 +17,7 @@ namespace app::desk {
 namespace {
 
 constexpr int messageTime = 5'000; ///< In milliseconds.
-constexpr int firstDockHeight = 170;
-
-void addDock(QMainWindow& window, const QString& title, const char* name, QWidget* content)
-{
-    auto* dock = new QDockWidget(title, &window);
-    // The name under which its place is kept.
-    dock->setObjectName(QString::fromLatin1(name));
-    dock->setWidget(content);
-    window.addDockWidget(Qt::BottomDockWidgetArea, dock);
-    window.resizeDocks({dock}, {firstDockHeight}, Qt::Vertical);
-}
+constexpr int firstLogHeight = 170;
 
 } // namespace
 
@@ -52,7 +42,7 @@ MainWindow::MainWindow(SC_SessionContext& session, BAPP_ScriptConsole& console, 
     m_run.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
     m_interrupt.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Period));
     setCentralWidget(m_console);
-    addDock(*this, tr("Log"), "log", m_log);
+    addLog();
     addMenus();
     connect(&m_run, &QAction::triggered, this, &MainWindow::runScript);
     connect(&m_interrupt, &QAction::triggered, m_console, &ConsolePanel::interrupt);
@@ -66,7 +56,21 @@ MainWindow::MainWindow(SC_SessionContext& session, BAPP_ScriptConsole& console, 
     m_console->setFocus();
 }
 
-MainWindow::~MainWindow() = default;
+/// The console uses what is destroyed ahead of a widget's children.
+MainWindow::~MainWindow()
+{
+    delete m_console;
+}
+
+void MainWindow::addLog()
+{
+    auto* dock = new QDockWidget(tr("Log"), this);
+    // The name under which its place is kept.
+    dock->setObjectName("log");
+    dock->setWidget(m_log);
+    addDockWidget(Qt::BottomDockWidgetArea, dock);
+    resizeDocks({dock}, {firstLogHeight}, Qt::Vertical);
+}
 
 void MainWindow::addMenus()
 {

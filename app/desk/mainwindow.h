@@ -46,6 +46,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void addLog();
     void addMenus();
     void runScript();
     void update();
