@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Measures what an operation costs from Python and from C++, and prints it beside what nobody can be faster than.
 
-    ./run bench                 builds and measures, in about a minute
+    ./run bench                 builds and measures, in a minute and a half
     ./run bench --json FILE     also writes all figures
     ./run bench --python        one side only; or --native
 """
