@@ -6,9 +6,9 @@
 namespace brindle {
 
 ServiceApplication::ServiceApplication(SC_SessionContext* session)
-    : OMC::Application(session), m_project(session->projectCommon())
-{
-}
+    : OMC::Application(session),
+      m_project(session->projectCommon())
+{}
 
 OMC::BaseObject* ServiceApplication::copy() const
 {

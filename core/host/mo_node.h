@@ -65,11 +65,11 @@ public:
     virtual MO_PortMode portMode() const = 0;
     virtual unsigned int nInPorts() const = 0;
     virtual unsigned int nOutPorts() const = 0;
-    virtual MO_Port* inPort(unsigned int index) const = 0;  ///< Null when there is none.
+    virtual MO_Port* inPort(unsigned int index) const = 0; ///< Null when there is none.
     virtual MO_Port* outPort(unsigned int index) const = 0;
     virtual MO_Port* inPortFromId(unsigned int id) const = 0;
     virtual MO_Port* outPortFromId(unsigned int id) const = 0;
-    virtual int inPortId(const MO_Port* port) const = 0;  ///< The port's place on the node; -1 when it is not there.
+    virtual int inPortId(const MO_Port* port) const = 0; ///< The port's place on the node; -1 when it is not there.
     virtual int outPortId(const MO_Port* port) const = 0;
     virtual bool hasImageOutput() const = 0;
     virtual bool isModeMultiInPort() const = 0;
@@ -114,8 +114,8 @@ public:
     virtual NodeIterator subNodesBegin() const = 0;
     virtual NodeIterator subNodesEnd() const = 0;
     virtual unsigned int nSubNodes() const = 0;
-    virtual MO_Node* subNode(unsigned int index) const = 0;     ///< Null beyond the end.
-    virtual MO_Node* subNode(const QString& name) const = 0;    ///< A direct sub-node by its name, or null.
+    virtual MO_Node* subNode(unsigned int index) const = 0;  ///< Null beyond the end.
+    virtual MO_Node* subNode(const QString& name) const = 0; ///< A direct sub-node by its name, or null.
     /// All nodes below the group, depth first, each group ahead of its content; the group itself is left out.
     virtual void getRecursiveSubNodeList(std::vector<MO_Node*>& nodes) const = 0;
 

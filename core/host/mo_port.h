@@ -10,15 +10,15 @@
 class CO_Command;
 class MO_Node;
 
-/// A connection point of a node. An in-port has at most one source; an out-port feeds any number of in-ports. It belongs
-/// to its node. Its id stays while its place changes with the ports before it.
+/// A connection point of a node. An in-port has at most one source; an out-port feeds any number of in-ports. It
+/// belongs to its node. Its id stays while its place changes with the ports before it.
 class BRINDLE_HOST_EXPORT MO_Port {
 public:
     virtual ~MO_Port() = default;
 
     virtual unsigned int id() const = 0;
-    virtual MO_Node* node() const = 0;      ///< Null while the port is on no node.
-    virtual QString typeName() const = 0;   ///< "IMAGE" or "PEG".
+    virtual MO_Node* node() const = 0;    ///< Null while the port is on no node.
+    virtual QString typeName() const = 0; ///< "IMAGE" or "PEG".
     virtual bool isMattePort() const = 0;
     virtual std::unique_ptr<MO_Port> clone() const = 0; ///< A new port of the same type, without links.
 

@@ -18,8 +18,8 @@ class SC_SceneCommon;
 class BRINDLE_HOST_EXPORT TUSelInterface {
 public:
     virtual ~TUSelInterface() = default;
-    virtual void refresh() = 0;                    ///< Values of selected points changed.
-    virtual void pointErased(double frame) = 0;    ///< The point at this frame is about to go.
+    virtual void refresh() = 0;                 ///< Values of selected points changed.
+    virtual void pointErased(double frame) = 0; ///< The point at this frame is about to go.
 };
 
 /// A column of the exposure sheet: a value for each frame. It belongs to its scene; while only the undo list keeps it,
@@ -43,7 +43,7 @@ public:
     virtual timedValueType type() const = 0;
     virtual QString getName() const = 0; ///< Unique in the scene.
     virtual QString getDisplayName() const = 0;
-    virtual bool isAnonymous() const = 0;         ///< Named by the engine, and shown by what it drives.
+    virtual bool isAnonymous() const = 0;            ///< Named by the engine, and shown by what it drives.
     virtual SC_SceneCommon* sceneCommon() const = 0; ///< Null while the column is in no scene.
     virtual void accept(AT_TimedValueVisitor& visitor) = 0;
 
@@ -75,8 +75,8 @@ class BRINDLE_HOST_EXPORT AT_FncTimedValue : public TUTimedValue {
 public:
     virtual double evaluate(double frame) const = 0;
     virtual int pointCount() const = 0;
-    virtual bool isKey(double frame) const = 0;        ///< Whether a keyframe stands exactly there.
-    virtual std::vector<int> keyframes() const = 0;    ///< Their frames, ascending, cut to integers.
+    virtual bool isKey(double frame) const = 0;     ///< Whether a keyframe stands exactly there.
+    virtual std::vector<int> keyframes() const = 0; ///< Their frames, ascending, cut to integers.
     /// Leave a new command that makes (removes) keyframes over a range of frames, or null when there is nothing to do.
     virtual void createKeyframes(double first, double last, CO_Command** command) = 0;
     virtual void removeKeyframes(double first, double last, CO_Command** command) = 0;
@@ -111,16 +111,16 @@ struct BezierCtrlPt {
     unsigned long long identity = 0;
 };
 
-/// A cubic Bezier curve through control points. The x of the handles is held within the neighbouring points, so that the
-/// curve is a function of the frame; before the first and after the last point the value is constant.
+/// A cubic Bezier curve through control points. The x of the handles is held within the neighbouring points, so that
+/// the curve is a function of the frame; before the first and after the last point the value is constant.
 class BRINDLE_HOST_EXPORT TUBezierTimedValue : public TUFnc2DTimedValue {
 public:
-    virtual BezierCtrlPt point(int index) const = 0; ///< By its place; `index` below pointCount().
-    virtual bool pointAt(double frame, BezierCtrlPt& point) const = 0;     ///< At exactly this frame.
+    virtual BezierCtrlPt point(int index) const = 0;                   ///< By its place; `index` below pointCount().
+    virtual bool pointAt(double frame, BezierCtrlPt& point) const = 0; ///< At exactly this frame.
     virtual bool pointBefore(double frame, BezierCtrlPt& point) const = 0; ///< The last one at or before the frame.
     virtual bool pointAfter(double frame, BezierCtrlPt& point) const = 0;  ///< The first one behind the frame.
-    /// Writes all fields of the point at `point.frame` as they are given (its identity apart), without any adaptation of
-    /// it or its neighbours: how a command brings back what it changed. False when no point stands there.
+    /// Writes all fields of the point at `point.frame` as they are given (its identity apart), without any adaptation
+    /// of it or its neighbours: how a command brings back what it changed. False when no point stands there.
     virtual bool restorePoint(const BezierCtrlPt& point) = 0;
 };
 

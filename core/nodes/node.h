@@ -50,8 +50,8 @@ public:
     virtual Obj parentGroup() const; ///< An invalid GroupNode at the root group.
 
     /// Moves the node to a group; to a node that is no group: beside it. Throws for a group that is, or lies in, the
-    /// node itself. A drop that the engine refuses is silent: the node stays where it was, as `path` tells. The place in
-    /// the node view is the engine's to choose: x and y are not used.
+    /// node itself. A drop that the engine refuses is silent: the node stays where it was, as `path` tells. The place
+    /// in the node view is the engine's to choose: x and y are not used.
     virtual void moveTo(const Obj& target, int x, int y);
     virtual void moveTo(const QString& target, int x, int y);
 
@@ -60,7 +60,7 @@ public:
     virtual QString getPath() const;           ///< "Top/Group/Node".
     /// Moves the node to the group before the last slash, also when it is there, and names it by what follows.
     virtual void setPath(const QString& path);
-    virtual QString getType() const;           ///< "PEG", "READ", ...
+    virtual QString getType() const; ///< "PEG", "READ", ...
 
     virtual QVariant getPosition() const; ///< A Node_Coordinates, also of an invalid node.
     /// Any form of Point3d::ConvertQVariant; one that tells no z keeps the node's. Fractions are cut off.

@@ -144,8 +144,8 @@ void Scene::setColorspace(const QString& name)
     if (name == project.projectColorSpace())
         return;
     CO_CommandManager& manager = commandManager();
-    undo::run(manager, new SC_ProjectCmds::SetProjectColorSpaceCmd(&project, name),
-              tr("Set Working Colour Space"), tr("Failed to set the colour space."));
+    undo::run(manager, new SC_ProjectCmds::SetProjectColorSpaceCmd(&project, name), tr("Set Working Colour Space"),
+              tr("Failed to set the colour space."));
     announce();
 }
 

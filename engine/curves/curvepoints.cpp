@@ -34,9 +34,9 @@ int CurvePoints::placeIn(int index, double frame) const
         const auto at = static_cast<std::size_t>(place);
         return at < block.size() && block[at].frame <= frame && (at + 1 == block.size() || frame < block[at + 1].frame);
     };
-    // The next step along a curve is to the same place or to the one behind it.
+    // The next step along a curve is to the same place or to one beside it.
     const int recent = m_recentPlace;
-    for (const int place : {recent, recent + 1}) {
+    for (const int place : {recent, recent + 1, recent - 1}) {
         if (isPlace(place))
             return m_recentPlace = place;
     }

@@ -78,8 +78,8 @@ Matrix4x4 Matrix4x4::operator*(const Matrix4x4& first) const
     for (std::size_t column = 0; column < 16; column += 4) {
         const double* by = first.m_cells.data() + column;
         for (std::size_t row = 0; row < 4; ++row)
-            cells[column + row] = m_cells[row] * by[0] + m_cells[4 + row] * by[1] + m_cells[8 + row] * by[2] +
-                                  m_cells[12 + row] * by[3];
+            cells[column + row] =
+                m_cells[row] * by[0] + m_cells[4 + row] * by[1] + m_cells[8 + row] * by[2] + m_cells[12 + row] * by[3];
     }
     return Matrix4x4(cells);
 }

@@ -74,8 +74,8 @@ constexpr auto argumentsIn()
 template <Text Names>
 inline constexpr auto argumentTable = argumentsIn<Names>();
 
-/// How a C++ type is read from Python: `type` is its name in a signature, `accepts` whether the value fits, `read` gives
-/// it (throwing for one that doesn't fit), `fallback` reads a default's text.
+/// How a C++ type is read from Python: `type` is its name in a signature, `accepts` whether the value fits, `read`
+/// gives it (throwing for one that doesn't fit), `fallback` reads a default's text.
 template <typename T>
 struct From;
 
@@ -142,7 +142,10 @@ struct From<double> {
 template <>
 struct From<QString> {
     static constexpr const char* type = "str";
-    static bool accepts(PyObject* value) { return PyUnicode_Check(value) || PyObject_HasAttrString(value, "__fspath__"); }
+    static bool accepts(PyObject* value)
+    {
+        return PyUnicode_Check(value) || PyObject_HasAttrString(value, "__fspath__");
+    }
     static QString read(PyObject* value, unsigned int)
     {
         if (PyUnicode_Check(value))
@@ -163,7 +166,10 @@ struct From<QString> {
 
 template <>
 struct From<std::string> : From<QString> {
-    static std::string read(PyObject* value, unsigned int index) { return From<QString>::read(value, index).toStdString(); }
+    static std::string read(PyObject* value, unsigned int index)
+    {
+        return From<QString>::read(value, index).toStdString();
+    }
     static std::string fallback(std::string_view text) { return From<QString>::fallback(text).toStdString(); }
 };
 
@@ -187,7 +193,10 @@ template <>
 struct From<OMC::Obj> {
     static constexpr const char* type = "BaseObject | None";
     static bool accepts(PyObject* value) { return value == Py_None || isWrapper(value); }
-    static OMC::Obj read(PyObject* value, unsigned int) { return value == Py_None ? OMC::Obj() : OMC::Obj(objectOf(value)); }
+    static OMC::Obj read(PyObject* value, unsigned int)
+    {
+        return value == Py_None ? OMC::Obj() : OMC::Obj(objectOf(value));
+    }
     static OMC::Obj fallback(std::string_view) { return {}; }
 };
 

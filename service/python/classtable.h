@@ -143,10 +143,10 @@ public:
         return constructors<Construct<Factory, Names>>();
     }
 
-    /// Lets copy, pickle and repr take the objects of a value class without public members: `State(const T&)` gives plain
-    /// numbers and texts as a QVariantList, of which `Rebuild(const QVariantList&)` makes an equal `T*`, throwing for a
-    /// list that is none of those; `Represent(const T&, const std::string& type)` gives the text, with the type's full
-    /// name or the end of it.
+    /// Lets copy, pickle and repr take the objects of a value class without public members: `State(const T&)` gives
+    /// plain numbers and texts as a QVariantList, of which `Rebuild(const QVariantList&)` makes an equal `T*`, throwing
+    /// for a list that is none of those; `Represent(const T&, const std::string& type)` gives the text, with the type's
+    /// full name or the end of it.
     template <auto State, auto Rebuild, auto Represent>
     Class& value()
     {
@@ -226,29 +226,30 @@ template <typename T>
 void Class<T>::deriveOperators()
 {
     Operators& operators = m_table.operators;
-    if constexpr (requires(T& t) { t.size(); })
+    if constexpr (requires { self(nullptr).size(); })
         operators.length = [](OMC::BaseObject* o) { return static_cast<Py_ssize_t>(self(o).size()); };
-    if constexpr (requires(T& t, int i) { t.get(i); })
+    if constexpr (requires(int i) { self(nullptr).get(i); })
         operators.itemByIndex = [](OMC::BaseObject* o, int index) { return toPython(self(o).get(index)); };
-    if constexpr (requires(T& t, const QString& k) { t(k); }) {
+    if constexpr (requires(const QString& k) { self(nullptr)(k); }) {
         operators.call = [](OMC::BaseObject* o, const QString& key) { return toPython(self(o)(key)); };
         operators.itemByKey = operators.call;
-    } else if constexpr (requires(T& t, const QString& k) { t.get(k); }) {
+    } else if constexpr (requires(const QString& k) { self(nullptr).get(k); }) {
         operators.itemByKey = [](OMC::BaseObject* o, const QString& key) { return toPython(self(o).get(key)); };
     }
-    if constexpr (requires(T& t, int i, const OMC::Obj& v) { t.set(i, v); }) {
+    if constexpr (requires(int i, const OMC::Obj& v) { self(nullptr).set(i, v); }) {
         operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
-            self(o).set(From<int>::read(key, 0), From<OMC::Obj>::accepts(value) ? From<OMC::Obj>::read(value, 1) : OMC::Obj());
+            self(o).set(From<int>::read(key, 0),
+                        From<OMC::Obj>::accepts(value) ? From<OMC::Obj>::read(value, 1) : OMC::Obj());
         };
-    } else if constexpr (requires(T& t, int i, const QVariant& v) { t.set(i, v); }) {
+    } else if constexpr (requires(int i, const QVariant& v) { self(nullptr).set(i, v); }) {
         operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
-            if constexpr (requires(T& t, const QString& k, const QVariant& v) { t.set(k, v); }) {
+            if constexpr (requires(const QString& k, const QVariant& v) { self(nullptr).set(k, v); }) {
                 if (PyUnicode_Check(key))
                     return self(o).set(stringFrom(key), variantFrom(value));
             }
             self(o).set(From<int>::read(key, 0), variantFrom(value));
         };
-    } else if constexpr (requires(T& t, const QString& k, const OMC::Obj& v) { t.set(k, v); }) {
+    } else if constexpr (requires(const QString& k, const OMC::Obj& v) { self(nullptr).set(k, v); }) {
         operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
             if (!From<QString>::accepts(key))
                 throwArgument(0, From<QString>::type, key);
@@ -256,22 +257,33 @@ void Class<T>::deriveOperators()
                 throwArgument(1, From<OMC::Obj>::type, value);
             self(o).set(From<QString>::read(key, 0), From<OMC::Obj>::read(value, 1));
         };
-    } else if constexpr (requires(T& t, int i, const std::string& v) { t.set(i, v); }) {
+    } else if constexpr (requires(int i, const std::string& v) { self(nullptr).set(i, v); }) {
         operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
             self(o).set(From<unsigned int>::read(key, 0), From<std::string>::read(value, 1));
         };
     }
-    if constexpr (requires(T& t, const QString& k) { t.contains(k); } && !requires(T& t, const QVariant& v) { t.contains(v); }) {
-        operators.contains = [](OMC::BaseObject* o, PyObject* value) { return bool(self(o).contains(stringFrom(value))); };
+    if constexpr (
+        requires(const QString& k) { self(nullptr).contains(k); } &&
+        !requires(const QVariant& v) { self(nullptr).contains(v); }) {
+        operators.contains = [](OMC::BaseObject* o, PyObject* value) {
+            return bool(self(o).contains(stringFrom(value)));
+        };
         operators.containsTextOnly = true;
-    } else if constexpr (requires(T& t, const QVariant& v) { t.contains(v); }) {
-        operators.contains = [](OMC::BaseObject* o, PyObject* value) { return bool(self(o).contains(variantFrom(value))); };
-    } else if constexpr (requires(T& t, const OMC::Obj& v) { t.contains(v); }) {
+    } else if constexpr (requires(const QVariant& v) { self(nullptr).contains(v); }) {
+        operators.contains = [](OMC::BaseObject* o, PyObject* value) {
+            return bool(self(o).contains(variantFrom(value)));
+        };
+    } else if constexpr (requires(const OMC::Obj& v) { self(nullptr).contains(v); }) {
         operators.contains = [](OMC::BaseObject* o, PyObject* value) {
             return From<OMC::Obj>::accepts(value) && self(o).contains(From<OMC::Obj>::read(value, 0));
         };
     }
-    if constexpr (requires(T& t) { t.__iter__(); t.__iterItem__(); t.__atend__(); ++t; }) {
+    if constexpr (requires {
+                      self(nullptr).__iter__();
+                      self(nullptr).__iterItem__();
+                      self(nullptr).__atend__();
+                      ++self(nullptr);
+                  }) {
         operators.iterate = [](OMC::BaseObject* o) { return toPython(self(o).__iter__()); };
         operators.next = [](OMC::BaseObject* o) -> PyObject* {
             T& list = self(o);
@@ -282,8 +294,10 @@ void Class<T>::deriveOperators()
             return toPython(std::move(item));
         };
     }
-    if constexpr (requires(T& t, const OMC::Obj& other) { t.__eq__(other); }) {
-        operators.equals = [](OMC::BaseObject* o, OMC::BaseObject* other) { return bool(self(o).__eq__(OMC::Obj(other))); };
+    if constexpr (requires(const OMC::Obj& other) { self(nullptr).__eq__(other); }) {
+        operators.equals = [](OMC::BaseObject* o, OMC::BaseObject* other) {
+            return bool(self(o).__eq__(OMC::Obj(other)));
+        };
     } else if constexpr (requires { operandOf(&T::operator==); }) {
         using Other = std::decay_t<decltype(operandOf(&T::operator==))>;
         operators.equals = [](OMC::BaseObject* o, OMC::BaseObject* other) {
@@ -295,7 +309,7 @@ void Class<T>::deriveOperators()
                 return same && self(o).operator==(*same);
             }
         };
-    } else if constexpr (requires(T& t, const T* other) { t.operator==(other); }) {
+    } else if constexpr (requires(const T* other) { self(nullptr).operator==(other); }) {
         operators.equals = [](OMC::BaseObject* o, OMC::BaseObject* other) {
             const T* same = dynamic_cast<const T*>(other);
             return same && self(o) == same;

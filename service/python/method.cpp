@@ -14,8 +14,8 @@ bool arrange(const CallArguments& call, const Argument* arguments, std::size_t c
         if (!text)
             throw PythonError{};
         const std::string_view name(text, static_cast<std::size_t>(size));
-        const auto* found = std::find_if(arguments, arguments + count,
-                                         [&](const Argument& argument) { return argument.name == name; });
+        const auto* found =
+            std::find_if(arguments, arguments + count, [&](const Argument& argument) { return argument.name == name; });
         if (found == arguments + count || slots[found - arguments])
             return false;
         slots[found - arguments] = call.values[call.count + i];
@@ -32,8 +32,7 @@ bool arrange(const CallArguments& call, const Argument* arguments, std::size_t c
 
 void throwArity(const char* method, const CallArguments& call)
 {
-    throwTypeError("%s() can't be called with these %zd arguments; help() tells its forms", method,
-                   call.total());
+    throwTypeError("%s() can't be called with these %zd arguments; help() tells its forms", method, call.total());
 }
 
 } // namespace brindle::python

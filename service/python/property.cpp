@@ -80,8 +80,8 @@ const PropertyType& propertyType(const QMetaProperty& meta)
     throw OMC::Exception(OMC::BaseObject::tr("Failed to write the property (Argument Type %1)").arg(type));
 }
 
-/// Stops what Qt's conversion would change without a word: None where a value belongs, which Qt takes for a default, and
-/// a number that an int property would cut short.
+/// Stops what Qt's conversion would change without a word: None where a value belongs, which Qt takes for a default,
+/// and a number that an int property would cut short.
 void refuseLossyValue(const QMetaProperty& meta, const QVariant& value)
 {
     if (!value.isValid() && meta.typeId() != QMetaType::QVariant)
@@ -151,7 +151,8 @@ PyObject* accessorQualifiedName(PyObject* self, void*)
 PyObject* accessorRepresentation(PyObject* self)
 {
     const auto* accessor = reinterpret_cast<Accessor*>(self);
-    return PyUnicode_FromFormat(accessor->self ? "<bound method %s%s of '%s' object>" : "<method '%s%s' of '%s' objects>",
+    return PyUnicode_FromFormat(accessor->self ? "<bound method %s%s of '%s' object>"
+                                               : "<method '%s%s' of '%s' objects>",
                                 prefixOf(accessor), accessor->property->meta.name(), accessor->owner->tp_name);
 }
 

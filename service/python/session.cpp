@@ -132,8 +132,8 @@ void save(const ServiceApplication& application, const QString& path)
         return;
     }
     saveWith(
-        application, [](SC_ProjectManager& manager, const QString&, QString& error) { return manager.saveProject(error); },
-        path);
+        application,
+        [](SC_ProjectManager& manager, const QString&, QString& error) { return manager.saveProject(error); }, path);
 }
 
 void saveAs(const ServiceApplication& application, const QString& path)

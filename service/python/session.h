@@ -18,7 +18,8 @@ void save(const ServiceApplication& application, const QString& path);
 void saveAs(const ServiceApplication& application, const QString& path);
 void close(const ServiceApplication& application);
 
-/// What a host with a session of its own tells: a project was opened in it, or is about to be closed. On the main thread.
+/// What a host with a session of its own tells: a project was opened in it, or is about to be closed. On the main
+/// thread.
 void hostOpenedProject(SC_SessionContext* session);
 void hostClosesProject();
 

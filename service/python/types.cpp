@@ -4,8 +4,8 @@
 #include "service/python/property.h"
 #include "service/python/valueprotocol.h"
 
-#include <deque>
 #include <structmember.h>
+#include <deque>
 #include <unordered_map>
 
 namespace brindle::python {
@@ -103,7 +103,8 @@ PyObject* newObject(PyTypeObject* type, PyObject* arguments, PyObject* keywords)
             if (!names)
                 throw PythonError{};
         }
-        return adopt({type, &table.operators}, table.construct({values.data(), PyTuple_GET_SIZE(arguments), names.get()}));
+        return adopt({type, &table.operators},
+                     table.construct({values.data(), PyTuple_GET_SIZE(arguments), names.get()}));
     });
 }
 
@@ -189,8 +190,8 @@ void addClass(PyObject* module, const ClassTable& table)
         storage.methods.push_back(reduceMethod);
     storage.methods.push_back({});
 
-    static PyMemberDef members[] = {{"__weaklistoffset__", T_PYSSIZET, offsetof(Wrapper, weakReferences), READONLY, nullptr},
-                                    {}};
+    static PyMemberDef members[] = {
+        {"__weaklistoffset__", T_PYSSIZET, offsetof(Wrapper, weakReferences), READONLY, nullptr}, {}};
     std::vector<PyType_Slot> typeSlots = operatorSlots(table.operators);
     typeSlots.push_back({Py_tp_doc, const_cast<char*>(table.documentation)});
     typeSlots.push_back({Py_tp_dealloc, reinterpret_cast<void*>(table.traverse ? &deallocateHolder : &deallocate)});
@@ -206,12 +207,13 @@ void addClass(PyObject* module, const ClassTable& table)
         typeSlots.push_back({Py_tp_clear, reinterpret_cast<void*>(table.clear)});
     }
     typeSlots.push_back({0, nullptr});
-    // A word more than the base: Python takes types of one layout for interchangeable, in `object.__class__ = other` and
-    // in a class with two bases, where the object behind them is of one class only.
+    // A word more than the base: Python takes types of one layout for interchangeable, in `object.__class__ = other`
+    // and in a class with two bases, where the object behind them is of one class only.
     const auto size = baseType ? baseType->tp_basicsize + Py_ssize_t(sizeof(void*)) : Py_ssize_t(sizeof(Wrapper));
     const unsigned int collected = table.traverse ? Py_TPFLAGS_HAVE_GC : 0;
     PyType_Spec spec = {storage.qualifiedName.c_str(), static_cast<int>(size), 0,
-                        static_cast<unsigned int>(Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE) | collected, typeSlots.data()};
+                        static_cast<unsigned int>(Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE) | collected,
+                        typeSlots.data()};
     const Ref bases(baseType ? PyTuple_Pack(1, baseType) : nullptr);
     storage.type = reinterpret_cast<PyTypeObject*>(PyType_FromSpecWithBases(&spec, bases.get()));
     if (!storage.type)
@@ -235,8 +237,8 @@ PyObject* describeClasses()
                                           {"writable", property.meta.isWritable()},
                                           {"text", QString(property.documentation)}});
         for (const Member& member : table.members)
-            properties.append(QVariantMap{{"name", member.name}, {"type", member.type}, {"writable", true},
-                                          {"text", member.documentation}});
+            properties.append(QVariantMap{
+                {"name", member.name}, {"type", member.type}, {"writable", true}, {"text", member.documentation}});
         QVariantList methods;
         for (const Method& method : table.methods)
             methods.append(QVariantMap{{"name", method.name},

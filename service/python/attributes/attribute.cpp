@@ -49,8 +49,8 @@ std::vector<ClassTable> attributeTables()
             .method<"get_text_value", Form<&Attribute::getTextValue, "frame">>("The value at a frame as text.")
             .method<"set_text_value", Form<&Attribute::setTextValue, "frame, text">>(
                 "Sets the value at a frame from a text; False where it can't be read or is refused."),
-        valueClass<DoubleAttribute, "frame, value, adjust_column=False">("DoubleAttribute", "An attribute whose value is a "
-                                                                                            "number.")
+        valueClass<DoubleAttribute, "frame, value, adjust_column=False">("DoubleAttribute",
+                                                                         "An attribute whose value is a number.")
             .property("minimum", "The smallest value.")
             .property("maximum", "The largest value.")
             .property("step", "By how much a person's click changes it.")
@@ -60,8 +60,8 @@ std::vector<ClassTable> attributeTables()
             .method<"offset_value", Form<&DoubleAttribute::offsetValue, "range, delta">>(
                 "Adds to the values at a frame, or over the frames of [first, last]; what lies outside stays."),
         valueClass<BoolAttribute, "frame, value">("BoolAttribute", "An attribute that is on or off."),
-        valueClass<IntAttribute, "frame, value, adjust_column=False">("IntAttribute", "An attribute whose value is a whole "
-                                                                                      "number.")
+        valueClass<IntAttribute, "frame, value, adjust_column=False">("IntAttribute",
+                                                                      "An attribute whose value is a whole number.")
             .property("minimum", "The smallest value.")
             .property("maximum", "The largest value.")
             .property("step", "By how much a person's click changes it.")

@@ -20,8 +20,8 @@ std::vector<ClassTable> frameTables()
             .method<"list", Form<&ListObj::list>>("All items as a Python list."),
         Class<ListQVar>("ListQVar", "Base of the lists of values. Lists are live: each call asks the project.")
             .method<"size", Form<&ListQVar::size>>("The number of items, as len() gives it.")
-            .method<"get", Form<pick<int>(&ListQVar::get), "index">, Form<pick<const QString&>(&ListQVar::get), "name">>(
-                "The item at an index, or of a name.")
+            .method<"get", Form<pick<int>(&ListQVar::get), "index">,
+                    Form<pick<const QString&>(&ListQVar::get), "name">>("The item at an index, or of a name.")
             .method<"set", Form<pick<int, const QVariant&>(&ListQVar::set), "index, value">,
                     Form<pick<const QString&, const QVariant&>(&ListQVar::set), "name, value">>("Replaces an item.")
             .method<"list", Form<&ListQVar::list>>("All items as a Python list.")

@@ -31,9 +31,8 @@ std::vector<ClassTable> portTables()
             .property("source_node", "The node that feeds the port, or None. Writing links.")
             .property("source_flat", "The OutPort that really feeds the port, through groups, or None.")
             .property("source_node_flat", "The node that really feeds the port, through groups, or None.")
-            .method<"link", Form<&InPort::link, "source">>(
-                "Links the port to a node, a path, an OutPort or [node or path, index], in place of its source. Gives the "
-                "Cable.")
+            .method<"link", Form<&InPort::link, "source">>("Links the port to a node, a path, an OutPort or [node or "
+                                                           "path, index], in place of its source. Gives the Cable.")
             .method<"unlink", Form<&InPort::unlink>>("Cuts the link."),
         Class<OutPort>("OutPort", "A port that gives what its node makes to any number of in-ports.")
             .property("cables", "The links from the port, a CableList.")
@@ -68,8 +67,8 @@ std::vector<ClassTable> portTables()
             .property("source_flat_node", "The node that really feeds, through groups.")
             .property("source_flat", "The OutPort that really feeds, through groups.")
             .method<"insert", Form<&Cable::insert, "node, in_port=None, out_port=None">>(
-                "Puts a node into the cable and gives the cable to it. in_port is an InPort or an index; out_port only says "
-                "that in_port counts for the way out, too.")
+                "Puts a node into the cable and gives the cable to it. in_port is an InPort or an index; out_port only "
+                "says that in_port counts for the way out, too.")
             .method<"unlink", Form<&Cable::unlink>>("Cuts the link."),
         Class<FlatCable>("FlatCable", "A real connection through groups, read-only.")
             .property("source", "The OutPort.")
