@@ -253,7 +253,7 @@ threading.Thread(target=lambda: app.locked().__enter__(), daemon=True).start()
 time.sleep(0.05)
 sys.exit(10)""", 10),
     "a daemon that waits for the main thread": (HELD + """
-threading.Thread(target=lambda: app.run_on_main(lambda: None), daemon=True).start()
+threading.Thread(target=lambda: app.run_on_main(lambda: None, True), daemon=True).start()
 time.sleep(0.05)
 sys.exit(11)""", 11),
     "daemons that work on": (HELD + """
@@ -326,7 +326,7 @@ def work():
     time.sleep(0.1)
     with app.locked():
         app.scene.nodes.create("PEG", "a")
-    app.run_on_main(lambda: print(threading.current_thread() is main, len(app.scene.nodes)))
+    app.run_on_main(lambda: print(threading.current_thread() is main, len(app.scene.nodes)), True)
 threading.Thread(target=work).start()
 sys.exit(5)
 """) == (5, "True 3\n", "")
@@ -349,7 +349,7 @@ def test_an_exception_ends_the_script_and_its_threads_still_finish(batch):
     code, out, error = batch("""
 def work():
     time.sleep(0.05)
-    app.run_on_main(lambda: print("done"))
+    app.run_on_main(lambda: print("done"), True)
 threading.Thread(target=work).start()
 1 / 0
 """)

@@ -149,8 +149,8 @@ def work():
         print(error, file=sys.__stdout__)
     with app.locked():
         app.scene.nodes.create("PEG", "Arm")
-    app.run_on_main(lambda: print(threading.current_thread() is threading.main_thread(), file=sys.__stdout__))
-    app.run_on_main(end)
+    app.run_on_main(lambda: print(threading.current_thread() is threading.main_thread(), file=sys.__stdout__), True)
+    app.run_on_main(end, True)
 
 def end():
     app.save()

@@ -11,7 +11,7 @@ def test_the_main_thread_calls_it_while_the_thread_waits(batch):
     assert batch("""
 def work():
     seen = []
-    app.run_on_main(lambda: seen.append(threading.current_thread() is main))
+    app.run_on_main(lambda: seen.append(threading.current_thread() is main), True)
     return seen
 print(on_thread(work))
 """) == (0, "[True]\n", "")
@@ -57,7 +57,7 @@ print(seen)
 def test_the_function_needs_no_lock(batch):
     assert batch("""
 def work():
-    app.run_on_main(lambda: app.scene.nodes.create("PEG", "a"))
+    app.run_on_main(lambda: app.scene.nodes.create("PEG", "a"), True)
     return failure(lambda: app.scene.name)
 print(on_thread(work), len(app.scene.nodes))
 """) == (0, f"{LOCKED_OUT} 3\n", "")
@@ -101,7 +101,7 @@ app.process_one_event()
 def test_an_exit_on_the_main_thread_is_the_waiting_threads(batch):
     assert batch("""
 def work():
-    app.run_on_main(lambda: sys.exit(3))
+    app.run_on_main(lambda: sys.exit(3), True)
 thread = threading.Thread(target=work)
 thread.start()
 while thread.is_alive(): app.process_one_event()
@@ -114,9 +114,9 @@ def test_a_function_may_have_the_main_thread_call_another(batch):
     assert batch("""
 seen = []
 def outer():
-    app.run_on_main(lambda: seen.append("inner"))
+    app.run_on_main(lambda: seen.append("inner"), True)
     seen.append("outer")
-on_thread(app.run_on_main, outer)
+on_thread(app.run_on_main, outer, True)
 app.process_one_event()
 print(seen)
 """) == (0, "['inner', 'outer']\n", "")
@@ -127,7 +127,7 @@ def test_many_threads_have_functions_called(batch):
 calls = []
 def work():
     for turn in range(5):
-        app.run_on_main(lambda: calls.append(threading.current_thread() is main))
+        app.run_on_main(lambda: calls.append(threading.current_thread() is main), True)
 threads = [threading.Thread(target=work) for _ in range(6)]
 for thread in threads: thread.start()
 while any(thread.is_alive() for thread in threads): app.process_one_event()
@@ -139,7 +139,7 @@ print(all(calls), 0 < len(calls) <= 30)
 
 def test_the_undo_list_sees_what_the_function_did(batch):
     assert batch("""
-on_thread(app.run_on_main, lambda: setattr(app.scene.nodes["Top/Display"].position, "x", 7))
+on_thread(app.run_on_main, lambda: setattr(app.scene.nodes["Top/Display"].position, "x", 7), True)
 print(app.project.history.list())
 app.project.history.undo(1)
 print(app.scene.nodes["Top/Display"].position.x)

@@ -76,7 +76,7 @@ TEST(ScriptEngineTest, ThreadsAtTheEndMayStillCallTheMainThread)
 import sys, threading, time
 def work():
     time.sleep(0.05)
-    app.run_on_main(lambda: print(threading.current_thread() is threading.main_thread(), file=sys.stderr))
+    app.run_on_main(lambda: print(threading.current_thread() is threading.main_thread(), file=sys.stderr), True)
 threading.Thread(target=work).start()
 )");
         },

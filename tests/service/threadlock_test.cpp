@@ -255,7 +255,7 @@ TEST(ThreadLockTest, AFunctionReachesAnIdleMainThread)
 def work():
     for turn in range(3):
         begin = time.monotonic()
-        app.run_on_main(lambda: app.scene.nodes.create("PEG", "a"))
+        app.run_on_main(lambda: app.scene.nodes.create("PEG", "a"), True)
         tell(time.monotonic() - begin < 2)
 threading.Thread(target=work).start()
 )py");

@@ -76,7 +76,7 @@ def work(number):
         while not stop.is_set():
             turns += 1
             if turns % 97 == 0:
-                app.run_on_main(bump_job)
+                app.run_on_main(bump_job, True)
             elif turns % 41 == 0:
                 with app.locked():
                     app.save()
@@ -95,7 +95,7 @@ threads = [threading.Thread(target=work, args=(i,)) for i in range(THREADS)]
 def finish():
     for thread in threads:
         thread.join()
-    app.run_on_main(leave)
+    app.run_on_main(leave, True)
 )py";
 
 /// In the main thread's turns in Python: reads what the threads write, and changes a value of its own.

@@ -162,8 +162,8 @@ As a context manager it closes the project at the end and saves nothing by itsel
     def run_function(self, function: Any) -> None:
         """Calls a function without arguments, from a thread of the script with the application lock held meanwhile. What the function raises comes back, and leaves the lock taken; its result is dropped."""
         ...
-    def run_on_main(self, function: Any, wait: bool = True) -> None:
-        """Calls a function without arguments on the main thread, at once from there, else when it comes to events; waits until that is done (30 s at most) and raises what it raised, or goes on at once. Of functions that threads post before the main thread comes to the first of them, only that one is called; and a lock that is really held keeps the main thread from coming to any. Fails in a plain interpreter."""
+    def run_on_main(self, function: Any, wait: bool = False) -> None:
+        """Calls a function without arguments on the main thread, at once from there, else when it comes to events. With wait, waits until that is done (30 s at most) and raises what it raised; else goes on at once. Of functions that threads post before the main thread comes to the first of them, only that one is called; and a lock that is really held keeps the main thread from coming to any. Fails in a plain interpreter."""
         ...
     def thread_lock(self) -> None:
         """Takes the application lock, which lets the threads of the script work on the project; taken twice, it is to be given back twice. Fails where no project is open. Nothing on the main thread and in a plain interpreter."""

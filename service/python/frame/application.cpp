@@ -36,9 +36,9 @@ bool leaveLocked(Locked& block, PyObject*, PyObject*, PyObject*)
 std::vector<ClassTable> applicationTables()
 {
     return {
-        Class<ServiceApplication>("Application", "The application with its open project: where a script begins.\n\n"
-                                                 "As a context manager it closes the project at the end and saves "
-                                                 "nothing by itself.")
+        Class<ServiceApplication>("Application",
+                                  "The application with its open project: where a script begins.\n\nAs a context "
+                                  "manager it closes the project at the end and saves nothing by itself.")
             .property("project", "The open project, a Project.")
             .property("scenes", "The project's scenes, a SceneList.")
             .property("scene", "The project's first Scene.")
@@ -57,24 +57,22 @@ std::vector<ClassTable> applicationTables()
             .method<"run_function", Form<&OMC::Application::runFunction, "function">>(
                 "Calls a function without arguments, from a thread of the script with the application lock held "
                 "meanwhile. What the function raises comes back, and leaves the lock taken; its result is dropped.")
-            .method<"run_on_main", Form<&OMC::Application::runOnMain, "function, wait=True">>(
+            .method<"run_on_main", Form<&OMC::Application::runOnMain, "function, wait=False">>(
                 "Calls a function without arguments on the main thread, at once from there, else when it comes to "
-                "events; "
-                "waits until that is done (30 s at most) and raises what it raised, or goes on at once. Of functions "
-                "that threads post before the main thread comes to the first of them, only that one is called; and a "
-                "lock that is really held keeps the main thread from coming to any. Fails in a plain interpreter.")
+                "events. With wait, waits until that is done (30 s at most) and raises what it raised; else goes on at "
+                "once. Of functions that threads post before the main thread comes to the first of them, only that one "
+                "is called; and a lock that is really held keeps the main thread from coming to any. Fails in a plain "
+                "interpreter.")
             .method<"thread_lock", Form<&OMC::Application::threadLock>>(
                 "Takes the application lock, which lets the threads of the script work on the project; taken twice, it "
                 "is to be given back twice. Fails where no project is open. Nothing on the main thread and in a plain "
                 "interpreter.")
             .method<"thread_unlock", Form<&OMC::Application::threadUnlock>>(
                 "Gives the application lock back. Fails, and keeps it, where no project is open any more. Nothing on "
-                "the "
-                "main thread and in a plain interpreter.")
+                "the main thread and in a plain interpreter.")
             .method<"locked", Form<&locked>>("For `with app.locked():`, a block with the application lock held, in "
-                                             "which one thread of the script is "
-                                             "at a time; the lock is given back however the block ends. Nothing on the "
-                                             "main thread of an application.")
+                                             "which one thread of the script is at a time; the lock is given back "
+                                             "however the block ends. Nothing on the main thread of an application.")
             .method<"__enter__", Form<&enter>>("The application itself.")
             .method<"__exit__", Form<&leave, "type, value, traceback">>("Closes the project."),
         Class<Locked>("Locked", "A block with the application lock held: `with app.locked():`.")

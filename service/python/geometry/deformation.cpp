@@ -12,8 +12,7 @@ std::vector<ClassTable> deformationTables()
             .calling("transform")
             .method<"transform", Form<&Deformation::transform, "value, scaled=False">>(
                 "Where a point in any form that Point3d takes comes to, as a Point3d with z 0; a list of them for a "
-                "list "
-                "of points. In the units of the scene, or, with `scaled`, in those that deformers count in."),
+                "list of points. In the units of the scene, or, with `scaled`, in those that deformers count in."),
     };
 }
 

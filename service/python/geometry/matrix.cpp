@@ -40,12 +40,12 @@ std::vector<ClassTable> matrixTables()
     return {
         Class<Matrix>(
             "Matrix",
-            "A 4 by 4 homogeneous matrix. Cells 0 to 2 are the x axis, 4 to 6 the y axis, 8 to 10 the z axis, "
-            "12 to 14 the origin and 15 the homogeneous scale. Each step is added from the right: the one added "
-            "last acts first on a point. A value is another matrix, a transformation, a point or vector to move "
-            "to, a number to scale by, or a list of 2 or 3 numbers (a move; of 3 the second counts twice), 9 (a 3 "
-            "by 3 homogeneous form) or 16 (the cells), multiplied by the matrices in it. An axis and an origin "
-            "give the frame whose y axis points along the axis; None stands for (0, 1, 0) and (0, 0, 0).")
+            "A 4 by 4 homogeneous matrix. Cells 0 to 2 are the x axis, 4 to 6 the y axis, 8 to 10 the z axis, 12 to 14 "
+            "the origin and 15 the homogeneous scale. Each step is added from the right: the one added last acts first "
+            "on a point. A value is another matrix, a transformation, a point or vector to move to, a number to scale "
+            "by, or a list of 2 or 3 numbers (a move; of 3 the second counts twice), 9 (a 3 by 3 homogeneous form) or "
+            "16 (the cells), multiplied by the matrices in it. An axis and an origin give the frame whose y axis "
+            "points along the axis; None stands for (0, 1, 0) and (0, 0, 0).")
             .constructors<Construct<&newOf<Matrix>>, Construct<&newOf<Matrix, QVariant>, "value">,
                           Construct<&newOf<Matrix, QVariant, QVariant>, "axis, origin">>()
             .value<&cellsOf, &matrixOf, &textOf>()
@@ -57,9 +57,8 @@ std::vector<ClassTable> matrixTables()
             .property("origin", "Where (0, 0, 0) is put, a Point3d; takes what Point3d takes.")
             .property("identity", "Whether it changes nothing; True makes it so.")
             .property("singular", "Whether it has no inverse.")
-            .property("truck_factor",
-                      "How much larger the origin's depth makes things for the standard camera, which is "
-                      "8/3 from the plane z = 0; 0 at and behind it.")
+            .property("truck_factor", "How much larger the origin's depth makes things for the standard camera, which "
+                                      "is 8/3 from the plane z = 0; 0 at and behind it.")
             .property("scale_factor", "How much lengths grow in the plane z = 0.")
             .property("rotation_exists", "Whether it turns anything.")
             .property("constant_z", "Whether the plane z = 0 keeps one depth all over.")
@@ -102,23 +101,20 @@ std::vector<ClassTable> matrixTables()
                     Form<pick<double, double, double, double, double, double>(&Matrix::perspectiveProject),
                          "left, right, bottom, top, near, far">>(
                 "Adds the projection of a pyramid's stump in front of the eye to the cube from -1 to 1: by the height "
-                "of "
-                "the view in degrees and its width to height, or by the rectangle at the near distance.")
+                "of the view in degrees and its width to height, or by the rectangle at the near distance.")
             .method<"look_at", Form<&Matrix::lookAt, "eye=None, target=None, up=None">>(
                 "Adds the view from an eye to a target; None stands for (0, 0, 0), (0, 0, -2.66) and upwards (0, 1, "
                 "0).")
             .method<"apply", Form<&Matrix::apply, "value">>(
                 "What a matrix, point or vector becomes under this one, in an object of its class; the three "
-                "coordinates "
-                "as a list for numbers and lists; None for other objects. Vectors are moved like points.")
+                "coordinates as a list for numbers and lists; None for other objects. Vectors are moved like points.")
             .method<"extract_parameters_2d",
                     Form<&Matrix::extractParameters_2d, "negative_x=False, negative_y=False, pivot=None">>(
                 "[translation, scale, rotation, skew] in the plane about a pivot, angles in degrees: the matrix is "
                 "translate, rotate, skew, scale, in this order. The flags ask for negative scales; a mirror has y's.")
             .method<"extract_parameters_3d", Form<&Matrix::extractParameters_3d, "pivot=None">>(
                 "[translation, scale, rotation] in space about a pivot, angles in degrees: the matrix is translate, "
-                "rotate "
-                "about z, y and x, scale, in this order.")
+                "rotate about z, y and x, scale, in this order.")
             .method<"print", Form<&Matrix::print, "text=''">>("Writes a text and the cells to the standard output."),
     };
 }

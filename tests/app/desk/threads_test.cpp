@@ -53,7 +53,7 @@ seen = []
 def on_main():
     seen.append((threading.current_thread() is threading.main_thread(), app.scene.nodes.create("PEG", "Arm").name))
 def work():
-    app.run_on_main(on_main)
+    app.run_on_main(on_main, True)
     seen.append("went on")
 threading.Thread(target=work).start()
 )");
@@ -66,7 +66,7 @@ TEST_F(WorkingScriptTest, AFunctionForTheMainThreadRunsWhileAScriptIsBusyThere)
     run(R"(
 seen = []
 def work():
-    app.run_on_main(lambda: seen.append(threading.current_thread() is threading.main_thread()))
+    app.run_on_main(lambda: seen.append(threading.current_thread() is threading.main_thread()), True)
 def busy():
     threading.Thread(target=work).start()
     end = time.monotonic() + 20
