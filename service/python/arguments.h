@@ -148,15 +148,7 @@ struct From<QString> {
     }
     static QString read(PyObject* value, unsigned int)
     {
-        if (PyUnicode_Check(value))
-            return stringFrom(value);
-        const Ref path(PyOS_FSPath(value));
-        if (!path)
-            throw PythonError{};
-        afterScriptCode(value);
-        if (!PyUnicode_Check(path.get()))
-            throwTypeError("A path must be of str, not %s", Py_TYPE(path.get())->tp_name);
-        return stringFrom(path.get());
+        return PyUnicode_Check(value) ? stringFrom(value) : pathFrom(value);
     }
     static QString fallback(std::string_view text)
     {

@@ -197,6 +197,8 @@ void HeldItems::hold(PyObject* item)
 
 QString stringFrom(PyObject* text)
 {
+    if (!PyUnicode_Check(text))
+        throwTypeError("A text must be str, not %s", Py_TYPE(text)->tp_name);
     // Most texts: a byte a character, which needs no decoding.
     if (PyUnicode_IS_READY(text) && PyUnicode_KIND(text) == PyUnicode_1BYTE_KIND)
         return QString::fromLatin1(reinterpret_cast<const char*>(PyUnicode_1BYTE_DATA(text)),
@@ -206,6 +208,16 @@ QString stringFrom(PyObject* text)
     if (!utf8)
         throw PythonError{};
     return QString::fromUtf8(utf8, size);
+}
+
+QString pathFrom(PyObject* value)
+{
+    const Ref path(checked(PyOS_FSPath(value)));
+    // A script's own code has run, and other threads with it.
+    EngineGate::enter();
+    if (!PyUnicode_Check(path.get()))
+        throwTypeError("A path must be of str, not %s", Py_TYPE(path.get())->tp_name);
+    return stringFrom(path.get());
 }
 
 QVariant variantFrom(PyObject* value)
@@ -229,11 +241,8 @@ QVariant variantFrom(PyObject* value)
     // From here on the value's own methods may run, and other threads with them: the gate is asked once more.
     if (isInstanceOf(value, "re", "Pattern"))
         return expressionFrom(value);
-    if (isInstanceOf(value, "pathlib", "PurePath")) {
-        const Ref path(checked(PyOS_FSPath(value)));
-        EngineGate::enter();
-        return QVariant(stringFrom(path.get()));
-    }
+    if (isInstanceOf(value, "pathlib", "PurePath"))
+        return QVariant(pathFrom(value));
     if (PyCallable_Check(value))
         return functionFrom(value);
     throwTypeError("A value of type %s can't be used here", Py_TYPE(value)->tp_name);

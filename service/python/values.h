@@ -33,6 +33,7 @@ private:
 /// Where the value holds objects, `HeldItems` must live as long as the result.
 QVariant variantFrom(PyObject* value);
 QString stringFrom(PyObject* text); ///< Of a str; throws on one that is no Unicode text (lone surrogates).
+QString pathFrom(PyObject* value);  ///< Of an object with `__fspath__`, which has to give a str.
 
 PyObject* toPython(const QVariant& value);
 PyObject* toPython(QVariant&& value); ///< Takes an object out of the variant, where the other one copies it.

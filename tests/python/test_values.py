@@ -20,6 +20,13 @@ class Frame(int):
     """A number of a script's own class."""
 
 
+class BytesPath(pathlib.PurePosixPath):
+    """A path that gives its text as bytes."""
+
+    def __fspath__(self):
+        return b"x"
+
+
 # A property of text shows what single values become.
 AS_TEXT = [
     (True, "true"), (False, "false"), (0, "0"), (-7, "-7"), (2**31 - 1, "2147483647"), (2**31, "2147483648"),
@@ -43,7 +50,7 @@ REFUSED = [
     (object(), "A value of type object can't be used here"), (1j, "A value of type complex can't be used here"),
     (range(2), "A value of type range can't be used here"), ([1, [b"x"]], "A value of type bytes can't be used here"),
     ({"a": b"x"}, "A value of type bytes can't be used here"), ({1: 2}, "The keys of a dict must be str, not int"),
-    (re.compile(b"x"), "A pattern must be of str, not bytes"),
+    (re.compile(b"x"), "A pattern must be of str, not bytes"), (BytesPath("x"), "A path must be of str, not bytes"),
 ]
 
 
@@ -66,6 +73,13 @@ def test_what_the_table_of_values_does_not_have_is_a_type_error(scene, state, va
     before = state()
     assert support.message_of(setattr, scene, "frame_count", value, error=TypeError) == message
     assert support.message_of(scene.nodes.find, value, error=TypeError) == message
+    assert state() == before
+
+
+def test_a_text_that_is_given_as_a_path_of_bytes_is_a_type_error(scene, state):
+    before = state()
+    message = support.message_of(scene.nodes.create, "PEG", BytesPath("x"), error=TypeError)
+    assert message == "A path must be of str, not bytes"
     assert state() == before
 
 
