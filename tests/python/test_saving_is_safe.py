@@ -31,7 +31,8 @@ for _ in range(2):
         print(error)
     assert node.valid and app.project.history.list() == labels and app.scene.nodes["Top/Unsaved"] == node
 """
-NOBODY = "os.setgid(65534); os.setuid(65534)"
+# A person without preferences, who may not read those of who runs the tests.
+NOBODY = "os.setgid(65534); os.setuid(65534); os.environ['XDG_CONFIG_HOME'] = '/nonexistent'"
 
 needs_root = pytest.mark.skipif(os.geteuid() != 0, reason="only root can become nobody")
 unwatched = pytest.mark.skipif(
