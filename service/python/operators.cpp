@@ -6,7 +6,8 @@ namespace {
 
 /// Goes through the copy of a list that `__iter__` gave.
 struct Iterator {
-    PyObject_HEAD PyObject* list;
+    PyObject_HEAD
+    PyObject* list;
 };
 
 PyTypeObject* iteratorType = nullptr;

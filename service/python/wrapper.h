@@ -15,7 +15,8 @@ struct TypeEntry {
 
 /// The Python object of an object of the object model, which it owns (ownership 3) and destroys with itself.
 struct Wrapper {
-    PyObject_HEAD OMC::BaseObject* object;
+    PyObject_HEAD
+    OMC::BaseObject* object;
     const Operators* operators;
     PyObject* weakReferences;
 };

@@ -14,7 +14,8 @@ struct Record {
 };
 
 struct Wrapper {
-    PyObject_HEAD Record* record;
+    PyObject_HEAD
+    Record* record;
 };
 
 PyTypeObject* wrapperType = nullptr;
