@@ -106,7 +106,7 @@ void ThreadManager::throwIfNecessary()
         return;
     if (m_applockDelayed && MainThreadState::isInPython())
         return;
-    // Nobody records which thread took the lock: while one holds it, all may go on.
+    // Whichever thread took the lock: while one holds it, all may go on.
     if (m_appLock)
         return;
     if (m_applockDelayed) {
