@@ -25,6 +25,10 @@ public:
         virtual void* leave(Waiting waiting) = 0;
         /// Takes Python's lock again, with what `leave` gave.
         virtual void enter(void* left) noexcept = 0;
+        /// Takes Python's lock for native code, once no script thread is in the middle of a call into the engine. Null
+        /// where there is no interpreter; nothing is to be resumed then.
+        virtual void* halt() noexcept { return nullptr; }
+        virtual void resume(void* /*halted*/) noexcept {}
         /// For the main thread, which waits for the application's lock outside of Python: gives that back where script
         /// threads took it that have all ended since.
         virtual void giveBackLeftLock() {}
@@ -44,5 +48,19 @@ public:
 
     private:
         void* m_left;
+    };
+
+    /// While it lives, no script thread calls into the engine. It goes around each change of what script threads look
+    /// up before they have the application's lock: the session, its project, the project's scenes. Scopes may lie
+    /// inside each other.
+    class BRINDLE_HOST_EXPORT HaltScope {
+    public:
+        HaltScope();
+        HaltScope(const HaltScope&) = delete;
+        HaltScope& operator=(const HaltScope&) = delete;
+        ~HaltScope();
+
+    private:
+        void* m_halted;
     };
 };

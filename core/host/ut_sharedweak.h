@@ -3,6 +3,7 @@
 #include "core/host/export.h"
 
 #include <ext/atomicity.h>
+#include <atomic>
 #include <utility>
 
 class UT_SharedWeakBase;
@@ -10,7 +11,8 @@ class UT_SharedWeakBase;
 /// A weak pointer to an engine object: one intrusive control block, so that a copy is a pointer copy and a count.
 ///
 /// `get()` gives the engine object while it lives and null once it is gone. It owns nothing. Copies may be made and
-/// dropped on any thread; `get()` follows the thread rules of the object that it leads to.
+/// dropped on any thread, and any thread may ask whether the object is gone; what `get()` gives follows the thread
+/// rules of that object.
 class BRINDLE_HOST_EXPORT UT_SharedWeakPtrBase {
 public:
     UT_SharedWeakPtrBase() = default;
@@ -33,7 +35,10 @@ public:
     void assign(UT_SharedWeakBase* target);
 
     /// The engine object, or null when there is none or it is gone.
-    UT_SharedWeakBase* get() const noexcept { return m_block ? m_block->target : nullptr; }
+    UT_SharedWeakBase* get() const noexcept
+    {
+        return m_block ? m_block->target.load(std::memory_order_relaxed) : nullptr;
+    }
 
     /// Whether both lead (or led) to the same engine object; also true once that object is gone.
     bool sameTarget(const UT_SharedWeakPtrBase& other) const noexcept { return m_block == other.m_block; }
@@ -44,7 +49,7 @@ private:
     /// Counted as libstdc++ counts the owners of a shared_ptr: with atomic steps once the process has a second thread.
     struct Block {
         _Atomic_word references;
-        UT_SharedWeakBase* target;
+        std::atomic<UT_SharedWeakBase*> target;
     };
 
     static Block* retained(Block* block) noexcept
@@ -76,7 +81,7 @@ public:
     void expireWeakPointers() noexcept
     {
         if (auto* block = std::exchange(m_block, nullptr)) {
-            block->target = nullptr;
+            block->target.store(nullptr, std::memory_order_relaxed);
             UT_SharedWeakPtrBase::release(block);
         }
     }

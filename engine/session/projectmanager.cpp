@@ -1,5 +1,6 @@
 #include "engine/session/projectmanager.h"
 
+#include "core/host/scp_pythonengine.h"
 #include "engine/folder/folderio.h"
 #include "engine/session/preferences.h"
 #include "engine/session/sessionwatch.h"
@@ -87,6 +88,7 @@ bool ProjectManager::saveProjectAs(const QString& path, QString& error)
 
 void ProjectManager::closeProject()
 {
+    const SCP_PythonEngine::HaltScope halt;
     // The session has no project any more while this one goes.
     const std::unique_ptr<Project> closing = std::move(m_project);
     announceSessionChange();
@@ -99,6 +101,7 @@ SC_Project* ProjectManager::findProject(const SC_Id& id) const
 
 SC_Project* ProjectManager::replaceProject(std::unique_ptr<Project> project)
 {
+    const SCP_PythonEngine::HaltScope halt;
     closeProject();
     m_project = std::move(project);
     announceSessionChange();

@@ -37,3 +37,15 @@ SCP_PythonEngine::ThreadStateScope::~ThreadStateScope()
     if (m_left)
         threadStates.load(std::memory_order_acquire)->enter(std::exchange(m_left, nullptr));
 }
+
+SCP_PythonEngine::HaltScope::HaltScope()
+{
+    ThreadStates* states = threadStates.load(std::memory_order_acquire);
+    m_halted = states ? states->halt() : nullptr;
+}
+
+SCP_PythonEngine::HaltScope::~HaltScope()
+{
+    if (m_halted)
+        threadStates.load(std::memory_order_acquire)->resume(m_halted);
+}

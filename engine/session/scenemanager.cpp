@@ -1,5 +1,6 @@
 #include "engine/session/scenemanager.h"
 
+#include "core/host/scp_pythonengine.h"
 #include "engine/session/scene.h"
 
 #include <algorithm>
@@ -11,11 +12,13 @@ SceneManager::~SceneManager() = default;
 
 void SceneManager::insert(std::unique_ptr<Scene> scene, int place)
 {
+    const SCP_PythonEngine::HaltScope halt;
     m_scenes.insert(m_scenes.begin() + place, std::move(scene));
 }
 
 std::unique_ptr<Scene> SceneManager::take(const Scene& scene)
 {
+    const SCP_PythonEngine::HaltScope halt;
     const auto taken = m_scenes.begin() + placeOf(scene);
     std::unique_ptr<Scene> owned = std::move(*taken);
     m_scenes.erase(taken);

@@ -1,6 +1,7 @@
 #include "engine/session/sessioncontext.h"
 
 #include "core/host/sc_scene.h"
+#include "core/host/scp_pythonengine.h"
 #include "engine/engine.h"
 #include "engine/session/preferences.h"
 
@@ -17,6 +18,7 @@ SC_SessionContext* PLUG_Services::getSessionContext()
 
 void PLUG_Services::setSessionContext(SC_SessionContext* session)
 {
+    const SCP_PythonEngine::HaltScope halt;
     givenSession = session;
 }
 

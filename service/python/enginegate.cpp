@@ -16,6 +16,7 @@ namespace brindle::python {
 
 std::atomic<bool> EngineGate::s_blocked = false;
 bool EngineGate::s_cutOff = false;
+thread_local bool EngineGate::s_isOperating = false;
 
 namespace {
 
@@ -57,6 +58,8 @@ bool isMainThread()
 EngineGate::Blocking::Blocking(Passing passing) : m_passing(passing)
 {
     ++(passing == Passing::MainThread ? waitingForMain : operations);
+    if (passing == Passing::Nobody)
+        s_isOperating = true;
     settle();
     m_threadState = PyEval_SaveThread();
 }
@@ -65,6 +68,8 @@ EngineGate::Blocking::~Blocking()
 {
     takeLock(static_cast<PyThreadState*>(m_threadState));
     --(m_passing == Passing::MainThread ? waitingForMain : operations);
+    if (m_passing == Passing::Nobody)
+        s_isOperating = false;
     settle();
     // The main thread, which got in, may be in the middle of an operation of its own.
     if (m_passing == Passing::MainThread)
@@ -100,7 +105,7 @@ bool EngineGate::mayPass()
 {
     if (isClosed())
         return remaining == std::this_thread::get_id();
-    return operations == 0 && isMainThread();
+    return s_isOperating || (operations == 0 && isMainThread());
 }
 
 void EngineGate::settle()

@@ -63,6 +63,8 @@ public:
     };
 
 private:
+    static thread_local bool s_isOperating; ///< The calling thread is in a blocking operation of its own.
+
     static bool mayPass();
     static void settle();
     static void wait();

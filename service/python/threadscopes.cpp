@@ -91,6 +91,18 @@ public:
         return left.release();
     }
     void enter(void* left) noexcept override { delete static_cast<Left*>(left); }
+    void* halt() noexcept override
+    {
+        if (!canEnterInterpreter())
+            return nullptr;
+        auto halted = std::make_unique<PyGILState_STATE>(enterInterpreter());
+        EngineGate::enterAgain();
+        return halted.release();
+    }
+    void resume(void* halted) noexcept override
+    {
+        PyGILState_Release(*std::unique_ptr<PyGILState_STATE>(static_cast<PyGILState_STATE*>(halted)));
+    }
     void giveBackLeftLock() override
     {
         if (!canEnterInterpreter())
