@@ -19,7 +19,7 @@
 
 namespace OMC {
 
-struct Attribute::Private {
+struct Attribute::Private : Recycled {
     WeakPointer<MO_Node> node;
     QStringList path;
     QString keyword;
@@ -60,7 +60,7 @@ bool readInteger(const QVariant& value, int& result)
 } // namespace
 
 Attribute::Attribute(MO_Node* node, const QStringList& parentPath, const QString& keyword)
-    : d(new Private{WeakPointer<MO_Node>(node), {}, keyword})
+    : d(new Private{{}, WeakPointer<MO_Node>(node), {}, keyword})
 {
     d->path.reserve(parentPath.size() + 1);
     d->path.append(parentPath);

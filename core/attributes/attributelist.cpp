@@ -9,7 +9,7 @@
 
 namespace OMC {
 
-struct AttributeList::Private {
+struct AttributeList::Private : Recycled {
     WeakPointer<MO_Node> node;
     QStringList path;
     AttrTypeFilter filter;
@@ -29,7 +29,7 @@ struct AttributeList::Level {
 };
 
 AttributeList::AttributeList(MO_Node* node, const QStringList& path, AttrTypeFilter filter)
-    : d(new Private{WeakPointer<MO_Node>(node), path, filter, {}, 0, !path.isEmpty()})
+    : d(new Private{{}, WeakPointer<MO_Node>(node), path, filter, {}, 0, !path.isEmpty()})
 {}
 
 AttributeList::AttributeList(const AttributeList& other)

@@ -17,8 +17,8 @@
 
 namespace OMC {
 
-struct Column::Private {
-    WeakHandle<TUTimedValue> timedValue;
+struct Column::Private : Recycled {
+    WeakPointer<TUTimedValue> timedValue;
     quint32 currentIndex = 1;
     bool atEnd = false;
 };
@@ -62,7 +62,7 @@ int frameFromText(const QString& text, const QString& failure)
 
 } // namespace
 
-Column::Column(TUTimedValue* timedValue) : d(new Private{WeakHandle<TUTimedValue>(timedValue)}) {}
+Column::Column(TUTimedValue* timedValue) : d(new Private{{}, WeakPointer<TUTimedValue>(timedValue)}) {}
 
 Column::Column(const Column& other) : BaseObject(other), d(std::make_unique<Private>(*other.d)) {}
 

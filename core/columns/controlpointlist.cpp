@@ -10,14 +10,14 @@
 
 namespace OMC {
 
-struct ControlPointList::Private {
+struct ControlPointList::Private : Recycled {
     quint64 cursor = 0;
     bool atEnd = false;
-    WeakHandle<TUTimedValue> timedValue;
+    WeakPointer<TUTimedValue> timedValue;
 };
 
 ControlPointList::ControlPointList(AT_FncTimedValue* timedValue)
-    : d(new Private{0, false, WeakHandle<TUTimedValue>(timedValue)})
+    : d(new Private{{}, 0, false, WeakPointer<TUTimedValue>(timedValue)})
 {}
 
 ControlPointList::ControlPointList(const ControlPointList& other)

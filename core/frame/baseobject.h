@@ -2,6 +2,7 @@
 
 #include "core/frame/exception.h"
 #include "core/frame/export.h"
+#include "core/frame/recycled.h"
 
 #include <QObject>
 #include <QVariant>
@@ -26,7 +27,7 @@ enum OwnershipType_e : quint32 {
 /// A wrapper of an engine object holds a weak handle in a private record, checks it in `validate()` at the start of
 /// each operation, and never owns the engine object. Properties are Qt properties; `getAttr` and `setAttr` serve them
 /// by name. Failures are OMC::Exception. An object belongs to one thread at a time; neither it nor Obj locks anything.
-class BRINDLE_CORE_EXPORT BaseObject : public QObject {
+class BRINDLE_CORE_EXPORT BaseObject : public QObject, public Recycled {
     Q_OBJECT
 
 public:

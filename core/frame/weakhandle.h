@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/frame/recycled.h"
 #include "core/host/ut_sharedweak.h"
 
 #include <memory>
@@ -8,7 +9,7 @@ namespace OMC {
 
 /// A weak pointer at an engine object of a class, or at none. It belongs into a wrapper's private record.
 template <typename Target>
-class WeakPointer {
+class WeakPointer : public Recycled {
 public:
     explicit WeakPointer(Target* target = nullptr) { assign(target); }
 

@@ -52,16 +52,16 @@ QVariant vectorVariant(const Math::Vector3d& vector)
 
 } // namespace
 
-struct Matrix::Private {
+struct Matrix::Private : Recycled {
     Math::Matrix4x4 matrix;
     int index = 0; ///< The cell where an iteration stands.
 };
 
 Matrix::Matrix() : d(std::make_unique<Private>()) {}
 
-Matrix::Matrix(const Math::Matrix4x4& matrix) : d(new Private{matrix}) {}
+Matrix::Matrix(const Math::Matrix4x4& matrix) : d(new Private{{}, matrix}) {}
 
-Matrix::Matrix(const Matrix& other) : BaseObject(other), d(new Private{other.d->matrix}) {}
+Matrix::Matrix(const Matrix& other) : BaseObject(other), d(new Private{{}, other.d->matrix}) {}
 
 Matrix::Matrix(const QVariant& value) : Matrix(valueOf(value)) {}
 

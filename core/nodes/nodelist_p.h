@@ -11,7 +11,7 @@
 namespace OMC {
 
 /// Where the nodes of a list come from, and how far a loop over it is.
-struct NodeList::Private {
+struct NodeList::Private : Recycled {
     enum Mode { SceneNodes, GroupNodes, Handles, Unknown };
 
     TUScene* liveScene() const { return static_cast<TUScene*>(scene.get()); }

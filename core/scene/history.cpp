@@ -31,12 +31,12 @@ Bracket& bracket()
 
 } // namespace
 
-struct History::Private {
-    WeakHandle<SC_ProjectCommon> project;
+struct History::Private : Recycled {
+    WeakPointer<SC_ProjectCommon> project;
     quint64 position = 0;
 };
 
-History::History(SC_ProjectCommon* project) : d(new Private{WeakHandle(project)}) {}
+History::History(SC_ProjectCommon* project) : d(new Private{{}, WeakPointer(project)}) {}
 
 History::History(const History& other) : BaseObject(other), d(new Private(*other.d)) {}
 

@@ -50,14 +50,14 @@ void forAllScenes(SC_SceneManager& manager, Function function)
 
 } // namespace
 
-struct SceneList::Private {
-    WeakHandle<SC_ProjectCommon> project;
+struct SceneList::Private : Recycled {
+    WeakPointer<SC_ProjectCommon> project;
     quint32 index = 0;
     bool atEnd = false;
     std::vector<UT_SharedWeakPtrBase> scenes = {};
 };
 
-SceneList::SceneList(SC_ProjectCommon* project) : d(new Private{WeakHandle(project)}) {}
+SceneList::SceneList(SC_ProjectCommon* project) : d(new Private{{}, WeakPointer(project)}) {}
 
 SceneList::SceneList(const SceneList& other) : ListObj(other), IterableObj(other), d(new Private(*other.d)) {}
 

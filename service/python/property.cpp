@@ -42,7 +42,11 @@ PyObject* readObject(OMC::BaseObject* object, const Property& property)
 
 PyObject* readVariant(OMC::BaseObject* object, const Property& property)
 {
-    return toPython(object->readProperty(property.meta));
+    QVariant value;
+    readInto(&value, object, property);
+    if (!value.isValid())
+        throw OMC::Exception(std::string("Failed to read the property."));
+    return toPython(std::move(value));
 }
 
 struct PropertyType {
@@ -66,13 +70,13 @@ const PropertyType& propertyType(const QMetaProperty& meta)
         {QMetaType::QVariantList, "list", &readAs<QVariantList>},
         {QMetaType::fromType<std::vector<OMC::Obj>>().id(), "list", &readAs<std::vector<OMC::Obj>>},
         {QMetaType::fromType<QMap<QString, OMC::Obj>>().id(), "dict", &readAs<QMap<QString, OMC::Obj>>},
+        {QMetaType::QVariant, "Any", &readVariant},
     };
-    static const PropertyType other = {0, "Any", &readVariant};
     for (const PropertyType& entry : entries) {
         if (entry.id == meta.typeId())
             return entry;
     }
-    return other;
+    throwTypeError("The property %s is of type %s, which has no form in Python", meta.name(), meta.typeName());
 }
 
 [[noreturn]] void refuseValue(const char* type)

@@ -4,8 +4,8 @@
 
 #include <array>
 #include <cstdint>
-#include <cstring>
 #include <unordered_map>
+#include <utility>
 
 namespace brindle::python {
 
@@ -31,15 +31,24 @@ FoundType& foundTypeFor(const QMetaObject* metaObject)
     return foundTypes[reinterpret_cast<std::uintptr_t>(metaObject) / spacing % foundTypes.size()];
 }
 
-/// An instance whose fields the caller fills. What follows them, in a class that a script derived, begins as zeros.
+/// The memory of the wrapper that went last, of each size: what a chain of calls makes lives for a step and leaves it
+/// to the next one. Used under the interpreter's lock.
+std::array<Wrapper*, 8> spareWrappers;
+
+/// Where the spare memory for a type is; null for a class that a script derived, whose instances Python collects.
+Wrapper** spareFor(PyTypeObject* type)
+{
+    const std::size_t words = (static_cast<std::size_t>(type->tp_basicsize) - sizeof(Wrapper)) / sizeof(void*);
+    return PyType_IS_GC(type) || words >= spareWrappers.size() ? nullptr : &spareWrappers[words];
+}
+
+/// An instance whose fields the caller fills.
 Wrapper* newWrapper(PyTypeObject* type)
 {
-    if (PyType_IS_GC(type))
+    Wrapper** spare = spareFor(type);
+    if (!spare || !*spare)
         return reinterpret_cast<Wrapper*>(type->tp_alloc(type, 0));
-    auto* wrapper = PyObject_New(Wrapper, type);
-    if (wrapper)
-        std::memset(wrapper + 1, 0, static_cast<std::size_t>(type->tp_basicsize) - sizeof(Wrapper));
-    return wrapper;
+    return reinterpret_cast<Wrapper*>(PyObject_Init(reinterpret_cast<PyObject*>(std::exchange(*spare, nullptr)), type));
 }
 
 } // namespace
@@ -114,7 +123,10 @@ void deallocate(PyObject* self)
     if (wrapper->weakReferences)
         PyObject_ClearWeakRefs(self);
     delete wrapper->object;
-    type->tp_free(self);
+    if (Wrapper** spare = spareFor(type); spare && !*spare)
+        *spare = wrapper;
+    else
+        type->tp_free(self);
     Py_DECREF(type);
 }
 

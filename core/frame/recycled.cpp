@@ -1,0 +1,90 @@
+#include "core/frame/recycled.h"
+
+#include <array>
+#include <new>
+#include <utility>
+
+namespace OMC {
+
+namespace {
+
+/// The least memory that is worth a shelf of its own, and how much of it a shelf keeps.
+constexpr std::size_t step = 16;
+constexpr unsigned int shelfCapacity = 32;
+
+struct Block {
+    Block* next;
+};
+
+/// Blocks of one size: a multiple of the step.
+struct Shelf {
+    Block* first = nullptr;
+    unsigned int count = 0;
+    unsigned int capacity = 0; ///< None before the thread's first block, and after its end.
+};
+
+using Shelves = std::array<Shelf, 17>;
+[[gnu::tls_model("initial-exec")]] constinit thread_local Shelves shelves{};
+
+constexpr std::size_t shelfFor(std::size_t size)
+{
+    return (size + step - 1) / step;
+}
+
+/// Opens the calling thread's shelves, and closes them as the thread ends.
+class Opening {
+public:
+    Opening()
+    {
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+        for (Shelf& shelf : shelves)
+            shelf.capacity = shelfCapacity;
+#endif
+    }
+    Opening(const Opening&) = delete;
+    Opening& operator=(const Opening&) = delete;
+    ~Opening()
+    {
+        for (Shelf& shelf : shelves) {
+            while (shelf.first)
+                ::operator delete(std::exchange(shelf.first, shelf.first->next));
+            shelf = {};
+        }
+    }
+};
+
+/// Whether there is room, once the thread has its shelves.
+bool hasRoom(const Shelf& shelf)
+{
+    static thread_local const Opening opening;
+    return shelf.count < shelf.capacity;
+}
+
+} // namespace
+
+void* Recycled::operator new(std::size_t size)
+{
+    const std::size_t index = shelfFor(size);
+    if (index >= shelves.size())
+        return ::operator new(size);
+    Shelf& shelf = shelves[index];
+    if (!shelf.first)
+        return ::operator new(index* step);
+    --shelf.count;
+    return std::exchange(shelf.first, shelf.first->next);
+}
+
+void Recycled::operator delete(void* memory, std::size_t size) noexcept
+{
+    if (!memory)
+        return;
+    Shelf* const shelf = shelfFor(size) < shelves.size() ? &shelves[shelfFor(size)] : nullptr;
+    if (!shelf || (shelf->count >= shelf->capacity && !hasRoom(*shelf))) {
+        ::operator delete(memory);
+        return;
+    }
+    shelf->first = new (memory) Block{shelf->first};
+    ++shelf->count;
+}
+
+} // namespace OMC
