@@ -22,7 +22,7 @@ using namespace std::chrono_literals;
 constexpr const char* common = R"py(
 import sys, threading, time
 def place(): return app.scene.nodes["Top/Display"].position.x
-def tell(*what): print(*what, file=sys.stderr)
+def tell(*what): sys.stderr.write(" ".join(map(str, what)) + "\n") # whole, of whichever thread
 count = 0
 def counting():
     global count
@@ -45,21 +45,21 @@ void handleEventsFor(std::chrono::milliseconds time)
     QCoreApplication::exec();
 }
 
-/// Ends the process when a test stands still.
-void watch()
+/// Gives a test what its scripts have in common, and ends the process when it stands still.
+void begin(Interactive& application)
 {
     std::thread([] {
         std::this_thread::sleep_for(25s);
         std::_Exit(105);
     }).detach();
+    application.mustExecute(common);
 }
 
 TEST(ThreadLockTest, AThreadWithTheLockHoldsTheEventLoop)
 {
     EXPECT_INTERACTIVE(
         [](Interactive& application) {
-            watch();
-            application.mustExecute(common);
+            begin(application);
             QTimer ticks;
             QObject::connect(&ticks, &QTimer::timeout, [&] { tick(application); });
             ticks.start(1);
@@ -86,8 +86,7 @@ TEST(ThreadLockTest, ALockAskedForInPythonIsTakenUpWhenTheMainThreadLeaves)
 {
     EXPECT_INTERACTIVE(
         [](Interactive& application) {
-            watch();
-            application.mustExecute(common);
+            begin(application);
             QElapsedTimer time;
             time.start();
             application.mustExecute(R"py(
@@ -115,8 +114,7 @@ TEST(ThreadLockTest, ALockWhoseThreadHasEndedIsGivenBackWhenTheMainThreadNeedsIt
 {
     EXPECT_INTERACTIVE(
         [](Interactive& application) {
-            watch();
-            application.mustExecute(common);
+            begin(application);
             TUSceneChangeManager& changes = *application.session().changeManager();
             // Asked for while the main thread is in Python.
             application.mustExecute(R"py(
@@ -149,8 +147,7 @@ TEST(ThreadLockTest, ALockIsKeptWhileOneOfItsThreadsLives)
 {
     EXPECT_INTERACTIVE(
         [](Interactive& application) {
-            watch();
-            application.mustExecute(common);
+            begin(application);
             application.mustExecute(R"py(
 entered = threading.Event()
 def work():
@@ -178,8 +175,7 @@ TEST(ThreadLockTest, OtherThreadsRunPythonWhileOneWaitsForABusyMainThread)
 {
     EXPECT_INTERACTIVE(
         [](Interactive& application) {
-            watch();
-            application.mustExecute(common);
+            begin(application);
             application.mustExecute(R"py(
 def work():
     time.sleep(0.02)
@@ -200,8 +196,7 @@ TEST(ThreadLockTest, AProjectThatClosesWhileAThreadWaitsLeavesItWithoutTheLock)
 {
     EXPECT_INTERACTIVE(
         [](Interactive& application) {
-            watch();
-            application.mustExecute(common);
+            begin(application);
             application.mustExecute(R"py(
 def work():
     time.sleep(0.03)
@@ -227,8 +222,7 @@ TEST(ThreadLockTest, ThreadsRunPythonWhileAnEventLoopWaitsInsideAScriptsCall)
 {
     EXPECT_INTERACTIVE(
         [](Interactive& application) {
-            watch();
-            application.mustExecute(common);
+            begin(application);
             QTimer::singleShot(0, [] {
                 QEventLoop nested;
                 QTimer::singleShot(150, &nested, [&] { nested.quit(); });
@@ -249,8 +243,7 @@ TEST(ThreadLockTest, AFunctionReachesAnIdleMainThread)
 {
     EXPECT_INTERACTIVE(
         [](Interactive& application) {
-            watch();
-            application.mustExecute(common);
+            begin(application);
             application.mustExecute(R"py(
 def work():
     for turn in range(3):
@@ -268,8 +261,7 @@ TEST(ThreadLockTest, ALockThatIsReallyHeldKeepsTheMainThreadFromTheFunction)
 {
     EXPECT_INTERACTIVE(
         [](Interactive& application) {
-            watch();
-            application.mustExecute(common);
+            begin(application);
             application.mustExecute(R"py(
 def work():
     time.sleep(0.05)
