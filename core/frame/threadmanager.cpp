@@ -219,18 +219,13 @@ void ThreadManager::runOnMain(const QVariant& function, bool wait)
 void ThreadManager::getApplock()
 {
     ++m_applockDepth;
-    // The main thread in Python may be waiting for this thread: the real lock has to wait until it is out.
-    if (MainThreadState::isInPython()) {
-        m_applockDelayed = true;
-        return;
-    }
-    m_applockDelayed = false;
-    if (!m_appLock)
-        m_appLock = std::make_unique<PL_AppLock::AppLock>();
+    m_applockDelayed = true;
+    getApplockDelayed();
 }
 
 void ThreadManager::getApplockDelayed()
 {
+    // The main thread in Python may be waiting for this thread: the real lock has to wait until it is out.
     if (MainThreadState::isInPython())
         return;
     m_applockDelayed = false;
