@@ -1,37 +1,20 @@
 #pragma once
 
-#include "core/host/mo_node.h"
-
-#include <QString>
+#include "tests/core/support/standin.h"
 
 #include <vector>
 
 /// A group of no engine, without ports and attributes, for what the open engine's always has or never refuses.
-class StandInGroup : public TUGroup {
+class StandInGroup : public StandIn<TUGroup> {
 public:
-    explicit StandInGroup(SC_SceneCommon* scene = nullptr) : scene(scene) {}
+    explicit StandInGroup(SC_SceneCommon* scene = nullptr) : StandIn(scene) {}
 
-    SC_SceneCommon* sceneCommon() const override { return scene; }
-    TUGroup* parentGroup() const override { return nullptr; }
     QString instanceName() const override { return QStringLiteral("StandInGroup"); }
-    QString qualifiedName() const override { return QStringLiteral("Top/StandInGroup"); }
     QString typeName() const override { return QStringLiteral("GROUP"); }
     void accept(MO_ModuleVisitor& visitor) override { visitor.visit(static_cast<TUGroup&>(*this)); }
     MO_Module* module() override { return nullptr; }
     TUGroup* group() override { return this; }
-    int x() const override { return 0; }
-    int y() const override { return 0; }
-    int z() const override { return 0; }
-    void setX(int) override {}
-    void setY(int) override {}
-    void setZ(int) override {}
-    void setScene(SC_SceneCommon* common) override { scene = common; }
-    QString defaultInstanceName() const override { return instanceName(); }
-    bool setInstanceName(const QString&) override { return false; }
-    bool isNameAcceptable(const QString&) const override { return false; }
-    bool isEnabled() const override { return true; }
     QColor getNodeColor() const override { return {}; }
-    void setDirty() override {}
     MO_PortMode portMode() const override { return MO_DynamicPorts; }
     unsigned int nInPorts() const override { return 0; }
     unsigned int nOutPorts() const override { return 0; }
@@ -42,10 +25,6 @@ public:
     int inPortId(const MO_Port*) const override { return -1; }
     int outPortId(const MO_Port*) const override { return -1; }
     bool hasImageOutput() const override { return false; }
-    bool isModeMultiInPort() const override { return false; }
-    AT_Attr* findAttributeByKeyword(const QString&) const override { return nullptr; }
-    AttrIterator attrsBegin() const override { return nullptr; }
-    AttrIterator attrsEnd() const override { return nullptr; }
 
     NodeIterator subNodesBegin() const override { return subNodes.data(); }
     NodeIterator subNodesEnd() const override { return subNodes.data() + subNodes.size(); }
@@ -56,6 +35,5 @@ public:
     TUMultiPortIn* getOutMultiPort() const override { return nullptr; }
     TUMultiPortOut* getInMultiPort() const override { return nullptr; }
 
-    SC_SceneCommon* scene;
     std::vector<MO_Node*> subNodes;
 };

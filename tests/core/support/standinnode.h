@@ -1,10 +1,10 @@
 #pragma once
 
-#include "core/host/mo_node.h"
 #include "core/host/mo_port.h"
 #include "core/host/sc_scene.h"
 #include "core/host/sc_scenemarker.h"
 #include "tests/core/support/refusingmanager.h"
+#include "tests/core/support/standin.h"
 
 #include <algorithm>
 #include <memory>
@@ -83,36 +83,21 @@ private:
 };
 
 /// A node with the ports that a test gives it. Null may stand for a port that isn't there.
-class StandInNode : public MO_Module {
+class StandInNode : public StandIn<MO_Module> {
 public:
-    explicit StandInNode(SC_SceneCommon* scene = nullptr) : scene(scene) {}
+    explicit StandInNode(SC_SceneCommon* scene = nullptr) : StandIn(scene) {}
 
     StandInPort* addIn() { return addTo(ins); }
     StandInPort* addOut() { return addTo(outs); }
 
-    SC_SceneCommon* sceneCommon() const override { return scene; }
-    TUGroup* parentGroup() const override { return nullptr; }
     QString instanceName() const override { return QStringLiteral("StandIn"); }
-    QString qualifiedName() const override { return QStringLiteral("Top/StandIn"); }
     QString typeName() const override { return QStringLiteral("STAND_IN"); }
     void accept(MO_ModuleVisitor& visitor) override { visitor.visit(static_cast<MO_Module&>(*this)); }
     MO_Module* module() override { return this; }
     TUGroup* group() override { return nullptr; }
     int version() const override { return 1; }
     int versionMax() const override { return 1; }
-    int x() const override { return 0; }
-    int y() const override { return 0; }
-    int z() const override { return 0; }
-    void setX(int) override {}
-    void setY(int) override {}
-    void setZ(int) override {}
-    void setScene(SC_SceneCommon* common) override { scene = common; }
-    QString defaultInstanceName() const override { return instanceName(); }
-    bool setInstanceName(const QString&) override { return false; }
-    bool isNameAcceptable(const QString&) const override { return false; }
-    bool isEnabled() const override { return true; }
     QColor getNodeColor() const override { return colour; }
-    void setDirty() override {}
     MO_PortMode portMode() const override { return mode; }
     unsigned int nInPorts() const override { return static_cast<unsigned int>(ins.size()); }
     unsigned int nOutPorts() const override { return static_cast<unsigned int>(outs.size()); }
@@ -123,13 +108,8 @@ public:
     int inPortId(const MO_Port* port) const override { return placeOf(ins, port); }
     int outPortId(const MO_Port* port) const override { return placeOf(outs, port); }
     bool hasImageOutput() const override { return imageOutput; }
-    bool isModeMultiInPort() const override { return false; }
-    AT_Attr* findAttributeByKeyword(const QString&) const override { return nullptr; }
-    AttrIterator attrsBegin() const override { return nullptr; }
-    AttrIterator attrsEnd() const override { return nullptr; }
 
     using Ports = std::vector<std::unique_ptr<StandInPort>>;
-    SC_SceneCommon* scene;
     MO_PortMode mode = MO_FixedPorts;
     bool imageOutput = true;
     QColor colour;
