@@ -269,6 +269,11 @@ Obj Attribute::node() const
     return Obj(Node::getWrapped(d->node.get()));
 }
 
+MO_Node* Attribute::getNode() const
+{
+    return d->node.get();
+}
+
 bool Attribute::operator==(const Attribute& other) const
 {
     return d->node.sameTarget(other.d->node) && d->path == other.d->path;

@@ -74,6 +74,7 @@ public:
     /// The list of the attributes inside this one; empty when it holds none.
     Obj getSubattributes() const;
     Obj node() const;
+    MO_Node* getNode() const; ///< The engine node, or null once it is gone.
 
     bool operator==(const Attribute& other) const;
     bool operator==(const Attribute* other) const;

@@ -9,6 +9,7 @@
 #include <limits>
 #include <memory>
 #include <type_traits>
+#include <vector>
 
 /// How the commands that set one value at one frame are put together: the column and its key first, the value last.
 namespace tu_attr {
@@ -90,9 +91,16 @@ public:
         add(make);
         m_column = column;
         m_isNew = make != nullptr;
-        for (const int frame : range.passiveFrames())
+        const std::vector<int> passive = range.passiveFrames();
+        const std::vector<int> edges = range.edgeFrames();
+        // All keys are made before the first one moves: a curve is cut where it was, not where it goes.
+        for (const auto* frames : {&passive, &edges}) {
+            for (const int frame : *frames)
+                addSplice(frame);
+        }
+        for (const int frame : passive)
             addKey(frame, attr.value(frame));
-        for (const int frame : range.edgeFrames())
+        for (const int frame : edges)
             addKey(frame, offset(attr.value(frame)));
         if (const auto* bezier = m_isNew ? nullptr : dynamic_cast<const TUBezierTimedValue*>(column))
             addPoints(*bezier, range);
@@ -123,15 +131,24 @@ private:
         }
     }
 
-    /// A key with this value, where none stands.
-    void addKey(double frame, Value value)
+    bool hasKey(double frame) const
     {
         const auto* keys = m_isNew ? nullptr : dynamic_cast<const AT_FncTimedValue*>(m_column);
-        if (keys && keys->isKey(frame))
-            return;
-        if (!m_isNew)
+        return keys && keys->isKey(frame);
+    }
+
+    /// A key on the curve, where none stands.
+    void addSplice(double frame)
+    {
+        if (!m_isNew && !hasKey(frame))
             add(spliceCommand(m_column, frame, isHeld(frame)));
-        add(new SetValueCmd<T>(m_attr, frame, value, isHeld(frame), true));
+    }
+
+    /// The value of the key that is made there; one that stands already is left alone.
+    void addKey(double frame, Value value)
+    {
+        if (!hasKey(frame))
+            add(new SetValueCmd<T>(m_attr, frame, value, isHeld(frame), true));
     }
 
     /// Whether the value at a frame is that of the key before it, up to the next one.
@@ -147,8 +164,18 @@ private:
         for (int index = 0; index < column.pointCount(); ++index) {
             const BezierCtrlPt point = column.point(index);
             if (isEnabled(range, point.frame))
-                add(new SetValueCmd<T>(m_attr, point.frame, offset(m_attr.value(point.frame)), point.constSegment,
-                                       true));
+                add(new SetValueCmd<T>(m_attr, point.frame, offset(valueOf(point)), point.constSegment, true));
+        }
+    }
+
+    /// The key's own value. The column may show another one at its frame, where it holds its values.
+    static Value valueOf(const BezierCtrlPt& point)
+    {
+        if constexpr (std::is_integral_v<Value>) {
+            using Limits = std::numeric_limits<Value>;
+            return static_cast<Value>(std::round(std::clamp<double>(point.value, Limits::min(), Limits::max())));
+        } else {
+            return point.value;
         }
     }
 

@@ -126,10 +126,10 @@ bool AttributeList::contains(const QVariant& value) const
     if (value.typeId() == QMetaType::QString)
         return get(value.toString()).get() != nullptr;
     const auto* attribute = objectFrom<Attribute>(value);
-    if (!attribute)
+    if (!attribute || attribute->getNode() != d->node.get())
         return false;
     const AT_Attr* sought = attribute->getAttr();
-    if (!sought || sought->node() != d->node.get())
+    if (!sought)
         return false;
     if (d->filter == Iterating)
         return std::any_of(d->items.begin(), d->items.end(), [&](const Obj& item) {

@@ -111,6 +111,16 @@ TEST_F(AttributeListTest, AnAttributeIsInTheListOfItsLevelOnly)
         EXPECT_FALSE(all.contains(other));
 }
 
+TEST_F(AttributeListTest, AnAttributeOfANodeThatIsGoneIsInNoListOfAnother)
+{
+    MO_Node* other = add("PEG", "Other");
+    const Obj angle = AttributeList(other, {}, AttributeList::AllOfLevel).get(QString("angle"));
+    const Obj iterator = all.__iter__();
+    SU_CleanUpCommands::removeNodes(scene(), {other}, false);
+    EXPECT_FALSE(all.contains(QVariant::fromValue(angle)));
+    EXPECT_FALSE(objectIn<AttributeList>(iterator)->contains(QVariant::fromValue(angle)));
+}
+
 TEST_F(AttributeListTest, AListCannotBeSet)
 {
     EXPECT_EQ(failureOf([&] { all.set(0, all.get(0)); }), "Attribute List cannot be set.");

@@ -215,6 +215,33 @@ TEST_F(DoubleAttributeTest, OffsettingARangeLeavesWhatLiesOutsideInPlace)
     expectUndoable(before);
 }
 
+TEST_F(DoubleAttributeTest, OffsettingAStretchOfACurveKeepsItsShape)
+{
+    animate("position.x", {{1, -40}, {30, 45}, {60, -20}});
+    std::vector<double> present;
+    for (int frame = 1; frame <= 60; ++frame)
+        present.push_back(x.value(frame));
+    x.offsetValue(QVariantList{10, 20}, 5);
+    for (int frame = 1; frame <= 60; ++frame) {
+        const double delta = frame >= 10 && frame <= 20 ? 5 : 0;
+        EXPECT_NEAR(x.value(frame), present[static_cast<std::size_t>(frame - 1)] + delta, 1e-9) << frame;
+    }
+}
+
+TEST_F(DoubleAttributeTest, OffsettingAKeyThatTheColumnHoldsBackAddsToItsOwnValue)
+{
+    const TUBezierTimedValue* curve = animate("position.x", {{1, 1}, {5, 7}, {6, 9}});
+    BezierColumn column(curveOf("position.x"));
+    column.setHoldStopFrame(30);
+    column.setHoldStep(4);
+    manager().clearHistory();
+    ASSERT_EQ(x.value(6), 7);
+    const QByteArray before = saved();
+    x.offsetValue(QVariant(), 5);
+    EXPECT_EQ(keysOf(*curve), Keys({{1, 6}, {5, 12}, {6, 14}}));
+    expectUndoable(before);
+}
+
 TEST_F(DoubleAttributeTest, OffsettingARangeInEitherOrderIsTheSame)
 {
     animate("position.x", {{1, 0}, {30, 10}});
