@@ -2,6 +2,7 @@
 
 #include "core/frame/undo.h"
 #include "core/host/tu_node.h"
+#include "core/nodes/indexargument.h"
 #include "core/nodes/node.h"
 #include "core/nodes/node_coordinates.h"
 #include "core/nodes/nodelist_p.h"
@@ -9,7 +10,6 @@
 
 #include <QStringList>
 
-#include <limits>
 #include <optional>
 
 namespace OMC {
@@ -23,9 +23,7 @@ std::optional<int> indexIn(const QVariant& value)
     const int index = value.toInt(&isNumber);
     if (!isNumber)
         return std::nullopt;
-    // Qt wraps a number that no int holds round to some other index.
-    const double number = value.toDouble();
-    if (!(number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max()))
+    if (!fitsIndex(value))
         ListObj::throwIndexOutOfRange();
     return index;
 }

@@ -3,6 +3,7 @@
 #include "core/host/sc_scene.h"
 #include "core/host/tu_node.h"
 #include "core/nodes/groupnode.h"
+#include "core/nodes/indexargument.h"
 #include "core/nodes/port.h"
 #include "core/nodes/portside.h"
 
@@ -89,8 +90,10 @@ bool readList(const MO_Node& own, const QVariantList& values, Target& target, QS
         return false;
     if (values.size() < 2)
         return true;
-    bool isNumber = false;
-    target.index = values.at(1).toInt(&isNumber);
+    const QVariant& index = values.at(1);
+    bool isNumber = fitsIndex(index);
+    if (isNumber)
+        target.index = index.toInt(&isNumber);
     if (!isNumber)
         error = Port::tr("Unable to find the target index.");
     return isNumber;

@@ -6,6 +6,8 @@
 #include "tests/core/support/graph.h"
 #include "tests/core/support/standinnode.h"
 
+#include <limits>
+
 using namespace OMC;
 
 namespace {
@@ -125,6 +127,13 @@ TEST_F(PortArgumentTest, WhatNamesNoInPortIsRefusedWithItsReason)
         {"index that is no number", listOf(nodeArgument, "first"), "Unable to find the target index."},
         {"index that is an object", listOf(nodeArgument, nodeArgument), "Unable to find the target index."},
         {"index of no node", listOf(1, "first"), "Unable to find the target index."},
+        {"index that no int holds", listOf(nodeArgument, 4294967296LL), "Unable to find the target index."},
+        {"index just beyond an int", listOf(nodeArgument, 2147483648LL), "Unable to find the target index."},
+        {"index far below an int", listOf(nodeArgument, -4294967296LL), "Unable to find the target index."},
+        {"endless index", listOf(nodeArgument, std::numeric_limits<double>::infinity()),
+         "Unable to find the target index."},
+        {"index that is NaN", listOf(nodeArgument, std::numeric_limits<double>::quiet_NaN()),
+         "Unable to find the target index."},
         {"index beyond", listOf(nodeArgument, 1), "There is no port at the provided index on the target node."},
         {"huge index", listOf(nodeArgument, 2147483647), "There is no port at the provided index on the target node."},
         {"node without such a port", "Top/Source", "Failed to identify specified port."},
@@ -153,6 +162,7 @@ TEST_F(PortArgumentTest, WhatNamesNoOutPortIsRefusedWithItsReason)
         {"list with a port", listOf(asArgument(port), 0), "Failed to identify specified port."},
         {"empty list", QVariantList(), "No port or node specified."},
         {"index that is no number", listOf(nodeArgument, "x"), "Unable to find the target index."},
+        {"index that no int holds", listOf(nodeArgument, 4294967296LL), "Unable to find the target index."},
         {"index beyond", listOf(nodeArgument, 7), "There is no port at the provided index on the target node."},
         {"another type", "Peg", "Failed to identify specified port."},
         {"no out-ports", "Camera", "Failed to identify specified port."},
