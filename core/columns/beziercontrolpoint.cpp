@@ -75,15 +75,16 @@ double BezierControlPoint::getHandleRightY() const
 
 void BezierControlPoint::validate() const
 {
-    if (!m_timedValue.get())
-        throwInvalid();
-    validateThreadLock();
+    controlPoint();
 }
 
 BezierCtrlPt BezierControlPoint::controlPoint() const
 {
-    validate();
-    const auto* column = columnCast<TUBezierTimedValue>(m_timedValue.get());
+    TUTimedValue* timedValue = m_timedValue.get();
+    if (!timedValue)
+        throwInvalid();
+    validateThreadLock();
+    const auto* column = columnCast<TUBezierTimedValue>(timedValue);
     BezierCtrlPt point;
     if (!column || !column->pointAt(pointFrame(), point) || point.identity != m_identity)
         throwInvalid();

@@ -38,7 +38,7 @@ protected:
     void validate() const override;
 
 private:
-    BezierCtrlPt controlPoint() const;
+    BezierCtrlPt controlPoint() const; ///< Checked to be the very one.
 
     WeakHandle<TUTimedValue> m_timedValue;
     unsigned long long m_identity = 0;

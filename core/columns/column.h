@@ -27,6 +27,8 @@ class BRINDLE_CORE_EXPORT Column : public BaseObject {
     Q_PROPERTY(QVariantList linked_attributes READ getLinkedAttributes)
 
 public:
+    static constexpr int firstIndex = 1; ///< Of the items, which are those of the frames.
+
     explicit Column(TUTimedValue* timedValue);
     Column(const Column& other);
     ~Column() override;

@@ -31,6 +31,7 @@ struct Member {
 /// The operators of a class; null where it has none.
 struct Operators {
     Py_ssize_t (*length)(OMC::BaseObject*) = nullptr;
+    int firstIndex = 0; ///< Of the items that a slice takes.
     PyObject* (*itemByIndex)(OMC::BaseObject*, int) = nullptr;
     PyObject* (*itemByKey)(OMC::BaseObject*, const QString&) = nullptr;
     void (*setItem)(OMC::BaseObject*, PyObject* key, PyObject* value) = nullptr;
@@ -228,6 +229,8 @@ void Class<T>::deriveOperators()
     Operators& operators = m_table.operators;
     if constexpr (requires { self(nullptr).size(); })
         operators.length = [](OMC::BaseObject* o) { return static_cast<Py_ssize_t>(self(o).size()); };
+    if constexpr (requires { T::firstIndex; })
+        operators.firstIndex = T::firstIndex;
     if constexpr (requires(int i) { self(nullptr).get(i); })
         operators.itemByIndex = [](OMC::BaseObject* o, int index) { return toPython(self(o).get(index)); };
     if constexpr (requires(const QString& k) { self(nullptr)(k); }) {

@@ -22,7 +22,18 @@ Py_ssize_t length(PyObject* self)
     return guarded([&] { return operatorsOf(self).length(objectOf(self)); });
 }
 
-/// The items of a slice, as a new list.
+/// The bound of a slice as Python counts, from 0. From the end it is negative and stays so; ahead of the first item it
+/// is beyond the end of a way back.
+Py_ssize_t boundFromZero(Py_ssize_t bound, Py_ssize_t first, Py_ssize_t step)
+{
+    if (bound < 0)
+        return bound;
+    if (bound < first)
+        return step < 0 ? PY_SSIZE_T_MIN : 0;
+    return bound - first;
+}
+
+/// The items of a slice, as a new list. Its bounds are indexes as a single item has them.
 PyObject* itemsOf(PyObject* self, PyObject* slice)
 {
     const Operators& operators = operatorsOf(self);
@@ -34,10 +45,13 @@ PyObject* itemsOf(PyObject* self, PyObject* slice)
     if (PySlice_Unpack(slice, &start, &stop, &step) < 0)
         throw PythonError{};
     EngineGate::enter();
+    const Py_ssize_t first = operators.firstIndex;
+    start = boundFromZero(start, first, step);
+    stop = boundFromZero(stop, first, step);
     const Py_ssize_t count = PySlice_AdjustIndices(operators.length(objectOf(self)), &start, &stop, step);
     Ref items(PyList_New(0));
     for (Py_ssize_t i = 0; items && i < count; ++i) {
-        const Ref item(operators.itemByIndex(objectOf(self), static_cast<int>(start + i * step)));
+        const Ref item(operators.itemByIndex(objectOf(self), static_cast<int>(first + start + i * step)));
         if (PyList_Append(items.get(), item.get()) < 0)
             throw PythonError{};
     }

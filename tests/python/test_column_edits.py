@@ -2,6 +2,7 @@
 
 import math
 
+import brindle
 import pytest
 
 import support
@@ -255,3 +256,26 @@ def test_a_list_of_a_column_begins_with_empty_items(rig, scene):
 def test_a_subscript_as_text_is_a_frame(rig):
     assert rig["column"]["10"].value == rig["column"][10].value == 9.0
     assert rig["column"].get("10").frame == 10.0
+
+
+def test_a_control_point_that_is_gone_or_replaced_says_so(rig):
+    point = rig["control point"]
+    names = [member["name"] for entry in brindle._describe()
+             if entry["name"] in ("ControlPoint", "BezierControlPoint") for member in entry["properties"]]
+    assert "frame" in names and "handle_right_y" in names
+    rig["column"].keyframe_remove(10)
+    assert {support.message_of(lambda n=name: getattr(point, n)) for name in names} == {support.GONE}
+    rig["column"].keyframe_create(10)
+    assert {support.message_of(lambda n=name: getattr(point, n)) for name in names} == {support.GONE}
+
+
+@pytest.mark.parametrize("cut, expected", [
+    (slice(None), [1, 2, 3, 4]), (slice(1, 3), [1, 2]), (slice(2, None), [2, 3, 4]), (slice(1, 5), [1, 2, 3, 4]),
+    (slice(0, 2), [1]), (slice(-2, None), [3, 4]), (slice(None, -1), [1, 2, 3]), (slice(4, 100), [4]),
+    (slice(3, 1), []), (slice(0, 0), []), (slice(5, None), []), (slice(None, None, 2), [1, 3]),
+    (slice(2, None, 2), [2, 4]), (slice(None, None, -1), [4, 3, 2, 1]), (slice(3, 1, -1), [3, 2]),
+    (slice(3, 0, -1), [3, 2, 1]), (slice(0, None, -1), []), (slice(4, None, -3), [4, 1]),
+])
+def test_a_slice_of_a_column_is_made_of_frames(rig, scene, cut, expected):
+    scene.frame_count = 4
+    assert [value.frame for value in rig["column"][cut]] == expected

@@ -58,10 +58,11 @@ TEST_F(BezierControlPointTest, APointThatIsGoneOrReplacedIsInvalid)
     const std::string invalid = "Object is no longer valid.";
     column.keyframeRemove(10);
     EXPECT_EQ(failureOf([&] { point.getValue(); }), invalid);
+    EXPECT_EQ(failureOf([&] { point.getFrame(); }), invalid);
     column.keyframeCreate(10);
     for (const auto& call : std::initializer_list<std::function<void()>>{
              [&] { point.getValue(); }, [&] { point.getConstSegment(); }, [&] { point.getContinuity(); },
-             [&] { point.getHandleLeftX(); }, [&] { point.__str__(); }})
+             [&] { point.getHandleLeftX(); }, [&] { point.getFrame(); }, [&] { point.__str__(); }})
         EXPECT_EQ(failureOf(call), invalid);
     EXPECT_EQ(failureOf([&] { BezierControlPoint(curve, 11).getValue(); }), invalid);
     curve->expireWeakPointers();
