@@ -120,7 +120,7 @@ Obj PortList::wrapped(const MO_Port* port) const
     return Obj(new OutPort(m_node.get(), port->id()));
 }
 
-// Required: from the last to the first, while Node::matte_port searches from the first; they differ on a node with two.
+// Required: from the last to the first, so that of two matte ports the last one counts.
 Obj PortList::lastMattePort() const
 {
     const MO_Node* node = checkedNode();
