@@ -28,6 +28,12 @@ CurvePoint kept(const BezierCtrlPt& point)
             point.rightX, point.rightY, point.identity, point.constSegment, point.continuity};
 }
 
+bool showsTheHandles(const CurvePoint& point, const BezierCtrlPt& wanted)
+{
+    return point.leftX == wanted.leftX && point.leftHandleY() == wanted.leftY && point.rightX == wanted.rightX &&
+           point.rightHandleY() == wanted.rightY;
+}
+
 bool give(const CurvePoint* found, BezierCtrlPt& point)
 {
     if (found)
@@ -302,7 +308,16 @@ bool BezierColumn::pointAfter(double frame, BezierCtrlPt& point) const
 
 bool BezierColumn::restorePoint(const BezierCtrlPt& point)
 {
-    return isKey(point.frame) && m_curve.put(kept(point));
+    const CurvePoint* there = m_curve.points().find(point.frame);
+    if (!there)
+        return false;
+    // Where only the value went, the handles stay written down as they are: the next change of it carries them as the
+    // last one did, to the last bit.
+    CurvePoint carried = *there;
+    carried.value = point.value;
+    carried.constSegment = point.constSegment;
+    carried.continuity = point.continuity;
+    return m_curve.put(showsTheHandles(carried, point) ? carried : kept(point));
 }
 
 bool BezierColumn::putPoint(const BezierCtrlPt& point)

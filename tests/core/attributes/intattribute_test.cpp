@@ -5,6 +5,7 @@
 #include "tests/core/support/standincolumn.h"
 
 #include <limits>
+#include <random>
 
 using namespace OMC;
 
@@ -67,6 +68,26 @@ TEST_F(IntAttributeTest, AnOffsetBeyondTheIntegersEndsAtTheLast)
     wrapper.offsetValue(QVariant(), std::numeric_limits<int>::min());
     EXPECT_EQ(number.held, -1);
     manager().clearHistory();
+}
+
+TEST_F(IntAttributeTest, AKeyBetweenWholeNumbersComesBackExactlyInBothDirections)
+{
+    std::mt19937 random(1);
+    const auto fraction = [&random] { return static_cast<double>(random() % 200'000) / 777; };
+    for (int round = 0; round < 100; ++round) {
+        number("position.x").unlink();
+        animate("position.x", {{1, fraction()}, {20, fraction()}, {40, fraction()}});
+        red.setColumn(number("position.x").getColumn());
+        number("position.x").setValue(20, fraction());
+        manager().clearHistory();
+        const std::string before = saved().toStdString();
+        red.setValue(20, static_cast<int>(random() % 256));
+        const std::string after = saved().toStdString();
+        undo();
+        ASSERT_EQ(saved().toStdString(), before) << round;
+        redo();
+        ASSERT_EQ(saved().toStdString(), after) << round;
+    }
 }
 
 TEST_F(IntAttributeTest, WithoutASceneNothingIsSet)
