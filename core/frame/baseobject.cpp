@@ -87,7 +87,7 @@ QVariant BaseObject::readProperty(const QMetaProperty& property) const
         throw Exception(std::string("Property is write-only."));
     QVariant value = property.read(this);
     if (!value.isValid())
-        throw Exception(std::string("Failed to read the property."));
+        throwUnread();
     return value;
 }
 
@@ -179,6 +179,11 @@ void BaseObject::throwInvalidArgument(unsigned int index)
 void BaseObject::throwUnexpected()
 {
     throw Exception(tr("An unexpected error has occurred."));
+}
+
+void BaseObject::throwUnread()
+{
+    throw Exception(std::string("Failed to read the property."));
 }
 
 void BaseObject::throwIfNotMainThread(const QString& what)

@@ -82,6 +82,7 @@ public:
     [[noreturn]] static void throwInvalid();
     [[noreturn]] static void throwInvalidArgument(unsigned int index);
     [[noreturn]] static void throwUnexpected();
+    [[noreturn]] static void throwUnread(); ///< A property gave nothing.
     static void throwIfNotMainThread(const QString& what);
     static void validateThreadLock();
 

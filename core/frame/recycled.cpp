@@ -8,25 +8,29 @@ namespace OMC {
 
 namespace {
 
-/// The least memory that is worth a shelf of its own, and how much of it a shelf keeps.
+/// Sizes of blocks, in bytes: a shelf for each step up to the largest.
 constexpr std::size_t step = 16;
+constexpr std::size_t largest = 256;
+
+/// How many blocks a shelf keeps.
 constexpr unsigned int shelfCapacity = 32;
 
 struct Block {
     Block* next;
 };
 
-/// Blocks of one size: a multiple of the step.
+/// Blocks of one size.
 struct Shelf {
     Block* first = nullptr;
     unsigned int count = 0;
     unsigned int capacity = 0; ///< None before the thread's first block, and after its end.
 };
 
-using Shelves = std::array<Shelf, 17>;
+using Shelves = std::array<Shelf, largest / step + 1>;
 [[gnu::tls_model("initial-exec")]] constinit thread_local Shelves shelves{};
 
-constexpr std::size_t shelfFor(std::size_t size)
+/// How many steps an object takes, which is the index of its shelf, where it has one.
+constexpr std::size_t stepsFor(std::size_t size)
 {
     return (size + step - 1) / step;
 }
@@ -65,12 +69,14 @@ public:
 
 void* Recycled::operator new(std::size_t size)
 {
-    const std::size_t index = shelfFor(size);
-    if (index >= shelves.size())
+    const std::size_t steps = stepsFor(size);
+    if (steps >= shelves.size())
         return ::operator new(size);
-    Shelf& shelf = shelves[index];
-    if (!shelf.first)
-        return ::operator new(index* step);
+    Shelf& shelf = shelves[steps];
+    if (!shelf.first) {
+        const std::size_t whole = steps * step;
+        return ::operator new(whole);
+    }
     --shelf.count;
     return std::exchange(shelf.first, shelf.first->next);
 }
@@ -79,7 +85,8 @@ void Recycled::operator delete(void* memory, std::size_t size) noexcept
 {
     if (!memory)
         return;
-    Shelf* const shelf = shelfFor(size) < shelves.size() ? &shelves[shelfFor(size)] : nullptr;
+    const std::size_t steps = stepsFor(size);
+    Shelf* const shelf = steps < shelves.size() ? &shelves[steps] : nullptr;
     if (!shelf || (shelf->count >= shelf->capacity && !hasRoom(*shelf))) {
         ::operator delete(memory);
         return;

@@ -73,10 +73,7 @@ void takeLock(PyThreadState* state) noexcept
     guardedFromTheEnd([state] { PyEval_RestoreThread(state); });
 }
 
-PyGILState_STATE enterInterpreter() noexcept
-{
-    return guardedFromTheEnd([] { return PyGILState_Ensure(); });
-}
+InterpreterScope::InterpreterScope() noexcept : m_before(guardedFromTheEnd([] { return PyGILState_Ensure(); })) {}
 
 PyObject* callScript(PyObject* callable, PyObject* arguments) noexcept
 {

@@ -18,10 +18,22 @@ bool canEnterInterpreter();
 /// touched without Python's lock, and it never gets that again.
 [[noreturn]] void stayForEver() noexcept;
 
-/// Both take Python's lock. At the end of the interpreter CPython ends a thread that tries, by unwinding it right
-/// there; such a thread stays here instead.
+/// Takes Python's lock, as InterpreterScope does. At the end of the interpreter CPython ends a thread that tries, by
+/// unwinding it right there; such a thread stays here instead.
 void takeLock(PyThreadState* state) noexcept;
-PyGILState_STATE enterInterpreter() noexcept;
+
+/// Native code is inside the interpreter while it lives. Scopes may lie inside each other. It must be possible to enter
+/// (`canEnterInterpreter`).
+class InterpreterScope {
+public:
+    InterpreterScope() noexcept;
+    InterpreterScope(const InterpreterScope&) = delete;
+    InterpreterScope& operator=(const InterpreterScope&) = delete;
+    ~InterpreterScope() { PyGILState_Release(m_before); }
+
+private:
+    PyGILState_STATE m_before;
+};
 
 /// Calls a script's callable with a tuple of arguments. A new reference, or null with a Python error raised.
 PyObject* callScript(PyObject* callable, PyObject* arguments) noexcept;

@@ -45,7 +45,7 @@ PyObject* readVariant(OMC::BaseObject* object, const Property& property)
     QVariant value;
     readInto(&value, object, property);
     if (!value.isValid())
-        throw OMC::Exception(std::string("Failed to read the property."));
+        OMC::BaseObject::throwUnread();
     return toPython(std::move(value));
 }
 

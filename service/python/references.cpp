@@ -15,9 +15,8 @@ void inInterpreter(Call call)
         call();
         return;
     }
-    const PyGILState_STATE state = enterInterpreter();
+    const InterpreterScope inside;
     call();
-    PyGILState_Release(state);
 }
 
 } // namespace

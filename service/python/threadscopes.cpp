@@ -27,24 +27,24 @@ public:
     GilScope()
     {
         if (canEnterInterpreter())
-            m_state = enterInterpreter();
+            m_inside.emplace();
     }
     ~GilScope() override { release(); }
 
     void release() override
     {
-        if (m_state) {
+        if (m_inside) {
             EngineGate::enterAgain();
             if (QCoreApplication::instance() && OMC::ThreadManager::mainThread())
                 OMC::ThreadManagerState::takeUpDelayedLock();
-            PyGILState_Release(*std::exchange(m_state, std::nullopt));
+            m_inside.reset();
         }
         m_parking.end();
     }
 
 private:
     PL_AppLock::Parking m_parking;
-    std::optional<PyGILState_STATE> m_state;
+    std::optional<InterpreterScope> m_inside;
 };
 
 /// A thread in Python lets others run Python; it goes on when no blocking operation has the engine. On a thread that
@@ -95,21 +95,17 @@ public:
     {
         if (!canEnterInterpreter())
             return nullptr;
-        auto halted = std::make_unique<PyGILState_STATE>(enterInterpreter());
+        auto inside = std::make_unique<InterpreterScope>();
         EngineGate::enterAgain();
-        return halted.release();
+        return inside.release();
     }
-    void resume(void* halted) noexcept override
-    {
-        PyGILState_Release(*std::unique_ptr<PyGILState_STATE>(static_cast<PyGILState_STATE*>(halted)));
-    }
+    void resume(void* halted) noexcept override { delete static_cast<InterpreterScope*>(halted); }
     void giveBackLeftLock() override
     {
         if (!canEnterInterpreter())
             return;
-        const PyGILState_STATE state = enterInterpreter();
+        const InterpreterScope inside;
         OMC::ThreadManagerState::giveBackLeftLock();
-        PyGILState_Release(state);
     }
 
 private:

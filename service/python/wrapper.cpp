@@ -35,7 +35,8 @@ FoundType& foundTypeFor(const QMetaObject* metaObject)
 /// to the next one. Used under the interpreter's lock.
 std::array<Wrapper*, 8> spareWrappers;
 
-/// Where the spare memory for a type is; null for a class that a script derived, whose instances Python collects.
+/// Where the spare memory for a type is; null where Python's collector knows the instances, as those of a class that a
+/// script derived.
 Wrapper** spareFor(PyTypeObject* type)
 {
     const std::size_t words = (static_cast<std::size_t>(type->tp_basicsize) - sizeof(Wrapper)) / sizeof(void*);

@@ -10,6 +10,17 @@ using namespace OMC;
 
 class DoubleAttributeTest : public AnimationTest {
 protected:
+    /// A curve of position.x whose column shows the value of every fourth frame up to the next one.
+    const TUBezierTimedValue* animateHeldBack()
+    {
+        const TUBezierTimedValue* curve = animate("position.x", {{1, 1}, {5, 7}, {6, 9}});
+        BezierColumn column(curveOf("position.x"));
+        column.setHoldStopFrame(30);
+        column.setHoldStep(4);
+        manager().clearHistory();
+        return curve;
+    }
+
     DoubleAttribute x = number("position.x");
 };
 
@@ -230,11 +241,7 @@ TEST_F(DoubleAttributeTest, OffsettingAStretchOfACurveKeepsItsShape)
 
 TEST_F(DoubleAttributeTest, OffsettingAKeyThatTheColumnHoldsBackAddsToItsOwnValue)
 {
-    const TUBezierTimedValue* curve = animate("position.x", {{1, 1}, {5, 7}, {6, 9}});
-    BezierColumn column(curveOf("position.x"));
-    column.setHoldStopFrame(30);
-    column.setHoldStep(4);
-    manager().clearHistory();
+    const TUBezierTimedValue* curve = animateHeldBack();
     ASSERT_EQ(x.value(6), 7);
     const QByteArray before = saved();
     x.offsetValue(QVariant(), 5);
@@ -334,11 +341,7 @@ TEST_F(DoubleAttributeTest, AnOffsetOverAllIntegersIsRefusedAtOnce)
 
 TEST_F(DoubleAttributeTest, AValueOfAHeldFrameComesBackToItsKey)
 {
-    animate("position.x", {{1, 1}, {5, 7}, {6, 9}});
-    BezierColumn column(curveOf("position.x"));
-    column.setHoldStopFrame(30);
-    column.setHoldStep(4);
-    manager().clearHistory();
+    animateHeldBack();
     ASSERT_EQ(x.value(6), 7);
     const QByteArray before = saved();
     x.setValue(6, 0.3);
