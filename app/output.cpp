@@ -8,7 +8,7 @@ namespace app {
 
 int fail(const QString& sentence, int code)
 {
-    std::fprintf(stderr, "brindle: %s\n", engine::shown(sentence).toLocal8Bit().constData());
+    std::fprintf(stderr, "brindle: %s\n", brindle::engine::shown(sentence).toLocal8Bit().constData());
     return code;
 }
 

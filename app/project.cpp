@@ -61,8 +61,9 @@ QString sceneLine(const TUScene& scene, const Counts& counts)
 {
     const SC_SceneCommon& common = *scene.sceneCommon();
     return QString("Scene \"%1\": %2 (%3 to %4) at %5 fps, %6\n")
-        .arg(engine::shown(scene.name()), counted(counts.frames, "frame"), QString::number(common.getStartFrame()),
-             QString::number(common.getStopFrame()), QString::number(scene.frameRate().fps()), contents(counts));
+        .arg(brindle::engine::shown(scene.name()), counted(counts.frames, "frame"),
+             QString::number(common.getStartFrame()), QString::number(common.getStopFrame()),
+             QString::number(scene.frameRate().fps()), contents(counts));
 }
 
 QString resolutionLine(const SC_ProjectCommon& project)
@@ -100,7 +101,7 @@ int newProject(const QStringList& arguments)
     const SC_Project* project = session->projectManager()->createProject(arguments.first(), error);
     if (!project)
         return fail(error, failed);
-    print(QString("Made %1\n").arg(engine::shown(project->path())));
+    print(QString("Made %1\n").arg(brindle::engine::shown(project->path())));
     return done;
 }
 
@@ -114,7 +115,7 @@ int projectInfo(const QStringList& arguments)
     if (!project)
         return fail(error, failed);
     const SC_ProjectCommon& common = *project->projectCommon();
-    QString text = QString("Project: %1\n").arg(engine::shown(project->path())) + resolutionLine(common) +
+    QString text = QString("Project: %1\n").arg(brindle::engine::shown(project->path())) + resolutionLine(common) +
                    QString("Colour space: %1\n").arg(common.projectColorSpace());
     Counts total;
     for (int index = 0; index < project->sceneCount(); ++index) {
@@ -127,7 +128,7 @@ int projectInfo(const QStringList& arguments)
     if (project->sceneCount() > 1)
         text += QString("All %1 scenes: %2, %3\n")
                     .arg(QString::number(project->sceneCount()), counted(total.frames, "frame"), contents(total));
-    const QString last = engine::shown(project->lastChange().simplified());
+    const QString last = brindle::engine::shown(project->lastChange().simplified());
     print(text + QString("Last change: %1\n").arg(last.isEmpty() ? QString("none") : last) + sizeLine(project->path()));
     return done;
 }

@@ -91,10 +91,10 @@ int runScript(const QStringList& arguments)
     if (const QString reason = loadPythonLibrary(); !reason.isEmpty())
         return fail(QString("Scripting can't be loaded: %1").arg(reason), failed);
 
-    engine::setBatchMode(engine::BatchMode::Python);
-    engine::setLogVerbose(options.verbose);
-    const engine::Application application("brindle", BRINDLE_VERSION, false);
-    const auto session = engine::createPythonSession();
+    brindle::engine::setBatchMode(brindle::engine::BatchMode::Python);
+    brindle::engine::setLogVerbose(options.verbose);
+    const brindle::engine::Application application("brindle", BRINDLE_VERSION, false);
+    const auto session = brindle::engine::createPythonSession();
     Scripting::loadScriptInterface(session.get());
     OMC::VectorizationInterface::loadInterface(session.get());
     BAPP_ScriptEngine* scripts = application.scriptHost()->scriptEngine();

@@ -25,7 +25,7 @@ public:
     Application()
     {
         bench::Project::dropShared();
-        m_session = engine::createPythonSession();
+        m_session = brindle::engine::createPythonSession();
         QString error;
         if (!m_session->projectManager()->createProject(m_folder.filePath(QStringLiteral("project")), error))
             throw std::runtime_error(error.toStdString());

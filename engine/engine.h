@@ -12,7 +12,7 @@
 /// The open engine, as the program that starts it sees it. A session without Python is made by
 /// SC_SessionContext::create (in core/host/sc_session.h), one with it by `createPythonSession`; these are the facts
 /// that only the program knows. Everything else is behind the host's names.
-namespace engine {
+namespace brindle::engine {
 
 /// What the process runs for, when no person works with it.
 enum class BatchMode { None, Scripting, Rendering, Python };
@@ -87,4 +87,4 @@ private:
     std::unique_ptr<Private> d;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -45,13 +45,13 @@ int work(SC_SessionContext& session, BAPP_ScriptConsole& console, const Options&
 
 int run(const Options& options)
 {
-    engine::setLogVerbose(options.verbose);
-    engine::Application application("brindle", BRINDLE_VERSION, true);
-    const auto session = engine::createPythonSession();
+    brindle::engine::setLogVerbose(options.verbose);
+    brindle::engine::Application application("brindle", BRINDLE_VERSION, true);
+    const auto session = brindle::engine::createPythonSession();
     if (const QString error = openProject(*session, options); !error.isEmpty())
         return fail(error, failed);
 
-    const engine::MainLoop loop;
+    const brindle::engine::MainLoop loop;
     Scripting scripting(application, *session);
     if (!scripting.console())
         return fail(QString("Scripting can't be loaded: %1").arg(scripting.error()), failed);

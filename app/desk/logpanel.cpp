@@ -57,7 +57,7 @@ LogPanel::LogPanel(bool showsDebug, QWidget* parent)
     connect(m_debug, &QCheckBox::toggled, this, &LogPanel::showAll);
     connect(clearButton, &QPushButton::clicked, this, &LogPanel::clear);
     connect(&m_arriving, &MessageQueue::arrived, this, &LogPanel::add);
-    engine::setLogSink([this](MSG_Scope::Action action, const QString& text) {
+    brindle::engine::setLogSink([this](MSG_Scope::Action action, const QString& text) {
         const Level& level = levelOf(action);
         m_arriving.post(level.tone, level.mark + text + u'\n');
     });
@@ -65,7 +65,7 @@ LogPanel::LogPanel(bool showsDebug, QWidget* parent)
 
 LogPanel::~LogPanel()
 {
-    engine::setLogSink({});
+    brindle::engine::setLogSink({});
 }
 
 void LogPanel::clear()

@@ -42,7 +42,7 @@ private:
     CO_CommandManager* history() const { return m_session.commandManager(); }
 
     SC_SessionContext& m_session;
-    engine::SessionWatch m_watch;
+    brindle::engine::SessionWatch m_watch;
 };
 
 } // namespace app::desk

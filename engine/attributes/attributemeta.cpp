@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -88,4 +88,4 @@ AttributeTable::AttributeTable(std::span<const AttributeSpec> specs) : topCount(
     }
 }
 
-} // namespace engine
+} // namespace brindle::engine

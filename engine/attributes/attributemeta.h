@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 enum class AttributeKind { Bool, Int, Double, Text, Enum, Colour, Position2d, Position3d, Drawing, Complex };
 
@@ -80,4 +80,4 @@ struct AttributeTable {
 /// A text that lives as long as the process as a QString, without a copy of its letters.
 QString literalText(std::u16string_view text);
 
-} // namespace engine
+} // namespace brindle::engine

@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <type_traits>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -294,4 +294,4 @@ template class ComplexAttribute<AT_ColorAttr>;
 template class ComplexAttribute<AT_Position2dAttr>;
 template class ComplexAttribute<AT_Position3dAttr>;
 
-} // namespace engine
+} // namespace brindle::engine

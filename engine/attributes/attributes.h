@@ -4,7 +4,7 @@
 #include "engine/attributes/attributemeta.h"
 #include "engine/curves/column.h"
 
-namespace engine {
+namespace brindle::engine {
 
 /// What the attributes of all kinds say of themselves; `Base` is the host class of the kind.
 template <typename Base>
@@ -142,4 +142,4 @@ extern template class ComplexAttribute<AT_ColorAttr>;
 extern template class ComplexAttribute<AT_Position2dAttr>;
 extern template class ComplexAttribute<AT_Position3dAttr>;
 
-} // namespace engine
+} // namespace brindle::engine

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <new>
 
-namespace engine {
+namespace brindle::engine {
 
 struct AttributeSet::Private {
     const AttributeTable& table;
@@ -83,7 +83,7 @@ MO_Node::AttrIterator AttributeSet::end() const
     return d->attributes.get() + d->table.topCount;
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 bool AT_ComplexAttr::splitNames(const QString& path, QString& first, QString& rest)
 {

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-namespace engine {
+namespace brindle::engine {
 
 struct AttributeTable;
 
@@ -28,4 +28,4 @@ private:
     std::unique_ptr<Private> d;
 };
 
-} // namespace engine
+} // namespace brindle::engine

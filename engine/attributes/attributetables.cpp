@@ -5,7 +5,7 @@
 
 #include <limits>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -150,4 +150,4 @@ const AttributeTable& attributeTable(const QString& nodeType)
     return found == tables.constEnd() ? none : **found;
 }
 
-} // namespace engine
+} // namespace brindle::engine

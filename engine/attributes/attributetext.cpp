@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-namespace engine::attribute_text {
+namespace brindle::engine::attribute_text {
 
 QString write(bool value)
 {
@@ -50,4 +50,4 @@ bool read(const QString& text, double& value)
     return true;
 }
 
-} // namespace engine::attribute_text
+} // namespace brindle::engine::attribute_text

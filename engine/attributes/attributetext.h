@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace engine::attribute_text {
+namespace brindle::engine::attribute_text {
 
 /// How values are written as text, the same in every locale: "true" and "false", whole numbers, and numbers in the
 /// fewest digits that give them back.
@@ -16,4 +16,4 @@ bool read(const QString& text, bool& value); ///< In any case; also "1" and "0".
 bool read(const QString& text, int& value);
 bool read(const QString& text, double& value);
 
-} // namespace engine::attribute_text
+} // namespace brindle::engine::attribute_text

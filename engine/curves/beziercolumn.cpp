@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -390,4 +390,4 @@ std::unique_ptr<CO_Command> BezierColumn::clearFramesCommand(int at, int count)
     });
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -5,7 +5,7 @@
 
 #include <unordered_map>
 
-namespace engine {
+namespace brindle::engine {
 
 /// A bezier column of the open engine: a curve, the frames over which its value is held, and what every column has.
 ///
@@ -136,4 +136,4 @@ std::unique_ptr<CO_Command> BezierColumn::editCommand(Edit edit)
     return std::make_unique<EditBy<Edit>>(*this, std::move(edit));
 }
 
-} // namespace engine
+} // namespace brindle::engine

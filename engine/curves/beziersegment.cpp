@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-namespace engine {
+namespace brindle::engine {
 
 BezierSegment::BezierSegment(const CurvePoint& from, const CurvePoint& to)
     : m_x{from.frame, std::max(from.rightX, from.frame), std::min(to.leftX, to.frame), to.frame},
@@ -91,4 +91,4 @@ BezierSegment::Parts BezierSegment::split(double frame) const
     return parts;
 }
 
-} // namespace engine
+} // namespace brindle::engine

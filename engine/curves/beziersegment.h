@@ -2,7 +2,7 @@
 
 #include "engine/curves/curvepoints.h"
 
-namespace engine {
+namespace brindle::engine {
 
 /// The cubic Bezier curve between two neighbouring control points, in the plane of frame and value.
 ///
@@ -35,4 +35,4 @@ private:
     double m_y[4];
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -7,7 +7,7 @@
 
 #include <unordered_set>
 
-namespace engine {
+namespace brindle::engine {
 
 Socket::~Socket()
 {
@@ -130,4 +130,4 @@ void tellChanged(const AT_Attr& attr)
     }
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 class AttributeMeta;
 class Column;
@@ -109,4 +109,4 @@ private:
 /// Tells the attribute's node, and its scene, that its value changed.
 void tellChanged(const AT_Attr& attr);
 
-} // namespace engine
+} // namespace brindle::engine

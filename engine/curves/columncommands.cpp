@@ -4,9 +4,9 @@
 
 namespace {
 
-using engine::Column;
-using engine::ColumnList;
-using engine::Socket;
+using brindle::engine::Column;
+using brindle::engine::ColumnList;
+using brindle::engine::Socket;
 
 /// Puts a link in place of the one that a socket has, or just cuts that one.
 class SetLink final : public CO_Command {
@@ -29,7 +29,7 @@ public:
             m_socket->link(*m_column);
         else
             m_socket->unlink();
-        engine::tellChanged(*m_socket->attr());
+        brindle::engine::tellChanged(*m_socket->attr());
         return kOk;
     }
 
@@ -41,7 +41,7 @@ public:
             m_socket->restore(*m_before, m_order);
         else
             m_socket->unlink();
-        engine::tellChanged(*m_socket->attr());
+        brindle::engine::tellChanged(*m_socket->attr());
         return kOk;
     }
 

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -124,18 +124,18 @@ QString ColumnList::freeName(const QString& prefix) const
     return name;
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 QString TUTimedValue::generateAnonymousName(const SC_SceneCommon* scene, const QString& prefix)
 {
     const QString base = prefix.isEmpty() ? QString("ATV") : prefix;
-    if (const auto* list = engine::ColumnList::of(scene))
+    if (const auto* list = brindle::engine::ColumnList::of(scene))
         return list->freeName(base);
     const auto* columns = scene ? scene->timedValues() : nullptr;
     QString name;
     int number = 0;
     do {
-        name = engine::numbered(base, ++number);
+        name = brindle::engine::numbered(base, ++number);
     } while (columns && columns->findTimedValue(name, 0));
     return name;
 }

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-namespace engine {
+namespace brindle::engine {
 
 /// The columns of a scene: kept in order, found by name in constant time. It belongs to the scene.
 ///
@@ -48,4 +48,4 @@ protected:
     ~ColumnListOwner() = default;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -345,4 +345,4 @@ void Curve::revert(CurveLog& log)
     }
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 /// One elementary change of a curve's points, with what takes it back.
 struct CurveChange {
@@ -67,4 +67,4 @@ private:
     unsigned long long m_identities = 0;
 };
 
-} // namespace engine
+} // namespace brindle::engine

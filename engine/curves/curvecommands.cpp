@@ -2,9 +2,9 @@
 
 namespace {
 
-using engine::BezierColumn;
-using engine::Curve;
-using engine::CurveLog;
+using brindle::engine::BezierColumn;
+using brindle::engine::Curve;
+using brindle::engine::CurveLog;
 
 /// What a command on a column of another engine, or on none, comes to.
 class RefusedCommand final : public CO_Command {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -153,4 +153,4 @@ void CurvePoints::joinSmall(int index)
     m_firstFrames.erase(m_firstFrames.begin() + index + 1);
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 /// A control point as a curve keeps it.
 ///
@@ -106,4 +106,4 @@ private:
     int m_size = 0;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace engine {
+namespace brindle::engine {
 
 bool FrameShift::carry(int& first, int& last) const
 {
@@ -20,4 +20,4 @@ bool FrameShift::carry(int& first, int& last) const
     return first <= last;
 }
 
-} // namespace engine
+} // namespace brindle::engine

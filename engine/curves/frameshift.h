@@ -1,6 +1,6 @@
 #pragma once
 
-namespace engine {
+namespace brindle::engine {
 
 /// Frames that come into a scene or go out of it: `delta` frames come in behind frame `at`, or the -`delta` frames
 /// behind it go.
@@ -14,4 +14,4 @@ struct FrameShift {
     bool carry(int& first, int& last) const;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -10,7 +10,7 @@
 #include <numeric>
 #include <optional>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -136,4 +136,4 @@ void linkColumn(const JsonPlace& place, TUTimedValue& column, const DrivenAttrib
     }
 }
 
-} // namespace engine
+} // namespace brindle::engine

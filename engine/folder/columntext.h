@@ -2,7 +2,7 @@
 
 #include "engine/folder/nodeattributes.h"
 
-namespace engine {
+namespace brindle::engine {
 
 class ColumnList;
 
@@ -14,4 +14,4 @@ void readColumn(const JsonPlace& place, ColumnList& columns);
 /// Links the column to the attributes that it drives.
 void linkColumn(const JsonPlace& place, TUTimedValue& column, const DrivenAttributes& driven);
 
-} // namespace engine
+} // namespace brindle::engine

@@ -15,7 +15,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -285,4 +285,4 @@ FolderLock::~FolderLock()
     ::close(m_descriptor);
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -6,7 +6,7 @@
 
 #include <chrono>
 
-namespace engine {
+namespace brindle::engine {
 
 /// Why a project could not be read or written: a sentence without its beginning ("Cannot open the project: ") and its
 /// full stop. Thrown within engine/folder only; `ProjectFolder` turns it into its error.
@@ -72,4 +72,4 @@ private:
     int m_descriptor;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -4,7 +4,7 @@
 #include "engine/folder/jsonplace.h"
 #include "engine/folder/jsonwriter.h"
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -273,4 +273,4 @@ void FolderTransaction::recover(const QString& folder)
     removeStage(folder);
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 /// A change of several files of a folder that happens whole or not at all, also when the process is killed halfway.
 ///
@@ -50,4 +50,4 @@ private:
     QStringList m_removed;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 JsonFile::JsonFile(const QString& path, const QByteArray& content) : m_path(path), m_content(content)
 {
@@ -206,4 +206,4 @@ int JsonPlace::requireFormat(const char* format, int newest) const
     return found;
 }
 
-} // namespace engine
+} // namespace brindle::engine

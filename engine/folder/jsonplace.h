@@ -12,7 +12,7 @@
 
 #include <initializer_list>
 
-namespace engine {
+namespace brindle::engine {
 
 class JsonPlace;
 
@@ -87,4 +87,4 @@ private:
     QJsonObject m_object;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <string_view>
 
-namespace engine::json_scan {
+namespace brindle::engine::json_scan {
 
 namespace {
 
@@ -178,4 +178,4 @@ Position positionOf(const QByteArray& text, qsizetype offset)
             std::count_if(begin + lineStart, begin + end, startsCharacter) + 1};
 }
 
-} // namespace engine::json_scan
+} // namespace brindle::engine::json_scan

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 /// Where things stand in JSON text. The text has been parsed already, so it is known to be valid; these passes run to
 /// tell a person the place of a fault, which a parsed document doesn't keep.
@@ -35,4 +35,4 @@ Position positionOf(const QByteArray& text, qsizetype offset);
 
 } // namespace json_scan
 
-} // namespace engine
+} // namespace brindle::engine

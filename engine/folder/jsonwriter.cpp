@@ -2,7 +2,7 @@
 
 #include <charconv>
 
-namespace engine {
+namespace brindle::engine {
 
 void JsonWriter::newLine()
 {
@@ -149,4 +149,4 @@ QByteArray JsonWriter::result() const
     return QByteArray(m_out.data(), qsizetype(m_out.size())) + '\n';
 }
 
-} // namespace engine
+} // namespace brindle::engine

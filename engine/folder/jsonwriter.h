@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace engine {
+namespace brindle::engine {
 
 /// Writes JSON that diffs well: a value a line, indented by two spaces, the order as called; arrays that are begun
 /// inline stay on one line. The same calls give the same bytes.
@@ -44,4 +44,4 @@ private:
     bool m_behindKey = false;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -10,7 +10,7 @@
 #include <memory>
 #include <utility>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -218,4 +218,4 @@ void NodeAttributeReader::read(const JsonPlace& node, MO_Node& host)
     }
 }
 
-} // namespace engine
+} // namespace brindle::engine

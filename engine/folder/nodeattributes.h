@@ -9,7 +9,7 @@
 #include <variant>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 class JsonPlace;
 class JsonWriter;
@@ -58,4 +58,4 @@ private:
     DrivenAttributes m_driven;
 };
 
-} // namespace engine
+} // namespace brindle::engine

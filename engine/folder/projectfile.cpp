@@ -7,7 +7,7 @@
 
 #include <limits>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -159,4 +159,4 @@ QStringList readProjectFile(const JsonFile& file, ProjectRecord& record)
     return sceneFiles;
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QStringList>
 
-namespace engine {
+namespace brindle::engine {
 
 class JsonFile;
 struct ProjectRecord;
@@ -26,4 +26,4 @@ QByteArray projectFileText(const ProjectRecord& record, const QStringList& scene
 /// The files of the scenes, and all else in `record`. Throws `FolderFailure`.
 QStringList readProjectFile(const JsonFile& file, ProjectRecord& record);
 
-} // namespace engine
+} // namespace brindle::engine

@@ -13,7 +13,7 @@
 
 #include <optional>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -240,4 +240,4 @@ bool ProjectFolder::readOnly(ProjectMaker& maker, QString& error) const
     return attempt("open", error, [&] { readProject(maker, nullptr); });
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -8,7 +8,7 @@
 
 class TUScene;
 
-namespace engine {
+namespace brindle::engine {
 
 class ProjectLock;
 
@@ -85,4 +85,4 @@ private:
     QString m_path;
 };
 
-} // namespace engine
+} // namespace brindle::engine

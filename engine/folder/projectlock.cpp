@@ -17,7 +17,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -197,4 +197,4 @@ bool ProjectLock::isOn(const QString& folder) const
            info.st_ino == m_inode;
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -6,7 +6,7 @@
 
 class QLockFile;
 
-namespace engine {
+namespace brindle::engine {
 
 /// That a process works on a project: a file ".brindle-lock" in its folder, from opening to closing. It tells other
 /// processes who has the project; they can read it meanwhile.
@@ -44,4 +44,4 @@ private:
     unsigned long long m_inode = 0;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -6,7 +6,7 @@
 
 class TUScene;
 
-namespace engine {
+namespace brindle::engine {
 
 class JsonFile;
 class ProjectMaker;
@@ -56,4 +56,4 @@ QByteArray sceneText(const TUScene& scene);
 /// Makes the scene. `names` are those of the scenes read before. Throws `FolderFailure`.
 void readScene(const JsonFile& file, QSet<QString>& names, ProjectMaker& maker);
 
-} // namespace engine
+} // namespace brindle::engine

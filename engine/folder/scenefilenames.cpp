@@ -2,7 +2,7 @@
 
 #include <QSet>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -50,4 +50,4 @@ bool isSceneFileName(const QString& path)
            !name.contains(QChar(0)) && name.isValidUtf16();
 }
 
-} // namespace engine
+} // namespace brindle::engine

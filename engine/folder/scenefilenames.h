@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-namespace engine {
+namespace brindle::engine {
 
 /// The files of scenes in the project's folder, "scenes/Scene-1.json", from the scenes' names alone.
 ///
@@ -14,4 +14,4 @@ QStringList sceneFileNames(const QStringList& sceneNames);
 /// Whether a path may be the file of a scene: a name right in "scenes" that ends in ".json".
 bool isSceneFileName(const QString& path);
 
-} // namespace engine
+} // namespace brindle::engine

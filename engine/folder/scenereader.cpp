@@ -12,7 +12,7 @@
 
 #include <limits>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -297,4 +297,4 @@ void readScene(const JsonFile& file, QSet<QString>& names, ProjectMaker& maker)
     file.requireNoFieldTwice();
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -7,7 +7,7 @@
 #include "engine/folder/nodeattributes.h"
 #include "engine/graph/group.h"
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -147,4 +147,4 @@ QByteArray sceneText(const TUScene& scene)
     return SceneWriter(scene).text();
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <stdexcept>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -142,4 +142,4 @@ std::vector<double> bernsteinRoots(std::span<const double> coefficients)
     return roots;
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -9,7 +9,7 @@
 #include <cmath>
 #include <stdexcept>
 
-using namespace engine;
+using namespace brindle::engine;
 
 namespace {
 
@@ -63,7 +63,7 @@ std::vector<Meeting> meetingsBetween(const GR_Bezier2d& one, const GR_Bezier2d& 
     const PlaneCurve second = planeCurve(other);
     requireFinite(first);
     requireFinite(second);
-    std::vector<Meeting> meetings = engine::meetings(first, second);
+    std::vector<Meeting> meetings = brindle::engine::meetings(first, second);
     std::erase_if(meetings, [&](const Meeting& at) { return !hasEnd(one, at.first) || !hasEnd(other, at.second); });
     return meetings;
 }

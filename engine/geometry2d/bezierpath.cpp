@@ -6,7 +6,7 @@
 #include <cmath>
 #include <stdexcept>
 
-using namespace engine;
+using namespace brindle::engine;
 
 namespace {
 

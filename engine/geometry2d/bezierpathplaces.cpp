@@ -12,7 +12,7 @@
 
 // What happens along a path: evaluation, parts, and where it meets points, areas and other paths.
 
-using namespace engine;
+using namespace brindle::engine;
 
 namespace {
 

@@ -9,7 +9,7 @@
 
 // What a path looks like: its boxes, tangents, lengths and areas.
 
-using namespace engine;
+using namespace brindle::engine;
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -146,4 +146,4 @@ std::vector<std::size_t> CornerFinder::corners() const
     return corners;
 }
 
-} // namespace engine
+} // namespace brindle::engine

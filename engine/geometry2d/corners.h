@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 /// The corners among points that a path is to be fitted to, and the directions of the path at them.
 ///
@@ -48,4 +48,4 @@ private:
     std::vector<char> m_standsOut;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -168,4 +168,4 @@ std::vector<Meeting> crossings(const PlaneCurve& first, const PlaneCurve& second
     return found;
 }
 
-} // namespace engine
+} // namespace brindle::engine

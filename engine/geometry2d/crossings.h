@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 /// Where two curves, or two places of one curve, come together: the parameters of both.
 struct Meeting {
@@ -30,4 +30,4 @@ Meeting polished(const PlaneCurve& first, const PlaneCurve& second, Meeting at);
 /// Compared with the clipping of lib2geom, a place where a division happens to fall isn't lost.
 std::vector<Meeting> crossings(const PlaneCurve& first, const PlaneCurve& second, const std::vector<Stretch>& known);
 
-} // namespace engine
+} // namespace brindle::engine

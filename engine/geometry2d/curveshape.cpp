@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -201,4 +201,4 @@ double sectorArea(const PlaneCurve& curve, const Math::Point2d& centre)
     return sum / 2;
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -2,7 +2,7 @@
 
 #include "engine/geometry2d/planecurve.h"
 
-namespace engine {
+namespace brindle::engine {
 
 /// What a plane curve looks like. All throw std::domain_error when a point is not finite.
 
@@ -23,4 +23,4 @@ double length(const PlaneCurve& curve);
 /// around the centre. The sum over the curves of a closed path is its area, whatever the centre.
 double sectorArea(const PlaneCurve& curve, const Math::Point2d& centre);
 
-} // namespace engine
+} // namespace brindle::engine

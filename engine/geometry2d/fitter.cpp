@@ -8,7 +8,7 @@
 #include <cmath>
 #include <stdexcept>
 
-using namespace engine;
+using namespace brindle::engine;
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <tuple>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -254,4 +254,4 @@ std::vector<Meeting> selfMeetings(const PlaneCurve& curve)
     return {{low, high}};
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 /// The meetings of two curves, ascending by the first parameter: ends that touch count, and of stretches that coincide
 /// both ends. Curves with finite points only. Curved ones are searched for crossings(); a straight one meets another by
@@ -20,4 +20,4 @@ constexpr double sameParameter = 1e-9;
 /// difference quotient (P(t) - P(u)) / (t - u) zero, which is linear in t + u and in tu - (t + u)^2.
 std::vector<Meeting> selfMeetings(const PlaneCurve& curve);
 
-} // namespace engine
+} // namespace brindle::engine

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -60,4 +60,4 @@ std::optional<NearestPlace> nearest(const PlaneCurve& curve, const Math::Point2d
     return NearestPlace{distanceSquared(finiteResult(curve.at(best)), point), best};
 }
 
-} // namespace engine
+} // namespace brindle::engine

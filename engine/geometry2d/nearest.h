@@ -4,7 +4,7 @@
 
 #include <optional>
 
-namespace engine {
+namespace brindle::engine {
 
 struct NearestPlace {
     double distanceSquared; ///< Infinite when it is larger than what a double holds.
@@ -16,4 +16,4 @@ struct NearestPlace {
 /// None when a number is not finite.
 std::optional<NearestPlace> nearest(const PlaneCurve& curve, const Math::Point2d& point);
 
-} // namespace engine
+} // namespace brindle::engine

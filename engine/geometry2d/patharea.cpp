@@ -5,7 +5,7 @@
 
 #include <cstdlib>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -64,4 +64,4 @@ PathArea::Place PathArea::placeOf(const Math::Point2d& point) const
     return inside ? Inside : Outside;
 }
 
-} // namespace engine
+} // namespace brindle::engine

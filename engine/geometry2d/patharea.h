@@ -5,7 +5,7 @@
 
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 /// The area that a path fills, for asking about many places: the path's curves, and a straight line that closes it.
 class PathArea {
@@ -29,4 +29,4 @@ private:
     Math::Constants::FillType m_fill;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -249,4 +249,4 @@ std::vector<double> pathSelfMeetings(const GR_BezierPath2d& path, Wanted wanted)
     return parameters;
 }
 
-} // namespace engine
+} // namespace brindle::engine

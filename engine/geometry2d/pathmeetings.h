@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 /// Any: the search ends with the first pair of curves that meet.
 enum class Wanted { All, Any };
@@ -17,4 +17,4 @@ std::vector<double> pathMeetings(const GR_BezierPath2d& first, const GR_BezierPa
 /// Where a path meets itself: of each place the lowest parameter, ascending.
 std::vector<double> pathSelfMeetings(const GR_BezierPath2d& path, Wanted wanted = Wanted::All);
 
-} // namespace engine
+} // namespace brindle::engine

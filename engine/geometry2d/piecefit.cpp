@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -195,4 +195,4 @@ PieceFit improvedFit(std::span<const Math::Point2d> points, const EndTangents& t
     return best;
 }
 
-} // namespace engine
+} // namespace brindle::engine

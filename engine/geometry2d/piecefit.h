@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 /// The directions in which a piece leaves its first point and comes back from its last one, of length 1; zero where the
 /// fit is free to choose.
@@ -39,4 +39,4 @@ void improveParameters(std::span<const Math::Point2d> points, const PlaneCurve& 
 PieceFit improvedFit(std::span<const Math::Point2d> points, const EndTangents& tangents, double tolerance,
                      const GR_BezierPath2dFitterOptions& options);
 
-} // namespace engine
+} // namespace brindle::engine

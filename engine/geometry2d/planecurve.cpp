@@ -6,7 +6,7 @@
 #include <cmath>
 #include <stdexcept>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -233,4 +233,4 @@ Math::Point2d UnitFrame::fromUnit(const Math::Point2d& point) const
     return {m_centre.x + point.x * m_scale, m_centre.y + point.y * m_scale};
 }
 
-} // namespace engine
+} // namespace brindle::engine

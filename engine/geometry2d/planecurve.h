@@ -11,7 +11,7 @@
 
 class GR_BezierPath2d;
 
-namespace engine {
+namespace brindle::engine {
 
 using ControlPoints = std::array<Math::Point2d, GR_Bezier2d::maxDegree + 1>;
 
@@ -110,4 +110,4 @@ private:
 /// everywhere, and for coefficients that aren't finite.
 std::vector<double> bernsteinRoots(std::span<const double> coefficients);
 
-} // namespace engine
+} // namespace brindle::engine

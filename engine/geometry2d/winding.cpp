@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -54,4 +54,4 @@ int rayCrossings(const PlaneCurve& curve, const Math::Point2d& point)
     return crossings;
 }
 
-} // namespace engine
+} // namespace brindle::engine

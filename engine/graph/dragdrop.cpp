@@ -11,7 +11,7 @@
 
 #include <utility>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -273,10 +273,10 @@ bool isComposite(const Node& node)
 
 } // namespace
 
-} // namespace engine
+} // namespace brindle::engine
 
-using engine::PortKind;
-using engine::PortSide;
+using brindle::engine::PortKind;
+using brindle::engine::PortSide;
 
 DD_Selection::DD_Selection() : d(std::make_unique<Private>()) {}
 
@@ -311,7 +311,7 @@ DD_Selection::NodeIterator DD_Selection::NodeEnd() const
 void DD_Selection::GetFilteredNodes(std::set<MO_Node*>& nodes) const
 {
     nodes.clear();
-    for (const engine::Node* node : engine::topsOf(d->nodes))
+    for (const brindle::engine::Node* node : brindle::engine::topsOf(d->nodes))
         nodes.insert(&node->host());
 }
 
@@ -328,25 +328,25 @@ DD_DragObject DD_System::CreateDragObject(SC_SceneCommon* scene, const DD_Select
     if (data.nodes.empty() || data.frameCount < 1)
         return DD_DragObject();
     for (MO_Node* host : data.nodes) {
-        const engine::Node* node = engine::nodeIn(scene, host);
+        const brindle::engine::Node* node = brindle::engine::nodeIn(scene, host);
         if (!node || !node->parent())
             return DD_DragObject();
     }
     auto object = std::make_shared<DD_DragObject::Private>();
-    engine::Dragger(*object).drag(engine::topsOf(data.nodes));
+    brindle::engine::Dragger(*object).drag(brindle::engine::topsOf(data.nodes));
     return DD_DragObject(std::move(object));
 }
 
 bool DD_System::DropDragObjectNewLayer(SC_SessionContext* session, SC_SceneCommon* scene, TUGroup* host,
                                        const DD_DragObject& dragObject, const DD_DropMode& mode, DD_Selection& dropped)
 {
-    engine::Group* group = engine::groupIn(scene, host);
+    brindle::engine::Group* group = brindle::engine::groupIn(scene, host);
     if (!session || !group || !dragObject.isValid() || !mode.makesNodes())
         return false;
     CO_CommandManager& manager = *scene->commandManager();
     CO_CommandAccumScope scope(&manager, QStringLiteral("Drop Nodes"), nullptr, CO_CommandAccumScope::kDefault);
     dropped.data() = {};
-    if (engine::Dropper(manager, *group, dropped.data()).drop(dragObject.data()))
+    if (brindle::engine::Dropper(manager, *group, dropped.data()).drop(dragObject.data()))
         return true;
     dropped.data() = {};
     scope.cancel();
@@ -357,13 +357,13 @@ bool DD_System::FindOrCreateComposite(SC_SceneCommon* scene, const DD_DropMode&,
                                       MO_Node*& composite)
 {
     composite = nullptr;
-    const engine::Group* group = engine::groupIn(scene, host);
+    const brindle::engine::Group* group = brindle::engine::groupIn(scene, host);
     if (!group)
         return false;
-    const engine::Node* exit = group->multiPortOut();
+    const brindle::engine::Node* exit = group->multiPortOut();
     for (std::size_t place = 0; exit && !composite && place < exit->portCount(PortSide::In); ++place) {
-        const engine::Port* source = exit->port(PortSide::In, place)->source();
-        if (source && engine::isComposite(*source->owner()))
+        const brindle::engine::Port* source = exit->port(PortSide::In, place)->source();
+        if (source && brindle::engine::isComposite(*source->owner()))
             composite = source->node();
     }
     return true;
@@ -371,19 +371,19 @@ bool DD_System::FindOrCreateComposite(SC_SceneCommon* scene, const DD_DropMode&,
 
 bool DD_System::LinkToComposite(SC_SceneCommon* scene, const DD_DropMode&, const DD_Selection& dropped, MO_Node* host)
 {
-    engine::Node* composite = engine::nodeIn(scene, host);
+    brindle::engine::Node* composite = brindle::engine::nodeIn(scene, host);
     if (!composite)
         return host == nullptr;
     CO_CommandManager& manager = *scene->commandManager();
     CO_CommandAccumScope scope(&manager, QStringLiteral("Link to Composite"), nullptr, CO_CommandAccumScope::kDefault);
-    for (const engine::LostLink& lost : dropped.data().lost) {
-        engine::Port* out = lost.side == PortSide::Out && lost.kind == PortKind::Image
-                                ? lost.node->port(lost.side, lost.place)
-                                : nullptr;
-        if (!out || out->isLinked() || engine::closesCircle(*lost.node, *composite))
+    for (const brindle::engine::LostLink& lost : dropped.data().lost) {
+        brindle::engine::Port* out = lost.side == PortSide::Out && lost.kind == PortKind::Image
+                                         ? lost.node->port(lost.side, lost.place)
+                                         : nullptr;
+        if (!out || out->isLinked() || brindle::engine::closesCircle(*lost.node, *composite))
             continue;
-        engine::Port* in = engine::freeInPort(*composite, manager);
-        if (!in || !manager.execute(new engine::LinkPorts(*out, *in), QString())) {
+        brindle::engine::Port* in = brindle::engine::freeInPort(*composite, manager);
+        if (!in || !manager.execute(new brindle::engine::LinkPorts(*out, *in), QString())) {
             scope.cancel();
             return false;
         }
@@ -393,16 +393,16 @@ bool DD_System::LinkToComposite(SC_SceneCommon* scene, const DD_DropMode&, const
 
 bool DD_System::ReparentNode(SC_SceneCommon* scene, const DD_Selection& dropped, MO_Node* host)
 {
-    const engine::Node* multiPort = engine::nodeIn(scene, host);
-    engine::Port* parent = multiPort ? engine::firstOutPort(*multiPort, PortKind::Peg) : nullptr;
+    const brindle::engine::Node* multiPort = brindle::engine::nodeIn(scene, host);
+    brindle::engine::Port* parent = multiPort ? brindle::engine::firstOutPort(*multiPort, PortKind::Peg) : nullptr;
     if (!parent)
         return true;
     CO_CommandManager& manager = *scene->commandManager();
     CO_CommandAccumScope scope(&manager, QStringLiteral("Reparent"), nullptr, CO_CommandAccumScope::kDefault);
-    for (const engine::LostLink& lost : dropped.data().lost) {
-        engine::Port* in =
+    for (const brindle::engine::LostLink& lost : dropped.data().lost) {
+        brindle::engine::Port* in =
             lost.side == PortSide::In && lost.kind == PortKind::Peg ? lost.node->port(lost.side, lost.place) : nullptr;
-        if (in && !in->source() && !manager.execute(new engine::LinkPorts(*parent, *in), QString())) {
+        if (in && !in->source() && !manager.execute(new brindle::engine::LinkPorts(*parent, *in), QString())) {
             scope.cancel();
             return false;
         }
@@ -413,16 +413,17 @@ bool DD_System::ReparentNode(SC_SceneCommon* scene, const DD_Selection& dropped,
 bool DD_System::UnlinkParentFromComposite(SC_SceneCommon* scene, const DD_DropMode&, const DD_Selection&, MO_Node*,
                                           MO_Node*)
 {
-    return engine::engineScene(scene) != nullptr;
+    return brindle::engine::engineScene(scene) != nullptr;
 }
 
 bool DD_System::SetDefaultCamera(SC_SceneCommon* scene, const DD_DropMode& mode, const DD_Selection& dropped)
 {
-    if (!engine::engineScene(scene))
+    if (!brindle::engine::engineScene(scene))
         return false;
     MO_Node* camera = dropped.data().camera;
     if (!mode.takesDefaultCamera() || !camera)
         return true;
-    return scene->commandManager()->execute(new SC_SceneCmds::SetDefaultCameraCmd(scene, engine::asCamera(camera)),
-                                            QStringLiteral("Set Default Camera"));
+    return scene->commandManager()->execute(
+        new SC_SceneCmds::SetDefaultCameraCmd(scene, brindle::engine::asCamera(camera)),
+        QStringLiteral("Set Default Camera"));
 }

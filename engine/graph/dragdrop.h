@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 class SceneGraph;
 
@@ -41,24 +41,25 @@ struct LostLink {
     PortKind kind;
 };
 
-} // namespace engine
+} // namespace brindle::engine
 
 struct DD_DragObject::Private {
     struct Top {
         std::unique_ptr<MO_Node> host; ///< A copy, in no scene.
-        const engine::Node* node;
+        const brindle::engine::Node* node;
     };
     std::vector<Top> tops; ///< In the order of the selection.
-    std::vector<engine::DraggedLink> links;
-    std::vector<engine::DraggedDrive> drives;
-    const engine::Node* camera = nullptr;  ///< The copy of the default camera, where it is among what is dragged.
-    const engine::Node* display = nullptr; ///< The same of the default display.
+    std::vector<brindle::engine::DraggedLink> links;
+    std::vector<brindle::engine::DraggedDrive> drives;
+    const brindle::engine::Node* camera =
+        nullptr; ///< The copy of the default camera, where it is among what is dragged.
+    const brindle::engine::Node* display = nullptr; ///< The same of the default display.
 };
 
 struct DD_Selection::Private {
     std::vector<MO_Node*> nodes;
-    std::vector<engine::LostLink> lost; ///< Of nodes that a drop made.
-    MO_Node* camera = nullptr;          ///< What a drop made of the default camera.
+    std::vector<brindle::engine::LostLink> lost; ///< Of nodes that a drop made.
+    MO_Node* camera = nullptr;                   ///< What a drop made of the default camera.
     int firstFrame = 1;
     int frameCount = 0;
 };

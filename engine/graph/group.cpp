@@ -1,6 +1,6 @@
 #include "engine/graph/group.h"
 
-namespace engine {
+namespace brindle::engine {
 
 Group::Group() : HostNode(groupNodeType()), m_subNodes(*this) {}
 
@@ -76,4 +76,4 @@ std::vector<Node*> topNodes(const std::vector<Node*>& nodes)
     return tops;
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -3,7 +3,7 @@
 #include "engine/graph/hostnode.h"
 #include "engine/graph/subnodes.h"
 
-namespace engine {
+namespace brindle::engine {
 
 /// A node that holds nodes. The multi-port nodes inside show the group's ports from within, one of each at most.
 class Group final : public HostNode<TUGroup> {
@@ -62,4 +62,4 @@ void forEachFrom(Node& top, Function function)
     }
 }
 
-} // namespace engine
+} // namespace brindle::engine

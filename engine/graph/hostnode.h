@@ -5,7 +5,7 @@
 
 #include <type_traits>
 
-namespace engine {
+namespace brindle::engine {
 
 TUGroup* parentHost(const Node& node); ///< The node's group, or null.
 
@@ -79,4 +79,4 @@ public:
     int versionMax() const override { return 1; }
 };
 
-} // namespace engine
+} // namespace brindle::engine

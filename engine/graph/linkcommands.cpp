@@ -4,7 +4,7 @@
 #include "engine/graph/links.h"
 #include "engine/graph/scenegraph.h"
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -119,20 +119,20 @@ void CutAllLinks::cut(Port& in)
     m_links.push_back({out, &in, Port::unlink(in)});
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 namespace tu_node {
 
 LinkCmd::LinkCmd(MO_Node* inNode, unsigned int inIndex, MO_Node* outNode, unsigned int outIndex, MO_Port*)
-    : CO_EngineCommand(std::make_unique<engine::LinkCommand>(inNode, inIndex, outNode, outIndex))
+    : CO_EngineCommand(std::make_unique<brindle::engine::LinkCommand>(inNode, inIndex, outNode, outIndex))
 {}
 
 UnlinkInPortFromOutsideCmd::UnlinkInPortFromOutsideCmd(MO_Node* node, unsigned int index)
-    : CO_EngineCommand(std::make_unique<engine::UnlinkCommand>(node, engine::PortSide::In, index))
+    : CO_EngineCommand(std::make_unique<brindle::engine::UnlinkCommand>(node, brindle::engine::PortSide::In, index))
 {}
 
 UnlinkOutPortFromOutsideCmd::UnlinkOutPortFromOutsideCmd(MO_Node* node, unsigned int index)
-    : CO_EngineCommand(std::make_unique<engine::UnlinkCommand>(node, engine::PortSide::Out, index))
+    : CO_EngineCommand(std::make_unique<brindle::engine::UnlinkCommand>(node, brindle::engine::PortSide::Out, index))
 {}
 
 } // namespace tu_node

@@ -3,7 +3,7 @@
 #include "core/host/co_command.h"
 #include "engine/graph/port.h"
 
-namespace engine {
+namespace brindle::engine {
 
 /// Links two ports of the scene. Fails where `isLinkAllowed` says no, and when the in-port has a source.
 class LinkPorts final : public CO_Command {
@@ -36,4 +36,4 @@ private:
     std::vector<Link> m_links; ///< In the order of cutting.
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace engine {
+namespace brindle::engine {
 
 /// One of the two walks of a search for circles, a link a step.
 class CircleWalk {
@@ -89,4 +89,4 @@ bool isLinkAllowed(const Port& out, const Port& in)
     return from && to && from->parent() && from->parent() == to->parent() && !closesCircle(*from, *to);
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace engine {
+namespace brindle::engine {
 
 class Node;
 class Port;
@@ -16,4 +16,4 @@ bool isLinkAllowed(const Port& out, const Port& in);
 /// is linked in any order thus costs a logarithm a link on average.
 bool closesCircle(const Node& from, const Node& to);
 
-} // namespace engine
+} // namespace brindle::engine

@@ -2,7 +2,7 @@
 
 #include "core/host/mo_node.h"
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -26,13 +26,13 @@ bool isValidNodeName(const QString& name)
     return TUModuleNameValidator::getValidName(name) == name;
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 QString TUModuleNameValidator::getValidName(const QString& name)
 {
     QString valid = name.trimmed();
     for (qsizetype place = 0; place < valid.size(); ++place) {
-        if (engine::isRefused(valid[place]) || engine::isLoneSurrogate(valid, place))
+        if (brindle::engine::isRefused(valid[place]) || brindle::engine::isLoneSurrogate(valid, place))
             valid[place] = u'_';
     }
     return valid.isEmpty() ? QStringLiteral("_") : valid;

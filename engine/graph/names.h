@@ -2,9 +2,9 @@
 
 #include <QString>
 
-namespace engine {
+namespace brindle::engine {
 
 /// Whether a node can have the name: one that TUModuleNameValidator leaves as it is.
 bool isValidNodeName(const QString& name);
 
-} // namespace engine
+} // namespace brindle::engine

@@ -12,7 +12,7 @@
 #include <cstddef>
 #include <typeinfo>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -209,10 +209,10 @@ std::uint64_t nextWalkMark()
     return ++last;
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 MO_AutoInPortsModule* MO_AutoInPortsModule::castTo(MO_Node* node)
 {
-    engine::Node* own = engine::engineNode(node);
+    brindle::engine::Node* own = brindle::engine::engineNode(node);
     return own && own->type().makesInPorts ? own : nullptr;
 }

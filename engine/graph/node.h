@@ -11,7 +11,7 @@
 #include <memory>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 class AttributeSet;
 class Group;
@@ -119,4 +119,4 @@ Node* engineNode(MO_Node* node);
 /// A number that no walk has had: nodes carry it while the walk goes on, instead of being collected in a set.
 std::uint64_t nextWalkMark();
 
-} // namespace engine
+} // namespace brindle::engine

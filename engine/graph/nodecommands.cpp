@@ -4,7 +4,7 @@
 #include "engine/graph/portcommands.h"
 #include "engine/graph/scenegraph.h"
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -176,32 +176,34 @@ private:
 
 } // namespace
 
-} // namespace engine
+} // namespace brindle::engine
 
 namespace tu_node {
 
 SetXYCmd::SetXYCmd(MO_Node* node, int x, int y)
-    : CO_EngineCommand(std::make_unique<engine::PositionCommand>(node, [x, y](const engine::NodePosition& before) {
-          return engine::NodePosition{x, y, before.z};
-      }))
+    : CO_EngineCommand(
+          std::make_unique<brindle::engine::PositionCommand>(node, [x, y](const brindle::engine::NodePosition& before) {
+              return brindle::engine::NodePosition{x, y, before.z};
+          }))
 {}
 
 SetXYZCmd::SetXYZCmd(MO_Node* node, int x, int y, int z)
-    : CO_EngineCommand(std::make_unique<engine::PositionCommand>(node, [x, y, z](const engine::NodePosition&) {
-          return engine::NodePosition{x, y, z};
-      }))
+    : CO_EngineCommand(
+          std::make_unique<brindle::engine::PositionCommand>(node, [x, y, z](const brindle::engine::NodePosition&) {
+              return brindle::engine::NodePosition{x, y, z};
+          }))
 {}
 
 SetInstanceNameCmd::SetInstanceNameCmd(MO_Node* node, const QString& name)
-    : CO_EngineCommand(std::make_unique<engine::RenameNodeCommand>(node, name))
+    : CO_EngineCommand(std::make_unique<brindle::engine::RenameNodeCommand>(node, name))
 {}
 
 EnabledNodeCmd::EnabledNodeCmd(MO_Node* node, bool enabled)
-    : CO_EngineCommand(std::make_unique<engine::EnabledCommand>(node, [enabled](bool) { return enabled; }))
+    : CO_EngineCommand(std::make_unique<brindle::engine::EnabledCommand>(node, [enabled](bool) { return enabled; }))
 {}
 
 AddSubNodeCmd::AddSubNodeCmd(TUGroup* group, MO_Node* node)
-    : CO_EngineCommand(std::make_unique<engine::AddSubNodeCommand>(group, node))
+    : CO_EngineCommand(std::make_unique<brindle::engine::AddSubNodeCommand>(group, node))
 {}
 
 } // namespace tu_node

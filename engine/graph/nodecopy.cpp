@@ -2,7 +2,7 @@
 
 #include "engine/attributes/attributes.h"
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -130,4 +130,4 @@ std::vector<AT_Attr*> leafAttributes(const Node& node)
     return leaves;
 }
 
-} // namespace engine
+} // namespace brindle::engine

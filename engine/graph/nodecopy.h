@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 /// Which node was made like which one.
 using NodeCopies = std::unordered_map<const Node*, Node*>;
@@ -21,4 +21,4 @@ std::unique_ptr<MO_Node> copyNode(const Node& top, NodeCopies& copies);
 /// The attributes of a node that hold no attributes, in order: the same for all nodes of a type.
 std::vector<AT_Attr*> leafAttributes(const Node& node);
 
-} // namespace engine
+} // namespace brindle::engine

@@ -1,6 +1,6 @@
 #include "engine/graph/group.h"
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -29,17 +29,17 @@ MO_Module* newModule(const NodeType& type)
 
 } // namespace
 
-} // namespace engine
+} // namespace brindle::engine
 
 TUGroup* TUGroup::create()
 {
-    return new engine::Group;
+    return new brindle::engine::Group;
 }
 
 MO_Module* TUGroup::createNode(const QString& type, int x, int y, int z, bool&, const void*)
 {
-    const engine::NodeType* found = engine::findNodeType(type);
-    MO_Module* node = found ? engine::newModule(*found) : nullptr;
+    const brindle::engine::NodeType* found = brindle::engine::findNodeType(type);
+    MO_Module* node = found ? brindle::engine::newModule(*found) : nullptr;
     if (node) {
         node->setX(x);
         node->setY(y);
@@ -50,10 +50,10 @@ MO_Module* TUGroup::createNode(const QString& type, int x, int y, int z, bool&, 
 
 TUMultiPortIn* TUMultiPortIn::create()
 {
-    return new engine::HostModule<TUMultiPortIn>(engine::multiPortInNodeType());
+    return new brindle::engine::HostModule<TUMultiPortIn>(brindle::engine::multiPortInNodeType());
 }
 
 TUMultiPortOut* TUMultiPortOut::create()
 {
-    return new engine::HostModule<TUMultiPortOut>(engine::multiPortOutNodeType());
+    return new brindle::engine::HostModule<TUMultiPortOut>(brindle::engine::multiPortOutNodeType());
 }

@@ -1,6 +1,6 @@
 #include "engine/graph/nodetype.h"
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -82,4 +82,4 @@ QString sharedText(QStringView text)
     return QString::fromRawData(text.data(), text.size());
 }
 
-} // namespace engine
+} // namespace brindle::engine

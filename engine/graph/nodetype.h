@@ -7,7 +7,7 @@
 
 #include <array>
 
-namespace engine {
+namespace brindle::engine {
 
 /// What flows through a port.
 enum class PortKind { Image, Peg };
@@ -56,4 +56,4 @@ const NodeType& multiPortOutNodeType();
 /// A text of the tables as a QString that shares it.
 QString sharedText(QStringView text);
 
-} // namespace engine
+} // namespace brindle::engine

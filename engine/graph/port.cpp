@@ -3,7 +3,7 @@
 #include "engine/graph/links.h"
 #include "engine/graph/node.h"
 
-namespace engine {
+namespace brindle::engine {
 
 Port::Port(PortSpec spec) : m_spec(spec) {}
 
@@ -109,14 +109,14 @@ std::size_t Port::unlink(Port& in)
     return place;
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 std::unique_ptr<MO_Port> MO_Port::createImagePort()
 {
-    return std::make_unique<engine::Port>(engine::PortSpec{engine::PortKind::Image, false});
+    return std::make_unique<brindle::engine::Port>(brindle::engine::PortSpec{brindle::engine::PortKind::Image, false});
 }
 
 std::unique_ptr<MO_Port> MO_Port::createMatrixPort()
 {
-    return std::make_unique<engine::Port>(engine::PortSpec{engine::PortKind::Peg, false});
+    return std::make_unique<brindle::engine::Port>(brindle::engine::PortSpec{brindle::engine::PortKind::Peg, false});
 }

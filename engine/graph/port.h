@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 class Node;
 
@@ -74,4 +74,4 @@ private:
     std::vector<MO_Port*> m_destinations; ///< All are of this class.
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -4,7 +4,7 @@
 #include "engine/graph/linkcommands.h"
 #include "engine/graph/scenegraph.h"
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -112,24 +112,27 @@ std::unique_ptr<CO_Command> newInPortCommand(Node& node, unsigned int index)
     return std::make_unique<AddPortCommand>(&node.host(), PortSide::In, index, std::make_unique<Port>(spec));
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 namespace tu_node {
 
 AddInPortCmd::AddInPortCmd(MO_Node* node, unsigned int index, std::unique_ptr<MO_Port> port)
-    : CO_EngineCommand(std::make_unique<engine::AddPortCommand>(node, engine::PortSide::In, index, std::move(port)))
+    : CO_EngineCommand(std::make_unique<brindle::engine::AddPortCommand>(node, brindle::engine::PortSide::In, index,
+                                                                         std::move(port)))
 {}
 
 AddOutPortCmd::AddOutPortCmd(MO_Node* node, unsigned int index, std::unique_ptr<MO_Port> port)
-    : CO_EngineCommand(std::make_unique<engine::AddPortCommand>(node, engine::PortSide::Out, index, std::move(port)))
+    : CO_EngineCommand(std::make_unique<brindle::engine::AddPortCommand>(node, brindle::engine::PortSide::Out, index,
+                                                                         std::move(port)))
 {}
 
 DeleteInPortCmd::DeleteInPortCmd(MO_Node* node, unsigned int index)
-    : CO_EngineCommand(std::make_unique<engine::DeletePortCommand>(node, engine::PortSide::In, index))
+    : CO_EngineCommand(std::make_unique<brindle::engine::DeletePortCommand>(node, brindle::engine::PortSide::In, index))
 {}
 
 DeleteOutPortCmd::DeleteOutPortCmd(MO_Node* node, unsigned int index)
-    : CO_EngineCommand(std::make_unique<engine::DeletePortCommand>(node, engine::PortSide::Out, index))
+    : CO_EngineCommand(
+          std::make_unique<brindle::engine::DeletePortCommand>(node, brindle::engine::PortSide::Out, index))
 {}
 
 } // namespace tu_node

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-namespace engine {
+namespace brindle::engine {
 
 class Node;
 
@@ -12,4 +12,4 @@ class Node;
 /// beyond the count it fails.
 std::unique_ptr<CO_Command> newInPortCommand(Node& node, unsigned int index);
 
-} // namespace engine
+} // namespace brindle::engine

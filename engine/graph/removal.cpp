@@ -12,7 +12,7 @@
 #include <map>
 #include <unordered_set>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -246,24 +246,24 @@ bool RemoveNodes::run(std::unique_ptr<CO_Command> step)
     return true;
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 bool SU_CleanUpCommands::removeNodes(TUScene* scene, const std::set<MO_Node*>& nodes, const DeleteStrategy& strategy,
                                      bool bridge)
 {
-    auto* own = dynamic_cast<engine::Scene*>(scene);
+    auto* own = dynamic_cast<brindle::engine::Scene*>(scene);
     if (!own || nodes.empty())
         return false;
-    std::vector<engine::Node*> leaving;
+    std::vector<brindle::engine::Node*> leaving;
     leaving.reserve(nodes.size());
     for (MO_Node* host : nodes) {
-        engine::Node* node = engine::engineNode(host);
+        brindle::engine::Node* node = brindle::engine::engineNode(host);
         if (!node || node->graph() != &own->graph() || !node->parent())
             return false;
         leaving.push_back(node);
     }
     return own->commandManager()->execute(
-        new engine::RemoveNodes(own->graph(), own->columnList(), leaving, strategy, bridge),
+        new brindle::engine::RemoveNodes(own->graph(), own->columnList(), leaving, strategy, bridge),
         QStringLiteral("Delete Nodes"));
 }
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 class ColumnList;
 class Node;
@@ -42,4 +42,4 @@ private:
     std::vector<std::unique_ptr<CO_Command>> m_steps;
 };
 
-} // namespace engine
+} // namespace brindle::engine

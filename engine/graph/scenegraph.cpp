@@ -2,7 +2,7 @@
 
 #include "core/host/sc_scene.h"
 
-namespace engine {
+namespace brindle::engine {
 
 SceneGraph::SceneGraph(SC_SceneCommon& scene) : m_scene(scene)
 {
@@ -94,14 +94,14 @@ void SceneGraph::countDisplay(const Node& node, int change)
         m_displays.remove(node.name());
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 namespace {
 
-const engine::Node* walkPath(const engine::Node* from, QStringView path)
+const brindle::engine::Node* walkPath(const brindle::engine::Node* from, QStringView path)
 {
     while (from) {
-        const engine::Group* group = from->asGroup();
+        const brindle::engine::Group* group = from->asGroup();
         if (!group)
             return nullptr;
         const qsizetype bar = path.indexOf(u'/');
@@ -113,12 +113,12 @@ const engine::Node* walkPath(const engine::Node* from, QStringView path)
     return nullptr;
 }
 
-MO_Node* hostOf(const engine::Node* node)
+MO_Node* hostOf(const brindle::engine::Node* node)
 {
     return node ? &node->host() : nullptr;
 }
 
-MO_Node* fromRoot(const engine::Node& root, QStringView path)
+MO_Node* fromRoot(const brindle::engine::Node& root, QStringView path)
 {
     const qsizetype bar = path.indexOf(u'/');
     if ((bar < 0 ? path : path.left(bar)) != root.name())
@@ -130,13 +130,13 @@ MO_Node* fromRoot(const engine::Node& root, QStringView path)
 
 MO_Node* node_util::getNodeFromQualifiedName_optimized(const SC_SceneCommon* scene, const QString& path)
 {
-    engine::SceneGraph* graph = engine::SceneGraph::of(scene);
+    brindle::engine::SceneGraph* graph = brindle::engine::SceneGraph::of(scene);
     return graph ? fromRoot(graph->root(), path) : nullptr;
 }
 
 MO_Node* node_util::getNodeFromQualifiedName(const TUGroup* base, const QString& path, bool absolute)
 {
-    const engine::Group* group = engine::engineGroup(base);
+    const brindle::engine::Group* group = brindle::engine::engineGroup(base);
     if (!group)
         return nullptr;
     if (absolute)

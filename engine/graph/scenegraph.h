@@ -5,7 +5,7 @@
 #include <QHash>
 #include <QString>
 
-namespace engine {
+namespace brindle::engine {
 
 /// The nodes of a scene: the root group "Top" with all that is in it. It belongs to the scene.
 ///
@@ -51,4 +51,4 @@ private:
     Group m_root;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -160,4 +160,4 @@ void SubNodes::unindex(Node& node)
     m_group.noteMultiPort(node, false);
 }
 
-} // namespace engine
+} // namespace brindle::engine

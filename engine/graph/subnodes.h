@@ -12,7 +12,7 @@
 
 class MO_Node;
 
-namespace engine {
+namespace brindle::engine {
 
 class Group;
 class Node;
@@ -86,4 +86,4 @@ private:
     mutable std::unordered_map<QString, Numbers, Hash, std::equal_to<>> m_numbers;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -226,4 +226,4 @@ void CommandManager::popScope()
     m_scopes.pop_back();
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -10,7 +10,7 @@
 #include <optional>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 /// The undo list of a project. It belongs to the project and goes before the scenes that its commands refer to.
 ///
@@ -96,4 +96,4 @@ private:
     bool m_stepping = false; ///< An entry is being undone or redone.
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace engine {
+namespace brindle::engine {
 
 inline constexpr double degreesPerRadian = 180.0 / std::numbers::pi;
 
@@ -34,4 +34,4 @@ struct SineCosine {
     }
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-namespace engine {
+namespace brindle::engine {
 
 using Math::Vector2d;
 using Math::Vector3d;
@@ -97,4 +97,4 @@ SpaceParts::SpaceParts(const std::array<Vector3d, 3>& axes)
     scale = {scales[0], scales[1], scales[2]};
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -3,7 +3,7 @@
 #include "core/host/math_matrix4x4.h"
 #include "engine/math/turn.h"
 
-namespace engine {
+namespace brindle::engine {
 
 /// A matrix taken apart in the plane z = 0: its linear part is rotate(angle) skew(skew) scale(scaleX, scaleY).
 ///
@@ -32,4 +32,4 @@ struct SpaceParts {
     explicit SpaceParts(const std::array<Math::Vector3d, 3>& axes);
 };
 
-} // namespace engine
+} // namespace brindle::engine

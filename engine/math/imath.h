@@ -8,7 +8,7 @@
 
 /// To Imath's matrices and back. They multiply a row from the left, ours a column from the right: so the cells lie in
 /// the same order in memory, and a product of ours is one of Imath's with its sides changed.
-namespace engine {
+namespace brindle::engine {
 
 inline Imath::M44d toImath(const Math::Matrix4x4& matrix)
 {
@@ -22,4 +22,4 @@ inline Math::Matrix4x4 fromImath(const Imath::M44d& matrix)
     return Math::Matrix4x4(matrix.getValue());
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -51,7 +51,8 @@ Matrix4x4::Matrix4x4(const double* cells)
     std::copy_n(cells, 16, m_cells.begin());
 }
 
-Matrix4x4::Matrix4x4(const Vector3d& axis, const Point3d& origin) : Matrix4x4(engine::Turn::shortest(1, axis).matrix())
+Matrix4x4::Matrix4x4(const Vector3d& axis, const Point3d& origin)
+    : Matrix4x4(brindle::engine::Turn::shortest(1, axis).matrix())
 {
     m_cells[12] = origin.x;
     m_cells[13] = origin.y;
@@ -100,7 +101,7 @@ void Matrix4x4::normalize()
     if (const double homogeneous = m_cells[15]; homogeneous != 0.0)
         std::for_each(m_cells.begin(), m_cells.end(), [&](double& cell) { cell /= homogeneous; });
     for (int index = 0; index < 3; ++index) {
-        const Vector3d direction = engine::directionOf(axis(index));
+        const Vector3d direction = brindle::engine::directionOf(axis(index));
         double* cells = m_cells.data() + 4 * index;
         cells[0] = direction.x;
         cells[1] = direction.y;
@@ -110,7 +111,7 @@ void Matrix4x4::normalize()
 
 void Matrix4x4::transpose()
 {
-    *this = engine::fromImath(engine::toImath(*this).transposed());
+    *this = brindle::engine::fromImath(brindle::engine::toImath(*this).transposed());
 }
 
 void Matrix4x4::translate(double x, double y, double z)
@@ -130,29 +131,29 @@ void Matrix4x4::scale(double x, double y, double z)
 
 void Matrix4x4::skew(double degrees)
 {
-    const double lean = std::tan(degrees / engine::degreesPerRadian);
+    const double lean = std::tan(degrees / brindle::engine::degreesPerRadian);
     for (std::size_t i = 0; i < 4; ++i)
         m_cells[4 + i] += lean * m_cells[i];
 }
 
 void Matrix4x4::rotateDegrees(double degrees, const Vector3d& axis)
 {
-    const auto [sine, cosine] = engine::SineCosine::ofDegrees(degrees);
-    *this = *this * engine::Turn::about(axis, sine, cosine).matrix();
+    const auto [sine, cosine] = brindle::engine::SineCosine::ofDegrees(degrees);
+    *this = *this * brindle::engine::Turn::about(axis, sine, cosine).matrix();
 }
 
 void Matrix4x4::rotateRadians(double radians, const Vector3d& axis)
 {
-    const auto [sine, cosine] = engine::SineCosine::ofRadians(radians);
-    *this = *this * engine::Turn::about(axis, sine, cosine).matrix();
+    const auto [sine, cosine] = brindle::engine::SineCosine::ofRadians(radians);
+    *this = *this * brindle::engine::Turn::about(axis, sine, cosine).matrix();
 }
 
 void Matrix4x4::lookAt(const Point3d& eye, const Point3d& target, const Vector3d& up)
 {
     // Back is where the z axis of the eye's frame points. The frame is a turn, so its inverse is its transpose.
-    const Vector3d back = engine::directionOf(eye - target);
-    engine::Turn frame = engine::Turn::shortest(2, back);
-    const Vector3d right = engine::directionOf(engine::directionOf(up).cross(frame.axes[2]));
+    const Vector3d back = brindle::engine::directionOf(eye - target);
+    brindle::engine::Turn frame = brindle::engine::Turn::shortest(2, back);
+    const Vector3d right = brindle::engine::directionOf(brindle::engine::directionOf(up).cross(frame.axes[2]));
     if (right != Vector3d{}) {
         frame.axes[0] = right;
         frame.axes[1] = frame.axes[2].cross(right);
@@ -216,7 +217,7 @@ bool Matrix4x4::perspectiveProject(double fieldOfView, double aspect, double zNe
 {
     if (!(fieldOfView > 0 && fieldOfView < 180 && aspect > 0))
         return false;
-    const double top = zNear * std::tan(fieldOfView / 2 / engine::degreesPerRadian);
+    const double top = zNear * std::tan(fieldOfView / 2 / brindle::engine::degreesPerRadian);
     return perspectiveProject(-top * aspect, top * aspect, -top, top, zNear, zFar);
 }
 
@@ -231,7 +232,7 @@ void Matrix4x4::inverse()
 {
     if (isSingular())
         throw std::domain_error("The matrix is singular.");
-    const Matrix4x4 inverse = engine::fromImath(engine::toImath(*this).gjInverse());
+    const Matrix4x4 inverse = brindle::engine::fromImath(brindle::engine::toImath(*this).gjInverse());
     if (!allFinite(inverse.m_cells))
         throw std::domain_error("The inverse is beyond the numbers.");
     *this = inverse;
@@ -320,7 +321,7 @@ double Matrix4x4::scaleFactor() const
     const double longer = std::max(x.length(), y.length());
     if (longer == 0.0)
         return 0.0;
-    const double sine = engine::directionOf(x).cross(engine::directionOf(y)).length();
+    const double sine = brindle::engine::directionOf(x).cross(brindle::engine::directionOf(y)).length();
     const double factor = longer * std::sqrt(shorter / longer * sine); // The area itself may be beyond the numbers.
     return m_cells[15] == 0.0 ? factor : factor / std::abs(m_cells[15]);
 }

@@ -41,7 +41,7 @@ bool Matrix4x4::hasRotation() const
 Matrix4x4 Matrix4x4::rotation() const
 {
     const Frame frame(*this);
-    return frame.finite ? engine::SpaceParts(frame.axes).turn.matrix() : Matrix4x4();
+    return frame.finite ? brindle::engine::SpaceParts(frame.axes).turn.matrix() : Matrix4x4();
 }
 
 bool Matrix4x4::extractParameters(bool negativeX, bool negativeY, double pivotX, double pivotY, double& tx, double& ty,
@@ -54,7 +54,7 @@ bool Matrix4x4::extractParameters(bool negativeX, bool negativeY, double pivotX,
         return false;
     }
     const auto& [x, y, z] = frame.axes;
-    const engine::PlaneParts parts({x.x, x.y}, {y.x, y.y}, negativeX, negativeY);
+    const brindle::engine::PlaneParts parts({x.x, x.y}, {y.x, y.y}, negativeX, negativeY);
     rotation = parts.angle;
     skew = parts.skew;
     sx = parts.scaleX;
@@ -77,7 +77,7 @@ bool Matrix4x4::extractParameters(double pivotX, double pivotY, double pivotZ, d
         sx = sy = sz = 1.0;
         return false;
     }
-    const engine::SpaceParts parts(frame.axes);
+    const brindle::engine::SpaceParts parts(frame.axes);
     sx = parts.scale.x;
     sy = parts.scale.y;
     sz = parts.scale.z;
@@ -87,11 +87,11 @@ bool Matrix4x4::extractParameters(double pivotX, double pivotY, double pivotZ, d
     const auto& [x, y, z] = parts.turn.axes;
     const double flat = std::hypot(x.x, x.y);
     constexpr double vertical = 1e-12;
-    rz = flat <= vertical ? 0.0 : std::atan2(x.y, x.x) * engine::degreesPerRadian;
-    ry = std::atan2(0.0 - x.z, flat) * engine::degreesPerRadian; // No turn reads as 0, not as -0.
+    rz = flat <= vertical ? 0.0 : std::atan2(x.y, x.x) * brindle::engine::degreesPerRadian;
+    ry = std::atan2(0.0 - x.z, flat) * brindle::engine::degreesPerRadian; // No turn reads as 0, not as -0.
     // Turned back about z, the y axis shows the turn about x.
-    const auto [sine, cosine] = engine::SineCosine::ofDegrees(rz);
-    rx = std::atan2(z.x * sine - z.y * cosine, y.y * cosine - y.x * sine) * engine::degreesPerRadian;
+    const auto [sine, cosine] = brindle::engine::SineCosine::ofDegrees(rz);
+    rx = std::atan2(z.x * sine - z.y * cosine, y.y * cosine - y.x * sine) * brindle::engine::degreesPerRadian;
 
     const Vector3d pivot{pivotX, pivotY, pivotZ};
     const Vector3d way =

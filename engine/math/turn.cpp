@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace engine {
+namespace brindle::engine {
 
 using Math::Vector3d;
 
@@ -51,4 +51,4 @@ Math::Matrix4x4 Turn::matrix() const
     return Math::Matrix4x4(cells);
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -5,7 +5,7 @@
 #include <array>
 
 /// Turns in space about the origin.
-namespace engine {
+namespace brindle::engine {
 
 /// The direction of a vector, with length 1; (0, 0, 0) where it has none. Exact for the largest and smallest numbers.
 Math::Vector3d directionOf(const Math::Vector3d& vector);
@@ -24,4 +24,4 @@ struct Turn {
     Math::Matrix4x4 matrix() const;
 };
 
-} // namespace engine
+} // namespace brindle::engine

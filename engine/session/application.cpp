@@ -10,7 +10,7 @@
 
 namespace {
 
-engine::BatchMode currentBatchMode = engine::BatchMode::None;
+brindle::engine::BatchMode currentBatchMode = brindle::engine::BatchMode::None;
 BAPP_Application* runningApplication = nullptr;
 
 QString& binDir()
@@ -36,7 +36,7 @@ private:
 
 } // namespace
 
-namespace engine {
+namespace brindle::engine {
 
 BatchMode batchMode()
 {
@@ -86,21 +86,21 @@ BAPP_ScriptHost* Application::scriptHost() const
     return &d->scriptHost;
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 bool ST_BatchParams::isBatchScripting()
 {
-    return currentBatchMode == engine::BatchMode::Scripting;
+    return currentBatchMode == brindle::engine::BatchMode::Scripting;
 }
 
 bool ST_BatchParams::isBatchRendering()
 {
-    return currentBatchMode == engine::BatchMode::Rendering;
+    return currentBatchMode == brindle::engine::BatchMode::Rendering;
 }
 
 bool ST_BatchParams::isBatchPython()
 {
-    return currentBatchMode == engine::BatchMode::Python;
+    return currentBatchMode == brindle::engine::BatchMode::Python;
 }
 
 BAPP_Application* BAPP_Application::instance()

@@ -5,7 +5,7 @@
 
 #include <chrono>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -110,11 +110,11 @@ void ApplicationLock::takeForLoop()
     }
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 namespace PL_AppLock {
 
-using engine::ApplicationLock;
+using brindle::engine::ApplicationLock;
 
 AppLock::AppLock()
 {

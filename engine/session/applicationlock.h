@@ -6,7 +6,7 @@
 #include <mutex>
 #include <thread>
 
-namespace engine {
+namespace brindle::engine {
 
 /// The lock behind PL_AppLock, which says what it is for: first come, first served, of no thread. It knows whether an
 /// event loop takes part and what that one does.
@@ -48,4 +48,4 @@ private:
     bool m_loopHolds = false;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -92,4 +92,4 @@ void ChangeManager::tellLater()
         Qt::QueuedConnection);
 }
 
-} // namespace engine
+} // namespace brindle::engine

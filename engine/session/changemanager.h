@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 /// Whoever shows a scene. It takes itself off the change manager before it goes.
 class SceneObserver {
@@ -53,4 +53,4 @@ private:
     std::unique_ptr<QObject> m_relay; ///< What is posted goes with it.
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -51,4 +51,4 @@ QStringList ColorSpaceManager::colorSpaceNames(const QString& filter) const
     return names;
 }
 
-} // namespace engine
+} // namespace brindle::engine

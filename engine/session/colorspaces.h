@@ -4,7 +4,7 @@
 
 #include <QStringView>
 
-namespace engine {
+namespace brindle::engine {
 
 /// Whether there is a colour space of exactly this name.
 bool isColorSpace(QStringView name);
@@ -16,4 +16,4 @@ public:
     bool contains(const QString& name) const override { return isColorSpace(name); }
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -6,7 +6,7 @@
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 
-namespace engine {
+namespace brindle::engine {
 
 LoopWatcher::LoopWatcher()
 {
@@ -56,4 +56,4 @@ MainLoop::MainLoop() : d(std::make_unique<Private>()) {}
 
 MainLoop::~MainLoop() = default;
 
-} // namespace engine
+} // namespace brindle::engine

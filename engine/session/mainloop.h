@@ -6,7 +6,7 @@
 
 #include <optional>
 
-namespace engine {
+namespace brindle::engine {
 
 /// Tells the application's lock what the event loop of the main thread does.
 ///
@@ -30,4 +30,4 @@ private:
     std::optional<SCP_PythonEngine::ThreadStateScope> m_outside;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <mutex>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -57,21 +57,21 @@ QByteArray messageLine(const QString& message, MSG_Scope::Action action)
     return message.toUtf8() + '\n';
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 MSG_Scope::MSG_Scope(const QString& message, Action action)
 {
-    engine::Log& log = engine::theLog();
+    brindle::engine::Log& log = brindle::engine::theLog();
     {
         const std::lock_guard guard(log.mutex);
         // A copy: the sink may put another one in its place.
-        if (const engine::LogSink sink = log.sink) {
+        if (const brindle::engine::LogSink sink = log.sink) {
             sink(action, message);
             return;
         }
     }
     // One call a line, so that lines of several threads don't mix.
-    const QByteArray line = engine::messageLine(message, action);
+    const QByteArray line = brindle::engine::messageLine(message, action);
     std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr);
 }
 

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -92,7 +92,7 @@ Math::Point3d Metrics::toOGL(const Math::Point3d& point) const
     return {point.x * toOGLFactorX(), point.y * toOGLFactorY(), point.z * toOGLFactorZ()};
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 double TUSceneUtil::convertBitmapResolutionFactorToPixelPerModelUnit(const SC_Resolution& resolution,
                                                                      const SC_SceneMetrics* metrics, double fov,
@@ -101,6 +101,7 @@ double TUSceneUtil::convertBitmapResolutionFactorToPixelPerModelUnit(const SC_Re
     if (!metrics)
         return 0.0;
     const int side = resolution.fovFit() == TUDbResolution::kFitWidth ? resolution.width() : resolution.height();
-    const double unitsSeen = 2.0 * engine::halfTangent(fov) / engine::halfTangent(engine::Picture::standardFov);
+    const double unitsSeen =
+        2.0 * brindle::engine::halfTangent(fov) / brindle::engine::halfTangent(brindle::engine::Picture::standardFov);
     return side / unitsSeen * metrics->toOGLFactorY() * factor;
 }

@@ -2,7 +2,7 @@
 
 #include "core/host/sc_metrics.h"
 
-namespace engine {
+namespace brindle::engine {
 
 struct AspectRatio {
     int x = 4;
@@ -53,4 +53,4 @@ private:
     const ProjectSettings& m_settings;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -11,7 +11,7 @@
 
 #include <limits>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -132,4 +132,4 @@ bool PreferenceFile::update(const Values& values) const
     return false;
 }
 
-} // namespace engine
+} // namespace brindle::engine

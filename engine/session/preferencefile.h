@@ -3,7 +3,7 @@
 #include <QMap>
 #include <QString>
 
-namespace engine {
+namespace brindle::engine {
 
 /// The file in which a user's preferences are kept: JSON with these fields.
 ///
@@ -33,4 +33,4 @@ private:
     QString m_path;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -71,14 +71,14 @@ void savePreferencesOfUser()
         loadedPreferences->save();
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 PR_Preference* tuPref()
 {
-    return &engine::preferencesOfUser();
+    return &brindle::engine::preferencesOfUser();
 }
 
 bool PR_CachedPreferences::getSpConstantSegment()
 {
-    return engine::preferencesOfUser().constantSegment();
+    return brindle::engine::preferencesOfUser().constantSegment();
 }

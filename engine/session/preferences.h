@@ -6,7 +6,7 @@
 #include <QHash>
 #include <QString>
 
-namespace engine {
+namespace brindle::engine {
 
 /// The preferences of a user: read from their file when they are first asked for, written back by `save`.
 ///
@@ -40,4 +40,4 @@ private:
 Preferences& preferencesOfUser();
 void savePreferencesOfUser();
 
-} // namespace engine
+} // namespace brindle::engine

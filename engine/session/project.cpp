@@ -2,7 +2,7 @@
 
 #include "engine/session/scene.h"
 
-namespace engine {
+namespace brindle::engine {
 
 Project::Project(const QString& path) : m_path(path), m_common(newId()) {}
 
@@ -40,4 +40,4 @@ SC_SceneBase* Project::sceneAt(int index) const
     return m_common.scenes().at(index);
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -9,7 +9,7 @@
 
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 /// An open project. It belongs to the project manager; all in it is gone when it is closed.
 class Project final : public SC_Project, public ProjectMaker {
@@ -44,4 +44,4 @@ private:
     ProjectCommon m_common;
 };
 
-} // namespace engine
+} // namespace brindle::engine

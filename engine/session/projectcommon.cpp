@@ -2,7 +2,7 @@
 
 #include "engine/session/scene.h"
 
-namespace engine {
+namespace brindle::engine {
 
 SC_Id newId()
 {
@@ -22,4 +22,4 @@ ProjectCommon* engineProjectCommon(SC_ProjectCommon* project)
     return dynamic_cast<ProjectCommon*>(project);
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -8,7 +8,7 @@
 #include "engine/session/resolutions.h"
 #include "engine/session/scenemanager.h"
 
-namespace engine {
+namespace brindle::engine {
 
 /// An id that no project and no scene of the process has had: what a script holds of one never finds another one.
 SC_Id newId();
@@ -53,4 +53,4 @@ private:
 /// The engine's project behind what its scenes see of it, or null for null and for a project that is not the engine's.
 ProjectCommon* engineProjectCommon(SC_ProjectCommon* project);
 
-} // namespace engine
+} // namespace brindle::engine

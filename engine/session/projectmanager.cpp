@@ -5,7 +5,7 @@
 #include "engine/session/preferences.h"
 #include "engine/session/sessionwatch.h"
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -108,4 +108,4 @@ SC_Project* ProjectManager::replaceProject(std::unique_ptr<Project> project)
     return m_project.get();
 }
 
-} // namespace engine
+} // namespace brindle::engine

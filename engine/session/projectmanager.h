@@ -3,7 +3,7 @@
 #include "core/host/sc_session.h"
 #include "engine/session/project.h"
 
-namespace engine {
+namespace brindle::engine {
 
 /// Opens and closes projects: one at a time. It belongs to the session. What a failure leaves is as before.
 class ProjectManager final : public SC_ProjectManager {
@@ -24,4 +24,4 @@ private:
     std::unique_ptr<Project> m_project;
 };
 
-} // namespace engine
+} // namespace brindle::engine

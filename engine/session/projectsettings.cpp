@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -80,4 +80,4 @@ bool isAcceptable(const ProjectSettings& settings)
            isAcceptable(settings.fieldChart) && isAcceptable(settings.center);
 }
 
-} // namespace engine
+} // namespace brindle::engine

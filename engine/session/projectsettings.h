@@ -6,7 +6,7 @@
 
 #include <QString>
 
-namespace engine {
+namespace brindle::engine {
 
 /// The size of the picture, and the angle in degrees that it shows.
 struct Picture {
@@ -40,4 +40,4 @@ bool isAcceptable(const FieldChart& chart);         ///< 0.001 to 1000000 fields
 bool isAcceptable(const CenterCoordinates& center); ///< All are.
 bool isAcceptable(const ProjectSettings& settings); ///< Each of them.
 
-} // namespace engine
+} // namespace brindle::engine

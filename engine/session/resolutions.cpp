@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -49,7 +49,7 @@ std::vector<TUDbResolution::UsaResolutionTable> DbSceneData::namedResolutions() 
     return rows;
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 std::list<TUDbResolution::UsaResolutionTable> TUDbResolution::getResolutions(TUDbSceneData& data, bool sorted)
 {

@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringView>
 
-namespace engine {
+namespace brindle::engine {
 
 /// A common format of film, television or the web. All show the field chart from bottom to top, in perspective.
 struct NamedResolution {
@@ -24,4 +24,4 @@ public:
     std::vector<TUDbResolution::UsaResolutionTable> namedResolutions() const override;
 };
 
-} // namespace engine
+} // namespace brindle::engine

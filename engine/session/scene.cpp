@@ -7,7 +7,7 @@
 
 #include <utility>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -166,4 +166,4 @@ Scene* engineScene(SC_SceneCommon* scene)
     return dynamic_cast<Scene*>(scene);
 }
 
-} // namespace engine
+} // namespace brindle::engine

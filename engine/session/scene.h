@@ -7,7 +7,7 @@
 #include "engine/session/scenemarkers.h"
 #include "engine/session/scenetiming.h"
 
-namespace engine {
+namespace brindle::engine {
 
 class ProjectCommon;
 
@@ -93,4 +93,4 @@ void fillNewScene(Scene& scene);
 /// The engine's scene behind what its nodes see of it, or null for null and for a scene that is not the engine's.
 Scene* engineScene(SC_SceneCommon* scene);
 
-} // namespace engine
+} // namespace brindle::engine

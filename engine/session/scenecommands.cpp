@@ -5,7 +5,7 @@
 
 #include <utility>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -208,24 +208,24 @@ std::unique_ptr<CO_Command> newFrameCountCommand(Scene& scene, int at, int delta
     return std::make_unique<FrameCountCommand>(scene, at, delta, rippleMarkers);
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 namespace SC_SceneCmds {
 
 SetFrameRateCmd::SetFrameRateCmd(SC_SceneCommon* scene, const UT_FrameRate& rate)
-    : CO_EngineCommand(std::make_unique<engine::FrameRateCommand>(scene, rate.fps()))
+    : CO_EngineCommand(std::make_unique<brindle::engine::FrameRateCommand>(scene, rate.fps()))
 {}
 
 SetDefaultCameraCmd::SetDefaultCameraCmd(SC_SceneCommon* scene, TUCameraModule* camera)
-    : CO_EngineCommand(std::make_unique<engine::DefaultCameraCommand>(scene, camera))
+    : CO_EngineCommand(std::make_unique<brindle::engine::DefaultCameraCommand>(scene, camera))
 {}
 
 SetDefaultDisplayCmd::SetDefaultDisplayCmd(SC_SceneCommon* scene, TUDisplayModule* display)
-    : CO_EngineCommand(std::make_unique<engine::DefaultDisplayCommand>(scene, display))
+    : CO_EngineCommand(std::make_unique<brindle::engine::DefaultDisplayCommand>(scene, display))
 {}
 
 AddTimedValueCmd::AddTimedValueCmd(SC_SceneCommon* scene, TUTimedValue* timedValue, int position, int viewPosition)
-    : CO_EngineCommand(std::make_unique<engine::AddColumnCommand>(scene, timedValue, position, viewPosition))
+    : CO_EngineCommand(std::make_unique<brindle::engine::AddColumnCommand>(scene, timedValue, position, viewPosition))
 {}
 
 } // namespace SC_SceneCmds

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-namespace engine {
+namespace brindle::engine {
 
 class Scene;
 struct SceneTiming;
@@ -17,4 +17,4 @@ std::unique_ptr<CO_Command> newTimingCommand(Scene& scene, const SceneTiming& ti
 /// is negative, with all that lies on them. Fails for a change that the scene can't take.
 std::unique_ptr<CO_Command> newFrameCountCommand(Scene& scene, int at, int delta, bool rippleMarkers);
 
-} // namespace engine
+} // namespace brindle::engine

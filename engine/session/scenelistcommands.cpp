@@ -4,7 +4,7 @@
 #include "engine/session/project.h"
 #include "engine/session/scene.h"
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -87,16 +87,16 @@ private:
 
 } // namespace
 
-} // namespace engine
+} // namespace brindle::engine
 
 namespace SC_ProjectCmds {
 
 AddSceneCmd::AddSceneCmd(SC_ProjectCommon* project, const QString& name, int position)
-    : CO_EngineCommand(std::make_unique<engine::AddSceneCommand>(project, name, position))
+    : CO_EngineCommand(std::make_unique<brindle::engine::AddSceneCommand>(project, name, position))
 {}
 
 RemoveSceneCmd::RemoveSceneCmd(SC_ProjectCommon* project, const SC_Id& scene)
-    : CO_EngineCommand(std::make_unique<engine::RemoveSceneCommand>(project, scene))
+    : CO_EngineCommand(std::make_unique<brindle::engine::RemoveSceneCommand>(project, scene))
 {}
 
 } // namespace SC_ProjectCmds

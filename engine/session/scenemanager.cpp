@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace engine {
+namespace brindle::engine {
 
 SceneManager::SceneManager() = default;
 SceneManager::~SceneManager() = default;
@@ -66,4 +66,4 @@ SC_SceneBase* SceneManager::find(const SC_Id& id) const
     return found == m_scenes.end() ? nullptr : found->get();
 }
 
-} // namespace engine
+} // namespace brindle::engine

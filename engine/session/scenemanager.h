@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 class Scene;
 
@@ -37,4 +37,4 @@ private:
     std::vector<std::unique_ptr<Scene>> m_scenes;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -138,20 +138,20 @@ SceneMarkers shiftedMarkers(const SceneMarkers& markers, const FrameShift& shift
     return shifted;
 }
 
-} // namespace engine
+} // namespace brindle::engine
 
 namespace SC_SceneCmds {
 
 AddSceneMarkerCmd::AddSceneMarkerCmd(SC_SceneCommon* scene, const SC_SceneMarker& marker)
-    : CO_EngineCommand(std::make_unique<engine::AddMarker>(scene, marker))
+    : CO_EngineCommand(std::make_unique<brindle::engine::AddMarker>(scene, marker))
 {}
 
 RemoveSceneMarkerCmd::RemoveSceneMarkerCmd(SC_SceneCommon* scene, int place)
-    : CO_EngineCommand(std::make_unique<engine::RemoveMarker>(scene, place))
+    : CO_EngineCommand(std::make_unique<brindle::engine::RemoveMarker>(scene, place))
 {}
 
 SetSceneMarkerCmd::SetSceneMarkerCmd(SC_SceneCommon* scene, int place, const SC_SceneMarker& marker)
-    : CO_EngineCommand(std::make_unique<engine::SetMarker>(scene, place, marker))
+    : CO_EngineCommand(std::make_unique<brindle::engine::SetMarker>(scene, place, marker))
 {}
 
 } // namespace SC_SceneCmds

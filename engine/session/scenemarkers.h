@@ -5,7 +5,7 @@
 
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 using SceneMarkers = std::vector<SC_SceneMarker>;
 
@@ -19,4 +19,4 @@ bool isMarkerList(const SceneMarkers& markers, int frameCount);
 /// and what lies beyond the last frame goes.
 SceneMarkers shiftedMarkers(const SceneMarkers& markers, const FrameShift& shift, int frameCount, bool ripple);
 
-} // namespace engine
+} // namespace brindle::engine

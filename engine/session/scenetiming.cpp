@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace engine {
+namespace brindle::engine {
 
 bool SceneTiming::isValid() const
 {
@@ -34,4 +34,4 @@ SceneTiming SceneTiming::shifted(const FrameShift& shift) const
     return after;
 }
 
-} // namespace engine
+} // namespace brindle::engine

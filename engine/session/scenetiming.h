@@ -4,7 +4,7 @@
 
 #include <optional>
 
-namespace engine {
+namespace brindle::engine {
 
 /// The frames of a scene: 1 to count, played from start to stop.
 struct SceneTiming {
@@ -27,4 +27,4 @@ struct SceneTiming {
     SceneTiming shifted(const FrameShift& shift) const;
 };
 
-} // namespace engine
+} // namespace brindle::engine

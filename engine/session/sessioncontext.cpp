@@ -24,10 +24,10 @@ void PLUG_Services::setSessionContext(SC_SessionContext* session)
 
 std::unique_ptr<SC_SessionContext> SC_SessionContext::create()
 {
-    return std::make_unique<engine::SessionContext>();
+    return std::make_unique<brindle::engine::SessionContext>();
 }
 
-namespace engine {
+namespace brindle::engine {
 
 std::unique_ptr<SC_SessionContext> createPythonSession()
 {
@@ -66,4 +66,4 @@ TUSceneChangeManager* SessionContext::changeManager() const
     return scene ? scene->changeManager() : nullptr;
 }
 
-} // namespace engine
+} // namespace brindle::engine

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-namespace engine {
+namespace brindle::engine {
 
 /// A run of the open engine. While it lives it is the session that PLUG_Services gives, unless another was made after
 /// it. With a Python engine the application's thread rules hold in it; without one, as in a plain interpreter, none do.
@@ -28,4 +28,4 @@ private:
     std::unique_ptr<SCP_PythonEngine> m_python;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -6,7 +6,7 @@
 #include <mutex>
 #include <vector>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -72,4 +72,4 @@ SessionWatch::SessionWatch(std::function<void()> changed) : d(new Private{Sessio
 
 SessionWatch::~SessionWatch() = default;
 
-} // namespace engine
+} // namespace brindle::engine

@@ -5,7 +5,7 @@
 #include <atomic>
 #include <functional>
 
-namespace engine {
+namespace brindle::engine {
 
 /// Tells those who watch the session (engine/engine.h) that what a person sees of it as a whole may be another: which
 /// project is open, whether it is saved, its undo list. Called with the application's lock held, by whatever changes
@@ -27,4 +27,4 @@ private:
     std::atomic<bool> m_posted = false;
 };
 
-} // namespace engine
+} // namespace brindle::engine

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace engine {
+namespace brindle::engine {
 
 namespace {
 
@@ -78,24 +78,25 @@ int side(unsigned int pixels)
 
 } // namespace
 
-} // namespace engine
+} // namespace brindle::engine
 
 namespace SC_ProjectCmds {
 
-using engine::newSetting;
-using engine::ProjectSettings;
+using brindle::engine::newSetting;
+using brindle::engine::ProjectSettings;
 
 SetProjectResolutionByNameCmd::SetProjectResolutionByNameCmd(SC_ProjectCommon* project, const QString& name)
-    : CO_EngineCommand(newSetting(project, &ProjectSettings::picture, engine::Picture::named(name)))
+    : CO_EngineCommand(newSetting(project, &ProjectSettings::picture, brindle::engine::Picture::named(name)))
 {}
 
 SetProjectResolutionByValueCmd::SetProjectResolutionByValueCmd(SC_ProjectCommon* project, unsigned int width,
                                                                unsigned int height, TUDbResolution::FovFit fovFit,
                                                                double fov, TUDbResolution::Projection projection)
-    : CO_EngineCommand(std::make_unique<engine::ResolutionByValue>(
+    : CO_EngineCommand(std::make_unique<brindle::engine::ResolutionByValue>(
           project, &ProjectSettings::picture,
-          engine::Picture{SC_Resolution(QString(), engine::side(width), engine::side(height), fovFit, projection),
-                          fov}))
+          brindle::engine::Picture{
+              SC_Resolution(QString(), brindle::engine::side(width), brindle::engine::side(height), fovFit, projection),
+              fov}))
 {}
 
 SetProjectColorSpaceCmd::SetProjectColorSpaceCmd(SC_ProjectCommon* project, const QString& name)
@@ -107,15 +108,15 @@ SetAdvancedFlagsCmd::SetAdvancedFlagsCmd(SC_ProjectCommon* project, const SC_Adv
 {}
 
 SetDesignAspectRatioCmd::SetDesignAspectRatioCmd(SC_ProjectCommon* project, int x, int y)
-    : CO_EngineCommand(newSetting(project, &ProjectSettings::aspectRatio, engine::AspectRatio{x, y}))
+    : CO_EngineCommand(newSetting(project, &ProjectSettings::aspectRatio, brindle::engine::AspectRatio{x, y}))
 {}
 
 SetDesignFieldChartCmd::SetDesignFieldChartCmd(SC_ProjectCommon* project, double x, double y, double z)
-    : CO_EngineCommand(newSetting(project, &ProjectSettings::fieldChart, engine::FieldChart{x, y, z}))
+    : CO_EngineCommand(newSetting(project, &ProjectSettings::fieldChart, brindle::engine::FieldChart{x, y, z}))
 {}
 
 SetCoordinatesAtCenterCmd::SetCoordinatesAtCenterCmd(SC_ProjectCommon* project, int x, int y)
-    : CO_EngineCommand(newSetting(project, &ProjectSettings::center, engine::CenterCoordinates{x, y}))
+    : CO_EngineCommand(newSetting(project, &ProjectSettings::center, brindle::engine::CenterCoordinates{x, y}))
 {}
 
 } // namespace SC_ProjectCmds

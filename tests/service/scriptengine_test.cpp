@@ -16,16 +16,16 @@ namespace {
 
 TEST(ServiceLibraryTest, InstallsEverythingWhileItIsLoaded)
 {
-    engine::setBatchMode(engine::BatchMode::Python);
+    brindle::engine::setBatchMode(brindle::engine::BatchMode::Python);
     {
-        const engine::Application application(QStringLiteral("test"), QStringLiteral("1"), false);
-        const auto session = engine::createPythonSession();
+        const brindle::engine::Application application(QStringLiteral("test"), QStringLiteral("1"), false);
+        const auto session = brindle::engine::createPythonSession();
         OMC::ScriptEngineGeneratorInterface::loadScriptInterface(session.get());
         EXPECT_NE(application.scriptHost()->scriptEngine(), nullptr);
         OMC::ScriptEngineGeneratorInterface::unloadScriptInterface(session.get());
         OMC::ScriptEngineGeneratorInterface::destroyScriptInterface(session.get());
     }
-    engine::setBatchMode(engine::BatchMode::None);
+    brindle::engine::setBatchMode(brindle::engine::BatchMode::None);
     EXPECT_NE(OMC::ScriptEngineGeneratorInterface::instance(), nullptr);
     EXPECT_NE(OMC::PythonThreadHelper::helper(), nullptr);
     EXPECT_NE(OMC::PythonFunction::helperFunc(), nullptr);

@@ -16,13 +16,13 @@ class VectorizationTest : public testing::Test {
 protected:
     VectorizationTest()
     {
-        engine::setBatchMode(engine::BatchMode::Python);
+        brindle::engine::setBatchMode(brindle::engine::BatchMode::Python);
         OMC::VectorizationInterface::loadInterface(session.get());
     }
     ~VectorizationTest() override
     {
         OMC::VectorizationInterface::unloadInterface();
-        engine::setBatchMode(engine::BatchMode::None);
+        brindle::engine::setBatchMode(brindle::engine::BatchMode::None);
     }
 
     QList<QPolygonF> outlines(const QImage& picture, int threshold = 128) const
@@ -48,8 +48,8 @@ protected:
         return picture;
     }
 
-    engine::Application application{QStringLiteral("test"), QStringLiteral("1"), false};
-    std::unique_ptr<SC_SessionContext> session = engine::createPythonSession();
+    brindle::engine::Application application{QStringLiteral("test"), QStringLiteral("1"), false};
+    std::unique_ptr<SC_SessionContext> session = brindle::engine::createPythonSession();
 };
 
 TEST_F(VectorizationTest, TheServiceRegistersItself)

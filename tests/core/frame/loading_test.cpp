@@ -29,8 +29,8 @@ void PrintTo(const Case& entry, std::ostream* stream)
 
 [[noreturn]] void run(const Case& entry)
 {
-    engine::setBatchMode(engine::BatchMode::Python);
-    engine::setBinDir(QStringLiteral(BRINDLE_TEST_LIBRARIES "/") + QLatin1String(entry.library));
+    brindle::engine::setBatchMode(brindle::engine::BatchMode::Python);
+    brindle::engine::setBinDir(QStringLiteral(BRINDLE_TEST_LIBRARIES "/") + QLatin1String(entry.library));
     const QString before = QDir::tempPath();
     QDir::setCurrent(before);
     LoadingHost host;
@@ -42,10 +42,10 @@ void PrintTo(const Case& entry, std::ostream* stream)
 const std::vector<Case> cases = {
     {"OutsideABatchNothingHappens", "telling",
      [](LoadingHost& host) {
-         engine::setBatchMode(engine::BatchMode::None);
+         brindle::engine::setBatchMode(brindle::engine::BatchMode::None);
          host.load();
          host.loadVectorization();
-         engine::setBatchMode(engine::BatchMode::Rendering);
+         brindle::engine::setBatchMode(brindle::engine::BatchMode::Rendering);
          host.load();
          host.loadVectorization();
          host.look();
@@ -70,7 +70,7 @@ const std::vector<Case> cases = {
          host.load();
          host.loadVectorization();
          host.look();
-         engine::setBinDir(QStringLiteral(BRINDLE_TEST_LIBRARIES "/telling"));
+         brindle::engine::setBinDir(QStringLiteral(BRINDLE_TEST_LIBRARIES "/telling"));
          host.load();
          host.look();
      },
@@ -182,7 +182,8 @@ const std::vector<Case> cases = {
          host.application.reset();
          host.unload();
          Vectorization::unloadInterface();
-         host.application = std::make_unique<engine::Application>(QStringLiteral("test"), QStringLiteral("1"), false);
+         host.application =
+             std::make_unique<brindle::engine::Application>(QStringLiteral("test"), QStringLiteral("1"), false);
          host.loadVectorization();
          host.look();
          Vectorization::unloadInterface();

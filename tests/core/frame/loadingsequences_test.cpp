@@ -131,8 +131,8 @@ TEST_P(LoadingSequencesTest, EverySequenceOfStepsKeepsToTheRules)
     constexpr int length = 4;
     const auto all = [] {
         const Library& library = GetParam();
-        engine::setBatchMode(engine::BatchMode::Python);
-        engine::setBinDir(QStringLiteral(BRINDLE_TEST_LIBRARIES "/") + QLatin1String(library.name));
+        brindle::engine::setBatchMode(brindle::engine::BatchMode::Python);
+        brindle::engine::setBinDir(QStringLiteral(BRINDLE_TEST_LIBRARIES "/") + QLatin1String(library.name));
         QDir::setCurrent(QDir::tempPath());
         const QString before = QDir::currentPath();
         const LoadingHost host;

@@ -17,9 +17,9 @@ inline const std::string noVectorization = "Failed to load Vectorization Interfa
 
 /// The host's side of a case: a batch of Python with a session and an application.
 struct LoadingHost {
-    std::unique_ptr<engine::Application> application =
-        std::make_unique<engine::Application>(QStringLiteral("test"), QStringLiteral("1"), false);
-    std::unique_ptr<SC_SessionContext> session = engine::createPythonSession();
+    std::unique_ptr<brindle::engine::Application> application =
+        std::make_unique<brindle::engine::Application>(QStringLiteral("test"), QStringLiteral("1"), false);
+    std::unique_ptr<SC_SessionContext> session = brindle::engine::createPythonSession();
 
     void tell(const char* what) const { std::fprintf(stderr, "(%s)", what); }
     /// Tells what is registered with the application.

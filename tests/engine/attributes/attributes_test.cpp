@@ -18,7 +18,7 @@ protected:
     AT_DoubleAttr& opacity = attributeAs<AT_DoubleAttr>(drawing, "opacity");
     AT_BoolAttr& visible = attributeAs<AT_BoolAttr>(drawing, "visible");
     AT_IntAttr& red = attributeAs<AT_IntAttr>(card, "colour.red");
-    engine::BezierColumn* column = addColumn("column");
+    brindle::engine::BezierColumn* column = addColumn("column");
 };
 
 TEST_F(AttributesTest, TheLocalValueHoldsWhileNoColumnGivesValues)
@@ -161,7 +161,7 @@ TEST_F(AttributesTest, TextsAreTheSameAtEveryFrame)
 
 TEST_F(AttributesTest, EnumsTakeTheirOptionsOnly)
 {
-    auto& mode = attributeAs<engine::EnumAttribute>(add("COMPOSITE"), "mode");
+    auto& mode = attributeAs<brindle::engine::EnumAttribute>(add("COMPOSITE"), "mode");
     EXPECT_EQ(mode.options().value(0), "NORMAL");
     EXPECT_EQ(mode.options().value(1), "MULTIPLY");
     EXPECT_EQ(mode.options().size(), 11);

@@ -13,7 +13,7 @@ protected:
 
 TEST_F(AttributeSetTest, FindsTheTopLevelByKeyword)
 {
-    const engine::AttributeSet set(*peg, engine::attributeTable("PEG"));
+    const brindle::engine::AttributeSet set(*peg, brindle::engine::attributeTable("PEG"));
     ASSERT_NE(set.find("position"), nullptr);
     EXPECT_EQ(set.find("position")->meta().keyword(), "position");
     EXPECT_EQ(*set.begin(), set.find("position"));
@@ -26,7 +26,7 @@ TEST_F(AttributeSetTest, FindsTheTopLevelByKeyword)
 
 TEST_F(AttributeSetTest, AnUnknownTypeHasNoAttributes)
 {
-    const engine::AttributeSet set(*peg, engine::attributeTable("NOTHING"));
+    const brindle::engine::AttributeSet set(*peg, brindle::engine::attributeTable("NOTHING"));
     EXPECT_EQ(set.begin(), set.end());
     EXPECT_EQ(set.find("position"), nullptr);
 }
@@ -75,12 +75,12 @@ TEST_F(AttributeSetTest, DottedPathsAreParted)
 
 TEST_F(AttributeSetTest, TenThousandSetsAreMadeInAMoment)
 {
-    const auto& table = engine::attributeTable("PEG");
-    std::vector<std::unique_ptr<engine::AttributeSet>> sets;
+    const auto& table = brindle::engine::attributeTable("PEG");
+    std::vector<std::unique_ptr<brindle::engine::AttributeSet>> sets;
     sets.reserve(10000);
     const auto begin = std::chrono::steady_clock::now();
     for (int i = 0; i < 10000; ++i)
-        sets.push_back(std::make_unique<engine::AttributeSet>(*peg, table));
+        sets.push_back(std::make_unique<brindle::engine::AttributeSet>(*peg, table));
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
     EXPECT_LT(taken.count(), 1.0) << "far above the 10 ms that it takes, for busy and sanitized machines";
 }

@@ -8,7 +8,7 @@
 
 namespace {
 
-using namespace engine;
+using namespace brindle::engine;
 
 TEST(AttributeText, NumbersComeBackToEveryBitInAnyLocale)
 {

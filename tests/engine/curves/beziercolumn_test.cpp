@@ -28,7 +28,7 @@ protected:
         return text;
     }
 
-    engine::BezierColumn* column = addColumn("curve");
+    brindle::engine::BezierColumn* column = addColumn("curve");
 };
 
 TEST_F(BezierColumnTest, SaysWhatItIs)
@@ -73,7 +73,7 @@ TEST_F(BezierColumnTest, AddingAPointAndErasingItLeavesEveryBit)
     std::mt19937 random(31);
     std::uniform_real_distribution<double> number(-30, 60);
     for (int round = 0; round < 300; ++round) {
-        engine::BezierColumn curve("c");
+        brindle::engine::BezierColumn curve("c");
         const int count = static_cast<int>(random() % 6);
         for (int i = 0; i < count; ++i) {
             BezierCtrlPt point;
@@ -239,7 +239,7 @@ TEST_F(BezierColumnTest, TextsThatAreNoNumbersAreRefusedAndChangeNothing)
     EXPECT_EQ(column->setValuesFromXsheet(5, 1, "", 1), 0) << "no key to take away";
     EXPECT_EQ(state(), before);
     EXPECT_EQ(manager().historySize(), entries);
-    engine::BezierColumn outside("outside");
+    brindle::engine::BezierColumn outside("outside");
     EXPECT_NE(outside.setValuesFromXsheet(1, 1, "1", 1), 0) << "nowhere to undo it";
 }
 
@@ -319,7 +319,7 @@ TEST_F(BezierColumnTest, AValueSetBehindTheLastKeyTakesThatKeyAlong)
     CO_OrCommand none(true);
     column->adjustColumn(10, 8, none);
     column->adjustColumn(5, 8, none);
-    engine::BezierColumn("empty").adjustColumn(5, 8, none);
+    brindle::engine::BezierColumn("empty").adjustColumn(5, 8, none);
     EXPECT_EQ(none.size(), 0);
 }
 

@@ -7,8 +7,8 @@
 
 namespace {
 
-using engine::BezierSegment;
-using engine::CurvePoint;
+using brindle::engine::BezierSegment;
+using brindle::engine::CurvePoint;
 
 CurvePoint point(double frame, double value, double leftX, double leftY, double rightX, double rightY)
 {

@@ -9,8 +9,8 @@ protected:
     AT_Attr& armAngle = *attribute(arm, "angle");
     AT_Attr& legAngle = *attribute(leg, "angle");
     AT_Attr& armX = *attribute(arm, "position.x");
-    engine::BezierColumn* column = addColumn("bend");
-    engine::BezierColumn* other = addColumn("twist");
+    brindle::engine::BezierColumn* column = addColumn("bend");
+    brindle::engine::BezierColumn* other = addColumn("twist");
 };
 
 TEST_F(ColumnCommandsTest, ALinkLeadsBothWays)
@@ -66,7 +66,7 @@ TEST_F(ColumnCommandsTest, ACutLinkComesBackToItsPlace)
 
 TEST_F(ColumnCommandsTest, LinksThatCannotStandAreRefusedAndChangeNothing)
 {
-    engine::BezierColumn outside("outside");
+    brindle::engine::BezierColumn outside("outside");
     MO_Node* card = add("COMPOSITE", "Card");
     const QString before = state();
     const int entries = manager().historySize();
@@ -112,7 +112,7 @@ TEST_F(ColumnCommandsTest, ColumnsGoAlongWithTheLastNodeThatTheyDrive)
 
 TEST_F(ColumnCommandsTest, AnAnonymousColumnIsShownByWhatItDrivesFirst)
 {
-    engine::BezierColumn* nameless = addColumn("ATV-0001", true);
+    brindle::engine::BezierColumn* nameless = addColumn("ATV-0001", true);
     EXPECT_EQ(nameless->getDisplayName(), "ATV-0001");
     drive(armX, nameless);
     drive(legAngle, nameless);
@@ -144,14 +144,14 @@ TEST_F(ColumnCommandsTest, AColumnIsRenamedWhereNoOtherHasTheName)
     for (const QString& name : {QString("twist"), QString()})
         EXPECT_FALSE(run(new tu_timedvalue::timedvalue::RenameCmd(column, name))) << name.toStdString();
     EXPECT_FALSE(run(new tu_timedvalue::timedvalue::RenameCmd(nullptr, "x")));
-    engine::BezierColumn outside("outside");
+    brindle::engine::BezierColumn outside("outside");
     EXPECT_FALSE(run(new tu_timedvalue::timedvalue::RenameCmd(&outside, "x")));
     EXPECT_EQ(state(), renamed);
 }
 
 TEST_F(ColumnCommandsTest, AnUndoneColumnIsGoneForScriptsAndIsTheSameOneWhenItComesBack)
 {
-    engine::BezierColumn* made = addColumn("made");
+    brindle::engine::BezierColumn* made = addColumn("made");
     UT_SharedWeakPtrBase handle;
     handle.assign(made);
     undo();
@@ -164,8 +164,8 @@ TEST_F(ColumnCommandsTest, AnUndoneColumnIsGoneForScriptsAndIsTheSameOneWhenItCo
 
 TEST_F(ColumnCommandsTest, NodesAndColumnsMayEndInAnyOrder)
 {
-    auto loose = std::make_unique<engine::BezierColumn>("loose");
-    auto& socket = static_cast<engine::Socket&>(*armAngle.socket());
+    auto loose = std::make_unique<brindle::engine::BezierColumn>("loose");
+    auto& socket = static_cast<brindle::engine::Socket&>(*armAngle.socket());
     socket.link(*loose);
     loose.reset();
     EXPECT_FALSE(socket.isLinked());

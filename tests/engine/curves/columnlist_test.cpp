@@ -5,9 +5,9 @@
 
 namespace {
 
-using engine::BezierColumn;
-using engine::Column;
-using engine::ColumnList;
+using brindle::engine::BezierColumn;
+using brindle::engine::Column;
+using brindle::engine::ColumnList;
 
 class ColumnListTest : public testing::Test, public MemoryProject {
 protected:

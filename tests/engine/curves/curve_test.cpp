@@ -8,10 +8,10 @@
 
 namespace {
 
-using engine::Curve;
-using engine::CurveLog;
-using engine::CurvePoint;
-using Edit = engine::Curve::Edit;
+using brindle::engine::Curve;
+using brindle::engine::CurveLog;
+using brindle::engine::CurvePoint;
+using Edit = brindle::engine::Curve::Edit;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();

@@ -60,7 +60,7 @@ protected:
         return point;
     }
 
-    engine::BezierColumn* column = addColumn("curve");
+    brindle::engine::BezierColumn* column = addColumn("curve");
     QString before;
 };
 
@@ -196,7 +196,7 @@ protected:
     CO_Command* change()
     {
         const double frame = static_cast<double>(m_random() % 60) / 2;
-        engine::BezierColumn* column = columns[m_random() % columns.size()];
+        brindle::engine::BezierColumn* column = columns[m_random() % columns.size()];
         AT_Attr* attr = attributes[m_random() % attributes.size()];
         CO_Command* made = nullptr;
         switch (m_random() % 20) {
@@ -259,11 +259,11 @@ protected:
         }
     }
 
-    engine::BezierColumn* column(std::size_t count) { return columns[m_random() % count]; }
+    brindle::engine::BezierColumn* column(std::size_t count) { return columns[m_random() % count]; }
     double number() { return std::uniform_real_distribution<double>(-30, 60)(m_random); }
 
     std::mt19937 m_random{GetParam()};
-    std::vector<engine::BezierColumn*> columns = {addColumn("a"), addColumn("b"), addColumn("c")};
+    std::vector<brindle::engine::BezierColumn*> columns = {addColumn("a"), addColumn("b"), addColumn("c")};
     MO_Node* peg = add("PEG", "Peg");
     MO_Node* drawing = add("READ", "Drawing");
     MO_Node* card = add("COLOR_CARD", "Card");

@@ -11,8 +11,8 @@
 
 namespace {
 
-using engine::CurvePoint;
-using engine::CurvePoints;
+using brindle::engine::CurvePoint;
+using brindle::engine::CurvePoints;
 
 CurvePoint pointAt(double frame)
 {

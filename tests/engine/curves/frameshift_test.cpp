@@ -9,7 +9,7 @@ TEST(FrameShiftTest, AStretchIsCarriedAlong)
     constexpr int most = std::numeric_limits<int>::max();
     struct {
         const char* what;
-        engine::FrameShift shift;
+        brindle::engine::FrameShift shift;
         int first, last;
         bool stays;
         int firstAfter, lastAfter;

@@ -10,10 +10,10 @@
 
 #include <sys/resource.h>
 
-using engine::FileKind;
-using engine::FolderFailure;
-using engine::FolderLock;
-namespace folder_io = engine::folder_io;
+using brindle::engine::FileKind;
+using brindle::engine::FolderFailure;
+using brindle::engine::FolderLock;
+namespace folder_io = brindle::engine::folder_io;
 
 class FolderIoTest : public FolderTest {
 public:
@@ -29,7 +29,7 @@ public:
     }
     std::string named(const char* name, const char* reason) const
     {
-        return (engine::quoted(path(name)) + ' ' + reason).toStdString();
+        return (brindle::engine::quoted(path(name)) + ' ' + reason).toStdString();
     }
 };
 
@@ -47,12 +47,12 @@ TEST_F(FolderIoTest, TellsWhatStandsAtAPath)
 
 TEST_F(FolderIoTest, ATextFromOutsideIsShownAsOneReadableLine)
 {
-    EXPECT_EQ(engine::shown("Jörg's \"腕\" 🦴 %1"), "Jörg's \"腕\" 🦴 %1");
-    EXPECT_EQ(engine::shown(QString("a\nb\r\t\x1b[31m") + QChar(0) + QChar(0x2028) + QChar(0x9b)),
+    EXPECT_EQ(brindle::engine::shown("Jörg's \"腕\" 🦴 %1"), "Jörg's \"腕\" 🦴 %1");
+    EXPECT_EQ(brindle::engine::shown(QString("a\nb\r\t\x1b[31m") + QChar(0) + QChar(0x2028) + QChar(0x9b)),
               "a\\nb\\u000d\\u0009\\u001b[31m\\u0000\\u2028\\u009b");
-    EXPECT_EQ(engine::quoted("/p/a\nb"), "\"/p/a\\nb\"");
-    EXPECT_EQ(engine::shown(QString(5000, 'x')), QString(5000, 'x'));
-    EXPECT_EQ(engine::shown('<' + QString(10'000'000, 'x') + '>'),
+    EXPECT_EQ(brindle::engine::quoted("/p/a\nb"), "\"/p/a\\nb\"");
+    EXPECT_EQ(brindle::engine::shown(QString(5000, 'x')), QString(5000, 'x'));
+    EXPECT_EQ(brindle::engine::shown('<' + QString(10'000'000, 'x') + '>'),
               '<' + QString(2499, 'x') + " ... " + QString(2499, 'x') + '>');
 }
 

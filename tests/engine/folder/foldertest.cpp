@@ -7,16 +7,16 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-void FolderTest::save(const QString& path, engine::Project& project)
+void FolderTest::save(const QString& path, brindle::engine::Project& project)
 {
     EXPECT_EQ(writeError(path, project), QString());
 }
 
-std::unique_ptr<engine::Project> FolderTest::open(const QString& path)
+std::unique_ptr<brindle::engine::Project> FolderTest::open(const QString& path)
 {
-    auto project = std::make_unique<engine::Project>(path);
+    auto project = std::make_unique<brindle::engine::Project>(path);
     QString error;
-    EXPECT_TRUE(engine::ProjectFolder(path).read(*project, project->lock(), error)) << error.toStdString();
+    EXPECT_TRUE(brindle::engine::ProjectFolder(path).read(*project, project->lock(), error)) << error.toStdString();
     return project;
 }
 
@@ -28,38 +28,38 @@ FolderTest::Files FolderTest::saved(const QString& name)
 
 QString FolderTest::openError(const QString& path)
 {
-    engine::Project project(path);
+    brindle::engine::Project project(path);
     QString error;
-    const bool opened = engine::ProjectFolder(path).read(project, project.lock(), error);
+    const bool opened = brindle::engine::ProjectFolder(path).read(project, project.lock(), error);
     EXPECT_EQ(opened, error.isEmpty());
     return error;
 }
 
 QString FolderTest::readOnlyError(const QString& path)
 {
-    engine::Project project(path);
+    brindle::engine::Project project(path);
     QString error;
-    const bool opened = engine::ProjectFolder(path).readOnly(project, error);
+    const bool opened = brindle::engine::ProjectFolder(path).readOnly(project, error);
     EXPECT_EQ(opened, error.isEmpty());
     EXPECT_FALSE(project.lock().isHeld());
     return error;
 }
 
-QString FolderTest::writeError(const QString& path, engine::Project& project)
+QString FolderTest::writeError(const QString& path, brindle::engine::Project& project)
 {
     QString error;
-    engine::ProjectLock ownForTheSave;
-    engine::ProjectLock& lock = project.lock().isHeld() ? project.lock() : ownForTheSave;
-    const bool written = engine::ProjectFolder(path).write(project.record(), project.scenes(), lock, error);
+    brindle::engine::ProjectLock ownForTheSave;
+    brindle::engine::ProjectLock& lock = project.lock().isHeld() ? project.lock() : ownForTheSave;
+    const bool written = brindle::engine::ProjectFolder(path).write(project.record(), project.scenes(), lock, error);
     EXPECT_EQ(written, error.isEmpty());
     return error;
 }
 
-QString FolderTest::createError(const QString& path, engine::Project& project)
+QString FolderTest::createError(const QString& path, brindle::engine::Project& project)
 {
     QString error;
-    engine::ProjectLock lock;
-    const bool created = engine::ProjectFolder(path).create(project.record(), project.scenes(), lock, error);
+    brindle::engine::ProjectLock lock;
+    const bool created = brindle::engine::ProjectFolder(path).create(project.record(), project.scenes(), lock, error);
     EXPECT_EQ(created, error.isEmpty());
     return error;
 }

@@ -14,16 +14,16 @@ public:
 
     /// Saves, or opens, and expects it to work. What was opened holds the project's lock; a project that holds none has
     /// it for the save.
-    static void save(const QString& path, engine::Project& project);
-    static std::unique_ptr<engine::Project> open(const QString& path);
+    static void save(const QString& path, brindle::engine::Project& project);
+    static std::unique_ptr<brindle::engine::Project> open(const QString& path);
     /// Saves the project of this test in a new folder, and gives its files.
     Files saved(const QString& name = QStringLiteral("project"));
 
     /// The sentence of an opening, a save or the making of a project that fails; empty when it works.
     static QString openError(const QString& path);
     static QString readOnlyError(const QString& path);
-    static QString writeError(const QString& path, engine::Project& project);
-    static QString createError(const QString& path, engine::Project& project);
+    static QString writeError(const QString& path, brindle::engine::Project& project);
+    static QString createError(const QString& path, brindle::engine::Project& project);
 
     /// All files below a folder with their content, by relative path; folders with a "/" behind their path. The lock
     /// of who has the project open is left out.

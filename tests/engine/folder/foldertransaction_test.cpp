@@ -14,8 +14,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-using engine::FolderFailure;
-using engine::FolderTransaction;
+using brindle::engine::FolderFailure;
+using brindle::engine::FolderTransaction;
 
 class FolderTransactionTest : public FolderTest {
 public:

@@ -65,9 +65,9 @@ TEST_F(InterruptedSaveTest, AnInterruptedSaveIsReadAsItHappenedByWhoMayNotEndIt)
     put(path() + "/.brindle-save/journal.json", R"({"format": "brindle-journal", "version": 1,
         "replace": ["scenes/Scene-1.json"], "remove": []})");
     const Files before = filesOf(path());
-    engine::Project read(path());
+    brindle::engine::Project read(path());
     QString error;
-    ASSERT_TRUE(engine::ProjectFolder(path()).readOnly(read, error)) << error.toStdString();
+    ASSERT_TRUE(brindle::engine::ProjectFolder(path()).readOnly(read, error)) << error.toStdString();
     EXPECT_NE(read.scenes().front()->getRootGroup()->subNode("Monitor"), nullptr);
     EXPECT_EQ(filesOf(path()), before);
     const auto opened = open(path());

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-using engine::FolderFailure;
-using engine::JsonFile;
-using engine::JsonPlace;
+using brindle::engine::FolderFailure;
+using brindle::engine::JsonFile;
+using brindle::engine::JsonPlace;
 
 namespace {
 

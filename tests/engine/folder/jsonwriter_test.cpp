@@ -10,7 +10,7 @@
 #include <limits>
 #include <random>
 
-using engine::JsonWriter;
+using brindle::engine::JsonWriter;
 
 namespace {
 

@@ -39,11 +39,11 @@ const QByteArray soundText = R"({
 QString failureOf(const QByteArray& text)
 {
     try {
-        engine::ProjectRecord record;
-        const engine::JsonFile file("/p/project.json", text);
-        engine::readProjectFile(file, record);
+        brindle::engine::ProjectRecord record;
+        const brindle::engine::JsonFile file("/p/project.json", text);
+        brindle::engine::readProjectFile(file, record);
         return {};
-    } catch (const engine::FolderFailure& failure) {
+    } catch (const brindle::engine::FolderFailure& failure) {
         return failure.reason;
     }
 }
@@ -112,9 +112,9 @@ INSTANTIATE_TEST_SUITE_P(All, ProjectDamageTest, testing::ValuesIn(damages),
 
 TEST(ProjectFileTest, WhatIsReadIsWrittenAsItStood)
 {
-    engine::ProjectRecord record;
-    const engine::JsonFile file("/p/project.json", soundText);
-    const QStringList scenes = engine::readProjectFile(file, record);
+    brindle::engine::ProjectRecord record;
+    const brindle::engine::JsonFile file("/p/project.json", soundText);
+    const QStringList scenes = brindle::engine::readProjectFile(file, record);
     EXPECT_EQ(scenes, QStringList({"scenes/Walk.json", "scenes/Run.json"}));
     EXPECT_EQ(record.lastChange, "Rename Arm");
     EXPECT_EQ(record.settings.picture.resolution,
@@ -122,34 +122,34 @@ TEST(ProjectFileTest, WhatIsReadIsWrittenAsItStood)
     EXPECT_EQ(record.settings.picture.fov, 60.5);
     EXPECT_EQ(record.settings.advancedFlags.pixelPerModelUnitForBitmapLayers(), 2);
     EXPECT_EQ(record.settings.advancedFlags.pixelPerModelUnitForVectorLayers(), 0.5);
-    EXPECT_EQ(record.settings.aspectRatio, (engine::AspectRatio{16, 9}));
-    EXPECT_EQ(record.settings.fieldChart, (engine::FieldChart{12, 10.5, 24}));
-    EXPECT_EQ(record.settings.center, (engine::CenterCoordinates{3, -4}));
-    EXPECT_EQ(engine::projectFileText(record, scenes).toStdString(), soundText.toStdString());
+    EXPECT_EQ(record.settings.aspectRatio, (brindle::engine::AspectRatio{16, 9}));
+    EXPECT_EQ(record.settings.fieldChart, (brindle::engine::FieldChart{12, 10.5, 24}));
+    EXPECT_EQ(record.settings.center, (brindle::engine::CenterCoordinates{3, -4}));
+    EXPECT_EQ(brindle::engine::projectFileText(record, scenes).toStdString(), soundText.toStdString());
 }
 
 TEST(ProjectFileTest, WhatHasNoNameAndNoChangeLeavesThemOut)
 {
-    engine::ProjectRecord record;
+    brindle::engine::ProjectRecord record;
     record.settings.picture = {SC_Resolution({}, 640, 481, TUDbResolution::kFitHeight, TUDbResolution::kPerspective),
                                40};
-    const QByteArray text = engine::projectFileText(record, {"scenes/a.json"});
+    const QByteArray text = brindle::engine::projectFileText(record, {"scenes/a.json"});
     EXPECT_FALSE(text.contains("name") || text.contains("lastChange"));
-    engine::ProjectRecord read;
+    brindle::engine::ProjectRecord read;
     read.lastChange = "something";
-    const engine::JsonFile file("/p/project.json", text);
-    engine::readProjectFile(file, read = {});
+    const brindle::engine::JsonFile file("/p/project.json", text);
+    brindle::engine::readProjectFile(file, read = {});
     EXPECT_EQ(read.settings, record.settings);
     EXPECT_EQ(read.lastChange, QString());
 }
 
 TEST(ProjectFileTest, Version1GetsTheSettingsOfANewProject)
 {
-    engine::ProjectRecord record;
-    const engine::JsonFile file("/p/project.json",
-                                R"({"format": "brindle-project", "version": 1, "scenes": ["scenes/Walk.json"]})");
-    EXPECT_EQ(engine::readProjectFile(file, record), QStringList({"scenes/Walk.json"}));
-    EXPECT_EQ(record.settings, engine::ProjectSettings());
+    brindle::engine::ProjectRecord record;
+    const brindle::engine::JsonFile file(
+        "/p/project.json", R"({"format": "brindle-project", "version": 1, "scenes": ["scenes/Walk.json"]})");
+    EXPECT_EQ(brindle::engine::readProjectFile(file, record), QStringList({"scenes/Walk.json"}));
+    EXPECT_EQ(record.settings, brindle::engine::ProjectSettings());
     EXPECT_EQ(record.lastChange, QString());
 }
 

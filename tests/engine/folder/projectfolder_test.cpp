@@ -18,7 +18,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-using engine::ProjectFolder;
+using brindle::engine::ProjectFolder;
 
 class ProjectFolderTest : public FolderTest {
 public:
@@ -74,7 +74,7 @@ TEST_F(ProjectFolderTest, AFolderThatHoldsAProjectIsRefused)
     rename("Monitor");
     EXPECT_EQ(createError(path(), project()), "Cannot create the project: \"" + path() + "\" already holds a project.");
     QString error;
-    engine::ProjectLock lock;
+    brindle::engine::ProjectLock lock;
     EXPECT_FALSE(ProjectFolder(path()).createForSave(project().record(), project().scenes(), lock, error));
     EXPECT_FALSE(lock.isHeld());
     EXPECT_EQ(error, "Cannot save the project: \"" + path() + "\" already holds a project.");
@@ -182,13 +182,13 @@ TEST_F(ProjectFolderTest, AFileKeepsItsPermissions)
 
 TEST_F(ProjectFolderTest, FilesOfScenesThatAreGoneGoAndOthersStay)
 {
-    engine::Project two(path());
+    brindle::engine::Project two(path());
     two.addScene({"Walk", 60, 1, 60, 24});
     two.addScene({"Run", 60, 1, 60, 24});
     EXPECT_EQ(createError(path(), two), QString());
     put(path() + "/scenes/notes.txt", "mine");
     put(path() + "/scenes/Walk-old.json", "mine");
-    engine::Project one(path());
+    brindle::engine::Project one(path());
     one.addScene({"Run", 60, 1, 60, 24});
     save(path(), one);
     EXPECT_EQ(filesOf(path()).keys(),
@@ -198,7 +198,7 @@ TEST_F(ProjectFolderTest, FilesOfScenesThatAreGoneGoAndOthersStay)
 TEST_F(ProjectFolderTest, SeveralScenesOfOddNamesComeBackInOrder)
 {
     const QStringList names = {"b", "a", "A", "x/y", "..", "con\n", "腕", QString(400, 'n')};
-    engine::Project made(path());
+    brindle::engine::Project made(path());
     for (const QString& name : names)
         made.addScene({name, 10, 2, 9, 29.97});
     EXPECT_EQ(createError(path(), made), QString());

@@ -17,8 +17,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-using engine::FolderFailure;
-using engine::ProjectLock;
+using brindle::engine::FolderFailure;
+using brindle::engine::ProjectLock;
 
 class ProjectLockTest : public FolderTest {
 public:
@@ -114,7 +114,7 @@ TEST_F(ProjectLockTest, ALockStandsInItsFolderUntilItIsLetGo)
 
 TEST_F(ProjectLockTest, WhileSomebodyLooksForTheLockItIsNotTakenAway)
 {
-    auto looking = std::make_unique<engine::FolderLock>(path(), engine::FolderLock::Writing);
+    auto looking = std::make_unique<brindle::engine::FolderLock>(path(), brindle::engine::FolderLock::Writing);
     ProjectLock lock;
     lock.require(path());
     std::thread leaving([&lock] { lock.release(); });
@@ -129,7 +129,7 @@ TEST_F(ProjectLockTest, WhileSomebodyLooksForTheLockItIsNotTakenAway)
 
 TEST_F(ProjectLockTest, AProgramThatKeepsTheFolderForLongKeepsNobodysLock)
 {
-    const engine::FolderLock kept(path(), engine::FolderLock::Reading);
+    const brindle::engine::FolderLock kept(path(), brindle::engine::FolderLock::Reading);
     ProjectLock lock;
     lock.require(path());
     lock.release();
@@ -214,7 +214,7 @@ TEST_F(ProjectLockTest, WhatIsNoLockFileIsToldAndStays)
     for (const auto& make : ways) {
         ASSERT_TRUE(make());
         ProjectLock lock;
-        EXPECT_EQ(refusal(lock, path()), engine::quoted(file()) + " is in the way: it is not a file");
+        EXPECT_EQ(refusal(lock, path()), brindle::engine::quoted(file()) + " is in the way: it is not a file");
         EXPECT_FALSE(lock.isHeld());
         EXPECT_TRUE(::rmdir(qPrintable(file())) == 0 || ::unlink(qPrintable(file())) == 0);
     }
@@ -229,7 +229,7 @@ TEST_F(ProjectLockTest, ADiskThatHasNoRoomForALockIsTold)
         const rlimit limit{0, 0};
         ::setrlimit(RLIMIT_FSIZE, &limit);
         ProjectLock lock;
-        return refusal(lock, path()) == engine::quoted(file()) + " cannot be written: file too large" ? 0 : 1;
+        return refusal(lock, path()) == brindle::engine::quoted(file()) + " cannot be written: file too large" ? 0 : 1;
     });
     EXPECT_EQ(code, 0);
     EXPECT_FALSE(QFile::exists(file()));

@@ -115,7 +115,7 @@ AT_Attr* RandomProject::attribute()
 
 TUTimedValue* RandomProject::column()
 {
-    const engine::Scene& scene = m_project.scene();
+    const brindle::engine::Scene& scene = m_project.scene();
     const int count = scene.timedValueCount();
     return count > 0 ? scene.timedValuesBegin()[below(count)] : nullptr;
 }
@@ -216,7 +216,7 @@ void RandomProject::editColumn()
 
 void RandomProject::changeScene()
 {
-    engine::Scene& scene = m_project.scene();
+    brindle::engine::Scene& scene = m_project.scene();
     scene.setNumberOfFrames(below(50), below(30) - 12, below(2), true);
     scene.setStartFrame(1 + below(20));
     scene.setStopFrame(20 + below(60));

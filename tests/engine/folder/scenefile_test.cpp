@@ -13,17 +13,17 @@ using SceneFileTest = FolderTest;
 
 namespace {
 
-std::string textOf(engine::Project& project)
+std::string textOf(brindle::engine::Project& project)
 {
-    return engine::sceneText(*project.scenes().front()).toStdString();
+    return brindle::engine::sceneText(*project.scenes().front()).toStdString();
 }
 
 /// All that is saved.
-std::string textOfAll(engine::Project& project)
+std::string textOfAll(brindle::engine::Project& project)
 {
-    QByteArray text = engine::projectFileText(project.record(), {});
+    QByteArray text = brindle::engine::projectFileText(project.record(), {});
     for (const TUScene* scene : project.scenes())
-        text += engine::sceneText(*scene);
+        text += brindle::engine::sceneText(*scene);
     return text.toStdString();
 }
 
@@ -348,5 +348,5 @@ TEST_F(SceneFileTest, SavingDoesNotMakeAttributesThatNobodyAskedFor)
 {
     add("PEG", "Arm");
     textOf(project());
-    EXPECT_FALSE(engine::engineNode(node("Top/Arm"))->hasAttributes());
+    EXPECT_FALSE(brindle::engine::engineNode(node("Top/Arm"))->hasAttributes());
 }

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-using engine::isSceneFileName;
-using engine::sceneFileNames;
+using brindle::engine::isSceneFileName;
+using brindle::engine::sceneFileNames;
 
 TEST(SceneFileNamesTest, NamesAreMadeSafe)
 {

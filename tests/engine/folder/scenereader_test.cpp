@@ -424,15 +424,15 @@ TEST_F(SceneReaderTest, WhatSurvivesAFlippedBitIsSavedAndOpenedAgain)
         const auto at = std::uniform_int_distribution<qsizetype>(0, text.size() - 1)(random);
         text[at] = static_cast<char>(text.at(at) ^ (1 << std::uniform_int_distribution<int>(0, 7)(random)));
         put(sceneFile(), text);
-        engine::Project project(path());
+        brindle::engine::Project project(path());
         QString error;
-        if (!engine::ProjectFolder(path()).readOnly(project, error))
+        if (!brindle::engine::ProjectFolder(path()).readOnly(project, error))
             continue;
         ++opened;
-        const std::string once = engine::sceneText(*project.scenes().front()).toStdString();
+        const std::string once = brindle::engine::sceneText(*project.scenes().front()).toStdString();
         const QString copy = this->path(QString::number(round));
         ASSERT_EQ(createError(copy, project), QString());
-        ASSERT_EQ(engine::sceneText(*open(copy)->scenes().front()).toStdString(), once);
+        ASSERT_EQ(brindle::engine::sceneText(*open(copy)->scenes().front()).toStdString(), once);
     }
     EXPECT_GT(opened, 20);
 }

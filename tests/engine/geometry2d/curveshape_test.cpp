@@ -161,7 +161,7 @@ TEST(CurveShape, AreasOfSectorsSumUpToTheArea)
             const Math::Vector2d to = curves::reference(made, (i + 1) / double{places}) - centre;
             expected += from.cross(to) / 2;
         }
-        EXPECT_NEAR(engine::sectorArea(engine::planeCurve(made), centre), expected, 0.02);
+        EXPECT_NEAR(brindle::engine::sectorArea(brindle::engine::planeCurve(made), centre), expected, 0.02);
     }
 }
 

@@ -276,7 +276,7 @@ TEST(Intersection, ALoopCrossesItselfOnce)
     const auto places = loop.GetIntersections();
     ASSERT_EQ(places.size(), 1u);
     EXPECT_NEAR(places[0].x, 0.5, 1e-12);
-    const auto at = engine::selfMeetings(engine::planeCurve(loop));
+    const auto at = brindle::engine::selfMeetings(brindle::engine::planeCurve(loop));
     ASSERT_EQ(at.size(), 1u);
     EXPECT_LT(at[0].first, at[0].second);
     EXPECT_LT(distance(loop.Evaluate(at[0].first), loop.Evaluate(at[0].second)), 1e-12);
@@ -307,7 +307,7 @@ TEST(Intersection, SelfIntersectionsOfRandomCurvesAreThoseOfTheirParts)
     int loops = 0;
     for (int round = 0; round < 3000; ++round) {
         const GR_Bezier2d made = random.curve(3);
-        const auto at = engine::selfMeetings(engine::planeCurve(made));
+        const auto at = brindle::engine::selfMeetings(brindle::engine::planeCurve(made));
         for (const auto& meeting : at) {
             ASSERT_LT(distance(made.Evaluate(meeting.first), made.Evaluate(meeting.second)), 1e-8) << round;
             const double cut = (meeting.first + meeting.second) / 2;

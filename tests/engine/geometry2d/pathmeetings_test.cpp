@@ -37,7 +37,7 @@ TEST(PathMeetings, ACrossingIsFoundOnceAtItsLowestParameter)
     const GR_BezierPath2d eight = polyline({{0, 0}, {4, 4}, {4, 0}, {0, 4}, {0, 0}});
     ASSERT_EQ(eight.GetIntersections().size(), 1u);
     EXPECT_LT(distance(eight.GetIntersections()[0], {2, 2}), 1e-12);
-    EXPECT_NEAR(engine::pathSelfMeetings(eight)[0], 0.5, 1e-12);
+    EXPECT_NEAR(brindle::engine::pathSelfMeetings(eight)[0], 0.5, 1e-12);
 
     // A corner that touches another side is on two curves.
     const GR_BezierPath2d corner = polyline({{0, 0}, {10, 0}, {10, 5}, {5, 0}, {0, 5}});

@@ -11,9 +11,9 @@
 
 namespace {
 
-using engine::bernsteinRoots;
-using engine::PlaneCurve;
-using engine::UnitFrame;
+using brindle::engine::bernsteinRoots;
+using brindle::engine::PlaneCurve;
+using brindle::engine::UnitFrame;
 
 double valueAt(std::vector<double> coefficients, double t)
 {
@@ -117,7 +117,7 @@ TEST(PlaneCurve, HalvesAreStretches)
 {
     curves::RandomCurves random(17);
     for (int round = 0; round < 1000; ++round) {
-        const PlaneCurve whole = engine::planeCurve(random.curve());
+        const PlaneCurve whole = brindle::engine::planeCurve(random.curve());
         const auto [before, behind] = whole.halves();
         const PlaneCurve first = whole.stretch(0, 0.5);
         const PlaneCurve second = whole.stretch(0.5, 1);

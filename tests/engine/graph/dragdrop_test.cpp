@@ -17,7 +17,7 @@ const DD_DropMode newNodes(true, false);
 
 class DragDropTest : public GraphTest {
 protected:
-    std::string saved() { return engine::sceneText(scene()).toStdString(); }
+    std::string saved() { return brindle::engine::sceneText(scene()).toStdString(); }
 
     DD_DragObject drag(const std::vector<MO_Node*>& nodes)
     {

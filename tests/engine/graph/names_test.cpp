@@ -25,7 +25,7 @@ TEST(NodeNameTest, AValidNameIsMadeFromAnyText)
     };
     for (const auto& [name, valid] : names) {
         EXPECT_EQ(TUModuleNameValidator::getValidName(name), valid);
-        EXPECT_TRUE(engine::isValidNodeName(valid));
-        EXPECT_EQ(engine::isValidNodeName(name), name == valid);
+        EXPECT_TRUE(brindle::engine::isValidNodeName(valid));
+        EXPECT_EQ(brindle::engine::isValidNodeName(name), name == valid);
     }
 }

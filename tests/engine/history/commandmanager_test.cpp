@@ -66,7 +66,7 @@ protected:
     QStringList undone() const { return manager->collectUnexecutedNames(); }
 
     int number = 0;
-    std::unique_ptr<CO_CommandManager> manager = std::make_unique<engine::CommandManager>();
+    std::unique_ptr<CO_CommandManager> manager = std::make_unique<brindle::engine::CommandManager>();
 };
 
 using Scope = CO_CommandAccumScope;

@@ -14,7 +14,7 @@ class LastChangeTest : public testing::Test {
 protected:
     void change(const QString& label) { manager.execute(new Nothing, label); }
 
-    engine::CommandManager manager;
+    brindle::engine::CommandManager manager;
 };
 
 } // namespace

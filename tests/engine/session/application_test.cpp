@@ -25,7 +25,7 @@ public:
 
 TEST(EngineApplicationTest, APlainProcessIsNoBatch)
 {
-    EXPECT_EQ(engine::batchMode(), engine::BatchMode::None);
+    EXPECT_EQ(brindle::engine::batchMode(), brindle::engine::BatchMode::None);
     EXPECT_FALSE(ST_BatchParams::isBatchScripting());
     EXPECT_FALSE(ST_BatchParams::isBatchRendering());
     EXPECT_FALSE(ST_BatchParams::isBatchPython());
@@ -33,22 +33,22 @@ TEST(EngineApplicationTest, APlainProcessIsNoBatch)
 
 TEST(EngineApplicationTest, TheProgramSaysWhatBatchItIs)
 {
-    engine::setBatchMode(engine::BatchMode::Scripting);
+    brindle::engine::setBatchMode(brindle::engine::BatchMode::Scripting);
     EXPECT_TRUE(ST_BatchParams::isBatchScripting());
-    engine::setBatchMode(engine::BatchMode::Rendering);
+    brindle::engine::setBatchMode(brindle::engine::BatchMode::Rendering);
     EXPECT_TRUE(ST_BatchParams::isBatchRendering());
-    engine::setBatchMode(engine::BatchMode::Python);
+    brindle::engine::setBatchMode(brindle::engine::BatchMode::Python);
     EXPECT_TRUE(ST_BatchParams::isBatchPython());
     EXPECT_FALSE(ST_BatchParams::isBatchScripting());
-    EXPECT_EQ(engine::batchMode(), engine::BatchMode::Python);
-    engine::setBatchMode(engine::BatchMode::None);
+    EXPECT_EQ(brindle::engine::batchMode(), brindle::engine::BatchMode::Python);
+    brindle::engine::setBatchMode(brindle::engine::BatchMode::None);
 }
 
 TEST(EngineApplicationTest, TheProgramIsKnownWhileItLives)
 {
     EXPECT_EQ(BAPP_Application::instance(), nullptr);
     {
-        const engine::Application program(QStringLiteral("paint"), QStringLiteral("1.2"), true);
+        const brindle::engine::Application program(QStringLiteral("paint"), QStringLiteral("1.2"), true);
         EXPECT_EQ(BAPP_Application::instance(), &program);
         EXPECT_EQ(program.name(), "paint");
         EXPECT_EQ(program.version(), "1.2");
@@ -59,7 +59,7 @@ TEST(EngineApplicationTest, TheProgramIsKnownWhileItLives)
 
 TEST(EngineApplicationTest, AServiceIsRegisteredAndTakenAway)
 {
-    const engine::Application program(QStringLiteral("paint"), QStringLiteral("1.2"), false);
+    const brindle::engine::Application program(QStringLiteral("paint"), QStringLiteral("1.2"), false);
     BAPP_ScriptHost* host = program.scriptHost();
     EXPECT_EQ(host->scriptEngine(), nullptr);
     EXPECT_EQ(host->vectorizationInterface(), nullptr);
@@ -78,7 +78,7 @@ TEST(EngineApplicationTest, AServiceIsRegisteredAndTakenAway)
 
 TEST(EngineApplicationTest, AnEngineThatIsDestroyedTakesItselfAway)
 {
-    const engine::Application program(QStringLiteral("paint"), QStringLiteral("1.2"), false);
+    const brindle::engine::Application program(QStringLiteral("paint"), QStringLiteral("1.2"), false);
     BAPP_ScriptHost* host = program.scriptHost();
     ScriptEngine other;
     {
@@ -102,7 +102,7 @@ TEST(EngineApplicationTest, AnEngineThatIsDestroyedTakesItselfAway)
 TEST(EngineApplicationTest, AnEngineMayOutliveTheProgram)
 {
     ScriptEngine scripts;
-    const engine::Application program(QStringLiteral("paint"), QStringLiteral("1.2"), false);
+    const brindle::engine::Application program(QStringLiteral("paint"), QStringLiteral("1.2"), false);
     program.scriptHost()->setScriptEngine(&scripts);
 }
 
@@ -111,9 +111,9 @@ TEST(EngineApplicationTest, TheBinariesAreWhereThisCodeIsUnlessTheProgramSaysEls
     const QString own = oswUtil::getBinDir();
     EXPECT_TRUE(QFileInfo(own).isDir());
     EXPECT_FALSE(own.endsWith('/'));
-    engine::setBinDir(QStringLiteral("/somewhere/lib"));
+    brindle::engine::setBinDir(QStringLiteral("/somewhere/lib"));
     EXPECT_EQ(oswUtil::getBinDir(), "/somewhere/lib");
-    engine::setBinDir(QString());
+    brindle::engine::setBinDir(QString());
     EXPECT_EQ(oswUtil::getBinDir(), own);
 }
 

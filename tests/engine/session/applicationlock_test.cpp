@@ -12,7 +12,7 @@
 
 namespace {
 
-using engine::ApplicationLock;
+using brindle::engine::ApplicationLock;
 using PL_AppLock::AppLock;
 using PL_AppLock::Parking;
 using namespace std::chrono_literals;

@@ -8,7 +8,7 @@
 
 namespace {
 
-class CountingObserver final : public engine::SceneObserver {
+class CountingObserver final : public brindle::engine::SceneObserver {
 public:
     void sceneChanged() override
     {
@@ -20,7 +20,7 @@ public:
 
     int scenes = 0;
     QStringList nodes;
-    engine::ChangeManager* leaves = nullptr; ///< Left at the first call.
+    brindle::engine::ChangeManager* leaves = nullptr; ///< Left at the first call.
 };
 
 class ChangeManagerTest : public GraphTest {
@@ -143,7 +143,7 @@ TEST_F(ChangesOfAnotherThreadTest, AreNotToldOfASceneThatHasGone)
 {
     CountingObserver watcher;
     {
-        auto changes = std::make_unique<engine::ChangeManager>();
+        auto changes = std::make_unique<brindle::engine::ChangeManager>();
         changes->addObserver(watcher);
         elsewhere([&] { changes->notify(); });
     }

@@ -4,7 +4,7 @@
 
 TEST(ColorSpacesTest, TheListHasTheSpacesOfFilmAndWeb)
 {
-    const engine::ColorSpaceManager manager;
+    const brindle::engine::ColorSpaceManager manager;
     const QStringList names = manager.colorSpaceNames({});
     for (const char* name :
          {"sRGB", "Linear", "Rec.709", "Rec.2020", "DCI-P3", "Display P3", "ACES2065-1", "ACEScg", "ACEScct", "Raw"}) {
@@ -17,7 +17,7 @@ TEST(ColorSpacesTest, TheListHasTheSpacesOfFilmAndWeb)
 
 TEST(ColorSpacesTest, AFilterKeepsTheNamesThatContainIt)
 {
-    const engine::ColorSpaceManager manager;
+    const brindle::engine::ColorSpaceManager manager;
     EXPECT_EQ(manager.colorSpaceNames("aces"), QStringList({"ACES2065-1", "ACEScg", "ACEScc", "ACEScct"}));
     EXPECT_EQ(manager.colorSpaceNames(""), manager.colorSpaceNames({}));
     EXPECT_TRUE(manager.colorSpaceNames("no such space").isEmpty());
@@ -25,7 +25,7 @@ TEST(ColorSpacesTest, AFilterKeepsTheNamesThatContainIt)
 
 TEST(ColorSpacesTest, NamesAreComparedExactly)
 {
-    const engine::ColorSpaceManager manager;
+    const brindle::engine::ColorSpaceManager manager;
     for (const char* name : {"", "srgb", "sRGB ", "ACES", "Rec.70"})
         EXPECT_FALSE(manager.contains(name)) << name;
     EXPECT_FALSE(manager.contains(QString()));

@@ -19,9 +19,9 @@ protected:
         return visitor.takeCommand();
     }
 
-    engine::BezierColumn* keyed(const QString& name, const std::vector<double>& frames)
+    brindle::engine::BezierColumn* keyed(const QString& name, const std::vector<double>& frames)
     {
-        engine::BezierColumn* column = addColumn(name);
+        brindle::engine::BezierColumn* column = addColumn(name);
         for (const double frame : frames)
             run(column->setValueCommand(frame, 10.0 * frame).release());
         manager().clearHistory();
@@ -42,8 +42,8 @@ protected:
 
 TEST_F(DeleteSequenceTest, KeysOnTheStretchGoAndAllOthersStay)
 {
-    engine::BezierColumn* column = keyed("A", {1, 9.5, 10, 12, 14.5, 15, 30});
-    engine::BezierColumn* empty = keyed("B", {});
+    brindle::engine::BezierColumn* column = keyed("A", {1, 9.5, 10, 12, 14.5, 15, 30});
+    brindle::engine::BezierColumn* empty = keyed("B", {});
     const QString before = state();
     ASSERT_TRUE(run(command(9, 5).release()));
     EXPECT_EQ(column->keyframes(), (std::vector<int>{1, 9, 15, 30}));
@@ -73,7 +73,7 @@ TEST_F(DeleteSequenceTest, AStretchThatTheSceneCantLoseGivesNoCommand)
 
 TEST_F(DeleteSequenceTest, AtTheEndTheLastFramesAreMeant)
 {
-    engine::BezierColumn* column = keyed("A", {1, 50, 51, 60});
+    brindle::engine::BezierColumn* column = keyed("A", {1, 50, 51, 60});
     ASSERT_TRUE(run(command(60, 10).release()));
     EXPECT_EQ(column->keyframes(), (std::vector<int>{1, 50}));
 }
@@ -95,7 +95,7 @@ TEST_F(DeleteSequenceTest, AVisitForgetsTheOneBefore)
 
 TEST_F(DeleteSequenceTest, BothStepsTogetherRemoveOnce)
 {
-    engine::BezierColumn* column = keyed("A", {1, 10, 12, 15, 20, 30});
+    brindle::engine::BezierColumn* column = keyed("A", {1, 10, 12, 15, 20, 30});
     const QString before = state();
     removeInTwoSteps(9, 5);
     EXPECT_EQ(column->keyframes(), (std::vector<int>{1, 10, 15, 25}));
@@ -110,7 +110,7 @@ TEST_F(DeleteSequenceTest, BothStepsTogetherLeaveWhatShorteningLeaves)
     std::mt19937 random(11);
     const auto below = [&random](int limit) { return static_cast<int>(random() % static_cast<unsigned int>(limit)); };
     for (int round = 0; round < 300; ++round) {
-        auto* column = new engine::BezierColumn(QStringLiteral("Column-%1").arg(round));
+        auto* column = new brindle::engine::BezierColumn(QStringLiteral("Column-%1").arg(round));
         ASSERT_TRUE(run(new SC_SceneCmds::AddTimedValueCmd(scene().sceneCommon(), column, -1, -1)));
         for (int keys = below(8); keys > 0; --keys) {
             const double frame = 1.0 + below(240) / 4.0;

@@ -16,7 +16,7 @@
 
 namespace {
 
-using engine::ApplicationLock;
+using brindle::engine::ApplicationLock;
 using PL_AppLock::AppLock;
 using namespace std::chrono_literals;
 
@@ -44,7 +44,7 @@ protected:
     char name[8] = "loop";
     char* arguments[2] = {name, nullptr};
     QCoreApplication application{count, arguments};
-    engine::MainLoop mainLoop;
+    brindle::engine::MainLoop mainLoop;
 };
 
 } // namespace
@@ -206,7 +206,7 @@ TEST(MainLoopEndTest, WithTheLoopTheLockIsGivenUp)
     char* arguments[2] = {name, nullptr};
     const QCoreApplication application(count, arguments);
     {
-        const engine::MainLoop mainLoop;
+        const brindle::engine::MainLoop mainLoop;
         EXPECT_TRUE(isHeld());
     }
     EXPECT_FALSE(isHeld());

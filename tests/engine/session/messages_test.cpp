@@ -16,8 +16,8 @@ protected:
     void TearDown() override
     {
         qunsetenv("BRINDLE_DEBUG");
-        engine::setLogVerbose(false);
-        engine::setLogSink({});
+        brindle::engine::setLogVerbose(false);
+        brindle::engine::setLogSink({});
     }
 };
 
@@ -25,25 +25,25 @@ protected:
 
 TEST_F(MessagesTest, ALineSaysHowGraveItIs)
 {
-    EXPECT_EQ(engine::messageLine("It broke.", MSG_Scope::kError), "Error: It broke.\n");
-    EXPECT_EQ(engine::messageLine(QString::fromUtf8("Späte Zeile"), MSG_Scope::kLog), "Späte Zeile\n");
+    EXPECT_EQ(brindle::engine::messageLine("It broke.", MSG_Scope::kError), "Error: It broke.\n");
+    EXPECT_EQ(brindle::engine::messageLine(QString::fromUtf8("Späte Zeile"), MSG_Scope::kLog), "Späte Zeile\n");
 }
 
 TEST_F(MessagesTest, DebugLinesAreWrittenInAVerboseLog)
 {
-    EXPECT_EQ(engine::messageLine("Detail", MSG_Scope::kDebug), "");
-    engine::setLogVerbose(true);
-    EXPECT_EQ(engine::messageLine("Detail", MSG_Scope::kDebug), "Debug: Detail\n");
-    engine::setLogVerbose(false);
-    EXPECT_EQ(engine::messageLine("Detail", MSG_Scope::kDebug), "");
+    EXPECT_EQ(brindle::engine::messageLine("Detail", MSG_Scope::kDebug), "");
+    brindle::engine::setLogVerbose(true);
+    EXPECT_EQ(brindle::engine::messageLine("Detail", MSG_Scope::kDebug), "Debug: Detail\n");
+    brindle::engine::setLogVerbose(false);
+    EXPECT_EQ(brindle::engine::messageLine("Detail", MSG_Scope::kDebug), "");
 }
 
 TEST_F(MessagesTest, DebugLinesAreWrittenWhenTheEnvironmentAsksForThem)
 {
     qunsetenv("BRINDLE_DEBUG");
-    EXPECT_EQ(engine::messageLine("Detail", MSG_Scope::kDebug), "");
+    EXPECT_EQ(brindle::engine::messageLine("Detail", MSG_Scope::kDebug), "");
     qputenv("BRINDLE_DEBUG", "1");
-    EXPECT_EQ(engine::messageLine("Detail", MSG_Scope::kDebug), "Debug: Detail\n");
+    EXPECT_EQ(brindle::engine::messageLine("Detail", MSG_Scope::kDebug), "Debug: Detail\n");
 }
 
 TEST_F(MessagesTest, MessagesGoToStandardError)
@@ -57,7 +57,7 @@ TEST_F(MessagesTest, MessagesGoToStandardError)
 TEST_F(MessagesTest, ASinkGetsAllMessagesInPlaceOfStandardError)
 {
     QStringList lines;
-    engine::setLogSink(
+    brindle::engine::setLogSink(
         [&lines](MSG_Scope::Action level, const QString& text) { lines.append(QString::number(level) + ' ' + text); });
     testing::internal::CaptureStderr();
     const MSG_Scope error("It broke.", MSG_Scope::kError);
@@ -65,7 +65,7 @@ TEST_F(MessagesTest, ASinkGetsAllMessagesInPlaceOfStandardError)
     const MSG_Scope detail("Detail", MSG_Scope::kDebug);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_EQ(lines, (QStringList{"2 It broke.", "5 Hello", "6 Detail"}));
-    engine::setLogSink({});
+    brindle::engine::setLogSink({});
     testing::internal::CaptureStderr();
     const MSG_Scope again("Hello", MSG_Scope::kLog);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Hello\n");
@@ -75,12 +75,12 @@ TEST_F(MessagesTest, ASinkGetsAllMessagesInPlaceOfStandardError)
 TEST_F(MessagesTest, ASinkMayLogAndMayTakeItselfAway)
 {
     QStringList lines;
-    engine::setLogSink([&lines](MSG_Scope::Action level, const QString& text) {
+    brindle::engine::setLogSink([&lines](MSG_Scope::Action level, const QString& text) {
         lines.append(text);
         if (level != MSG_Scope::kError)
             return;
         const MSG_Scope more("more", MSG_Scope::kLog);
-        engine::setLogSink({});
+        brindle::engine::setLogSink({});
     });
     const MSG_Scope error("It broke.", MSG_Scope::kError);
     EXPECT_EQ(lines, (QStringList{"It broke.", "more"}));
@@ -89,7 +89,7 @@ TEST_F(MessagesTest, ASinkMayLogAndMayTakeItselfAway)
 TEST_F(MessagesTest, ASinkGetsTheLinesOfSeveralThreadsOneAtATime)
 {
     int lines = 0;
-    engine::setLogSink([&lines](MSG_Scope::Action, const QString&) { ++lines; });
+    brindle::engine::setLogSink([&lines](MSG_Scope::Action, const QString&) { ++lines; });
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([] {

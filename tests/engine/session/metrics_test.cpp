@@ -13,10 +13,10 @@
 
 namespace {
 
-engine::ProjectSettings settingsWith(engine::AspectRatio ratio, engine::FieldChart chart,
-                                     engine::CenterCoordinates center)
+brindle::engine::ProjectSettings settingsWith(brindle::engine::AspectRatio ratio, brindle::engine::FieldChart chart,
+                                              brindle::engine::CenterCoordinates center)
 {
-    engine::ProjectSettings settings;
+    brindle::engine::ProjectSettings settings;
     settings.aspectRatio = ratio;
     settings.fieldChart = chart;
     settings.center = center;
@@ -26,8 +26,8 @@ engine::ProjectSettings settingsWith(engine::AspectRatio ratio, engine::FieldCha
 /// The pixels that a model unit has in a picture of the new project's chart.
 double density(int width, int height, TUDbResolution::FovFit fit, double fov, double factor)
 {
-    const engine::ProjectSettings settings;
-    const engine::Metrics metrics(settings);
+    const brindle::engine::ProjectSettings settings;
+    const brindle::engine::Metrics metrics(settings);
     const SC_Resolution resolution(QString(), width, height, fit, TUDbResolution::kPerspective);
     return TUSceneUtil::convertBitmapResolutionFactorToPixelPerModelUnit(resolution, &metrics, fov, factor);
 }
@@ -36,8 +36,8 @@ double density(int width, int height, TUDbResolution::FovFit fit, double fov, do
 
 TEST(MetricsTest, ANewProjectHasTwelveFieldsInAShapeOfFourToThree)
 {
-    const engine::ProjectSettings settings;
-    const engine::Metrics metrics(settings);
+    const brindle::engine::ProjectSettings settings;
+    const brindle::engine::Metrics metrics(settings);
     EXPECT_EQ(metrics.designAspectRatioX(), 4);
     EXPECT_EQ(metrics.designAspectRatioY(), 3);
     EXPECT_EQ(metrics.designFieldChartX(), 12.0);
@@ -50,7 +50,7 @@ TEST(MetricsTest, ANewProjectHasTwelveFieldsInAShapeOfFourToThree)
 TEST(MetricsTest, TheChartReachesOneUnitUpAndAsFarAcrossAsItsShape)
 {
     const auto settings = settingsWith({16, 9}, {16.0, 10.0, 5.0}, {});
-    const engine::Metrics metrics(settings);
+    const brindle::engine::Metrics metrics(settings);
     const Math::Point3d corner = metrics.toOGL({16.0, 10.0, 5.0});
     EXPECT_DOUBLE_EQ(corner.x, 16.0 / 9.0);
     EXPECT_DOUBLE_EQ(corner.y, 1.0);
@@ -64,7 +64,7 @@ TEST(MetricsTest, TheChartReachesOneUnitUpAndAsFarAcrossAsItsShape)
 TEST(MetricsTest, TheCoordinatesAtTheCenterMoveNothing)
 {
     const auto settings = settingsWith({4, 3}, {12.0, 12.0, 12.0}, {100, -100});
-    const engine::Metrics metrics(settings);
+    const brindle::engine::Metrics metrics(settings);
     EXPECT_EQ(metrics.coordinateAtCenterX(), 100);
     EXPECT_EQ(metrics.coordinateAtCenterY(), -100);
     EXPECT_EQ(metrics.toOGL({}), Math::Point3d());
@@ -80,7 +80,7 @@ TEST(MetricsTest, PointsAndFactorsAgreeAndLeadBack)
     for (int round = 0; round < 200; ++round) {
         const auto settings =
             settingsWith({side(random), side(random)}, {fields(random), fields(random), fields(random)}, {});
-        const engine::Metrics metrics(settings);
+        const brindle::engine::Metrics metrics(settings);
         const Math::Point3d point{value(random), value(random), value(random)};
         EXPECT_EQ(metrics.toOGL(point),
                   (Math::Point3d{point.x * metrics.toOGLFactorX(), point.y * metrics.toOGLFactorY(),

@@ -8,7 +8,7 @@
 
 namespace {
 
-using engine::PreferenceFile;
+using brindle::engine::PreferenceFile;
 
 class PreferenceFileTest : public testing::Test {
 protected:

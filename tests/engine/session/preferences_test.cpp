@@ -10,7 +10,7 @@
 
 TEST(PreferencesTest, PreferencesStartWithTheirDefaults)
 {
-    const engine::Preferences preferences;
+    const brindle::engine::Preferences preferences;
     for (const bool callers : {true, false}) {
         EXPECT_TRUE(preferences.getBoolValue("RIPPLE_SCENE_MARKERS", callers));
         EXPECT_FALSE(preferences.getBoolValue("EXTEND_DRAWING_EXPOSURE", callers));
@@ -22,7 +22,7 @@ TEST(PreferencesTest, PreferencesStartWithTheirDefaults)
 
 TEST(PreferencesTest, APreferenceKeepsWhatWasSet)
 {
-    engine::Preferences preferences;
+    brindle::engine::Preferences preferences;
     preferences.setBoolValue("RIPPLE_SCENE_MARKERS", false);
     preferences.setBoolValue("UNKNOWN", true);
     EXPECT_FALSE(preferences.getBoolValue("RIPPLE_SCENE_MARKERS", true));
@@ -43,13 +43,13 @@ TEST(PreferencesTest, PreferencesAreKeptFromOneRunToTheNext)
     const QTemporaryDir folder;
     const QString path = folder.filePath("preferences.json");
     {
-        engine::Preferences preferences(path);
+        brindle::engine::Preferences preferences(path);
         preferences.setBoolValue("RIPPLE_SCENE_MARKERS", false);
         preferences.setBoolValue("SP_CONSTANT_SEGMENT", true);
         preferences.setBoolValue("OTHER", false);
         preferences.save();
     }
-    const engine::Preferences preferences(path);
+    const brindle::engine::Preferences preferences(path);
     EXPECT_FALSE(preferences.getBoolValue("RIPPLE_SCENE_MARKERS", true));
     EXPECT_TRUE(preferences.constantSegment());
     EXPECT_FALSE(preferences.getBoolValue("OTHER", true));
@@ -60,7 +60,7 @@ TEST(PreferencesTest, APreferenceThatIsSetBackIsNotWritten)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath("preferences.json");
-    engine::Preferences preferences(path);
+    brindle::engine::Preferences preferences(path);
     preferences.setBoolValue("EXTEND_DRAWING_EXPOSURE", true);
     preferences.setBoolValue("EXTEND_DRAWING_EXPOSURE", false);
     preferences.save();
@@ -80,14 +80,14 @@ TEST(PreferencesTest, ASaveThatFailedIsTriedAgain)
     const QString path = folder.filePath("config/preferences.json");
     QFile blocker(folder.filePath("config"));
     ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
-    engine::Preferences preferences(path);
+    brindle::engine::Preferences preferences(path);
     preferences.setBoolValue("OTHER", true);
     testing::internal::CaptureStderr();
     preferences.save();
     EXPECT_NE(testing::internal::GetCapturedStderr(), "");
     ASSERT_TRUE(blocker.remove());
     preferences.save();
-    EXPECT_TRUE(engine::Preferences(path).getBoolValue("OTHER", false));
+    EXPECT_TRUE(brindle::engine::Preferences(path).getBoolValue("OTHER", false));
 }
 
 namespace {
@@ -99,7 +99,7 @@ QByteArrayList keptInASession()
     const QTemporaryDir folder;
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
     const auto kept = [] {
-        const auto values = engine::PreferenceFile(engine::PreferenceFile::pathOfUser()).read();
+        const auto values = brindle::engine::PreferenceFile(brindle::engine::PreferenceFile::pathOfUser()).read();
         return values.contains("OTHER") ? QByteArray(values.value("OTHER") ? "true" : "false") : QByteArray("nothing");
     };
     QByteArrayList all;

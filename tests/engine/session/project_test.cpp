@@ -17,7 +17,7 @@ public:
 
 TEST(EngineProjectTest, ScenesAreFoundByPlaceAndById)
 {
-    engine::Project project("/never/on/disk");
+    brindle::engine::Project project("/never/on/disk");
     EXPECT_EQ(project.sceneCount(), 0);
     TUScene* first = project.addScene({"One", 10, 2, 9, 12.5});
     TUScene* second = project.addScene({"Two"});
@@ -46,8 +46,8 @@ TEST(EngineProjectTest, ScenesAreFoundByPlaceAndById)
 
 TEST(EngineProjectTest, ASceneWithATimingThatCantBeIsNotMade)
 {
-    engine::Project project("/never/on/disk");
-    const engine::SceneRecord records[] = {
+    brindle::engine::Project project("/never/on/disk");
+    const brindle::engine::SceneRecord records[] = {
         {"S", 0, 1, 1, 24},  {"S", 10, 0, 10, 24}, {"S", 10, 1, 11, 24},
         {"S", 10, 5, 4, 24}, {"S", 10, 1, 10, 0},  {"S", 1'000'001, 1, 10, 24},
     };
@@ -58,7 +58,7 @@ TEST(EngineProjectTest, ASceneWithATimingThatCantBeIsNotMade)
 
 TEST(EngineProjectTest, ProjectsHaveIdsOfTheirOwn)
 {
-    const engine::Project one("/a"), two("/a");
+    const brindle::engine::Project one("/a"), two("/a");
     EXPECT_FALSE(one.id() == two.id());
     EXPECT_TRUE(one.id() == one.projectCommon()->id());
     EXPECT_EQ(one.path(), "/a");

@@ -101,7 +101,7 @@ TEST(PythonEngineTest, WhatScriptsReachWithoutALockChangesWhileTheyStandStill)
     };
 
     std::unique_ptr<SC_SessionContext> session;
-    EXPECT_EQ(changes([&] { session = engine::createPythonSession(); }), once);
+    EXPECT_EQ(changes([&] { session = brindle::engine::createPythonSession(); }), once);
     SC_ProjectManager& projects = *session->projectManager();
     EXPECT_TRUE(changes([&] { projects.createProject(folder.filePath("project"), error); }).contains("halt"));
     ASSERT_TRUE(projects.project()) << error.toStdString();
@@ -127,7 +127,7 @@ TEST(PythonEngineTest, WithoutAnInterpreterNobodyIsHalted)
 TEST(PythonEngineTest, ASessionHasAnEngineOnlyWhereItsProcessRunsPython)
 {
     EXPECT_EQ(SC_SessionContext::create()->pythonEngine(), nullptr);
-    const auto session = engine::createPythonSession();
+    const auto session = brindle::engine::createPythonSession();
     EXPECT_NE(session->pythonEngine(), nullptr);
     EXPECT_EQ(PLUG_Services::getSessionContext(), session.get());
     EXPECT_EQ(session->projectManager()->project(), nullptr);

@@ -66,15 +66,15 @@ private:
         QByteArray text;
         for (TUScene* scene : m_project.project().scenes()) {
             names.append(scene->name());
-            text += engine::sceneText(*scene);
+            text += brindle::engine::sceneText(*scene);
         }
-        return (engine::projectFileText(m_project.project().record(), names) + text).toStdString();
+        return (brindle::engine::projectFileText(m_project.project().record(), names) + text).toStdString();
     }
 
-    engine::Scene& anyScene()
+    brindle::engine::Scene& anyScene()
     {
         const auto scenes = m_project.project().scenes();
-        return static_cast<engine::Scene&>(*scenes[below(static_cast<unsigned int>(scenes.size()))]);
+        return static_cast<brindle::engine::Scene&>(*scenes[below(static_cast<unsigned int>(scenes.size()))]);
     }
 
     bool run(CO_Command* command) { return manager().execute(command, QStringLiteral("Change %1").arg(++m_label)); }
@@ -108,7 +108,7 @@ private:
 
     bool changeFrames()
     {
-        engine::Scene& scene = anyScene();
+        brindle::engine::Scene& scene = anyScene();
         const int before = manager().executedHistorySize();
         const std::string state = saved();
         switch (below(5)) {
@@ -139,7 +139,7 @@ private:
 
     bool changeMarkers()
     {
-        engine::Scene& scene = anyScene();
+        brindle::engine::Scene& scene = anyScene();
         SC_SceneMarker marker;
         marker.name = QString::number(below(1000));
         marker.frame = number();
@@ -164,7 +164,7 @@ private:
     /// Nodes, columns and what the scene is seen through.
     bool changeNodes()
     {
-        engine::Scene& scene = anyScene();
+        brindle::engine::Scene& scene = anyScene();
         TUGroup* top = scene.getRootGroup();
         MO_Node* node = top->nSubNodes() > 0 ? top->subNode(below(top->nSubNodes())) : nullptr;
         bool flag = true;
@@ -184,14 +184,14 @@ private:
         }
     }
 
-    bool changeColumn(engine::Scene& scene)
+    bool changeColumn(brindle::engine::Scene& scene)
     {
         if (scene.timedValueCount() < 3)
             return run(new AddTimedValueCmd(
-                scene.sceneCommon(), new engine::BezierColumn(QStringLiteral("C%1").arg(scene.timedValueCount())), -1,
-                -1));
+                scene.sceneCommon(),
+                new brindle::engine::BezierColumn(QStringLiteral("C%1").arg(scene.timedValueCount())), -1, -1));
         const auto place = static_cast<std::ptrdiff_t>(below(3));
-        auto* column = dynamic_cast<engine::BezierColumn*>(scene.timedValuesBegin()[place]);
+        auto* column = dynamic_cast<brindle::engine::BezierColumn*>(scene.timedValuesBegin()[place]);
         switch (below(4)) {
         case 0:
             return run(new tu_timedvalue::fnc2d::SetStepCmd(column, number() / 16));

@@ -45,9 +45,9 @@ TEST(ResolutionsTest, TheTableHasTheCommonFormats)
         {"UHD_8K", 7680, 4320, 24},  {"DCI_2K", 2048, 1080, 24}, {"DCI_4K", 4096, 2160, 24},
         {"FILM_2K", 2048, 1556, 24}, {"PAL", 720, 576, 25},      {"NTSC", 720, 486, 30000.0 / 1001.0},
     };
-    engine::DbSceneData data;
+    brindle::engine::DbSceneData data;
     for (const auto& [name, width, height, fps] : formats) {
-        const engine::NamedResolution* row = engine::findNamedResolution(QString(name));
+        const brindle::engine::NamedResolution* row = brindle::engine::findNamedResolution(QString(name));
         ASSERT_TRUE(row) << name;
         EXPECT_EQ(row->width, width) << name;
         EXPECT_EQ(row->height, height) << name;
@@ -64,12 +64,13 @@ TEST(ResolutionsTest, TheTableHasTheCommonFormats)
 
 TEST(ResolutionsTest, EachRowHasANameOfItsOwn)
 {
-    engine::DbSceneData data;
+    brindle::engine::DbSceneData data;
     QSet<QString> names;
     for (const Row& row : TUDbResolution::getResolutions(data, false)) {
         EXPECT_FALSE(names.contains(row.name())) << row.name().toStdString();
         names.insert(row.name());
-        EXPECT_TRUE(engine::isAcceptable(engine::Picture::named(row.name()))) << row.name().toStdString();
+        EXPECT_TRUE(brindle::engine::isAcceptable(brindle::engine::Picture::named(row.name())))
+            << row.name().toStdString();
     }
     EXPECT_GE(names.size(), 15);
 }

@@ -40,8 +40,8 @@ TEST_F(SceneListCommandsTest, AScenesPlaceIsWhereItWasAdded)
 TEST_F(SceneListCommandsTest, ANewSceneHoldsWhatThatOfANewProjectHolds)
 {
     ASSERT_TRUE(addScene("Second"));
-    auto& second = static_cast<engine::Scene&>(*project().sceneAt(1));
-    EXPECT_EQ(second.timing(), engine::SceneTiming());
+    auto& second = static_cast<brindle::engine::Scene&>(*project().sceneAt(1));
+    EXPECT_EQ(second.timing(), brindle::engine::SceneTiming());
     EXPECT_EQ(MemoryProject::names(second.getRootGroup()), QStringList({"Display", "Composite"}));
     MO_Node* display = second.getRootGroup()->subNode(QStringLiteral("Display"));
     EXPECT_EQ(second.findDefaultDisplay(), dynamic_cast<TUDisplayModule*>(display));
@@ -113,8 +113,8 @@ TEST_F(SceneListCommandsTest, ASceneThatIsGoneCantGoAgain)
 TEST_F(SceneListCommandsTest, WhatAScriptHoldsOfARemovedSceneStaysGone)
 {
     ASSERT_TRUE(addScene("Second"));
-    auto& second = static_cast<engine::Scene&>(*project().sceneAt(1));
-    auto* column = new engine::BezierColumn("Curve");
+    auto& second = static_cast<brindle::engine::Scene&>(*project().sceneAt(1));
+    auto* column = new brindle::engine::BezierColumn("Curve");
     ASSERT_TRUE(run(new SC_SceneCmds::AddTimedValueCmd(second.sceneCommon(), column, -1, -1)));
     UT_SharedWeakPtrBase pointers[4];
     pointers[0].assign(&second);
@@ -133,7 +133,7 @@ TEST_F(SceneListCommandsTest, WhatAScriptHoldsOfARemovedSceneStaysGone)
 TEST_F(SceneListCommandsTest, AForgottenRemovalTakesTheSceneWithIt)
 {
     ASSERT_TRUE(addScene("Second"));
-    auto& second = static_cast<engine::Scene&>(*project().sceneAt(1));
+    auto& second = static_cast<brindle::engine::Scene&>(*project().sceneAt(1));
     second.setNumberOfFrames(60, 5, true, true);
     ASSERT_TRUE(run(new tu_node::SetXYCmd(second.getRootGroup()->subNode(QStringLiteral("Composite")), 3, 4)));
     SU_CleanUpCommands::removeNodes(&second, {second.getRootGroup()->subNode(QStringLiteral("Display"))}, true);

@@ -6,7 +6,7 @@
 
 namespace {
 
-using engine::SceneMarkers;
+using brindle::engine::SceneMarkers;
 
 SC_SceneMarker marker(const char* name, int frame, int length = 1)
 {
@@ -172,7 +172,7 @@ TEST_F(SceneMarkersTest, MarkersRippleWithTheFramesOrStay)
         for (const bool ripple : {true, false}) {
             scene().setNumberOfFrames(at, delta, ripple, true);
             EXPECT_EQ(shown(), ripple ? rippled : still) << what;
-            EXPECT_TRUE(engine::isMarkerList(markers(), scene().getNumberOfFrames())) << what;
+            EXPECT_TRUE(brindle::engine::isMarkerList(markers(), scene().getNumberOfFrames())) << what;
             EXPECT_EQ(labels(), QStringList("Set Number of Frames"));
             undo();
             EXPECT_EQ(shown(), all) << what;

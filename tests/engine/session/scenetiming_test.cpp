@@ -7,7 +7,7 @@
 
 namespace {
 
-using engine::SceneTiming;
+using brindle::engine::SceneTiming;
 
 constexpr int most = std::numeric_limits<int>::max();
 constexpr int least = std::numeric_limits<int>::min();

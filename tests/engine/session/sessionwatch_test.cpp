@@ -27,7 +27,7 @@ protected:
     char* arguments[2] = {name, nullptr};
     QCoreApplication application{count, arguments};
     QTemporaryDir folder;
-    std::optional<engine::SessionWatch> m_watch;
+    std::optional<brindle::engine::SessionWatch> m_watch;
 
 private:
     int m_told = 0;
@@ -97,7 +97,7 @@ TEST_F(SessionWatchTest, ChangesOfAnyThreadAreToldOnceOnTheMainThread)
 {
     MemoryProject project;
     std::thread::id teller;
-    const engine::SessionWatch watching([&] { teller = std::this_thread::get_id(); });
+    const brindle::engine::SessionWatch watching([&] { teller = std::this_thread::get_id(); });
     watch();
     std::thread([&] {
         for (int turn = 0; turn < 10; ++turn)

@@ -33,13 +33,16 @@ CO_Command* byValue(SC_ProjectCommon* project, unsigned int width, unsigned int 
 class SettingsCommandsTest : public GraphTest {
 protected:
     SC_ProjectCommon* common() { return project().projectCommon(); }
-    const engine::ProjectSettings& settings() { return static_cast<engine::ProjectCommon*>(common())->settings(); }
+    const brindle::engine::ProjectSettings& settings()
+    {
+        return static_cast<brindle::engine::ProjectCommon*>(common())->settings();
+    }
 };
 
 struct Change {
     const char* name;
     Make make;
-    std::function<void(engine::ProjectSettings&)> apply; ///< The same on the values of a new project.
+    std::function<void(brindle::engine::ProjectSettings&)> apply; ///< The same on the values of a new project.
 };
 
 SC_Resolution sized(const char* name, int width, int height, int fit = 0, int projection = 0)
@@ -146,14 +149,14 @@ TEST_F(SettingsCommandsTest, ANewProjectHasItsSettings)
     EXPECT_TRUE(common()->dbSceneData());
     EXPECT_EQ(scene().metrics(), common()->metrics());
     EXPECT_EQ(scene().sceneCommon()->metrics(), common()->metrics());
-    EXPECT_TRUE(engine::isAcceptable(settings()));
+    EXPECT_TRUE(brindle::engine::isAcceptable(settings()));
 }
 
 TEST_F(SettingsCommandsTest, EachChangeIsOneEntryThatIsUndoneExactly)
 {
-    const engine::ProjectSettings before = settings();
+    const brindle::engine::ProjectSettings before = settings();
     for (const Change& change : changes) {
-        engine::ProjectSettings after = before;
+        brindle::engine::ProjectSettings after = before;
         change.apply(after);
         ASSERT_FALSE(after == before) << change.name;
         EXPECT_TRUE(run(change.make(common()), change.name));
@@ -171,7 +174,7 @@ TEST_F(SettingsCommandsTest, EachChangeIsOneEntryThatIsUndoneExactly)
 
 TEST_F(SettingsCommandsTest, AValueThatAProjectDoesntTakeLeavesNoTrace)
 {
-    const engine::ProjectSettings before = settings();
+    const brindle::engine::ProjectSettings before = settings();
     for (const Refusal& refusal : refusals)
         EXPECT_FALSE(run(refusal.make(common()))) << refusal.name;
     EXPECT_TRUE(settings() == before);
@@ -213,7 +216,7 @@ TEST_F(SettingsCommandsTest, AResolutionLeavesTheFrameRate)
 TEST_F(SettingsCommandsTest, AllScenesAreToldOfAChange)
 {
     ASSERT_TRUE(run(new AddSceneCmd(common(), "Second")));
-    auto& second = static_cast<engine::Scene&>(*project().sceneAt(1));
+    auto& second = static_cast<brindle::engine::Scene&>(*project().sceneAt(1));
     const auto before = scene().changes().revision();
     const auto secondBefore = second.changes().revision();
     ASSERT_TRUE(run(new SetDesignAspectRatioCmd(common(), 16, 9)));

@@ -8,9 +8,9 @@
 /// A project with short ways to its attributes and columns.
 class ColumnProject : public MemoryProject {
 public:
-    engine::BezierColumn* addColumn(const QString& name, bool anonymous = false)
+    brindle::engine::BezierColumn* addColumn(const QString& name, bool anonymous = false)
     {
-        auto* column = new engine::BezierColumn(name, anonymous);
+        auto* column = new brindle::engine::BezierColumn(name, anonymous);
         return run(new SC_SceneCmds::AddTimedValueCmd(scene().sceneCommon(), column, -1, -1)) ? column : nullptr;
     }
 

@@ -28,7 +28,7 @@ void dumpPort(QTextStream& out, const char* side, const MO_Port& port)
 
 } // namespace
 
-MemoryProject::MemoryProject() : m_project(std::make_unique<engine::Project>(QStringLiteral("/never/on/disk")))
+MemoryProject::MemoryProject() : m_project(std::make_unique<brindle::engine::Project>(QStringLiteral("/never/on/disk")))
 {
     m_project->addFirstScene();
 }

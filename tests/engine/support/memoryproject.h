@@ -18,8 +18,8 @@ class MemoryProject {
 public:
     MemoryProject();
 
-    engine::Project& project() { return *m_project; }
-    engine::Scene& scene() { return static_cast<engine::Scene&>(*m_project->sceneAt(0)); }
+    brindle::engine::Project& project() { return *m_project; }
+    brindle::engine::Scene& scene() { return static_cast<brindle::engine::Scene&>(*m_project->sceneAt(0)); }
     CO_CommandManager& manager() { return *scene().commandManager(); }
     TUGroup* top() { return scene().getRootGroup(); }
     MO_Node* node(const QString& path); ///< By its path from the root group, or null.
@@ -42,7 +42,7 @@ public:
     void close() { m_project.reset(); }
 
 private:
-    std::unique_ptr<engine::Project> m_project;
+    std::unique_ptr<brindle::engine::Project> m_project;
 };
 
 class GraphTest : public testing::Test, public MemoryProject {};

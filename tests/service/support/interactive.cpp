@@ -17,12 +17,14 @@ namespace {
 
 } // namespace
 
-Interactive::Interactive() : m_loop(std::make_unique<engine::MainLoop>()), m_session(engine::createPythonSession())
+Interactive::Interactive()
+    : m_loop(std::make_unique<brindle::engine::MainLoop>()),
+      m_session(brindle::engine::createPythonSession())
 {
     QString error;
     SC_Project* project = m_session->projectManager()->createProject(m_folder.filePath("project"), error);
     // The service library is loaded as a batch loads it; an application of windows would have its own way.
-    engine::setBatchMode(engine::BatchMode::Python);
+    brindle::engine::setBatchMode(brindle::engine::BatchMode::Python);
     OMC::ScriptEngineGeneratorInterface::loadScriptInterface(m_session.get());
     m_scripts = m_application.scriptHost()->scriptEngine();
     if (!project || !m_scripts || !m_scripts->start(error))

@@ -41,9 +41,9 @@ private:
     char m_name[5] = "test";
     char* m_arguments[2] = {m_name, nullptr};
     QCoreApplication m_qt{m_count, m_arguments};
-    engine::Application m_application{QStringLiteral("test"), QStringLiteral("1"), true};
+    brindle::engine::Application m_application{QStringLiteral("test"), QStringLiteral("1"), true};
     QTemporaryDir m_folder;
-    std::unique_ptr<engine::MainLoop> m_loop;
+    std::unique_ptr<brindle::engine::MainLoop> m_loop;
     std::unique_ptr<SC_SessionContext> m_session;
     BAPP_ScriptEngine* m_scripts = nullptr;
 };

@@ -18,8 +18,8 @@ public:
     BAPP_ScriptEngine& scripts() { return *m_application.scriptHost()->scriptEngine(); }
 
 private:
-    engine::Application m_application{"test", "1", true};
-    std::unique_ptr<SC_SessionContext> m_session = engine::createPythonSession();
-    engine::MainLoop m_loop;
+    brindle::engine::Application m_application{"test", "1", true};
+    std::unique_ptr<SC_SessionContext> m_session = brindle::engine::createPythonSession();
+    brindle::engine::MainLoop m_loop;
     app::desk::Scripting m_scripting{m_application, *m_session};
 };
