@@ -107,7 +107,7 @@ void Attribute::setColumn(const QVariant& value)
 {
     AT_Attr& attribute = attributeToLink();
     const SC_SceneCommon* scene = attribute.sceneCommon();
-    CO_CommandManager& manager = undo::manager(scene, tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(scene);
     TUTvSocket* socket = attribute.socket();
     if (!socket)
         throw Exception(std::string("This attribute cannot be linked."));
@@ -149,7 +149,7 @@ void Attribute::setColumnName(const QString& name)
 {
     AT_Attr& attribute = attributeToLink();
     const SC_SceneCommon* scene = attribute.sceneCommon();
-    CO_CommandManager& manager = undo::manager(scene, tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(scene);
     const SC_TimedValueListInterface* columns = scene->timedValues();
     TUTimedValue* column = name.isEmpty() || !columns ? nullptr : columns->findTimedValue(name, 0);
     if (!column && !name.isEmpty())
@@ -226,7 +226,7 @@ bool Attribute::getLinkable() const
 bool Attribute::setTextValue(int frame, const QString& text)
 {
     AT_Attr& attribute = this->attribute();
-    CO_CommandManager& manager = undo::manager(attribute.sceneCommon(), tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(attribute.sceneCommon());
     CO_Command* command = attribute.setTextCommand(frame, text);
     if (!command)
         return false;

@@ -103,7 +103,7 @@ void BezierColumnValue::setKey(bool key)
         edit.run(new cmd::RemovePointCmd(&here.column, m_frame));
         BezierCtrlPt point;
         if (here.column.pointAt(m_frame, point))
-            throw Exception(tr("Unexpected error"));
+            unexpected::fail(unexpected::Error);
     }
 }
 

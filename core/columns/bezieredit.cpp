@@ -6,7 +6,7 @@ namespace OMC {
 
 BezierEdit::BezierEdit(TUBezierTimedValue& column, const QString& what)
     : m_column(column),
-      m_manager(undo::manager(column.sceneCommon(), BezierColumn::tr("An unexpected error occurred."))),
+      m_manager(undo::manager(column.sceneCommon())),
       m_scope(m_manager, what + column.getDisplayName())
 {}
 
@@ -14,7 +14,7 @@ BezierCtrlPt BezierEdit::pointAt(double frame) const
 {
     BezierCtrlPt point;
     if (!m_column.pointAt(frame, point))
-        throw Exception(BezierColumn::tr("Unexpected error"));
+        unexpected::fail(unexpected::Error);
     return point;
 }
 

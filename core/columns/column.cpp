@@ -131,10 +131,10 @@ void Column::setEntry(double frame, QVariant value, int subColumn)
         throwInvalidArgument(0);
     const SC_SceneCommon* common = column.sceneCommon();
     if (!common)
-        throw Exception(tr("An unexpected error occurred [1]."));
-    CO_CommandManager& manager = undo::manager(common, tr("An unexpected error occurred [2]."));
+        unexpected::fail(unexpected::ErrorAtCheck1);
+    CO_CommandManager& manager = undo::manager(common, unexpected::ErrorAtCheck2);
     if (!dynamic_cast<const TUScene*>(common->timedValues()))
-        throw Exception(tr("An unexpected error occurred [3]."));
+        unexpected::fail(unexpected::ErrorAtCheck3);
 
     undo::Scope scope(manager, tr("Set Xsheet Entry"));
     const int place = subColumnOf(subColumn);
@@ -344,7 +344,7 @@ TUTimedValue& Column::timedValue() const
 CO_CommandManager& Column::commandManager() const
 {
     const SC_SceneCommon* common = timedValue().sceneCommon();
-    CO_CommandManager& manager = undo::manager(common, tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(common);
     scene();
     return manager;
 }
@@ -357,7 +357,7 @@ const TUScene& Column::scene() const
     const SC_SceneCommon* common = column->sceneCommon();
     const auto* scene = common ? dynamic_cast<const TUScene*>(common->timedValues()) : nullptr;
     if (!scene)
-        throw Exception(tr("An unexpected error occurred."));
+        unexpected::fail();
     return *scene;
 }
 

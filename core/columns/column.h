@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/frame/obj.h"
+#include "core/frame/unexpected.h"
 
 #include <QList>
 
@@ -105,7 +106,7 @@ T& Column::timedValueAs() const
 {
     auto* column = dynamic_cast<T*>(&timedValue());
     if (!column)
-        throw Exception(tr("An unexpected error occurred."));
+        unexpected::fail();
     return *column;
 }
 

@@ -102,7 +102,7 @@ void ControlPointList::create(const QVariant& value)
 {
     AT_FncTimedValue& column = timedValue();
     const QList<double> frames = keyframeedit::framesIn(value);
-    keyframeedit::run(undo::manager(column.sceneCommon(), tr("An unexpected error occurred.")), frames, frames.size(),
+    keyframeedit::run(undo::manager(column.sceneCommon()), frames, frames.size(),
                       [&](double frame, CO_Command** command) { column.createKeyframes(frame, frame, command); },
                       {tr("Failed to create keyframe at: %1"), tr("Create %1 keyframes."), tr("Create a keyframe."),
                        tr("Failed to create %1 keyframes."), tr("Failed to create keyframe.")});
@@ -112,7 +112,7 @@ void ControlPointList::remove(const QVariant& value)
 {
     AT_FncTimedValue& column = timedValue();
     const QList<double> frames = keyframeedit::framesIn(value);
-    keyframeedit::run(undo::manager(column.sceneCommon(), tr("An unexpected error occurred.")), frames, frames.size(),
+    keyframeedit::run(undo::manager(column.sceneCommon()), frames, frames.size(),
                       [&](double frame, CO_Command** command) { column.removeKeyframes(frame, frame, command); },
                       {tr("Failed to remove keyframe at: %1"), tr("Remove %1 keyframes."), tr("Remove keyframe."),
                        tr("Failed to remove %1 keyframes."), tr("Failed to remove keyframe.")});

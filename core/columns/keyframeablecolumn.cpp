@@ -162,7 +162,7 @@ int KeyframeableColumn::getHoldStartFrame() const
 void KeyframeableColumn::setHoldStartFrame(int frame)
 {
     auto& column = timedValueAs<TUFnc2DTimedValue>();
-    undo::manager(column.sceneCommon(), tr("An unexpected error occurred."))
+    undo::manager(column.sceneCommon())
         .execute(new tu_timedvalue::fnc2d::SetStartCmd(&column, frame), tr("Set Start Frame for Hold"));
 }
 
@@ -174,7 +174,7 @@ int KeyframeableColumn::getHoldStopFrame() const
 void KeyframeableColumn::setHoldStopFrame(int frame)
 {
     auto& column = timedValueAs<TUFnc2DTimedValue>();
-    undo::manager(column.sceneCommon(), tr("An unexpected error occurred."))
+    undo::manager(column.sceneCommon())
         .execute(new tu_timedvalue::fnc2d::SetStopCmd(&column, frame), tr("Set Stop Frame for Hold"));
 }
 
@@ -186,7 +186,7 @@ int KeyframeableColumn::getHoldStep() const
 void KeyframeableColumn::setHoldStep(int step)
 {
     auto& column = timedValueAs<TUFnc2DTimedValue>();
-    undo::manager(column.sceneCommon(), tr("An unexpected error occurred."))
+    undo::manager(column.sceneCommon())
         .execute(new tu_timedvalue::fnc2d::SetStepCmd(&column, step), tr("Set Step for Hold"));
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/frame/obj.h"
 #include "core/frame/threadmanager.h"
+#include "core/frame/unexpected.h"
 
 #include <QMetaProperty>
 #include <QMetaType>
@@ -178,7 +179,7 @@ void BaseObject::throwInvalidArgument(unsigned int index)
 
 void BaseObject::throwUnexpected()
 {
-    throw Exception(tr("An unexpected error has occurred."));
+    unexpected::fail(unexpected::ErrorHasOccurred);
 }
 
 void BaseObject::throwUnread()

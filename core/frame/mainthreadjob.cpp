@@ -3,6 +3,7 @@
 #include "core/bridges/pythonfunction.h"
 #include "core/frame/global.h"
 #include "core/frame/pythonthread.h"
+#include "core/frame/unexpected.h"
 #include "core/host/msg_scope.h"
 #include "core/host/sc_scene.h"
 #include "core/host/sc_session.h"
@@ -26,7 +27,7 @@ void logFailure(const std::exception_ptr& failure)
     } catch (const std::exception& exception) {
         MSG_Scope(QString::fromUtf8(exception.what()), MSG_Scope::kError);
     } catch (...) {
-        MSG_Scope(BaseObject::tr("An unexpected error has occurred."), MSG_Scope::kError);
+        MSG_Scope(unexpected::text(unexpected::ErrorHasOccurred), MSG_Scope::kError);
     }
 }
 

@@ -7,11 +7,28 @@
 
 namespace OMC::undo {
 
+namespace {
+
+CO_CommandManager* managerOf(const SC_SceneCommon* scene)
+{
+    return scene ? scene->commandManager() : nullptr;
+}
+
+} // namespace
+
 CO_CommandManager& manager(const SC_SceneCommon* scene, const QString& failure)
 {
-    CO_CommandManager* manager = scene ? scene->commandManager() : nullptr;
+    CO_CommandManager* manager = managerOf(scene);
     if (!manager)
         throw Exception(failure);
+    return *manager;
+}
+
+CO_CommandManager& manager(const SC_SceneCommon* scene, unexpected::Sentence failure)
+{
+    CO_CommandManager* manager = managerOf(scene);
+    if (!manager)
+        unexpected::fail(failure);
     return *manager;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/frame/export.h"
+#include "core/frame/unexpected.h"
 #include "core/host/co_command.h"
 
 #include <QString>
@@ -12,6 +13,9 @@ namespace OMC::undo {
 
 /// The command manager of a scene; throws the sentence when the scene or its manager is missing.
 BRINDLE_CORE_EXPORT CO_CommandManager& manager(const SC_SceneCommon* scene, const QString& failure);
+/// The same with one of the sentences that name no cause, which is made only when it is needed.
+BRINDLE_CORE_EXPORT CO_CommandManager& manager(const SC_SceneCommon* scene,
+                                               unexpected::Sentence failure = unexpected::ErrorOccurred);
 
 /// Runs a command, which the manager takes, under its label; throws the sentence when it fails.
 BRINDLE_CORE_EXPORT void run(CO_CommandManager& manager, CO_Command* command, const QString& label,

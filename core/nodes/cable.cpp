@@ -86,8 +86,7 @@ Obj Cable::insert(const Obj& node, const QVariant& inPort, const QVariant& outPo
     if (!inserted)
         throw Exception(tr("Invalid node specififed."));
     MO_Node* target = inserted->getNode();
-    CO_CommandManager& manager =
-        undo::manager(target ? target->sceneCommon() : nullptr, tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(target ? target->sceneCommon() : nullptr);
     const undo::Scope scope(manager, tr("Inserting a node."));
 
     try {
@@ -204,7 +203,7 @@ Obj Cable::getSourceFlat() const
 CO_CommandManager& Cable::commandManager() const
 {
     validate();
-    return undo::manager(m_ends->destination().getNode()->sceneCommon(), tr("An unexpected error occurred."));
+    return undo::manager(m_ends->destination().getNode()->sceneCommon());
 }
 
 MO_Port* Cable::destinationPort() const

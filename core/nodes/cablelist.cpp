@@ -1,5 +1,6 @@
 #include "core/nodes/cablelist.h"
 
+#include "core/frame/unexpected.h"
 #include "core/nodes/cable.h"
 #include "core/nodes/flatcable.h"
 #include "core/nodes/inport.h"
@@ -310,7 +311,7 @@ std::vector<MO_Port*> FlatCableList::destinations() const
 Obj FlatCableList::cableTo(const MO_Port* port) const
 {
     if (!port || !port->node())
-        throw Exception(tr("An unexpected error has occurred."));
+        unexpected::fail(unexpected::ErrorHasOccurred);
     return cable<FlatCable>(m_port.get(), port);
 }
 

@@ -79,7 +79,7 @@ Obj GroupNode::getMultiPortIn() const
         return Obj();
     if (TUMultiPortIn* node = group->getOutMultiPort())
         return Obj(getWrapped(node));
-    CO_CommandManager& manager = undo::manager(group->sceneCommon(), tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(group->sceneCommon());
     return added(*group, std::unique_ptr<MO_Node>(TUMultiPortIn::create()), 0, 0, manager, tr("Add "));
 }
 
@@ -90,7 +90,7 @@ Obj GroupNode::getMultiPortOut() const
         return Obj();
     if (TUMultiPortOut* node = group->getInMultiPort())
         return Obj(getWrapped(node));
-    CO_CommandManager& manager = undo::manager(group->sceneCommon(), tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(group->sceneCommon());
     return added(*group, std::unique_ptr<MO_Node>(TUMultiPortOut::create()), averageX(*group), topY(*group), manager,
                  tr("Add "));
 }

@@ -53,7 +53,7 @@ Obj InPort::link(const QVariant& value)
 void InPort::unlink()
 {
     MO_Node* node = getNode();
-    CO_CommandManager& manager = undo::manager(node->sceneCommon(), tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(node->sceneCommon());
     const int index = inPortIdxFromPort(getPort());
     if (index < 0)
         throwUnexpected();

@@ -25,7 +25,7 @@ bool MultiPortList::getDynamic() const
 Obj MultiPortList::create(unsigned int index, const QString& type)
 {
     MO_Node* node = checkedNode();
-    CO_CommandManager& manager = undo::manager(node->sceneCommon(), tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(node->sceneCommon());
     // Required: the number of in-ports bounds the place in out-port lists as well.
     const unsigned int place = std::min(index, node->nInPorts());
     const MO_PortMode mode = node->portMode();
@@ -35,7 +35,7 @@ Obj MultiPortList::create(unsigned int index, const QString& type)
     if (isInPortList() && (mode == MO_DynamicInPorts || node->isModeMultiInPort())) {
         MO_AutoInPortsModule* module = MO_AutoInPortsModule::castTo(node);
         if (!module)
-            throw Exception(tr("An unexpected error occurred."));
+            unexpected::fail();
         command.reset(module->addInPortCommand(place));
         label = tr("Add in-port node.");
     } else if (isInPortList() && mode == MO_DynamicPorts) {
@@ -103,7 +103,7 @@ void MultiPortList::remove(const Obj& port)
 
 void MultiPortList::removeInPort(MO_Node* node, unsigned int index)
 {
-    CO_CommandManager& manager = undo::manager(node->sceneCommon(), tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(node->sceneCommon());
     auto command = std::make_unique<CO_AndCommand>();
     command->add(new tu_node::UnlinkInPortFromOutsideCmd(node, index));
     command->add(new tu_node::DeleteInPortCmd(node, index));
@@ -112,7 +112,7 @@ void MultiPortList::removeInPort(MO_Node* node, unsigned int index)
 
 void MultiPortList::removeOutPort(MO_Node* node, unsigned int index)
 {
-    CO_CommandManager& manager = undo::manager(node->sceneCommon(), tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(node->sceneCommon());
     auto command = std::make_unique<CO_AndCommand>();
     command->add(new tu_node::UnlinkOutPortFromOutsideCmd(node, index));
     command->add(new tu_node::DeleteOutPortCmd(node, index));

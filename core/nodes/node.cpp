@@ -128,7 +128,7 @@ Obj Node::parentScene() const
 {
     const SC_SceneCommon* scene = validNode().sceneCommon();
     if (!scene)
-        throw Exception(tr("An unknwon exception has occurred."));
+        unexpected::fail(unexpected::ExceptionMisspelt);
     return Obj(new Scene(dynamic_cast<TUScene*>(scene->timedValues())));
 }
 
@@ -166,7 +166,7 @@ QString Node::getName() const
 void Node::setName(const QString& name)
 {
     MO_Node& node = validNode();
-    CO_CommandManager& manager = undo::manager(node.sceneCommon(), tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(node.sceneCommon());
     // The label has the name as it was given, not as the engine takes it: required, people look for what they typed.
     undo::run(manager, new tu_node::SetInstanceNameCmd(&node, TUModuleNameValidator::getValidName(name)),
               tr("Rename ") + node.instanceName() + tr(" to ") + name, tr("Failed to rename the node."));
@@ -184,7 +184,7 @@ void Node::setPath(const QString& path)
     if (parts.size() < 2)
         throw Exception(tr("Invalid target path."));
     const QString wanted = parts.takeLast();
-    CO_CommandManager& manager = undo::manager(node.sceneCommon(), tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(node.sceneCommon());
     const Homecoming homecoming(m_node, node);
     undo::Scope scope(manager, tr("Changing the node path"));
     try {
@@ -194,7 +194,7 @@ void Node::setPath(const QString& path)
     } catch (const Exception&) {
         throw;
     } catch (...) {
-        throw Exception(tr("An unexpected error occurred."));
+        unexpected::fail();
     }
 }
 
@@ -220,7 +220,7 @@ void Node::setPosition(const QVariant& position) const
     const int engineX = truncated(x);
     const int engineY = truncated(y + double(Node_Coordinates::networkOffset));
     const int engineZ = truncated(z);
-    CO_CommandManager& manager = undo::manager(node.sceneCommon(), tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(node.sceneCommon());
     // The label names x though all three are set: required, the undo list has always said so.
     undo::run(manager, new tu_node::SetXYZCmd(&node, engineX, engineY, engineZ),
               tr("Set X position of ") + node.instanceName(), tr("Failed to set the node's position."));
@@ -235,7 +235,7 @@ void Node::setEnabled(bool enabled)
 {
     MO_Node& node = validNode();
     // One label for both values, and a refusal is silent: required as it is.
-    undo::manager(node.sceneCommon(), tr("An unexpected error occurred."))
+    undo::manager(node.sceneCommon())
         .execute(new tu_node::EnabledNodeCmd(&node, enabled), tr("Enable ") + node.instanceName());
 }
 
@@ -257,7 +257,7 @@ void Node::moveNode(TUGroup* target, int, int)
         .oneNodeOnly = true,
         .failsSilently = true,
         .noMultiPort = tr("Unable to find target's out multi-port."),
-        .missingPart = tr("An unexpected error occurred."),
+        .missingPart = unexpected::ErrorOccurred,
         .entersItself = tr("Unable to place the node in the group."),
         .failed = {},
         .severalNodes = tr("CHECK THIS -- IT SHOULD ONLY BE ONE, BUT I CANT CONFIRM THAT WITH GROUP NODES."),

@@ -28,7 +28,7 @@ std::string Node_Coordinates::__str__() const
 void Node_Coordinates::setX(int x)
 {
     MO_Node& node = this->node();
-    undo::manager(node.sceneCommon(), tr("An unexpected error occurred."))
+    undo::manager(node.sceneCommon())
         .execute(new tu_node::SetXYCmd(&node, x, node.y()), tr("Set X position of ") + node.instanceName());
 }
 
@@ -42,7 +42,7 @@ void Node_Coordinates::setY(int y)
     MO_Node& node = this->node();
     if (y > std::numeric_limits<int>::max() - networkOffset)
         throwInvalidArgument(0);
-    undo::manager(node.sceneCommon(), tr("An unexpected error occurred."))
+    undo::manager(node.sceneCommon())
         .execute(new tu_node::SetXYCmd(&node, node.x(), y + networkOffset),
                  tr("Set Y position of ") + node.instanceName());
 }
@@ -55,7 +55,7 @@ int Node_Coordinates::getY() const
 void Node_Coordinates::setZ(int z)
 {
     MO_Node& node = this->node();
-    CO_CommandManager& manager = undo::manager(node.sceneCommon(), tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(node.sceneCommon());
     undo::run(manager, new tu_node::SetXYZCmd(&node, node.x(), node.y(), z),
               tr("Set Z position of ") + node.instanceName(), tr("Failed to set the node's position."));
 }

@@ -150,7 +150,7 @@ void NodeList::nodesFromQVariant(const QVariant& value, std::vector<MO_Node*>& n
 MO_Node* NodeList::addNodeHelper(SC_SceneCommon* scene, TUGroup* group, const QString& name, const QString& type, int x,
                                  int y, int z)
 {
-    CO_CommandManager& manager = undo::manager(scene, tr("An unexpected error has occurred."));
+    CO_CommandManager& manager = undo::manager(scene, unexpected::ErrorHasOccurred);
     const int engineY = y + Node_Coordinates::networkOffset;
     std::unique_ptr<MO_Node> node;
     if (type == QLatin1String("GROUP")) {
@@ -183,7 +183,7 @@ std::vector<MO_Node*> NodeList::moveNodesToGroup(TUGroup* group, const std::vect
         .oneNodeOnly = false,
         .failsSilently = false,
         .noMultiPort = tr("Group must contain a multi-port-in."),
-        .missingPart = tr("An unexpected error has occurred."),
+        .missingPart = unexpected::ErrorHasOccurred,
         .entersItself = tr("Invalid move - source contains the target group or multiport."),
         .failed = tr("Failed to move the nodes to the group."),
         .severalNodes = {},

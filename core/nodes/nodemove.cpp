@@ -92,7 +92,7 @@ std::vector<MO_Node*> moveNodes(const std::vector<MO_Node*>& nodes, SC_SceneComm
     CO_CommandManager& manager = undo::manager(scene, terms.missingPart);
     auto* timedValues = dynamic_cast<TUScene*>(scene->timedValues());
     if (!timedValues || !scene->changeManager() || !PLUG_Services::getSessionContext())
-        throw Exception(terms.missingPart);
+        unexpected::fail(terms.missingPart);
 
     // The multi-port node comes and goes with the move: what fails leaves none behind.
     undo::Scope scope(manager, Node::tr("Move to Group"));

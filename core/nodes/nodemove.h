@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/frame/unexpected.h"
+
 #include <QString>
 
 #include <vector>
@@ -14,13 +16,13 @@ namespace OMC::node_move {
 
 /// What tells the move of a node from that of a list of nodes.
 struct Terms {
-    bool makesMultiPort;  ///< A group without a multi-port node for its in-ports gets one; else the move is refused.
-    bool selectsAsBatch;  ///< The nodes are selected as one change.
-    bool oneNodeOnly;     ///< More than one node that comes of the drop is a failure.
-    bool failsSilently;   ///< A failure of the removal or the drop leaves all as it was, without an exception.
-    QString noMultiPort;  ///< The texts of the failures.
-    QString missingPart;  ///< The scene, or something of it, is not there.
-    QString entersItself; ///< The group is, or lies in, a node that is to move there.
+    bool makesMultiPort; ///< A group without a multi-port node for its in-ports gets one; else the move is refused.
+    bool selectsAsBatch; ///< The nodes are selected as one change.
+    bool oneNodeOnly;    ///< More than one node that comes of the drop is a failure.
+    bool failsSilently;  ///< A failure of the removal or the drop leaves all as it was, without an exception.
+    QString noMultiPort; ///< The texts of the failures.
+    unexpected::Sentence missingPart; ///< The scene, or something of it, is not there.
+    QString entersItself;             ///< The group is, or lies in, a node that is to move there.
     QString failed;
     QString severalNodes;
 };

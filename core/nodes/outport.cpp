@@ -63,7 +63,7 @@ Obj OutPort::link(const QVariant& value)
 void OutPort::unlink(const QVariant& value)
 {
     MO_Node* node = getNode();
-    CO_CommandManager& manager = undo::manager(node->sceneCommon(), tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(node->sceneCommon());
     if (const QObject* object = QVariantToPointer(value))
         unlinkObject(object, manager);
     else if (value.typeId() == QMetaType::Int)

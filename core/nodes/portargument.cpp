@@ -1,5 +1,6 @@
 #include "core/nodes/portargument.h"
 
+#include "core/frame/unexpected.h"
 #include "core/host/sc_scene.h"
 #include "core/host/tu_node.h"
 #include "core/nodes/groupnode.h"
@@ -103,7 +104,7 @@ MO_Port* addPort(const Port& port, const ArgumentRules& rules, MO_Node* target, 
 {
     CO_CommandManager* manager = port.getNode()->sceneCommon()->commandManager();
     if (!manager) {
-        error = Port::tr("An unexpected error occurred.");
+        error = unexpected::text(unexpected::ErrorOccurred);
         return nullptr;
     }
     if (TUGroup* group = target->group())
@@ -148,7 +149,7 @@ MO_Port* portFromArgument(const Port& port, const QVariant& value, bool isInPort
     }
     const MO_Node& own = *port.getNode();
     if (!own.sceneCommon())
-        throw Exception(Port::tr("An unexpected error occurred."));
+        unexpected::fail();
 
     if (const auto* named = objectFrom<Port>(value)) {
         MO_Port* found = nullptr;

@@ -15,7 +15,7 @@ Obj linkPort(const Port& port, const QVariant& value)
     const auto tr = [&texts = *port.metaObject()](const char* text) { return texts.tr(text, nullptr); };
 
     MO_Node* node = port.getNode();
-    CO_CommandManager& manager = undo::manager(node->sceneCommon(), tr("An unexpected error occurred."));
+    CO_CommandManager& manager = undo::manager(node->sceneCommon());
     const undo::Scope scope(manager, tr("Connecting ports."));
 
     QString error;

@@ -1,5 +1,6 @@
 #include "core/scene/history.h"
 
+#include "core/frame/unexpected.h"
 #include "core/frame/weakhandle.h"
 #include "core/host/co_command.h"
 #include "core/host/sc_session.h"
@@ -206,7 +207,7 @@ CO_CommandManager& History::manager() const
     validate();
     CO_CommandManager* commands = d->project.get()->commandManager();
     if (!commands)
-        throw Exception(tr("An unexpected error occurred."));
+        unexpected::fail();
     return *commands;
 }
 

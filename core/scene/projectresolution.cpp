@@ -159,7 +159,7 @@ struct ProjectNamedResolution::Private {
     {
         const SC_ProjectCommon* common = project.get();
         if (!common)
-            throw Exception(translated("An unexpected error has occurred."));
+            unexpected::fail(unexpected::ErrorHasOccurred);
         for (const Row& row : rowsOf(*common)) {
             if (row.name() == name)
                 return row;

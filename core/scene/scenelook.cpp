@@ -168,7 +168,7 @@ void Scene::setCamera(const QVariant& value)
 {
     validate();
     SC_SceneCommon* common = scene()->sceneCommon();
-    CO_CommandManager& manager = undo::manager(common, tr("An unexpected error has occurred."));
+    CO_CommandManager& manager = undo::manager(common, unexpected::ErrorHasOccurred);
     if (isUnset(value)) {
         if (!common->camera(false))
             return;
@@ -217,7 +217,7 @@ void Scene::setDisplay(const QVariant& value)
 {
     validate();
     SC_SceneCommon* common = scene()->sceneCommon();
-    CO_CommandManager& manager = undo::manager(common, tr("An unexpected error has occurred."));
+    CO_CommandManager& manager = undo::manager(common, unexpected::ErrorHasOccurred);
     if (isUnset(value)) {
         if (!shownDisplay())
             return;

@@ -1,6 +1,7 @@
 #include "service/python/errors.h"
 
 #include "core/frame/baseobject.h"
+#include "core/frame/unexpected.h"
 #include "service/python/interpreter.h"
 #include "service/python/scriptexception.h"
 
@@ -79,7 +80,7 @@ void raiseCurrentException() noexcept
     } catch (const std::exception& exception) {
         PyErr_SetString(PyExc_SystemError, exception.what());
     } catch (...) {
-        PyErr_SetString(PyExc_SystemError, "An unexpected error has occurred.");
+        PyErr_SetString(PyExc_SystemError, qUtf8Printable(OMC::unexpected::text(OMC::unexpected::ErrorHasOccurred)));
     }
 }
 

@@ -1,5 +1,6 @@
 #include "service/python/scriptexception.h"
 
+#include "core/frame/unexpected.h"
 #include "service/python/interpreter.h"
 #include "service/python/references.h"
 
@@ -78,7 +79,8 @@ void ScriptException::throwRaised()
     if (value && traceback)
         PyException_SetTraceback(value, traceback);
     auto held = std::make_shared<const Held>(type, value, traceback);
-    std::string message = type ? reinterpret_cast<PyTypeObject*>(type)->tp_name : "An unexpected error has occurred.";
+    std::string message = type ? reinterpret_cast<PyTypeObject*>(type)->tp_name
+                               : OMC::unexpected::text(OMC::unexpected::ErrorHasOccurred).toStdString();
     if (const std::string text = textOf(value, ""); !text.empty())
         message += ": " + text;
     throw ScriptException(message + placesOf(traceback), std::move(held));
