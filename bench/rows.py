@@ -18,13 +18,31 @@ class Row:
     aim: float = 0.0  # in seconds
 
 
+@dataclass(frozen=True)
+class Count:
+    title: str
+    key: str
+    aim: int  # in instructions of the processor
+
+
+INSTRUCTIONS = (
+    Count("integer property", "read int", 300),
+    Count("object property", "read list", 900),
+    Count("look-up by path", "look up", 1200),
+    Count("attribute by keyword", "attribute by keyword", 1200),
+    Count("value at a frame", "value", 400),
+    Count("chain scene to value", "chain by keyword", 4000),
+    Count("a point of two numbers", "make point", 1000),
+    Count("write a property, with its undo entry", "write scene", 1500),
+)
+
 PYTHON = (
     Row("read an integer property", "read int", "floor date.year", "date.year", most_ratio=4, aim=80 * NS),
     Row("read a string property", "read str", "floor string", "C API: string", aim=150 * NS),
-    Row("read an object property", "read object", "floor new wrapper", "C API: new wrapper", most_ratio=5, aim=200 * NS),
+    Row("read an object property", "read object", "floor new wrapper", "C API: new wrapper", most_ratio=5, aim=180 * NS),
     Row("write a property, with its undo entry", "write property", "floor write", "C API: write"),
     Row("attribute by dotted path", "attribute by path", "floor subscript", "C API: subscript"),
-    *(Row(f"find by path among {n:,} nodes", f"find/{n}", f"floor subscript/{n}", "C API: subscript", aim=500 * NS)
+    *(Row(f"find by path among {n:,} nodes", f"find/{n}", f"floor subscript/{n}", "C API: subscript", aim=450 * NS)
       for n in (1_000, 10_000, 100_000)),
     *(Row(f"chain scene to value, {n:,} nodes", f"chain/{n}", f"floor chain/{n}", "C API: chain", most=3000 * NS,
           aim=1200 * NS) for n in (10, 1_000, 10_000, 100_000)),
@@ -55,9 +73,13 @@ PYTHON = (
         items=10_000, most=0.05, aim=0.02),
     Row("undo of those", "undo keys/10000", "floor undo keys/10000", "Python: dict", items=10_000, most=0.02, aim=0.01),
     Row("10,000 keys in one call", "keys in one call/10000", "floor keys in one call/10000", "C API: new wrappers",
-        items=10_000, most=0.05, aim=0.002),
+        items=10_000, most=0.004, aim=0.002),
     Row("save 10,000 nodes", "save/10000", "floor save/10000", "Python: write, fsync", items=10_000, aim=0.05),
     Row("open 10,000 nodes", "open/10000", "floor open/10000", "Python: json.loads", items=10_000, most=0.5, aim=0.15),
+    Row("save 10,000 nodes with a key each", "save keyed/10000", "floor save keyed/10000", "Python: write, fsync", items=10_000,
+        aim=0.05),
+    Row("open 10,000 nodes with a key each", "open keyed/10000", "floor open keyed/10000", "Python: json.loads",
+        items=10_000, most=0.5, aim=0.08),
     Row("python3 -c 'import brindle'", "import", "floor import", "python3 -c pass", most=0.15, aim=0.08),
 )
 

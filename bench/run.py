@@ -4,6 +4,8 @@
     ./run bench                 builds and measures, in a minute and a half
     ./run bench --json FILE     also writes all figures
     ./run bench --python        one side only; or --native
+    ./run bench --instructions  counts the processor's instructions instead of the time, in some seconds
+    ./run bench --page          measures and counts, and writes the figures into docs/benchmarks.md
 """
 
 import argparse
@@ -16,9 +18,11 @@ import statistics
 import subprocess
 import sys
 
+import instructions
 import rows
 import table
 
+CLOCKS = "Processor time, the loop around an operation taken off; saving, opening and starting on the wall clock."
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 
 
@@ -66,29 +70,52 @@ def machine():
     return f"{model}, {os.cpu_count()} cores; Python {platform.python_version()}; load {os.getloadavg()[0]:.1f}"
 
 
+def write_page(page, texts):
+    """Puts each text in the place of the first block of figures below its heading."""
+    content = page.read_text()
+    for heading, text in texts.items():
+        above, below = content.split(f"\n## {heading}\n", 1)
+        before, _, after = below.split("```", 2)
+        content = f"{above}\n## {heading}\n{before}```\n{text}```{after}"
+    page.write_text(content)
+
+
+def write_json(file, on, python, native, counted):
+    file.write_text(json.dumps({
+        "machine": on,
+        "python": [values for row in rows.PYTHON if (values := table.result(python, row))],
+        "native": [values for row in rows.NATIVE if (values := table.result(native, row))],
+        "median": {name: statistics.median(seconds) for name, seconds in (python | native).items()},
+        "least": {name: min(seconds) for name, seconds in (python | native).items()},
+        "instructions": counted,
+    }, indent=1) + "\n")
+
+
 def main():
     parser = argparse.ArgumentParser(prog="./run bench", description=__doc__.splitlines()[0])
     parser.add_argument("--json", metavar="FILE", type=pathlib.Path, help="write all figures to a file")
     parser.add_argument("--python", action="store_true", help="the Python side only")
     parser.add_argument("--native", action="store_true", help="the C++ side only")
+    parser.add_argument("--instructions", action="store_true", help="count instructions from Python instead of time")
+    parser.add_argument("--page", action="store_true", help="write the figures into docs/benchmarks.md")
     parser.add_argument("--build", metavar="DIR", type=pathlib.Path, default=ROOT / "build" / "dev", help="the build")
     options = parser.parse_args()
-    both = options.python == options.native
+    every = options.page or not (options.python or options.native or options.instructions)
 
     on = machine()
-    python = measure_python(options.build) if both or options.python else {}
-    native = measure_native(options.build) if both or options.native else {}
-    print(on)
-    print("Processor time, the loop around an operation taken off; saving, opening and starting on the wall clock.\n")
-    print(table.text(python, native), end="")
+    python = measure_python(options.build) if every or options.python else {}
+    native = measure_native(options.build) if every or options.native else {}
+    counted = {}
+    if options.page or options.instructions:
+        progress("instructions from Python")
+        counted = instructions.measure(options.build, [row.key for row in rows.INSTRUCTIONS])
+    times = f"{on}\n{CLOCKS}\n\n{table.text(python, native)}" if python or native else ""
+    counts = table.count_text(counted) if counted else ""
+    print(times, counts, sep="\n" if times and counts else "", end="")
+    if options.page:
+        write_page(ROOT / "docs" / "benchmarks.md", {"Instructions": counts, "One run": times})
     if options.json:
-        options.json.write_text(json.dumps({
-            "machine": on,
-            "python": [values for row in rows.PYTHON if (values := table.result(python, row))],
-            "native": [values for row in rows.NATIVE if (values := table.result(native, row))],
-            "median": {name: statistics.median(seconds) for name, seconds in (python | native).items()},
-            "least": {name: min(seconds) for name, seconds in (python | native).items()},
-        }, indent=1) + "\n")
+        write_json(options.json, on, python, native, counted)
 
 
 if __name__ == "__main__":

@@ -9,7 +9,6 @@ on the wall clock.
 """
 
 import bisect
-import copy
 import json
 import math
 import os
@@ -21,6 +20,7 @@ import time
 
 import brindle
 
+import operations
 from floors import objects
 from measure import Samples, silence
 
@@ -30,38 +30,10 @@ REPETITIONS = {1_000: 7, 10_000: 5, 100_000: 3}
 samples = Samples()
 
 
-def turn():
-    matrix = brindle.Matrix()
-    matrix.rotate_degrees(30)
-    return matrix
-
-
 def short_operations(folder):
     """Operations whose cost has nothing to do with the size of the project, with the floors in the same rounds."""
     with brindle.create(folder) as app:
-        scene = app.scene
-        node = scene.nodes.create("PEG", "Arm")
-        names = dict(objects.NAMES, scene=scene, node=node, place=node.position, attributes=node.attributes,
-                     angle=node.attributes["angle"], Point2d=brindle.Point2d, pair=[1.5, -2.5],
-                     point=brindle.Point2d(1.5, -2.5), copy=copy.copy, history=app.project.history, matrix=brindle.Matrix(),
-                     turn=turn(), curve=brindle.BezierPath.create_circle().bezier(0),
-                     Bezier=brindle.Bezier, corners=[[0.0, 0.0], [1.0, 6.0], [7.0, 8.0], [10.0, 1.0]])
-        samples.in_turn(dict(objects.STATEMENTS, **{
-            "read int": ("scene.frame_count", 1),
-            "read str": ("node.name", 1),
-            "read object": ("node.attributes", 1),
-            "read object in variant": ("node.position", 1),
-            "attribute by path": ("attributes['position.x']", 1),
-            "write property": ("place.x = 5; place.x = 6", 2, "history.clear()"),
-            "matrix multiply": ("matrix.multiply(turn)", 1),
-            "make point": ("Point2d(1.5, -2.5)", 1),
-            "read point": ("Point2d(pair)", 1),
-            "copy point": ("copy(point)", 1),
-            "evaluate curve": ("curve.evaluate(0.3)", 1),
-            "nearest point": ("curve.closest_point(pair)", 1),
-            "read curve": ("Bezier(corners)", 1),
-            "set_value": ("angle.set_value(10, 1.5); angle.set_value(10, 2.5)", 2, "history.clear()"),
-        }), names)
+        samples.in_turn(objects.STATEMENTS | operations.STATEMENTS, objects.NAMES | operations.names(app))
 
 
 def create_nodes(scene, count):
@@ -200,23 +172,34 @@ def largest_file(folder):
     return max((file for file in pathlib.Path(folder).rglob("*") if file.is_file()), key=lambda file: file.stat().st_size)
 
 
-def save_and_open(app, folder, size, repetitions):
+def save_and_open(app, folder, size, repetitions, keyed=""):
     """Leaves the project closed. The floors: the same bytes written by Python, and read by its JSON module."""
     for _ in range(repetitions):
-        with samples.timed(f"save/{size}", size, time.perf_counter):
+        with samples.timed(f"save{keyed}/{size}", size, time.perf_counter):
             app.save()
         content = largest_file(folder).read_bytes()
-        with samples.timed(f"floor save/{size}", size, time.perf_counter):
+        with samples.timed(f"floor save{keyed}/{size}", size, time.perf_counter):
             with open(f"{folder}.copy", "wb") as copy:
                 copy.write(content)
                 copy.flush()
                 os.fsync(copy.fileno())
         app.close()
-        with samples.timed(f"open/{size}", size, time.perf_counter):
+        with samples.timed(f"open{keyed}/{size}", size, time.perf_counter):
             app = brindle.open(folder)
-        with samples.timed(f"floor open/{size}", size, time.perf_counter):
+        with samples.timed(f"floor open{keyed}/{size}", size, time.perf_counter):
             json.loads(pathlib.Path(f"{folder}.copy").read_text())
     app.close()
+
+
+def key_each(app, folder, size, repetitions):
+    """Linked nodes with an animated value each, saved and opened."""
+    app.project.history.begin("keyed nodes")
+    create_nodes(app.scene, size)
+    nodes = app.scene.nodes
+    for index in range(size):
+        nodes[f"Top/N{index}"].attributes["angle"].set_value(10, index + 0.5)
+    app.project.history.end()
+    save_and_open(app, folder, size, repetitions, " keyed")
 
 
 def start(repetitions=9):
@@ -245,6 +228,7 @@ def main():
                 create_nodes(app.scene, 1)
                 keys(app, size, repetitions)
                 evaluate(app, size)
+        key_each(brindle.create(f"{root}/keyed"), f"{root}/keyed", 10_000, REPETITIONS[10_000])
     start()
     json.dump(samples.seconds, sys.stdout)
 

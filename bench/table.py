@@ -78,6 +78,17 @@ def scaling(samples, entries):
             yield title, costs, costs[-1] / costs[0]
 
 
+def count_text(counted):
+    """The instructions of each operation beside the aim."""
+    def cells(title, count, aim):
+        return f"{title:<{WIDTHS[0]}}  {count:>12}  {aim:>14}"
+
+    lines = [cells("from Python", "instructions", "aim")]
+    lines += [cells(row.title, f"{counted[row.key]:,.0f}", judged(f"{row.aim:,}", counted[row.key] <= row.aim, "met", "---"))
+              for row in rows.INSTRUCTIONS]
+    return "\n".join(lines) + "\n"
+
+
 def text(python, native):
     lines = []
 

@@ -1,7 +1,8 @@
 #!/bin/bash
 # Installs what is missing of Debian's packages to build, run and test; done in a moment when nothing is.
-#   scripts/setup.sh             what ./run and ./test need
-#   scripts/setup.sh --develop   the formatter and the linter as well
+#   scripts/setup.sh                 what ./run and ./test need
+#   scripts/setup.sh --instructions  what ./run bench --instructions counts with as well
+#   scripts/setup.sh --develop       that, the formatter and the linter as well
 set -euo pipefail
 PATH=/usr/sbin:/usr/bin:/sbin:/bin:$PATH
 
@@ -13,8 +14,9 @@ packages=(
 )
 case "${1:-}" in
     "") ;;
-    --develop) packages+=(clang-format clang-tidy git) ;;
-    *) echo "usage: scripts/setup.sh [--develop]" >&2; exit 2 ;;
+    --instructions) packages+=(valgrind) ;;
+    --develop) packages+=(valgrind clang-format clang-tidy git) ;;
+    *) echo "usage: scripts/setup.sh [--instructions | --develop]" >&2; exit 2 ;;
 esac
 
 command -v dpkg-query >/dev/null || {

@@ -9,7 +9,9 @@ import pytest
 BENCH = pathlib.Path(__file__).resolve().parents[2] / "bench"
 sys.path.insert(0, str(BENCH))
 
+import instructions  # noqa: E402
 import rows  # noqa: E402
+import run  # noqa: E402
 import table  # noqa: E402
 
 
@@ -68,8 +70,36 @@ def test_every_row_of_the_native_side_has_its_benchmark():
 
 
 def test_every_row_of_the_python_side_is_measured_by_the_script():
-    sources = (BENCH / "script.py").read_text() + (BENCH / "floors" / "objects.py").read_text()
-    measured = set(re.findall(r'"([\w ._]+)(?:/(?:\{size\}|\d+))?"', sources))
+    sources = "".join((BENCH / name).read_text() for name in ("script.py", "operations.py", "floors/objects.py"))
+    measured = set(re.findall(r'"([\w ._]+)(?:\{keyed\})?(?:/(?:\{size\}|\d+))?"', sources))
+    measured |= {f"{name} keyed" for name in re.findall(r'"([\w ]+)\{keyed\}/', sources)}
     asked = {key.split("/")[0] for row in rows.PYTHON for key in (row.key, row.floor) if key}
     asked |= {key for _, key in (*rows.PYTHON_FLOORS, *rows.PYTHON_SCALING)}
+    asked |= {row.key for row in rows.INSTRUCTIONS}
     assert asked <= measured
+
+
+def test_an_operation_takes_what_the_longer_loop_took_more_than_the_shorter():
+    short, long = instructions.LENGTHS
+    assert instructions.each([7_000 + 300 * short, 7_000 + 300 * long]) == 300
+
+
+def test_the_count_of_a_part_of_the_run_is_its_file_s_own(tmp_path):
+    file = tmp_path / "out.1"
+    file.write_text("events: Ir\nsummary: 16934535\n\nfn=(1)\n0 12\ntotals: 16934535\n")
+    assert list(instructions.counts([file])) == [16934535]
+
+
+def test_instructions_stand_beside_their_aim():
+    counted = {row.key: row.aim for row in rows.INSTRUCTIONS} | {"read int": 300.6}
+    lines = table.count_text(counted).splitlines()
+    assert lines[1].split() == ["integer", "property", "301", "300", "---"]
+    assert lines[2].split() == ["object", "property", "900", "900", "met"]
+
+
+def test_the_page_gets_the_figures_below_their_heading(tmp_path):
+    page = tmp_path / "page.md"
+    page.write_text("# P\n\n```\nkept\n```\n\n## One\n\nSays.\n\n```\nold\n```\n\nEnd.\n\n## Two\n\n```\nold\n```\n")
+    run.write_page(page, {"Two": "b\n", "One": "a\n"})
+    assert page.read_text() == (
+        "# P\n\n```\nkept\n```\n\n## One\n\nSays.\n\n```\na\n```\n\nEnd.\n\n## Two\n\n```\nb\n```\n")
