@@ -140,7 +140,7 @@ private:
     /// A key on the curve, where none stands.
     void addSplice(double frame)
     {
-        if (!m_isNew && !hasKey(frame))
+        if (!hasKey(frame))
             add(spliceCommand(m_column, frame, isHeld(frame)));
     }
 

@@ -62,8 +62,19 @@ void BezierColumn::createPoint(double frame, double value, double handleLeftX, d
                             .arg(word, QStringLiteral("STRAIGHT, CORNER, SMOOTH")));
 
     namespace cmd = tu_timedvalue::bezier;
+    BezierCtrlPt before;
+    BezierCtrlPt after;
+    const bool hasBefore = column.pointBefore(frame, before);
+    const bool isNew = !hasBefore || before.frame != frame;
+    const bool hasAfter = column.pointAfter(frame, after);
     BezierEdit edit(column, tr("Set Bezier Point "));
     edit.run(new cmd::SpliceCmd(&column, frame, true));
+    // The splice turned the handles that face the new point, to keep the shape of a curve that changes anyway. A curve
+    // that is written point by point has the handles that it was given, whatever the order of the points.
+    if (isNew && hasBefore)
+        edit.run(new cmd::SetRightHandleGlobalCmd(&column, before.frame, before.rightX, before.rightY));
+    if (isNew && hasAfter)
+        edit.run(new cmd::SetLeftHandleGlobalCmd(&column, after.frame, after.leftX, after.leftY));
     edit.run(new cmd::SetPointCmd2(&column, frame, frame, value));
     edit.pointAt(frame);
     edit.run(new cmd::SetLeftHandleGlobalCmd(&column, frame, handleLeftX, handleLeftY));

@@ -27,7 +27,8 @@ public:
     void set(int frame, const QVariant& value) override;
 
     /// Makes a keyframe, or sets the one at the frame, with all that it has. Handles are in frames and in the column's
-    /// values; `continuity` is "CORNER", "STRAIGHT" or "SMOOTH", in any case of letters.
+    /// values; `continuity` is "CORNER", "STRAIGHT" or "SMOOTH", in any case of letters. The neighbours keep their
+    /// handles, drawn back to the new keyframe where they reach beyond it.
     void createPoint(double frame, double value, double handleLeftX, double handleLeftY, double handleRightX,
                      double handleRightY, bool constSegment, const QString& continuity);
 };

@@ -27,9 +27,10 @@ bool Socket::columnName(QString& name, int) const
     return true;
 }
 
-void Socket::link(Column& column)
+Socket::Order Socket::link(Column& column)
 {
     restore(column, column.m_nextOrder);
+    return m_order;
 }
 
 void Socket::restore(Column& column, Order order)

@@ -34,7 +34,7 @@ public:
     Column* column() const { return m_column; }
     Order order() const { return m_order; } ///< Of the present link.
 
-    void link(Column& column);                 ///< At the end of the column's links. Cuts the link that was.
+    Order link(Column& column);                ///< At the end of the column's links. Cuts the link that was.
     void restore(Column& column, Order order); ///< At the place that the link had. Cuts the link that was.
     void unlink();
 

@@ -2,6 +2,8 @@
 #include "engine/curves/column.h"
 #include "engine/curves/columnlist.h"
 
+#include <optional>
+
 namespace {
 
 using brindle::engine::Column;
@@ -24,9 +26,11 @@ public:
         m_before = m_socket->column();
         if (m_before == m_column)
             return kNoop;
-        m_order = m_socket->order();
-        if (m_column)
-            m_socket->link(*m_column);
+        m_orderBefore = m_socket->order();
+        if (m_order)
+            m_socket->restore(*m_column, *m_order);
+        else if (m_column)
+            m_order = m_socket->link(*m_column);
         else
             m_socket->unlink();
         brindle::engine::tellChanged(*m_socket->attr());
@@ -38,7 +42,7 @@ public:
         if (m_before == m_column)
             return kNoop;
         if (m_before)
-            m_socket->restore(*m_before, m_order);
+            m_socket->restore(*m_before, m_orderBefore);
         else
             m_socket->unlink();
         brindle::engine::tellChanged(*m_socket->attr());
@@ -55,8 +59,9 @@ private:
     Socket* m_socket;
     Column* m_column; // null for a cut
     bool m_links;
+    std::optional<Socket::Order> m_order; ///< That the first execution gave: a link done again takes the same place.
     Column* m_before = nullptr;
-    Socket::Order m_order = 0;
+    Socket::Order m_orderBefore = 0;
 };
 
 class Rename final : public CO_Command {

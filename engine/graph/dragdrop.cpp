@@ -113,12 +113,10 @@ public:
 
     Status execute() override
     {
-        if (m_column.isTaken(m_order)) {
-            m_socket.link(m_column);
-            m_order = m_socket.order();
-        } else {
+        if (m_column.isTaken(m_order))
+            m_order = m_socket.link(m_column);
+        else
             m_socket.restore(m_column, m_order);
-        }
         return kOk;
     }
 

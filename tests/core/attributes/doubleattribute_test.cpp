@@ -299,6 +299,8 @@ TEST_F(DoubleAttributeTest, OffsettingAnAttributeWithoutAColumn)
     x.offsetValue(QVariantList{10, 20}, 5);
     ASSERT_TRUE(curveOf("position.x"));
     EXPECT_EQ(keysOf(*curveOf("position.x")), Keys({{9, 1}, {10, 6}, {20, 6}, {21, 1}}));
+    for (int frame = 1; frame <= 60; ++frame)
+        EXPECT_EQ(x.value(frame), frame >= 10 && frame <= 20 ? 6 : 1) << frame;
     expectUndoable(before);
 
     auto pivot = number("pivot.x");

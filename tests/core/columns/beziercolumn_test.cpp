@@ -86,6 +86,26 @@ TEST_F(BezierColumnTest, APointIsMadeWithAllThatItHas)
     expectUndoable(before);
 }
 
+TEST_F(BezierColumnTest, APointThatIsMadeLeavesTheHandlesOfItsNeighbours)
+{
+    column.createPoint(20, 7, 15, 6, 26, -4, false, "CORNER");
+    const BezierCtrlPt first = pointAt(1);
+    for (const double frame : {10.0, 30.0, -5.0}) {
+        const QByteArray before = saved();
+        column.createPoint(frame, 3, frame - 1, 2, frame + 1, 4, false, "CORNER");
+        EXPECT_EQ(pointAt(20).leftX, 15) << frame;
+        EXPECT_EQ(pointAt(20).leftY, 6) << frame;
+        EXPECT_EQ(pointAt(20).rightX, 26) << frame;
+        EXPECT_EQ(pointAt(20).rightY, -4) << frame;
+        EXPECT_EQ(pointAt(1).leftX, first.leftX) << frame;
+        EXPECT_EQ(pointAt(1).rightX, first.rightX) << frame;
+        expectUndoable(before);
+    }
+    column.createPoint(18, 3, 17, 2, 19, 4, false, "CORNER");
+    EXPECT_EQ(pointAt(20).leftX, 18) << "drawn back to the new point";
+    EXPECT_EQ(pointAt(20).leftY, 6);
+}
+
 TEST_F(BezierColumnTest, APointThatStandsThereIsSet)
 {
     const QByteArray before = saved();

@@ -64,6 +64,21 @@ TEST_F(ColumnCommandsTest, ACutLinkComesBackToItsPlace)
     EXPECT_TRUE(undoesTo(before));
 }
 
+TEST_F(ColumnCommandsTest, LinksThatAreRedoneHaveTheirPlacesAgain)
+{
+    drive(armAngle, column);
+    drive(legAngle, column);
+    const auto orderOf = [](const AT_Attr& attr) {
+        return dynamic_cast<const brindle::engine::Socket&>(*attr.socket()).order();
+    };
+    const auto armOrder = orderOf(armAngle);
+    const auto legOrder = orderOf(legAngle);
+    manager().unexecute(2);
+    manager().reexecute(2);
+    EXPECT_EQ(orderOf(armAngle), armOrder) << "a later command may have kept the number";
+    EXPECT_EQ(orderOf(legAngle), legOrder);
+}
+
 TEST_F(ColumnCommandsTest, LinksThatCannotStandAreRefusedAndChangeNothing)
 {
     brindle::engine::BezierColumn outside("outside");
