@@ -12,6 +12,16 @@
 
 class QMetaProperty;
 
+/// Gives a class its `copy()`, which is its copy constructor on the heap. It stands behind Q_OBJECT in the class.
+#define BRINDLE_COPYABLE(Class)                                                                                        \
+public:                                                                                                                \
+    Class* copy() const override                                                                                       \
+    {                                                                                                                  \
+        return new Class(*this);                                                                                       \
+    }                                                                                                                  \
+                                                                                                                       \
+private:
+
 namespace OMC {
 
 /// Who destroys an object of the object model.
@@ -24,9 +34,10 @@ enum OwnershipType_e : quint32 {
 
 /// Root of everything that a script can touch.
 ///
-/// A wrapper of an engine object holds a weak handle in a private record, checks it in `validate()` at the start of
-/// each operation, and never owns the engine object. Properties are Qt properties; `getAttr` and `setAttr` serve them
-/// by name. Failures are OMC::Exception. An object belongs to one thread at a time; neither it nor Obj locks anything.
+/// A wrapper of an engine object holds a weak handle, checks it in `validate()` at the start of each operation (an
+/// EngineView does both), and never owns the engine object. Properties are Qt properties; `getAttr` and `setAttr` serve
+/// them by name. Failures are OMC::Exception. An object belongs to one thread at a time; neither it nor Obj locks
+/// anything.
 class BRINDLE_CORE_EXPORT BaseObject : public QObject, public Recycled {
     Q_OBJECT
 
@@ -37,7 +48,8 @@ public:
     BaseObject& operator=(const BaseObject&) { return *this; }
     ~BaseObject() override;
 
-    /// A new object of the same class; throws where a class has no copy.
+    /// A new object of the same class, which nobody owns; throws where a class has no copy. A class gets its own by
+    /// BRINDLE_COPYABLE.
     virtual BaseObject* copy() const;
     virtual bool __bool__() const;
     virtual std::string __str__() const;
