@@ -99,6 +99,13 @@ FolderFailure FolderFailure::ofSystem(const QString& path, const char* what, int
     return {quoted(path) + u' ' + QLatin1String(what) + ": " + text};
 }
 
+FolderFailure FolderFailure::ofNewerVersion(const QString& path, int found, int newest)
+{
+    const QString known = newest == 1 ? QStringLiteral("version 1") : QStringLiteral("versions up to %1").arg(newest);
+    return {quoted(path) + " has format version " + QString::number(found) +
+            ", and this version of the application reads " + known};
+}
+
 namespace folder_io {
 
 FileKind kindOf(const QString& path)

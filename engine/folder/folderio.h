@@ -15,6 +15,8 @@ struct FolderFailure {
 
     /// "/p/project.json" cannot be written: no space left on device.
     static FolderFailure ofSystem(const QString& path, const char* what, int error);
+    /// "/p/project.json" has format version 3, and this version of the application reads versions up to 2.
+    static FolderFailure ofNewerVersion(const QString& path, int found, int newest);
 };
 
 /// The path in double quotes, as messages name it: on one line, whatever is in it.

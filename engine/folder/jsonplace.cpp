@@ -197,12 +197,8 @@ int JsonPlace::requireFormat(const char* format, int newest) const
     if (name.text() != QLatin1String(format))
         name.fail(QStringLiteral("is not \"%1\"").arg(QLatin1String(format)));
     const int found = field("version").integer(1, std::numeric_limits<int>::max());
-    if (found > newest) {
-        const QString known =
-            newest == 1 ? QStringLiteral("version 1") : QStringLiteral("versions up to %1").arg(newest);
-        throw FolderFailure{quoted(m_file->path()) + " has format version " + QString::number(found) +
-                            ", and this version of the application reads " + known};
-    }
+    if (found > newest)
+        throw FolderFailure::ofNewerVersion(m_file->path(), found, newest);
     return found;
 }
 

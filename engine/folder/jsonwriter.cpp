@@ -79,44 +79,44 @@ void JsonWriter::text(const QString& value)
 {
     separate();
     m_out += '"';
-    appendText(value);
+    appendEscaped(m_out, value);
     m_out += '"';
 }
 
-void JsonWriter::appendText(const QString& value)
+void JsonWriter::appendEscaped(std::string& out, const QString& value)
 {
     static constexpr char digits[] = "0123456789abcdef";
     const QChar* const data = value.constData();
     const qsizetype size = value.size();
-    const auto appendEscape = [this](unsigned unit) {
-        m_out += "\\u";
+    const auto appendEscape = [&out](unsigned unit) {
+        out += "\\u";
         for (int shift = 12; shift >= 0; shift -= 4)
-            m_out += digits[(unit >> shift) & 15];
+            out += digits[(unit >> shift) & 15];
     };
     for (qsizetype i = 0; i < size; ++i) {
         const unsigned unit = data[i].unicode();
         if (unit == '"' || unit == '\\') {
-            m_out += '\\';
-            m_out += char(unit);
+            out += '\\';
+            out += char(unit);
         } else if (unit == '\n') {
-            m_out += "\\n";
+            out += "\\n";
         } else if (unit < 0x20) {
             appendEscape(unit);
         } else if (unit < 0x80) {
-            m_out += char(unit);
+            out += char(unit);
         } else if (unit < 0x800) {
-            m_out += char(0xc0 | (unit >> 6));
-            m_out += char(0x80 | (unit & 0x3f));
+            out += char(0xc0 | (unit >> 6));
+            out += char(0x80 | (unit & 0x3f));
         } else if (!data[i].isSurrogate()) {
-            m_out += char(0xe0 | (unit >> 12));
-            m_out += char(0x80 | ((unit >> 6) & 0x3f));
-            m_out += char(0x80 | (unit & 0x3f));
+            out += char(0xe0 | (unit >> 12));
+            out += char(0x80 | ((unit >> 6) & 0x3f));
+            out += char(0x80 | (unit & 0x3f));
         } else if (data[i].isHighSurrogate() && i + 1 < size && data[i + 1].isLowSurrogate()) {
             const char32_t point = QChar::surrogateToUcs4(data[i], data[i + 1]);
-            m_out += char(0xf0 | (point >> 18));
-            m_out += char(0x80 | ((point >> 12) & 0x3f));
-            m_out += char(0x80 | ((point >> 6) & 0x3f));
-            m_out += char(0x80 | (point & 0x3f));
+            out += char(0xf0 | (point >> 18));
+            out += char(0x80 | ((point >> 12) & 0x3f));
+            out += char(0x80 | ((point >> 6) & 0x3f));
+            out += char(0x80 | (point & 0x3f));
             ++i;
         } else {
             appendEscape(unit);

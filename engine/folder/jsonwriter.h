@@ -30,13 +30,15 @@ public:
     void number(double value);
     void flag(bool value);
 
+    /// Adds a text as JSON has it, without its quotes.
+    static void appendEscaped(std::string& out, const QString& value);
+
     QByteArray result() const; ///< With a line end behind the last line.
 
 private:
     void separate();
     void newLine();
     void end(char bracket);
-    void appendText(const QString& value);
 
     std::string m_out;
     std::string m_layouts; ///< Of the arrays and objects that are open: 'l' lines, 'i' inline.

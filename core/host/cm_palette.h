@@ -1,0 +1,69 @@
+#pragma once
+
+#include "core/host/cm_color.h"
+#include "core/host/cm_palettepath.h"
+#include "core/host/export.h"
+#include "core/host/ut_id.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+/// A palette: colours and textures in an order, in a file of its own. It is kept by the lists that hold it and by the
+/// undo list; what it shows is read from its file when it is first asked for.
+///
+/// Entries are found by identity in constant time; two entries of a palette never share one. A change is made by
+/// commands, and written to the file when the project is saved.
+class BRINDLE_HOST_EXPORT CM_Palette {
+public:
+    using Entry = std::shared_ptr<CM_BaseColorObj>;
+    enum Type { kColour = 0, kPencilTexture = 1, kHidden = 8 };
+    enum State { kLive = 0, kDeleted = 1 };
+
+    /// An empty palette at a path under a new identity. Its name is that of the file; no file is touched.
+    explicit CM_Palette(const CM_PalettePathI& path);
+    CM_Palette(const CM_Palette&) = delete;
+    CM_Palette& operator=(const CM_Palette&) = delete;
+    ~CM_Palette();
+
+    UT_Id GetID() const;
+    QString GetName() const;
+    void SetName(const QString& name);
+    QString GetDiskName() const; ///< The name of its file without the extension; a new name takes it at the next save.
+    const CM_PalettePathI& GetPath() const;
+    Type GetType() const;
+    void SetType(Type type);
+    State state() const;
+
+    bool IsLoadedFromDisk() const; ///< A new palette counts as loaded.
+    bool IsFileNotFound() const;   ///< The file was sought and is gone.
+    bool IsLocked() const;         ///< By this process.
+    /// Reads the file if that has not been done. False when it can't be read; the palette is then empty, and the log
+    /// has one sentence that names the file and the place.
+    bool Load();
+
+    const std::vector<Entry>& colors() const; ///< In their order.
+    Entry GetColor(int index) const;          ///< Null beyond the entries.
+    Entry GetColorById(const UT_Id& id) const;
+    UT_Id GetColorId(int index) const;
+    bool AddColor(const Entry& entry);               ///< At the end. False for null, and for an identity that is there.
+    bool InsertColor(const Entry& entry, int index); ///< `index` from 0 to the number of entries.
+    bool RemoveColor(const UT_Id& id);
+    void AddDefaultColor(); ///< The one that a new palette has: "Default", black.
+
+    /// Takes name, type and entries of another palette, the entries under their identities or under new ones. Its own
+    /// identity and path stay.
+    void Copy(const CM_Palette& source, bool keepIds);
+
+    /// Entries as bytes, and back: for commands.
+    static QByteArray StoreColorList(const std::vector<Entry>& entries);
+    static std::vector<Entry> LoadColorList(const QByteArray& stream);
+
+    class Private;
+    Private& engine() const { return *d; } ///< For the engine itself.
+
+private:
+    std::unique_ptr<Private> d;
+};

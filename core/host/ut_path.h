@@ -1,0 +1,53 @@
+#pragma once
+
+#include "core/host/export.h"
+
+#include <QString>
+
+/// A path in the file system, as the engine hands it out.
+class BRINDLE_HOST_EXPORT VFS_Path {
+public:
+    VFS_Path() = default;
+    explicit VFS_Path(const QString& path) : m_path(path) {}
+
+    QString ToString() const { return m_path; }
+    QString filepath() const { return m_path; }
+
+private:
+    QString m_path;
+};
+
+/// A path that is taken apart and put together. "/p/palette-library/Skin.plt" has the extension "plt" and the base name
+/// "Skin"; one level up is "/p/palette-library".
+class BRINDLE_HOST_EXPORT UT_Path {
+public:
+    explicit UT_Path(const QString& path) : m_path(path) {}
+
+    QString ToString() const { return m_path; }
+    bool Exists() const;
+    QString GetExtension() const; ///< Without its dot; empty where the name has none.
+    QString GetBaseName() const;  ///< The last part without its extension.
+    void Up();
+    void AddName(const QString& name); ///< One level down.
+    void AddExtension(const QString& extension);
+
+private:
+    QString m_path;
+};
+
+/// Files and folders on disk.
+namespace tufile {
+
+BRINDLE_HOST_EXPORT bool fileExists(const QString& path);
+/// Moves a file or folder within its file system, and makes the folder that it goes into. False, and nothing changed,
+/// when it can't, also when something stands there already.
+BRINDLE_HOST_EXPORT bool MoveDir(const QString& from, const QString& to);
+
+} // namespace tufile
+
+/// Where a path of a project lies on this machine.
+class BRINDLE_HOST_EXPORT oswRemapPath {
+public:
+    /// The path with its separators and its home folder ("~") as this system has them.
+    static QString RemapPath2(const QString& path);
+};

@@ -1,0 +1,236 @@
+#include "engine/palettes/palette.h"
+
+#include "core/host/msg_scope.h"
+#include "engine/folder/folderio.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+using brindle::engine::FolderFailure;
+using brindle::engine::PaletteRecord;
+
+namespace {
+
+/// Of a list of entries that travels through a command, which is in no file.
+const QString streamName = QStringLiteral("entries");
+
+/// Textures of a stream keep their pictures in it: a table of PNG files behind the entries' text.
+void appendSized(QByteArray& out, const QByteArray& bytes)
+{
+    out += QByteArray::number(bytes.size()) + '\n' + bytes;
+}
+
+QByteArray takeSized(const QByteArray& stream, qsizetype& place)
+{
+    const qsizetype end = stream.indexOf('\n', place);
+    const qsizetype size = stream.mid(place, end - place).toLongLong();
+    place = end + 1 + size;
+    return stream.mid(end + 1, size);
+}
+
+} // namespace
+
+void CM_Palette::Private::setRecord(PaletteRecord record)
+{
+    id = record.id;
+    name = record.name;
+    type = record.type;
+    entries = std::move(record.entries);
+    byId.clear();
+    byId.reserve(entries.size());
+    for (const Entry& entry : entries)
+        byId.emplace(entry->GetID(), entry);
+}
+
+bool CM_Palette::Private::insert(const Entry& entry, std::size_t index)
+{
+    if (!entry || index > entries.size() || !byId.emplace(entry->GetID(), entry).second)
+        return false;
+    entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(index), entry);
+    touch();
+    return true;
+}
+
+CM_Palette::CM_Palette(const CM_PalettePathI& path) : d(new Private)
+{
+    d->path = std::make_unique<CM_PalettePathFile>(path.filename(true));
+    d->name = GetDiskName();
+}
+
+CM_Palette::~CM_Palette() = default;
+
+UT_Id CM_Palette::GetID() const
+{
+    return d->id;
+}
+
+QString CM_Palette::GetName() const
+{
+    return d->name;
+}
+
+void CM_Palette::SetName(const QString& name)
+{
+    d->name = name;
+    d->touch();
+}
+
+QString CM_Palette::GetDiskName() const
+{
+    return QFileInfo(d->path->filename(false)).fileName();
+}
+
+const CM_PalettePathI& CM_Palette::GetPath() const
+{
+    return *d->path;
+}
+
+CM_Palette::Type CM_Palette::GetType() const
+{
+    return d->type;
+}
+
+void CM_Palette::SetType(Type type)
+{
+    d->type = type;
+    d->touch();
+}
+
+CM_Palette::State CM_Palette::state() const
+{
+    return d->state;
+}
+
+bool CM_Palette::IsLoadedFromDisk() const
+{
+    return d->content != Private::Content::Unread;
+}
+
+bool CM_Palette::IsFileNotFound() const
+{
+    return d->content == Private::Content::Missing;
+}
+
+bool CM_Palette::IsLocked() const
+{
+    return d->isLocked;
+}
+
+bool CM_Palette::Load()
+{
+    using namespace brindle::engine;
+    if (IsLoadedFromDisk())
+        return d->content == Private::Content::Read;
+    try {
+        bool missing = false;
+        const QByteArray content = folder_io::read(d->file(), &missing);
+        if (missing) {
+            d->content = Private::Content::Missing;
+            MSG_Scope(quoted(d->file()) + QStringLiteral(" is missing."), MSG_Scope::kError);
+            return false;
+        }
+        const UT_Id expected = d->id;
+        const QString folder = d->textureFolder() + u'/';
+        PaletteRecord record = readPaletteFile(d->file(), content, [&folder](const QString& file) {
+            bool isMissing = false;
+            return BM_Bitmap::FromPng(folder_io::read(folder + file, &isMissing));
+        });
+        d->setRecord(std::move(record));
+        d->id = expected; // The list's word holds: a copy of a file is another palette.
+        d->content = Private::Content::Read;
+        d->savedRevision = d->revision;
+        return true;
+    } catch (const FolderFailure& failure) {
+        d->content = Private::Content::Damaged;
+        MSG_Scope(failure.reason + u'.', MSG_Scope::kError);
+        return false;
+    }
+}
+
+const std::vector<CM_Palette::Entry>& CM_Palette::colors() const
+{
+    return d->entries;
+}
+
+CM_Palette::Entry CM_Palette::GetColor(int index) const
+{
+    const auto place = static_cast<std::size_t>(index);
+    return index >= 0 && place < d->entries.size() ? d->entries[place] : nullptr;
+}
+
+CM_Palette::Entry CM_Palette::GetColorById(const UT_Id& id) const
+{
+    const auto found = d->byId.find(id);
+    return found == d->byId.end() ? nullptr : found->second;
+}
+
+UT_Id CM_Palette::GetColorId(int index) const
+{
+    const Entry entry = GetColor(index);
+    return entry ? entry->GetID() : UT_Id();
+}
+
+bool CM_Palette::AddColor(const Entry& entry)
+{
+    return d->insert(entry, d->entries.size());
+}
+
+bool CM_Palette::InsertColor(const Entry& entry, int index)
+{
+    return index >= 0 && d->insert(entry, static_cast<std::size_t>(index));
+}
+
+bool CM_Palette::RemoveColor(const UT_Id& id)
+{
+    const auto found = d->byId.find(id);
+    if (found == d->byId.end())
+        return false;
+    // From the end: what is undone was added last.
+    const auto place = std::find(d->entries.rbegin(), d->entries.rend(), found->second);
+    d->entries.erase(std::next(place).base());
+    d->byId.erase(found);
+    d->touch();
+    return true;
+}
+
+void CM_Palette::AddDefaultColor()
+{
+    const auto colour = std::make_shared<CM_Color>(CM_Color::kSolid, QStringLiteral("Default"));
+    colour->AddColorMarker({});
+    AddColor(colour);
+}
+
+void CM_Palette::Copy(const CM_Palette& source, bool keepIds)
+{
+    PaletteRecord record{d->id, source.d->name, source.d->type, {}};
+    record.entries.reserve(source.d->entries.size());
+    for (const Entry& entry : source.d->entries)
+        record.entries.push_back(entry->Clone(!keepIds));
+    d->setRecord(std::move(record));
+    d->content = Private::Content::Read;
+    d->touch();
+}
+
+QByteArray CM_Palette::StoreColorList(const std::vector<Entry>& entries)
+{
+    QByteArray stream;
+    appendSized(stream, brindle::engine::paletteFileText({UT_Id(1), {}, kColour, entries}));
+    for (const Entry& entry : entries) {
+        const std::shared_ptr<CM_Texture> texture = CM_CastToTexture(entry);
+        if (texture && texture->GetBitmap())
+            appendSized(stream, texture->GetBitmap()->Png());
+        else if (texture)
+            appendSized(stream, {});
+    }
+    return stream;
+}
+
+std::vector<CM_Palette::Entry> CM_Palette::LoadColorList(const QByteArray& stream)
+{
+    qsizetype place = 0;
+    const QByteArray text = takeSized(stream, place);
+    return brindle::engine::readPaletteFile(
+               streamName, text, [&](const QString&) { return BM_Bitmap::FromPng(takeSized(stream, place)); })
+        .entries;
+}

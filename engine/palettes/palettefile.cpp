@@ -1,0 +1,177 @@
+#include "engine/palettes/palettefile.h"
+
+#include "engine/folder/folderio.h"
+#include "engine/folder/jsonwriter.h"
+#include "engine/palettes/linescanner.h"
+
+#include <charconv>
+#include <iterator>
+#include <unordered_set>
+
+namespace brindle::engine {
+
+namespace {
+
+constexpr int newestVersion = 1;
+constexpr const char* format = "brindle-palette";
+constexpr const char* colourTypes[] = {"solid", "linear", "radial"}; ///< By CM_Color::Type.
+constexpr const char* paletteTypes[] = {"colour", "pencil_texture"}; ///< By CM_Palette::Type.
+constexpr const char* textureWord = "texture";
+constexpr const char* tilings[] = {"single", "tile"};
+
+void appendId(std::string& out, const UT_Id& id)
+{
+    out += id.AsString().toStdString();
+}
+
+void appendText(std::string& out, const QString& text)
+{
+    out += " \"";
+    JsonWriter::appendEscaped(out, text);
+    out += '"';
+}
+
+void appendWord(std::string& out, const char* word)
+{
+    out += ' ';
+    out += word;
+}
+
+void appendNumber(std::string& out, double number)
+{
+    char buffer[32];
+    out += ' ';
+    out.append(buffer, std::to_chars(buffer, std::end(buffer), number).ptr);
+}
+
+void appendRgba(std::string& out, const CM_Rgba& rgba)
+{
+    constexpr char digits[] = "0123456789abcdef";
+    out += ' ';
+    for (const int channel : {rgba.red(), rgba.green(), rgba.blue(), rgba.alpha()}) {
+        out += digits[channel >> 4];
+        out += digits[channel & 15];
+    }
+}
+
+void appendColour(std::string& out, const CM_Color& colour)
+{
+    appendWord(out, colourTypes[colour.GetColorType()]);
+    appendText(out, colour.GetColorName());
+    for (const CM_GradientData& marker : colour.gradientDataCol()) {
+        if (colour.GetColorType() != CM_Color::kSolid)
+            appendNumber(out, marker.position);
+        appendRgba(out, marker.rgba);
+    }
+}
+
+void appendTexture(std::string& out, const CM_Texture& texture)
+{
+    appendWord(out, textureWord);
+    appendText(out, texture.GetColorName());
+    appendWord(out, tilings[texture.IsTile()]);
+    appendText(out, textureFileName(texture.GetID()));
+}
+
+UT_Id readId(LineScanner& line)
+{
+    const UT_Id id = UT_Id::FromString(line.word());
+    if (!id.IsValid())
+        line.fail(QStringLiteral("it does not begin with an identity of sixteen hexadecimal digits"));
+    return id;
+}
+
+CM_Rgba readRgba(LineScanner& line)
+{
+    const QString word = line.word();
+    bool isNumber = false;
+    const uint value = word.toUInt(&isNumber, 16);
+    if (!isNumber || word.size() != 8)
+        line.fail(QStringLiteral("\"%1\" is no colour of eight hexadecimal digits").arg(word));
+    return {int(value >> 24), int(value >> 16), int(value >> 8), int(value)};
+}
+
+double readPosition(LineScanner& line, double least)
+{
+    const double position = line.number();
+    if (!(position >= least && position <= 1))
+        line.fail(QStringLiteral("a position is not between the one before it and 1"));
+    return position;
+}
+
+CM_Palette::Entry readEntry(LineScanner& line, const TextureSource& textures)
+{
+    const UT_Id id = readId(line);
+    const int kind = line.oneOf({colourTypes[0], colourTypes[1], colourTypes[2], textureWord});
+    const QString name = line.text();
+    if (kind == std::ssize(colourTypes)) {
+        const bool tile = line.oneOf({tilings[0], tilings[1]});
+        return std::make_shared<CM_Texture>(name, id, textures(line.text()), tile);
+    }
+    const auto type = static_cast<CM_Color::Type>(kind);
+    auto colour = std::make_shared<CM_Color>(type, name, id);
+    CM_GradientDataCol markers;
+    if (type == CM_Color::kSolid && !line.atEnd())
+        markers.push_back({0, readRgba(line)});
+    double position = 0;
+    while (type != CM_Color::kSolid && !line.atEnd()) {
+        position = readPosition(line, position);
+        markers.push_back({position, readRgba(line)});
+    }
+    colour->setGradientDataCol(markers);
+    return colour;
+}
+
+void readHead(LineScanner& line, PaletteRecord& palette)
+{
+    line.oneOf({format});
+    line.requireVersion(newestVersion);
+    line.next();
+    line.oneOf({"palette"});
+    palette.id = readId(line);
+    palette.type = static_cast<CM_Palette::Type>(line.oneOf({paletteTypes[0], paletteTypes[1]}));
+    palette.name = line.text();
+}
+
+} // namespace
+
+QString textureFileName(const UT_Id& id)
+{
+    return id.AsString() + ".png";
+}
+
+QByteArray paletteFileText(const PaletteRecord& palette)
+{
+    std::string out = format;
+    appendWord(out, std::to_string(newestVersion).c_str());
+    out += "\npalette ";
+    appendId(out, palette.id);
+    appendWord(out, paletteTypes[palette.type]);
+    appendText(out, palette.name);
+    out += '\n';
+    for (const CM_Palette::Entry& entry : palette.entries) {
+        appendId(out, entry->GetID());
+        if (entry->GetKind() == CM_BaseColorObj::kColour)
+            appendColour(out, static_cast<const CM_Color&>(*entry));
+        else
+            appendTexture(out, static_cast<const CM_Texture&>(*entry));
+        out += '\n';
+    }
+    return QByteArray(out.data(), static_cast<qsizetype>(out.size()));
+}
+
+PaletteRecord readPaletteFile(const QString& path, const QByteArray& content, const TextureSource& textures)
+{
+    LineScanner line(path, content);
+    PaletteRecord palette;
+    readHead(line, palette);
+    std::unordered_set<UT_Id> known;
+    while (line.next()) {
+        palette.entries.push_back(readEntry(line, textures));
+        if (!known.insert(palette.entries.back()->GetID()).second)
+            line.fail(QStringLiteral("an entry above has the same identity"));
+    }
+    return palette;
+}
+
+} // namespace brindle::engine
