@@ -9,7 +9,7 @@ write_basic_package_version_file(${CMAKE_BINARY_DIR}/BrindleConfigVersion.cmake 
 install(FILES ${CMAKE_BINARY_DIR}/BrindleConfig.cmake ${CMAKE_BINARY_DIR}/BrindleConfigVersion.cmake
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Brindle)
 
-install(DIRECTORY core DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/brindle FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY core qtscript DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/brindle FILES_MATCHING PATTERN "*.h")
 # What a program of its own needs to start the open engine.
 install(FILES engine/engine.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/brindle/engine)
 

@@ -58,6 +58,7 @@ function(brindle_gtest target folder)
 endfunction()
 
 brindle_gtest(engine_tests tests/engine LIBRARIES BrindleEngineObjects PkgConfig::Geom2d)
+brindle_gtest(qtscript_tests tests/qtscript LIBRARIES BrindleQtScript)
 brindle_gtest(core_tests tests/core LIBRARIES BrindleObjectModelCore $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}>)
 # Service libraries in the place of ours, each in a folder of its own: what the object model makes of them.
 foreach(kind IN ITEMS telling refusing silent broken)

@@ -1,0 +1,3 @@
+#pragma once
+
+#define QTSCRIPT_EXPORT __attribute__((visibility("default")))

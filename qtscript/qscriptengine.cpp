@@ -1,0 +1,314 @@
+#include "qtscript/qscriptengine.h"
+
+#include "qtscript/qscriptengine_p.h"
+#include "qtscript/scriptnames.h"
+
+#include <QMetaType>
+#include <QUrl>
+
+#include <utility>
+
+namespace {
+
+/// Runs inside runs: each has frames of the script engine, and of what a program puts between them, on the stack.
+constexpr int deepestRun = 100;
+
+const QString helperFile = QStringLiteral("qtscript-helpers");
+
+/// What the engine does in the language itself.
+///
+/// - caught: calls a function and tells whether it threw. An Error that is thrown and one that is returned look alike
+///   from C++.
+/// - scopeOf: the object through which the free names of a script are looked up that runs into an object of its own. It
+///   has the object's own properties, and every name that the engine's global object lacks, so that what is assigned
+///   without a declaration lands in the object. The error of an unknown name tells the place that asked for it, which
+///   is the second line of its stack.
+/// - definitionOn: makes a variable of a script a property of the object.
+const QString helperText = QStringLiteral(R"((function(global) {
+    const apply = Reflect.apply, define = Object.defineProperty;
+    const has = Object.prototype.hasOwnProperty;
+    const owns = (object, name) => apply(has, object, [name]);
+    return {
+        caught: (f, self, list) => { try { return [0, apply(f, self, list)] } catch (e) { return [1, e] } },
+        scopeOf: object => new Proxy(object, {
+            has: (o, name) => typeof name !== 'symbol' && (owns(o, name) || !(name in global)),
+            get: (o, name) => {
+                if (typeof name === 'symbol') return undefined;
+                if (name in o) return o[name];
+                throw new ReferenceError(name + ' is not defined');
+            },
+            set: (o, name, value) => { o[name] = value; return true },
+        }),
+        definitionOn: object => (name, get, set) =>
+            define(object, name, {get, set, enumerable: true, configurable: true}),
+        defineProperty: (object, name, value, writable, enumerable, configurable) =>
+            define(object, name, {value, writable, enumerable, configurable}),
+        ownNames: object => Object.getOwnPropertyNames(object),
+    };
+}))");
+
+/// As QJSEngine names the file of a text.
+QString urlOf(const QString& fileName)
+{
+    if (!fileName.startsWith(u':'))
+        return QUrl::fromLocalFile(fileName).toString();
+    QUrl url;
+    url.setPath(fileName.mid(1));
+    url.setScheme(QStringLiteral("qrc"));
+    return url.toString();
+}
+
+/// Whether a text begins with the directive that makes it strict.
+bool isStrict(const QString& program)
+{
+    const QStringView start = QStringView(program).trimmed();
+    return start.startsWith(u"'use strict'") || start.startsWith(u"\"use strict\"");
+}
+
+} // namespace
+
+QScriptEngine::Private::Run::Run(Private& engine) : m_engine(engine), m_isAllowed(engine.depth < deepestRun)
+{
+    if (engine.depth == 0)
+        engine.self.clearExceptions();
+    ++engine.depth;
+    if (!m_isAllowed)
+        engine.thrown(engine.js.newErrorObject(
+            QJSValue::RangeError, QStringLiteral("More than %1 calls from the program into scripts").arg(deepestRun)));
+}
+
+QScriptEngine::Private::Run::~Run()
+{
+    if (--m_engine.depth == 0)
+        m_engine.js.setInterrupted(false);
+}
+
+QScriptEngine::Private::Private(QScriptEngine& engine) : self(engine)
+{
+    const QJSValue helpers = js.evaluate(helperText, helperFile).call({js.globalObject()});
+    callCaught = helpers.property(QStringLiteral("caught"));
+    scopeOf = helpers.property(QStringLiteral("scopeOf"));
+    definitionOn = helpers.property(QStringLiteral("definitionOn"));
+    defineProperty = helpers.property(QStringLiteral("defineProperty"));
+    ownNames = helpers.property(QStringLiteral("ownNames"));
+}
+
+QJSValue QScriptEngine::Private::unwrap(const QScriptValue& value) const
+{
+    const bool isOurs = value.isValid() && (!value.m_engine || value.m_engine == &self);
+    return isOurs ? value.m_value : QJSValue();
+}
+
+QJSValue QScriptEngine::Private::thisFor(const QScriptValue& value) const
+{
+    const QJSValue object = unwrap(value);
+    return object.isObject() ? object : unwrap(self.globalObject());
+}
+
+QScriptValue QScriptEngine::Private::evaluate(const QString& program, const QString& fileName, int lineNumber)
+{
+    QStringList stack;
+    const QJSValue result = js.evaluate(program, fileName, lineNumber, &stack);
+    return stack.isEmpty() && !result.isError() ? wrap(result) : thrown(result, stack);
+}
+
+QScriptValue QScriptEngine::Private::runInto(const QJSValue& object, const QString& program, const QString& fileName,
+                                             int lineNumber)
+{
+    const ScriptNames names(program, fileName, lineNumber);
+    if (names.error())
+        return evaluate(program, fileName, lineNumber); // Which fails in the same way, in this engine's words.
+
+    // The text stands inside `with` on the line that it begins with, so that its lines stay what they are. Its
+    // variables are made properties first: a script that throws in the middle shows what it had. The function that does
+    // so stands last, where the language finds it all the same.
+    const auto own = [&program](QString name) {
+        while (program.contains(name))
+            name += u'_';
+        return name;
+    };
+    const QString scope = own(QStringLiteral("$scope"));
+    const QString define = own(QStringLiteral("$define"));
+    const QString start = own(QStringLiteral("$start"));
+    QString definitions;
+    for (const QString& name : names.declared())
+        definitions += QStringLiteral("%1('%2',()=>%2,v=>{%2=v});").arg(define, name);
+    const QString directive = isStrict(program) ? QStringLiteral("'use strict';") : QString();
+    const QString head = QStringLiteral("(function(%1){with(%1){return function(%2){%3%4();");
+    const QString tail = QStringLiteral("\n;function %1(){%2}}}})");
+    const QString text = head.arg(scope, define, directive, start) + program + tail.arg(start, definitions);
+    QStringList stack;
+    const QJSValue outer = js.evaluate(text, fileName, lineNumber, &stack);
+    if (!outer.isCallable())
+        return thrown(outer, stack);
+    const QJSValue inner = outer.call({scopeOf.call({object})});
+    const QScriptValue result = call(inner, object, {definitionOn.call({object})});
+    return hasException ? result : wrap(QJSValue());
+}
+
+QScriptValue QScriptEngine::Private::call(const QJSValue& function, const QJSValue& object,
+                                          const QJSValueList& arguments)
+{
+    QJSValue list = js.newArray(static_cast<uint>(arguments.size()));
+    for (qsizetype i = 0; i < arguments.size(); ++i)
+        list.setProperty(static_cast<quint32>(i), arguments[i]);
+    const QJSValue result = callCaught.call({function, object, list});
+    // The end of the stack, and an interruption, are thrown where nothing catches them.
+    if (!result.isArray())
+        return thrown(result);
+    const QJSValue value = result.property(1);
+    return result.property(0).toInt() == 0 ? wrap(value) : thrown(value);
+}
+
+QScriptValue QScriptEngine::Private::thrown(const QJSValue& value, const QStringList& stack)
+{
+    hasException = true;
+    exception = value;
+    exceptionLine = -1;
+    backtrace.clear();
+    std::vector<Place> places = placesOf(value);
+    if (!value.isError()) {
+        for (const QString& entry : stack) { // "function:line:column:file", whose file may have colons
+            const QStringList parts = entry.split(u':');
+            if (parts.size() >= 4)
+                places.push_back({parts[0], parts.mid(3).join(u':'), parts[1].toInt()});
+        }
+    }
+    if (!places.empty())
+        exceptionLine = places.front().line;
+    // A recursion without end is one line.
+    for (std::size_t i = 0, count = 0; i < places.size(); i += count) {
+        const QString line = textOf(places[i]);
+        for (count = 1; i + count < places.size() && textOf(places[i + count]) == line;)
+            ++count;
+        backtrace.append(count == 1 ? line : QStringLiteral("%1 (%2 times)").arg(line).arg(count));
+    }
+    return wrap(value);
+}
+
+std::vector<QScriptEngine::Private::Place> QScriptEngine::Private::placesOf(const QJSValue& error)
+{
+    std::vector<Place> places;
+    if (!error.isError())
+        return places;
+    const QString stack = error.property(QStringLiteral("stack")).toString();
+    for (const QString& line : stack.split(u'\n', Qt::SkipEmptyParts)) { // "function@file:line"
+        const qsizetype at = line.indexOf(u'@');
+        const qsizetype colon = line.lastIndexOf(u':');
+        const QString file = line.mid(at + 1, colon - at - 1);
+        if (at >= 0 && colon > at && file != urlOf(helperFile))
+            places.push_back({line.left(at), file, line.mid(colon + 1).toInt()});
+    }
+    return places;
+}
+
+QString QScriptEngine::Private::textOf(const Place& place) const
+{
+    const bool isTop = place.function.isEmpty() || place.function == u"%entry";
+    return QStringLiteral("%1()@%2:%3")
+        .arg(isTop ? QStringLiteral("<global>") : place.function, fileNameOf(place.url), QString::number(place.line));
+}
+
+QScriptEngine::QScriptEngine() : d(new Private(*this)) {}
+
+QScriptEngine::~QScriptEngine() = default;
+
+QScriptValue QScriptEngine::evaluate(const QString& program, const QString& fileName, int lineNumber)
+{
+    const Private::Run run(*d);
+    if (!run)
+        return uncaughtException();
+    if (!fileName.isEmpty())
+        d->fileNames.insert(urlOf(fileName), fileName);
+    const QJSValue object = d->unwrap(d->global);
+    return object.isObject() ? d->runInto(object, program, fileName, lineNumber)
+                             : d->evaluate(program, fileName, lineNumber);
+}
+
+bool QScriptEngine::hasUncaughtException() const
+{
+    return d->hasException;
+}
+
+QScriptValue QScriptEngine::uncaughtException() const
+{
+    return d->hasException ? d->wrap(d->exception) : QScriptValue();
+}
+
+int QScriptEngine::uncaughtExceptionLineNumber() const
+{
+    return d->hasException ? d->exceptionLine : -1;
+}
+
+QStringList QScriptEngine::uncaughtExceptionBacktrace() const
+{
+    return d->hasException ? d->backtrace : QStringList();
+}
+
+void QScriptEngine::clearExceptions()
+{
+    d->hasException = false;
+    d->exception = QJSValue();
+}
+
+void QScriptEngine::abortEvaluation()
+{
+    d->js.setInterrupted(true);
+}
+
+bool QScriptEngine::isEvaluating() const
+{
+    return d->depth > 0;
+}
+
+QScriptValue QScriptEngine::globalObject() const
+{
+    return d->global.isValid() ? d->global : d->wrap(d->js.globalObject());
+}
+
+void QScriptEngine::setGlobalObject(const QScriptValue& object)
+{
+    const QJSValue given = d->unwrap(object);
+    const bool isOwn = !given.isObject() || given.strictlyEquals(d->js.globalObject());
+    d->global = isOwn ? QScriptValue() : object;
+}
+
+QScriptValue QScriptEngine::nullValue()
+{
+    return d->wrap(QJSValue(QJSValue::NullValue));
+}
+
+QScriptValue QScriptEngine::undefinedValue()
+{
+    return d->wrap(QJSValue());
+}
+
+QScriptValue QScriptEngine::newObject()
+{
+    return d->wrap(d->js.newObject());
+}
+
+QScriptValue QScriptEngine::newArray(uint length)
+{
+    return d->wrap(d->js.newArray(length));
+}
+
+QScriptValue QScriptEngine::newQObject(QObject* object, ValueOwnership ownership)
+{
+    if (!object)
+        return nullValue();
+    // Ahead of the first wrapping, which else decides.
+    QJSEngine::setObjectOwnership(object, ownership == ScriptOwnership ? QJSEngine::JavaScriptOwnership
+                                                                       : QJSEngine::CppOwnership);
+    return d->wrap(d->js.newQObject(object));
+}
+
+QScriptValue QScriptEngine::create(int metaType, const void* data)
+{
+    return d->wrap(d->js.toScriptValue(QVariant(QMetaType(metaType), data)));
+}
+
+void QScriptEngine::collectGarbage()
+{
+    d->js.collectGarbage();
+}

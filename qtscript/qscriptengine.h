@@ -1,0 +1,73 @@
+#pragma once
+
+#include "qtscript/export.h"
+#include "qtscript/qscriptvalue.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+/// Runs scripts: the interface of Qt Script on Qt's own engine of today, QJSEngine.
+///
+/// It lives on one thread, which needs a stack of 8 MiB, and needs a QCoreApplication. Names of files come back as they
+/// were given. An exception that nothing caught is kept until `clearExceptions` or the next run.
+///
+/// A script may run into a global object of its own (`setGlobalObject`): it finds the language's objects there beside
+/// that object's properties; its variables and functions become properties of that object, with which they stay one;
+/// its functions see them whenever they are called. Two scripts with two such objects see nothing of each other. Not
+/// so in such a script: `let`, `const` and `class` at the top level give no properties, as the language says; a name
+/// that is assigned without a declaration becomes a property also in strict mode; the run gives no result.
+///
+///     QScriptEngine engine;
+///     QScriptValue names = engine.newObject();
+///     engine.setGlobalObject(names);
+///     engine.evaluate("function twice(x) { return 2 * x }", "twice.js");
+///     names.property("twice").call({}, {21}).toNumber();
+class QTSCRIPT_EXPORT QScriptEngine {
+public:
+    enum ValueOwnership {
+        QtOwnership,    ///< The object stays its C++ owner's.
+        ScriptOwnership ///< The engine destroys it when no script holds it; an object with a parent stays that one's.
+    };
+
+    QScriptEngine();
+    QScriptEngine(const QScriptEngine&) = delete;
+    QScriptEngine& operator=(const QScriptEngine&) = delete;
+    ~QScriptEngine();
+
+    /// Runs a text, whose first line has the number `lineNumber` in messages. Gives its last value, or what it threw.
+    QScriptValue evaluate(const QString& program, const QString& fileName = QString(), int lineNumber = 1);
+
+    bool hasUncaughtException() const;
+    QScriptValue uncaughtException() const;         ///< Invalid when there is none.
+    int uncaughtExceptionLineNumber() const;        ///< -1 when it isn't known.
+    QStringList uncaughtExceptionBacktrace() const; ///< "name()@file:line", the innermost call first.
+    void clearExceptions();
+
+    /// Ends the runs under way with an exception "Interrupted". Any thread may call it.
+    void abortEvaluation();
+    bool isEvaluating() const;
+
+    QScriptValue globalObject() const;
+    /// Where the next scripts run into. An invalid value brings the engine's own global object back.
+    void setGlobalObject(const QScriptValue& object);
+
+    QScriptValue nullValue();
+    QScriptValue undefinedValue();
+    QScriptValue newObject();
+    QScriptValue newArray(uint length = 0);
+    /// An object that shows the properties, slots and invokable operations of a QObject; null gives null.
+    QScriptValue newQObject(QObject* object, ValueOwnership ownership = QtOwnership);
+    /// The script's form of a value of a meta type: a plain value, an array, an object, or an opaque variant.
+    QScriptValue create(int metaType, const void* data);
+
+    void collectGarbage();
+
+private:
+    friend class QScriptValue;
+    friend class QScriptValueIterator;
+
+    struct Private;
+    std::unique_ptr<Private> d;
+};

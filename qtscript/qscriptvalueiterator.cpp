@@ -1,0 +1,14 @@
+#include "qtscript/qscriptvalueiterator.h"
+
+#include "qtscript/qscriptengine_p.h"
+
+QScriptValueIterator::QScriptValueIterator(const QScriptValue& object) : m_object(object)
+{
+    if (object.engine() && object.isObject())
+        m_names = object.m_engine->d->ownNames.call({object.m_value}).toVariant().toStringList();
+}
+
+QString QScriptValueIterator::name() const
+{
+    return m_next > 0 && m_next <= m_names.size() ? m_names[m_next - 1] : QString();
+}
