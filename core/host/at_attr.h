@@ -1,9 +1,12 @@
 #pragma once
 
 #include "core/host/export.h"
+#include "core/host/ut_sharedweak.h"
 
 #include <QMap>
 #include <QString>
+
+#include <type_traits>
 
 class AT_AttrVisitor;
 class CO_Command;
@@ -22,11 +25,10 @@ public:
     virtual bool isNodeDirtyOnChange() const = 0; ///< A change makes what the node shows outdated.
 };
 
-/// A parameter of a node. It belongs to its node and lives as long.
-class BRINDLE_HOST_EXPORT AT_Attr {
+/// A parameter of a node. It belongs to its node and lives as long. One that leaves its node earlier expires its weak
+/// pointers: what a script held of it stays gone, also after an undo brings the attribute back.
+class BRINDLE_HOST_EXPORT AT_Attr : public UT_SharedWeakBase {
 public:
-    virtual ~AT_Attr() = default;
-
     virtual MO_Node* node() const = 0;
     virtual const AT_AttrMeta& meta() const = 0;
     virtual SC_SceneCommon* sceneCommon() const = 0;
@@ -61,6 +63,7 @@ public:
 
     virtual Value value(double frame) const = 0;
     virtual Value localValue() const = 0;
+    virtual Value defaultValue() const = 0; ///< The local value in a new node.
 
     /// Sets the value at a frame: of the linked column's key there, else the local value. `constantSegment` holds the
     /// key's value up to the next one. False when nothing changed (never with `force`), or the value can't be stored.
@@ -84,7 +87,6 @@ public:
 
 class BRINDLE_HOST_EXPORT AT_DoubleAttr : public AT_ValueAttr<double, double> {
 public:
-    virtual double defaultValue() const = 0;
     virtual double minValue() const = 0;
     virtual double maxValue() const = 0;
     virtual double step() const = 0;
@@ -101,21 +103,39 @@ class BRINDLE_HOST_EXPORT AT_ColorAttr : public AT_ComplexAttr {};
 class BRINDLE_HOST_EXPORT AT_Position2dAttr : public AT_ComplexAttr {};
 class BRINDLE_HOST_EXPORT AT_Position3dAttr : public AT_ComplexAttr {};
 
-/// Called by AT_Attr::accept with the attribute's own class; each kind falls back on the more general one.
-class BRINDLE_HOST_EXPORT AT_AttrVisitor {
+/// The visits of an AT_AttrVisitor, one for each class of a list that ends in AT_Attr.
+template <typename... Kinds>
+class AT_AttrVisits;
+
+template <>
+class BRINDLE_HOST_EXPORT AT_AttrVisits<AT_Attr> {
 public:
-    virtual ~AT_AttrVisitor() = default;
+    virtual ~AT_AttrVisits() = default;
     virtual void visit(AT_Attr&) {}
-    virtual void visit(AT_SimpleAttr& attr) { visit(static_cast<AT_Attr&>(attr)); }
-    virtual void visit(AT_ComplexAttr& attr) { visit(static_cast<AT_Attr&>(attr)); }
-    virtual void visit(AT_BoolAttr& attr) { visit(static_cast<AT_SimpleAttr&>(attr)); }
-    virtual void visit(AT_IntAttr& attr) { visit(static_cast<AT_SimpleAttr&>(attr)); }
-    virtual void visit(AT_DoubleAttr& attr) { visit(static_cast<AT_SimpleAttr&>(attr)); }
-    virtual void visit(AT_StringAttr& attr) { visit(static_cast<AT_SimpleAttr&>(attr)); }
-    virtual void visit(AT_EnumAttrBase& attr) { visit(static_cast<AT_SimpleAttr&>(attr)); }
-    virtual void visit(AT_ColorAttr& attr) { visit(static_cast<AT_ComplexAttr&>(attr)); }
-    virtual void visit(AT_Position2dAttr& attr) { visit(static_cast<AT_ComplexAttr&>(attr)); }
-    virtual void visit(AT_Position3dAttr& attr) { visit(static_cast<AT_ComplexAttr&>(attr)); }
 };
+
+template <typename Kind, typename... General>
+class AT_AttrVisits<Kind, General...> : public AT_AttrVisits<General...> {
+public:
+    using AT_AttrVisits<General...>::visit;
+    virtual void visit(Kind& attr) { static_cast<AT_AttrVisits<General...>&>(*this).visit(attr); }
+};
+
+template <typename... Kinds>
+struct AT_AttrKindList {
+    using Visits = AT_AttrVisits<Kinds...>;
+    template <typename Class>
+    static constexpr bool has = (std::is_same_v<Class, Kinds> || ...);
+};
+
+/// All classes of attributes that a visitor tells apart, each ahead of those that it derives from. An attribute's own
+/// class is one of them.
+using AT_AttrKinds = AT_AttrKindList<AT_BoolAttr, AT_IntAttr, AT_DoubleAttr, AT_StringAttr, AT_EnumAttrBase,
+                                     AT_ColorAttr, AT_Position2dAttr, AT_Position3dAttr, AT_SimpleAttr, AT_ComplexAttr,
+                                     AT_Attr>;
+
+/// Called by AT_Attr::accept with the attribute's own class. The visit of a class, unless it is overridden, calls that
+/// of the nearest class of the list that it derives from; the one of AT_Attr does nothing.
+class BRINDLE_HOST_EXPORT AT_AttrVisitor : public AT_AttrKinds::Visits {};
 
 using AT_AttrVisitorWithFallback = AT_AttrVisitor;

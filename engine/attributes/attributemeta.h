@@ -1,15 +1,12 @@
 #pragma once
 
 #include "core/host/at_attr.h"
+#include "engine/attributes/attributekind.h"
 
-#include <memory>
 #include <span>
 #include <string_view>
-#include <vector>
 
 namespace brindle::engine {
-
-enum class AttributeKind { Bool, Int, Double, Text, Enum, Colour, Position2d, Position3d, Drawing, Complex };
 
 struct EnumOption {
     int value;
@@ -21,7 +18,7 @@ struct AttributeSpec {
     std::u16string_view keyword;
     std::u16string_view displayName;
     std::u16string_view typeText;
-    AttributeKind kind = AttributeKind::Complex;
+    const AttributeKind* kind;
     bool linkable = false;
     bool dirtyOnChange = true;
     double defaultValue = 0; ///< Of a bool: 0 or 1. Of an enum: the value of an option.
@@ -43,39 +40,25 @@ public:
     bool isNodeDirtyOnChange() const override { return m_spec.dirtyOnChange; }
 
     const AttributeSpec& spec() const { return m_spec; }
-    AttributeKind kind() const { return m_spec.kind; }
+    const AttributeKind& kind() const { return *m_spec.kind; }
     const QString& fullKeyword() const { return m_fullKeyword; } ///< "position.x".
     QString typeText() const;
     bool isLinkable() const { return m_spec.linkable; }
-    bool isComplex() const { return !m_spec.members.empty(); }
-
-    /// What the attribute makes of a number: held between minimum and maximum; rounded for an int, 0 or 1 for a bool.
-    double read(double number) const;
+    const AttributeValue& newValue() const { return m_newValue; } ///< The value that a new node stores.
 
 private:
     const AttributeSpec& m_spec;
     QString m_keyword;
     QString m_displayName;
     QString m_fullKeyword;
+    AttributeValue m_newValue;
 };
 
-/// The attributes of a node type, each with its place in the memory of an AttributeSet.
-struct AttributeTable {
-    struct Entry {
-        std::unique_ptr<AttributeMeta> meta;
-        QStringView keyword;
-        int firstMember = 0; ///< Index of an entry.
-        int memberCount = 0;
-        std::size_t offset = 0;
-    };
-
-    /// The entries of the top level first, then the members of each complex entry together.
-    std::vector<Entry> entries;
-    int topCount = 0;
-    std::size_t size = 0; ///< Bytes that the attributes need.
-
-    explicit AttributeTable(std::span<const AttributeSpec> specs);
-};
+/// The meta of an attribute of the open engine.
+inline const AttributeMeta& metaOf(const AT_Attr& attr)
+{
+    return static_cast<const AttributeMeta&>(attr.meta());
+}
 
 /// A text that lives as long as the process as a QString, without a copy of its letters.
 QString literalText(std::u16string_view text);

@@ -1,9 +1,8 @@
 #include "engine/attributes/attributeset.h"
 
-#include "engine/attributes/attributes.h"
+#include "engine/attributes/attributetable.h"
 
 #include <cstddef>
-#include <new>
 
 namespace brindle::engine {
 
@@ -14,49 +13,23 @@ struct AttributeSet::Private {
 
     Private(MO_Node& node, const AttributeTable& ofType);
     ~Private();
-    AT_Attr* make(MO_Node& node, const AttributeTable::Entry& entry, void* place) const;
 };
-
-AT_Attr* AttributeSet::Private::make(MO_Node& node, const AttributeTable::Entry& entry, void* place) const
-{
-    const AttributeMeta& meta = *entry.meta;
-    AT_Attr* const* members = &attributes[entry.firstMember];
-    switch (meta.kind()) {
-    case AttributeKind::Bool:
-        return new (place) BoolAttribute(node, meta);
-    case AttributeKind::Int:
-        return new (place) IntAttribute(node, meta);
-    case AttributeKind::Double:
-        return new (place) DoubleAttribute(node, meta);
-    case AttributeKind::Text:
-        return new (place) TextAttribute(node, meta);
-    case AttributeKind::Enum:
-        return new (place) EnumAttribute(node, meta);
-    case AttributeKind::Colour:
-        return new (place) ComplexAttribute<AT_ColorAttr>(node, meta, members, entry.memberCount);
-    case AttributeKind::Position2d:
-        return new (place) ComplexAttribute<AT_Position2dAttr>(node, meta, members, entry.memberCount);
-    case AttributeKind::Position3d:
-        return new (place) ComplexAttribute<AT_Position3dAttr>(node, meta, members, entry.memberCount);
-    case AttributeKind::Drawing:
-    case AttributeKind::Complex:
-        break;
-    }
-    return new (place) ComplexAttribute<AT_ComplexAttr>(node, meta, members, entry.memberCount);
-}
 
 AttributeSet::Private::Private(MO_Node& node, const AttributeTable& ofType)
     : table(ofType),
-      attributes(new AT_Attr*[table.entries.size()]),
-      memory(new std::byte[table.size])
+      attributes(new AT_Attr*[table.entries().size()]),
+      memory(new std::byte[table.size()])
 {
-    for (std::size_t index = 0; index < table.entries.size(); ++index)
-        attributes[index] = make(node, table.entries[index], memory.get() + table.entries[index].offset);
+    AT_Attr** place = attributes.get();
+    for (const AttributeTable::Entry& entry : table.entries()) {
+        const AttributeMembers members{&attributes[static_cast<std::size_t>(entry.firstMember)], entry.memberCount};
+        *place++ = entry.meta->kind().make(memory.get() + entry.offset, node, *entry.meta, members);
+    }
 }
 
 AttributeSet::Private::~Private()
 {
-    for (std::size_t index = table.entries.size(); index > 0; --index)
+    for (std::size_t index = table.entries().size(); index > 0; --index)
         attributes[index - 1]->~AT_Attr();
 }
 
@@ -64,13 +37,10 @@ AttributeSet::AttributeSet(MO_Node& node, const AttributeTable& table) : d(new P
 
 AttributeSet::~AttributeSet() = default;
 
-AT_Attr* AttributeSet::find(const QString& keyword) const
+AT_Attr* AttributeSet::findTop(const QString& keyword) const
 {
-    for (int index = 0; index < d->table.topCount; ++index) {
-        if (d->table.entries[index].keyword == keyword)
-            return d->attributes[index];
-    }
-    return nullptr;
+    const int index = d->table.find(keyword);
+    return index >= 0 && index < d->table.topCount() ? d->attributes[static_cast<std::size_t>(index)] : nullptr;
 }
 
 MO_Node::AttrIterator AttributeSet::begin() const
@@ -80,7 +50,31 @@ MO_Node::AttrIterator AttributeSet::begin() const
 
 MO_Node::AttrIterator AttributeSet::end() const
 {
-    return d->attributes.get() + d->table.topCount;
+    return d->attributes.get() + d->table.topCount();
+}
+
+int AttributeSet::count() const
+{
+    return static_cast<int>(d->table.order().size());
+}
+
+AT_Attr& AttributeSet::at(int place) const
+{
+    return *d->attributes[static_cast<std::size_t>(d->table.order()[static_cast<std::size_t>(place)])];
+}
+
+int AttributeSet::find(QStringView path) const
+{
+    const int index = d->table.find(path);
+    return index < 0 ? index : d->table.entries()[static_cast<std::size_t>(index)].place;
+}
+
+void copyValues(const AttributeSet& from, const AttributeSet& to)
+{
+    for (int place = 0; place < from.count(); ++place) {
+        const AttributeKind& kind = metaOf(from.at(place)).kind();
+        kind.store(to.at(place), kind.stored(from.at(place)));
+    }
 }
 
 } // namespace brindle::engine

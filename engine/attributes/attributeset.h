@@ -2,14 +2,13 @@
 
 #include "core/host/mo_node.h"
 
+#include <QStringView>
+
 #include <memory>
 
 namespace brindle::engine {
 
-struct AttributeTable;
-
-/// The attributes that nodes of a type have, in order; an unknown type has none.
-const AttributeTable& attributeTable(const QString& nodeType);
+class AttributeTable;
 
 /// The attributes of one node, made from the table of its type, in one block of memory. It belongs to the node.
 class AttributeSet {
@@ -19,13 +18,21 @@ public:
     AttributeSet& operator=(const AttributeSet&) = delete;
     ~AttributeSet();
 
-    AT_Attr* find(const QString& keyword) const; ///< Of the top level, or null.
+    AT_Attr* findTop(const QString& keyword) const; ///< Of the top level, or null.
     MO_Node::AttrIterator begin() const;
     MO_Node::AttrIterator end() const;
+
+    /// All attributes, each ahead of its members: in the same places in all nodes of a type.
+    int count() const;
+    AT_Attr& at(int place) const;
+    int find(QStringView path) const; ///< The place of the attribute with a dotted path ("position.x"), or -1.
 
 private:
     struct Private;
     std::unique_ptr<Private> d;
 };
+
+/// Gives the attributes of a node the local values that those of another node of its type have.
+void copyValues(const AttributeSet& from, const AttributeSet& to);
 
 } // namespace brindle::engine

@@ -1,5 +1,8 @@
-#include "engine/attributes/attributemeta.h"
-#include "engine/attributes/attributeset.h"
+#include "engine/attributes/attributetable.h"
+#include "engine/attributes/complexattribute.h"
+#include "engine/attributes/enumattribute.h"
+#include "engine/attributes/numberattribute.h"
+#include "engine/attributes/textattribute.h"
 
 #include <QHash>
 
@@ -13,13 +16,15 @@ constexpr double unbounded = std::numeric_limits<double>::max();
 
 using Keyword = std::u16string_view;
 using Title = std::u16string_view;
+using Colour = ComplexAttribute<AT_ColorAttr>;
+using Position3d = ComplexAttribute<AT_Position3dAttr>;
 
 constexpr AttributeSpec number(Keyword keyword, Title title, double defaultValue = 0, double step = 0.1)
 {
     return {.keyword = keyword,
             .displayName = title,
             .typeText = u"DOUBLE",
-            .kind = AttributeKind::Double,
+            .kind = &attributeKind<DoubleAttribute>,
             .linkable = true,
             .defaultValue = defaultValue,
             .minimum = -unbounded,
@@ -45,7 +50,7 @@ constexpr AttributeSpec channel(Keyword keyword, Title title)
     return {.keyword = keyword,
             .displayName = title,
             .typeText = u"INT",
-            .kind = AttributeKind::Int,
+            .kind = &attributeKind<IntAttribute>,
             .linkable = true,
             .defaultValue = 255,
             .maximum = 255,
@@ -57,7 +62,7 @@ constexpr AttributeSpec onOff(Keyword keyword, Title title, bool defaultValue)
     return {.keyword = keyword,
             .displayName = title,
             .typeText = u"BOOL",
-            .kind = AttributeKind::Bool,
+            .kind = &attributeKind<BoolAttribute>,
             .linkable = true,
             .defaultValue = defaultValue ? 1. : 0.,
             .maximum = 1,
@@ -66,19 +71,27 @@ constexpr AttributeSpec onOff(Keyword keyword, Title title, bool defaultValue)
 
 constexpr AttributeSpec text(Keyword keyword, Title title)
 {
-    return {.keyword = keyword, .displayName = title, .typeText = u"STRING", .kind = AttributeKind::Text};
+    return {.keyword = keyword, .displayName = title, .typeText = u"STRING", .kind = &attributeKind<TextAttribute>};
 }
 
 constexpr AttributeSpec choice(Keyword keyword, Title title, std::span<const EnumOption> options)
 {
-    return {
-        .keyword = keyword, .displayName = title, .typeText = u"ENUM", .kind = AttributeKind::Enum, .options = options};
+    return {.keyword = keyword,
+            .displayName = title,
+            .typeText = u"ENUM",
+            .kind = &attributeKind<EnumAttribute>,
+            .options = options};
 }
 
-constexpr AttributeSpec compound(Keyword keyword, Title title, AttributeKind kind, std::u16string_view typeText,
+template <typename Kind>
+constexpr AttributeSpec compound(Keyword keyword, Title title, std::u16string_view typeText,
                                  std::span<const AttributeSpec> members)
 {
-    return {.keyword = keyword, .displayName = title, .typeText = typeText, .kind = kind, .members = members};
+    return {.keyword = keyword,
+            .displayName = title,
+            .typeText = typeText,
+            .kind = &attributeKind<Kind>,
+            .members = members};
 }
 
 constexpr AttributeSpec positionMembers[] = {number(u"x", u"Pos x"), number(u"y", u"Pos y"), number(u"z", u"Pos z")};
@@ -93,12 +106,10 @@ constexpr AttributeSpec drawingMembers[] = {text(u"element", u"Element"), text(u
 constexpr AttributeSpec colourMembers[] = {channel(u"red", u"Red"), channel(u"green", u"Green"),
                                            channel(u"blue", u"Blue"), channel(u"alpha", u"Alpha")};
 
-constexpr AttributeSpec position =
-    compound(u"position", u"Position", AttributeKind::Position3d, u"POSITION_3D", positionMembers);
-constexpr AttributeSpec scale = compound(u"scale", u"Scale", AttributeKind::Position3d, u"SCALE_3D", scaleMembers);
-constexpr AttributeSpec rotation =
-    compound(u"rotation", u"Rotation", AttributeKind::Position3d, u"ROTATION_3D", rotationMembers);
-constexpr AttributeSpec pivot = compound(u"pivot", u"Pivot", AttributeKind::Position3d, u"POSITION_3D", pivotMembers);
+constexpr AttributeSpec position = compound<Position3d>(u"position", u"Position", u"POSITION_3D", positionMembers);
+constexpr AttributeSpec scale = compound<Position3d>(u"scale", u"Scale", u"SCALE_3D", scaleMembers);
+constexpr AttributeSpec rotation = compound<Position3d>(u"rotation", u"Rotation", u"ROTATION_3D", rotationMembers);
+constexpr AttributeSpec pivot = compound<Position3d>(u"pivot", u"Pivot", u"POSITION_3D", pivotMembers);
 constexpr AttributeSpec angle = number(u"angle", u"Angle", 0, 1);
 constexpr AttributeSpec skew = number(u"skew", u"Skew", 0, 1);
 
@@ -110,7 +121,7 @@ constexpr EnumOption imageFormats[] = {{0, u"PNG"}, {1, u"JPEG"}, {2, u"BMP"}, {
 constexpr AttributeSpec peg[] = {
     position, scale, rotation, angle, skew, pivot, unlinkable(onOff(u"full_transform", u"Full Transform", false))};
 constexpr AttributeSpec read[] = {
-    compound(u"drawing", u"Drawing", AttributeKind::Drawing, u"DRAWING", drawingMembers),
+    compound<DrawingAttribute>(u"drawing", u"Drawing", u"DRAWING", drawingMembers),
     bounded(number(u"opacity", u"Opacity", 100, 1), 0, 100),
     onOff(u"visible", u"Visible", true),
     position,
@@ -121,8 +132,7 @@ constexpr AttributeSpec read[] = {
 constexpr AttributeSpec camera[] = {position, scale, angle, pivot};
 constexpr AttributeSpec composite[] = {choice(u"mode", u"Mode", blendModes)};
 constexpr AttributeSpec write[] = {text(u"path", u"Path"), choice(u"format", u"Format", imageFormats)};
-constexpr AttributeSpec colourCard[] = {
-    compound(u"colour", u"Colour", AttributeKind::Colour, u"COLOUR", colourMembers)};
+constexpr AttributeSpec colourCard[] = {compound<Colour>(u"colour", u"Colour", u"COLOUR", colourMembers)};
 constexpr AttributeSpec blur[] = {bounded(number(u"radius", u"Radius", 0, 1), 0, unbounded)};
 constexpr AttributeSpec cutter[] = {onOff(u"inverted", u"Inverted", false)};
 

@@ -68,7 +68,7 @@ void Column::add(Socket& socket)
         m_ordered.push_back(&socket);
     else
         m_ordered.clear();
-    if (socket.meta().kind() == AttributeKind::Bool)
+    if (socket.meta().kind().isSwitch)
         ++m_switches;
 }
 
@@ -79,7 +79,7 @@ void Column::remove(Socket& socket)
         m_ordered.pop_back();
     else
         m_ordered.clear();
-    if (socket.meta().kind() == AttributeKind::Bool)
+    if (socket.meta().kind().isSwitch)
         --m_switches;
 }
 

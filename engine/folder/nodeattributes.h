@@ -3,10 +3,7 @@
 #include "core/host/at_attr.h"
 #include "core/host/tu_timedvalue.h"
 
-#include <QString>
-
 #include <unordered_map>
-#include <variant>
 #include <vector>
 
 namespace brindle::engine {
@@ -14,7 +11,6 @@ namespace brindle::engine {
 class JsonPlace;
 class JsonWriter;
 class Node;
-struct NodeType;
 
 /// The attributes that are driven by each column, in the order of the graph and the nodes' attributes.
 using DrivenAttributes = std::unordered_map<const TUTimedValue*, std::vector<AT_Attr*>>;
@@ -28,19 +24,6 @@ public:
     const DrivenAttributes& driven() const { return m_driven; } ///< Of the nodes written so far.
 
 private:
-    using Value = std::variant<std::monostate, bool, int, double, QString>;
-    /// What is the same for all nodes of a type.
-    struct Shape {
-        std::vector<QString> paths;
-        std::vector<Value> newValues;
-    };
-
-    static Value valueOf(AT_Attr& attr);
-    static void writeValue(JsonWriter& json, const Value& value);
-    const Shape& shapeOf(const Node& node);
-
-    std::unordered_map<const NodeType*, Shape> m_shapes;
-    std::vector<AT_Attr*> m_attributes; ///< Of the node that is being written.
     DrivenAttributes m_driven;
 };
 
@@ -50,7 +33,7 @@ class NodeAttributeReader {
 public:
     explicit NodeAttributeReader(const SC_SceneCommon& scene) : m_scene(scene) {}
 
-    void read(const JsonPlace& node, MO_Node& host);
+    void read(const JsonPlace& place, Node& node);
     const DrivenAttributes& driven() const { return m_driven; }
 
 private:

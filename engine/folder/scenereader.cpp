@@ -113,7 +113,7 @@ private:
             m_groups.push_back(group);
         if (place.has("enabled"))
             node.setEnabled(place.field("enabled").flag());
-        m_attributes.read(place, node.host());
+        m_attributes.read(place, node);
     }
 
     Node& readRoot(const JsonPlace& place)

@@ -59,11 +59,11 @@ private:
     {
         if (!node.hasAttributes())
             return;
-        const std::vector<AT_Attr*> leaves = leafAttributes(node);
-        for (std::size_t leaf = 0; leaf < leaves.size(); ++leaf) {
-            const auto* socket = static_cast<const Socket*>(leaves[leaf]->socket());
+        const AttributeSet& attributes = node.attributes();
+        for (int place = 0; place < attributes.count(); ++place) {
+            const auto* socket = static_cast<const Socket*>(attributes.at(place).socket());
             if (Column* column = socket ? socket->column() : nullptr)
-                m_object.drives.push_back({m_copies.at(&node), leaf, weak(&column->timedValue()), socket->order()});
+                m_object.drives.push_back({m_copies.at(&node), place, weak(&column->timedValue()), socket->order()});
         }
     }
 
@@ -199,8 +199,8 @@ private:
         Column* column = Column::of(static_cast<TUTimedValue*>(drive.column.get()));
         if (!column || column->scene() != m_group.scene())
             return;
-        AT_Attr* attr = leafAttributes(*m_copies.at(drive.node))[drive.leaf];
-        run(std::make_unique<DriveAttribute>(static_cast<Socket&>(*attr->socket()), *column, drive.order));
+        const AT_Attr& attr = m_copies.at(drive.node)->attributes().at(drive.place);
+        run(std::make_unique<DriveAttribute>(static_cast<Socket&>(*attr.socket()), *column, drive.order));
     }
 
     /// The node in the group where a link ends; null when it isn't there.

@@ -28,7 +28,7 @@ struct DraggedLink {
 /// A column that drives an attribute of a dragged node, or of a node in it.
 struct DraggedDrive {
     const Node* node = nullptr;  ///< The copy in the drag object.
-    std::size_t leaf = 0;        ///< The attribute's place in `leafAttributes`.
+    int place = 0;               ///< The attribute's, in the node's AttributeSet.
     UT_SharedWeakPtrBase column; ///< A TUTimedValue, null once it is gone.
     Socket::Order order = 0;     ///< Of the link among those of the column.
 };

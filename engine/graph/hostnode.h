@@ -65,7 +65,7 @@ public:
     bool hasImageOutput() const override { return Node::hasImageOutput(); }
     bool isModeMultiInPort() const override { return portMode() == MO_DynamicInPortsOnly; }
 
-    AT_Attr* findAttributeByKeyword(const QString& keyword) const override { return attributes().find(keyword); }
+    AT_Attr* findAttributeByKeyword(const QString& keyword) const override { return attributes().findTop(keyword); }
     MO_Node::AttrIterator attrsBegin() const override { return attributes().begin(); }
     MO_Node::AttrIterator attrsEnd() const override { return attributes().end(); }
 };

@@ -2,6 +2,7 @@
 
 #include "core/host/sc_scene.h"
 #include "engine/attributes/attributeset.h"
+#include "engine/attributes/attributetable.h"
 #include "engine/graph/group.h"
 #include "engine/graph/names.h"
 #include "engine/graph/portcommands.h"

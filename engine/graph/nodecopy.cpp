@@ -1,54 +1,10 @@
 #include "engine/graph/nodecopy.h"
 
-#include "engine/attributes/attributes.h"
+#include "engine/attributes/attributeset.h"
 
 namespace brindle::engine {
 
 namespace {
-
-/// Gives an attribute the local value of another one of its kind.
-class LocalValueCopier final : public AT_AttrVisitor {
-public:
-    explicit LocalValueCopier(AT_Attr& to) : m_to(to) {}
-
-    using AT_AttrVisitor::visit;
-    void visit(AT_BoolAttr& from) override { copy(from); }
-    void visit(AT_IntAttr& from) override { copy(from); }
-    void visit(AT_DoubleAttr& from) override { copy(from); }
-    void visit(AT_StringAttr& from) override { copy(from); }
-    void visit(AT_EnumAttrBase& from) override { static_cast<EnumAttribute&>(m_to).setLocalValue(from.localValue()); }
-
-private:
-    template <typename Attribute>
-    void copy(const Attribute& from)
-    {
-        static_cast<Attribute&>(m_to).setLocalValue(from.localValue());
-    }
-
-    AT_Attr& m_to;
-};
-
-void addLeaves(MO_Node::AttrIterator begin, MO_Node::AttrIterator end, std::vector<AT_Attr*>& leaves)
-{
-    for (auto attr = begin; attr != end; ++attr) {
-        if (const auto* complex = dynamic_cast<const AT_ComplexAttr*>(*attr))
-            addLeaves(complex->attrsBegin(), complex->attrsEnd(), leaves);
-        else
-            leaves.push_back(*attr);
-    }
-}
-
-void copyAttributes(const Node& from, const Node& to)
-{
-    if (!from.hasAttributes())
-        return;
-    const std::vector<AT_Attr*> sources = leafAttributes(from);
-    const std::vector<AT_Attr*> targets = leafAttributes(to);
-    for (std::size_t leaf = 0; leaf < sources.size(); ++leaf) {
-        LocalValueCopier copier(*targets[leaf]);
-        sources[leaf]->accept(copier);
-    }
-}
 
 void copyPorts(const Node& from, Node& to, PortSide side)
 {
@@ -80,7 +36,8 @@ std::unique_ptr<MO_Node> newNodeLike(const Node& node)
     copy.setName(node.name());
     copy.setPosition(place);
     copy.setEnabled(node.isEnabled());
-    copyAttributes(node, copy);
+    if (node.hasAttributes())
+        copyValues(node.attributes(), copy.attributes());
     return host;
 }
 
@@ -121,13 +78,6 @@ std::unique_ptr<MO_Node> copyNode(const Node& top, NodeCopies& copies)
             copyLinks(node, copies);
     });
     return copy;
-}
-
-std::vector<AT_Attr*> leafAttributes(const Node& node)
-{
-    std::vector<AT_Attr*> leaves;
-    addLeaves(node.host().attrsBegin(), node.host().attrsEnd(), leaves);
-    return leaves;
 }
 
 } // namespace brindle::engine

@@ -4,7 +4,6 @@
 
 #include <memory>
 #include <unordered_map>
-#include <vector>
 
 namespace brindle::engine {
 
@@ -17,8 +16,5 @@ using NodeCopies = std::unordered_map<const Node*, Node*>;
 ///
 /// A multi-port node comes without ports: it shows those of the group that it is put in.
 std::unique_ptr<MO_Node> copyNode(const Node& top, NodeCopies& copies);
-
-/// The attributes of a node that hold no attributes, in order: the same for all nodes of a type.
-std::vector<AT_Attr*> leafAttributes(const Node& node);
 
 } // namespace brindle::engine

@@ -63,28 +63,6 @@ private:
     int m_position = -1;
 };
 
-/// Appends the linked sockets among attributes and all below them.
-class LinkedSockets final : public AT_AttrVisitor {
-public:
-    explicit LinkedSockets(std::vector<TUTvSocket*>& found) : m_found(found) {}
-
-    using AT_AttrVisitor::visit;
-    void visit(AT_Attr& attr) override
-    {
-        if (TUTvSocket* socket = attr.socket(); socket && socket->isLinked())
-            m_found.push_back(socket);
-    }
-    void visit(AT_ComplexAttr& attr) override
-    {
-        visit(static_cast<AT_Attr&>(attr));
-        for (auto part = attr.attrsBegin(); part != attr.attrsEnd(); ++part)
-            (*part)->accept(*this);
-    }
-
-private:
-    std::vector<TUTvSocket*>& m_found;
-};
-
 /// Whether a link from one port to the other may take the place of the way through a node that goes.
 bool canBridge(const Port& out, const Port& in)
 {
@@ -164,14 +142,17 @@ bool RemoveNodes::unlinkColumns()
 {
     std::vector<TUTvSocket*> sockets;
     std::unordered_set<const MO_Node*> leaving;
-    LinkedSockets finder(sockets);
     for (Node* top : m_nodes) {
         forEachFrom(*top, [&](Node& node) {
             if (!node.hasAttributes())
                 return;
             const std::size_t before = sockets.size();
-            for (auto attr = node.host().attrsBegin(); attr != node.host().attrsEnd(); ++attr)
-                (*attr)->accept(finder);
+            const AttributeSet& attributes = node.attributes();
+            for (int place = 0; place < attributes.count(); ++place) {
+                TUTvSocket* socket = attributes.at(place).socket();
+                if (socket && socket->isLinked())
+                    sockets.push_back(socket);
+            }
             if (sockets.size() > before)
                 leaving.insert(&node.host());
         });

@@ -52,6 +52,7 @@ TEST_F(TextAttributeTest, ARefusedChangeIsReported)
         using StandInAttribute::StandInAttribute;
         QString value(double) const override { return "held"; }
         QString localValue() const override { return "held"; }
+        QString defaultValue() const override { return QString(); }
         bool setValue(double, const QString&, bool, bool) override { return false; }
         bool setLocalValue(const QString&) override { return false; }
         TUTimedValue* createTimedValue() const override { return nullptr; }

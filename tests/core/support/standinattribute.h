@@ -76,6 +76,7 @@ public:
 
     Value value(double) const override { return held; }
     Value localValue() const override { return held; }
+    Value defaultValue() const override { return Value(); }
     bool setValue(double, Value value, bool, bool) override { return setLocalValue(value); }
     bool setLocalValue(Value value) override
     {

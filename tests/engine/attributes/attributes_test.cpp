@@ -1,5 +1,4 @@
-#include "engine/attributes/attributes.h"
-
+#include "engine/attributes/enumattribute.h"
 #include "tests/engine/support/columnproject.h"
 
 #include <limits>

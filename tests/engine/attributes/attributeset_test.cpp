@@ -1,5 +1,7 @@
 #include "engine/attributes/attributeset.h"
 
+#include "engine/attributes/attributeof.h"
+#include "engine/attributes/attributetable.h"
 #include "tests/engine/support/columnproject.h"
 
 #include <chrono>
@@ -14,21 +16,21 @@ protected:
 TEST_F(AttributeSetTest, FindsTheTopLevelByKeyword)
 {
     const brindle::engine::AttributeSet set(*peg, brindle::engine::attributeTable("PEG"));
-    ASSERT_NE(set.find("position"), nullptr);
-    EXPECT_EQ(set.find("position")->meta().keyword(), "position");
-    EXPECT_EQ(*set.begin(), set.find("position"));
+    ASSERT_NE(set.findTop("position"), nullptr);
+    EXPECT_EQ(set.findTop("position")->meta().keyword(), "position");
+    EXPECT_EQ(*set.begin(), set.findTop("position"));
     EXPECT_EQ(set.end() - set.begin(), 7);
     for (const char* keyword : {"x", "Position", "position.x", "", "nothing"})
-        EXPECT_EQ(set.find(keyword), nullptr) << keyword;
-    EXPECT_EQ(set.find("angle")->node(), peg);
-    EXPECT_EQ(set.find("angle")->sceneCommon(), scene().sceneCommon());
+        EXPECT_EQ(set.findTop(keyword), nullptr) << keyword;
+    EXPECT_EQ(set.findTop("angle")->node(), peg);
+    EXPECT_EQ(set.findTop("angle")->sceneCommon(), scene().sceneCommon());
 }
 
 TEST_F(AttributeSetTest, AnUnknownTypeHasNoAttributes)
 {
     const brindle::engine::AttributeSet set(*peg, brindle::engine::attributeTable("NOTHING"));
     EXPECT_EQ(set.begin(), set.end());
-    EXPECT_EQ(set.find("position"), nullptr);
+    EXPECT_EQ(set.findTop("position"), nullptr);
 }
 
 TEST_F(AttributeSetTest, VisitorsComeToTheKindOfTheAttribute)
@@ -58,6 +60,97 @@ TEST_F(AttributeSetTest, VisitorsComeToTheKindOfTheAttribute)
                                                                     {"WRITE", "format"}})
         attribute(add(type), path)->accept(kinds);
     EXPECT_EQ(kinds.texts, QStringList({"position", "double", "bool", "complex", "colour", "int", "string", "enum"}));
+}
+
+TEST_F(AttributeSetTest, AVisitThatIsNotOverriddenFallsBackOnTheMoreGeneralClass)
+{
+    class Coarse final : public AT_AttrVisitor {
+    public:
+        using AT_AttrVisitor::visit;
+        void visit(AT_SimpleAttr&) override { texts.append("simple"); }
+        void visit(AT_Attr&) override { texts.append("any"); }
+        QStringList texts;
+    } coarse;
+    for (const auto& [type, path] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"PEG", "angle"}, {"WRITE", "format"}, {"PEG", "position"}, {"READ", "drawing"}})
+        attribute(add(type), path)->accept(coarse);
+    EXPECT_EQ(coarse.texts, QStringList({"simple", "simple", "any", "any"}));
+}
+
+TEST_F(AttributeSetTest, AllAttributesAreReachedByPlaceAndByPath)
+{
+    const brindle::engine::AttributeSet set(*peg, brindle::engine::attributeTable("PEG"));
+    QStringList paths;
+    for (int place = 0; place < set.count(); ++place) {
+        paths.append(brindle::engine::metaOf(set.at(place)).fullKeyword());
+        EXPECT_EQ(set.find(paths.back()), place);
+    }
+    EXPECT_EQ(paths.join(' '), "position position.x position.y position.z scale scale.x scale.y scale.z rotation "
+                               "rotation.x rotation.y rotation.z angle skew pivot pivot.x pivot.y pivot.z "
+                               "full_transform");
+    for (const char* path : {"", ".", "x", "position.", "position.w", "positionx", "Angle", "engle", "angles"})
+        EXPECT_EQ(set.find(QString(path)), -1) << path;
+}
+
+/// Some text that is not the one of a new attribute.
+QString otherText(const AT_Attr& attr)
+{
+    const QString type = attr.typeText();
+    if (type == "BOOL")
+        return attr.textAt(1) == "true" ? "false" : "true";
+    if (type == "ENUM")
+        return dynamic_cast<const AT_EnumAttrBase&>(attr).options().last();
+    return type == "STRING" ? "text" : "7";
+}
+
+TEST_F(AttributeSetTest, TheLocalValuesOfEveryKindAreCopied)
+{
+    using namespace brindle::engine;
+    int copied = 0;
+    for (const char* type : {"PEG", "READ", "CAMERA", "COMPOSITE", "WRITE", "COLOR_CARD", "BLUR", "CUTTER"}) {
+        const AttributeSet from(*peg, attributeTable(type));
+        const AttributeSet to(*peg, attributeTable(type));
+        for (int place = 0; place < from.count(); ++place) {
+            AT_Attr& attr = from.at(place);
+            if (dynamic_cast<AT_ComplexAttr*>(&attr))
+                continue;
+            const std::unique_ptr<CO_Command> command(attr.setTextCommand(1, otherText(attr)));
+            ASSERT_TRUE(command) << type << place;
+            command->execute();
+            EXPECT_NE(metaOf(attr).kind().stored(attr), metaOf(attr).newValue()) << type << place;
+            ++copied;
+        }
+        copyValues(from, to);
+        for (int place = 0; place < from.count(); ++place)
+            EXPECT_EQ(to.at(place).textAt(1), from.at(place).textAt(1)) << type << place;
+    }
+    EXPECT_GT(copied, 40);
+}
+
+TEST_F(AttributeSetTest, AKindWhoseSavingCopyingOrDefaultIsForgottenIsNone)
+{
+    using namespace brindle::engine;
+    struct Complete : AttributeOf<AT_SimpleAttr> {
+        static AttributeValue newValue(const AttributeSpec&);
+        AttributeValue stored() const;
+        void store(const AttributeValue&);
+    };
+    struct NotSaved : AttributeOf<AT_SimpleAttr> {
+        static AttributeValue newValue(const AttributeSpec&);
+        void store(const AttributeValue&);
+    };
+    struct NotRead : AttributeOf<AT_SimpleAttr> {
+        static AttributeValue newValue(const AttributeSpec&);
+        AttributeValue stored() const;
+    };
+    struct WithoutDefault : AttributeOf<AT_SimpleAttr> {
+        AttributeValue stored() const;
+        void store(const AttributeValue&);
+    };
+    EXPECT_TRUE(KindOfAttribute<Complete>);
+    EXPECT_FALSE(KindOfAttribute<NotSaved> || KindOfAttribute<NotRead> || KindOfAttribute<WithoutDefault>);
+    struct Unvisited : AT_SimpleAttr {};
+    EXPECT_FALSE(AT_AttrKinds::has<Unvisited>);
 }
 
 TEST_F(AttributeSetTest, DottedPathsAreParted)

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "core/host/at_attr.h"
+
+#include <QString>
+
+#include <concepts>
+#include <cstddef>
+#include <new>
+#include <variant>
+
+namespace brindle::engine {
+
+class AttributeMeta;
+struct AttributeSpec;
+
+/// The local value of an attribute as a project file and a copy of the node keep it. An attribute whose values are all
+/// in its members has none of its own.
+using AttributeValue = std::variant<std::monostate, bool, int, double, QString>;
+
+/// The attributes inside an attribute. They are made after it.
+struct AttributeMembers {
+    AT_ComplexAttr::AttrIterator first = nullptr;
+    int count = 0;
+};
+
+/// What the class of each kind of attribute offers beside the operations of its host class.
+template <typename Class>
+concept KindOfAttribute = requires(Class& attr, const Class& present, const AttributeSpec& spec,
+                                   const AttributeValue& value)
+{
+    {
+        Class::newValue(spec)
+        } -> std::same_as<AttributeValue>; // in a new node
+    {
+        present.stored()
+        } -> std::same_as<AttributeValue>;
+    {attr.store(value)}; // leaves the attribute alone when it can't have the value
+};
+
+/// How an attribute of one kind is made, saved, copied, read and reset, for code that treats all kinds alike. Its one
+/// source is the class: a class that lacks an operation has no AttributeKind, and the tables of the node types can't
+/// name it.
+struct AttributeKind {
+    std::size_t size;
+    std::size_t alignment;
+    bool isSwitch; ///< On or off. A column that drives nothing else holds each value up to the next key.
+    AT_Attr* (*make)(void* place, MO_Node& node, const AttributeMeta& meta, const AttributeMembers& members);
+    AttributeValue (*newValue)(const AttributeSpec& spec);
+    AttributeValue (*stored)(const AT_Attr& attr);
+    void (*store)(AT_Attr& attr, const AttributeValue& value);
+};
+
+template <KindOfAttribute Class>
+inline constexpr AttributeKind attributeKind{
+    .size = sizeof(Class),
+    .alignment = alignof(Class),
+    .isSwitch = std::derived_from<Class, AT_BoolAttr>,
+    .make = [](void* place, MO_Node& node, const AttributeMeta& meta, const AttributeMembers& members) -> AT_Attr* {
+        if constexpr (std::derived_from<Class, AT_ComplexAttr>)
+            return new (place) Class(node, meta, members);
+        else
+            return new (place) Class(node, meta);
+    },
+    .newValue = [](const AttributeSpec& spec) { return Class::newValue(spec); },
+    .stored = [](const AT_Attr& attr) { return static_cast<const Class&>(attr).stored(); },
+    .store = [](AT_Attr& attr, const AttributeValue& value) { static_cast<Class&>(attr).store(value); },
+};
+
+} // namespace brindle::engine
