@@ -4,7 +4,6 @@
 #include "core/attributes/attributewrappervisitor.h"
 #include "core/columns/column.h"
 #include "core/frame/undo.h"
-#include "core/frame/weakhandle.h"
 #include "core/host/at_attr.h"
 #include "core/host/mo_node.h"
 #include "core/host/sc_scene.h"
@@ -18,14 +17,6 @@
 #include <utility>
 
 namespace OMC {
-
-struct Attribute::Private : Recycled {
-    WeakPointer<MO_Node> node;
-    QStringList path;
-    QString keyword;
-    AT_Attr* remembered = nullptr;
-    bool hasRemembered = false;
-};
 
 namespace {
 
@@ -60,23 +51,23 @@ bool readInteger(const QVariant& value, int& result)
 } // namespace
 
 Attribute::Attribute(MO_Node* node, const QStringList& parentPath, const QString& keyword)
-    : d(new Private{{}, WeakPointer<MO_Node>(node), {}, keyword})
+    : EngineView(node),
+      m_parentPath(parentPath),
+      m_keyword(keyword)
 {
-    d->path.reserve(parentPath.size() + 1);
-    d->path.append(parentPath);
-    d->path.append(keyword);
-    d->remembered = getAttr();
-    d->hasRemembered = true;
+    if (!node)
+        throwInvalid();
+    m_attribute.assign(attribFromPath(*node, getPath()));
+    m_isFound = !m_attribute.isGone();
 }
 
-Attribute::Attribute(const Attribute& other) : BaseObject(other), d(std::make_unique<Private>(*other.d)) {}
-
-Attribute::~Attribute() = default;
-
-BaseObject* Attribute::copy() const
-{
-    return new Attribute(*this);
-}
+Attribute::Attribute(AT_Attr& attribute, const QStringList& parentPath)
+    : EngineView(attribute.node()),
+      m_parentPath(parentPath),
+      m_keyword(attribute.meta().keyword()),
+      m_attribute(&attribute),
+      m_isFound(true)
+{}
 
 std::string Attribute::__str__() const
 {
@@ -87,13 +78,6 @@ std::string Attribute::__str__() const
 bool Attribute::filterDir(std::string& name) const
 {
     return name == "set_value" || BaseObject::filterDir(name);
-}
-
-void Attribute::validate() const
-{
-    if (!d->node.get())
-        throwInvalid();
-    validateThreadLock();
 }
 
 QVariant Attribute::getColumn() const
@@ -126,15 +110,15 @@ void Attribute::setColumn(const QVariant& value)
         throw Exception(tr("Failed to get valid column argument."));
     }
 
-    const QString nodeName = d->node.get()->instanceName();
+    const QString nodeName = findTarget()->instanceName();
     auto commands = std::make_unique<CO_AndCommand>();
     if (!column || socket->isLinked())
         commands->add(new tu_tv_socket::UnlinkCmd(socket, 0));
     if (column)
         commands->add(new tu_tv_socket::LinkCmd(socket, column));
     undo::run(manager, commands.release(),
-              column ? tr("Linking %1 of %2 to %3").arg(d->keyword, nodeName, column->getName())
-                     : tr("Unlinking %1 of %2").arg(d->keyword, nodeName),
+              column ? tr("Linking %1 of %2 to %3").arg(m_keyword, nodeName, column->getName())
+                     : tr("Unlinking %1 of %2").arg(m_keyword, nodeName),
               tr("Failed to set the attribute's column name."));
 }
 
@@ -164,10 +148,10 @@ void Attribute::setColumnName(const QString& name)
         command = new tu_tv_socket::LinkCmd(socket, column);
     else
         command = new tu_tv_socket::UnlinkCmd(socket, 0);
-    const QString nodeName = d->node.get()->instanceName();
+    const QString nodeName = findTarget()->instanceName();
     undo::run(manager, command,
-              column ? tr("Linking %1 of %2 to %3").arg(d->keyword, nodeName, name)
-                     : tr("Unlinking %1 of %2").arg(d->keyword, nodeName),
+              column ? tr("Linking %1 of %2 to %3").arg(m_keyword, nodeName, name)
+                     : tr("Unlinking %1 of %2").arg(m_keyword, nodeName),
               tr("Failed to set the attribute's column name."));
 }
 
@@ -194,7 +178,7 @@ bool Attribute::link(const QVariant& value)
 QString Attribute::getKeyword() const
 {
     validate();
-    return d->keyword;
+    return m_keyword;
 }
 
 QString Attribute::getDisplayName() const
@@ -210,7 +194,7 @@ QString Attribute::getTypeName() const
 QString Attribute::getFullKeyword() const
 {
     validate();
-    return d->path.join(QLatin1Char('.'));
+    return m_parentPath.isEmpty() ? m_keyword : m_parentPath.join(QLatin1Char('.')) + QLatin1Char('.') + m_keyword;
 }
 
 bool Attribute::getDynamic() const
@@ -232,7 +216,7 @@ bool Attribute::setTextValue(int frame, const QString& text)
         return false;
     static const QString set = tr("Set ");
     static const QString of = tr(" of ");
-    return manager.execute(command, set + d->keyword + of + d->node.get()->instanceName());
+    return manager.execute(command, set + m_keyword + of + findTarget()->instanceName());
 }
 
 QString Attribute::getTextValue(int frame) const
@@ -242,41 +226,43 @@ QString Attribute::getTextValue(int frame) const
 
 AT_Attr* Attribute::getAttr() const
 {
-    const MO_Node* node = d->node.get();
-    if (!node)
+    const MO_Node* node = findTarget();
+    AT_Attr* attribute = m_attribute.get();
+    // A wrapper that was made for no attribute isn't one of the attribute that took the path later.
+    if (!node || (m_isFound ? !attribute : attribFromPath(*node, getPath()) != nullptr))
         throwInvalid();
-    AT_Attr* found = attribFromPath(*node, d->path);
-    if (d->hasRemembered && found != d->remembered)
-        throwInvalid();
-    return found;
+    return attribute;
 }
 
-const QStringList& Attribute::getPath() const
+QStringList Attribute::getPath() const
 {
-    return d->path;
+    QStringList path;
+    path.reserve(m_parentPath.size() + 1);
+    path.append(m_parentPath);
+    path.append(m_keyword);
+    return path;
 }
 
 Obj Attribute::getSubattributes() const
 {
     if (!attributeCast<AT_ComplexAttr>(&attribute()))
         return {};
-    return Obj(new AttributeList(d->node.get(), d->path, AttributeList::AllOfLevel));
+    return Obj(new AttributeList(findTarget(), getPath(), AttributeList::AllOfLevel));
 }
 
 Obj Attribute::node() const
 {
-    validate();
-    return Obj(Node::getWrapped(d->node.get()));
+    return Obj(Node::getWrapped(&target()));
 }
 
 MO_Node* Attribute::getNode() const
 {
-    return d->node.get();
+    return findTarget();
 }
 
 bool Attribute::operator==(const Attribute& other) const
 {
-    return d->node.sameTarget(other.d->node) && d->path == other.d->path;
+    return hasTargetOf(other) && m_keyword == other.m_keyword && m_parentPath == other.m_parentPath;
 }
 
 bool Attribute::operator==(const Attribute* other) const
@@ -387,8 +373,7 @@ void Attribute::deriveRangeQVariant(SC_SceneCommon* scene, const QVariant& value
 
 std::string Attribute::described(const QString& pattern) const
 {
-    validate();
-    return pattern.arg(d->node.get()->qualifiedName(), d->path.join(QLatin1Char('.'))).toStdString();
+    return pattern.arg(target().qualifiedName(), getFullKeyword()).toStdString();
 }
 
 void Attribute::throwUnexpectedType()

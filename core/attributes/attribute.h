@@ -1,11 +1,10 @@
 #pragma once
 
 #include "core/attributes/attributecast.h"
+#include "core/frame/engineview.h"
 #include "core/frame/obj.h"
 
 #include <QStringList>
-
-#include <memory>
 
 class AT_Attr;
 class AT_ComplexAttr;
@@ -17,12 +16,13 @@ namespace OMC {
 /// A parameter of a node: what it is, which column drives it, its value as text, and the way to its sub-attributes.
 /// Typed values are in the subclasses.
 ///
-/// It is found again by its path of keywords at each use, and checked against the attribute that it was made for: once
-/// that one is gone, the object stays invalid, also when another attribute takes the same path.
+/// It holds the attribute that its path of keywords led to when it was made. Once that one has left its node the object
+/// stays invalid, also when another attribute takes the same path.
 ///
 ///     Obj attribute(Attribute::getWrapped(node->findAttributeByKeyword("angle"), {}));
-class BRINDLE_CORE_EXPORT Attribute : public BaseObject {
+class BRINDLE_CORE_EXPORT Attribute : public EngineView<MO_Node> {
     Q_OBJECT
+    BRINDLE_COPYABLE(Attribute)
     Q_PROPERTY(QVariant column READ getColumn WRITE setColumn)
     Q_PROPERTY(QString column_name READ getColumnName WRITE setColumnName)
     Q_PROPERTY(QString keyword READ getKeyword)
@@ -35,17 +35,12 @@ class BRINDLE_CORE_EXPORT Attribute : public BaseObject {
 
 public:
     Attribute(MO_Node* node, const QStringList& parentPath, const QString& keyword);
-    Attribute(const Attribute& other);
-    ~Attribute() override;
+    /// The same for an attribute that is found already, below `parentPath`.
+    Attribute(AT_Attr& attribute, const QStringList& parentPath);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
     bool filterDir(std::string& name) const override;
 
-protected:
-    void validate() const override;
-
-public:
     /// The linked column, or a null pointer. Takes a column, the name of one, or false, "" or null to unlink.
     virtual QVariant getColumn() const;
     virtual void setColumn(const QVariant& value);
@@ -70,7 +65,7 @@ public:
     using BaseObject::getAttr;
     /// The engine's attribute; null when there never was one. Throws when it is no longer the one it was made for.
     AT_Attr* getAttr() const;
-    const QStringList& getPath() const;
+    QStringList getPath() const; ///< The keywords of all its levels.
     /// The list of the attributes inside this one; empty when it holds none.
     Obj getSubattributes() const;
     Obj node() const;
@@ -104,8 +99,10 @@ private:
     AT_Attr& attribute() const;
     AT_Attr& attributeToLink() const;
 
-    struct Private;
-    std::unique_ptr<Private> d;
+    QStringList m_parentPath;
+    QString m_keyword;
+    WeakHandle<AT_Attr> m_attribute;
+    bool m_isFound; ///< Whether there was an attribute at the path.
 };
 
 template <typename T>

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "core/frame/engineview.h"
 #include "core/frame/iterable.h"
+#include "core/frame/listiteration.h"
 #include "core/frame/listobj.h"
 
 #include <QStringList>
-
-#include <memory>
 
 class AT_Attr;
 class AT_ComplexAttr;
@@ -16,8 +16,10 @@ namespace OMC {
 /// The attributes of a node, or those inside one of its attributes, by index, by keyword and by dotted path.
 ///
 ///     list.get("position.x");
-class BRINDLE_CORE_EXPORT AttributeList : public ListObj, public IterableObj {
+/// An iterator goes through the wrappers that `__iter__` made.
+class BRINDLE_CORE_EXPORT AttributeList : public CountedList<EngineView<MO_Node, ListObj>, IterableObj> {
     Q_OBJECT
+    BRINDLE_COPYABLE(AttributeList)
 
 public:
     /// What a list holds.
@@ -28,16 +30,8 @@ public:
 
     /// The level is that of the attribute at the path; the node's top level for an empty one.
     AttributeList(MO_Node* node, const QStringList& path, AttrTypeFilter filter);
-    AttributeList(const AttributeList& other);
-    ~AttributeList() override;
-
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
-protected:
-    void validate() const override;
-
-public:
     std::size_t size() const override;
     /// Empty when there is no such attribute. A keyword of the level, or a dotted path below it.
     Obj get(const QString& name) const override;
@@ -48,25 +42,28 @@ public:
     virtual bool contains(const QVariant& value) const;
     virtual Obj operator()(const QString& name) const;
 
-    Obj __iterItem__() const override;
-    void operator++() override;
-    void operator--() override;
     bool __atend__() const override;
-    Obj __iter__() const override;
 
 protected:
     /// The attribute at the list's path, or null when there is none, or it holds no attributes.
     AT_ComplexAttr* getSubAttrib() const;
 
+    void beforeStep() const override;
+    void startIteration() override;
+    std::size_t iterationSize() const override { return m_items.size(); }
+    Obj itemAt(quint64 position) const override;
+
 private:
     struct Level;
+    bool isSubList() const { return !m_path.isEmpty(); }
     Level level() const;
     AT_Attr* inLevel(QStringView keyword) const;
     void requireIterating() const;
     Obj wrapped(AT_Attr* attribute) const;
 
-    struct Private;
-    std::unique_ptr<Private> d;
+    QStringList m_path;
+    AttrTypeFilter m_filter;
+    Snapshot<Obj> m_items;
 };
 
 } // namespace OMC

@@ -1,37 +1,74 @@
 #pragma once
 
+#include "core/attributes/boolattribute.h"
+#include "core/attributes/doubleattribute.h"
+#include "core/attributes/intattribute.h"
+#include "core/attributes/textattribute.h"
 #include "core/host/at_attr.h"
 
 #include <QStringList>
 
 #include <memory>
+#include <type_traits>
 
 namespace OMC {
 
-class Attribute;
+/// The wrapper class for attributes of a host class.
+template <typename HostClass, typename WrapperClass>
+struct AttributeWrapper {
+    using Host = HostClass;
+    using Wrapper = WrapperClass;
+};
 
-/// Chooses the wrapper class for an engine attribute. A kind without a class of its own gets the general one.
-class AttributeWrapperVisitor final : public AT_AttrVisitorWithFallback {
-public:
-    explicit AttributeWrapperVisitor(const QStringList& parentPath);
-    ~AttributeWrapperVisitor() override;
+/// What each kind of attribute is to a script, in the order of the host's list of kinds. A kind without a class of its
+/// own gets the general one.
+template <typename... Rows>
+struct AttributeWrapperTable {
+    using Kinds = AT_AttrKindList<typename Rows::Host...>;
+};
+using AttributeWrappers =
+    AttributeWrapperTable<AttributeWrapper<AT_BoolAttr, BoolAttribute>, AttributeWrapper<AT_IntAttr, IntAttribute>,
+                          AttributeWrapper<AT_DoubleAttr, DoubleAttribute>,
+                          AttributeWrapper<AT_StringAttr, TextAttribute>, AttributeWrapper<AT_EnumAttrBase, Attribute>,
+                          AttributeWrapper<AT_ColorAttr, Attribute>, AttributeWrapper<AT_Position2dAttr, Attribute>,
+                          AttributeWrapper<AT_Position3dAttr, Attribute>, AttributeWrapper<AT_SimpleAttr, Attribute>,
+                          AttributeWrapper<AT_ComplexAttr, Attribute>, AttributeWrapper<AT_Attr, Attribute>>;
+static_assert(std::is_same_v<AttributeWrappers::Kinds, AT_AttrKinds>, "each kind of attribute has its row, in order");
 
-    using AT_AttrVisitorWithFallback::visit;
-    void visit(AT_Attr& attr) override;
-    void visit(AT_BoolAttr& attr) override;
-    void visit(AT_IntAttr& attr) override;
-    void visit(AT_DoubleAttr& attr) override;
-    void visit(AT_StringAttr& attr) override;
+/// The visits of the rows of a table.
+template <typename Table>
+class AttributeWrapperVisits;
 
-    /// The wrapper made last; the caller owns it.
-    Attribute* take();
-
-private:
-    template <typename Wrapper>
-    void make(AT_Attr& attr);
+template <>
+class AttributeWrapperVisits<AttributeWrapperTable<>> : public AT_AttrVisitorWithFallback {
+protected:
+    explicit AttributeWrapperVisits(const QStringList& parentPath) : m_parentPath(parentPath) {}
 
     const QStringList& m_parentPath;
     std::unique_ptr<Attribute> m_wrapper;
+};
+
+template <typename Row, typename... Rows>
+class AttributeWrapperVisits<AttributeWrapperTable<Row, Rows...>>
+    : public AttributeWrapperVisits<AttributeWrapperTable<Rows...>> {
+public:
+    using AttributeWrapperVisits<AttributeWrapperTable<Rows...>>::visit;
+    void visit(typename Row::Host& attr) override
+    {
+        this->m_wrapper = std::make_unique<typename Row::Wrapper>(attr, this->m_parentPath);
+    }
+
+protected:
+    using AttributeWrapperVisits<AttributeWrapperTable<Rows...>>::AttributeWrapperVisits;
+};
+
+/// Makes the wrapper for an attribute, by the table. The path must outlive the visitor.
+class AttributeWrapperVisitor final : public AttributeWrapperVisits<AttributeWrappers> {
+public:
+    explicit AttributeWrapperVisitor(const QStringList& parentPath) : AttributeWrapperVisits(parentPath) {}
+
+    /// The wrapper made last; the caller owns it.
+    Attribute* take() { return m_wrapper.release(); }
 };
 
 } // namespace OMC

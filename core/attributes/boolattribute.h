@@ -1,23 +1,22 @@
 #pragma once
 
-#include "core/attributes/attribute.h"
+#include "core/attributes/valueattribute.h"
 
 namespace OMC {
 
-/// An attribute that is on or off.
-class BRINDLE_CORE_EXPORT BoolAttribute : public Attribute {
+/// An attribute that is on or off. A change that is refused throws.
+class BRINDLE_CORE_EXPORT BoolAttribute : public ValueAttribute<AT_BoolAttr> {
     Q_OBJECT
+    BRINDLE_COPYABLE(BoolAttribute)
 
 public:
-    using Attribute::Attribute;
+    using ValueAttribute::ValueAttribute;
 
-    BaseObject* copy() const override;
-    std::string __str__() const override;
-
-    virtual bool value(int frame) const;
-    virtual bool localvalue() const;
     virtual void setValue(int frame, bool value);
-    virtual void setLocalvalue(bool value); ///< No undo entry when it is the present one.
+    using ValueAttribute::resetLocalvalue;
+    using ValueAttribute::resetValue;
 };
+
+extern template class ValueAttribute<AT_BoolAttr>;
 
 } // namespace OMC

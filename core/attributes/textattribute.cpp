@@ -1,42 +1,23 @@
 #include "core/attributes/textattribute.h"
 
-#include "core/attributes/typedattribute.h"
+#include "core/attributes/valueattribute_p.h"
 
 namespace OMC {
 
-BaseObject* TextAttribute::copy() const
-{
-    return new TextAttribute(*this);
-}
+template <>
+constexpr ValueRules valueRules<AT_StringAttr>{.description = QT_TRANSLATE_NOOP("OMC::Attribute", "TextAttr(%1, %2)"),
+                                               .tellsRefusal = true};
 
-std::string TextAttribute::__str__() const
-{
-    return described(tr("TextAttr(%1, %2)"));
-}
-
-QString TextAttribute::value(int frame) const
-{
-    return typed<AT_StringAttr>().value(frame);
-}
-
-QString TextAttribute::localvalue() const
-{
-    return typed<AT_StringAttr>().localValue();
-}
+template class ValueAttribute<AT_StringAttr>;
 
 void TextAttribute::setValue(int frame, const QString& value)
 {
+    // No column holds texts, so none is made.
     auto& attr = typed<AT_StringAttr>();
-    CO_CommandManager& manager = typed::managerOf(attr);
-    auto* command =
-        new tu_attr::SetValueCmd<AT_StringAttr>(attr, frame, value, PR_CachedPreferences::getSpConstantSegment(), true);
-    undo::run(manager, command, tr("Set Attribute Value"), tr("Failed to set the attribute's value."));
-}
-
-void TextAttribute::setLocalvalue(const QString& value)
-{
-    if (!typed::setLocalValue(typed<AT_StringAttr>(), value, tr("Set Attribute local value.")))
-        throw Exception(tr("Failed to set the attribute's local value."));
+    CO_CommandManager& manager = undo::manager(attr.sceneCommon(), unexpected::ErrorHasOccurred);
+    const bool constantSegment = PR_CachedPreferences::getSpConstantSegment();
+    run(manager, new tu_attr::SetValueCmd<AT_StringAttr>(attr, frame, value, constantSegment, true),
+        tr("Set Attribute Value"), failedValue);
 }
 
 } // namespace OMC

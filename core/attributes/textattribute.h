@@ -1,23 +1,20 @@
 #pragma once
 
-#include "core/attributes/attribute.h"
+#include "core/attributes/valueattribute.h"
 
 namespace OMC {
 
-/// An attribute whose value is a text.
-class BRINDLE_CORE_EXPORT TextAttribute : public Attribute {
+/// An attribute whose value is a text. A change that is refused throws.
+class BRINDLE_CORE_EXPORT TextAttribute : public ValueAttribute<AT_StringAttr> {
     Q_OBJECT
+    BRINDLE_COPYABLE(TextAttribute)
 
 public:
-    using Attribute::Attribute;
+    using ValueAttribute::ValueAttribute;
 
-    BaseObject* copy() const override;
-    std::string __str__() const override;
-
-    virtual QString value(int frame) const;
-    virtual QString localvalue() const;
     virtual void setValue(int frame, const QString& value);
-    virtual void setLocalvalue(const QString& value);
 };
+
+extern template class ValueAttribute<AT_StringAttr>;
 
 } // namespace OMC

@@ -27,6 +27,16 @@ Class<T> valueClass(const char* name, const char* documentation)
     return table;
 }
 
+/// The same for a class whose values have a default.
+template <typename T, Text SetValueNames>
+Class<T> resettableClass(const char* name, const char* documentation)
+{
+    Class<T> table = valueClass<T, SetValueNames>(name, documentation);
+    table.template method<"reset_value", Form<&T::resetValue, "frame">>("Sets the default value at a frame.");
+    table.template method<"reset_localvalue", Form<&T::resetLocalvalue>>("Sets the default as the local value.");
+    return table;
+}
+
 } // namespace
 
 std::vector<ClassTable> attributeTables()
@@ -49,17 +59,15 @@ std::vector<ClassTable> attributeTables()
             .method<"get_text_value", Form<&Attribute::getTextValue, "frame">>("The value at a frame as text.")
             .method<"set_text_value", Form<&Attribute::setTextValue, "frame, text">>(
                 "Sets the value at a frame from a text; False where it can't be read or is refused."),
-        valueClass<DoubleAttribute, "frame, value, adjust_column=False">("DoubleAttribute",
-                                                                         "An attribute whose value is a number.")
+        resettableClass<DoubleAttribute, "frame, value, adjust_column=False">("DoubleAttribute",
+                                                                              "An attribute whose value is a number.")
             .property("minimum", "The smallest value.")
             .property("maximum", "The largest value.")
             .property("step", "By how much a person's click changes it.")
             .property("default", "The value of a new node.")
-            .method<"reset_value", Form<&DoubleAttribute::resetValue, "frame">>("Sets the default value at a frame.")
-            .method<"reset_localvalue", Form<&DoubleAttribute::resetLocalvalue>>("Sets the default as the local value.")
             .method<"offset_value", Form<&DoubleAttribute::offsetValue, "range, delta">>(
                 "Adds to the values at a frame, or over the frames of [first, last]; what lies outside stays."),
-        valueClass<BoolAttribute, "frame, value">("BoolAttribute", "An attribute that is on or off."),
+        resettableClass<BoolAttribute, "frame, value">("BoolAttribute", "An attribute that is on or off."),
         valueClass<IntAttribute, "frame, value, adjust_column=False">("IntAttribute",
                                                                       "An attribute whose value is a whole number.")
             .property("minimum", "The smallest value.")

@@ -172,9 +172,31 @@ TEST_F(AttributeTest, AnAttributeThatTheNodeLostIsInvalidAlsoWhenAnotherTakesIts
     Attribute wrapper(&node, {}, "extra");
     EXPECT_EQ(wrapper.getDisplayName(), "Stand-in");
     node.attributes.clear();
+    first.expireWeakPointers();
     EXPECT_EQ(failureOf([&] { wrapper.getDisplayName(); }), "Object is no longer valid.");
     node.attributes = {&second};
     EXPECT_EQ(failureOf([&] { wrapper.getDisplayName(); }), "Object is no longer valid.");
+    node.attributes = {&first};
+    EXPECT_EQ(failureOf([&] { wrapper.getDisplayName(); }), "Object is no longer valid.") << "it came back";
+    EXPECT_EQ(Attribute(&node, {}, "extra").getDisplayName(), "Stand-in");
+}
+
+TEST_F(AttributeTest, AnotherAttributeAtTheSameAddressIsNotTakenForTheOneThatIsGone)
+{
+    AttributedNode node;
+    alignas(StandInSimple) std::byte memory[sizeof(StandInSimple)];
+    auto* first = new (memory) StandInSimple(node, "extra");
+    node.attributes = {first};
+    Attribute wrapper(&node, {}, "extra");
+    const Obj found(Attribute::getWrapped(first, {}));
+    const Obj copy(wrapper.copy());
+    first->~StandInSimple();
+    auto* second = new (memory) StandInSimple(node, "extra");
+    node.attributes = {second};
+    for (const Attribute* gone : {&wrapper, objectIn<Attribute>(found), objectIn<Attribute>(copy)})
+        EXPECT_EQ(failureOf([&] { gone->getDisplayName(); }), "Object is no longer valid.");
+    EXPECT_EQ(Attribute(&node, {}, "extra").getAttr(), second);
+    second->~StandInSimple();
 }
 
 TEST_F(AttributeTest, AWrapperOfAnAttributeThatNeverWasSaysSo)

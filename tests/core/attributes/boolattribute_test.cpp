@@ -19,7 +19,7 @@ TEST_F(BoolAttributeTest, ItSaysWhatItIs)
     BoolAttribute wrong(peg, {}, "angle");
     for (const auto& call : std::initializer_list<std::function<void()>>{
              [&] { wrong.value(1); }, [&] { wrong.localvalue(); }, [&] { wrong.setValue(1, true); },
-             [&] { wrong.setLocalvalue(true); }})
+             [&] { wrong.setLocalvalue(true); }, [&] { wrong.resetValue(1); }, [&] { wrong.resetLocalvalue(); }})
         expectRefused(call, "Unexpected type found.");
 }
 
@@ -50,6 +50,41 @@ TEST_F(BoolAttributeTest, SettingThePresentLocalValueIsNoEntry)
     EXPECT_TRUE(labels().isEmpty());
 }
 
+TEST_F(BoolAttributeTest, ItsValueIsResetAtAFrame)
+{
+    visible.setValue(1, false);
+    visible.setValue(10, false);
+    manager().clearHistory();
+    const QByteArray before = saved();
+    visible.resetValue(10);
+    EXPECT_TRUE(visible.value(10));
+    EXPECT_FALSE(visible.value(9));
+    EXPECT_EQ(labels(), QStringList("Set Attribute Value"));
+    expectUndoable(before);
+}
+
+TEST_F(BoolAttributeTest, ItsLocalValueIsReset)
+{
+    visible.setLocalvalue(false);
+    transform.setLocalvalue(true);
+    manager().clearHistory();
+    const QByteArray before = saved();
+    visible.resetLocalvalue();
+    EXPECT_TRUE(visible.localvalue());
+    EXPECT_EQ(labels(), QStringList("Set Attribute local value."));
+    expectUndoable(before);
+    transform.resetLocalvalue();
+    EXPECT_FALSE(transform.localvalue());
+}
+
+TEST_F(BoolAttributeTest, ResettingWhatHasItsDefaultIsAnEntryAsForANumber)
+{
+    visible.resetLocalvalue();
+    number("angle").resetLocalvalue();
+    EXPECT_EQ(labels(), QStringList(2, "Set Attribute local value."));
+    EXPECT_TRUE(visible.localvalue());
+}
+
 TEST_F(BoolAttributeTest, ARefusedChangeIsReported)
 {
     RefusingManager refusing;
@@ -61,6 +96,8 @@ TEST_F(BoolAttributeTest, ARefusedChangeIsReported)
     BoolAttribute wrapper(&node, {}, "flag");
     EXPECT_EQ(failureOf([&] { wrapper.setValue(1, true); }), "Failed to set the attribute's value.");
     EXPECT_EQ(failureOf([&] { wrapper.setLocalvalue(true); }), "Failed to set the attribute's local value.");
+    EXPECT_EQ(failureOf([&] { wrapper.resetValue(1); }), "Failed to set the attribute's value.");
+    EXPECT_EQ(failureOf([&] { wrapper.resetLocalvalue(); }), "Failed to set the attribute's local value.");
     EXPECT_FALSE(flag.held);
     common.commands = nullptr;
     wrapper.setLocalvalue(false);
