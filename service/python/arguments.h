@@ -16,13 +16,6 @@
 /// and the reading of each C++ type from Python.
 namespace brindle::python {
 
-/// After a value's own methods may have run: other threads may have begun to save meanwhile.
-inline void afterScriptCode(PyObject* value)
-{
-    if (!PyLong_CheckExact(value) && !PyFloat_CheckExact(value))
-        EngineGate::enter();
-}
-
 /// A text as a template argument.
 template <std::size_t N>
 struct Text {
@@ -74,18 +67,60 @@ constexpr auto argumentsIn()
 template <Text Names>
 inline constexpr auto argumentTable = argumentsIn<Names>();
 
+/// A number in a default's text: digits, with a sign and a fraction or without.
+struct NumberText {
+    std::string_view text;
+
+    constexpr bool isNumber(bool withFraction) const
+    {
+        const std::string_view digits = text.substr(text.starts_with('-'));
+        const auto isDigit = [](char character) { return character >= '0' && character <= '9'; };
+        const auto count = static_cast<std::size_t>(std::count_if(digits.begin(), digits.end(), isDigit));
+        const std::size_t points =
+            withFraction ? static_cast<std::size_t>(std::count(digits.begin(), digits.end(), '.')) : 0;
+        // So many digits as a double and a power of ten hold exactly: their quotient is the number that is meant.
+        return count > 0 && count <= 15 && points <= 1 && count + points == digits.size();
+    }
+    /// Of a number without a fraction.
+    constexpr long long integer() const
+    {
+        long long digits = 0;
+        for (const char character : text) {
+            if (character != '-' && character != '.')
+                digits = digits * 10 + (character - '0');
+        }
+        return text.starts_with('-') ? -digits : digits;
+    }
+    constexpr double number() const
+    {
+        const std::size_t point = placeOf('.', text);
+        double divisor = 1;
+        for (std::size_t place = point + 1; place < text.size(); ++place)
+            divisor *= 10;
+        return static_cast<double>(integer()) / divisor;
+    }
+};
+
 /// How a C++ type is read from Python: `type` is its name in a signature, `accepts` whether the value fits, `read`
-/// gives it (throwing for one that doesn't fit), `fallback` reads a default's text.
+/// gives it (throwing for one that doesn't fit), `fallback` reads a default's text, for which `isDefault` holds.
+/// Nothing here may touch the engine: reading comes ahead of the gate (`convertAndCall`).
 template <typename T>
 struct From;
 
 template <>
 struct From<bool> {
     static constexpr const char* type = "bool";
-    static bool accepts(PyObject* value) { return PyBool_Check(value) || PyLong_Check(value); }
+    static bool accepts(PyObject* value) { return PyIndex_Check(value); }
     /// The number itself counts, also where a class of the script says otherwise.
-    static bool read(PyObject* value, unsigned int) { return PyLong_Type.tp_as_number->nb_bool(value) != 0; }
-    static bool fallback(std::string_view text) { return text == "True"; }
+    static bool read(PyObject* value, unsigned int)
+    {
+        const Ref number(PyNumber_Index(value));
+        if (!number)
+            throw PythonError{};
+        return PyLong_Type.tp_as_number->nb_bool(number.get()) != 0;
+    }
+    static constexpr bool isDefault(std::string_view text) { return text == "True" || text == "False"; }
+    static constexpr bool fallback(std::string_view text) { return text == "True"; }
 };
 
 template <typename Integer>
@@ -94,24 +129,31 @@ struct FromInteger {
     static bool accepts(PyObject* value) { return PyIndex_Check(value); }
     static Integer read(PyObject* value, unsigned int index)
     {
+        if (PyLong_CheckExact(value))
+            return inRange(value, value, index);
         const Ref number(PyNumber_Index(value));
         if (!number)
             throw PythonError{};
-        afterScriptCode(value);
+        return inRange(number.get(), value, index);
+    }
+    static constexpr bool isDefault(std::string_view text)
+    {
+        return NumberText{text}.isNumber(false) && std::in_range<Integer>(NumberText{text}.integer());
+    }
+    static constexpr Integer fallback(std::string_view text)
+    {
+        return static_cast<Integer>(NumberText{text}.integer());
+    }
+
+private:
+    static Integer inRange(PyObject* number, PyObject* value, unsigned int index)
+    {
         int overflow = 0;
-        const long long wide = PyLong_AsLongLongAndOverflow(number.get(), &overflow);
+        const long long wide = PyLong_AsLongLongAndOverflow(number, &overflow);
         if (overflow || !std::in_range<Integer>(wide))
             throwArgument(index, std::is_unsigned_v<Integer> ? "a number from 0 to 4294967295" : "a number of 32 bits",
                           value);
         return static_cast<Integer>(wide);
-    }
-    static Integer fallback(std::string_view text)
-    {
-        const bool negative = text.starts_with('-');
-        Integer number = 0;
-        for (const char digit : text.substr(negative))
-            number = static_cast<Integer>(number * 10 + (digit - '0'));
-        return negative ? static_cast<Integer>(-number) : number;
     }
 };
 
@@ -123,32 +165,29 @@ struct From<unsigned int> : FromInteger<unsigned int> {};
 template <>
 struct From<double> {
     static constexpr const char* type = "float";
-    static bool accepts(PyObject* value)
-    {
-        return PyFloat_Check(value) || PyLong_Check(value) ||
-               (Py_TYPE(value)->tp_as_number && Py_TYPE(value)->tp_as_number->nb_float);
-    }
+    static bool accepts(PyObject* value) { return PyFloat_Check(value) || PyIndex_Check(value) || hasFloat(value); }
     static double read(PyObject* value, unsigned int)
     {
         const double number = PyFloat_AsDouble(value);
         if (number == -1.0 && PyErr_Occurred())
             throw PythonError{};
-        afterScriptCode(value);
         return number;
     }
-    static double fallback(std::string_view text) { return From<int>::fallback(text); }
+    static constexpr bool isDefault(std::string_view text) { return NumberText{text}.isNumber(true); }
+    static constexpr double fallback(std::string_view text) { return NumberText{text}.number(); }
 };
 
 template <>
 struct From<QString> {
     static constexpr const char* type = "str";
-    static bool accepts(PyObject* value)
-    {
-        return PyUnicode_Check(value) || PyObject_HasAttrString(value, "__fspath__");
-    }
+    static bool accepts(PyObject* value) { return PyUnicode_Check(value) || isPath(value); }
     static QString read(PyObject* value, unsigned int)
     {
         return PyUnicode_Check(value) ? stringFrom(value) : pathFrom(value);
+    }
+    static constexpr bool isDefault(std::string_view text)
+    {
+        return text == "None" || (text.size() >= 2 && text.front() == '\'' && text.back() == '\'');
     }
     static QString fallback(std::string_view text)
     {
@@ -170,6 +209,7 @@ struct From<QVariant> {
     static constexpr const char* type = "Any";
     static bool accepts(PyObject*) { return true; }
     static QVariant read(PyObject* value, unsigned int) { return variantFrom(value); }
+    static constexpr bool isDefault(std::string_view text) { return text == "None"; }
     static QVariant fallback(std::string_view) { return {}; }
 };
 
@@ -187,8 +227,9 @@ struct From<OMC::Obj> {
     static bool accepts(PyObject* value) { return value == Py_None || isWrapper(value); }
     static OMC::Obj read(PyObject* value, unsigned int)
     {
-        return value == Py_None ? OMC::Obj() : OMC::Obj(objectOf(value));
+        return value == Py_None ? OMC::Obj() : OMC::Obj(heldObject(value));
     }
+    static constexpr bool isDefault(std::string_view text) { return text == "None"; }
     static OMC::Obj fallback(std::string_view) { return {}; }
 };
 

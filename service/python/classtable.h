@@ -34,8 +34,8 @@ struct Operators {
     int firstIndex = 0; ///< Of the items that a slice takes.
     PyObject* (*itemByIndex)(OMC::BaseObject*, int) = nullptr;
     PyObject* (*itemByKey)(OMC::BaseObject*, const QString&) = nullptr;
-    void (*setItem)(OMC::BaseObject*, PyObject* key, PyObject* value) = nullptr;
-    bool (*contains)(OMC::BaseObject*, PyObject*) = nullptr;
+    void (*setItem)(PyObject* self, PyObject* key, PyObject* value) = nullptr;
+    bool (*contains)(PyObject* self, PyObject* value) = nullptr;
     bool containsTextOnly = false; ///< Other values are looked for by going through the list.
     PyObject* (*call)(OMC::BaseObject*, const QString&) = nullptr;
     const char* calledMethod = nullptr; ///< The method that a call of the object stands for, instead of `call`.
@@ -71,10 +71,9 @@ struct ClassTable {
 /// A form of a constructor: a function that gives a new object.
 template <auto Factory, Text Names = "">
 struct Construct : ArgumentReader<typename StaticSignature<decltype(Factory)>::Values, Names> {
-    static OMC::BaseObject* call(const typename Construct::Slots& slots)
+    static OMC::BaseObject* call(const typename Construct::ValueTuple& values)
     {
-        return std::apply([](const auto&... value) -> OMC::BaseObject* { return Factory(value...); },
-                          Construct::read(slots));
+        return std::apply([](const auto&... value) -> OMC::BaseObject* { return Factory(value...); }, values);
     }
 };
 
@@ -183,6 +182,10 @@ public:
 
 private:
     static T& self(OMC::BaseObject* object) { return static_cast<T&>(*object); }
+    template <typename Key, typename Value>
+    static void assignItem(PyObject* list, PyObject* key, PyObject* value);
+    template <typename Value>
+    static bool containsItem(PyObject* list, PyObject* value);
     void deriveOperators();
 
     ClassTable m_table;
@@ -203,8 +206,11 @@ Class<T>& Class<T>::member(const char* name, const char* documentation)
                                            throwUndeletable(static_cast<const char*>(name));
                                        if (!From<Value>::accepts(value))
                                            throwArgument(0, From<Value>::type, value);
-                                       self(objectOf(object)).*Field = From<Value>::read(value, 0);
-                                       return 0;
+                                       return convertAndCall([&] { return From<Value>::read(value, 0); },
+                                                             [&](const Value& read) {
+                                                                 self(heldObject(object)).*Field = read;
+                                                                 return 0;
+                                                             });
                                    });
                                }});
     return *this;
@@ -217,10 +223,32 @@ Class<T>& Class<T>::constructors()
     m_table.construct = [](const CallArguments& call) -> OMC::BaseObject* {
         const std::string_view name = T::staticMetaObject.className(); // "OMC::Point2d"
         return callFirst<Forms...>(name.data() + name.rfind(':') + 1, call,
-                                   []<typename F>(const typename F::Slots& slots) { return F::call(slots); });
+                                   []<typename F>(typename F::ValueTuple& values) { return F::call(values); });
     };
     (m_table.constructors.push_back(Forms::describe()), ...);
     return *this;
+}
+
+/// `list[key] = value`.
+template <typename T>
+template <typename Key, typename Value>
+void Class<T>::assignItem(PyObject* list, PyObject* key, PyObject* value)
+{
+    using Values = std::tuple<Key, Value>;
+    convertAndCall(
+        [&] {
+            return Values{From<Key>::read(key, 0), From<Value>::read(value, 1)};
+        },
+        [list](const Values& read) { self(heldObject(list)).set(std::get<0>(read), std::get<1>(read)); });
+}
+
+/// `value in list`.
+template <typename T>
+template <typename Value>
+bool Class<T>::containsItem(PyObject* list, PyObject* value)
+{
+    return convertAndCall([value] { return From<Value>::read(value, 0); },
+                          [list](const Value& read) { return bool(self(heldObject(list)).contains(read)); });
 }
 
 template <typename T>
@@ -240,45 +268,38 @@ void Class<T>::deriveOperators()
         operators.itemByKey = [](OMC::BaseObject* o, const QString& key) { return toPython(self(o).get(key)); };
     }
     if constexpr (requires(int i, const OMC::Obj& v) { self(nullptr).set(i, v); }) {
-        operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
-            self(o).set(From<int>::read(key, 0),
-                        From<OMC::Obj>::accepts(value) ? From<OMC::Obj>::read(value, 1) : OMC::Obj());
+        operators.setItem = [](PyObject* list, PyObject* key, PyObject* value) {
+            assignItem<int, OMC::Obj>(list, key, From<OMC::Obj>::accepts(value) ? value : Py_None);
         };
     } else if constexpr (requires(int i, const QVariant& v) { self(nullptr).set(i, v); }) {
-        operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
+        operators.setItem = [](PyObject* list, PyObject* key, PyObject* value) {
             if constexpr (requires(const QString& k, const QVariant& v) { self(nullptr).set(k, v); }) {
                 if (PyUnicode_Check(key))
-                    return self(o).set(stringFrom(key), variantFrom(value));
+                    return assignItem<QString, QVariant>(list, key, value);
             }
-            self(o).set(From<int>::read(key, 0), variantFrom(value));
+            assignItem<int, QVariant>(list, key, value);
         };
     } else if constexpr (requires(const QString& k, const OMC::Obj& v) { self(nullptr).set(k, v); }) {
-        operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
+        operators.setItem = [](PyObject* list, PyObject* key, PyObject* value) {
             if (!From<QString>::accepts(key))
                 throwArgument(0, From<QString>::type, key);
             if (!From<OMC::Obj>::accepts(value))
                 throwArgument(1, From<OMC::Obj>::type, value);
-            self(o).set(From<QString>::read(key, 0), From<OMC::Obj>::read(value, 1));
+            assignItem<QString, OMC::Obj>(list, key, value);
         };
     } else if constexpr (requires(int i, const std::string& v) { self(nullptr).set(i, v); }) {
-        operators.setItem = [](OMC::BaseObject* o, PyObject* key, PyObject* value) {
-            self(o).set(From<unsigned int>::read(key, 0), From<std::string>::read(value, 1));
-        };
+        operators.setItem = &assignItem<unsigned int, std::string>;
     }
     if constexpr (
         requires(const QString& k) { self(nullptr).contains(k); } &&
         !requires(const QVariant& v) { self(nullptr).contains(v); }) {
-        operators.contains = [](OMC::BaseObject* o, PyObject* value) {
-            return bool(self(o).contains(stringFrom(value)));
-        };
+        operators.contains = &containsItem<QString>;
         operators.containsTextOnly = true;
     } else if constexpr (requires(const QVariant& v) { self(nullptr).contains(v); }) {
-        operators.contains = [](OMC::BaseObject* o, PyObject* value) {
-            return bool(self(o).contains(variantFrom(value)));
-        };
+        operators.contains = &containsItem<QVariant>;
     } else if constexpr (requires(const OMC::Obj& v) { self(nullptr).contains(v); }) {
-        operators.contains = [](OMC::BaseObject* o, PyObject* value) {
-            return From<OMC::Obj>::accepts(value) && self(o).contains(From<OMC::Obj>::read(value, 0));
+        operators.contains = [](PyObject* list, PyObject* value) {
+            return From<OMC::Obj>::accepts(value) && containsItem<OMC::Obj>(list, value);
         };
     }
     if constexpr (requires {

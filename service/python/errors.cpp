@@ -15,16 +15,6 @@ namespace {
 PyObject* errorType = nullptr;
 PyObject* argumentErrorType = nullptr;
 
-/// The sentence that the object model has for a bad argument.
-std::string argumentSentence(unsigned int index)
-{
-    try {
-        OMC::BaseObject::throwInvalidArgument(index);
-    } catch (const OMC::Exception& exception) {
-        return exception.what();
-    }
-}
-
 /// Sets brindle.Error, whose text is the sentence letter for letter.
 void raiseSentence(const std::string& sentence)
 {
@@ -48,6 +38,15 @@ void throwUndeletable(const char* name)
 {
     PyErr_Format(PyExc_AttributeError, "%s can't be deleted", name);
     throw PythonError{};
+}
+
+std::string argumentSentence(unsigned int index)
+{
+    try {
+        OMC::BaseObject::throwInvalidArgument(index);
+    } catch (const OMC::Exception& exception) {
+        return exception.message();
+    }
 }
 
 void throwArgument(unsigned int index, const char* expected, PyObject* got)

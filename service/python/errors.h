@@ -1,9 +1,9 @@
 #pragma once
 
-#include "service/python/enginegate.h"
 #include "service/python/pyref.h"
 
 #include <new>
+#include <string>
 #include <type_traits>
 
 namespace brindle::python {
@@ -17,6 +17,9 @@ struct PythonError {};
 /// Raises the AttributeError of `del object.name` for what every object of its class has.
 [[noreturn]] void throwUndeletable(const char* name);
 
+/// The sentence that the object model has for a bad argument: "Invalid argument at index %1."
+std::string argumentSentence(unsigned int index);
+
 /// Throws `brindle.ArgumentError`, which is a `brindle.Error` and a `TypeError`: "Invalid argument at index %1.", with
 /// a note that says what was expected and what came.
 [[noreturn]] void throwArgument(unsigned int index, const char* expected, PyObject* got);
@@ -27,14 +30,14 @@ void raiseCurrentException() noexcept;
 /// Makes `brindle.Error` and `brindle.ArgumentError`; false with a Python error raised.
 bool addErrors(PyObject* module);
 
-/// Runs a call of the object model on behalf of Python: waits while a blocking operation has the engine, and turns
-/// every exception into a Python error. `Result` is what a slot returns on failure: null for a pointer, else -1.
+/// Runs what CPython calls, and turns every exception into a Python error. `Result` is what a slot returns on failure:
+/// null for a pointer, else -1. The gate of the engine is asked where the object of the call is (`objectOf`) and behind
+/// the reading of arguments (`convertAndCall`).
 template <typename Function>
 auto guarded(Function&& function) noexcept -> std::invoke_result_t<Function>
 {
     using Result = std::invoke_result_t<Function>;
     try {
-        EngineGate::enter();
         return function();
     } catch (...) {
         raiseCurrentException();

@@ -2,6 +2,7 @@
 
 #include "core/frame/pythonthread.h"
 #include "core/host/application.h"
+#include "service/python/enginegate.h"
 #include "service/python/errors.h"
 
 #include <chrono>
@@ -51,6 +52,7 @@ PyObject* pump(PyObject*, PyObject*)
 {
     return guarded([]() -> PyObject* {
         while (threadsWork()) {
+            EngineGate::enter();
             BUIAPP_Application::processEventsNoAppLock(true);
             {
                 const OMC::PythonThreadScope others;

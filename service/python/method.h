@@ -1,6 +1,7 @@
 #pragma once
 
 #include "service/python/arguments.h"
+#include "service/python/enginecall.h"
 
 #include <string>
 #include <tuple>
@@ -76,13 +77,9 @@ struct ArgumentReader {
     static constexpr auto& arguments = argumentTable<Names>;
     static_assert(std::tuple_size_v<std::decay_t<decltype(arguments)>> == count, "every argument has a name");
 
-    /// Whether an argument may be a list that holds objects.
-    static constexpr bool takesVariants = []<typename... T>(std::tuple<T...>*) {
-        return (std::is_same_v<T, QVariant> || ...);
-    }(static_cast<Values*>(nullptr));
-
     /// The arguments of one call in order; null where one is left out.
     using Slots = std::array<PyObject*, count>;
+    using ValueTuple = Values;
     using Indexes = std::make_index_sequence<count>;
 
     static bool arrange(const CallArguments& call, Slots& slots)
@@ -93,6 +90,7 @@ struct ArgumentReader {
     /// Whether all values fit; where they don't, the first that does not.
     static bool accepts(const Slots& slots, unsigned int& misfit) { return acceptsAll(slots, misfit, Indexes{}); }
     static const char* expected(unsigned int index) { return expectedOf(index, Indexes{}); }
+    /// Reads the values ahead of the call, without touching the engine.
     static Values read(const Slots& slots) { return readAll(slots, Indexes{}); }
 
     /// "(frame: int, value: float, adjust_column: bool = False)"
@@ -120,10 +118,12 @@ private:
     template <std::size_t I>
     static auto readOne(const Slots& slots)
     {
-        if constexpr (arguments[I].required())
+        if constexpr (arguments[I].required()) {
             return Reader<I>::read(slots[I], I);
-        else
+        } else {
+            static_assert(Reader<I>::isDefault(arguments[I].fallback), "the argument's type reads its default");
             return slots[I] ? Reader<I>::read(slots[I], I) : Reader<I>::fallback(arguments[I].fallback);
+        }
     }
 
     template <std::size_t... I>
@@ -150,10 +150,9 @@ struct Form : ArgumentReader<typename Signature<decltype(Function)>::Values, Nam
     using Sig = Signature<decltype(Function)>;
     using Reader = ArgumentReader<typename Sig::Values, Names>;
 
-    static PyObject* call(OMC::BaseObject* object, const typename Reader::Slots& slots)
+    static PyObject* call(OMC::BaseObject* object, typename Sig::Values& values)
     {
         auto& self = static_cast<typename Sig::Class&>(*object);
-        typename Sig::Values values = Reader::read(slots);
         const auto run = [&]() -> decltype(auto) {
             return std::apply(
                 [&](auto&... value) -> decltype(auto) {
@@ -181,20 +180,20 @@ struct StaticForm : ArgumentReader<typename StaticSignature<decltype(Function)>:
     using Sig = StaticSignature<decltype(Function)>;
     using Reader = ArgumentReader<typename Sig::Values, Names>;
 
-    static PyObject* call(const typename Reader::Slots& slots)
+    static PyObject* call(typename Sig::Values& values)
     {
-        return toPython(std::apply(Function, Reader::read(slots)));
+        return toPython(std::apply([](auto&... value) -> decltype(auto) { return Function(value...); }, values));
     }
 
     static std::string describe() { return Reader::describe() + " -> " + resultType<typename Sig::Result>(); }
 };
 
-/// The result of the first form that fits the call.
+/// The result of the first form that fits the call. `run` gets the values of that form's arguments.
 template <typename... Forms, typename Run>
 auto callFirst(const char* name, const CallArguments& call, Run&& run)
 {
-    using Result = std::common_type_t<decltype(run.template operator()<Forms>({}))...>;
-    [[maybe_unused]] const std::conditional_t<(Forms::takesVariants || ...), HeldItems, std::monostate> held;
+    using Result =
+        std::common_type_t<decltype(run.template operator()<Forms>(std::declval<typename Forms::ValueTuple&>()))...>;
     Result result{};
     bool arranged = false;
     unsigned int misfit = 0;
@@ -206,7 +205,8 @@ auto callFirst(const char* name, const CallArguments& call, Run&& run)
             return false;
         unsigned int index = 0;
         if (F::accepts(slots, index)) {
-            result = run.template operator()<F>(slots);
+            result = convertAndCall([&] { return F::read(slots); },
+                                    [&](auto& values) { return run.template operator()<F>(values); });
             return true;
         }
         if (!std::exchange(arranged, true)) {
@@ -237,9 +237,9 @@ template <Text Name, typename... Forms>
 PyObject* callMethod(PyObject* self, PyObject* const* values, Py_ssize_t count, PyObject* names)
 {
     return guarded([&]() -> PyObject* {
-        OMC::BaseObject* object = objectOf(self);
-        return callFirst<Forms...>(Name.characters, {values, count, names},
-                                   [&]<typename F>(const typename F::Slots& slots) { return F::call(object, slots); });
+        return callFirst<Forms...>(
+            Name.characters, {values, count, names},
+            [self]<typename F>(typename F::ValueTuple& read) { return F::call(heldObject(self), read); });
     });
 }
 
@@ -258,7 +258,7 @@ PyObject* callStaticMethod(PyObject*, PyObject* const* values, Py_ssize_t count,
 {
     return guarded([&]() -> PyObject* {
         return callFirst<Forms...>(Name.characters, {values, count, names},
-                                   []<typename F>(const typename F::Slots& slots) { return F::call(slots); });
+                                   []<typename F>(typename F::ValueTuple& read) { return F::call(read); });
     });
 }
 

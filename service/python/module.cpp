@@ -1,3 +1,4 @@
+#include "service/python/enginegate.h"
 #include "service/python/errors.h"
 #include "service/python/interpreter.h"
 #include "service/python/operators.h"

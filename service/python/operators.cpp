@@ -44,7 +44,6 @@ PyObject* itemsOf(PyObject* self, PyObject* slice)
         throwArgument(0, "an index", slice);
     if (PySlice_Unpack(slice, &start, &stop, &step) < 0)
         throw PythonError{};
-    EngineGate::enter();
     const Py_ssize_t first = operators.firstIndex;
     start = boundFromZero(start, first, step);
     stop = boundFromZero(stop, first, step);
@@ -63,9 +62,11 @@ PyObject* subscript(PyObject* self, PyObject* key)
     return guarded([&]() -> PyObject* {
         const Operators& operators = operatorsOf(self);
         if (PyUnicode_Check(key) && operators.itemByKey)
-            return operators.itemByKey(objectOf(self), stringFrom(key));
+            return convertAndCall([key] { return stringFrom(key); },
+                                  [&](const QString& text) { return operators.itemByKey(heldObject(self), text); });
         if (PyIndex_Check(key) && operators.itemByIndex)
-            return operators.itemByIndex(objectOf(self), From<int>::read(key, 0));
+            return convertAndCall([key] { return From<int>::read(key, 0); },
+                                  [&](int index) { return operators.itemByIndex(heldObject(self), index); });
         if (PySlice_Check(key))
             return itemsOf(self, key);
         throwArgument(0, operators.itemByKey ? "int or str" : "int", key);
@@ -79,8 +80,7 @@ int assignSubscript(PyObject* self, PyObject* key, PyObject* value)
             throwTypeError("Items of %s can't be deleted", Py_TYPE(self)->tp_name);
         if (!PyIndex_Check(key) && !PyUnicode_Check(key))
             throwArgument(0, "an index", key);
-        const HeldItems held;
-        operatorsOf(self).setItem(objectOf(self), key, value);
+        operatorsOf(self).setItem(self, key, value);
         return 0;
     });
 }
@@ -109,8 +109,7 @@ int contains(PyObject* self, PyObject* value)
         const Operators& operators = operatorsOf(self);
         if (operators.containsTextOnly && !PyUnicode_Check(value))
             return isAmongItems(self, value);
-        const HeldItems held;
-        return operators.contains(objectOf(self), value);
+        return operators.contains(self, value);
     });
 }
 
@@ -122,7 +121,8 @@ PyObject* call(PyObject* self, PyObject* arguments, PyObject* names)
         PyObject* key = PyTuple_GET_ITEM(arguments, 0);
         if (!PyUnicode_Check(key))
             throwArgument(0, "str", key);
-        return operatorsOf(self).call(objectOf(self), stringFrom(key));
+        return convertAndCall([key] { return stringFrom(key); },
+                              [self](const QString& text) { return operatorsOf(self).call(heldObject(self), text); });
     });
 }
 

@@ -1,8 +1,9 @@
 #include "service/python/property.h"
 
+#include "service/python/enginecall.h"
 #include "service/python/errors.h"
-#include "service/python/values.h"
 
+#include <cmath>
 #include <cstring>
 #include <limits>
 #include <optional>
@@ -84,15 +85,27 @@ const PropertyType& propertyType(const QMetaProperty& meta)
     throw OMC::Exception(OMC::BaseObject::tr("Failed to write the property (Argument Type %1)").arg(type));
 }
 
+bool isNotFinite(const QVariant& value)
+{
+    return value.typeId() == QMetaType::Double && !std::isfinite(value.toDouble());
+}
+
+[[noreturn]] void refuseNotFinite(const QMetaProperty& meta)
+{
+    throw OMC::Exception(QStringLiteral("The property %1 takes finite numbers only.").arg(meta.name()));
+}
+
 /// Stops what Qt's conversion would change without a word: None where a value belongs, which Qt takes for a default,
 /// and a number that an int property would cut short.
 void refuseLossyValue(const QMetaProperty& meta, const QVariant& value)
 {
     if (!value.isValid() && meta.typeId() != QMetaType::QVariant)
-        refuseValue(QMetaType::fromType<std::nullptr_t>().name());
+        refuseValue("NoneType");
     const bool wide = value.typeId() == QMetaType::LongLong || value.typeId() == QMetaType::Double;
     if (meta.typeId() != QMetaType::Int || !wide)
         return;
+    if (isNotFinite(value))
+        refuseNotFinite(meta);
     const double number = value.toDouble();
     if (!(number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max()))
         refuseValue(value.typeName());
@@ -100,12 +113,19 @@ void refuseLossyValue(const QMetaProperty& meta, const QVariant& value)
 
 void write(PyObject* self, const Property& property, PyObject* value)
 {
-    OMC::BaseObject* object = objectOf(self);
-    const HeldItems held;
-    const QVariant variant = variantFrom(value);
-    if (property.meta.isWritable())
-        refuseLossyValue(property.meta, variant);
-    object->writeProperty(property.meta, variant);
+    convertAndCall([value] { return variantFrom(value); },
+                   [&](const QVariant& read) {
+                       OMC::BaseObject* object = heldObject(self);
+                       if (property.meta.isWritable())
+                           refuseLossyValue(property.meta, read);
+                       try {
+                           object->writeProperty(property.meta, read);
+                       } catch (const OMC::Exception& exception) {
+                           if (isNotFinite(read) && exception.message() == argumentSentence(0))
+                               refuseNotFinite(property.meta);
+                           throw;
+                       }
+                   });
 }
 
 /// The script method behind a property: a descriptor of the type, and what it gives when it is bound to an object.

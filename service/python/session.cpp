@@ -1,6 +1,7 @@
 #include "service/python/session.h"
 
 #include "core/frame/pythonthread.h"
+#include "service/python/enginegate.h"
 #include "service/python/errors.h"
 #include "service/python/interpreter.h"
 #include "service/python/wrapper.h"

@@ -1,5 +1,6 @@
 #include "service/python/valueprotocol.h"
 
+#include "service/python/enginecall.h"
 #include "service/python/types.h"
 
 #include <memory>
@@ -125,8 +126,8 @@ PyObject* rebuildValue(PyObject* cls, PyObject* state)
     const ClassTable& table = tableOf(type);
     const TypeEntry entry = {type, &table.operators};
     if (table.state.rebuild) {
-        const HeldItems held;
-        return adopt(entry, table.state.rebuild(variantFrom(state).toList()));
+        return convertAndCall([state] { return variantFrom(state); },
+                              [&](const QVariant& read) { return adopt(entry, table.state.rebuild(read.toList())); });
     }
     const std::vector<const Member*> members = membersOf(type);
     if (PyTuple_GET_SIZE(state) != static_cast<Py_ssize_t>(members.size()))

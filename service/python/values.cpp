@@ -62,7 +62,8 @@ QVariant integerFrom(PyObject* number)
     return QVariant(static_cast<int>(value));
 }
 
-/// A list or dict inside others while it is read. A script may raise Python's own limit beyond what the stack has.
+/// A list, dict or sequence inside others while it is read. A script may raise Python's own limit beyond what the stack
+/// has.
 class Nesting {
 public:
     explicit Nesting(const char* where)
@@ -90,7 +91,7 @@ private:
 
 thread_local int Nesting::s_depth = 0;
 
-QVariant sequenceFrom(PyObject* sequence)
+QVariant listFrom(PyObject* sequence)
 {
     // A list or tuple: PySequence_Fast hands out the object itself.
     const Py_ssize_t size = PySequence_Fast_GET_SIZE(sequence);
@@ -166,9 +167,59 @@ QVariant expressionFrom(PyObject* pattern)
     options.setFlag(QRegularExpression::MultilineOption, bits & 8);
     options.setFlag(QRegularExpression::DotMatchesEverythingOption, bits & 16);
     options.setFlag(QRegularExpression::ExtendedPatternSyntaxOption, bits & 64);
-    const QString expression = stringFrom(text.get());
-    EngineGate::enter();
-    return QRegularExpression(expression, options);
+    return QRegularExpression(stringFrom(text.get()), options);
+}
+
+/// Whether the value has a length and items by index. Bytes have, too, but are neither a text nor a list; a mapping has
+/// items by key.
+bool isSequence(PyObject* value)
+{
+    const PySequenceMethods* methods = Py_TYPE(value)->tp_as_sequence;
+    return methods && methods->sq_length && methods->sq_item && !PyBytes_Check(value) && !PyByteArray_Check(value) &&
+           !PyObject_HasAttrString(value, "keys");
+}
+
+bool isNumber(PyObject* value)
+{
+    return PyIndex_Check(value) || hasFloat(value);
+}
+
+QVariant numberFrom(PyObject* value)
+{
+    if (PyIndex_Check(value))
+        return integerFrom(Ref(checked(PyNumber_Index(value))).get());
+    const double number = PyFloat_AsDouble(value);
+    if (number == -1.0 && PyErr_Occurred())
+        throw PythonError{};
+    return QVariant(number);
+}
+
+/// Of a range, an array or a sequence of the script's own class, whose items may not exist before they are asked for.
+QVariant sequenceFrom(PyObject* sequence)
+{
+    // More would fill the memory, for a range that takes none itself.
+    constexpr Py_ssize_t most = Py_ssize_t(1) << 24;
+    const Py_ssize_t size = PySequence_Size(sequence);
+    if (size < 0) {
+        // An array of no dimension is a number.
+        if (!isNumber(sequence) || !PyErr_ExceptionMatches(PyExc_TypeError))
+            throw PythonError{};
+        PyErr_Clear();
+        return numberFrom(sequence);
+    }
+    if (size > most) {
+        PyErr_Format(PyExc_OverflowError, "A sequence of %zd items is too long; %zd are the most", size, most);
+        throw PythonError{};
+    }
+    const Nesting level(" while reading a sequence");
+    QVariantList values;
+    values.reserve(size);
+    for (Py_ssize_t i = 0; i < size; ++i) {
+        const Ref item(checked(PySequence_GetItem(sequence, i)));
+        HeldItems::hold(item.get());
+        values.append(variantFrom(item.get()));
+    }
+    return values;
 }
 
 QVariant functionFrom(PyObject* callable)
@@ -210,11 +261,14 @@ QString stringFrom(PyObject* text)
     return QString::fromUtf8(utf8, size);
 }
 
+bool isPath(PyObject* value)
+{
+    return PyObject_HasAttrString(reinterpret_cast<PyObject*>(Py_TYPE(value)), "__fspath__");
+}
+
 QString pathFrom(PyObject* value)
 {
     const Ref path(checked(PyOS_FSPath(value)));
-    // A script's own code has run, and other threads with it.
-    EngineGate::enter();
     if (!PyUnicode_Check(path.get()))
         throwTypeError("A path must be of str, not %s", Py_TYPE(path.get())->tp_name);
     return stringFrom(path.get());
@@ -233,18 +287,22 @@ QVariant variantFrom(PyObject* value)
     if (PyUnicode_Check(value))
         return QVariant(stringFrom(value));
     if (isWrapper(value))
-        return QVariant::fromValue<QObject*>(objectOf(value));
+        return QVariant::fromValue<QObject*>(heldObject(value));
     if (PyList_Check(value) || PyTuple_Check(value))
-        return sequenceFrom(value);
+        return listFrom(value);
     if (PyDict_Check(value))
         return mapFrom(value);
-    // From here on the value's own methods may run, and other threads with them: the gate is asked once more.
     if (isInstanceOf(value, "re", "Pattern"))
         return expressionFrom(value);
-    if (isInstanceOf(value, "pathlib", "PurePath"))
-        return QVariant(pathFrom(value));
     if (PyCallable_Check(value))
         return functionFrom(value);
+    if (isPath(value))
+        return QVariant(pathFrom(value));
+    // Ahead of the numbers: an array has `__index__` and `__float__` for its only item.
+    if (isSequence(value))
+        return sequenceFrom(value);
+    if (isNumber(value))
+        return numberFrom(value);
     throwTypeError("A value of type %s can't be used here", Py_TYPE(value)->tp_name);
 }
 

@@ -30,7 +30,16 @@ private:
     HeldItems* m_outer;
 };
 
-/// Where the value holds objects, `HeldItems` must live as long as the result.
+/// Whether a float can be made of the value.
+inline bool hasFloat(PyObject* value)
+{
+    const PyNumberMethods* number = Py_TYPE(value)->tp_as_number;
+    return number && number->nb_float;
+}
+/// Whether the value's class has `__fspath__`.
+bool isPath(PyObject* value);
+
+/// Where the value holds objects, `HeldItems` must live as long as the result. Touches nothing of the engine.
 QVariant variantFrom(PyObject* value);
 QString stringFrom(PyObject* text); ///< Of a str; throws on one that is no Unicode text (lone surrogates).
 QString pathFrom(PyObject* value);  ///< Of an object with `__fspath__`, which has to give a str.

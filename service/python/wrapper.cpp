@@ -1,5 +1,6 @@
 #include "service/python/wrapper.h"
 
+#include "service/python/enginegate.h"
 #include "service/python/errors.h"
 
 #include <array>
@@ -75,6 +76,12 @@ bool isWrapper(PyObject* value)
 }
 
 OMC::BaseObject* objectOf(PyObject* wrapper)
+{
+    EngineGate::enter();
+    return heldObject(wrapper);
+}
+
+OMC::BaseObject* heldObject(PyObject* wrapper)
 {
     OMC::BaseObject* object = reinterpret_cast<Wrapper*>(wrapper)->object;
     if (!object)

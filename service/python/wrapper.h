@@ -28,7 +28,12 @@ PyObject* toPython(OMC::Obj&& handle);
 /// Whether the value is an object of this module.
 bool isWrapper(PyObject* value);
 
-/// The object behind a Python object of this module; throws when there is none.
+/// The object behind a Python object of this module; throws when there is none. For arguments: the engine must not be
+/// touched through it yet.
+OMC::BaseObject* heldObject(PyObject* wrapper);
+
+/// The same for the object of a call: waits while a blocking operation has the engine (EngineGate::enter). Behind it no
+/// script's code may run ahead of the engine's, so all arguments have been read before.
 OMC::BaseObject* objectOf(PyObject* wrapper);
 
 /// Gives a new instance of a class of this module to Python; it takes the object.

@@ -20,6 +20,12 @@ GONE = "Object is no longer valid."
 NODE_GONE = "Node is no longer valid. Node may have been moved or deleted."
 APART = "These ports are no longer connected."
 
+
+def not_finite(name):
+    """What the write of a property says to infinity, and to what is no number."""
+    return f"The property {name} takes finite numbers only."
+
+
 State = collections.namedtuple("State", "saved labels total")
 
 # How a script makes one of each value class, which no project owns; and its repr.

@@ -37,18 +37,17 @@ AS_TEXT = [
 
 # A property that takes no such value names the type that arrived.
 ARRIVES_AS = [
-    (None, "std::nullptr_t"), (2**31, "qlonglong"), (-2**63, "qlonglong"), (1e300, "double"), (math.nan, "double"),
-    (math.inf, "double"), ("Arm", "QString"), ("", "QString"), (pathlib.Path("a"), "QString"),
+    (None, "NoneType"), (2**31, "qlonglong"), (-2**63, "qlonglong"), (1e300, "double"), ("Arm", "QString"), ("", "QString"), (pathlib.Path("a"), "QString"),
     (["a", "b"], "QStringList"), (("a",), "QStringList"),
     ([], "QVariantList"), ((), "QVariantList"), (["a", 1], "QVariantList"), ([1, 2.5], "QVariantList"),
     ([["a"]], "QVariantList"), ({}, "QVariantMap"), ({"a": [1]}, "QVariantMap"),
-    (re.compile("x"), "QRegularExpression"), (brindle.Point2d(), "QObject*"),
+    (range(2), "QVariantList"), (re.compile("x"), "QRegularExpression"), (brindle.Point2d(), "QObject*"),
 ]
 
 REFUSED = [
     (b"x", "A value of type bytes can't be used here"), ({1}, "A value of type set can't be used here"),
     (object(), "A value of type object can't be used here"), (1j, "A value of type complex can't be used here"),
-    (range(2), "A value of type range can't be used here"), ([1, [b"x"]], "A value of type bytes can't be used here"),
+    (bytearray(2), "A value of type bytearray can't be used here"), ([1, [b"x"]], "A value of type bytes can't be used here"),
     ({"a": b"x"}, "A value of type bytes can't be used here"), ({1: 2}, "The keys of a dict must be str, not int"),
     (re.compile(b"x"), "A pattern must be of str, not bytes"), (BytesPath("x"), "A path must be of str, not bytes"),
 ]
@@ -66,6 +65,22 @@ def test_a_value_of_the_wrong_type_is_refused_by_the_name_of_its_type(scene, sta
     message = support.message_of(setattr, scene, "frame_count", value)
     assert message == f"Failed to write the property (Argument Type {name})"
     assert state() == before
+
+
+@pytest.mark.parametrize("value", [math.nan, math.inf, -math.inf])
+@pytest.mark.parametrize("name", ["frame_count", "framerate"])
+def test_a_number_that_is_not_finite_is_refused_by_the_name_of_the_property(scene, state, name, value):
+    before = state()
+    message = f"The property {name} takes finite numbers only."
+    assert support.message_of(setattr, scene, name, value) == message
+    assert support.message_of(getattr(scene, f"set_{name}"), value) == message
+    assert state() == before
+
+
+def test_a_dead_object_says_so_whatever_it_is_written_with(app):
+    scene = app.scene
+    app.close()
+    assert support.message_of(setattr, scene, "framerate", math.nan) == support.GONE
 
 
 @pytest.mark.parametrize("value, message", REFUSED, ids=repr)

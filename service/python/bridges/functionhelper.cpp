@@ -1,12 +1,11 @@
 #include "service/python/bridges/functionhelper.h"
 
 #include "core/bridges/pythonfunction.h"
-#include "service/python/enginegate.h"
+#include "service/python/enginecall.h"
 #include "service/python/errors.h"
 #include "service/python/interpreter.h"
 #include "service/python/references.h"
 #include "service/python/scriptexception.h"
-#include "service/python/values.h"
 
 #include <utility>
 
@@ -53,9 +52,8 @@ QVariant callFunction(PyObject* function, const std::vector<QVariant>& arguments
     const Ref result(callScript(kept.get(), values.get()));
     if (!result)
         throw PythonError{};
-    EngineGate::enter();
-    const HeldItems held;
-    return detached(variantFrom(result.get()));
+    return convertAndCall([&] { return variantFrom(result.get()); },
+                          [](QVariant& value) { return detached(std::move(value)); });
 }
 
 class FunctionHelper final : public OMC::PythonFunctionHelper {

@@ -1,6 +1,7 @@
 #include "service/python/console/pulse.h"
 
 #include "core/host/application.h"
+#include "service/python/enginegate.h"
 #include "service/python/errors.h"
 
 #include <QScopeGuard>
@@ -21,6 +22,7 @@ constexpr int ownSignal = SIGURG;
 PyObject* heard(PyObject*, PyObject*)
 {
     return guarded([]() -> PyObject* {
+        EngineGate::enter();
         Pulse::beat();
         Py_RETURN_NONE;
     });

@@ -1,6 +1,7 @@
 #include "service/python/frame/locked.h"
 
 #include "core/frame/threadmanagerstate.h"
+#include "service/python/enginegate.h"
 #include "service/python/errors.h"
 
 namespace brindle::python {

@@ -13,8 +13,9 @@ struct From<const FrameOptions*> {
     static bool accepts(PyObject* value) { return value == Py_None || read(value, 0); }
     static const FrameOptions* read(PyObject* value, unsigned int)
     {
-        return isWrapper(value) ? dynamic_cast<const FrameOptions*>(objectOf(value)) : nullptr;
+        return isWrapper(value) ? dynamic_cast<const FrameOptions*>(heldObject(value)) : nullptr;
     }
+    static constexpr bool isDefault(std::string_view text) { return text == "None"; }
     static const FrameOptions* fallback(std::string_view) { return nullptr; }
 };
 
