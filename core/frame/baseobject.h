@@ -12,10 +12,11 @@
 
 class QMetaProperty;
 
-/// Gives a class its `copy()`, which is its copy constructor on the heap. It stands behind Q_OBJECT in the class.
+/// Gives a class its `copy()`, which is its copy constructor on the heap. It stands behind Q_OBJECT in the class,
+/// which is in no anonymous namespace.
 #define BRINDLE_COPYABLE(Class)                                                                                        \
 public:                                                                                                                \
-    Class* copy() const override                                                                                       \
+    BRINDLE_CORE_EXPORT Class* copy() const override                                                                   \
     {                                                                                                                  \
         return new Class(*this);                                                                                       \
     }                                                                                                                  \

@@ -39,4 +39,17 @@ private:
     WeakHandle<Target> m_target;
 };
 
+/// An EngineView that any thread may use: what it reads and changes is never looked at by a thread check.
+template <typename Target, typename Base = BaseObject>
+class UnguardedView : public EngineView<Target, Base> {
+protected:
+    using EngineView<Target, Base>::EngineView;
+
+    void validate() const override
+    {
+        if (this->isGone())
+            BaseObject::throwInvalid();
+    }
+};
+
 } // namespace OMC

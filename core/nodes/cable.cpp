@@ -2,7 +2,6 @@
 
 #include "core/frame/undo.h"
 #include "core/host/sc_scene.h"
-#include "core/nodes/cableends.h"
 #include "core/nodes/node.h"
 
 namespace OMC {
@@ -43,40 +42,29 @@ Obj linkHalf(PortT& port, const BaseObject& other, const QString& failure)
 
 } // namespace
 
-Cable::Cable(const OutPort* source, const InPort* destination)
-    : m_ends(std::make_unique<CableEnds>(source, destination))
-{}
-
-Cable::Cable(const Cable& other) : BaseObject(other), m_ends(std::make_unique<CableEnds>(*other.m_ends)) {}
-
-Cable::~Cable() = default;
-
-BaseObject* Cable::copy() const
-{
-    return new Cable(*this);
-}
+Cable::Cable(const OutPort* source, const InPort* destination) : m_ends(source, destination) {}
 
 std::string Cable::__str__() const
 {
     validate();
-    return m_ends->text();
+    return m_ends.text();
 }
 
 void Cable::validate() const
 {
-    m_ends->validate(direct);
+    m_ends.validate(direct);
 }
 
 MO_Port* Cable::getOutPort() const
 {
     validate();
-    return m_ends->source().getPort();
+    return m_ends.source().getPort();
 }
 
 MO_Port* Cable::getInPort() const
 {
     validate();
-    return m_ends->destination().getPort();
+    return m_ends.destination().getPort();
 }
 
 Obj Cable::insert(const Obj& node, const QVariant& inPort, const QVariant& outPort)
@@ -90,7 +78,7 @@ Obj Cable::insert(const Obj& node, const QVariant& inPort, const QVariant& outPo
     const undo::Scope scope(manager, tr("Inserting a node."));
 
     try {
-        m_ends->destination().unlink();
+        m_ends.destination().unlink();
     } catch (...) {
         throw Exception(tr("Failed to disconnect the port."));
     }
@@ -103,7 +91,7 @@ Obj Cable::insert(const Obj& node, const QVariant& inPort, const QVariant& outPo
         if (!entry)
             throw Exception(tr("Unable to determine the inport."));
     }
-    Obj front = linkHalf(m_ends->source(), entry ? static_cast<const BaseObject&>(*entry) : *inserted, failure);
+    Obj front = linkHalf(m_ends.source(), entry ? static_cast<const BaseObject&>(*entry) : *inserted, failure);
 
     // Required: `outPort` counts only as being there or not. The out-port is looked for in `inPort`, so that one number
     // serves both sides.
@@ -113,75 +101,75 @@ Obj Cable::insert(const Obj& node, const QVariant& inPort, const QVariant& outPo
         if (!exit)
             throw Exception(tr("Unable to determine the outport."));
     }
-    const Obj back = linkHalf(m_ends->destination(), exit ? static_cast<const BaseObject&>(*exit) : *inserted, failure);
+    const Obj back = linkHalf(m_ends.destination(), exit ? static_cast<const BaseObject&>(*exit) : *inserted, failure);
 
     const auto* backCable = objectIn<Cable>(back);
     if (!backCable || !objectIn<Cable>(front))
         throw Exception(std::string("An unexpeted error has occurred."));
-    m_ends->setDestination(backCable->m_ends->destination());
+    m_ends.setDestination(backCable->m_ends.destination());
     return front;
 }
 
 void Cable::unlink()
 {
     validate();
-    m_ends->destination().unlink();
+    m_ends.destination().unlink();
 }
 
 QVariant Cable::getSource() const
 {
     validate();
-    return toVariant(new OutPort(m_ends->source()));
+    return toVariant(new OutPort(m_ends.source()));
 }
 
 void Cable::setSource(const QVariant& value)
 {
     validate();
-    const Obj linked = m_ends->destination().link(value);
+    const Obj linked = m_ends.destination().link(value);
     const auto* cable = objectIn<Cable>(linked);
     if (!cable)
         throw Exception(tr("Failed to set the cable's source."));
-    m_ends->setSource(cable->m_ends->source());
+    m_ends.setSource(cable->m_ends.source());
 }
 
 QVariant Cable::getSourceNode() const
 {
     validate();
-    return toVariant(m_ends->sourceNode(direct));
+    return toVariant(m_ends.sourceNode(direct));
 }
 
 void Cable::setSourceNode(const QVariant& value)
 {
     const undo::Scope scope(commandManager(), tr("Changing the cable's source node."));
-    const Obj linked = m_ends->destination().link(value);
+    const Obj linked = m_ends.destination().link(value);
     const auto* cable = objectIn<Cable>(linked);
     if (!cable)
         throw Exception(tr("Failed to change the source node."));
-    m_ends->setSource(cable->m_ends->source());
+    m_ends.setSource(cable->m_ends.source());
 }
 
 QVariant Cable::getDestination() const
 {
     validate();
-    return toVariant(new InPort(m_ends->destination()));
+    return toVariant(new InPort(m_ends.destination()));
 }
 
 void Cable::setDestination(const QVariant& value)
 {
     const undo::Scope scope(commandManager(), tr("Changing the cable's destination node."));
-    m_ends->destination().unlink();
-    const Obj linked = m_ends->source().link(value);
+    m_ends.destination().unlink();
+    const Obj linked = m_ends.source().link(value);
     const auto* cable = objectIn<Cable>(linked);
     // Required: the sentence about the source serves the destination too.
     if (!cable)
         throw Exception(tr("Failed to set the cable's source."));
-    m_ends->setDestination(cable->m_ends->destination());
+    m_ends.setDestination(cable->m_ends.destination());
 }
 
 QVariant Cable::getDestinationNode() const
 {
     validate();
-    return toVariant(m_ends->destinationNode(direct));
+    return toVariant(m_ends.destinationNode(direct));
 }
 
 Obj Cable::getSourceFlatNode() const
@@ -203,13 +191,13 @@ Obj Cable::getSourceFlat() const
 CO_CommandManager& Cable::commandManager() const
 {
     validate();
-    return undo::manager(m_ends->destination().getNode()->sceneCommon());
+    return undo::manager(m_ends.destination().getNode()->sceneCommon());
 }
 
 MO_Port* Cable::destinationPort() const
 {
     validate();
-    MO_Port* port = m_ends->destination().getPort();
+    MO_Port* port = m_ends.destination().getPort();
     if (!port)
         throw Exception(tr("Unable to find corresponding ports."));
     return port;

@@ -1,17 +1,11 @@
 #pragma once
 
 #include "core/frame/obj.h"
-
-#include <memory>
+#include "core/nodes/cableends.h"
 
 class CO_CommandManager;
-class MO_Port;
 
 namespace OMC {
-
-class CableEnds;
-class InPort;
-class OutPort;
 
 /// A link between an out-port and an in-port, which can be moved to other ends, split by a node, or cut.
 ///
@@ -19,6 +13,7 @@ class OutPort;
 /// out-port. A cable that no longer matches says so at its next use.
 class BRINDLE_CORE_EXPORT Cable : public BaseObject {
     Q_OBJECT
+    BRINDLE_COPYABLE(Cable)
     Q_PROPERTY(QVariant source READ getSource WRITE setSource)
     Q_PROPERTY(QVariant source_node READ getSourceNode WRITE setSourceNode)
     Q_PROPERTY(QVariant destination READ getDestination WRITE setDestination)
@@ -30,10 +25,7 @@ class BRINDLE_CORE_EXPORT Cable : public BaseObject {
 public:
     /// Copies both ports; null gives a cable that is never valid.
     Cable(const OutPort* source, const InPort* destination);
-    Cable(const Cable& other);
-    ~Cable() override;
 
-    BaseObject* copy() const override;
     /// "Cable(%1, %2, %3, %4)": path and port id of the source, then of the destination.
     std::string __str__() const override;
 
@@ -63,7 +55,7 @@ private:
     CO_CommandManager& commandManager() const;
     MO_Port* destinationPort() const;
 
-    std::unique_ptr<CableEnds> m_ends;
+    CableEnds m_ends;
 };
 
 } // namespace OMC

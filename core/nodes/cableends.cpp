@@ -1,60 +1,32 @@
 #include "core/nodes/cableends.h"
 
+#include "core/frame/found.h"
 #include "core/nodes/node.h"
 
 namespace OMC {
 
 namespace {
 
-template <typename PortT>
-std::unique_ptr<PortT> ownCopy(const PortT* port)
-{
-    if (!port)
-        return nullptr;
-    auto copy = std::make_unique<PortT>(*port);
-    copy->setOwnership(OwnedByNative);
-    return copy;
-}
-
 Obj nodeOf(const Port& end, const QMetaObject& texts)
 {
-    const MO_Port* port = end.getPort();
-    if (!port)
-        throw Exception(texts.tr("Unable to find corresponding ports.", nullptr));
+    const MO_Port& port =
+        found(end.getPort(), [&] { return texts.tr("Unable to find corresponding ports.", nullptr); });
     // Required: the one sentence serves both ends.
-    if (!port->node())
-        throw Exception(texts.tr("Unable to find the source node.", nullptr));
-    return Obj(Node::getWrapped(port->node()));
+    MO_Node& node = found(port.node(), [&] { return texts.tr("Unable to find the source node.", nullptr); });
+    return Obj(Node::getWrapped(&node));
 }
 
 } // namespace
 
-CableEnds::CableEnds(const OutPort* source, const InPort* destination)
-    : m_source(ownCopy(source)),
-      m_destination(ownCopy(destination))
-{}
-
-CableEnds::CableEnds(const CableEnds& other) : CableEnds(other.m_source.get(), other.m_destination.get()) {}
-
-void CableEnds::setSource(const OutPort& source)
-{
-    m_source = ownCopy(&source);
-}
-
-void CableEnds::setDestination(const InPort& destination)
-{
-    m_destination = ownCopy(&destination);
-}
+CableEnds::CableEnds(const OutPort* source, const InPort* destination) : m_source(source), m_destination(destination) {}
 
 void CableEnds::validate(const View& view) const
 {
     if (!areSet())
         BaseObject::throwInvalid();
     const MO_Port* destination = m_destination->getPort();
-    const MO_Port* source = m_source->getPort();
-    if (!destination || !source)
-        BaseObject::throwInvalid();
-    if ((destination->*view.source)() != source)
+    const MO_Port& source = found(m_source->getPort());
+    if ((found(destination).*view.source)() != &source)
         throw Exception(view.texts.tr("These ports are no longer connected.", nullptr));
 }
 

@@ -3,12 +3,41 @@
 #include "core/nodes/inport.h"
 #include "core/nodes/outport.h"
 
-#include <memory>
+#include <optional>
 
 namespace OMC {
 
-/// The two port wrappers of a cable: copies of its own, owned by native code, so that a handle never takes one. They go
-/// with this record.
+/// A port wrapper that is part of another wrapper, or none: a copy of its own, which native code owns, so that a handle
+/// never takes it.
+template <typename PortT>
+class OwnPort {
+public:
+    explicit OwnPort(const PortT* port)
+    {
+        if (port)
+            assign(*port);
+    }
+    OwnPort(const OwnPort& other) : OwnPort(other.m_port ? &*other.m_port : nullptr) {}
+    OwnPort& operator=(const OwnPort&) = delete;
+
+    void assign(const PortT& port)
+    {
+        const PortT copy(port); // The port may be this one.
+        m_port.emplace(copy);
+        m_port->setOwnership(OwnedByNative);
+    }
+
+    explicit operator bool() const { return m_port.has_value(); }
+    const PortT& operator*() const { return *m_port; }
+    const PortT* operator->() const { return &*m_port; }
+    PortT& operator*() { return *m_port; }
+    PortT* operator->() { return &*m_port; }
+
+private:
+    std::optional<PortT> m_port;
+};
+
+/// The two ends of a cable.
 class CableEnds {
 public:
     /// The view that a cable takes of its link: what gives the source of its in-port, and the class that speaks.
@@ -18,14 +47,14 @@ public:
     };
 
     CableEnds(const OutPort* source, const InPort* destination); ///< Null gives an end that is never valid.
-    CableEnds(const CableEnds& other);
-    CableEnds& operator=(const CableEnds&) = delete;
 
     bool areSet() const { return m_source && m_destination; }
-    OutPort& source() const { return *m_source; }
-    InPort& destination() const { return *m_destination; }
-    void setSource(const OutPort& source);
-    void setDestination(const InPort& destination);
+    const OutPort& source() const { return *m_source; }
+    OutPort& source() { return *m_source; }
+    const InPort& destination() const { return *m_destination; }
+    InPort& destination() { return *m_destination; }
+    void setSource(const OutPort& source) { m_source.assign(source); }
+    void setDestination(const InPort& destination) { m_destination.assign(destination); }
 
     /// Throws when an end is gone, or the in-port's source isn't the out-port any more.
     void validate(const View& view) const;
@@ -35,8 +64,8 @@ public:
     std::string text() const; ///< "Cable(%1, %2, %3, %4)": path and port id of the source, then of the destination.
 
 private:
-    std::unique_ptr<OutPort> m_source;
-    std::unique_ptr<InPort> m_destination;
+    OwnPort<OutPort> m_source;
+    OwnPort<InPort> m_destination;
 };
 
 } // namespace OMC

@@ -1,11 +1,9 @@
 #include "core/nodes/cablelist.h"
 
-#include "core/frame/unexpected.h"
+#include "core/frame/found.h"
 #include "core/nodes/cable.h"
 #include "core/nodes/flatcable.h"
-#include "core/nodes/inport.h"
 #include "core/nodes/node.h"
-#include "core/nodes/outport.h"
 
 #include <algorithm>
 
@@ -13,21 +11,9 @@ namespace OMC {
 
 namespace {
 
-std::unique_ptr<OutPort> ownCopy(const OutPort* port)
-{
-    if (!port)
-        return nullptr;
-    auto copy = std::make_unique<OutPort>(*port);
-    copy->setOwnership(OwnedByNative);
-    return copy;
-}
-
 MO_Port* portOf(const OutPort& wrapper)
 {
-    MO_Port* port = wrapper.getPort();
-    if (!port)
-        BaseObject::throwInvalid();
-    return port;
+    return &found(wrapper.getPort());
 }
 
 std::string text(const QString& format, const OutPort& port)
@@ -68,57 +54,12 @@ Obj cable(const OutPort* source, const MO_Port* destination)
 
 } // namespace
 
-CableList::CableList(const OutPort* port) : m_port(ownCopy(port)) {}
-
-CableList::CableList(const CableList& other)
-    : ListObj(other),
-      IterableObj(other),
-      m_port(ownCopy(other.m_port.get())),
-      m_cursor(other.m_cursor)
-{}
-
-CableList::~CableList() = default;
-
-BaseObject* CableList::copy() const
-{
-    return new CableList(*this);
-}
+CableList::CableList(const OutPort* port) : m_port(port) {}
 
 std::string CableList::__str__() const
 {
     validate();
     return text(QStringLiteral("CableList(%1, %2)"), *m_port);
-}
-
-Obj CableList::__iterItem__() const
-{
-    return get(static_cast<int>(m_cursor));
-}
-
-void CableList::operator++()
-{
-    validate();
-    if (m_cursor < size())
-        ++m_cursor;
-}
-
-void CableList::operator--()
-{
-    validate();
-    if (m_cursor > 0)
-        --m_cursor;
-}
-
-bool CableList::__atend__() const
-{
-    return m_cursor >= size();
-}
-
-Obj CableList::__iter__() const
-{
-    auto* iterator = new CableList(*this);
-    iterator->m_cursor = 0;
-    return Obj(iterator);
 }
 
 std::size_t CableList::size() const
@@ -131,7 +72,7 @@ Obj CableList::get(int index) const
     const MO_Port* port = checkedPort();
     if (static_cast<unsigned int>(index) >= port->nDstPorts())
         throw Exception(tr("Cable index is out of range."));
-    return cable<Cable>(m_port.get(), port->dstPortsBegin()[index]);
+    return cable<Cable>(&*m_port, port->dstPortsBegin()[index]);
 }
 
 void CableList::set(int, const Obj&)
@@ -145,7 +86,7 @@ std::vector<Obj> CableList::list() const
     std::vector<Obj> cables;
     cables.reserve(port->nDstPorts());
     for (auto end = port->dstPortsBegin(); end != port->dstPortsEnd(); ++end)
-        cables.push_back(cable<Cable>(m_port.get(), *end));
+        cables.push_back(cable<Cable>(&*m_port, *end));
     return cables;
 }
 
@@ -169,28 +110,18 @@ void CableList::validate() const
     m_port->getNode();
 }
 
+void CableList::beforeStep() const
+{
+    validate();
+}
+
 MO_Port* CableList::checkedPort() const
 {
     validate();
     return portOf(*m_port);
 }
 
-FlatCableList::FlatCableList(const OutPort* port) : m_port(ownCopy(port)) {}
-
-FlatCableList::FlatCableList(const FlatCableList& other)
-    : ListObj(other),
-      IterableObj(other),
-      m_port(ownCopy(other.m_port.get())),
-      m_cursor(other.m_cursor),
-      m_snapshot(other.m_snapshot)
-{}
-
-FlatCableList::~FlatCableList() = default;
-
-BaseObject* FlatCableList::copy() const
-{
-    return new FlatCableList(*this);
-}
+FlatCableList::FlatCableList(const OutPort* port) : m_port(port) {}
 
 std::string FlatCableList::__str__() const
 {
@@ -198,49 +129,27 @@ std::string FlatCableList::__str__() const
     return text(QStringLiteral("FlatCableList(%1, %2)"), *m_port);
 }
 
-Obj FlatCableList::__iterItem__() const
-{
-    return get(static_cast<int>(m_cursor));
-}
-
-void FlatCableList::operator++()
+void FlatCableList::beforeStep() const
 {
     validate();
-    if (m_cursor < size())
-        ++m_cursor;
 }
 
-void FlatCableList::operator--()
-{
-    validate();
-    if (m_cursor > 0)
-        --m_cursor;
-}
-
-bool FlatCableList::__atend__() const
-{
-    return m_cursor >= size();
-}
-
-Obj FlatCableList::__iter__() const
+void FlatCableList::startIteration()
 {
     std::vector<MO_Port*> ports;
     checkedPort()->realDstPorts(ports);
-    auto snapshot = std::make_shared<Snapshot>();
-    snapshot->reserve(ports.size());
+    std::vector<InPort> ends;
+    ends.reserve(ports.size());
     for (const MO_Port* port : ports)
-        snapshot->emplace_back(port->node(), port->id());
-    auto* iterator = new FlatCableList(*this);
-    iterator->m_cursor = 0;
-    iterator->m_snapshot = std::move(snapshot);
-    return Obj(iterator);
+        ends.emplace_back(port->node(), port->id());
+    m_snapshot.take(std::move(ends));
 }
 
 std::size_t FlatCableList::size() const
 {
     const MO_Port* port = checkedPort();
-    if (m_snapshot)
-        return m_snapshot->size();
+    if (m_snapshot.isTaken())
+        return m_snapshot.size();
     std::vector<MO_Port*> ports;
     port->realDstPorts(ports);
     return ports.size();
@@ -250,12 +159,12 @@ Obj FlatCableList::get(int index) const
 {
     const MO_Port* port = checkedPort();
     std::vector<MO_Port*> ports;
-    if (!m_snapshot)
+    if (!m_snapshot.isTaken())
         port->realDstPorts(ports);
     const auto place = static_cast<std::size_t>(index);
-    if (index < 0 || place >= (m_snapshot ? m_snapshot->size() : ports.size()))
+    if (index < 0 || place >= (m_snapshot.isTaken() ? m_snapshot.size() : ports.size()))
         throw Exception(tr("Cable index is out of range."));
-    return cableTo(m_snapshot ? (*m_snapshot)[place].findPort() : ports[place]);
+    return cableTo(m_snapshot.isTaken() ? m_snapshot[place].findPort() : ports[place]);
 }
 
 void FlatCableList::set(int, const Obj&)
@@ -298,12 +207,12 @@ std::vector<MO_Port*> FlatCableList::destinations() const
 {
     const MO_Port* port = checkedPort();
     std::vector<MO_Port*> ends;
-    if (!m_snapshot) {
+    if (!m_snapshot.isTaken()) {
         port->realDstPorts(ends);
         return ends;
     }
-    ends.reserve(m_snapshot->size());
-    for (const InPort& end : *m_snapshot)
+    ends.reserve(m_snapshot.size());
+    for (const InPort& end : m_snapshot)
         ends.push_back(end.findPort());
     return ends;
 }
@@ -312,7 +221,7 @@ Obj FlatCableList::cableTo(const MO_Port* port) const
 {
     if (!port || !port->node())
         unexpected::fail(unexpected::ErrorHasOccurred);
-    return cable<FlatCable>(m_port.get(), port);
+    return cable<FlatCable>(&*m_port, port);
 }
 
 } // namespace OMC

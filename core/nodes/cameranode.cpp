@@ -6,13 +6,6 @@ namespace OMC {
 
 CameraNode::CameraNode(TUCameraModule* node) : Node(node) {}
 
-CameraNode::CameraNode(const CameraNode& other) : Node(other) {}
-
-BaseObject* CameraNode::copy() const
-{
-    return new CameraNode(*this);
-}
-
 std::string CameraNode::__str__() const
 {
     return textAs("CameraNode");

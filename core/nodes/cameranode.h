@@ -9,12 +9,11 @@ namespace OMC {
 /// The node through which a scene is seen.
 class BRINDLE_CORE_EXPORT CameraNode : public Node {
     Q_OBJECT
+    BRINDLE_COPYABLE(CameraNode)
 
 public:
     explicit CameraNode(TUCameraModule* node);
-    CameraNode(const CameraNode& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 };
 

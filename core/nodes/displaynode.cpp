@@ -6,13 +6,6 @@ namespace OMC {
 
 DisplayNode::DisplayNode(TUDisplayModule* node) : Node(node) {}
 
-DisplayNode::DisplayNode(const DisplayNode& other) : Node(other) {}
-
-BaseObject* DisplayNode::copy() const
-{
-    return new DisplayNode(*this);
-}
-
 std::string DisplayNode::__str__() const
 {
     return textAs("DisplayNode");

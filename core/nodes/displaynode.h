@@ -9,12 +9,11 @@ namespace OMC {
 /// A node that shows the picture which reaches it.
 class BRINDLE_CORE_EXPORT DisplayNode : public Node {
     Q_OBJECT
+    BRINDLE_COPYABLE(DisplayNode)
 
 public:
     explicit DisplayNode(TUDisplayModule* node);
-    DisplayNode(const DisplayNode& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 };
 

@@ -1,7 +1,5 @@
 #include "core/nodes/flatcable.h"
 
-#include "core/nodes/cableends.h"
-
 namespace OMC {
 
 namespace {
@@ -10,55 +8,44 @@ const CableEnds::View flat{&MO_Port::realSrcPort, FlatCable::staticMetaObject};
 
 } // namespace
 
-FlatCable::FlatCable(const OutPort* source, const InPort* destination)
-    : m_ends(std::make_unique<CableEnds>(source, destination))
-{}
-
-FlatCable::FlatCable(const FlatCable& other) : BaseObject(other), m_ends(std::make_unique<CableEnds>(*other.m_ends)) {}
-
-FlatCable::~FlatCable() = default;
-
-BaseObject* FlatCable::copy() const
-{
-    return new FlatCable(*this);
-}
+FlatCable::FlatCable(const OutPort* source, const InPort* destination) : m_ends(source, destination) {}
 
 std::string FlatCable::__str__() const
 {
     validate();
-    return m_ends->text();
+    return m_ends.text();
 }
 
 void FlatCable::validate() const
 {
-    if (!m_ends->areSet())
+    if (!m_ends.areSet())
         throwInvalid();
     validateThreadLock();
-    m_ends->validate(flat);
+    m_ends.validate(flat);
 }
 
 Obj FlatCable::getSource() const
 {
     validate();
-    return Obj(new OutPort(m_ends->source()));
+    return Obj(new OutPort(m_ends.source()));
 }
 
 Obj FlatCable::getSourceNode() const
 {
     validate();
-    return m_ends->sourceNode(flat);
+    return m_ends.sourceNode(flat);
 }
 
 Obj FlatCable::getDestination() const
 {
     validate();
-    return Obj(new InPort(m_ends->destination()));
+    return Obj(new InPort(m_ends.destination()));
 }
 
 Obj FlatCable::getDestinationNode() const
 {
     validate();
-    return m_ends->destinationNode(flat);
+    return m_ends.destinationNode(flat);
 }
 
 } // namespace OMC

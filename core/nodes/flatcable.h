@@ -1,20 +1,16 @@
 #pragma once
 
 #include "core/frame/obj.h"
-
-#include <memory>
+#include "core/nodes/cableends.h"
 
 namespace OMC {
-
-class CableEnds;
-class InPort;
-class OutPort;
 
 /// A real connection through groups, read-only: from the out-port whose picture or movement arrives at the in-port.
 ///
 /// It is valid while the in-port's real source is the out-port.
 class BRINDLE_CORE_EXPORT FlatCable : public BaseObject {
     Q_OBJECT
+    BRINDLE_COPYABLE(FlatCable)
     Q_PROPERTY(OMC::Obj source READ getSource)
     Q_PROPERTY(OMC::Obj source_node READ getSourceNode)
     Q_PROPERTY(OMC::Obj destination READ getDestination)
@@ -23,10 +19,7 @@ class BRINDLE_CORE_EXPORT FlatCable : public BaseObject {
 public:
     /// Copies both ports; null gives a cable that is never valid.
     FlatCable(const OutPort* source, const InPort* destination);
-    FlatCable(const FlatCable& other);
-    ~FlatCable() override;
 
-    BaseObject* copy() const override;
     /// "Cable(%1, %2, %3, %4)": path and port id of the source, then of the destination.
     std::string __str__() const override;
 
@@ -39,7 +32,7 @@ protected:
     void validate() const override;
 
 private:
-    std::unique_ptr<CableEnds> m_ends;
+    CableEnds m_ends;
 };
 
 } // namespace OMC

@@ -60,13 +60,6 @@ Obj added(TUGroup& group, std::unique_ptr<MO_Node> node, int x, int y, CO_Comman
 
 GroupNode::GroupNode(TUGroup* group) : Node(group) {}
 
-GroupNode::GroupNode(const GroupNode& other) : Node(other) {}
-
-BaseObject* GroupNode::copy() const
-{
-    return new GroupNode(*this);
-}
-
 std::string GroupNode::__str__() const
 {
     return textAs("Group");
@@ -74,7 +67,7 @@ std::string GroupNode::__str__() const
 
 Obj GroupNode::getMultiPortIn() const
 {
-    TUGroup* group = validNode().group();
+    TUGroup* group = target().group();
     if (!group)
         return Obj();
     if (TUMultiPortIn* node = group->getOutMultiPort())
@@ -85,7 +78,7 @@ Obj GroupNode::getMultiPortIn() const
 
 Obj GroupNode::getMultiPortOut() const
 {
-    TUGroup* group = validNode().group();
+    TUGroup* group = target().group();
     if (!group)
         return Obj();
     if (TUMultiPortOut* node = group->getInMultiPort())
@@ -97,8 +90,13 @@ Obj GroupNode::getMultiPortOut() const
 
 Obj GroupNode::getNodes() const
 {
-    TUGroup* group = validNode().group();
-    return group ? Obj(new NodeList(group)) : Obj();
+    return Obj(newNodes());
+}
+
+NodeList* GroupNode::newNodes() const
+{
+    TUGroup* group = target().group();
+    return group ? new NodeList(group) : nullptr;
 }
 
 TUGroup* GroupNode::getGroup() const

@@ -34,11 +34,6 @@ Obj cable(const MO_Port* source, const InPort* destination)
 
 InPort::InPort(MO_Node* node, unsigned int id) : Port(node, id, true) {}
 
-BaseObject* InPort::copy() const
-{
-    return new InPort(*this);
-}
-
 Obj InPort::link(const QVariant& value)
 {
     // Required: null and false disconnect the wrapper's own Qt connections and leave the link alone; scripts cut a link

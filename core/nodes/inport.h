@@ -10,6 +10,7 @@ namespace OMC {
 /// the port. A source that there isn't reads as null.
 class BRINDLE_CORE_EXPORT InPort : public Port {
     Q_OBJECT
+    BRINDLE_COPYABLE(InPort)
     Q_PROPERTY(bool linked READ getLinked)
     Q_PROPERTY(bool matte_port READ getMattePort)
     Q_PROPERTY(OMC::Obj cable READ getCable)
@@ -21,9 +22,6 @@ class BRINDLE_CORE_EXPORT InPort : public Port {
 
 public:
     InPort(MO_Node* node, unsigned int id);
-    InPort(const InPort& other) = default;
-
-    BaseObject* copy() const override;
 
     /// Links the out-port that the value names (Port::QVariantToOutPort) to this port, in place of its source, and
     /// gives the cable. Null and false leave the link as it is: `unlink` cuts it.

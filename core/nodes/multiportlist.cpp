@@ -12,11 +12,6 @@ namespace OMC {
 
 MultiPortList::MultiPortList(MO_Node* node, bool isInPort) : PortList(node, isInPort) {}
 
-BaseObject* MultiPortList::copy() const
-{
-    return new MultiPortList(*this);
-}
-
 bool MultiPortList::getDynamic() const
 {
     return true;
@@ -24,7 +19,7 @@ bool MultiPortList::getDynamic() const
 
 Obj MultiPortList::create(unsigned int index, const QString& type)
 {
-    MO_Node* node = checkedNode();
+    MO_Node* node = &target();
     CO_CommandManager& manager = undo::manager(node->sceneCommon());
     // Required: the number of in-ports bounds the place in out-port lists as well.
     const unsigned int place = std::min(index, node->nInPorts());
@@ -47,7 +42,7 @@ Obj MultiPortList::create(unsigned int index, const QString& type)
     }
     if (!command || !manager.execute(command.release(), label))
         return {};
-    return wrapped((node->*side().at)(place));
+    return Obj(wrapped((node->*side().at)(place)));
 }
 
 Obj MultiPortList::create(const QString& type)
@@ -57,7 +52,7 @@ Obj MultiPortList::create(const QString& type)
 
 Obj MultiPortList::create(const Obj& port, bool before, const QString& type)
 {
-    const MO_Node* node = checkedNode();
+    const MO_Node* node = &target();
     const auto* neighbour = objectIn<Port>(port);
     if (!neighbour)
         throw Exception(tr("Port object is not valid."));
@@ -73,7 +68,7 @@ Obj MultiPortList::create(const Obj& port, bool before, const QString& type)
 
 void MultiPortList::remove(unsigned int index)
 {
-    MO_Node* node = checkedNode();
+    MO_Node* node = &target();
     if (!(node->*side().at)(index))
         throw Exception(isInPortList() ? tr("No in port available at given index.")
                                        : tr("No out port available at given index."));
@@ -85,7 +80,7 @@ void MultiPortList::remove(unsigned int index)
 
 void MultiPortList::remove(const Obj& port)
 {
-    MO_Node* node = checkedNode();
+    MO_Node* node = &target();
     const auto* removed = objectIn<Port>(port);
     if (!removed)
         throw Exception(tr("Invalid port-type specified for removal."));
@@ -122,7 +117,7 @@ void MultiPortList::removeOutPort(MO_Node* node, unsigned int index)
 
 std::unique_ptr<MO_Port> MultiPortList::newPort(const QString& type) const
 {
-    const MO_Node* node = checkedNode();
+    const MO_Node* node = &target();
     if (type.isNull()) {
         if (node->nOutPorts() > 0 && !node->hasImageOutput())
             return MO_Port::createMatrixPort();
@@ -139,11 +134,6 @@ std::unique_ptr<MO_Port> MultiPortList::newPort(const QString& type) const
 }
 
 MultiInPortList::MultiInPortList(MO_Node* node) : MultiPortList(node, true) {}
-
-BaseObject* MultiInPortList::copy() const
-{
-    return new MultiInPortList(*this);
-}
 
 Obj MultiInPortList::getMattePort() const
 {

@@ -10,12 +10,11 @@ namespace OMC {
 /// decide. Ports behind a new or a removed one change their places and keep their ids.
 class BRINDLE_CORE_EXPORT MultiPortList : public PortList {
     Q_OBJECT
+    BRINDLE_COPYABLE(MultiPortList)
 
 public:
     MultiPortList(MO_Node* node, bool isInPort);
-    MultiPortList(const MultiPortList& other) = default;
 
-    BaseObject* copy() const override;
     bool getDynamic() const override;
 
     /// Make a port at a place, at the end, or before or behind another port. Empty when the node takes none or refuses.
@@ -36,13 +35,12 @@ private:
 
 class BRINDLE_CORE_EXPORT MultiInPortList : public MultiPortList {
     Q_OBJECT
+    BRINDLE_COPYABLE(MultiInPortList)
     Q_PROPERTY(OMC::Obj matte_port READ getMattePort)
 
 public:
     explicit MultiInPortList(MO_Node* node);
-    MultiInPortList(const MultiInPortList& other) = default;
 
-    BaseObject* copy() const override;
     virtual Obj getMattePort() const; ///< The last matte port; empty when there is none.
 };
 

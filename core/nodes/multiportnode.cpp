@@ -6,13 +6,6 @@ namespace OMC {
 
 MultiPortNode::MultiPortNode(MO_Node* node) : Node(node) {}
 
-MultiPortNode::MultiPortNode(const MultiPortNode& other) : Node(other) {}
-
-BaseObject* MultiPortNode::copy() const
-{
-    return new MultiPortNode(*this);
-}
-
 std::string MultiPortNode::__str__() const
 {
     return {};
@@ -40,20 +33,6 @@ bool MultiPortNode::removePort(const Port*)
 
 MultiPortInNode::MultiPortInNode(MO_Node* node) : MultiPortNode(node) {}
 
-MultiPortInNode::MultiPortInNode(const MultiPortInNode& other) : MultiPortNode(other) {}
-
-BaseObject* MultiPortInNode::copy() const
-{
-    return new MultiPortInNode(*this);
-}
-
 MultiPortOutNode::MultiPortOutNode(MO_Node* node) : MultiPortNode(node) {}
-
-MultiPortOutNode::MultiPortOutNode(const MultiPortOutNode& other) : MultiPortNode(other) {}
-
-BaseObject* MultiPortOutNode::copy() const
-{
-    return new MultiPortOutNode(*this);
-}
 
 } // namespace OMC

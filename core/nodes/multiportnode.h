@@ -12,12 +12,11 @@ class Port;
 /// lists, and `Node::getWrapped` gives such a node as a plain Node.
 class BRINDLE_CORE_EXPORT MultiPortNode : public Node {
     Q_OBJECT
+    BRINDLE_COPYABLE(MultiPortNode)
 
 public:
     explicit MultiPortNode(MO_Node* node);
-    MultiPortNode(const MultiPortNode& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     virtual Port* addPort(unsigned int index, bool before);
@@ -29,23 +28,19 @@ public:
 /// The node that faces the group's in-ports.
 class BRINDLE_CORE_EXPORT MultiPortInNode : public MultiPortNode {
     Q_OBJECT
+    BRINDLE_COPYABLE(MultiPortInNode)
 
 public:
     explicit MultiPortInNode(MO_Node* node);
-    MultiPortInNode(const MultiPortInNode& other);
-
-    BaseObject* copy() const override;
 };
 
 /// The node that faces the group's out-ports.
 class BRINDLE_CORE_EXPORT MultiPortOutNode : public MultiPortNode {
     Q_OBJECT
+    BRINDLE_COPYABLE(MultiPortOutNode)
 
 public:
     explicit MultiPortOutNode(MO_Node* node);
-    MultiPortOutNode(const MultiPortOutNode& other);
-
-    BaseObject* copy() const override;
 };
 
 } // namespace OMC

@@ -45,8 +45,8 @@ TUGroup* groupAt(MO_Node& target)
 /// Brings a wrapper back to its node when a move has failed: the node left the scene, where it stands again.
 class Node::Homecoming {
 public:
-    Homecoming(WeakHandle<MO_Node>& handle, const MO_Node& node)
-        : m_handle(handle),
+    Homecoming(Node& wrapper, const MO_Node& node)
+        : m_wrapper(wrapper),
           m_scene(node.sceneCommon()),
           m_path(node.qualifiedName())
     {}
@@ -54,19 +54,17 @@ public:
     Homecoming& operator=(const Homecoming&) = delete;
     ~Homecoming()
     {
-        if (!m_handle.get())
-            m_handle.assign(node_util::getNodeFromQualifiedName_optimized(m_scene, m_path));
+        if (m_wrapper.isGone())
+            m_wrapper.setTarget(node_util::getNodeFromQualifiedName_optimized(m_scene, m_path));
     }
 
 private:
-    WeakHandle<MO_Node>& m_handle;
+    Node& m_wrapper;
     const SC_SceneCommon* m_scene;
     QString m_path;
 };
 
-Node::Node(MO_Node* node) : m_node(node) {}
-
-Node::Node(const Node& other) : BaseObject(other), m_node(other.m_node) {}
+Node::Node(MO_Node* node) : EngineView(node) {}
 
 Node* Node::getWrapped(MO_Node* node)
 {
@@ -77,11 +75,6 @@ Node* Node::getWrapped(MO_Node* node)
     return visitor.take();
 }
 
-BaseObject* Node::copy() const
-{
-    return new Node(*this);
-}
-
 std::string Node::__str__() const
 {
     return textAs("Node");
@@ -89,44 +82,59 @@ std::string Node::__str__() const
 
 Obj Node::getAttributes() const
 {
-    return Obj(new AttributeList(&validNode(), QStringList(), AttributeList::AllOfLevel));
+    return Obj(newAttributes());
+}
+
+AttributeList* Node::newAttributes() const
+{
+    return new AttributeList(&target(), QStringList(), AttributeList::AllOfLevel);
 }
 
 Obj Node::getPortsIn() const
 {
-    MO_Node& node = validNode();
+    return Obj(newPortsIn());
+}
+
+PortList* Node::newPortsIn() const
+{
+    MO_Node& node = target();
     switch (node.portMode()) {
     case MO_DynamicInPorts:
     case MO_DynamicInPortsOnly:
     case MO_DynamicPorts:
-        return Obj(new MultiInPortList(&node));
+        return new MultiInPortList(&node);
     case MO_DynamicOutPortsOnly:
         throw Exception(tr("Multi-In nodes do not support in-ports."));
     case MO_FixedPorts:
         break;
     }
-    return Obj(new InPortList(&node));
+    return new InPortList(&node);
 }
 
 Obj Node::getPortsOut() const
 {
-    MO_Node& node = validNode();
+    return Obj(newPortsOut());
+}
+
+PortList* Node::newPortsOut() const
+{
+    MO_Node& node = target();
     switch (node.portMode()) {
     case MO_DynamicInPortsOnly:
         throw Exception(tr("The node does not support out-ports."));
     case MO_DynamicOutPortsOnly:
     case MO_DynamicPorts:
-        return Obj(new MultiPortList(&node, false));
+        return new MultiPortList(&node, false);
     case MO_FixedPorts:
     case MO_DynamicInPorts:
         break;
     }
-    return Obj(new PortList(&node, false));
+    return new PortList(&node, false);
 }
 
 Obj Node::parentScene() const
 {
-    const SC_SceneCommon* scene = validNode().sceneCommon();
+    const SC_SceneCommon* scene = target().sceneCommon();
     if (!scene)
         unexpected::fail(unexpected::ExceptionMisspelt);
     return Obj(new Scene(dynamic_cast<TUScene*>(scene->timedValues())));
@@ -134,25 +142,25 @@ Obj Node::parentScene() const
 
 Obj Node::parentGroup() const
 {
-    return Obj(new GroupNode(validNode().parentGroup()));
+    return Obj(new GroupNode(target().parentGroup()));
 }
 
-void Node::moveTo(const Obj& target, int x, int y)
+void Node::moveTo(const Obj& place, int x, int y)
 {
     validate();
-    const Node* wrapper = objectIn<Node>(target);
+    const Node* wrapper = objectIn<Node>(place);
     MO_Node* node = wrapper ? wrapper->getNode() : nullptr;
     if (!node)
         throw Exception(tr("Unable to find the target node."));
     moveNode(groupAt(*node), x, y);
 }
 
-void Node::moveTo(const QString& target, int x, int y)
+void Node::moveTo(const QString& path, int x, int y)
 {
-    const SC_SceneCommon* scene = validNode().sceneCommon();
+    const SC_SceneCommon* scene = target().sceneCommon();
     if (!scene)
         throwInvalid();
-    MO_Node* node = node_util::getNodeFromQualifiedName_optimized(scene, target);
+    MO_Node* node = node_util::getNodeFromQualifiedName_optimized(scene, path);
     if (!node)
         throw Exception(tr("Unable to find the target node."));
     moveNode(groupAt(*node), x, y);
@@ -160,12 +168,12 @@ void Node::moveTo(const QString& target, int x, int y)
 
 QString Node::getName() const
 {
-    return validNode().instanceName();
+    return target().instanceName();
 }
 
 void Node::setName(const QString& name)
 {
-    MO_Node& node = validNode();
+    MO_Node& node = target();
     CO_CommandManager& manager = undo::manager(node.sceneCommon());
     // The label has the name as it was given, not as the engine takes it: required, people look for what they typed.
     undo::run(manager, new tu_node::SetInstanceNameCmd(&node, TUModuleNameValidator::getValidName(name)),
@@ -174,22 +182,22 @@ void Node::setName(const QString& name)
 
 QString Node::getPath() const
 {
-    return validNode().qualifiedName();
+    return target().qualifiedName();
 }
 
 void Node::setPath(const QString& path)
 {
-    MO_Node& node = validNode();
+    MO_Node& node = target();
     QStringList parts = path.split(QLatin1Char('/'));
     if (parts.size() < 2)
         throw Exception(tr("Invalid target path."));
     const QString wanted = parts.takeLast();
     CO_CommandManager& manager = undo::manager(node.sceneCommon());
-    const Homecoming homecoming(m_node, node);
+    const Homecoming homecoming(*this, node);
     undo::Scope scope(manager, tr("Changing the node path"));
     try {
         moveTo(parts.join(QLatin1Char('/')), node.x(), node.y());
-        if (validNode().instanceName() != wanted)
+        if (target().instanceName() != wanted)
             setName(wanted);
     } catch (const Exception&) {
         throw;
@@ -200,18 +208,23 @@ void Node::setPath(const QString& path)
 
 QString Node::getType() const
 {
-    return validNode().typeName();
+    return target().typeName();
 }
 
 // The coordinates of an invalid node are invalid themselves and say so at their first use.
 QVariant Node::getPosition() const
 {
-    return toVariant(new Node_Coordinates(getNode()));
+    return toVariant(newPosition());
+}
+
+Node_Coordinates* Node::newPosition() const
+{
+    return new Node_Coordinates(getNode());
 }
 
 void Node::setPosition(const QVariant& position) const
 {
-    MO_Node& node = validNode();
+    MO_Node& node = target();
     double x = 0.0;
     double y = 0.0;
     double z = node.z();
@@ -228,12 +241,12 @@ void Node::setPosition(const QVariant& position) const
 
 bool Node::getEnabled() const
 {
-    return validNode().isEnabled();
+    return target().isEnabled();
 }
 
 void Node::setEnabled(bool enabled)
 {
-    MO_Node& node = validNode();
+    MO_Node& node = target();
     // One label for both values, and a refusal is silent: required as it is.
     undo::manager(node.sceneCommon())
         .execute(new tu_node::EnabledNodeCmd(&node, enabled), tr("Enable ") + node.instanceName());
@@ -244,12 +257,12 @@ bool Node::getValid() const
     return getNode() != nullptr;
 }
 
-void Node::moveNode(TUGroup* target, int, int)
+void Node::moveNode(TUGroup* group, int, int)
 {
-    MO_Node& node = validNode();
+    MO_Node& node = target();
     if (!node.parentGroup())
         throw Exception(tr("The node source is invalid."));
-    if (!target)
+    if (!group)
         throw Exception(tr("The target group is invalid."));
     const node_move::Terms terms{
         .makesMultiPort = true,
@@ -262,40 +275,34 @@ void Node::moveNode(TUGroup* target, int, int)
         .failed = {},
         .severalNodes = tr("CHECK THIS -- IT SHOULD ONLY BE ONE, BUT I CANT CONFIRM THAT WITH GROUP NODES."),
     };
-    const Homecoming homecoming(m_node, node);
-    const std::vector<MO_Node*> moved = node_move::moveNodes({&node}, node.sceneCommon(), *target, terms);
-    if (!moved.empty() && moved.front() != m_node.get())
-        m_node.assign(moved.front());
+    const Homecoming homecoming(*this, node);
+    const std::vector<MO_Node*> moved = node_move::moveNodes({&node}, node.sceneCommon(), *group, terms);
+    if (!moved.empty() && moved.front() != findTarget())
+        setTarget(moved.front());
 }
 
 bool Node::__eq__(const Obj& other) const
 {
-    const MO_Node& node = validNode();
+    const MO_Node& node = target();
     const Node* wrapper = objectIn<Node>(other);
     return wrapper && wrapper->getNode() == &node;
 }
 
 MO_Node* Node::getNode() const
 {
-    return m_node.get();
+    return findTarget();
 }
 
 void Node::validate() const
 {
-    if (!m_node.get())
+    if (isGone())
         throw Exception(tr("Node is no longer valid. Node may have been moved or deleted."));
     validateThreadLock();
 }
 
-MO_Node& Node::validNode() const
-{
-    validate();
-    return *m_node.get();
-}
-
 std::string Node::textAs(const char* className) const
 {
-    return (QLatin1String(className) + QLatin1Char('(') + validNode().qualifiedName() + QLatin1Char(')')).toStdString();
+    return (QLatin1String(className) + QLatin1Char('(') + target().qualifiedName() + QLatin1Char(')')).toStdString();
 }
 
 } // namespace OMC

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/frame/engineview.h"
 #include "core/frame/obj.h"
-#include "core/frame/weakhandle.h"
 
 #include <QString>
 #include <QVariant>
@@ -10,6 +10,10 @@ class MO_Node;
 class TUGroup;
 
 namespace OMC {
+
+class AttributeList;
+class Node_Coordinates;
+class PortList;
 
 /// One node of a scene's graph.
 ///
@@ -21,8 +25,9 @@ namespace OMC {
 ///
 /// A move to a group makes a new node there and removes the old one: the wrapper that was told to move goes on with the
 /// new node, all others are invalid. Undoing it brings the old node back, for which there are new wrappers only.
-class BRINDLE_CORE_EXPORT Node : public BaseObject {
+class BRINDLE_CORE_EXPORT Node : public EngineView<MO_Node> {
     Q_OBJECT
+    BRINDLE_COPYABLE(Node)
     Q_PROPERTY(OMC::Obj attributes READ getAttributes)
     Q_PROPERTY(OMC::Obj ports_in READ getPortsIn)
     Q_PROPERTY(OMC::Obj ports_out READ getPortsOut)
@@ -34,17 +39,18 @@ class BRINDLE_CORE_EXPORT Node : public BaseObject {
     Q_PROPERTY(bool valid READ getValid)
 
 public:
-    Node(const Node& other);
-
     /// The wrapper for an engine node, which the caller owns (as a rule through an Obj); null for null.
     static Node* getWrapped(MO_Node* node);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     virtual Obj getAttributes() const; ///< The AttributeList of the node's top level.
     virtual Obj getPortsIn() const;    ///< Its class follows the node's port mode; throws for a node without in-ports.
     virtual Obj getPortsOut() const;   ///< Its class follows the node's port mode; throws for a node without out-ports.
+    /// The same, for a caller that takes the wrapper itself.
+    AttributeList* newAttributes() const;
+    PortList* newPortsIn() const;
+    PortList* newPortsOut() const;
 
     virtual Obj parentScene() const;
     virtual Obj parentGroup() const; ///< An invalid GroupNode at the root group.
@@ -52,8 +58,8 @@ public:
     /// Moves the node to a group; to a node that is no group: beside it. Throws for a group that is, or lies in, the
     /// node itself. A drop that the engine refuses is silent: the node stays where it was, as `path` tells. The place
     /// in the node view is the engine's to choose: x and y are not used.
-    virtual void moveTo(const Obj& target, int x, int y);
-    virtual void moveTo(const QString& target, int x, int y);
+    virtual void moveTo(const Obj& place, int x, int y);
+    virtual void moveTo(const QString& path, int x, int y);
 
     virtual QString getName() const;
     virtual void setName(const QString& name); ///< The engine takes the name with what it can't hold changed.
@@ -63,6 +69,7 @@ public:
     virtual QString getType() const; ///< "PEG", "READ", ...
 
     virtual QVariant getPosition() const; ///< A Node_Coordinates, also of an invalid node.
+    Node_Coordinates* newPosition() const;
     /// Any form of Point3d::ConvertQVariant; one that tells no z keeps the node's. Fractions are cut off.
     virtual void setPosition(const QVariant& position) const;
 
@@ -71,7 +78,7 @@ public:
     virtual bool getValid() const; ///< Whether the node is there; never throws.
 
     /// What the forms of `moveTo` come down to.
-    virtual void moveNode(TUGroup* target, int x, int y);
+    virtual void moveNode(TUGroup* group, int x, int y);
 
     /// Whether the other object is a wrapper, of whatever class, of the same engine node.
     bool __eq__(const Obj& other) const;
@@ -85,15 +92,11 @@ protected:
     explicit Node(MO_Node* node);
 
     void validate() const override;
-    /// The engine node of a wrapper that is valid; throws otherwise.
-    MO_Node& validNode() const;
     /// "Class(path)", the text of a node's wrapper.
     std::string textAs(const char* className) const;
 
 private:
     class Homecoming;
-
-    WeakHandle<MO_Node> m_node;
 };
 
 } // namespace OMC

@@ -9,37 +9,30 @@
 
 namespace OMC {
 
-Node_Coordinates::Node_Coordinates(MO_Node* node) : m_node(node) {}
-
-Node_Coordinates::Node_Coordinates(const Node_Coordinates& other) : BaseObject(other), m_node(other.m_node) {}
-
-BaseObject* Node_Coordinates::copy() const
-{
-    return new Node_Coordinates(*this);
-}
+Node_Coordinates::Node_Coordinates(MO_Node* node) : EngineView(node) {}
 
 // The engine's y, 32 more than the property's: required, scripts parse this text.
 std::string Node_Coordinates::__str__() const
 {
-    const MO_Node& node = this->node();
+    const MO_Node& node = target();
     return QStringLiteral("NodeCoordinates(%1, %2, %3)").arg(node.x()).arg(node.y()).arg(node.z()).toStdString();
 }
 
 void Node_Coordinates::setX(int x)
 {
-    MO_Node& node = this->node();
+    MO_Node& node = target();
     undo::manager(node.sceneCommon())
         .execute(new tu_node::SetXYCmd(&node, x, node.y()), tr("Set X position of ") + node.instanceName());
 }
 
 int Node_Coordinates::getX() const
 {
-    return node().x();
+    return target().x();
 }
 
 void Node_Coordinates::setY(int y)
 {
-    MO_Node& node = this->node();
+    MO_Node& node = target();
     if (y > std::numeric_limits<int>::max() - networkOffset)
         throwInvalidArgument(0);
     undo::manager(node.sceneCommon())
@@ -49,12 +42,12 @@ void Node_Coordinates::setY(int y)
 
 int Node_Coordinates::getY() const
 {
-    return std::max(node().y(), std::numeric_limits<int>::min() + networkOffset) - networkOffset;
+    return std::max(target().y(), std::numeric_limits<int>::min() + networkOffset) - networkOffset;
 }
 
 void Node_Coordinates::setZ(int z)
 {
-    MO_Node& node = this->node();
+    MO_Node& node = target();
     CO_CommandManager& manager = undo::manager(node.sceneCommon());
     undo::run(manager, new tu_node::SetXYZCmd(&node, node.x(), node.y(), z),
               tr("Set Z position of ") + node.instanceName(), tr("Failed to set the node's position."));
@@ -62,19 +55,13 @@ void Node_Coordinates::setZ(int z)
 
 int Node_Coordinates::getZ() const
 {
-    return node().z();
+    return target().z();
 }
 
 void Node_Coordinates::validate() const
 {
-    if (!m_node.get())
+    if (isGone())
         throwInvalid();
-}
-
-MO_Node& Node_Coordinates::node() const
-{
-    validate();
-    return *m_node.get();
 }
 
 } // namespace OMC

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "core/frame/baseobject.h"
-#include "core/frame/weakhandle.h"
+#include "core/frame/engineview.h"
 
 class MO_Node;
 
@@ -11,8 +10,9 @@ namespace OMC {
 ///
 /// Reads ask the engine, writes are commands. It goes invalid with the node ("Object is no longer valid.") and makes no
 /// thread check.
-class BRINDLE_CORE_EXPORT Node_Coordinates : public BaseObject {
+class BRINDLE_CORE_EXPORT Node_Coordinates : public EngineView<MO_Node> {
     Q_OBJECT
+    BRINDLE_COPYABLE(Node_Coordinates)
     Q_PROPERTY(int x READ getX WRITE setX)
     Q_PROPERTY(int y READ getY WRITE setY)
     Q_PROPERTY(int z READ getZ WRITE setZ)
@@ -22,9 +22,7 @@ public:
     static constexpr int networkOffset = 32;
 
     explicit Node_Coordinates(MO_Node* node);
-    Node_Coordinates(const Node_Coordinates& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     virtual void setX(int x);
@@ -36,11 +34,6 @@ public:
 
 protected:
     void validate() const override;
-
-private:
-    MO_Node& node() const;
-
-    WeakHandle<MO_Node> m_node;
 };
 
 } // namespace OMC

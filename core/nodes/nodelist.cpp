@@ -1,52 +1,47 @@
 #include "core/nodes/nodelist.h"
 
+#include "core/host/mo_node.h"
+#include "core/host/sc_scene.h"
 #include "core/nodes/node.h"
 #include "core/nodes/nodecollector.h"
-#include "core/nodes/nodelist_p.h"
 
 namespace OMC {
 
-NodeList::NodeList() : d(std::make_unique<Private>()) {}
+// A list that no loop goes through is at its end.
+NodeList::NodeList()
+{
+    setAtEnd(true);
+}
 
 NodeList::NodeList(TUScene* scene, bool topOnly) : NodeList()
 {
-    d->mode = topOnly ? Private::GroupNodes : Private::SceneNodes;
-    d->scene.assign(scene);
+    m_mode = topOnly ? GroupNodes : SceneNodes;
+    m_scene.assign(scene);
     if (topOnly && scene)
-        d->group.assign(scene->getRootGroup());
+        m_group.assign(scene->getRootGroup());
 }
 
 NodeList::NodeList(TUGroup* group) : NodeList()
 {
-    d->mode = Private::GroupNodes;
-    d->group.assign(group);
-}
-
-NodeList::NodeList(const NodeList& other) : ListObj(other), IterableObj(other), d(std::make_unique<Private>(*other.d))
-{}
-
-NodeList::~NodeList() = default;
-
-BaseObject* NodeList::copy() const
-{
-    return new NodeList(*this);
+    m_mode = GroupNodes;
+    m_group.assign(group);
 }
 
 std::string NodeList::__str__() const
 {
     validate();
     QString kind;
-    switch (d->mode) {
-    case Private::SceneNodes:
+    switch (m_mode) {
+    case SceneNodes:
         kind = QStringLiteral("Scene");
         break;
-    case Private::GroupNodes:
-        kind = QStringLiteral("Group, ") + d->liveGroup()->qualifiedName();
+    case GroupNodes:
+        kind = QStringLiteral("Group, ") + m_group.get()->qualifiedName();
         break;
-    case Private::Handles:
+    case Handles:
         kind = QStringLiteral("Node");
         break;
-    case Private::Unknown:
+    case Unknown:
         kind = QStringLiteral("Unknown");
         break;
     }
@@ -56,14 +51,14 @@ std::string NodeList::__str__() const
 std::size_t NodeList::size() const
 {
     validate();
-    switch (d->mode) {
-    case Private::SceneNodes:
+    switch (m_mode) {
+    case SceneNodes:
         return engineNodes().size();
-    case Private::GroupNodes:
-        return d->liveGroup()->nSubNodes();
-    case Private::Handles:
-        return static_cast<std::size_t>(d->nodes.size());
-    case Private::Unknown:
+    case GroupNodes:
+        return m_group.get()->nSubNodes();
+    case Handles:
+        return static_cast<std::size_t>(m_nodes.size());
+    case Unknown:
         break;
     }
     return 0;
@@ -71,14 +66,24 @@ std::size_t NodeList::size() const
 
 Obj NodeList::get(const QString& name) const
 {
-    validate();
-    return Obj(Node::getWrapped(findNode(name)));
+    return Obj(newItem(name));
 }
 
 Obj NodeList::get(int index) const
 {
+    return Obj(newItem(index));
+}
+
+Node* NodeList::newItem(const QString& name) const
+{
     validate();
-    return Obj(Node::getWrapped(nodeAt(index)));
+    return Node::getWrapped(findNode(name));
+}
+
+Node* NodeList::newItem(int index) const
+{
+    validate();
+    return Node::getWrapped(nodeAt(index));
 }
 
 void NodeList::set(int, const Obj&)
@@ -111,21 +116,21 @@ std::vector<Obj> NodeList::find(const QVariant& filter) const
 {
     validate();
     NodeCollector collector(filter);
-    switch (d->mode) {
-    case Private::SceneNodes:
-        if (TUGroup* root = d->liveScene()->getRootGroup())
+    switch (m_mode) {
+    case SceneNodes:
+        if (TUGroup* root = m_scene.get()->getRootGroup())
             root->accept(collector);
         break;
-    case Private::GroupNodes:
-        d->liveGroup()->accept(collector);
+    case GroupNodes:
+        m_group.get()->accept(collector);
         break;
-    case Private::Handles:
-        for (qsizetype index = 0; index < d->nodes.size(); ++index) {
-            if (MO_Node* node = d->handle(index))
+    case Handles:
+        for (qsizetype index = 0; index < m_nodes.size(); ++index) {
+            if (MO_Node* node = m_nodes.at(index).get())
                 node->accept(collector);
         }
         break;
-    case Private::Unknown:
+    case Unknown:
         break;
     }
     std::vector<Obj> wrappers;
@@ -137,80 +142,38 @@ std::vector<Obj> NodeList::find(const QVariant& filter) const
 
 void NodeList::addNode(MO_Node* node)
 {
-    d->mode = Private::Handles;
-    d->append(node);
+    m_mode = Handles;
+    append(node);
 }
 
-Obj NodeList::__iterItem__() const
+void NodeList::append(MO_Node* node)
+{
+    m_nodes.append(WeakHandle<MO_Node>(node));
+}
+
+void NodeList::beforeIteration() const
 {
     validate();
-    std::vector<MO_Node*> walked;
-    std::size_t count = 0;
-    switch (d->mode) {
-    case Private::SceneNodes:
-        walked = engineNodes();
-        count = walked.size();
-        break;
-    case Private::GroupNodes:
-        count = d->liveGroup()->nSubNodes();
-        break;
-    case Private::Handles:
-        count = static_cast<std::size_t>(d->nodes.size());
-        break;
-    case Private::Unknown:
-        break;
-    }
-    if (d->cursor >= count)
-        throw Exception(tr("Iteration item is out of range."));
-    if (d->cursor + 1 == count)
-        d->atEnd = true;
-    if (d->mode == Private::SceneNodes)
-        return Obj(Node::getWrapped(walked[d->cursor]));
-    return Obj(Node::getWrapped(nodeAt(static_cast<int>(d->cursor))));
 }
 
-void NodeList::operator++()
+void NodeList::startIteration()
 {
-    ++d->cursor;
-}
-
-void NodeList::operator--()
-{
-    if (d->cursor == 0)
-        return;
-    --d->cursor;
-    d->atEnd = false;
-}
-
-bool NodeList::__atend__() const
-{
-    return d->atEnd;
-}
-
-Obj NodeList::__iter__() const
-{
-    validate();
-    auto copy = std::make_unique<NodeList>(*this);
-    Private& iteration = *copy->d;
-    iteration.cursor = 0;
-    if (iteration.mode == Private::SceneNodes) {
+    if (m_mode == SceneNodes) {
         const std::vector<MO_Node*> nodes = engineNodes();
-        iteration.mode = Private::Handles;
-        iteration.nodes.clear();
-        iteration.nodes.reserve(static_cast<qsizetype>(nodes.size()));
+        m_mode = Handles;
+        m_nodes.clear();
+        m_nodes.reserve(static_cast<qsizetype>(nodes.size()));
         for (MO_Node* node : nodes)
-            iteration.append(node);
+            append(node);
     }
-    iteration.atEnd =
-        iteration.mode == Private::GroupNodes ? iteration.liveGroup()->nSubNodes() == 0 : iteration.nodes.isEmpty();
-    return Obj(copy.release());
+    FlaggedList::startIteration();
 }
 
 void NodeList::validate() const
 {
     validateThreadLock();
-    const bool valid = (d->mode == Private::SceneNodes && d->liveScene()) ||
-                       (d->mode == Private::GroupNodes && d->liveGroup()) || d->mode == Private::Handles;
+    const bool valid =
+        (m_mode == SceneNodes && m_scene.get()) || (m_mode == GroupNodes && m_group.get()) || m_mode == Handles;
     if (!valid)
         throwInvalid();
 }
@@ -219,20 +182,20 @@ void NodeList::validate() const
 std::vector<MO_Node*> NodeList::engineNodes() const
 {
     std::vector<MO_Node*> nodes;
-    switch (d->mode) {
-    case Private::SceneNodes:
-        if (const TUGroup* root = d->liveScene()->getRootGroup())
+    switch (m_mode) {
+    case SceneNodes:
+        if (const TUGroup* root = m_scene.get()->getRootGroup())
             root->getRecursiveSubNodeList(nodes);
         break;
-    case Private::GroupNodes:
-        nodes.assign(d->liveGroup()->subNodesBegin(), d->liveGroup()->subNodesEnd());
+    case GroupNodes:
+        nodes.assign(m_group.get()->subNodesBegin(), m_group.get()->subNodesEnd());
         break;
-    case Private::Handles:
-        nodes.reserve(static_cast<std::size_t>(d->nodes.size()));
-        for (qsizetype index = 0; index < d->nodes.size(); ++index)
-            nodes.push_back(d->handle(index));
+    case Handles:
+        nodes.reserve(static_cast<std::size_t>(m_nodes.size()));
+        for (qsizetype index = 0; index < m_nodes.size(); ++index)
+            nodes.push_back(m_nodes.at(index).get());
         break;
-    case Private::Unknown:
+    case Unknown:
         break;
     }
     return nodes;
@@ -240,10 +203,10 @@ std::vector<MO_Node*> NodeList::engineNodes() const
 
 MO_Node* NodeList::findNode(const QString& name) const
 {
-    if (d->mode == Private::SceneNodes)
-        return node_util::getNodeFromQualifiedName_optimized(d->liveScene()->sceneCommon(), name);
-    if (d->mode == Private::GroupNodes) {
-        TUGroup* group = d->liveGroup();
+    if (m_mode == SceneNodes)
+        return node_util::getNodeFromQualifiedName_optimized(m_scene.get()->sceneCommon(), name);
+    if (m_mode == GroupNodes) {
+        TUGroup* group = m_group.get();
         MO_Node* subNode = group->subNode(name);
         const QString path = group->qualifiedName();
         if (name == path)
@@ -256,8 +219,8 @@ MO_Node* NodeList::findNode(const QString& name) const
             return node;
         return node_util::getNodeFromQualifiedName(group, text, false);
     }
-    for (qsizetype index = 0; index < d->nodes.size(); ++index) {
-        MO_Node* node = d->handle(index);
+    for (qsizetype index = 0; index < m_nodes.size(); ++index) {
+        MO_Node* node = m_nodes.at(index).get();
         if (node && (node->instanceName() == name || node->qualifiedName() == name))
             return node;
     }
@@ -271,16 +234,16 @@ MO_Node* NodeList::nodeAt(int index) const
             throwIndexOutOfRange();
         return static_cast<std::size_t>(index);
     };
-    switch (d->mode) {
-    case Private::SceneNodes: {
+    switch (m_mode) {
+    case SceneNodes: {
         const std::vector<MO_Node*> nodes = engineNodes();
         return nodes[inRange(nodes.size())];
     }
-    case Private::GroupNodes:
-        return d->liveGroup()->subNode(static_cast<unsigned int>(inRange(d->liveGroup()->nSubNodes())));
-    case Private::Handles:
-        return d->handle(static_cast<qsizetype>(inRange(static_cast<std::size_t>(d->nodes.size()))));
-    case Private::Unknown:
+    case GroupNodes:
+        return m_group.get()->subNode(static_cast<unsigned int>(inRange(m_group.get()->nSubNodes())));
+    case Handles:
+        return m_nodes.at(static_cast<qsizetype>(inRange(static_cast<std::size_t>(m_nodes.size())))).get();
+    case Unknown:
         break;
     }
     return nullptr;

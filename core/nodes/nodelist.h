@@ -1,10 +1,13 @@
 #pragma once
 
 #include "core/frame/iterable.h"
+#include "core/frame/listiteration.h"
 #include "core/frame/listobj.h"
+#include "core/frame/weakhandle.h"
+
+#include <QList>
 
 #include <cstddef>
-#include <memory>
 #include <set>
 #include <vector>
 
@@ -15,22 +18,22 @@ class TUScene;
 
 namespace OMC {
 
+class Node;
+
 /// Nodes of a scene (all of them, at any depth), of a group (its direct sub-nodes), or a list filled by native code.
 ///
 /// The lists of a scene and of a group keep no members and ask the engine at each call; they go invalid with their
 /// scene or group. A loop over a scene's list goes over the nodes as they were when it began. A filled list holds weak
 /// handles, whose dead ones show as empty; before the first `addNode` it is invalid.
-class BRINDLE_CORE_EXPORT NodeList : public ListObj, public IterableObj {
+class BRINDLE_CORE_EXPORT NodeList : public FlaggedList<ListObj, IterableObj> {
     Q_OBJECT
+    BRINDLE_COPYABLE(NodeList)
 
 public:
     NodeList();
     NodeList(TUScene* scene, bool topOnly); ///< `topOnly`: the direct sub-nodes of the root group.
     explicit NodeList(TUGroup* group);
-    NodeList(const NodeList& other);
-    ~NodeList() override;
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     std::size_t size() const override;
@@ -40,6 +43,9 @@ public:
     Obj get(int index) const override;               ///< Throws beyond either end.
     void set(int index, const Obj& object) override; ///< Always refused.
     std::vector<Obj> list() const override;
+    /// The same as `get`, for a caller that takes the wrapper itself; null where there is none.
+    Node* newItem(const QString& name) const;
+    Node* newItem(int index) const;
     virtual bool contains(const QString& name) const;
     virtual Obj operator()(const QString& name) const;
 
@@ -70,16 +76,16 @@ public:
     void nodesFromQVariant(const QVariant& value, std::set<MO_Node*>& nodes) const;
     void nodesFromQVariant(const QVariant& value, std::vector<MO_Node*>& nodes) const;
 
-    Obj __iterItem__() const override; ///< Empty for a node that is gone.
-    void operator++() override;
-    void operator--() override;
-    bool __atend__() const override;
-    Obj __iter__() const override;
-
 protected:
     void validate() const override;
+    void beforeIteration() const override;
+    void startIteration() override;
 
 private:
+    /// Where the nodes come from.
+    enum Mode { SceneNodes, GroupNodes, Handles, Unknown };
+
+    void append(MO_Node* node);
     std::vector<MO_Node*> engineNodes() const;
     MO_Node* findNode(const QString& name) const;
     MO_Node* nodeAt(int index) const;
@@ -90,8 +96,10 @@ private:
     std::vector<MO_Node*> moveNodesToGroup(TUGroup* group, const std::vector<MO_Node*>& nodes);
     bool removeNodesHelper(const std::set<MO_Node*>& nodes, bool deleteTimedValues, bool bridge);
 
-    struct Private;
-    std::unique_ptr<Private> d;
+    Mode m_mode = Unknown;
+    WeakHandle<TUScene> m_scene;
+    WeakHandle<TUGroup> m_group;
+    QList<WeakHandle<MO_Node>> m_nodes; ///< Shared by copies of the list, until one of them adds a node.
 };
 
 } // namespace OMC

@@ -1,11 +1,12 @@
 #include "core/nodes/nodelist.h"
 
 #include "core/frame/undo.h"
+#include "core/host/mo_node.h"
+#include "core/host/sc_scene.h"
 #include "core/host/tu_node.h"
 #include "core/nodes/indexargument.h"
 #include "core/nodes/node.h"
 #include "core/nodes/node_coordinates.h"
-#include "core/nodes/nodelist_p.h"
 #include "core/nodes/nodemove.h"
 
 #include <QStringList>
@@ -42,7 +43,7 @@ Obj NodeList::create(const QString& type, const QVariant& group, const QString& 
             throw Exception(tr("Invalid group specified."));
         return Obj(Node::getWrapped(addNodeHelper(scene, parent, name, type, 0, 0, 0)));
     }
-    if (d->mode == Private::SceneNodes && nodes.empty())
+    if (m_mode == SceneNodes && nodes.empty())
         throw Exception(tr("Unable to find specified group."));
     throw Exception(tr("Unable to find the specified group."));
 }
@@ -56,10 +57,10 @@ Obj NodeList::create(const QString& type, const QString& name)
         return create(type, QVariant(parts.join(QLatin1Char('/'))), last);
     }
     TUGroup* group = nullptr;
-    if (d->mode == Private::SceneNodes)
-        group = d->liveScene()->getRootGroup();
-    else if (d->mode == Private::GroupNodes)
-        group = d->liveGroup();
+    if (m_mode == SceneNodes)
+        group = m_scene.get()->getRootGroup();
+    else if (m_mode == GroupNodes)
+        group = m_group.get();
     if (!group)
         throw Exception(tr("Unable to add nodes to this list."));
     SC_SceneCommon* scene = group->sceneCommon();
@@ -73,7 +74,7 @@ QVariant NodeList::move(const QVariant& nodes, int, int)
     validate();
     std::vector<MO_Node*> moving;
     nodesFromQVariant(nodes, moving);
-    TUGroup* group = d->mode == Private::GroupNodes ? d->liveGroup() : nullptr;
+    TUGroup* group = m_mode == GroupNodes ? m_group.get() : nullptr;
     if (!group)
         throw Exception(tr("Unable to move nodes into this list."));
     if (!group->sceneCommon())
@@ -195,9 +196,9 @@ bool NodeList::removeNodesHelper(const std::set<MO_Node*>& nodes, bool deleteTim
 {
     if (nodes.empty())
         throw Exception(tr("No valid nodes specified."));
-    TUScene* scene = d->liveScene();
+    TUScene* scene = m_scene.get();
     if (!scene) {
-        const MO_Node* member = d->liveGroup() ? d->liveGroup() : *nodes.begin();
+        const MO_Node* member = m_group.get() ? m_group.get() : *nodes.begin();
         const SC_SceneCommon* common = member ? member->sceneCommon() : nullptr;
         scene = common ? dynamic_cast<TUScene*>(common->timedValues()) : nullptr;
     }

@@ -50,11 +50,6 @@ int unlinkIf(const std::vector<MO_Port*>& destinations, Condition picks)
 
 OutPort::OutPort(MO_Node* node, unsigned int id) : Port(node, id, false) {}
 
-BaseObject* OutPort::copy() const
-{
-    return new OutPort(*this);
-}
-
 Obj OutPort::link(const QVariant& value)
 {
     return linkPort(*this, value);

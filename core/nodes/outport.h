@@ -12,6 +12,7 @@ namespace OMC {
 /// fed. A node that two links reach is listed twice.
 class BRINDLE_CORE_EXPORT OutPort : public Port {
     Q_OBJECT
+    BRINDLE_COPYABLE(OutPort)
     Q_PROPERTY(OMC::Obj cables READ getCables)
     Q_PROPERTY(OMC::Obj cables_flat READ getCablesFlat)
     Q_PROPERTY(QVariant destinations READ getDst)
@@ -21,9 +22,6 @@ class BRINDLE_CORE_EXPORT OutPort : public Port {
 
 public:
     OutPort(MO_Node* node, unsigned int id);
-    OutPort(const OutPort& other) = default;
-
-    BaseObject* copy() const override;
 
     /// Links this port to the in-port that the value names (Port::QVariantToInPort), in place of that port's source,
     /// and gives the cable.

@@ -18,13 +18,6 @@ constexpr std::array<std::string_view, 6> shownSetters = {
 
 PegNode::PegNode(TUPegModule* node) : Node(node) {}
 
-PegNode::PegNode(const PegNode& other) : Node(other) {}
-
-BaseObject* PegNode::copy() const
-{
-    return new PegNode(*this);
-}
-
 std::string PegNode::__str__() const
 {
     return textAs("PegNode");

@@ -57,16 +57,11 @@ Obj outsideFace(const MO_Node& inside, const PortSide& side, int place)
 } // namespace
 
 Port::Port(MO_Node* node, unsigned int id, bool isInPort)
-    : m_node(node),
+    : EngineView(node),
       m_id(id),
       m_isInPort(isInPort),
       m_remembered(lookUp(node, id, isInPort))
 {}
-
-BaseObject* Port::copy() const
-{
-    return new Port(*this);
-}
 
 std::string Port::__str__() const
 {
@@ -74,17 +69,9 @@ std::string Port::__str__() const
     return format.arg(getNode()->qualifiedName(), QString::number(getIndex())).toStdString();
 }
 
-void Port::validate() const
-{
-    if (!m_node.get())
-        throwInvalid();
-    validateThreadLock();
-}
-
 MO_Node* Port::getNode() const
 {
-    validate();
-    return m_node.get();
+    return &target();
 }
 
 MO_Port* Port::getPort() const
@@ -97,7 +84,7 @@ MO_Port* Port::getPort() const
 
 MO_Port* Port::findPort() const
 {
-    MO_Port* port = lookUp(m_node.get(), m_id, m_isInPort);
+    MO_Port* port = lookUp(findTarget(), m_id, m_isInPort);
     return port == m_remembered ? port : nullptr;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/frame/engineview.h"
 #include "core/frame/obj.h"
-#include "core/frame/weakhandle.h"
 #include "core/host/mo_node.h"
 #include "core/host/mo_port.h"
 
@@ -14,8 +14,9 @@ namespace OMC {
 /// The wrapper remembers the node weakly and the port by its id, which stays while the port's place on the node
 /// changes. It is bound to one engine port: it is invalid once its node is gone, or the id leads to another port or to
 /// none.
-class BRINDLE_CORE_EXPORT Port : public BaseObject {
+class BRINDLE_CORE_EXPORT Port : public EngineView<MO_Node> {
     Q_OBJECT
+    BRINDLE_COPYABLE(Port)
     Q_PROPERTY(uint id READ getPortId)
     Q_PROPERTY(QString type READ getType)
     Q_PROPERTY(uint index READ getIndex)
@@ -28,9 +29,7 @@ class BRINDLE_CORE_EXPORT Port : public BaseObject {
 public:
     /// A null node, or an id that the node lacks, gives a wrapper that fails at its first use.
     Port(MO_Node* node, unsigned int id, bool isInPort);
-    Port(const Port& other) = default;
 
-    BaseObject* copy() const override;
     /// "InPort(%1, %2)" or "OutPort(%1, %2)": the node's path and the place on it.
     std::string __str__() const override;
 
@@ -64,11 +63,7 @@ public:
     static int inPortIdxFromPort(const MO_Port* port);
     static int outPortIdxFromPort(const MO_Port* port);
 
-protected:
-    void validate() const override;
-
 private:
-    WeakHandle<MO_Node> m_node;
     unsigned int m_id;
     bool m_isInPort;
     MO_Port* m_remembered; ///< What the id led to at first; compared, never followed.

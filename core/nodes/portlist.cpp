@@ -6,61 +6,30 @@
 
 namespace OMC {
 
-PortList::PortList(MO_Node* node, bool isInPort) : m_node(node), m_isInPort(isInPort) {}
-
-BaseObject* PortList::copy() const
-{
-    return new PortList(*this);
-}
+PortList::PortList(MO_Node* node, bool isInPort) : CountedList(node), m_isInPort(isInPort) {}
 
 std::string PortList::__str__() const
 {
-    const QString path = checkedNode()->qualifiedName();
+    const QString path = target().qualifiedName();
     const QString format = m_isInPort ? QStringLiteral("InPorts(%1)[%2]") : QStringLiteral("OutPorts(%1)[%2]");
     return format.arg(path, QString::number(size())).toStdString();
 }
 
-Obj PortList::__iterItem__() const
-{
-    return get(static_cast<int>(m_cursor));
-}
-
-void PortList::operator++()
-{
-    validate();
-    if (m_cursor < size())
-        ++m_cursor;
-}
-
-void PortList::operator--()
-{
-    validate();
-    if (m_cursor > 0)
-        --m_cursor;
-}
-
-bool PortList::__atend__() const
-{
-    return m_cursor >= size();
-}
-
-Obj PortList::__iter__() const
-{
-    auto* iterator = static_cast<PortList*>(copy());
-    iterator->m_cursor = 0;
-    return Obj(iterator);
-}
-
 std::size_t PortList::size() const
 {
-    return (checkedNode()->*side().count)();
+    return (target().*side().count)();
 }
 
 Obj PortList::get(int index) const
 {
-    const MO_Node* node = checkedNode();
-    const auto count = static_cast<int>((node->*side().count)());
-    const MO_Port* port = index < count ? (node->*side().at)(static_cast<unsigned int>(index)) : nullptr;
+    return Obj(newItem(index));
+}
+
+Port* PortList::newItem(int index) const
+{
+    const MO_Node& node = target();
+    const auto count = static_cast<int>((node.*side().count)());
+    const MO_Port* port = index < count ? (node.*side().at)(static_cast<unsigned int>(index)) : nullptr;
     if (!port)
         throw Exception(tr("Port index is out of range."));
     return wrapped(port);
@@ -73,11 +42,11 @@ void PortList::set(int, const Obj&)
 
 std::vector<Obj> PortList::list() const
 {
-    const MO_Node* node = checkedNode();
+    const MO_Node& node = target();
     std::vector<Obj> ports;
-    ports.reserve((node->*side().count)());
-    for (unsigned int index = 0; index < (node->*side().count)(); ++index)
-        ports.push_back(wrapped((node->*side().at)(index)));
+    ports.reserve((node.*side().count)());
+    for (unsigned int index = 0; index < (node.*side().count)(); ++index)
+        ports.emplace_back(wrapped((node.*side().at)(index)));
     return ports;
 }
 
@@ -93,17 +62,9 @@ Obj PortList::operator()(const QString& index) const
     return isNumber ? get(number) : Obj();
 }
 
-void PortList::validate() const
-{
-    if (!m_node.get())
-        throwInvalid();
-    validateThreadLock();
-}
-
-MO_Node* PortList::checkedNode() const
+void PortList::beforeStep() const
 {
     validate();
-    return m_node.get();
 }
 
 const PortSide& PortList::side() const
@@ -111,33 +72,28 @@ const PortSide& PortList::side() const
     return portSide(m_isInPort);
 }
 
-Obj PortList::wrapped(const MO_Port* port) const
+Port* PortList::wrapped(const MO_Port* port) const
 {
     if (!port)
-        return {};
+        return nullptr;
     if (m_isInPort)
-        return Obj(new InPort(m_node.get(), port->id()));
-    return Obj(new OutPort(m_node.get(), port->id()));
+        return new InPort(findTarget(), port->id());
+    return new OutPort(findTarget(), port->id());
 }
 
 // Required: from the last to the first, so that of two matte ports the last one counts.
 Obj PortList::lastMattePort() const
 {
-    const MO_Node* node = checkedNode();
-    for (unsigned int index = node->nInPorts(); index-- > 0;) {
-        const MO_Port* port = node->inPort(index);
+    const MO_Node& node = target();
+    for (unsigned int index = node.nInPorts(); index-- > 0;) {
+        const MO_Port* port = node.inPort(index);
         if (port && port->isMattePort())
-            return wrapped(port);
+            return Obj(wrapped(port));
     }
     return {};
 }
 
 InPortList::InPortList(MO_Node* node) : PortList(node, true) {}
-
-BaseObject* InPortList::copy() const
-{
-    return new InPortList(*this);
-}
 
 Obj InPortList::getMattePort() const
 {

@@ -9,12 +9,11 @@ namespace OMC {
 /// A node that shows the drawings of an element. `Node::getWrapped` gives such a node as a plain Node.
 class BRINDLE_CORE_EXPORT ReadNode : public Node {
     Q_OBJECT
+    BRINDLE_COPYABLE(ReadNode)
 
 public:
     explicit ReadNode(MO_Node* node);
-    ReadNode(const ReadNode& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 };
 

@@ -1,7 +1,6 @@
 #include "core/scene/history.h"
 
-#include "core/frame/unexpected.h"
-#include "core/frame/weakhandle.h"
+#include "core/frame/found.h"
 #include "core/host/co_command.h"
 #include "core/host/sc_session.h"
 
@@ -32,21 +31,7 @@ Bracket& bracket()
 
 } // namespace
 
-struct History::Private : Recycled {
-    WeakPointer<SC_ProjectCommon> project;
-    quint64 position = 0;
-};
-
-History::History(SC_ProjectCommon* project) : d(new Private{{}, WeakPointer(project)}) {}
-
-History::History(const History& other) : BaseObject(other), d(new Private(*other.d)) {}
-
-History::~History() = default;
-
-BaseObject* History::copy() const
-{
-    return new History(*this);
-}
+History::History(SC_ProjectCommon* project) : CountedList(project) {}
 
 std::string History::__str__() const
 {
@@ -101,35 +86,6 @@ bool History::contains(const QString& name) const
 QStringList History::list() const
 {
     return manager().collectExecutedNames();
-}
-
-Obj History::__iter__() const
-{
-    auto* iterator = new History(*this);
-    iterator->d->position = 0;
-    return Obj(iterator);
-}
-
-QString History::__iterItem__() const
-{
-    return get(static_cast<unsigned int>(d->position));
-}
-
-void History::operator++()
-{
-    if (d->position < size())
-        ++d->position;
-}
-
-void History::operator--()
-{
-    if (d->position > 0)
-        --d->position;
-}
-
-bool History::__atend__() const
-{
-    return d->position >= size();
 }
 
 void History::undo(unsigned int count)
@@ -189,7 +145,7 @@ bool History::getActive() const
 void History::validate() const
 {
     validateThreadLock();
-    if (d->project.get())
+    if (!isGone())
         return;
     // Whichever project the bracket was opened on, a project that is gone ends it.
     try {
@@ -205,10 +161,7 @@ void History::validate() const
 CO_CommandManager& History::manager() const
 {
     validate();
-    CO_CommandManager* commands = d->project.get()->commandManager();
-    if (!commands)
-        unexpected::fail();
-    return *commands;
+    return found(findTarget()->commandManager(), unexpected::ErrorOccurred);
 }
 
 } // namespace OMC

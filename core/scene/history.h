@@ -1,24 +1,36 @@
 #pragma once
 
-#include "core/frame/obj.h"
+#include "core/frame/engineview.h"
+#include "core/frame/iterable.h"
+#include "core/frame/listiteration.h"
 
 #include <QString>
 #include <QStringList>
-
-#include <memory>
 
 class CO_CommandManager;
 class SC_ProjectCommon;
 
 namespace OMC {
 
+/// What a list of names by index shows of itself to a loop.
+class BRINDLE_CORE_EXPORT HistoryNames : public EngineView<SC_ProjectCommon> {
+public:
+    virtual std::size_t size() const = 0; ///< Entries that can be undone.
+    /// The name of an entry that can be undone, oldest first; throws beyond the end.
+    virtual QString get(const unsigned int& index) const = 0;
+
+protected:
+    using EngineView::EngineView;
+};
+
 /// The undo list of a project: its names, undo and redo by count, and a bracket that makes one entry of all that is
 /// done between `begin` and `end`.
 ///
 /// The bracket belongs to the process and not to the wrapper: `begin` on one and `end` on another match. It stays open
 /// until `end`, `cancel`, or the next use of a History whose project is gone.
-class BRINDLE_CORE_EXPORT History : public BaseObject {
+class BRINDLE_CORE_EXPORT History : public CountedList<HistoryNames, IterableMap> {
     Q_OBJECT
+    BRINDLE_COPYABLE(History)
     Q_PROPERTY(QString current READ getCurrent)
     Q_PROPERTY(bool active READ getActive)
     Q_PROPERTY(size_t size_total READ getSizeTotal)
@@ -28,29 +40,19 @@ class BRINDLE_CORE_EXPORT History : public BaseObject {
 
 public:
     explicit History(SC_ProjectCommon* project);
-    History(const History& other);
-    ~History() override;
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
-    virtual std::size_t size() const;         ///< Entries that can be undone.
+    std::size_t size() const override;
     virtual std::size_t getSizeTotal() const; ///< Entries that can be undone or done again.
     virtual std::size_t getSizeUnexecuted() const;
     virtual std::size_t getSizeExecuted() const;
     virtual std::size_t getSizeMax() const;
 
-    /// The name of an entry that can be undone, oldest first; throws beyond the end.
-    virtual QString get(const unsigned int& index) const;
+    QString get(const unsigned int& index) const override;
     virtual void set(const unsigned int& index, const std::string& name); ///< Always throws.
     virtual bool contains(const QString& name) const;
     virtual QStringList list() const;
-
-    virtual Obj __iter__() const;
-    virtual QString __iterItem__() const;
-    virtual void operator++();
-    virtual void operator--();
-    virtual bool __atend__() const;
 
     void undo(unsigned int count);
     void redo(unsigned int count);
@@ -71,9 +73,6 @@ protected:
 
 private:
     CO_CommandManager& manager() const;
-
-    struct Private;
-    std::unique_ptr<Private> d;
 };
 
 } // namespace OMC

@@ -1,5 +1,6 @@
 #include "core/scene/project.h"
 
+#include "core/frame/found.h"
 #include "core/frame/global.h"
 #include "core/host/co_command.h"
 #include "core/host/sc_session.h"
@@ -13,20 +14,12 @@ namespace {
 const CO_CommandManager& sessionCommands()
 {
     const SC_SessionContext* session = Global::sessionContext();
-    const CO_CommandManager* commands = session ? session->commandManager() : nullptr;
-    if (!commands)
-        BaseObject::throwUnexpected();
-    return *commands;
+    return found(session ? session->commandManager() : nullptr, &BaseObject::throwUnexpected);
 }
 
 } // namespace
 
-Project::Project(SC_ProjectCommon* project) : m_project(project) {}
-
-BaseObject* Project::copy() const
-{
-    return new Project(*this);
-}
+Project::Project(SC_ProjectCommon* project) : EngineView(project) {}
 
 std::string Project::__str__() const
 {
@@ -48,19 +41,12 @@ bool Project::getDirtyPreviously() const
 // Unchecked, like the resolution: what they give says for itself that the project is gone.
 Obj Project::getHistory() const
 {
-    return Obj(new History(m_project.get()));
+    return Obj(new History(findTarget()));
 }
 
 Obj Project::getResolution() const
 {
-    return Obj(new ProjectResolution(m_project.get()));
-}
-
-void Project::validate() const
-{
-    if (!m_project.get())
-        throwInvalid();
-    validateThreadLock();
+    return Obj(new ProjectResolution(findTarget()));
 }
 
 } // namespace OMC

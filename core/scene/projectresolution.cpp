@@ -1,5 +1,6 @@
 #include "core/scene/projectresolution.h"
 
+#include "core/frame/found.h"
 #include "core/frame/undo.h"
 #include "core/host/sc_projectcmds.h"
 #include "core/host/sc_resolution.h"
@@ -35,18 +36,12 @@ bool isNamed(const SC_ProjectCommon& project, const QString& name)
 
 const SC_Resolution& resolutionOf(const SC_ProjectCommon& project)
 {
-    const SC_Resolution* resolution = project.resolution();
-    if (!resolution)
-        BaseObject::throwInvalid();
-    return *resolution;
+    return found(project.resolution());
 }
 
 CO_CommandManager& managerOf(const SC_ProjectCommon& project)
 {
-    CO_CommandManager* manager = project.commandManager();
-    if (!manager)
-        BaseObject::throwInvalid();
-    return *manager;
+    return found(project.commandManager());
 }
 
 /// Text of this file that belongs to no class.
@@ -55,14 +50,19 @@ QString translated(const char* text)
     return QCoreApplication::translate("CadenceMain", text);
 }
 
+/// The row of the table that has the name; throws when there is none.
+Row rowNamed(const QString& name, const SC_ProjectCommon* project)
+{
+    for (const Row& row : rowsOf(found(project, unexpected::ErrorHasOccurred))) {
+        if (row.name() == name)
+            return row;
+    }
+    throw Exception(translated("Unable to find named-resolution."));
+}
+
 } // namespace
 
-ProjectResolution::ProjectResolution(SC_ProjectCommon* project) : m_project(project) {}
-
-BaseObject* ProjectResolution::copy() const
-{
-    return new ProjectResolution(*this);
-}
+ProjectResolution::ProjectResolution(SC_ProjectCommon* project) : EngineView(project) {}
 
 // The misspelled word is required.
 std::string ProjectResolution::__str__() const
@@ -72,42 +72,36 @@ std::string ProjectResolution::__str__() const
 
 void ProjectResolution::setX(int pixels)
 {
-    validate();
-    const SC_Resolution& current = resolutionOf(*m_project.get());
+    const SC_Resolution& current = resolutionOf(target());
     setSize(pixels, current.height(), tr("Set X Resolution."));
 }
 
 int ProjectResolution::getX() const
 {
-    validate();
-    return resolutionOf(*m_project.get()).width();
+    return resolutionOf(target()).width();
 }
 
 void ProjectResolution::setY(int pixels)
 {
-    validate();
-    const SC_Resolution& current = resolutionOf(*m_project.get());
+    const SC_Resolution& current = resolutionOf(target());
     setSize(current.width(), pixels, tr("Set Y Resolution."));
 }
 
 int ProjectResolution::getY() const
 {
-    validate();
-    return resolutionOf(*m_project.get()).height();
+    return resolutionOf(target()).height();
 }
 
 double ProjectResolution::getDefaultFOV() const
 {
-    validate();
-    const SC_ProjectCommon& project = *m_project.get();
+    const SC_ProjectCommon& project = target();
     resolutionOf(project);
     return project.defaultFov();
 }
 
 QMap<QString, Obj> ProjectResolution::getNames() const
 {
-    validate();
-    SC_ProjectCommon* project = m_project.get();
+    SC_ProjectCommon* project = &target();
     QMap<QString, Obj> objects;
     for (const Row& row : rowsOf(*project)) {
         // A second row of a name has the same object, and a handle that holds one takes no other.
@@ -119,14 +113,12 @@ QMap<QString, Obj> ProjectResolution::getNames() const
 
 QString ProjectResolution::getDefaultName() const
 {
-    validate();
-    return resolutionOf(*m_project.get()).name();
+    return resolutionOf(target()).name();
 }
 
 void ProjectResolution::setDefaultName(const QString& name)
 {
-    validate();
-    SC_ProjectCommon* project = m_project.get();
+    SC_ProjectCommon* project = &target();
     CO_CommandManager& manager = managerOf(*project);
     if (!isNamed(*project, name))
         throw Exception(tr("Named-resolution cannot be found."));
@@ -134,17 +126,10 @@ void ProjectResolution::setDefaultName(const QString& name)
               tr("Set Default Resolution Name"), tr("Failed to set named resolution."));
 }
 
-void ProjectResolution::validate() const
-{
-    if (!m_project.get())
-        throwInvalid();
-    validateThreadLock();
-}
-
 // A negative size is a huge unsigned one, which no project takes.
 void ProjectResolution::setSize(int width, int height, const QString& label)
 {
-    SC_ProjectCommon* project = m_project.get();
+    SC_ProjectCommon* project = findTarget();
     CO_CommandManager& manager = managerOf(*project);
     undo::run(manager,
               new SC_ProjectCmds::SetProjectResolutionByValueCmd(
@@ -153,39 +138,10 @@ void ProjectResolution::setSize(int width, int height, const QString& label)
               label, tr("Failed to set resolution."));
 }
 
-struct ProjectNamedResolution::Private {
-    /// The row of the table that has the name; throws when there is none.
-    Row row() const
-    {
-        const SC_ProjectCommon* common = project.get();
-        if (!common)
-            unexpected::fail(unexpected::ErrorHasOccurred);
-        for (const Row& row : rowsOf(*common)) {
-            if (row.name() == name)
-                return row;
-        }
-        throw Exception(translated("Unable to find named-resolution."));
-    }
-
-    WeakPointer<SC_ProjectCommon> project;
-    QString name;
-};
-
 ProjectNamedResolution::ProjectNamedResolution(SC_ProjectCommon* project, const QString& name)
-    : d(new Private{WeakPointer(project), name})
+    : EngineView(project),
+      m_name(name)
 {}
-
-ProjectNamedResolution::ProjectNamedResolution(const ProjectNamedResolution& other)
-    : BaseObject(other),
-      d(new Private(*other.d))
-{}
-
-ProjectNamedResolution::~ProjectNamedResolution() = default;
-
-BaseObject* ProjectNamedResolution::copy() const
-{
-    return new ProjectNamedResolution(*this);
-}
 
 std::string ProjectNamedResolution::__str__() const
 {
@@ -198,36 +154,36 @@ std::string ProjectNamedResolution::__str__() const
 int ProjectNamedResolution::getX() const
 {
     validateThreadLock();
-    return d->row().width();
+    return rowNamed(m_name, findTarget()).width();
 }
 
 int ProjectNamedResolution::getY() const
 {
     validateThreadLock();
-    return d->row().height();
+    return rowNamed(m_name, findTarget()).height();
 }
 
 double ProjectNamedResolution::getFOV() const
 {
     validateThreadLock();
-    return d->row().customFov();
+    return rowNamed(m_name, findTarget()).customFov();
 }
 
 double ProjectNamedResolution::getFramerate() const
 {
     validateThreadLock();
-    return d->row().fps();
+    return rowNamed(m_name, findTarget()).fps();
 }
 
 QString ProjectNamedResolution::getName() const
 {
-    return d->name;
+    return m_name;
 }
 
 QString ProjectNamedResolution::getProjection() const
 {
     validateThreadLock();
-    switch (int(d->row().projection())) {
+    switch (int(rowNamed(m_name, findTarget()).projection())) {
     case TUDbResolution::kPerspective:
         return translated("Perspective");
     case TUDbResolution::kOrthogonal:

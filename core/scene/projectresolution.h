@@ -1,12 +1,10 @@
 #pragma once
 
+#include "core/frame/engineview.h"
 #include "core/frame/obj.h"
-#include "core/frame/weakhandle.h"
 
 #include <QMap>
 #include <QString>
-
-#include <memory>
 
 class SC_ProjectCommon;
 
@@ -14,8 +12,9 @@ namespace OMC {
 
 /// The size of the project's picture in pixels, the name of the resolution that it has, and the resolutions that have a
 /// name. A live view, invalid once the project is closed.
-class BRINDLE_CORE_EXPORT ProjectResolution : public BaseObject {
+class BRINDLE_CORE_EXPORT ProjectResolution : public EngineView<SC_ProjectCommon> {
     Q_OBJECT
+    BRINDLE_COPYABLE(ProjectResolution)
     Q_PROPERTY(int x READ getX WRITE setX)
     Q_PROPERTY(int y READ getY WRITE setY)
     Q_PROPERTY(QString default_name READ getDefaultName WRITE setDefaultName)
@@ -25,7 +24,6 @@ class BRINDLE_CORE_EXPORT ProjectResolution : public BaseObject {
 public:
     explicit ProjectResolution(SC_ProjectCommon* project);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     virtual void setX(int pixels); ///< Keeps the height.
@@ -39,19 +37,15 @@ public:
     QString getDefaultName() const;
     void setDefaultName(const QString& name); ///< The name of one of `names`.
 
-protected:
-    void validate() const override;
-
 private:
     void setSize(int width, int height, const QString& label);
-
-    WeakHandle<SC_ProjectCommon> m_project;
 };
 
 /// A resolution that has a name. It keeps the name alone and looks it up at each read, so that one whose name was
 /// removed from the table says so.
-class BRINDLE_CORE_EXPORT ProjectNamedResolution : public BaseObject {
+class BRINDLE_CORE_EXPORT ProjectNamedResolution : public EngineView<SC_ProjectCommon> {
     Q_OBJECT
+    BRINDLE_COPYABLE(ProjectNamedResolution)
     Q_PROPERTY(int x READ getX)
     Q_PROPERTY(int y READ getY)
     Q_PROPERTY(double fov READ getFOV)
@@ -61,10 +55,7 @@ class BRINDLE_CORE_EXPORT ProjectNamedResolution : public BaseObject {
 
 public:
     ProjectNamedResolution(SC_ProjectCommon* project, const QString& name);
-    ProjectNamedResolution(const ProjectNamedResolution& other);
-    ~ProjectNamedResolution() override;
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     virtual int getX() const;              ///< The width in pixels.
@@ -78,8 +69,7 @@ protected:
     void validate() const override;
 
 private:
-    struct Private;
-    std::unique_ptr<Private> d;
+    QString m_name;
 };
 
 } // namespace OMC

@@ -2,11 +2,6 @@
 
 namespace OMC {
 
-BaseObject* RenderHandler::copy() const
-{
-    return new RenderHandler;
-}
-
 std::string RenderHandler::__str__() const
 {
     return "RenderHandler()";

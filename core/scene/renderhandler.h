@@ -7,9 +7,9 @@ namespace OMC {
 /// What renders a scene. It holds nothing yet, so that a copy is simply a new one.
 class BRINDLE_CORE_EXPORT RenderHandler : public BaseObject {
     Q_OBJECT
+    BRINDLE_COPYABLE(RenderHandler)
 
 public:
-    BaseObject* copy() const override;
     std::string __str__() const override;
 };
 

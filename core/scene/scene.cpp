@@ -1,6 +1,7 @@
 #include "core/scene/scene.h"
 
 #include "core/frame/finite.h"
+#include "core/frame/found.h"
 #include "core/frame/undo.h"
 #include "core/host/dd_deletesequence.h"
 #include "core/host/pr_preference.h"
@@ -27,12 +28,7 @@ bool ripplesMarkers(const FrameOptions* options)
 
 } // namespace
 
-Scene::Scene(TUScene* scene) : m_scene(scene) {}
-
-BaseObject* Scene::copy() const
-{
-    return new Scene(*this);
-}
+Scene::Scene(TUScene* scene) : EngineView(scene) {}
 
 std::string Scene::__str__() const
 {
@@ -147,14 +143,22 @@ std::vector<Obj> Scene::getSounds() const
 
 Obj Scene::getTop() const
 {
-    validate();
-    return Obj(new GroupNode(scene()->getRootGroup()));
+    return Obj(newTop());
+}
+
+GroupNode* Scene::newTop() const
+{
+    return new GroupNode(target().getRootGroup());
 }
 
 Obj Scene::getNodes() const
 {
-    validate();
-    return Obj(new NodeList(scene(), false));
+    return Obj(newNodes());
+}
+
+NodeList* Scene::newNodes() const
+{
+    return new NodeList(&target(), false);
 }
 
 Obj Scene::getCompositions() const
@@ -212,43 +216,34 @@ bool Scene::frameRemove(int at, int count, const FrameOptions* options)
 
 TUScene* Scene::scene() const
 {
-    return m_scene.get();
+    return findTarget();
 }
 
 bool Scene::operator==(const Scene* other) const
 {
-    return other && m_scene.sameTarget(other->m_scene);
+    return other && hasTargetOf(*other);
 }
 
 void Scene::validate() const
 {
     validateThreadLock();
-    if (!m_scene.get())
+    if (isGone())
         throwInvalid();
 }
 
 SC_SceneCommon& Scene::sceneCommon() const
 {
-    SC_SceneCommon* common = scene()->sceneCommon();
-    if (!common)
-        throwInvalid();
-    return *common;
+    return found(scene()->sceneCommon());
 }
 
 SC_ProjectCommon& Scene::projectCommon() const
 {
-    SC_ProjectCommon* project = scene()->projectCommon();
-    if (!project)
-        throwInvalid();
-    return *project;
+    return found(scene()->projectCommon());
 }
 
 CO_CommandManager& Scene::commandManager() const
 {
-    CO_CommandManager* manager = scene()->commandManager();
-    if (!manager)
-        throwInvalid();
-    return *manager;
+    return found(scene()->commandManager());
 }
 
 } // namespace OMC

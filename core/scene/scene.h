@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/frame/engineview.h"
 #include "core/frame/obj.h"
-#include "core/frame/weakhandle.h"
 
 #include <QString>
 #include <QStringList>
@@ -19,11 +19,14 @@ class TUScene;
 namespace OMC {
 
 class FrameOptions;
+class GroupNode;
+class NodeList;
 
 /// A scene of the project: its timing, what it is seen through, the settings that it shares with the project, and the
 /// way to its nodes. Frames count from 1. Invalid once the scene is gone.
-class BRINDLE_CORE_EXPORT Scene : public BaseObject {
+class BRINDLE_CORE_EXPORT Scene : public EngineView<TUScene> {
     Q_OBJECT
+    BRINDLE_COPYABLE(Scene)
     Q_PROPERTY(OMC::Obj aspect READ getAspect)
     Q_PROPERTY(OMC::Obj units READ getUnits)
     Q_PROPERTY(OMC::Obj center READ getCenter)
@@ -52,7 +55,6 @@ public:
     /// Null gives an object that is invalid at its first call.
     explicit Scene(TUScene* scene);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     virtual Obj getAspect() const;             ///< A SceneAspect.
@@ -93,8 +95,10 @@ public:
     virtual Obj getUnitConverter() const;       ///< A SceneUnitConverter.
     virtual std::vector<Obj> getSounds() const; ///< Always throws.
     virtual Obj getTop() const;                 ///< The root group.
+    GroupNode* newTop() const;                  ///< The same, for a caller that takes the wrapper itself.
     virtual Obj getNodes() const;               ///< All nodes.
-    virtual Obj getCompositions() const;        ///< Always throws.
+    NodeList* newNodes() const;
+    virtual Obj getCompositions() const; ///< Always throws.
 
     virtual QVariant getDisplay() const;              ///< A DisplayNode; a null pointer while no display is set.
     virtual void setDisplay(const QVariant& display); ///< In the forms of `setCamera`.
@@ -126,8 +130,6 @@ private:
     void setFlags(const SC_AdvancedFlags& flags, const QString& label);
     void announce() const;
     TUDisplayModule* shownDisplay() const;
-
-    WeakHandle<TUScene> m_scene;
 };
 
 } // namespace OMC

@@ -1,7 +1,7 @@
 #include "core/scene/scenelist.h"
 
+#include "core/frame/found.h"
 #include "core/frame/global.h"
-#include "core/frame/weakhandle.h"
 #include "core/host/sc_scene.h"
 #include "core/host/sc_session.h"
 #include "core/scene/scene.h"
@@ -15,19 +15,13 @@ const SC_Id containedId(72);
 
 SC_SessionContext& session()
 {
-    SC_SessionContext* session = Global::sessionContext();
-    if (!session)
-        BaseObject::throwInvalid();
-    return *session;
+    return found(Global::sessionContext());
 }
 
 SC_SceneManager& sessionScenes()
 {
     const SC_ProjectCommon* project = session().projectCommon();
-    SC_SceneManager* scenes = project ? project->sceneManager() : nullptr;
-    if (!scenes)
-        BaseObject::throwInvalid();
-    return *scenes;
+    return found(project ? project->sceneManager() : nullptr);
 }
 
 template <typename Function>
@@ -50,23 +44,7 @@ void forAllScenes(SC_SceneManager& manager, Function function)
 
 } // namespace
 
-struct SceneList::Private : Recycled {
-    WeakPointer<SC_ProjectCommon> project;
-    quint32 index = 0;
-    bool atEnd = false;
-    std::vector<UT_SharedWeakPtrBase> scenes = {};
-};
-
-SceneList::SceneList(SC_ProjectCommon* project) : d(new Private{{}, WeakPointer(project)}) {}
-
-SceneList::SceneList(const SceneList& other) : ListObj(other), IterableObj(other), d(new Private(*other.d)) {}
-
-SceneList::~SceneList() = default;
-
-BaseObject* SceneList::copy() const
-{
-    return new SceneList(*this);
-}
+SceneList::SceneList(SC_ProjectCommon* project) : FlaggedList(project) {}
 
 std::string SceneList::__str__() const
 {
@@ -86,7 +64,7 @@ Obj SceneList::get(int index) const
     // A negative index is a huge unsigned one, and so out of range as well.
     const auto position = static_cast<unsigned int>(index);
     if (position >= all.size())
-        throw Exception(tr("Scene index is out of range."));
+        throwNoMoreItems();
     return Obj(createScene(all[position]));
 }
 
@@ -104,40 +82,39 @@ std::vector<Obj> SceneList::list() const
     return objects;
 }
 
-Obj SceneList::__iterItem__() const
+void SceneList::beforeIteration() const
 {
     validate();
-    const std::size_t count = d->scenes.size();
-    if (d->index >= count)
-        throw Exception(tr("Scene index is out of range."));
-    if (d->index + 1 >= count)
-        d->atEnd = true;
-    return Obj(createScene(static_cast<TUScene*>(d->scenes[d->index].get())));
 }
 
-void SceneList::operator++()
+void SceneList::startIteration()
 {
-    ++d->index;
+    std::vector<WeakHandle<TUScene>> handles;
+    for (TUScene* scene : scenes())
+        handles.emplace_back(scene);
+    m_scenes.take(std::move(handles));
+    FlaggedList::startIteration();
 }
 
-void SceneList::operator--()
+std::size_t SceneList::iterationSize() const
 {
-    if (d->index > 0)
-        --d->index;
+    return m_scenes.size();
 }
 
-bool SceneList::__atend__() const
+Obj SceneList::itemAt(quint64 position) const
 {
-    return d->atEnd;
+    return Obj(createScene(m_scenes[position].get()));
 }
 
-Obj SceneList::__iter__() const
+void SceneList::throwNoMoreItems() const
 {
-    validate();
-    auto* iterator = new SceneList(*this);
-    Obj handle(iterator);
-    iterator->resetIterator();
-    return handle;
+    throw Exception(tr("Scene index is out of range."));
+}
+
+// Required: a step back leaves a loop at its end.
+bool SceneList::staysAtEnd() const
+{
+    return true;
 }
 
 bool SceneList::contains(const Obj& object) const
@@ -151,7 +128,7 @@ bool SceneList::contains(const Obj& object) const
     // Both are required as they are: a live scene is never contained, and the identifier is always the same.
     if (scene->scene())
         return false;
-    const SC_SceneManager* manager = d->project.get()->sceneManager();
+    const SC_SceneManager* manager = findTarget()->sceneManager();
     return manager && manager->find(containedId);
 }
 
@@ -171,28 +148,10 @@ BaseObject* SceneList::createScene(TUScene* scene) const
     return new Scene(scene);
 }
 
-void SceneList::validate() const
-{
-    if (!d->project.get())
-        throwInvalid();
-    validateThreadLock();
-}
-
-void SceneList::resetIterator()
-{
-    d->index = 0;
-    d->atEnd = false;
-    const std::vector<TUScene*> all = scenes();
-    d->atEnd = all.empty();
-    d->scenes.assign(all.size(), {});
-    for (std::size_t i = 0; i < all.size(); ++i)
-        d->scenes[i].assign(all[i]);
-}
-
 std::vector<TUScene*> SceneList::scenes() const
 {
     const SC_ProjectManager* projects = session().projectManager();
-    const SC_Project* project = projects ? projects->findProject(d->project.get()->id()) : nullptr;
+    const SC_Project* project = projects ? projects->findProject(findTarget()->id()) : nullptr;
     if (!project)
         throwInvalid();
     SC_SceneManager& manager = sessionScenes();

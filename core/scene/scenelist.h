@@ -1,9 +1,10 @@
 #pragma once
 
+#include "core/frame/engineview.h"
 #include "core/frame/iterable.h"
+#include "core/frame/listiteration.h"
 #include "core/frame/listobj.h"
 
-#include <memory>
 #include <vector>
 
 class SC_ProjectCommon;
@@ -13,15 +14,13 @@ namespace OMC {
 
 /// The scenes of the project, the project's first scene ahead. A loop goes through the scenes that were there when it
 /// began; one that went meanwhile comes as an invalid object.
-class BRINDLE_CORE_EXPORT SceneList : public ListObj, public IterableObj {
+class BRINDLE_CORE_EXPORT SceneList : public FlaggedList<EngineView<SC_ProjectCommon, ListObj>, IterableObj> {
     Q_OBJECT
+    BRINDLE_COPYABLE(SceneList)
 
 public:
     explicit SceneList(SC_ProjectCommon* project);
-    SceneList(const SceneList& other);
-    ~SceneList() override;
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     std::size_t size() const override;
@@ -30,12 +29,6 @@ public:
     void set(int index, const Obj& object) override; ///< Always throws.
     std::vector<Obj> list() const override;
 
-    Obj __iterItem__() const override;
-    void operator++() override;
-    void operator--() override;
-    bool __atend__() const override;
-    Obj __iter__() const override;
-
     virtual bool contains(const Obj& object) const;
     /// The scene of that name in any case of letters, the last one where several have it; empty when there is none.
     virtual Obj operator()(const QString& name) const;
@@ -43,14 +36,17 @@ public:
     virtual BaseObject* createScene(TUScene* scene) const;
 
 protected:
-    void validate() const override;
-    void resetIterator();
+    void beforeIteration() const override;
+    void startIteration() override;
+    std::size_t iterationSize() const override;
+    Obj itemAt(quint64 position) const override;
+    void throwNoMoreItems() const override;
+    bool staysAtEnd() const override;
 
 private:
     std::vector<TUScene*> scenes() const;
 
-    struct Private;
-    std::unique_ptr<Private> d;
+    Snapshot<WeakHandle<TUScene>> m_scenes;
 };
 
 } // namespace OMC

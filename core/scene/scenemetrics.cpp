@@ -1,5 +1,6 @@
 #include "core/scene/scenemetrics.h"
 
+#include "core/frame/found.h"
 #include "core/host/co_command.h"
 #include "core/host/sc_metrics.h"
 #include "core/host/sc_projectcmds.h"
@@ -13,24 +14,18 @@ namespace OMC {
 
 namespace {
 
-const SC_SceneMetrics& metricsOf(const WeakHandle<TUScene>& scene)
+const SC_SceneMetrics& metricsOf(const TUScene& scene)
 {
-    const SC_SceneMetrics* metrics = scene.get()->metrics();
-    if (!metrics)
-        BaseObject::throwInvalid();
-    return *metrics;
+    return found(scene.metrics());
 }
 
 /// What a change of the metrics needs of the engine.
 struct Change {
-    explicit Change(const WeakHandle<TUScene>& scene)
+    explicit Change(TUScene& scene)
         : metrics(metricsOf(scene)),
-          project(scene.get()->projectCommon()),
-          manager(scene.get()->commandManager())
-    {
-        if (!project || !manager)
-            BaseObject::throwInvalid();
-    }
+          project(&found(scene.projectCommon())),
+          manager(&found(scene.commandManager()))
+    {}
 
     const SC_SceneMetrics& metrics;
     SC_ProjectCommon* project;
@@ -56,12 +51,7 @@ int aspectFrom(double value, double fieldChart)
 
 } // namespace
 
-SceneAspect::SceneAspect(TUScene* scene) : m_scene(scene) {}
-
-BaseObject* SceneAspect::copy() const
-{
-    return new SceneAspect(*this);
-}
+SceneAspect::SceneAspect(TUScene* scene) : UnguardedView(scene) {}
 
 std::string SceneAspect::__str__() const
 {
@@ -70,8 +60,7 @@ std::string SceneAspect::__str__() const
 
 void SceneAspect::setX(double x)
 {
-    validate();
-    const Change change(m_scene);
+    const Change change(target());
     const int aspect = aspectFrom(x, change.metrics.designFieldChartX());
     change.manager->execute(
         new SC_ProjectCmds::SetDesignAspectRatioCmd(change.project, aspect, change.metrics.designAspectRatioY()),
@@ -80,15 +69,13 @@ void SceneAspect::setX(double x)
 
 double SceneAspect::getX() const
 {
-    validate();
-    const SC_SceneMetrics& metrics = metricsOf(m_scene);
+    const SC_SceneMetrics& metrics = metricsOf(target());
     return metrics.designAspectRatioX() / (2 * metrics.designFieldChartX());
 }
 
 void SceneAspect::setY(double y)
 {
-    validate();
-    const Change change(m_scene);
+    const Change change(target());
     const int aspect = aspectFrom(y, change.metrics.designFieldChartY());
     change.manager->execute(
         new SC_ProjectCmds::SetDesignAspectRatioCmd(change.project, change.metrics.designAspectRatioX(), aspect),
@@ -97,23 +84,11 @@ void SceneAspect::setY(double y)
 
 double SceneAspect::getY() const
 {
-    validate();
-    const SC_SceneMetrics& metrics = metricsOf(m_scene);
+    const SC_SceneMetrics& metrics = metricsOf(target());
     return metrics.designAspectRatioY() / (2 * metrics.designFieldChartY());
 }
 
-void SceneAspect::validate() const
-{
-    if (!m_scene.get())
-        throwInvalid();
-}
-
-SceneUnits::SceneUnits(TUScene* scene) : m_scene(scene) {}
-
-BaseObject* SceneUnits::copy() const
-{
-    return new SceneUnits(*this);
-}
+SceneUnits::SceneUnits(TUScene* scene) : UnguardedView(scene) {}
 
 std::string SceneUnits::__str__() const
 {
@@ -122,8 +97,7 @@ std::string SceneUnits::__str__() const
 
 void SceneUnits::setX(int units)
 {
-    validate();
-    const Change change(m_scene);
+    const Change change(target());
     const SC_SceneMetrics& metrics = change.metrics;
     auto command = std::make_unique<CO_AndCommand>();
     command->add(new SC_ProjectCmds::SetDesignFieldChartCmd(change.project, units * 0.5, metrics.designFieldChartY(),
@@ -133,14 +107,12 @@ void SceneUnits::setX(int units)
 
 int SceneUnits::getX() const
 {
-    validate();
-    return integerPart(2 * metricsOf(m_scene).designFieldChartX());
+    return integerPart(2 * metricsOf(target()).designFieldChartX());
 }
 
 void SceneUnits::setY(int units)
 {
-    validate();
-    const Change change(m_scene);
+    const Change change(target());
     const SC_SceneMetrics& metrics = change.metrics;
     auto command = std::make_unique<CO_AndCommand>();
     command->add(new SC_ProjectCmds::SetDesignFieldChartCmd(change.project, metrics.designFieldChartX(), units * 0.5,
@@ -150,15 +122,13 @@ void SceneUnits::setY(int units)
 
 int SceneUnits::getY() const
 {
-    validate();
-    return integerPart(2 * metricsOf(m_scene).designFieldChartY());
+    return integerPart(2 * metricsOf(target()).designFieldChartY());
 }
 
 // The depth is kept whole where width and height are kept by halves: required as it is.
 void SceneUnits::setZ(int units)
 {
-    validate();
-    const Change change(m_scene);
+    const Change change(target());
     const SC_SceneMetrics& metrics = change.metrics;
     change.manager->execute(new SC_ProjectCmds::SetDesignFieldChartCmd(change.project, metrics.designFieldChartX(),
                                                                        metrics.designFieldChartY(), units),
@@ -167,22 +137,10 @@ void SceneUnits::setZ(int units)
 
 int SceneUnits::getZ() const
 {
-    validate();
-    return integerPart(metricsOf(m_scene).designFieldChartZ());
+    return integerPart(metricsOf(target()).designFieldChartZ());
 }
 
-void SceneUnits::validate() const
-{
-    if (!m_scene.get())
-        throwInvalid();
-}
-
-SceneCenter::SceneCenter(TUScene* scene) : m_scene(scene) {}
-
-BaseObject* SceneCenter::copy() const
-{
-    return new SceneCenter(*this);
-}
+SceneCenter::SceneCenter(TUScene* scene) : UnguardedView(scene) {}
 
 std::string SceneCenter::__str__() const
 {
@@ -191,8 +149,7 @@ std::string SceneCenter::__str__() const
 
 void SceneCenter::setX(int x)
 {
-    validate();
-    const Change change(m_scene);
+    const Change change(target());
     change.manager->execute(
         new SC_ProjectCmds::SetCoordinatesAtCenterCmd(change.project, x, change.metrics.coordinateAtCenterY()),
         tr("Set X Coordinate at Center"));
@@ -200,15 +157,13 @@ void SceneCenter::setX(int x)
 
 int SceneCenter::getX() const
 {
-    validate();
-    return metricsOf(m_scene).coordinateAtCenterX();
+    return metricsOf(target()).coordinateAtCenterX();
 }
 
 // The label is that of the other axis: required as it is.
 void SceneCenter::setY(int y)
 {
-    validate();
-    const Change change(m_scene);
+    const Change change(target());
     change.manager->execute(
         new SC_ProjectCmds::SetCoordinatesAtCenterCmd(change.project, change.metrics.coordinateAtCenterX(), y),
         tr("Set X Coordinate at Center"));
@@ -216,14 +171,7 @@ void SceneCenter::setY(int y)
 
 int SceneCenter::getY() const
 {
-    validate();
-    return metricsOf(m_scene).coordinateAtCenterY();
-}
-
-void SceneCenter::validate() const
-{
-    if (!m_scene.get())
-        throwInvalid();
+    return metricsOf(target()).coordinateAtCenterY();
 }
 
 } // namespace OMC

@@ -1,5 +1,6 @@
 #include "core/scene/sceneunitconverter.h"
 
+#include "core/frame/found.h"
 #include "core/geometry/vectors.h"
 #include "core/host/sc_metrics.h"
 #include "core/host/sc_scene.h"
@@ -85,12 +86,7 @@ double scaled(double value, const QString& axis, const SC_SceneMetrics& metrics,
 
 } // namespace
 
-SceneUnitConverter::SceneUnitConverter(TUScene* scene) : m_scene(scene) {}
-
-BaseObject* SceneUnitConverter::copy() const
-{
-    return new SceneUnitConverter(*this);
-}
+SceneUnitConverter::SceneUnitConverter(TUScene* scene) : UnguardedView(scene) {}
 
 std::string SceneUnitConverter::__str__() const
 {
@@ -99,7 +95,6 @@ std::string SceneUnitConverter::__str__() const
 
 QVariant SceneUnitConverter::toField(const QVariant& point)
 {
-    validate();
     const SC_SceneMetrics& sceneMetrics = metrics();
     const Place place = placeIn(point);
     return objectOf(sceneMetrics.fromOGL(place.point), place.kind);
@@ -107,13 +102,11 @@ QVariant SceneUnitConverter::toField(const QVariant& point)
 
 double SceneUnitConverter::toField(double value, const QString& axis)
 {
-    validate();
     return scaled(value, axis, metrics(), oglToField);
 }
 
 QVariant SceneUnitConverter::toOgl(const QVariant& point)
 {
-    validate();
     const SC_SceneMetrics& sceneMetrics = metrics();
     const Place place = placeIn(point);
     return objectOf(sceneMetrics.toOGL(place.point), place.kind);
@@ -121,22 +114,12 @@ QVariant SceneUnitConverter::toOgl(const QVariant& point)
 
 double SceneUnitConverter::toOgl(double value, const QString& axis)
 {
-    validate();
     return scaled(value, axis, metrics(), fieldToOgl);
-}
-
-void SceneUnitConverter::validate() const
-{
-    if (!m_scene.get())
-        throwInvalid();
 }
 
 const SC_SceneMetrics& SceneUnitConverter::metrics() const
 {
-    const SC_SceneMetrics* sceneMetrics = m_scene.get()->metrics();
-    if (!sceneMetrics)
-        throwInvalid();
-    return *sceneMetrics;
+    return found(target().metrics());
 }
 
 } // namespace OMC

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/frame/engineview.h"
 #include "core/frame/obj.h"
-#include "core/frame/weakhandle.h"
 
 #include <QString>
 #include <QVariant>
@@ -14,13 +14,13 @@ namespace OMC {
 /// Converts between the two coordinate systems of a scene: the units of its field chart, in which people think, and
 /// OpenGL units, in which the engine draws. It reads the scene's metrics at each call, on whatever thread, and is
 /// invalid once the scene is gone.
-class BRINDLE_CORE_EXPORT SceneUnitConverter : public BaseObject {
+class BRINDLE_CORE_EXPORT SceneUnitConverter : public UnguardedView<TUScene> {
     Q_OBJECT
+    BRINDLE_COPYABLE(SceneUnitConverter)
 
 public:
     explicit SceneUnitConverter(TUScene* scene);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     /// A Point2d comes back as a Point2d, a Point3d and all that Point3d::fromQVariant reads as a Point3d. Anything
@@ -31,13 +31,8 @@ public:
     QVariant toOgl(const QVariant& point);
     double toOgl(double value, const QString& axis);
 
-protected:
-    void validate() const override;
-
 private:
-    const SC_SceneMetrics& metrics() const;
-
-    WeakHandle<TUScene> m_scene;
+    const SC_SceneMetrics& metrics() const; ///< Validates.
 };
 
 } // namespace OMC

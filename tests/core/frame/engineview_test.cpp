@@ -7,9 +7,9 @@
 #include <memory>
 #include <optional>
 
-namespace {
-
 using namespace OMC;
+
+namespace viewed {
 
 struct Engine : UT_SharedWeakBase {
     int value = 7;
@@ -31,6 +31,12 @@ public:
     explicit ViewedList(Engine* engine) : EngineView(engine) {}
     std::size_t size() const override { return static_cast<std::size_t>(target().value); }
 };
+
+} // namespace viewed
+
+namespace {
+
+using namespace viewed;
 
 TEST(EngineViewTest, AllViewsOfAnObjectGoInvalidTogetherWithIt)
 {

@@ -7,9 +7,9 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 using namespace OMC;
+
+namespace listed {
 
 /// What the lists below show: words that a test changes while a loop goes on.
 QStringList theWords;
@@ -60,6 +60,12 @@ protected:
 private:
     Snapshot<QString> m_words;
 };
+
+} // namespace listed
+
+namespace {
+
+using namespace listed;
 
 template <typename List>
 QStringList loop(const List& list, int steps = 100)
