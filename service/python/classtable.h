@@ -4,6 +4,7 @@
 
 #include <QMetaObject>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -41,7 +42,9 @@ struct Operators {
     const char* calledMethod = nullptr; ///< The method that a call of the object stands for, instead of `call`.
     PyObject* (*iterate)(OMC::BaseObject*) = nullptr;
     PyObject* (*next)(OMC::BaseObject*) = nullptr; ///< Null without an error at the end.
-    bool (*equals)(OMC::BaseObject*, OMC::BaseObject*) = nullptr;
+    /// Nothing where the class doesn't compare itself with such a value.
+    std::optional<bool> (*equals)(PyObject* self, PyObject*) = nullptr;
+    bool equalsValues = false; ///< Any value may equal the object; else only objects of its kind.
     const char* itemType = "Any";
 };
 
@@ -87,6 +90,32 @@ T* newOf(Arguments... arguments)
 /// What an `operator==` compares with: for a class that has it from its base, the base.
 template <typename C, typename Other>
 const Other& operandOf(bool (C::*)(const Other&) const);
+
+/// Whether a Python value is an object that `Compare(const Other&)` takes and finds equal; nothing for what is no
+/// object of this module.
+template <typename Other, typename Compare>
+std::optional<bool> equalsObject(PyObject* value, Compare&& compare)
+{
+    if (!isWrapper(value))
+        return std::nullopt;
+    const auto* same = dynamic_cast<const Other*>(objectOf(value));
+    return same && compare(*same);
+}
+
+/// Whether `Compare(const QVariant&)` finds a value equal that is read as an argument is. None equals nothing, and
+/// neither does what can't be read: a comparison fails for no value.
+template <typename Compare>
+std::optional<bool> equalsRead(PyObject* value, Compare&& compare)
+{
+    return convertAndCall([value] { return comparedValue(value); },
+                          [&](const std::optional<QVariant>& other) -> std::optional<bool> {
+                              try {
+                                  return other ? std::optional(compare(*other)) : std::nullopt;
+                              } catch (const OMC::Exception&) {
+                                  return false;
+                              }
+                          });
+}
 
 /// Fills a class's table from its C++ class: the list protocol, the call operator and equality come by themselves.
 template <typename T>
@@ -319,24 +348,24 @@ void Class<T>::deriveOperators()
         };
     }
     if constexpr (requires(const OMC::Obj& other) { self(nullptr).__eq__(other); }) {
-        operators.equals = [](OMC::BaseObject* o, OMC::BaseObject* other) {
-            return bool(self(o).__eq__(OMC::Obj(other)));
+        operators.equals = [](PyObject* o, PyObject* other) {
+            return equalsObject<OMC::BaseObject>(other, [&](const OMC::BaseObject&) {
+                return bool(self(heldObject(o)).__eq__(OMC::Obj(objectOf(other))));
+            });
         };
     } else if constexpr (requires { operandOf(&T::operator==); }) {
         using Other = std::decay_t<decltype(operandOf(&T::operator==))>;
-        operators.equals = [](OMC::BaseObject* o, OMC::BaseObject* other) {
-            if constexpr (std::is_same_v<Other, QVariant>) {
-                // What the class would read as an equal value isn't one: a == b is b == a, and fails for nothing.
-                return dynamic_cast<const T*>(other) && self(o).operator==(QVariant::fromValue<QObject*>(other));
-            } else {
-                const Other* same = dynamic_cast<const Other*>(other);
-                return same && self(o).operator==(*same);
-            }
+        operators.equalsValues = std::is_same_v<Other, QVariant>;
+        operators.equals = [](PyObject* o, PyObject* other) {
+            if constexpr (std::is_same_v<Other, QVariant>)
+                return equalsRead(other, [o](const QVariant& v) { return self(heldObject(o)).operator==(v); });
+            else
+                return equalsObject<Other>(other,
+                                           [&](const Other& same) { return self(heldObject(o)).operator==(same); });
         };
     } else if constexpr (requires(const T* other) { self(nullptr).operator==(other); }) {
-        operators.equals = [](OMC::BaseObject* o, OMC::BaseObject* other) {
-            const T* same = dynamic_cast<const T*>(other);
-            return same && self(o) == same;
+        operators.equals = [](PyObject* o, PyObject* other) {
+            return equalsObject<T>(other, [&](const T& same) { return self(heldObject(o)) == &same; });
         };
     }
 }

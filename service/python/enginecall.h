@@ -3,6 +3,7 @@
 #include "service/python/enginegate.h"
 #include "service/python/values.h"
 
+#include <optional>
 #include <tuple>
 #include <type_traits>
 #include <variant>
@@ -15,6 +16,8 @@ template <typename Values>
 inline constexpr bool mayHoldItems = std::is_same_v<Values, QVariant>;
 template <typename... T>
 inline constexpr bool mayHoldItems<std::tuple<T...>> = (mayHoldItems<T> || ...);
+template <typename T>
+inline constexpr bool mayHoldItems<std::optional<T>> = mayHoldItems<T>;
 
 /// Makes one call in three steps: `convert` reads all arguments, then the gate is asked, once, then `call` goes into
 /// the engine with the values.

@@ -11,7 +11,7 @@
 /// From a member function to a Python method: one entry of a family's table.
 namespace brindle::python {
 
-/// Picks an overloaded member function by its argument types: `pick<int>(&ListObj::get)`.
+/// Picks an overloaded function by its argument types: `pick<int>(&ListObj::get)`.
 template <typename... Arguments>
 struct Pick {
     template <typename Result, typename Class>
@@ -23,6 +23,11 @@ struct Pick {
     constexpr auto operator()(Result (Class::*member)(Arguments...) const) const
     {
         return member;
+    }
+    template <typename Result>
+    constexpr auto operator()(Result (*function)(Arguments...)) const
+    {
+        return function;
     }
 };
 template <typename... Arguments>
@@ -182,7 +187,13 @@ struct StaticForm : ArgumentReader<typename StaticSignature<decltype(Function)>:
 
     static PyObject* call(typename Sig::Values& values)
     {
-        return toPython(std::apply([](auto&... value) -> decltype(auto) { return Function(value...); }, values));
+        const auto run = [](auto&... value) -> decltype(auto) { return Function(value...); };
+        if constexpr (std::is_void_v<typename Sig::Result>) {
+            std::apply(run, values);
+            Py_RETURN_NONE;
+        } else {
+            return toPython(std::apply(run, values));
+        }
     }
 
     static std::string describe() { return Reader::describe() + " -> " + resultType<typename Sig::Result>(); }

@@ -166,10 +166,15 @@ void deallocateIterator(PyObject* self)
 PyObject* compare(PyObject* self, PyObject* other, int operation)
 {
     return guarded([&]() -> PyObject* {
-        if ((operation != Py_EQ && operation != Py_NE) || !isWrapper(other))
+        if (operation != Py_EQ && operation != Py_NE)
             Py_RETURN_NOTIMPLEMENTED;
-        const bool equal = operatorsOf(self).equals(objectOf(self), objectOf(other));
-        return toPython(equal == (operation == Py_EQ));
+        const Operators& operators = operatorsOf(self);
+        // An object of another class that takes any value decides, so that a == b is b == a.
+        const bool otherDecides = !operators.equalsValues && isWrapper(other) && operatorsOf(other).equalsValues;
+        const std::optional<bool> equal = otherDecides ? std::nullopt : operators.equals(self, other);
+        if (!equal)
+            Py_RETURN_NOTIMPLEMENTED;
+        return toPython(*equal == (operation == Py_EQ));
     });
 }
 

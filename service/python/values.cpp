@@ -306,6 +306,23 @@ QVariant variantFrom(PyObject* value)
     throwTypeError("A value of type %s can't be used here", Py_TYPE(value)->tp_name);
 }
 
+std::optional<QVariant> comparedValue(PyObject* value)
+{
+    if (value == Py_None)
+        return std::nullopt;
+    try {
+        return variantFrom(value);
+    } catch (const PythonError&) {
+        for (PyObject* unreadable : {PyExc_TypeError, PyExc_OverflowError, PyExc_UnicodeError}) {
+            if (PyErr_ExceptionMatches(unreadable)) {
+                PyErr_Clear();
+                return std::nullopt;
+            }
+        }
+        throw;
+    }
+}
+
 PyObject* toPython(const QVariant& value)
 {
     switch (value.typeId()) {

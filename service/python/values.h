@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,8 @@ bool isPath(PyObject* value);
 
 /// Where the value holds objects, `HeldItems` must live as long as the result. Touches nothing of the engine.
 QVariant variantFrom(PyObject* value);
+/// The same for a comparison: nothing for None, and for what can't be an argument.
+std::optional<QVariant> comparedValue(PyObject* value);
 QString stringFrom(PyObject* text); ///< Of a str; throws on one that is no Unicode text (lone surrogates).
 QString pathFrom(PyObject* value);  ///< Of an object with `__fspath__`, which has to give a str.
 

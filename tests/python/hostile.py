@@ -114,6 +114,7 @@ class Sweep:
         self.random = random.Random(share)
         self.share = share
         self.plain = [*NUMBERS, *TEXTS, *LISTS, *PATTERNS, *OTHERS]
+        self.lists = [(value, list(value)) for value in self.plain if isinstance(value, list)]
         self.texts = {id(value): text_of(value) for value in self.plain}
         self.folder = pathlib.Path(folder)
         self.report = os.open(report, os.O_WRONLY | os.O_CREAT | os.O_TRUNC)
@@ -139,6 +140,8 @@ class Sweep:
 
     def restore_objects(self):
         self.restore()
+        for value, items in self.lists:  # A call may have added points to it.
+            value[:] = items
         if any("no longer valid" in repr(sample) for sample in self.samples.values()):
             self.begin()
 

@@ -170,10 +170,20 @@ def test_the_repr_of_a_long_path_shows_both_ends():
                           "(998, 0) (999, 0), 1000 points>")
 
 
-def test_a_curve_equals_no_object_of_another_kind():
+def test_a_curve_equals_what_it_is_made_of():
+    curve = brindle.Bezier(LOOP)
+    assert curve == LOOP and LOOP == curve and not curve != LOOP
+    assert curve == [curve] * 4 and curve != HUMP and curve_of(LOOP) != LOOP
+    curves = [curve, curve_of(HUMP)] * 2
+    assert brindle.BezierPath(curves) == curves != brindle.BezierPath(curves[::-1])
+    for empty in (brindle.Bezier(), brindle.BezierPath()):
+        assert empty == [] and empty == [[1, 2]] and empty == brindle.Point2d() and brindle.Point2d() == empty
+
+
+def test_a_curve_equals_nothing_that_it_cannot_be_made_of():
     for curve in (brindle.Bezier(), brindle.BezierPath()):
-        for other in (brindle.Point2d(), brindle.Rect2D(), brindle.Matrix(), brindle.Colour(), [], None, "x"):
-            assert curve != other and other != curve
+        for other in (brindle.Rect2D(), brindle.Matrix(2), brindle.Colour(), None, "x", ["x"], object(), {}, b"", 2**70):
+            assert (curve == other, other == curve, curve != other, other != curve) == (False, False, True, True)
     assert brindle.Bezier() != brindle.BezierPath() and brindle.BezierPath() != brindle.Bezier()
 
 

@@ -290,14 +290,49 @@ def test_a_stored_matrix_that_was_tampered_with_is_refused(state):
         rebuild(Matrix, state)
 
 
-def test_matrices_are_equal_cell_by_cell_and_equal_nothing_else():
+def test_matrices_are_equal_cell_by_cell():
     assert Matrix() == Matrix()
     assert Matrix() != scaled(2)
     assert Matrix(Vector3d(1, 2, 3)) == moved(1, 2, 3)
-    for other in (None, 1, [1, 2, 3], Vector3d(1, 2, 3), brindle.Transformation(), brindle.Colour()):
-        assert moved(1, 2, 3) != other and Matrix() != other and other != Matrix()
     with pytest.raises(TypeError):
         hash(Matrix())
+
+
+# A value, and the matrix that it is read as.
+EQUAL = [(2, scaled(2)), (2.0, scaled(2)), (1, Matrix()), (True, Matrix()), ([1, 2, 3], moved(1, 2, 2)),
+         (Vector3d(1, 2, 3), moved(1, 2, 3)), (brindle.Point2d(1, 2), moved(1, 2, 0)), ([], Matrix()), ("x", Matrix()),
+         (brindle.Colour(), Matrix()), ([scaled(2), 1, 2], Matrix([moved(1, 2, 0), scaled(2)]))]
+
+
+@pytest.mark.parametrize("value, matrix", EQUAL, ids=repr)
+def test_a_matrix_equals_what_is_read_as_it(value, matrix):
+    assert matrix == value and value == matrix and not matrix != value and not value != matrix
+    changed = Matrix(matrix)
+    changed.translate(0, 0, 1)
+    assert changed != value and value != changed and not changed == value and not value == changed
+
+
+def test_a_matrix_equals_a_transformation_with_it():
+    transformation = brindle.Transformation()
+    assert Matrix() == transformation and transformation == Matrix()
+    transformation.scale(2, 2, 2)
+    assert Matrix(2) == transformation and transformation == Matrix(2)
+
+
+@pytest.mark.parametrize("other", [None, object(), b"x", {1}, 1j, 2**70, "\ud800", {1: 2}], ids=repr)
+def test_a_matrix_equals_neither_none_nor_what_is_no_argument(other):
+    for matrix in (Matrix(), scaled(2)):
+        assert (matrix == other, other == matrix, matrix != other, other != matrix) == (False, False, True, True)
+
+
+def test_an_error_of_a_script_ends_a_comparison():
+    class Stubborn(dict):
+        def __eq__(self, other):
+            raise ZeroDivisionError
+
+    with pytest.raises(ZeroDivisionError):
+        assert Stubborn() == Matrix()
+    assert Matrix() == Stubborn()
 
 
 @given(matrices())

@@ -102,3 +102,44 @@ def test_a_class_takes_a_name_that_a_script_gives_it(peg):
     finally:
         del brindle.Node.shout
     assert support.message_of(lambda: peg.shout, error=AttributeError) == before
+
+
+def test_a_class_that_a_script_derives_is_made_its_own_way():
+    class Corner(brindle.Point2d):
+        def __new__(cls, label, **names):
+            return super().__new__(cls, 1, 2, **names)
+
+        def __init__(self, label):
+            self.label = label
+
+    corner = Corner("left")
+    assert (corner, corner.label, type(corner)) == (brindle.Point2d(1, 2), "left", Corner)
+    assert Named(y=3, x=4) == brindle.Point2d(4, 3)
+    with pytest.raises(TypeError):
+        Named(1, 2, 3)
+
+
+def test_a_class_of_the_module_may_be_given_an_init_of_the_script():
+    seen = []
+
+    def init(self, *values, **names):
+        seen.append((values, names))
+
+    brindle.Rect2D.__init__ = init
+    try:
+        assert brindle.Rect2D(1, height=2) == brindle.Rect2D(1, 2)
+    finally:
+        del brindle.Rect2D.__init__
+    assert seen == [((1,), {"height": 2}), ((1, 2), {})]
+    assert brindle.Rect2D(1, height=2) == brindle.Rect2D(1, 2) and len(seen) == 2
+
+
+def test_values_are_made_of_arguments_in_every_form():
+    for made in (brindle.Point2d(1, 2), brindle.Point2d(1, y=2), brindle.Point2d(y=2, x=1), brindle.Point2d(*[1], **{"y": 2}),
+                 brindle.Point2d(value=[1, 2])):
+        assert made == brindle.Point2d.__new__(brindle.Point2d, 1, 2)
+    for call in (lambda: brindle.Point2d(1, 2, 3), lambda: brindle.Point2d(1, x=2), lambda: brindle.Point2d(z=1)):
+        with pytest.raises(TypeError):
+            call()
+    with pytest.raises(TypeError):
+        brindle.Scene()

@@ -213,6 +213,20 @@ class Point2d(BaseObject):
     def translate(self, vector: Any) -> None:
         """Adds a vector, a point, a list of numbers and of those, or a number for both coordinates."""
         ...
+    @overload
+    @staticmethod
+    def from_qvariant(value: Any) -> Any:
+        """A new point of whatever Point2d(value) takes. With a list, adds to it the points that a value tells strictly: one, or those in a list and in the lists in it."""
+        ...
+    @overload
+    @staticmethod
+    def from_qvariant(value: Any, points: list[Point2d]) -> None:
+        """A new point of whatever Point2d(value) takes. With a list, adds to it the points that a value tells strictly: one, or those in a list and in the lists in it."""
+        ...
+    @staticmethod
+    def convert_qvariant(value: Any, x: float = 0, y: float = 0) -> list:
+        """[x, y] of a node, a point, a list of numbers, or a single number for x; what the value doesn't tell is as given. Fails for anything else."""
+        ...
     def __eq__(self, other: object) -> bool: ...
 
 
@@ -243,6 +257,14 @@ class Point3d(BaseObject):
     def translate(self, vector: Any) -> None:
         """Adds a vector, a point, a list of numbers and of those, or a number for all coordinates."""
         ...
+    @staticmethod
+    def from_qvariant(value: Any) -> Any:
+        """A new point of whatever Point3d(value) takes."""
+        ...
+    @staticmethod
+    def convert_qvariant(value: Any, x: float = 0, y: float = 0, z: float = 0) -> list:
+        """[x, y, z] of a node's coordinates, a point, a list of numbers, or a single number for x; what the value doesn't tell is as given. Fails for anything else, a node included."""
+        ...
     def __eq__(self, other: object) -> bool: ...
 
 
@@ -252,6 +274,10 @@ class Vector2d(Point2d):
     def __init__(self, value: Any) -> None: ...
     @overload
     def __init__(self, x: float = 0, y: float = 0) -> None: ...
+    @staticmethod
+    def from_qvariant(value: Any) -> Any:
+        """A new vector of whatever Vector2d(value) takes."""
+        ...
     def __eq__(self, other: object) -> bool: ...
 
 
@@ -261,6 +287,10 @@ class Vector3d(Point3d):
     def __init__(self, value: Any) -> None: ...
     @overload
     def __init__(self, x: float = 0, y: float = 0, z: float = 0) -> None: ...
+    @staticmethod
+    def from_qvariant(value: Any) -> Any:
+        """A new vector of whatever Vector3d(value) takes."""
+        ...
     def __eq__(self, other: object) -> bool: ...
 
 
@@ -311,6 +341,10 @@ class AllocatedRect2D(Rect2D):
     def expand(self, left: float, bottom: float, right: float, top: float) -> None:
         """Moves the sides outwards by margins; negative ones move them inwards."""
         ...
+    @staticmethod
+    def from_qvariant(value: Any) -> Any:
+        """A new rectangle: an AllocatedRect2D as it is, the one about the positions in a list, or of no size at a single one."""
+        ...
     def __eq__(self, other: object) -> bool: ...
 
 
@@ -329,6 +363,10 @@ class Rect2DI(BaseObject):
         ...
     @height.setter
     def height(self, value: Any) -> None: ...
+    @staticmethod
+    def convert_qvariant(value: Any) -> Any:
+        """A new size of the first two numbers in a list of three or more, rounded; 0 by 0 of a rectangle. Fails for anything else."""
+        ...
     def __eq__(self, other: object) -> bool: ...
 
 
@@ -518,6 +556,10 @@ class Matrix(BaseObject):
     def extract_parameters_3d(self, pivot: Any = None) -> list:
         """[translation, scale, rotation] in space about a pivot, angles in degrees: the matrix is translate, rotate about z, y and x, scale, in this order."""
         ...
+    @staticmethod
+    def from_qvariant(value: Any) -> Any:
+        """A new matrix of whatever Matrix(value) takes."""
+        ...
     def print(self, text: str = '') -> None:
         """Writes a text and the cells to the standard output."""
         ...
@@ -675,6 +717,10 @@ class Colour(BaseObject):
     def from_hsl(h: float, s: float, l: float, a: float) -> Any:
         """A new colour of a hue in degrees, and of saturation, lightness and alpha from 0 to 100."""
         ...
+    @staticmethod
+    def qvariant_to_rgba_int(value: Any, r: int = 0, g: int = 0, b: int = 0, a: int = 0) -> list:
+        """[red, green, blue, alpha] of what Colour(value) takes; what a list doesn't tell is as given."""
+        ...
     def __eq__(self, other: object) -> bool: ...
 
 
@@ -774,6 +820,10 @@ class Bezier(ListQVar):
     @overload
     def intersections(self, other: Any) -> list:
         """Where the curve meets itself, or another: a list of Point2d in the order of this curve."""
+        ...
+    @staticmethod
+    def get_bezier_from_qvariant(value: Any, degree: int = 3) -> list:
+        """The curves of a degree in a list with more items than that: its Beziers, and of plain points the first ones in a row as a curve that ends at (0, 0)."""
         ...
     def derivative(self) -> Any:
         """The curve of the derivatives by the parameter, one degree lower."""
@@ -906,6 +956,10 @@ class BezierPath(ListQVar):
     @staticmethod
     def create_bezier_fit(points: Any, closed: bool = False, one_bezier: bool = False) -> Any:
         """Curves that come within 1 of every point, open or closed, or one cubic curve in the directions of the ends that comes as near as it can."""
+        ...
+    @staticmethod
+    def get_bezier_path_from_qvariant(value: Any, path: BaseObject | None, degree: int = 3) -> None:
+        """Puts a BezierPath in the place of a path, or adds the curves that Bezier.get_bezier_from_qvariant() reads at its end."""
         ...
     def bezier(self, index: int) -> Any:
         """One of the curves, from 0, as a Bezier."""

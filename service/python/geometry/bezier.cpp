@@ -18,6 +18,16 @@ OMC::Bezier* newBezier(const QVariant& points, unsigned int degree)
     return new OMC::Bezier(points, degree);
 }
 
+std::vector<OMC::Obj> readCurves(const QVariant& value, unsigned int degree)
+{
+    std::vector<GR_Bezier2d> curves;
+    OMC::Bezier::getBezierFromQVariant(value, curves, degree);
+    std::vector<OMC::Obj> objects;
+    for (const GR_Bezier2d& curve : curves)
+        objects.emplace_back(new OMC::Bezier(curve));
+    return objects;
+}
+
 QVariantList stateOf(const OMC::Bezier& bezier)
 {
     const GR_Bezier2d& curve = bezier.getBezier();
@@ -79,6 +89,9 @@ std::vector<ClassTable> bezierTables()
         .property("line", "Whether the curve is a straight line, or a point.")
         .property("cusp", "Whether the curve comes to a point between its ends.")
         .property("inflections", "How often the curve changes the side to which it bends: 0, 1 or 2.")
+        .staticMethod<"get_bezier_from_qvariant", StaticForm<&readCurves, "value, degree=3">>(
+            "The curves of a degree in a list with more items than that: its Beziers, and of plain points the first "
+            "ones in a row as a curve that ends at (0, 0).")
         .method<"derivative", Form<&Bezier::derivative>>(
             "The curve of the derivatives by the parameter, one degree lower.")
         .method<"evaluate_and_round", Form<&Bezier::evaluateAndRound, "parameter">>(

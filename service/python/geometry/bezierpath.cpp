@@ -16,6 +16,14 @@ OMC::BezierPath* newBezierPath(const QVariant& curves, unsigned int degree)
     return curves.isValid() ? new OMC::BezierPath(curves, degree) : new OMC::BezierPath;
 }
 
+void readPath(const QVariant& value, const OMC::Obj& path, unsigned int degree)
+{
+    auto* target = dynamic_cast<OMC::BezierPath*>(path.get());
+    if (!target)
+        OMC::BaseObject::throwInvalidArgument(1);
+    OMC::BezierPath::getBezierPathFromQVariant(value, *target, degree);
+}
+
 QVariantList stateOf(const OMC::BezierPath& bezierPath)
 {
     const GR_BezierPath2d& path = bezierPath.getBezier();
@@ -83,6 +91,9 @@ std::vector<ClassTable> bezierPathTables()
                       StaticForm<&BezierPath::createBezierFit, "points, closed=False, one_bezier=False">>(
             "Curves that come within 1 of every point, open or closed, or one cubic curve in the directions of the "
             "ends that comes as near as it can.")
+        .staticMethod<"get_bezier_path_from_qvariant", StaticForm<&readPath, "value, path, degree=3">>(
+            "Puts a BezierPath in the place of a path, or adds the curves that Bezier.get_bezier_from_qvariant() reads "
+            "at its end.")
         .method<"bezier", Form<&BezierPath::bezier, "index">>("One of the curves, from 0, as a Bezier.")
         .method<"bezier_degree", Form<&BezierPath::bezierDegree, "index">>("The degree of one of the curves, from 0.")
         .method<"bezier_append", Form<&BezierPath::bezierAppend, "curves">>(

@@ -34,6 +34,12 @@ OMC::Colour* colourOf(const QVariantList& state)
     return new OMC::Colour(channels[0], channels[1], channels[2], channels[3]);
 }
 
+QList<QVariant> readChannels(const QVariant& value, int r, int g, int b, int a)
+{
+    OMC::Colour::QVariantToRGBAInt(value, r, g, b, a);
+    return {r, g, b, a};
+}
+
 std::string textOf(const OMC::Colour& colour, const std::string& type)
 {
     std::string text;
@@ -62,7 +68,9 @@ std::vector<ClassTable> colourTables()
             .property("s", "The saturation, held in 0 to 100.")
             .property("hex", "\"#\" and eight digits, alpha first; it takes any name and form that Qt knows.")
             .staticMethod<"from_hsl", StaticForm<&Colour::fromHSL, "h, s, l, a">>(
-                "A new colour of a hue in degrees, and of saturation, lightness and alpha from 0 to 100."),
+                "A new colour of a hue in degrees, and of saturation, lightness and alpha from 0 to 100.")
+            .staticMethod<"qvariant_to_rgba_int", StaticForm<&readChannels, "value, r=0, g=0, b=0, a=0">>(
+                "[red, green, blue, alpha] of what Colour(value) takes; what a list doesn't tell is as given."),
     };
 }
 

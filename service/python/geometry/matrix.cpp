@@ -115,6 +115,8 @@ std::vector<ClassTable> matrixTables()
             .method<"extract_parameters_3d", Form<&Matrix::extractParameters_3d, "pivot=None">>(
                 "[translation, scale, rotation] in space about a pivot, angles in degrees: the matrix is translate, "
                 "rotate about z, y and x, scale, in this order.")
+            .staticMethod<"from_qvariant", StaticForm<&Matrix::fromQVariant, "value">>(
+                "A new matrix of whatever Matrix(value) takes.")
             .method<"print", Form<&Matrix::print, "text=''">>("Writes a text and the cells to the standard output."),
     };
 }
