@@ -2,8 +2,6 @@
 
 #include "core/frame/pythonthread.h"
 
-#include <utility>
-
 namespace OMC {
 
 namespace {
@@ -25,9 +23,20 @@ QVariant PythonFunctionHelper::call(_object*, std::vector<QVariant>&) const
     throw Exception(std::string("Fail - this should be overridden by target wrappers.\n"));
 }
 
+void PythonFunctionHelper::run(_object* function) const
+{
+    std::vector<QVariant> arguments;
+    call(function, arguments);
+}
+
+bool PythonFunctionHelper::test(_object* function, std::vector<QVariant>& arguments) const
+{
+    return call(function, arguments).toBool();
+}
+
 PythonFunction::PythonFunction() = default;
 
-PythonFunction::PythonFunction(const PythonFunction& other) : BaseObject(other), m_function(other.m_function)
+PythonFunction::PythonFunction(const PythonFunction& other) : BaseObject(other), m_function(other.get())
 {
     if (m_function)
         installedHelper().addReference(m_function);
@@ -35,7 +44,7 @@ PythonFunction::PythonFunction(const PythonFunction& other) : BaseObject(other),
 
 PythonFunction& PythonFunction::operator=(const PythonFunction& other)
 {
-    set(other.m_function);
+    set(other.get());
     return *this;
 }
 
@@ -62,20 +71,43 @@ QVariant PythonFunction::call(const QVariantList& arguments)
     return call(values);
 }
 
-QVariant PythonFunction::call(std::vector<QVariant>& arguments) const
+template <typename Call>
+auto PythonFunction::callInside(const Call& call) const
 {
     const PythonFunctionHelper& helper = installedHelper();
-    if (!m_function)
-        throw Exception(tr("No Python object is available."));
+    const auto function = [this] {
+        if (!m_function)
+            throw Exception(tr("No Python object is available."));
+        return m_function.load();
+    };
+    function();
     const PythonGILScope python;
-    return helper.call(m_function, arguments);
+    // Another thread may have set another function, or none, before this one got in.
+    return call(helper, function());
+}
+
+QVariant PythonFunction::call(std::vector<QVariant>& arguments) const
+{
+    return callInside(
+        [&](const PythonFunctionHelper& helper, _object* function) { return helper.call(function, arguments); });
+}
+
+void PythonFunction::run() const
+{
+    callInside([](const PythonFunctionHelper& helper, _object* function) { helper.run(function); });
+}
+
+bool PythonFunction::test(std::vector<QVariant>& arguments) const
+{
+    return callInside(
+        [&](const PythonFunctionHelper& helper, _object* function) { return helper.test(function, arguments); });
 }
 
 void PythonFunction::set(_object* function)
 {
     if (function == m_function)
         return;
-    _object* before = std::exchange(m_function, function);
+    _object* before = m_function.exchange(function);
     // The new one stays stored when this fails.
     const PythonFunctionHelper& helper = installedHelper();
     // Taken ahead of dropping the old one: the two may share what keeps them alive.

@@ -4,6 +4,7 @@
 
 #include <QVariantList>
 
+#include <atomic>
 #include <memory>
 #include <vector>
 
@@ -25,6 +26,11 @@ public:
     /// The interpreter's object that a variant carries in a form of the binding's own, or null.
     virtual _object* objectIn(const QVariant& value) const = 0;
     virtual bool isCallable(_object* object) const = 0;
+
+    /// `call` without arguments where the result is dropped: it may be what has no form here.
+    virtual void run(_object* function) const;
+    /// `call` where nothing counts but whether the result is true for the interpreter.
+    virtual bool test(_object* function, std::vector<QVariant>& arguments) const;
 };
 
 /// A callable of a Python script, held by native code.
@@ -47,6 +53,10 @@ public:
     /// Calls it; the arguments may be left out. Throws when there is no function, and what the function raises.
     Q_INVOKABLE QVariant call(const QVariantList& arguments = {});
     virtual QVariant call(std::vector<QVariant>& arguments) const;
+    /// The same without arguments, for its effect: the result is dropped, whatever it is.
+    void run() const;
+    /// The same as a predicate: whether the result, whatever it is, is true for the interpreter.
+    bool test(std::vector<QVariant>& arguments) const;
 
     /// Holds another function, or none for null.
     virtual void set(_object* function);
@@ -56,7 +66,11 @@ public:
     static std::unique_ptr<PythonFunctionHelper>& helperFunc();
 
 private:
-    _object* m_function = nullptr;
+    template <typename Call>
+    auto callInside(const Call& call) const;
+
+    /// Changed with the interpreter's lock held, looked at without it.
+    std::atomic<_object*> m_function = nullptr;
 };
 
 } // namespace OMC

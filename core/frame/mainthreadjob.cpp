@@ -51,8 +51,7 @@ void MainThreadJob::run(unsigned int& index)
         const PythonGILScope python;
         if (!isOver(index)) {
             try {
-                std::vector<QVariant> arguments;
-                m_function->call(arguments);
+                m_function->run();
             } catch (...) {
                 fail(std::current_exception());
             }

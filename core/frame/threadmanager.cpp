@@ -156,7 +156,7 @@ void ThreadManager::unlockAlsoWithoutProject()
 
 void ThreadManager::giveBackLock(TUSceneChangeManager* changes)
 {
-    // First in, first out: a nested pair leaves notifications off. Required as it is.
+    // Required: first in, first out, so that a nested pair leaves notifications off.
     if (!m_notifyStates.empty()) {
         if (changes)
             changes->setNotifyEnabled(m_notifyStates.front());
@@ -174,14 +174,15 @@ void ThreadManager::giveBackLock(TUSceneChangeManager* changes)
 void ThreadManager::runFunction(const QVariant& function)
 {
     const PythonFunction& called = functionIn(function);
-    std::vector<QVariant> arguments;
-    const bool underLock = !mainThread() && !isExternal();
-    if (underLock)
-        lock();
-    // An exception of the function leaves the lock taken. Required as it is.
-    called.call(arguments);
-    if (underLock)
-        unlock();
+    if (mainThread() || isExternal()) {
+        called.run();
+        return;
+    }
+    lock();
+    // Required: an exception of the function leaves the lock taken.
+    called.run();
+    // Given back also where the function has closed the project, which `unlock` refuses.
+    unlockAlsoWithoutProject();
 }
 
 void ThreadManager::runOnMain(const QVariant& function, bool wait)
@@ -193,8 +194,9 @@ void ThreadManager::runOnMain(const QVariant& function, bool wait)
         throw Exception(translated("The application does not appear to be loaded."));
 
     const bool waits = wait || mainThread();
-    const SCP_PythonEngine::ThreadStateScope outside;
+    // Made ahead of leaving Python, behind which other threads may set another function.
     const auto job = std::make_shared<MainThreadJob>(called, threadLockIndex(), waits);
+    const SCP_PythonEngine::ThreadStateScope outside;
     QMetaObject::invokeMethod(QAbstractEventDispatcher::instance(QCoreApplication::instance()->thread()),
                               [this, posted = job]() mutable {
                                   posted->run(threadLockIndex());

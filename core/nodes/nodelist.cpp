@@ -1,5 +1,6 @@
 #include "core/nodes/nodelist.h"
 
+#include "core/bridges/pythonfunction.h"
 #include "core/host/mo_node.h"
 #include "core/host/sc_scene.h"
 #include "core/nodes/node.h"
@@ -112,10 +113,33 @@ Obj NodeList::operator()(const QString& name) const
     return get(name);
 }
 
+namespace {
+
+bool isGone(const Obj& node)
+{
+    const auto* wrapper = dynamic_cast<const Node*>(node.get());
+    return !wrapper || !wrapper->getValid();
+}
+
+/// Asks a function of a script about each node. It may change and remove nodes; those that are gone are left out.
+void keepAccepted(std::vector<Obj>& nodes, const PythonFunction& predicate)
+{
+    std::erase_if(nodes, [&predicate](const Obj& node) {
+        if (isGone(node))
+            return true;
+        std::vector<QVariant> arguments = {toVariant(Obj(node))};
+        return !predicate.test(arguments);
+    });
+    std::erase_if(nodes, &isGone);
+}
+
+} // namespace
+
 std::vector<Obj> NodeList::find(const QVariant& filter) const
 {
     validate();
-    NodeCollector collector(filter);
+    const auto* predicate = objectFrom<PythonFunction>(filter);
+    NodeCollector collector(predicate ? QVariant(QVariantMap()) : filter);
     switch (m_mode) {
     case SceneNodes:
         if (TUGroup* root = m_scene.get()->getRootGroup())
@@ -137,6 +161,8 @@ std::vector<Obj> NodeList::find(const QVariant& filter) const
     wrappers.reserve(collector.modules().size());
     for (MO_Node* node : collector.modules())
         wrappers.emplace_back(Node::getWrapped(node));
+    if (predicate)
+        keepAccepted(wrappers, *predicate);
     return wrappers;
 }
 

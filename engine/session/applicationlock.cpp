@@ -20,10 +20,15 @@ ApplicationLock& ApplicationLock::instance()
     return *lock;
 }
 
-void ApplicationLock::take()
+std::uint64_t ApplicationLock::ask()
+{
+    const std::lock_guard guard(m_mutex);
+    return m_next++;
+}
+
+void ApplicationLock::waitFor(std::uint64_t number)
 {
     std::unique_lock guard(m_mutex);
-    const std::uint64_t number = m_next++;
     m_passed.wait(guard, [this, number] { return m_serving == number; });
 }
 
@@ -121,8 +126,10 @@ AppLock::AppLock()
     ApplicationLock& lock = ApplicationLock::instance();
     if (lock.tryTake())
         return;
+    // Asked for with Python's lock held: in the order in which scripts ask.
+    const std::uint64_t number = lock.ask();
     const SCP_PythonEngine::ThreadStateScope outside(SCP_PythonEngine::Waiting::ForApplicationLock);
-    lock.take();
+    lock.waitFor(number);
 }
 
 AppLock::~AppLock()

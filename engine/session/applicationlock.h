@@ -15,8 +15,10 @@ public:
     /// The lock of the process. It is never destroyed: a thread may still hold it while the process ends.
     static ApplicationLock& instance();
 
-    void take();
     bool tryTake(); ///< Takes it when nobody has it and nobody waits.
+    /// Takes it in two steps: to ask is to stand in line.
+    std::uint64_t ask();
+    void waitFor(std::uint64_t number);
     void giveBack();
     bool isAwaited() const; ///< Whether somebody waits while another one has it.
 

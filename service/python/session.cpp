@@ -61,13 +61,12 @@ using OpenFunction = SC_Project* (SC_ProjectManager::*)(const QString&, QString&
 
 PyObject* enterProject(OpenFunction open, const QString& path)
 {
-    EngineGate::waitForTurn();
-    SC_SessionContext& current = context();
-    OMC::BaseObject::validateThreadLock();
     QString error;
+    SC_SessionContext& current = context();
     {
-        const EngineGate::Blocking blocking;
-        (current.projectManager()->*open)(path, error);
+        EngineGate::Operation operation;
+        OMC::BaseObject::validateThreadLock();
+        operation.run([&] { (current.projectManager()->*open)(path, error); });
     }
     if (!error.isEmpty())
         throw OMC::Exception(error);
@@ -79,13 +78,12 @@ using SaveFunction = bool (*)(SC_ProjectManager&, const QString&, QString&);
 
 void saveWith(const ServiceApplication& application, SaveFunction function, const QString& path)
 {
-    EngineGate::waitForTurn();
-    SC_ProjectManager& manager = application.projectManager();
     QString error;
     bool done = false;
     {
-        const EngineGate::Blocking blocking;
-        done = function(manager, path, error);
+        EngineGate::Operation operation;
+        SC_ProjectManager& manager = application.projectManager();
+        done = operation.run([&] { return function(manager, path, error); });
     }
     if (!done)
         throw OMC::Exception(error);
@@ -147,13 +145,12 @@ void saveAs(const ServiceApplication& application, const QString& path)
 
 void close(const ServiceApplication& application)
 {
-    EngineGate::waitForTurn();
-    if (!application.isOpen())
-        return;
-    SC_ProjectManager& manager = application.projectManager();
     {
-        const EngineGate::Blocking blocking;
-        manager.closeProject();
+        EngineGate::Operation operation;
+        if (!application.isOpen())
+            return;
+        SC_ProjectManager& manager = application.projectManager();
+        operation.run([&] { manager.closeProject(); });
     }
     session().application = Ref();
 }

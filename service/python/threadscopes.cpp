@@ -85,7 +85,7 @@ public:
             return nullptr;
         auto left = std::make_unique<Left>();
         if (waiting == SCP_PythonEngine::Waiting::ForApplicationLock)
-            left->blocking.emplace(EngineGate::Passing::MainThread);
+            left->waiting.emplace();
         else
             left->scope.emplace();
         return left.release();
@@ -110,7 +110,7 @@ public:
 
 private:
     struct Left {
-        std::optional<EngineGate::Blocking> blocking;
+        std::optional<EngineGate::WaitForMainThread> waiting;
         std::optional<ThreadScope> scope;
     };
 };

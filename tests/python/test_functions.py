@@ -188,6 +188,56 @@ def test_a_result_without_a_form_is_a_failure(app):
             brindle.PythonFunction(function).call()
 
 
+def names(nodes):
+    return [node.name for node in nodes]
+
+
+def test_a_function_finds_the_nodes_that_it_says(scene, peg):
+    nodes = scene.nodes
+    seen = []
+    assert names(nodes.find(lambda node: seen.append(node.path))) == []
+    assert seen == [node.path for node in nodes.find({})]
+    assert names(nodes.find(lambda node: node.type == "PEG")) == ["Arm", "Body"]
+    assert names(nodes.find(lambda node: node.path and [object()])) == names(nodes.find({}))
+    assert names(scene.top.nodes.find(brindle.PythonFunction(lambda node: "o" in node.name))) == \
+        names(scene.top.nodes.find({"name": "o"}))
+    assert nodes.find(lambda node: {}) == []
+    assert support.message_of(nodes.find, brindle.PythonFunction()) == NO_OBJECT
+
+
+def test_a_function_that_fails_to_say_so_ends_the_search_with_its_exception(scene, state):
+    before = state()
+    error = LookupError("mine")
+
+    class NeitherTrueNorFalse:
+        def __bool__(self):
+            raise error
+
+    for predicate in (lambda node: NeitherTrueNorFalse(), lambda node: {}[node.name], lambda: True):
+        with pytest.raises((LookupError, TypeError)):
+            scene.nodes.find(predicate)
+    with pytest.raises(LookupError) as failure:
+        scene.nodes.find(lambda node: NeitherTrueNorFalse())
+    assert failure.value is error
+    assert state() == before
+
+
+def test_a_search_goes_on_while_its_function_changes_and_removes_nodes(app, scene, peg):
+    nodes = scene.nodes
+
+    def removing(node):
+        if node.name == "Arm":
+            nodes.remove("Top/Body")
+            node.name = "Leg"
+        return True
+
+    assert "Leg" in names(nodes.find(removing)) and nodes["Top/Body"] is None
+    made = [nodes.create("PEG", f"P{number}-") for number in range(200)]
+    assert nodes.find(lambda node: [nodes.remove(n) for n in made if n.valid] or node.type == "PEG") == \
+        [nodes["Top/Leg"]]
+    assert nodes.find(lambda node: app.close() or True) == []
+
+
 def test_references_are_counted_right(app):
     function = Callable()
     gone = weakref.ref(function)

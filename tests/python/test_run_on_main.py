@@ -144,3 +144,49 @@ print(app.project.history.list())
 app.project.history.undo(1)
 print(app.scene.nodes["Top/Display"].position.x)
 """) == (0, "['Set X position of Display']\n0\n", "")
+
+
+# What has no form outside of Python, and what must not be asked for one.
+UNCONVERTED = ["{1}", "b'x'", "object()", "2**70", "{1: 2}", "[object()]", "'\\ud800'", "range(2**40)",
+               "type('Odd', (), {'__index__': lambda self: 1 / 0, '__bool__': lambda self: 1 / 0})()"]
+
+
+@pytest.mark.parametrize("result", UNCONVERTED)
+def test_a_result_that_is_dropped_needs_no_form(batch, result):
+    assert batch(f"""
+def give(): return {result}
+print(failure(app.run_function, give), failure(app.run_on_main, give), failure(app.run_on_main, give, False))
+print(on_thread(failure, app.run_function, give), on_thread(failure, app.run_on_main, give, True),
+      on_thread(failure, app.run_on_main, give, False))
+app.process_one_event()
+print(on_thread(failure, lambda: app.scene.name))
+""") == (0, "no failure no failure no failure\n" * 2 + f"{LOCKED_OUT}\n", "")
+
+
+def test_a_function_that_closes_the_project_leaves_no_lock_taken(batch):
+    assert batch("""
+print(on_thread(failure, app.run_function, app.close))
+app = brindle.create(sys.argv[0] + ".other")
+print(on_thread(failure, lambda: app.scene.name))
+on_thread(app.run_function, lambda: print(app.scene.name))
+""") == (0, f"no failure\n{LOCKED_OUT}\nScene-1\n", "")
+
+
+def test_a_function_may_be_replaced_while_it_is_posted(batch):
+    assert batch("""
+sys.setswitchinterval(1e-5)
+class Call:
+    def __call__(self): pass
+function = brindle.PythonFunction(Call())
+ends = time.monotonic() + 1.5
+def post():
+    while time.monotonic() < ends:
+        app.run_on_main(function, False)
+def change():
+    while time.monotonic() < ends:
+        function.set(Call())
+threads = [threading.Thread(target=target) for target in (post, post, change)]
+for thread in threads: thread.start()
+while any(thread.is_alive() for thread in threads): app.process_one_event()
+print("done")
+""") == (0, "done\n", "")

@@ -201,6 +201,68 @@ for saver in savers:
 expect(len(nodes) == 1052, f"{len(nodes)} nodes")
 expect(sum(saves) < 50 * 50, f"{saves} saves went ahead of 50 edits")
 """,
+    "a thread that opens and closes beside two that save with nothing to write": """
+sys.setswitchinterval(0.005)
+paths = [f"{folder}-{i}" for i in range(2)]
+for path in paths:
+    brindle.create(path)
+stop = threading.Event()
+saves = [0, 0]
+
+def save(number):
+    while not stop.is_set():
+        application = brindle.application()
+        try:
+            if application is not None:
+                application.save()
+                saves[number] += 1
+        except brindle.Error as error:
+            known = support.GONE, "Cannot save the project: no project is open."
+            expect(str(error) in known, str(error))
+
+savers = [threading.Thread(target=guard(save), args=(i,)) for i in range(2)]
+for saver in savers:
+    saver.start()
+ahead = []
+for turn in range(40):
+    time.sleep(0.002)
+    before = sum(saves)
+    app = brindle.open(paths[turn % 2])
+    ahead.append(sum(saves) - before)
+    if turn % 4 == 3:
+        app.close()
+stop.set()
+for saver in savers:
+    saver.join()
+# Each saver has one turn at most ahead of who asks; the rest is what Python's switching of threads adds.
+expect(sorted(ahead)[20] <= 6 and sum(ahead) <= 1000, f"saves ahead of each opening: {ahead}")
+""",
+    "blocks with the lock beside threads that do nothing but lock": """
+sys.setswitchinterval(0.005)
+app = brindle.create(folder)
+stop = threading.Event()
+blocks = [0, 0]
+
+def loop(number):
+    while not stop.is_set():
+        with app.locked():
+            app.scene.name
+        blocks[number] += 1
+
+loops = [threading.Thread(target=guard(loop), args=(i,)) for i in range(2)]
+for thread in loops:
+    thread.start()
+ahead = []
+for turn in range(40):
+    time.sleep(0.002)
+    before = sum(blocks)
+    with app.locked():
+        ahead.append(sum(blocks) - before)
+stop.set()
+for thread in loops:
+    thread.join()
+expect(sorted(ahead)[20] <= 6 and sum(ahead) <= 1000, f"blocks ahead of each block: {ahead}")
+""",
     "threads that open projects when the interpreter ends": """
 brindle.create(folder).close()
 

@@ -39,7 +39,7 @@ QVariant detached(QVariant value)
     return value;
 }
 
-QVariant callFunction(PyObject* function, const std::vector<QVariant>& arguments)
+Ref callFunction(PyObject* function, const std::vector<QVariant>& arguments)
 {
     // It may let go of the last reference that native code has on it.
     const Ref kept = Ref::borrow(function);
@@ -49,11 +49,23 @@ QVariant callFunction(PyObject* function, const std::vector<QVariant>& arguments
     Py_ssize_t index = 0;
     for (const QVariant& argument : arguments)
         PyTuple_SET_ITEM(values.get(), index++, toPython(argument));
-    const Ref result(callScript(kept.get(), values.get()));
+    Ref result(callScript(kept.get(), values.get()));
     if (!result)
         throw PythonError{};
-    return convertAndCall([&] { return variantFrom(result.get()); },
-                          [](QVariant& value) { return detached(std::move(value)); });
+    return result;
+}
+
+/// Calls into Python for native code, to which an error is thrown as one of the script.
+template <typename Call>
+auto inPython(const Call& call)
+{
+    if (!canEnterInterpreter())
+        throw OMC::Exception(std::string("No function can be called: Python has ended."));
+    try {
+        return call();
+    } catch (const PythonError&) {
+        ScriptException::throwRaised();
+    }
 }
 
 class FunctionHelper final : public OMC::PythonFunctionHelper {
@@ -63,13 +75,24 @@ public:
 
     QVariant call(_object* function, std::vector<QVariant>& arguments) const override
     {
-        if (!canEnterInterpreter())
-            throw OMC::Exception(std::string("No function can be called: Python has ended."));
-        try {
-            return callFunction(function, arguments);
-        } catch (const PythonError&) {
-            ScriptException::throwRaised();
-        }
+        return inPython([&] {
+            const Ref result = callFunction(function, arguments);
+            return convertAndCall([&] { return variantFrom(result.get()); },
+                                  [](QVariant& value) { return detached(std::move(value)); });
+        });
+    }
+    void run(_object* function) const override
+    {
+        inPython([function] { callFunction(function, {}); });
+    }
+    bool test(_object* function, std::vector<QVariant>& arguments) const override
+    {
+        return inPython([&] {
+            const int result = PyObject_IsTrue(callFunction(function, arguments).get());
+            if (result < 0)
+                throw PythonError{};
+            return result > 0;
+        });
     }
 
     _object* objectIn(const QVariant& value) const override

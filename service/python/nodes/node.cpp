@@ -54,7 +54,9 @@ std::vector<ClassTable> nodeTables()
                                     "in constant time; a loop goes over the nodes that there were when it began.")
             .method<"find", Form<&NodeList::find, "filter">>(
                 "The nodes that a filter lets through: a regular expression or a list of them, searched for in name, "
-                "type and path, or a dict with the keys \"name\", \"type\" and \"path\".")
+                "type and path, or a dict with the keys \"name\", \"type\" and \"path\"; or a function that is called "
+                "with "
+                "each node and says whether it is one of them.")
             .method<
                 "create", Form<pick<const QString&, const QString&>(&NodeList::create), "type, name=''">,
                 Form<pick<const QString&, const QVariant&, const QString&>(&NodeList::create), "type, group, name=''">>(

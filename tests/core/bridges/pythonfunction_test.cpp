@@ -137,6 +137,32 @@ TEST_F(PythonFunctionTest, AssignmentTakesTheNewOneAndDropsTheOld)
     EXPECT_EQ(other.references, 1);
 }
 
+TEST_F(PythonFunctionTest, AResultIsDroppedOrTakenAsTrueOrFalse)
+{
+    int calls = 0;
+    QVariant result;
+    object.body = [&](std::vector<QVariant>& arguments) {
+        calls += 1 + int(arguments.size());
+        return result;
+    };
+    PythonFunction function;
+    function.set(&object);
+    function.run();
+    EXPECT_EQ(calls, 1);
+    std::vector<QVariant> one = {7};
+    for (const QVariant& no : {QVariant(), QVariant(0), QVariant(false)}) {
+        result = no;
+        EXPECT_FALSE(function.test(one));
+    }
+    result = 3;
+    EXPECT_TRUE(function.test(one));
+    EXPECT_EQ(calls, 9);
+    EXPECT_EQ(python.gilScopes, 0);
+    const PythonFunction empty;
+    EXPECT_EQ(failureOf([&] { empty.run(); }), noObject);
+    EXPECT_EQ(failureOf([&] { empty.test(one); }), noObject);
+}
+
 TEST_F(PythonFunctionTest, AssignmentGoesThroughTheVirtualSetter)
 {
     class Watched : public PythonFunction {

@@ -279,6 +279,29 @@ TEST_F(RunOnMainTest, WhoWaitsHasLeftPython)
     SCP_PythonEngine::setThreadStates(nullptr);
 }
 
+TEST_F(RunOnMainTest, TheFunctionIsCopiedAheadOfLeavingPython)
+{
+    static std::function<void()> onLeave;
+    class States final : public SCP_PythonEngine::ThreadStates {
+    public:
+        void* leave(SCP_PythonEngine::Waiting) override
+        {
+            onLeave();
+            return this;
+        }
+        void enter(void*) noexcept override {}
+    };
+    static States states;
+    SCP_PythonEngine::setThreadStates(&states);
+    Watched function;
+    int references = 0;
+    onLeave = [&] { references = function.references(); };
+    EXPECT_EQ(onWorker([&] { runOnMain(function.argument(), false); }), passes);
+    EXPECT_EQ(references, 2);
+    SCP_PythonEngine::setThreadStates(nullptr);
+    QCoreApplication::removePostedEvents(QAbstractEventDispatcher::instance());
+}
+
 TEST_F(RunOnMainTest, AJobThatNobodyRunsLetsGoOfItsFunction)
 {
     Watched function;
