@@ -86,7 +86,7 @@ threading.Thread(target=work).start()
 using Part = Interactive::Part;
 
 /// The orders in which an application may end.
-std::vector<std::vector<Part>> endings()
+std::vector<std::vector<Part>> endingOrders()
 {
     std::vector<Part> parts{Part::Project, Part::Scripting, Part::Session, Part::EventLoop};
     std::vector<std::vector<Part>> all;
@@ -137,7 +137,7 @@ std::string nameOf(const testing::TestParamInfo<std::vector<Part>>& info)
     return name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, EndingTest, testing::ValuesIn(endings()), &nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, EndingTest, testing::ValuesIn(endingOrders()), &nameOf);
 
 TEST(ScriptEngineTest, AProjectThatIsClosedWithoutAWordIsNotTheOneThatIsOpen)
 {

@@ -1,21 +1,12 @@
 #include "core/frame/found.h"
 
+#include "tests/core/support/failure.h"
+
 #include <gtest/gtest.h>
 
 namespace {
 
 using namespace OMC;
-
-template <typename Call>
-std::string failureOf(Call call)
-{
-    try {
-        call();
-    } catch (const Exception& exception) {
-        return exception.message();
-    }
-    return "no failure";
-}
 
 TEST(FoundTest, WhatIsThereComesBack)
 {

@@ -13,13 +13,13 @@
 namespace {
 
 template <std::size_t Size>
-struct Sample : OMC::Recycled {
-    Sample() { std::fill(std::begin(content), std::end(content), std::byte{7}); }
+struct RecycledSample : OMC::Recycled {
+    RecycledSample() { std::fill(std::begin(content), std::end(content), std::byte{7}); }
 
     std::byte content[Size];
 };
 
-using Small = Sample<40>;
+using Small = RecycledSample<40>;
 
 } // namespace
 
@@ -38,12 +38,12 @@ TEST(RecycledTest, AnObjectGetsTheMemoryOfTheOneThatWent)
 
 TEST(RecycledTest, SizesThatTakeOneBlockShareTheirMemory)
 {
-    auto first = std::make_unique<Sample<33>>();
+    auto first = std::make_unique<RecycledSample<33>>();
     const void* const place = first.get();
     first.reset();
-    const auto other = std::make_unique<Sample<200>>();
+    const auto other = std::make_unique<RecycledSample<200>>();
     EXPECT_NE(static_cast<const void*>(other.get()), place);
-    const auto second = std::make_unique<Sample<48>>();
+    const auto second = std::make_unique<RecycledSample<48>>();
     EXPECT_EQ(static_cast<const void*>(second.get()), place);
 }
 
@@ -64,11 +64,11 @@ TEST(RecycledTest, ManyObjectsAtATimeHaveMemoryOfTheirOwn)
 
 TEST(RecycledTest, LargeObjectsComeAndGoToo)
 {
-    std::vector<std::unique_ptr<Sample<257>>> all;
+    std::vector<std::unique_ptr<RecycledSample<257>>> all;
     for (int count = 0; count < 100; ++count)
-        all.push_back(std::make_unique<Sample<257>>());
+        all.push_back(std::make_unique<RecycledSample<257>>());
     all.resize(50);
-    all.push_back(std::make_unique<Sample<257>>());
+    all.push_back(std::make_unique<RecycledSample<257>>());
     EXPECT_EQ(all.back()->content[256], std::byte{7});
 }
 

@@ -19,7 +19,6 @@ using OMC::ThreadManager;
 using OMC::ThreadManagerState;
 using namespace std::chrono_literals;
 
-const char* const passes = "no exception";
 const char* const notAFunction = "Expected a Python Function.";
 const char* const external = "Unable to use run_on_main() in an external Python interpreter.";
 

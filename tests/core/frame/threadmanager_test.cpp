@@ -24,7 +24,6 @@ using OMC::ThreadManagerState;
 
 const char* const lockedOut = "Unable to access Object Model from another thread -- application must be locked.";
 const char* const noLock = "Thread failed to get Application Lock.";
-const char* const passes = "no exception";
 
 std::string check()
 {

@@ -29,7 +29,7 @@ public:
     bool isEmpty() const override { return false; }
 };
 
-class Sample : public BaseObject {
+class TranslatedSample : public BaseObject {
     Q_OBJECT
     Q_PROPERTY(int number READ getNumber)
     Q_PROPERTY(int writable READ getNumber WRITE setNumber)
@@ -46,12 +46,12 @@ protected:
     static void read(const char* name)
     {
         bool found = false;
-        Sample().getAttr(name, found);
+        TranslatedSample().getAttr(name, found);
     }
     static void write(const char* name, const QVariant& value)
     {
         bool found = false;
-        Sample().setAttr(name, value, found);
+        TranslatedSample().setAttr(name, value, found);
     }
 
     ContextTranslator translator;
@@ -77,7 +77,7 @@ TEST_F(TranslationTest, WritingAPropertyFailsInThePersonsLanguageAndReadingDoesN
 
 TEST_F(TranslationTest, WhatAClassLacksIsSaidPlainly)
 {
-    EXPECT_EQ(failureOf([] { Sample().copy(); }), "!! A proper copy constructor is needed. !!\n");
+    EXPECT_EQ(failureOf([] { TranslatedSample().copy(); }), "!! A proper copy constructor is needed. !!\n");
     EXPECT_EQ(failureOf([] { OMC::ListObj().get(0); }), "Unable to retrieve item in container.");
 }
 

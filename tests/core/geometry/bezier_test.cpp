@@ -3,6 +3,7 @@
 #include "tests/core/support/curves.h"
 #include "tests/core/support/failure.h"
 #include "tests/core/support/properties.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -15,10 +16,9 @@ using OMC::Bezier;
 using OMC::BezierPath;
 using OMC::Obj;
 
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 const std::string invalidDegree = "Invalid bezier degree - valid value is from 0 through 3.";
 
-const Math::Point2d p0{1, 2}, p1{3, 4}, p2{5, 6}, p3{7, 8}, origin{0, 0};
+const Math::Point2d p0{1, 2}, p1{3, 4}, p2{5, 6}, p3{7, 8};
 
 /// The points of each curve that a value is read as.
 std::vector<Points> read(const QVariant& value, unsigned int degree)

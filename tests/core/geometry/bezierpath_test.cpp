@@ -5,6 +5,7 @@
 #include "tests/core/support/curves.h"
 #include "tests/core/support/failure.h"
 #include "tests/core/support/properties.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -18,13 +19,7 @@ using OMC::Bezier;
 using OMC::BezierPath;
 using OMC::Obj;
 
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
-const std::string outOfRange = "Index is out of range.";
 const std::string noPoint = "The path has no point.";
-const std::string noPoint2d = "Unsupported Point2D type.";
-
-const Math::Point2d origin{0, 0};
 
 /// A path of straight lines from point to point.
 BezierPath polyline(const Points& points)
@@ -43,8 +38,6 @@ QVariant heldCurve(const Points& points)
 {
     return QVariant::fromValue(curveThrough<Bezier>(points));
 }
-
-const BezierPath square = pathOf(BezierPath::createRectangle(0, 0, 10, 10));
 
 // --- Making one ----------------------------------------------------------------------------------------------------
 
@@ -137,10 +130,10 @@ TEST(BezierPathTest, ItsCurvesAreGivenOneByOne)
     ASSERT_NE(OMC::objectIn<Bezier>(handle), nullptr);
     EXPECT_EQ(pointsIn(OMC::objectIn<Bezier>(handle)->list()), (Points{{10, 0}, {10, 10}}));
     for (const unsigned int index : {4u, 5u, std::numeric_limits<unsigned int>::max()}) {
-        EXPECT_EQ(failureOf([&] { square.bezier(index); }), outOfRange);
-        EXPECT_EQ(failureOf([&] { square.bezierDegree(index); }), outOfRange);
+        EXPECT_EQ(failureOf([&] { square.bezier(index); }), indexOutOfRange);
+        EXPECT_EQ(failureOf([&] { square.bezierDegree(index); }), indexOutOfRange);
     }
-    EXPECT_EQ(failureOf([&] { BezierPath().bezier(0); }), outOfRange);
+    EXPECT_EQ(failureOf([&] { BezierPath().bezier(0); }), indexOutOfRange);
 }
 
 TEST(BezierPathTest, CurvesAndPathsAreAppended)
@@ -212,10 +205,10 @@ TEST(BezierPathTest, ReplacingMoreCurvesThanThereAreIsRefused)
 {
     BezierPath path = polyline({{0, 0}, {1, 0}, {2, 0}});
     const QVariant two = held(polyline({{7, 7}, {8, 8}, {9, 9}}));
-    EXPECT_EQ(failureOf([&] { path.bezierSet(1, two); }), outOfRange);
-    EXPECT_EQ(failureOf([&] { path.bezierSet(2, heldCurve(hump)); }), outOfRange);
+    EXPECT_EQ(failureOf([&] { path.bezierSet(1, two); }), indexOutOfRange);
+    EXPECT_EQ(failureOf([&] { path.bezierSet(2, heldCurve(hump)); }), indexOutOfRange);
     EXPECT_EQ(failureOf([&] { path.bezierSet(std::numeric_limits<unsigned int>::max(), heldCurve(hump)); }),
-              outOfRange);
+              indexOutOfRange);
     EXPECT_EQ(failureOf([&] {
                   path.bezierSet(0, QVariant::fromValue(Bezier(hostCurve({{1, 1}}))));
               }),
@@ -231,7 +224,7 @@ TEST(BezierPathTest, PointsThatAreWrittenBeyondTheEndAreAppended)
     path.set(1, numbers(Points{{7, 7}, {8, 8}, {9, 9}, {10, 10}}));
     EXPECT_EQ(pointsIn(path.list()), (Points{{0, 0}, {7, 7}, {8, 8}, {9, 9}, {10, 10}}));
     EXPECT_EQ(path.getPointsOnCurve(), 5u);
-    EXPECT_EQ(failureOf([&] { path.set(5, numbers(Points{{1, 1}})); }), outOfRange);
+    EXPECT_EQ(failureOf([&] { path.set(5, numbers(Points{{1, 1}})); }), indexOutOfRange);
 }
 
 TEST(BezierPathTest, APointIsOnTheCurveOrAHandle)
@@ -240,7 +233,7 @@ TEST(BezierPathTest, APointIsOnTheCurveOrAHandle)
     const bool on[] = {true, false, false, true};
     for (unsigned int index = 0; index < 4; ++index)
         EXPECT_EQ(path.pointOnCurve(index), on[index]);
-    EXPECT_EQ(failureOf([&] { path.pointOnCurve(4); }), outOfRange);
+    EXPECT_EQ(failureOf([&] { path.pointOnCurve(4); }), indexOutOfRange);
 }
 
 TEST(BezierPathTest, APointThatIsInsertedLeavesTheShape)
@@ -261,10 +254,10 @@ TEST(BezierPathTest, PointsAreErased)
     path.erase(1, 2);
     EXPECT_EQ(pointsIn(path.list()), (Points{{0, 0}, {3, 0}}));
     constexpr unsigned int most = std::numeric_limits<unsigned int>::max();
-    EXPECT_EQ(failureOf([&] { path.erase(2, 1); }), outOfRange);
-    EXPECT_EQ(failureOf([&] { path.erase(0, 3); }), outOfRange);
-    EXPECT_EQ(failureOf([&] { path.erase(1, most); }), outOfRange);
-    EXPECT_EQ(failureOf([&] { path.erase(most, most); }), outOfRange);
+    EXPECT_EQ(failureOf([&] { path.erase(2, 1); }), indexOutOfRange);
+    EXPECT_EQ(failureOf([&] { path.erase(0, 3); }), indexOutOfRange);
+    EXPECT_EQ(failureOf([&] { path.erase(1, most); }), indexOutOfRange);
+    EXPECT_EQ(failureOf([&] { path.erase(most, most); }), indexOutOfRange);
     EXPECT_EQ(pointsIn(path.list()), (Points{{0, 0}, {3, 0}}));
     path.erase(0, 2);
     EXPECT_TRUE(path.getEmpty());
@@ -367,7 +360,7 @@ TEST(BezierPathTest, AnEmptyPathAnswersOrFailsWithOneSentence)
     for (const auto& call : std::initializer_list<std::function<void()>>{
              [&] { path.get(0); }, [&] { path.set(0, 0); }, [&] { path.erase(0, 1); },
              [&] { path.getPolygonLength(0); }, [&] { path.bezierSet(0, held(square)); }})
-        EXPECT_EQ(failureOf(call), outOfRange);
+        EXPECT_EQ(failureOf(call), indexOutOfRange);
     for (const auto& call :
          std::initializer_list<std::function<void()>>{[&] { path.evaluate(0); }, [&] { path.split(0); },
                                                       [&] { path.truncate(0, 1); }, [&] { path.insertPoint(0); }})
@@ -385,7 +378,7 @@ TEST(BezierPathTest, ThePolygonIsMeasuredAlongAllControlPoints)
     EXPECT_EQ(path.getPolygonLength(0), 0.0);
     EXPECT_EQ(path.getPolygonLength(1), 10.0);
     EXPECT_EQ(path.getPolygonLength(3), 30.0);
-    EXPECT_EQ(failureOf([&] { path.getPolygonLength(4); }), outOfRange);
+    EXPECT_EQ(failureOf([&] { path.getPolygonLength(4); }), indexOutOfRange);
     EXPECT_EQ(path.getPolygonArea(), 100.0);
     EXPECT_TRUE(path.getPolygonClockwise());
 }

@@ -2,6 +2,7 @@
 #include "core/geometry/rectangles.h"
 #include "tests/core/support/curves.h"
 #include "tests/core/support/failure.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -13,11 +14,6 @@ namespace {
 
 using OMC::BezierPath;
 using OMC::Obj;
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
-const BezierPath square = pathOf(BezierPath::createRectangle(0, 0, 10, 10));
 
 // --- Shapes --------------------------------------------------------------------------------------------------------
 

@@ -7,6 +7,7 @@
 #include "tests/core/support/failure.h"
 #include "tests/core/support/openproject.h"
 #include "tests/core/support/standinnode.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -25,11 +26,9 @@ namespace {
 using OMC::Colour;
 using OMC::Obj;
 
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr float floatNan = std::numeric_limits<float>::quiet_NaN();
 constexpr float floatInfinity = std::numeric_limits<float>::infinity();
-const std::string unsupported = "Unsupported colour type.";
+const std::string unsupportedColour = "Unsupported colour type.";
 
 std::string textOf(const QVariant& value)
 {
@@ -196,7 +195,7 @@ TEST_F(ColourOfNodeTest, ANodeTellsTheColourThatTheNodeViewShowsItIn)
     EXPECT_TRUE(shown.isValid());
     EXPECT_EQ(Colour(wrapper), Colour(QVariant(shown)));
     close();
-    EXPECT_EQ(failureOf([&] { Colour(QVariant(wrapper)); }), unsupported);
+    EXPECT_EQ(failureOf([&] { Colour(QVariant(wrapper)); }), unsupportedColour);
 }
 
 TEST_F(ColourOfNodeTest, AllFourChannelsAreTaken)
@@ -249,7 +248,7 @@ TEST(ColourReaderTest, RefusesEverythingElse)
                              OMC::toVariant(Obj(new OMC::BaseObject)),
                              OMC::toVariant(Obj())};
     for (const QVariant& row : rows)
-        EXPECT_EQ(failureOf([&] { Colour(QVariant(row)); }), unsupported) << row.typeName();
+        EXPECT_EQ(failureOf([&] { Colour(QVariant(row)); }), unsupportedColour) << row.typeName();
 }
 
 // --- Hue, saturation, lightness -------------------------------------------------------------------------------------

@@ -5,6 +5,7 @@
 #include "core/geometry/vectors.h"
 #include "tests/core/support/curves.h"
 #include "tests/core/support/failure.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -21,10 +22,6 @@ using OMC::Bezier;
 using OMC::BezierPath;
 using OMC::Obj;
 
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
-const std::string outOfRange = "Index is out of range.";
-const std::string noPoint2d = "Unsupported Point2D type.";
 const std::string tooLarge = "The curve's points are too large, or not finite.";
 const std::string notFinite = "A point of the curve is not finite.";
 
@@ -67,8 +64,8 @@ TYPED_TEST(CurveListTest, APointBeyondTheListIsOutOfRange)
 {
     for (const int index : {-1, 4, 5, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
         SCOPED_TRACE(index);
-        EXPECT_EQ(failureOf([&] { this->curve.get(index); }), outOfRange);
-        EXPECT_EQ(failureOf([&] { this->curve.set(index, numbers({1, 2})); }), outOfRange);
+        EXPECT_EQ(failureOf([&] { this->curve.get(index); }), indexOutOfRange);
+        EXPECT_EQ(failureOf([&] { this->curve.set(index, numbers({1, 2})); }), indexOutOfRange);
     }
     EXPECT_EQ(pointsIn(this->curve.list()), hump);
 }
@@ -162,7 +159,7 @@ TYPED_TEST(CurveListTest, ALoopTakesEachPointOnce)
     for (; !iterator->__atend__(); ++*iterator)
         points.push_back(pointIn(iterator->__iterItem__()));
     EXPECT_EQ(points, hump);
-    EXPECT_EQ(failureOf([&] { iterator->__iterItem__(); }), outOfRange);
+    EXPECT_EQ(failureOf([&] { iterator->__iterItem__(); }), indexOutOfRange);
     ++*iterator;
     --*iterator;
     EXPECT_EQ(pointIn(iterator->__iterItem__()), hump[3]) << "at the end it stayed at the end";

@@ -16,7 +16,7 @@ using OMC::Deformation;
 using OMC::Point2d;
 using OMC::Point3d;
 
-constexpr bool scaled = true;
+constexpr bool inUnits = true;
 constexpr bool inScene = false;
 
 Deformation bending(std::initializer_list<float> strengths)
@@ -27,7 +27,7 @@ Deformation bending(std::initializer_list<float> strengths)
     return {nullptr, std::move(transforms), VS_CacheId()};
 }
 
-Point3d pointIn(const QVariant& value)
+Point3d point3dIn(const QVariant& value)
 {
     const auto* point = OMC::objectFrom<Point3d>(value);
     EXPECT_TRUE(point);
@@ -43,8 +43,8 @@ TEST(DeformationTest, TellsHowManyDeformersItHas)
 TEST(DeformationTest, APointIsBent)
 {
     const Deformation deformation = bending({0.5F});
-    EXPECT_EQ(pointIn(deformation.transform(QVariant::fromValue(Point2d(4, 1)), scaled)), Point3d(4, 9, 0));
-    EXPECT_EQ(pointIn(deformation(QVariant::fromValue(Point2d(4, 1)), scaled)), Point3d(4, 9, 0));
+    EXPECT_EQ(point3dIn(deformation.transform(QVariant::fromValue(Point2d(4, 1)), inUnits)), Point3d(4, 9, 0));
+    EXPECT_EQ(point3dIn(deformation(QVariant::fromValue(Point2d(4, 1)), inUnits)), Point3d(4, 9, 0));
 }
 
 TEST(DeformationTest, InSceneUnitsThePointIsScaledForTheDeformersAndBack)
@@ -53,14 +53,14 @@ TEST(DeformationTest, InSceneUnitsThePointIsScaledForTheDeformersAndBack)
     doubling.scale(2, 2, 2);
     const DeformScaling scaling(doubling);
     const Deformation deformation = bending({0.5F});
-    EXPECT_EQ(pointIn(deformation.transform(QVariant::fromValue(Point2d(4, 1)), inScene)), Point3d(4, 17, 0));
-    EXPECT_EQ(pointIn(deformation.transform(QVariant::fromValue(Point2d(4, 1)), scaled)), Point3d(4, 9, 0));
+    EXPECT_EQ(point3dIn(deformation.transform(QVariant::fromValue(Point2d(4, 1)), inScene)), Point3d(4, 17, 0));
+    EXPECT_EQ(point3dIn(deformation.transform(QVariant::fromValue(Point2d(4, 1)), inUnits)), Point3d(4, 9, 0));
 }
 
 TEST(DeformationTest, TheEnginesScalingKeepsSimplePointsExact)
 {
     const Deformation deformation = bending({0.0F});
-    EXPECT_EQ(pointIn(deformation.transform(list({3.25, -0.5}), inScene)), Point3d(3.25, -0.5, 0));
+    EXPECT_EQ(point3dIn(deformation.transform(list({3.25, -0.5}), inScene)), Point3d(3.25, -0.5, 0));
 }
 
 TEST(DeformationTest, AScalingWithoutAnInverseIsUnexpected)
@@ -70,7 +70,7 @@ TEST(DeformationTest, AScalingWithoutAnInverseIsUnexpected)
     const DeformScaling scaling(flat);
     const Deformation deformation = bending({1});
     EXPECT_EQ(failureOf([&] { deformation.transform(list({1, 2}), inScene); }), "An unexpected error has occurred.");
-    EXPECT_EQ(failureOf([&] { deformation.transform(list({1, 2}), scaled); }), "no exception");
+    EXPECT_EQ(failureOf([&] { deformation.transform(list({1, 2}), inUnits); }), "no exception");
 }
 
 TEST(DeformationTest, AValueIsOnePointOrMany)
@@ -102,39 +102,39 @@ TEST(DeformationTest, AValueIsOnePointOrMany)
     const Deformation deformation = bending({1});
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
-        const QVariant result = deformation.transform(row.value, scaled);
+        const QVariant result = deformation.transform(row.value, inUnits);
         ASSERT_EQ(result.typeId() == QMetaType::QVariantList, row.many);
         const QList<QVariant> points = row.many ? result.toList() : QList<QVariant>{result};
         ASSERT_EQ(points.size(), row.expected.size());
         for (qsizetype i = 0; i < points.size(); ++i)
-            EXPECT_EQ(pointIn(points[i]), row.expected[i]) << pointIn(points[i]).__str__();
+            EXPECT_EQ(point3dIn(points[i]), row.expected[i]) << point3dIn(points[i]).__str__();
     }
 }
 
 TEST(DeformationTest, TheDepthIsDropped)
 {
-    EXPECT_EQ(pointIn(bending({0}).transform(QVariant::fromValue(Point3d(1, 2, 3)), scaled)), Point3d(1, 2, 0));
+    EXPECT_EQ(point3dIn(bending({0}).transform(QVariant::fromValue(Point3d(1, 2, 3)), inUnits)), Point3d(1, 2, 0));
 }
 
 TEST(DeformationTest, WithoutDeformersEveryPointGoesToTheOrigin)
 {
-    EXPECT_EQ(pointIn(bending({}).transform(list({4, 5}), inScene)), Point3d());
+    EXPECT_EQ(point3dIn(bending({}).transform(list({4, 5}), inScene)), Point3d());
     Math::Matrix4x4 shifting;
     shifting.translate(-3, -4, 0);
     const DeformScaling scaling(shifting);
-    EXPECT_EQ(pointIn(bending({}).transform(list({4, 5}), inScene)), Point3d(3, 4, 0));
+    EXPECT_EQ(point3dIn(bending({}).transform(list({4, 5}), inScene)), Point3d(3, 4, 0));
 }
 
 TEST(DeformationTest, EachDeformerIsGivenTheSamePointsUnderOneNewId)
 {
     Bend::caches.clear();
     const Deformation deformation = bending({1, 2});
-    EXPECT_EQ(pointIn(deformation.transform(list({1, 0}), scaled)), Point3d(1, 2, 0)) << "the last one has the word";
+    EXPECT_EQ(point3dIn(deformation.transform(list({1, 0}), inUnits)), Point3d(1, 2, 0)) << "the last one has the word";
     ASSERT_EQ(Bend::caches.size(), 2U);
     EXPECT_EQ(Bend::caches[0], Bend::caches[1]);
-    deformation.transform(list({1, 0}), scaled);
+    deformation.transform(list({1, 0}), inUnits);
     EXPECT_NE(Bend::caches[2], Bend::caches[0]);
-    deformation.transform(list({}), scaled);
+    deformation.transform(list({}), inUnits);
     EXPECT_EQ(Bend::caches.size(), 4U) << "without points none is called";
 }
 
@@ -142,8 +142,8 @@ TEST(DeformationTest, PointsBeyondSinglePrecisionComeBackAsNoNumbers)
 {
     const Deformation deformation = bending({0});
     for (const double beyond : {1e300, std::numeric_limits<double>::infinity(), std::nan("")}) {
-        for (const bool units : {scaled, inScene})
-            EXPECT_FALSE(std::isfinite(pointIn(deformation.transform(list({beyond, 1}), units)).x)) << beyond;
+        for (const bool units : {inUnits, inScene})
+            EXPECT_FALSE(std::isfinite(point3dIn(deformation.transform(list({beyond, 1}), units)).x)) << beyond;
     }
 }
 

@@ -4,6 +4,7 @@
 #include "tests/core/support/countedobject.h"
 #include "tests/core/support/failure.h"
 #include "tests/core/support/matrices.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -20,9 +21,6 @@ using OMC::Point3d;
 using OMC::Vector2d;
 using OMC::Vector3d;
 
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
-const std::string outOfRange = "Index is out of range.";
 const std::string noInverse = "Matrix cannot be inverted.";
 
 template <typename T>
@@ -83,7 +81,7 @@ TEST(MatrixTest, ACellIsReadByItsIndex)
         EXPECT_EQ(matrix.get(index), QVariant(index + 1.0));
     EXPECT_EQ(matrix.size(), 16);
     for (const int index : {-1, 16, 17, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()})
-        EXPECT_EQ(failureOf([&] { matrix.get(index); }), outOfRange) << index;
+        EXPECT_EQ(failureOf([&] { matrix.get(index); }), indexOutOfRange) << index;
 }
 
 TEST(MatrixTest, SettingACellChangesNothing)
@@ -93,7 +91,7 @@ TEST(MatrixTest, SettingACellChangesNothing)
     matrix.set(0, QString("no number"));
     EXPECT_TRUE(matrix.getMatrix().compare(scaled(2)));
     for (const int index : {-1, 16, std::numeric_limits<int>::max()})
-        EXPECT_EQ(failureOf([&] { matrix.set(index, 0); }), outOfRange) << index;
+        EXPECT_EQ(failureOf([&] { matrix.set(index, 0); }), indexOutOfRange) << index;
     EXPECT_TRUE(matrix.getMatrix().compare(scaled(2)));
 }
 

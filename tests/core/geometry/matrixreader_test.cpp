@@ -3,6 +3,7 @@
 #include "core/geometry/vectors.h"
 #include "tests/core/support/countedobject.h"
 #include "tests/core/support/matrices.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -17,8 +18,6 @@ using OMC::Point2d;
 using OMC::Point3d;
 using OMC::Vector2d;
 using OMC::Vector3d;
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
 struct Reading {
     const char* name;

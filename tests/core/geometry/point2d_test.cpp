@@ -28,7 +28,7 @@ using OMC::Obj;
 using OMC::Point2d;
 using OMC::Point3d;
 
-const std::string unsupported = "Unsupported Point2D type.";
+const std::string unsupportedPoint2d = "Unsupported Point2D type.";
 
 class Point2dReaderTest : public ProjectTest {
 protected:
@@ -151,7 +151,7 @@ TEST_F(Point2dReaderTest, RefusesEverythingElse)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        EXPECT_EQ(read(row.value), unsupported);
+        EXPECT_EQ(read(row.value), unsupportedPoint2d);
         EXPECT_EQ(x, row.x);
         EXPECT_EQ(y, startY);
     }
@@ -316,7 +316,7 @@ TEST(Point2dListTest, WhatTheStrictReaderRefusesIsRefusedHere)
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         std::vector<Point2d> points;
-        EXPECT_EQ(failureOf([&] { Point2d::fromQVariant(row.value, points); }), unsupported);
+        EXPECT_EQ(failureOf([&] { Point2d::fromQVariant(row.value, points); }), unsupportedPoint2d);
         EXPECT_EQ(textOf(points), row.before);
     }
 }

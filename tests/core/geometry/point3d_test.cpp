@@ -26,7 +26,7 @@ using OMC::Obj;
 using OMC::Point2d;
 using OMC::Point3d;
 
-const std::string unsupported = "Unsupported Point3D type.";
+const std::string unsupportedPoint3d = "Unsupported Point3D type.";
 
 class Point3dReaderTest : public ProjectTest {
 protected:
@@ -147,7 +147,7 @@ TEST_F(Point3dReaderTest, RefusesEverythingElse)
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        EXPECT_EQ(read(row.value), unsupported);
+        EXPECT_EQ(read(row.value), unsupportedPoint3d);
         EXPECT_EQ(point.__str__(), row.written.__str__());
     }
 }
@@ -168,7 +168,7 @@ TEST_F(Point3dReaderTest, RefusesANodeAfterItWroteWhereItStands)
     node->setX(10);
     node->setY(20);
     node->setZ(30);
-    EXPECT_EQ(read(OMC::toVariant(Obj(Node::getWrapped(node)))), unsupported);
+    EXPECT_EQ(read(OMC::toVariant(Obj(Node::getWrapped(node)))), unsupportedPoint3d);
     EXPECT_EQ(point, Point3d(10.0, -12.0, 30.0));
 }
 

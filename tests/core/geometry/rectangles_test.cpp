@@ -6,6 +6,7 @@
 #include "core/nodes/node_coordinates.h"
 #include "tests/core/support/failure.h"
 #include "tests/core/support/openproject.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -25,9 +26,6 @@ using OMC::Obj;
 using OMC::Point2d;
 using OMC::Rect2D;
 using OMC::Rect2DI;
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 // --- What all four are ----------------------------------------------------------------------------------------------
 

@@ -11,9 +11,6 @@ using namespace OMC;
 
 namespace {
 
-constexpr char gone[] = "Object is no longer valid.";
-constexpr char apart[] = "These ports are no longer connected.";
-
 class CableTest : public GraphTest {
 protected:
     void SetUp() override
@@ -138,8 +135,8 @@ TEST_F(CableTest, ACableWithoutAnEndIsInvalid)
     const Cable cables[] = {Cable(nullptr, nullptr), Cable(&source, nullptr), Cable(nullptr, &destination)};
     for (const Cable& link : cables) {
         const std::unique_ptr<BaseObject> copy(link.copy());
-        EXPECT_EQ(failureOf([&] { link.getSource(); }), gone);
-        EXPECT_EQ(failureOf([&] { copy->__str__(); }), gone);
+        EXPECT_EQ(failureOf([&] { link.getSource(); }), objectGone);
+        EXPECT_EQ(failureOf([&] { copy->__str__(); }), objectGone);
     }
 }
 
@@ -147,24 +144,24 @@ TEST_F(CableTest, PortsThatNeverWereOrAreGoneMakeACableInvalid)
 {
     const OutPort none(card, 99);
     const InPort destination(blur, 0);
-    EXPECT_EQ(failureOf([&] { Cable(&none, &destination).getSource(); }), gone);
+    EXPECT_EQ(failureOf([&] { Cable(&none, &destination).getSource(); }), objectGone);
 
     Cable link = cable();
     removeNode(blur);
-    EXPECT_EQ(failureOf([&] { link.getSource(); }), gone);
-    EXPECT_EQ(failureOf([&] { link.getSourceNode(); }), gone);
-    EXPECT_EQ(failureOf([&] { link.getDestination(); }), gone);
-    EXPECT_EQ(failureOf([&] { link.getDestinationNode(); }), gone);
-    EXPECT_EQ(failureOf([&] { link.getSourceFlat(); }), gone);
-    EXPECT_EQ(failureOf([&] { link.getSourceFlatNode(); }), gone);
-    EXPECT_EQ(failureOf([&] { link.getInPort(); }), gone);
-    EXPECT_EQ(failureOf([&] { link.getOutPort(); }), gone);
-    EXPECT_EQ(failureOf([&] { link.setSource("Other"); }), gone);
-    EXPECT_EQ(failureOf([&] { link.setSourceNode("Other"); }), gone);
-    EXPECT_EQ(failureOf([&] { link.setDestination("Free"); }), gone);
-    EXPECT_EQ(failureOf([&] { link.insert(wrapped(free)); }), gone);
-    EXPECT_EQ(failureOf([&] { link.unlink(); }), gone);
-    EXPECT_EQ(failureOf([&] { link.__str__(); }), gone);
+    EXPECT_EQ(failureOf([&] { link.getSource(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { link.getSourceNode(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { link.getDestination(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { link.getDestinationNode(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { link.getSourceFlat(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { link.getSourceFlatNode(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { link.getInPort(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { link.getOutPort(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { link.setSource("Other"); }), objectGone);
+    EXPECT_EQ(failureOf([&] { link.setSourceNode("Other"); }), objectGone);
+    EXPECT_EQ(failureOf([&] { link.setDestination("Free"); }), objectGone);
+    EXPECT_EQ(failureOf([&] { link.insert(wrapped(free)); }), objectGone);
+    EXPECT_EQ(failureOf([&] { link.unlink(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { link.__str__(); }), objectGone);
     EXPECT_TRUE(labels().isEmpty());
 }
 
@@ -173,10 +170,10 @@ TEST_F(CableTest, UnlinkCutsTheLinkAndTheCableSaysSo)
     Cable link = cable();
     link.unlink();
     EXPECT_EQ(source(), nullptr);
-    EXPECT_EQ(failureOf([&] { link.getSource(); }), apart);
-    EXPECT_EQ(failureOf([&] { link.__str__(); }), apart);
-    EXPECT_EQ(failureOf([&] { link.unlink(); }), apart);
-    EXPECT_EQ(failureOf([&] { link.setSource("Card"); }), apart);
+    EXPECT_EQ(failureOf([&] { link.getSource(); }), portsApart);
+    EXPECT_EQ(failureOf([&] { link.__str__(); }), portsApart);
+    EXPECT_EQ(failureOf([&] { link.unlink(); }), portsApart);
+    EXPECT_EQ(failureOf([&] { link.setSource("Card"); }), portsApart);
     expectOneEntry("Unlink Port");
     undo();
     EXPECT_EQ(link.getOutPort(), card->outPort(0));
@@ -261,7 +258,7 @@ TEST_F(CableTest, ANodeIsPutIntoTheCable)
     EXPECT_EQ(objectIn<Cable>(front)->getOutPort(), card->outPort(0));
     EXPECT_EQ(objectIn<Cable>(front)->getInPort(), free->inPort(0));
     EXPECT_EQ(source(), free->outPort(0));
-    EXPECT_EQ(failureOf([&] { link.getSource(); }), apart);
+    EXPECT_EQ(failureOf([&] { link.getSource(); }), portsApart);
     expectOneEntry("Inserting a node.");
 }
 

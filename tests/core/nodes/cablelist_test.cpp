@@ -13,8 +13,7 @@ using namespace OMC;
 
 namespace {
 
-constexpr char gone[] = "Object is no longer valid.";
-constexpr char outOfRange[] = "Cable index is out of range.";
+constexpr char cableOutOfRange[] = "Cable index is out of range.";
 
 class CableListTest : public GraphTest {
 protected:
@@ -84,12 +83,12 @@ TEST_F(CableListTest, APlaceBeyondTheEndsIsOutOfRange)
 {
     for (const int index : {2, -1, 2147483647, -2147483647 - 1}) {
         SCOPED_TRACE(index);
-        EXPECT_EQ(failureOf([&] { cables().get(index); }), outOfRange);
-        EXPECT_EQ(failureOf([&] { flatCables().get(index); }), outOfRange);
+        EXPECT_EQ(failureOf([&] { cables().get(index); }), cableOutOfRange);
+        EXPECT_EQ(failureOf([&] { flatCables().get(index); }), cableOutOfRange);
     }
     const OutPort lonely(blur, 0);
-    EXPECT_EQ(failureOf([&] { CableList(&lonely).get(0); }), outOfRange);
-    EXPECT_EQ(failureOf([&] { FlatCableList(&lonely).get(0); }), outOfRange);
+    EXPECT_EQ(failureOf([&] { CableList(&lonely).get(0); }), cableOutOfRange);
+    EXPECT_EQ(failureOf([&] { FlatCableList(&lonely).get(0); }), cableOutOfRange);
 }
 
 TEST_F(CableListTest, ATextIsAPlaceOrNothing)
@@ -98,8 +97,8 @@ TEST_F(CableListTest, ATextIsAPlaceOrNothing)
     EXPECT_EQ(endOf(flatCables()("1")), blur);
     EXPECT_EQ(cables()("Blur").get(), nullptr);
     EXPECT_EQ(flatCables()("").get(), nullptr);
-    EXPECT_EQ(failureOf([&] { cables()("2"); }), outOfRange);
-    EXPECT_EQ(failureOf([&] { flatCables()("-1"); }), outOfRange);
+    EXPECT_EQ(failureOf([&] { cables()("2"); }), cableOutOfRange);
+    EXPECT_EQ(failureOf([&] { flatCables()("-1"); }), cableOutOfRange);
 }
 
 TEST_F(CableListTest, CablesCantBeSet)
@@ -184,7 +183,7 @@ TEST_F(CableListTest, TheCursorStaysWithinTheListAndACopyKeepsIt)
     }
     EXPECT_TRUE(direct.__atend__());
     EXPECT_TRUE(flat.__atend__());
-    EXPECT_EQ(failureOf([&] { direct.__iterItem__(); }), outOfRange);
+    EXPECT_EQ(failureOf([&] { direct.__iterItem__(); }), cableOutOfRange);
     --direct;
     --flat;
     const std::unique_ptr<BaseObject> copy(direct.copy());
@@ -255,33 +254,33 @@ TEST_F(CableListTest, AListOfADeadPortSaysSo)
     const Obj iterator = flat.__iter__();
     auto* loop = objectIn<FlatCableList>(iterator);
     removeNode(card);
-    EXPECT_EQ(failureOf([&] { direct.size(); }), gone);
-    EXPECT_EQ(failureOf([&] { direct.get(0); }), gone);
-    EXPECT_EQ(failureOf([&] { direct.list(); }), gone);
-    EXPECT_EQ(failureOf([&] { direct.contains(wrapped(blur)); }), gone);
-    EXPECT_EQ(failureOf([&] { direct.__str__(); }), gone);
-    EXPECT_EQ(failureOf([&] { direct.__atend__(); }), gone);
-    EXPECT_EQ(failureOf([&] { ++direct; }), gone);
-    EXPECT_EQ(failureOf([&] { flat.size(); }), gone);
-    EXPECT_EQ(failureOf([&] { flat.get(0); }), gone);
-    EXPECT_EQ(failureOf([&] { flat.list(); }), gone);
-    EXPECT_EQ(failureOf([&] { flat.contains(wrapped(blur)); }), gone);
-    EXPECT_EQ(failureOf([&] { flat.__str__(); }), gone);
-    EXPECT_EQ(failureOf([&] { flat.__iter__(); }), gone);
-    EXPECT_EQ(failureOf([&] { --flat; }), gone);
-    EXPECT_EQ(failureOf([&] { loop->__atend__(); }), gone);
-    EXPECT_EQ(failureOf([&] { loop->__iterItem__(); }), gone);
+    EXPECT_EQ(failureOf([&] { direct.size(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { direct.get(0); }), objectGone);
+    EXPECT_EQ(failureOf([&] { direct.list(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { direct.contains(wrapped(blur)); }), objectGone);
+    EXPECT_EQ(failureOf([&] { direct.__str__(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { direct.__atend__(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { ++direct; }), objectGone);
+    EXPECT_EQ(failureOf([&] { flat.size(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { flat.get(0); }), objectGone);
+    EXPECT_EQ(failureOf([&] { flat.list(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { flat.contains(wrapped(blur)); }), objectGone);
+    EXPECT_EQ(failureOf([&] { flat.__str__(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { flat.__iter__(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { --flat; }), objectGone);
+    EXPECT_EQ(failureOf([&] { loop->__atend__(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { loop->__iterItem__(); }), objectGone);
 }
 
 TEST_F(CableListTest, AListWithoutAPortIsInvalid)
 {
-    EXPECT_EQ(failureOf([&] { CableList(nullptr).size(); }), gone);
-    EXPECT_EQ(failureOf([&] { FlatCableList(nullptr).size(); }), gone);
-    EXPECT_EQ(failureOf([&] { FlatCableList(nullptr).__iter__(); }), gone);
+    EXPECT_EQ(failureOf([&] { CableList(nullptr).size(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { FlatCableList(nullptr).size(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { FlatCableList(nullptr).__iter__(); }), objectGone);
     const OutPort none(card, 99);
-    EXPECT_EQ(failureOf([&] { CableList(&none).size(); }), gone);
-    EXPECT_EQ(failureOf([&] { FlatCableList(&none).size(); }), gone);
-    EXPECT_EQ(failureOf([&] { FlatCableList(&none).__iter__(); }), gone);
+    EXPECT_EQ(failureOf([&] { CableList(&none).size(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { FlatCableList(&none).size(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { FlatCableList(&none).__iter__(); }), objectGone);
     EXPECT_EQ(failureOf([&] { CableList(&none).__str__(); }), "Unable to find the port.");
 }
 

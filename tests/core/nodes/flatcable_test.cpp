@@ -11,9 +11,6 @@ using namespace OMC;
 
 namespace {
 
-constexpr char gone[] = "Object is no longer valid.";
-constexpr char apart[] = "These ports are no longer connected.";
-
 /// Card feeds, through the group G, the node Inside.
 class FlatCableTest : public GraphTest {
 protected:
@@ -54,16 +51,16 @@ TEST_F(FlatCableTest, AConnectionThatIsCutAnywhereSaysSo)
 {
     const FlatCable flat = cable();
     InPort(group, group->inPort(0)->id()).unlink();
-    EXPECT_EQ(failureOf([&] { flat.getSource(); }), apart);
-    EXPECT_EQ(failureOf([&] { flat.getSourceNode(); }), apart);
-    EXPECT_EQ(failureOf([&] { flat.getDestination(); }), apart);
-    EXPECT_EQ(failureOf([&] { flat.getDestinationNode(); }), apart);
-    EXPECT_EQ(failureOf([&] { flat.__str__(); }), apart);
+    EXPECT_EQ(failureOf([&] { flat.getSource(); }), portsApart);
+    EXPECT_EQ(failureOf([&] { flat.getSourceNode(); }), portsApart);
+    EXPECT_EQ(failureOf([&] { flat.getDestination(); }), portsApart);
+    EXPECT_EQ(failureOf([&] { flat.getDestinationNode(); }), portsApart);
+    EXPECT_EQ(failureOf([&] { flat.__str__(); }), portsApart);
     undo();
     EXPECT_EQ(failureOf([&] { flat.getSource(); }), "no exception");
     removeNode(card);
-    EXPECT_EQ(failureOf([&] { flat.getSource(); }), gone);
-    EXPECT_EQ(failureOf([&] { flat.__str__(); }), gone);
+    EXPECT_EQ(failureOf([&] { flat.getSource(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { flat.__str__(); }), objectGone);
 }
 
 TEST_F(FlatCableTest, WithoutBothEndsItIsInvalid)
@@ -71,10 +68,10 @@ TEST_F(FlatCableTest, WithoutBothEndsItIsInvalid)
     const OutPort source(card, 0);
     const OutPort none(card, 99);
     const InPort destination(inside, 0);
-    EXPECT_EQ(failureOf([&] { FlatCable(nullptr, nullptr).getSource(); }), gone);
-    EXPECT_EQ(failureOf([&] { FlatCable(&source, nullptr).getSource(); }), gone);
-    EXPECT_EQ(failureOf([&] { FlatCable(nullptr, &destination).__str__(); }), gone);
-    EXPECT_EQ(failureOf([&] { FlatCable(&none, &destination).getSource(); }), gone);
+    EXPECT_EQ(failureOf([&] { FlatCable(nullptr, nullptr).getSource(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { FlatCable(&source, nullptr).getSource(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { FlatCable(nullptr, &destination).__str__(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { FlatCable(&none, &destination).getSource(); }), objectGone);
 }
 
 TEST_F(FlatCableTest, ItDestroysItsPortsOnce)

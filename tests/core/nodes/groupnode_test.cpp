@@ -5,10 +5,10 @@
 #include "tests/core/support/graph.h"
 #include "tests/core/support/standingroup.h"
 #include "tests/core/support/standinnode.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,9 +18,6 @@ namespace {
 using OMC::GroupNode;
 using OMC::Node;
 using OMC::Obj;
-
-constexpr int lowest = std::numeric_limits<int>::min();
-constexpr int highest = std::numeric_limits<int>::max();
 
 class GroupNodeTest : public GraphTest {
 protected:

@@ -12,8 +12,6 @@ using namespace OMC;
 
 namespace {
 
-constexpr char gone[] = "Object is no longer valid.";
-
 class InPortTest : public GraphTest {
 protected:
     void SetUp() override
@@ -192,18 +190,18 @@ TEST_F(InPortTest, ADeadPortTakesNullFromLinkAndSourceNodeButNotFromSource)
     removeNode(blur);
     EXPECT_EQ(failureOf([&] { port.link(QVariant()); }), "no exception");
     EXPECT_EQ(failureOf([&] { port.setSrcNode(false); }), "no exception");
-    EXPECT_EQ(failureOf([&] { port.setSrc(QVariant()); }), gone);
-    EXPECT_EQ(failureOf([&] { port.link("Read"); }), gone);
-    EXPECT_EQ(failureOf([&] { port.setSrcNode("Read"); }), gone);
-    EXPECT_EQ(failureOf([&] { port.unlink(); }), gone);
-    EXPECT_EQ(failureOf([&] { port.getLinked(); }), gone);
-    EXPECT_EQ(failureOf([&] { port.getMattePort(); }), gone);
-    EXPECT_EQ(failureOf([&] { port.getCable(); }), gone);
-    EXPECT_EQ(failureOf([&] { port.getCableFlat(); }), gone);
-    EXPECT_EQ(failureOf([&] { port.getSrc(); }), gone);
-    EXPECT_EQ(failureOf([&] { port.getSrcNode(); }), gone);
-    EXPECT_EQ(failureOf([&] { port.getSrcFlat(); }), gone);
-    EXPECT_EQ(failureOf([&] { port.getSrcNodeFlat(); }), gone);
+    EXPECT_EQ(failureOf([&] { port.setSrc(QVariant()); }), objectGone);
+    EXPECT_EQ(failureOf([&] { port.link("Read"); }), objectGone);
+    EXPECT_EQ(failureOf([&] { port.setSrcNode("Read"); }), objectGone);
+    EXPECT_EQ(failureOf([&] { port.unlink(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { port.getLinked(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { port.getMattePort(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { port.getCable(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { port.getCableFlat(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { port.getSrc(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { port.getSrcNode(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { port.getSrcFlat(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { port.getSrcNodeFlat(); }), objectGone);
 }
 
 TEST_F(InPortTest, SourceAndSourceNodeLinkLikeLink)
@@ -245,7 +243,7 @@ TEST_F(InPortTest, AFailedLinkChangesNothingAndLeavesNoEntry)
         {"another type", asArgument(pegOut), "The ports are unable to be linked."},
         {"a circle", "After", "The ports are unable to be linked."},
         {"true", true, "Failed to identify specified port."},
-        {"a dead port", asArgument(deadOut), gone},
+        {"a dead port", asArgument(deadOut), objectGone},
     };
     for (const auto& failure : failures) {
         SCOPED_TRACE(failure.name);

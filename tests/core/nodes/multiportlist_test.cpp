@@ -11,8 +11,6 @@ using namespace OMC;
 
 namespace {
 
-constexpr char gone[] = "Object is no longer valid.";
-
 class MultiPortListTest : public GraphTest {
 protected:
     void SetUp() override
@@ -208,7 +206,7 @@ TEST_F(MultiPortListTest, ANeighbourThatIsNoPortIsRefused)
               "Port object is not valid.");
     EXPECT_EQ(failureOf([&] { ports.create(Obj(new InPort(group, 77)), true, "image"); }),
               "Unable to find the port provided.");
-    EXPECT_EQ(failureOf([&] { ports.create(Obj(new InPort(nullptr, 0)), true, "image"); }), gone);
+    EXPECT_EQ(failureOf([&] { ports.create(Obj(new InPort(nullptr, 0)), true, "image"); }), objectGone);
     expectUnchanged();
 }
 
@@ -242,7 +240,7 @@ TEST_F(MultiPortListTest, APortIsRemovedByItsWrapper)
     ports.remove(first);
     EXPECT_EQ(group->nInPorts(), 1u);
     EXPECT_EQ(objectIn<InPort>(second)->getIndex(), 0u);
-    EXPECT_EQ(failureOf([&] { objectIn<InPort>(first)->getIndex(); }), gone);
+    EXPECT_EQ(failureOf([&] { objectIn<InPort>(first)->getIndex(); }), objectGone);
     expectOneEntry("Remove in-port node.");
     MultiPortList(group, false).remove(Obj(new OutPort(group, group->outPort(0)->id())));
     EXPECT_EQ(group->nOutPorts(), 0u);
@@ -268,7 +266,7 @@ TEST_F(MultiPortListTest, WhatIsNoPortOfTheSideCantBeRemoved)
     EXPECT_EQ(failureOf([&] { ins.remove(Obj(Node::getWrapped(group))); }), "Invalid port-type specified for removal.");
     EXPECT_EQ(failureOf([&] { ins.remove(out); }), "Cannot remove a out-port from and in-port list.");
     EXPECT_EQ(failureOf([&] { outs.remove(in); }), "Cannot remove an in-port from and out-port list.");
-    EXPECT_EQ(failureOf([&] { ins.remove(Obj(new InPort(nullptr, 0))); }), gone);
+    EXPECT_EQ(failureOf([&] { ins.remove(Obj(new InPort(nullptr, 0))); }), objectGone);
     EXPECT_EQ(failureOf([&] { ins.remove(Obj(new InPort(group, 77))); }), "Unable to find the port.");
     expectUnchanged();
 }
@@ -302,12 +300,12 @@ TEST_F(MultiPortListTest, AListOfADeadNodeSaysSo)
     MultiInPortList ports(group);
     const Obj port = ports.get(0);
     removeNode(group);
-    EXPECT_EQ(failureOf([&] { ports.create(0, "image"); }), gone);
-    EXPECT_EQ(failureOf([&] { ports.create("image"); }), gone);
-    EXPECT_EQ(failureOf([&] { ports.create(port, true, "image"); }), gone);
-    EXPECT_EQ(failureOf([&] { ports.remove(0u); }), gone);
-    EXPECT_EQ(failureOf([&] { ports.remove(port); }), gone);
-    EXPECT_EQ(failureOf([&] { ports.getMattePort(); }), gone);
+    EXPECT_EQ(failureOf([&] { ports.create(0, "image"); }), objectGone);
+    EXPECT_EQ(failureOf([&] { ports.create("image"); }), objectGone);
+    EXPECT_EQ(failureOf([&] { ports.create(port, true, "image"); }), objectGone);
+    EXPECT_EQ(failureOf([&] { ports.remove(0u); }), objectGone);
+    EXPECT_EQ(failureOf([&] { ports.remove(port); }), objectGone);
+    EXPECT_EQ(failureOf([&] { ports.getMattePort(); }), objectGone);
 }
 
 class StandInPortListTest : public testing::Test {

@@ -3,19 +3,16 @@
 #include "tests/core/support/failure.h"
 #include "tests/core/support/openproject.h"
 #include "tests/core/support/standinnode.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <limits>
 #include <memory>
 
 namespace {
 
 using OMC::Node_Coordinates;
-
-constexpr int lowest = std::numeric_limits<int>::min();
-constexpr int highest = std::numeric_limits<int>::max();
 
 class NodeCoordinatesTest : public ProjectTest {
 protected:

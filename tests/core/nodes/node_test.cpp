@@ -25,8 +25,6 @@ namespace {
 using OMC::Node;
 using OMC::Obj;
 
-const std::string gone = "Node is no longer valid. Node may have been moved or deleted.";
-
 /// A wrapper that the test keeps.
 std::unique_ptr<Node> wrapped(MO_Node* node)
 {
@@ -293,7 +291,7 @@ TEST_F(NodeTest, TheGroupAboveTheRootGroupIsAnInvalidOne)
     const auto* group = OMC::objectIn<OMC::GroupNode>(parent);
     ASSERT_NE(group, nullptr);
     EXPECT_FALSE(group->getValid());
-    EXPECT_EQ(failureOf([&] { (void)group->getName(); }), gone);
+    EXPECT_EQ(failureOf([&] { (void)group->getName(); }), nodeGone);
 }
 
 TEST_F(NodeTest, WrappersOfOneNodeAreEqual)
@@ -311,7 +309,7 @@ TEST_F(NodeTest, WrappersOfOneNodeAreEqual)
     EXPECT_FALSE(wrapper->__eq__(Obj(new OMC::BaseObject)));
     const Obj dead = root->parentGroup();
     EXPECT_FALSE(wrapper->__eq__(dead));
-    EXPECT_EQ(failureOf([&] { OMC::objectIn<Node>(dead)->__eq__(dead); }), gone);
+    EXPECT_EQ(failureOf([&] { OMC::objectIn<Node>(dead)->__eq__(dead); }), nodeGone);
 }
 
 TEST_F(NodeTest, ACopyIsAWrapperOfTheSameClassAndNode)
@@ -364,7 +362,7 @@ TEST_F(NodeTest, AWrapperOfANodeThatWasRemovedSaysSoForEver)
         EXPECT_FALSE(dead->getValid());
         EXPECT_EQ(read(*dead, "valid"), false);
         for (const auto& use : usesOf(*dead))
-            EXPECT_EQ(failureOf(use), gone);
+            EXPECT_EQ(failureOf(use), nodeGone);
     }
     undo();
     EXPECT_FALSE(wrapper->getValid());
@@ -378,7 +376,7 @@ TEST_F(NodeTest, AWrapperOfAClosedProjectSaysSo)
     for (Node* dead : {wrapper.get(), root.get()}) {
         EXPECT_FALSE(dead->getValid());
         for (const auto& use : usesOf(*dead))
-            EXPECT_EQ(failureOf(use), gone);
+            EXPECT_EQ(failureOf(use), nodeGone);
     }
 }
 

@@ -18,9 +18,6 @@ using OMC::Node;
 using OMC::NodeList;
 using OMC::Obj;
 
-const std::string outOfRange = "Index is out of range.";
-const std::string invalid = "Object is no longer valid.";
-
 /// The path of the node in a handle; "" for an empty handle.
 QString pathIn(const Obj& object)
 {
@@ -98,7 +95,7 @@ TEST_F(NodeListTest, EachKindHasItsMembersAndText)
         EXPECT_EQ(byIndex.join(QLatin1Char(' ')), row.paths);
         const int count = static_cast<int>(row.size);
         for (const int index : {count, count + 1, std::numeric_limits<int>::max(), -1, std::numeric_limits<int>::min()})
-            EXPECT_EQ(failureOf([&] { row.list.get(index); }), outOfRange) << index;
+            EXPECT_EQ(failureOf([&] { row.list.get(index); }), indexOutOfRange) << index;
     }
 }
 
@@ -326,7 +323,7 @@ TEST_F(NodeListTest, WithoutItsSceneOrGroupEveryUseFails)
     close();
     for (NodeList* list : {&all, &inTop, &inBody, &loop, &unknown, &noScene, &noTop, &noGroup}) {
         for (const auto& use : usesOf(*list))
-            EXPECT_EQ(failureOf(use), invalid);
+            EXPECT_EQ(failureOf(use), objectGone);
     }
     EXPECT_EQ(filled.size(), 2u);
     EXPECT_EQ(pathsIn(filled.list()), QStringLiteral(" "));
@@ -335,16 +332,16 @@ TEST_F(NodeListTest, WithoutItsSceneOrGroupEveryUseFails)
 TEST_F(NodeListTest, AGroupThatWasRemovedTakesItsListAlongForEver)
 {
     SU_CleanUpCommands::removeNodes(scene(), {body}, false);
-    EXPECT_EQ(failureOf([&] { inBody.size(); }), invalid);
+    EXPECT_EQ(failureOf([&] { inBody.size(); }), objectGone);
     undo();
-    EXPECT_EQ(failureOf([&] { inBody.size(); }), invalid);
+    EXPECT_EQ(failureOf([&] { inBody.size(); }), objectGone);
     EXPECT_EQ(pathsIn(all.list()), allPaths);
 }
 
 TEST_F(NodeListTest, AnUnfilledListIsInvalidUntilANodeIsAdded)
 {
     NodeList list;
-    EXPECT_EQ(failureOf([&] { list.size(); }), invalid);
+    EXPECT_EQ(failureOf([&] { list.size(); }), objectGone);
     EXPECT_TRUE(list.__atend__());
     list.addNode(peg);
     EXPECT_EQ(list.__str__(), "NodeList(Node)[1]");

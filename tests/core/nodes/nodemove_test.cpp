@@ -2,6 +2,7 @@
 
 #include "core/nodes/node_coordinates.h"
 #include "core/nodes/nodelist.h"
+#include "tests/core/support/failure.h"
 #include "tests/core/support/movablenodes.h"
 #include "tests/core/support/standingroup.h"
 #include "tests/core/support/standinnode.h"
@@ -16,7 +17,6 @@ namespace {
 using OMC::NodeList;
 using OMC::Obj;
 
-const std::string gone = "Node is no longer valid. Node may have been moved or deleted.";
 const std::string enters = "Unable to place the node in the group.";
 const std::string noTarget = "Unable to find the target node.";
 
@@ -31,7 +31,7 @@ TEST_F(NodeMoveTest, ANodeMovesToAGroupAndItsWrapperFollows)
     EXPECT_EQ(node(QStringLiteral("Top/Peg")), nullptr);
     EXPECT_TRUE(target->getValid());
     EXPECT_FALSE(other->getValid());
-    EXPECT_EQ(failureOf([&] { other->getName(); }), gone);
+    EXPECT_EQ(failureOf([&] { other->getName(); }), nodeGone);
     EXPECT_EQ(failureOf([&] { readAs<OMC::Node_Coordinates>(position)->getX(); }), "Object is no longer valid.");
 }
 
@@ -181,10 +181,10 @@ TEST_F(NodeMoveTest, ADeadNodeSaysSo)
 {
     const auto dead = wrapped("Top/Peg");
     removeNode(peg);
-    expectFailure([&] { dead->moveTo(QStringLiteral("Top/Body"), 0, 0); }, gone);
-    expectFailure([&] { dead->moveTo(Obj(), 0, 0); }, gone);
-    expectFailure([&] { dead->moveNode(nullptr, 0, 0); }, gone);
-    expectFailure([&] { dead->setPath(QStringLiteral("x")); }, gone);
+    expectFailure([&] { dead->moveTo(QStringLiteral("Top/Body"), 0, 0); }, nodeGone);
+    expectFailure([&] { dead->moveTo(Obj(), 0, 0); }, nodeGone);
+    expectFailure([&] { dead->moveNode(nullptr, 0, 0); }, nodeGone);
+    expectFailure([&] { dead->setPath(QStringLiteral("x")); }, nodeGone);
 }
 
 TEST_F(NodeMoveTest, ADropThatTheEngineRefusesIsSilentAndTheNodeStays)

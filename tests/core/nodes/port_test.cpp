@@ -12,8 +12,6 @@ using namespace OMC;
 
 namespace {
 
-constexpr char gone[] = "Object is no longer valid.";
-
 class PortTest : public GraphTest {
 protected:
     static const Node* asNode(const Obj& handle) { return objectIn<Node>(handle); }
@@ -101,17 +99,17 @@ TEST_F(PortTest, APortOfARemovedNodeSaysSoForEver)
     SU_CleanUpCommands::removeNodes(scene(), {blur}, false);
 
     const auto expectGone = [&] {
-        EXPECT_EQ(failureOf([&] { port.getPortId(); }), gone);
-        EXPECT_EQ(failureOf([&] { port.getIndex(); }), gone);
-        EXPECT_EQ(failureOf([&] { port.getType(); }), gone);
-        EXPECT_EQ(failureOf([&] { port.getNode(); }), gone);
-        EXPECT_EQ(failureOf([&] { port.getPort(); }), gone);
-        EXPECT_EQ(failureOf([&] { port.getWrappedNode(); }), gone);
-        EXPECT_EQ(failureOf([&] { port.getIsInport(); }), gone);
-        EXPECT_EQ(failureOf([&] { port.getIsOutport(); }), gone);
-        EXPECT_EQ(failureOf([&] { port.getRelatedNode(); }), gone);
-        EXPECT_EQ(failureOf([&] { out.getRelatedPort(); }), gone);
-        EXPECT_EQ(failureOf([&] { port.__str__(); }), gone);
+        EXPECT_EQ(failureOf([&] { port.getPortId(); }), objectGone);
+        EXPECT_EQ(failureOf([&] { port.getIndex(); }), objectGone);
+        EXPECT_EQ(failureOf([&] { port.getType(); }), objectGone);
+        EXPECT_EQ(failureOf([&] { port.getNode(); }), objectGone);
+        EXPECT_EQ(failureOf([&] { port.getPort(); }), objectGone);
+        EXPECT_EQ(failureOf([&] { port.getWrappedNode(); }), objectGone);
+        EXPECT_EQ(failureOf([&] { port.getIsInport(); }), objectGone);
+        EXPECT_EQ(failureOf([&] { port.getIsOutport(); }), objectGone);
+        EXPECT_EQ(failureOf([&] { port.getRelatedNode(); }), objectGone);
+        EXPECT_EQ(failureOf([&] { out.getRelatedPort(); }), objectGone);
+        EXPECT_EQ(failureOf([&] { port.__str__(); }), objectGone);
         EXPECT_EQ(port.findPort(), nullptr);
     };
     expectGone();
@@ -125,8 +123,8 @@ TEST_F(PortTest, APortOfARemovedNodeSaysSoForEver)
 TEST_F(PortTest, APortWithoutANodeFailsAtItsFirstUse)
 {
     const InPort port(nullptr, 0);
-    EXPECT_EQ(failureOf([&] { port.getPortId(); }), gone);
-    EXPECT_EQ(failureOf([&] { port.getPort(); }), gone);
+    EXPECT_EQ(failureOf([&] { port.getPortId(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { port.getPort(); }), objectGone);
     EXPECT_EQ(port.findPort(), nullptr);
 }
 
@@ -158,8 +156,8 @@ TEST_F(PortTest, APortKeepsItsIdWhenOneAheadOfItGoes)
     EXPECT_EQ(last.getPortId(), id);
     EXPECT_EQ(last.getPort(), port);
     EXPECT_EQ(last.getIndex(), 1u);
-    EXPECT_EQ(failureOf([&] { first.getIndex(); }), gone);
-    EXPECT_EQ(failureOf([&] { first.getType(); }), gone);
+    EXPECT_EQ(failureOf([&] { first.getIndex(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { first.getType(); }), objectGone);
     EXPECT_EQ(first.findPort(), nullptr);
 }
 
@@ -171,7 +169,7 @@ TEST(PortOfAStandIn, AnIdThatLeadsToAnotherPortMakesTheWrapperInvalid)
     EXPECT_EQ(port.getPort(), node.inPort(0));
 
     node.ins[0] = std::make_unique<StandInPort>(&node, 0);
-    EXPECT_EQ(failureOf([&] { port.getPort(); }), gone);
+    EXPECT_EQ(failureOf([&] { port.getPort(); }), objectGone);
     EXPECT_EQ(port.findPort(), nullptr);
 }
 

@@ -11,8 +11,7 @@ using namespace OMC;
 
 namespace {
 
-constexpr char gone[] = "Object is no longer valid.";
-constexpr char outOfRange[] = "Port index is out of range.";
+constexpr char portOutOfRange[] = "Port index is out of range.";
 
 class PortListTest : public GraphTest {
 protected:
@@ -43,7 +42,7 @@ TEST_F(PortListTest, APlaceBeyondTheEndsIsOutOfRange)
     const InPortList ports(cutter);
     for (const int index : {2, -1, 2147483647, -2147483647 - 1}) {
         SCOPED_TRACE(index);
-        EXPECT_EQ(failureOf([&] { ports.get(index); }), outOfRange);
+        EXPECT_EQ(failureOf([&] { ports.get(index); }), portOutOfRange);
     }
 }
 
@@ -54,8 +53,8 @@ TEST_F(PortListTest, ATextIsAPlaceOrNothing)
     EXPECT_EQ(ports("one").get(), nullptr);
     EXPECT_EQ(ports("").get(), nullptr);
     EXPECT_EQ(ports("0x1").get(), nullptr);
-    EXPECT_EQ(failureOf([&] { ports("2"); }), outOfRange);
-    EXPECT_EQ(failureOf([&] { ports("-1"); }), outOfRange);
+    EXPECT_EQ(failureOf([&] { ports("2"); }), portOutOfRange);
+    EXPECT_EQ(failureOf([&] { ports("-1"); }), portOutOfRange);
 }
 
 TEST_F(PortListTest, PortsCantBeSet)
@@ -96,7 +95,7 @@ TEST(PortListOfAStandIn, APlaceWithoutAPortIsEmptyInTheListAndOutOfRangeAlone)
     ASSERT_EQ(all.size(), 2u);
     EXPECT_EQ(all[0].get(), nullptr);
     EXPECT_TRUE(objectIn<InPort>(all[1]));
-    EXPECT_EQ(failureOf([&] { ports.get(0); }), outOfRange);
+    EXPECT_EQ(failureOf([&] { ports.get(0); }), portOutOfRange);
     EXPECT_EQ(ports.getMattePort().get(), nullptr);
 }
 
@@ -120,7 +119,7 @@ TEST_F(PortListTest, TheCursorStaysWithinTheList)
     for (int step = 0; step < 5; ++step)
         ++ports;
     EXPECT_TRUE(ports.__atend__());
-    EXPECT_EQ(failureOf([&] { ports.__iterItem__(); }), outOfRange);
+    EXPECT_EQ(failureOf([&] { ports.__iterItem__(); }), portOutOfRange);
     --ports;
     EXPECT_FALSE(ports.__atend__());
     EXPECT_EQ(objectIn<InPort>(ports.__iterItem__())->getIndex(), 1u);
@@ -188,19 +187,19 @@ TEST_F(PortListTest, AListOfADeadNodeSaysSo)
 {
     InPortList ports(cutter);
     removeNode(cutter);
-    EXPECT_EQ(failureOf([&] { ports.size(); }), gone);
-    EXPECT_EQ(failureOf([&] { ports.get(0); }), gone);
-    EXPECT_EQ(failureOf([&] { ports.list(); }), gone);
-    EXPECT_EQ(failureOf([&] { ports("0"); }), gone);
-    EXPECT_EQ(failureOf([&] { ports.getMattePort(); }), gone);
-    EXPECT_EQ(failureOf([&] { ports.__str__(); }), gone);
-    EXPECT_EQ(failureOf([&] { ports.__atend__(); }), gone);
-    EXPECT_EQ(failureOf([&] { ports.__iterItem__(); }), gone);
-    EXPECT_EQ(failureOf([&] { ++ports; }), gone);
-    EXPECT_EQ(failureOf([&] { --ports; }), gone);
+    EXPECT_EQ(failureOf([&] { ports.size(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { ports.get(0); }), objectGone);
+    EXPECT_EQ(failureOf([&] { ports.list(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { ports("0"); }), objectGone);
+    EXPECT_EQ(failureOf([&] { ports.getMattePort(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { ports.__str__(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { ports.__atend__(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { ports.__iterItem__(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { ++ports; }), objectGone);
+    EXPECT_EQ(failureOf([&] { --ports; }), objectGone);
     EXPECT_EQ(failureOf([&] { ports.set(0, Obj()); }), "Port lists cannot be set.");
     EXPECT_EQ(ports("text").get(), nullptr);
-    EXPECT_EQ(failureOf([&] { InPortList(nullptr).size(); }), gone);
+    EXPECT_EQ(failureOf([&] { InPortList(nullptr).size(); }), objectGone);
 }
 
 } // namespace

@@ -18,8 +18,6 @@ namespace {
 
 using OMC::History;
 
-const char* const invalid = "Object is no longer valid.";
-
 /// Adds to a number.
 class AddCommand : public CO_Command {
 public:
@@ -344,7 +342,7 @@ TEST_F(HistoryTest, OnceTheProjectIsClosedEveryOperationSaysSo)
         {"__atend__", [&] { iterating.__atend__(); }},
     };
     for (const auto& [name, call] : calls)
-        EXPECT_EQ(failureOf(call), invalid) << name;
+        EXPECT_EQ(failureOf(call), objectGone) << name;
     EXPECT_NE(history.__iter__().get(), nullptr);
 }
 
@@ -353,7 +351,7 @@ TEST_F(HistoryTest, ACheckedUseOfADeadHistoryEndsTheBracket)
     const History dead(nullptr);
     history.begin(QStringLiteral("A"));
     add("One");
-    EXPECT_EQ(failureOf([&] { dead.size(); }), invalid);
+    EXPECT_EQ(failureOf([&] { dead.size(); }), objectGone);
     EXPECT_EQ(number, 0);
     EXPECT_EQ(history.getCurrent(), QStringLiteral("NONE"));
     history.end();
@@ -365,7 +363,7 @@ TEST_F(HistoryTest, ABracketOutlivesItsProjectAndHarmsNothing)
     history.begin(QStringLiteral("A"));
     add("One");
     close();
-    EXPECT_EQ(failureOf([&] { history.end(); }), invalid);
+    EXPECT_EQ(failureOf([&] { history.end(); }), objectGone);
 
     QString error;
     QTemporaryDir folder;

@@ -15,7 +15,6 @@
 
 namespace {
 
-const char* const invalid = "Object is no longer valid.";
 const char* const unexpected = "An unexpected error has occurred.";
 
 class ProjectWrapperTest : public ProjectTest {
@@ -87,7 +86,7 @@ TEST_F(ProjectWrapperTest, TheHistoryAndTheResolutionAskNoThread)
               (std::vector<std::string>{"no exception", "no exception", lockedOut, lockedOut}));
     const OMC::Project gone(nullptr);
     EXPECT_EQ(failuresOnOtherThread({[&] { gone.getDirty(); }, [&] { gone.getDirtyPreviously(); }}),
-              std::vector<std::string>(2, invalid));
+              std::vector<std::string>(2, objectGone));
 }
 
 TEST_F(ProjectWrapperTest, ACopyIsOfTheSameProject)
@@ -100,20 +99,20 @@ TEST_F(ProjectWrapperTest, ACopyIsOfTheSameProject)
 TEST_F(ProjectWrapperTest, OnceItIsClosedItSaysSo)
 {
     close();
-    EXPECT_EQ(failureOf([&] { wrapper.getDirty(); }), invalid);
-    EXPECT_EQ(failureOf([&] { wrapper.getDirtyPreviously(); }), invalid);
+    EXPECT_EQ(failureOf([&] { wrapper.getDirty(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { wrapper.getDirtyPreviously(); }), objectGone);
     EXPECT_EQ(wrapper.__str__(), "Brindle Base Project");
 
     const OMC::Obj history = wrapper.getHistory();
-    EXPECT_EQ(failureOf([&] { OMC::objectIn<OMC::History>(history)->size(); }), invalid);
+    EXPECT_EQ(failureOf([&] { OMC::objectIn<OMC::History>(history)->size(); }), objectGone);
     const OMC::Obj resolution = wrapper.getResolution();
-    EXPECT_EQ(failureOf([&] { OMC::objectIn<OMC::ProjectResolution>(resolution)->getX(); }), invalid);
+    EXPECT_EQ(failureOf([&] { OMC::objectIn<OMC::ProjectResolution>(resolution)->getX(); }), objectGone);
 }
 
 TEST_F(ProjectWrapperTest, AProjectThatNeverWasIsInvalidFromTheStart)
 {
     const OMC::Project nothing(nullptr);
-    EXPECT_EQ(failureOf([&] { nothing.getDirty(); }), invalid);
+    EXPECT_EQ(failureOf([&] { nothing.getDirty(); }), objectGone);
     EXPECT_NE(nothing.getHistory().get(), nullptr);
 }
 

@@ -3,6 +3,7 @@
 #include "core/host/sc_projectcmds.h"
 #include "core/host/tu_dbscenedata.h"
 #include "tests/core/support/changetest.h"
+#include "tests/core/support/failure.h"
 #include "tests/core/support/otherthread.h"
 #include "tests/core/support/refusingmanager.h"
 #include "tests/core/support/standins.h"
@@ -21,10 +22,8 @@ namespace {
 using OMC::ProjectNamedResolution;
 using OMC::ProjectResolution;
 
-const char* const invalid = "Object is no longer valid.";
 const char* const failed = "Failed to set resolution.";
 const char* const noResolution = "Unable to find named-resolution.";
-const char* const unexpected = "An unexpected error has occurred.";
 
 class ProjectResolutionTest : public ChangeTest {
 protected:
@@ -180,8 +179,8 @@ TEST_F(ProjectResolutionTest, OnceTheProjectIsClosedEveryOperationSaysSo)
         {"__str__", [&] { resolution.__str__(); }},
     };
     for (const auto& [name, call] : calls)
-        EXPECT_EQ(failureOf(call), invalid) << name;
-    EXPECT_EQ(failureOf([] { ProjectResolution(nullptr).getX(); }), invalid);
+        EXPECT_EQ(failureOf(call), objectGone) << name;
+    EXPECT_EQ(failureOf([] { ProjectResolution(nullptr).getX(); }), objectGone);
 }
 
 TEST_F(ProjectResolutionTest, TheThreadIsAskedForButForANamesName)
@@ -198,7 +197,7 @@ TEST_F(ProjectResolutionTest, TheThreadIsAskedForButForANamesName)
     ProjectResolution gone(nullptr);
     const ProjectNamedResolution nameOnly(nullptr, QStringLiteral("PAL"));
     EXPECT_EQ(failuresOnOtherThread({[&] { gone.getX(); }, [&] { nameOnly.getX(); }}),
-              (std::vector<std::string>{invalid, lockedOut}));
+              (std::vector<std::string>{objectGone, lockedOut}));
 }
 
 TEST_F(ProjectResolutionTest, ANamedResolutionOfAClosedProjectKeepsItsName)
@@ -215,7 +214,7 @@ TEST_F(ProjectResolutionTest, ANamedResolutionOfAClosedProjectKeepsItsName)
         {"__str__", [&] { named.__str__(); }},
     };
     for (const auto& [name, call] : calls)
-        EXPECT_EQ(failureOf(call), unexpected) << name;
+        EXPECT_EQ(failureOf(call), unexpectedError) << name;
 }
 
 TEST_F(ResolutionTableTest, ACommandThatIsRefusedHasItsSentenceAndLabel)
@@ -230,23 +229,23 @@ TEST_F(ResolutionTableTest, ACommandThatIsRefusedHasItsSentenceAndLabel)
 TEST_F(ResolutionTableTest, WithoutAManagerNothingIsWritten)
 {
     project.commands = nullptr;
-    EXPECT_EQ(failureOf([&] { resolution.setX(5); }), invalid);
-    EXPECT_EQ(failureOf([&] { resolution.setY(5); }), invalid);
+    EXPECT_EQ(failureOf([&] { resolution.setX(5); }), objectGone);
+    EXPECT_EQ(failureOf([&] { resolution.setY(5); }), objectGone);
     // The manager is asked for before the name is looked up.
     for (const char* name : {"Wide", "Nowhere"})
-        EXPECT_EQ(failureOf([&] { resolution.setDefaultName(QString::fromLatin1(name)); }), invalid);
+        EXPECT_EQ(failureOf([&] { resolution.setDefaultName(QString::fromLatin1(name)); }), objectGone);
     EXPECT_EQ(resolution.getX(), 1000);
 }
 
 TEST_F(ResolutionTableTest, WithoutAResolutionOnlyNamesAreReadAndChosen)
 {
     project.picture = nullptr;
-    EXPECT_EQ(failureOf([&] { resolution.getX(); }), invalid);
-    EXPECT_EQ(failureOf([&] { resolution.getY(); }), invalid);
-    EXPECT_EQ(failureOf([&] { resolution.getDefaultName(); }), invalid);
-    EXPECT_EQ(failureOf([&] { resolution.getDefaultFOV(); }), invalid);
-    EXPECT_EQ(failureOf([&] { resolution.setX(5); }), invalid);
-    EXPECT_EQ(failureOf([&] { resolution.setY(5); }), invalid);
+    EXPECT_EQ(failureOf([&] { resolution.getX(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { resolution.getY(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { resolution.getDefaultName(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { resolution.getDefaultFOV(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { resolution.setX(5); }), objectGone);
+    EXPECT_EQ(failureOf([&] { resolution.setY(5); }), objectGone);
     EXPECT_EQ(resolution.getNames().size(), 3);
     EXPECT_EQ(failureOf([&] { resolution.setDefaultName(QStringLiteral("Wide")); }), "Failed to set named resolution.");
 }

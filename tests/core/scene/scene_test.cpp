@@ -5,6 +5,7 @@
 #include "core/scene/scenemetrics.h"
 #include "core/scene/sceneunitconverter.h"
 #include "tests/core/support/changetest.h"
+#include "tests/core/support/failure.h"
 #include "tests/core/support/otherthread.h"
 #include "tests/core/support/refusingmanager.h"
 #include "tests/core/support/standins.h"
@@ -19,8 +20,6 @@
 #include <vector>
 
 namespace {
-
-const char* const invalid = "Object is no longer valid.";
 
 /// Everything that asks first whether the scene is there and the thread may go on.
 std::vector<std::pair<std::string, std::function<void()>>> checkedCalls(OMC::Scene& scene)
@@ -168,11 +167,11 @@ TEST_F(SceneTest, ASceneWithoutItsPartsIsInvalidWhereItNeedsThem)
     RefusingManager manager;
     StandInScene stub;
     OMC::Scene bare(&stub);
-    EXPECT_EQ(failureOf([&] { bare.setFramerate(12.0); }), invalid);
-    EXPECT_EQ(failureOf([&] { bare.getFrameStart(); }), invalid);
-    EXPECT_EQ(failureOf([&] { bare.getFrameStop(); }), invalid);
+    EXPECT_EQ(failureOf([&] { bare.setFramerate(12.0); }), objectGone);
+    EXPECT_EQ(failureOf([&] { bare.getFrameStart(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { bare.getFrameStop(); }), objectGone);
     stub.commands = &manager;
-    EXPECT_EQ(failureOf([&] { bare.setFramerate(12.0); }), invalid);
+    EXPECT_EQ(failureOf([&] { bare.setFramerate(12.0); }), objectGone);
     EXPECT_EQ(manager.refusedLabels, QStringList());
 }
 
@@ -234,8 +233,8 @@ TEST_F(SceneTest, OnceTheSceneIsGoneEveryOperationSaysSo)
     close();
     EXPECT_EQ(wrapper.scene(), nullptr);
     for (const auto& [name, call] : checkedCalls(wrapper))
-        EXPECT_EQ(failureOf(call), invalid) << name;
-    EXPECT_EQ(failureOf([&] { wrapper.frameRemove(1, 1); }), invalid);
+        EXPECT_EQ(failureOf(call), objectGone) << name;
+    EXPECT_EQ(failureOf([&] { wrapper.frameRemove(1, 1); }), objectGone);
     EXPECT_EQ(failureOf([&] { wrapper.getSounds(); }), "Sounds are not yet supported in the Python DOM.");
 }
 
@@ -259,7 +258,7 @@ TEST_F(SceneTest, ASceneThatNeverWasIsInvalidFromTheStart)
 {
     const OMC::Scene nothing(nullptr);
     EXPECT_EQ(nothing.scene(), nullptr);
-    EXPECT_EQ(failureOf([&] { nothing.getName(); }), invalid);
+    EXPECT_EQ(failureOf([&] { nothing.getName(); }), objectGone);
 }
 
 } // namespace

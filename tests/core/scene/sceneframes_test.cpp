@@ -4,9 +4,11 @@
 #include "core/scene/scene.h"
 #include "tests/core/support/animation.h"
 #include "tests/core/support/changetest.h"
+#include "tests/core/support/failure.h"
 #include "tests/core/support/otherthread.h"
 #include "tests/core/support/refusingmanager.h"
 #include "tests/core/support/standins.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -20,9 +22,6 @@
 
 namespace {
 
-const char* const invalid = "Object is no longer valid.";
-constexpr int most = std::numeric_limits<int>::max();
-constexpr int least = std::numeric_limits<int>::min();
 const QString ripple = QStringLiteral("RIPPLE_SCENE_MARKERS");
 const QString extend = QStringLiteral("EXTEND_DRAWING_EXPOSURE");
 
@@ -89,7 +88,7 @@ public:
     bool broken = false;
 };
 
-using Call = std::tuple<int, int, bool, bool>;
+using FrameChange = std::tuple<int, int, bool, bool>;
 
 TEST_F(SceneFramesTest, FramesAreAddedAtTheEndAndTakenFromThere)
 {
@@ -184,7 +183,7 @@ TEST_F(SceneFramesTest, NoFramesIsNoChangeAndFewerIsFalse)
     for (const OMC::FrameOptions* form : forms) {
         leaves([&] { EXPECT_TRUE(wrapper.frameInsert(1, 0, form)); });
         leaves([&] { EXPECT_TRUE(wrapper.frameRemove(1, 0, form)); });
-        for (const int count : {-1, least}) {
+        for (const int count : {-1, lowest}) {
             leaves([&] { EXPECT_FALSE(wrapper.frameInsert(1, count, form)); });
             leaves([&] { EXPECT_FALSE(wrapper.frameRemove(1, count, form)); });
         }
@@ -198,12 +197,12 @@ TEST_F(SceneFramesTest, NoFramesIsNoChangeAndFewerIsFalse)
 // That the scene can't take the frames is not told: required as it is.
 TEST_F(SceneFramesTest, FramesThatTheSceneCannotTakeAreTrueWithoutEffect)
 {
-    for (const int at : {-1, least, 61, most})
+    for (const int at : {-1, lowest, 61, highest})
         leaves([&] { EXPECT_TRUE(wrapper.frameInsert(at, 1)); });
-    leaves([&] { EXPECT_TRUE(wrapper.frameInsert(1, most)); });
+    leaves([&] { EXPECT_TRUE(wrapper.frameInsert(1, highest)); });
     leaves([&] { EXPECT_TRUE(wrapper.frameRemove(0, 60)); });
-    leaves([&] { EXPECT_TRUE(wrapper.frameRemove(0, most)); });
-    leaves([&] { EXPECT_TRUE(wrapper.frameRemove(least, most)); });
+    leaves([&] { EXPECT_TRUE(wrapper.frameRemove(0, highest)); });
+    leaves([&] { EXPECT_TRUE(wrapper.frameRemove(lowest, highest)); });
 }
 
 TEST_F(SceneFramesTest, MarkersRippleByPreferenceOrByOptions)
@@ -242,13 +241,13 @@ TEST(SceneFramesCallTest, TheEngineIsAskedWithThePreferenceOrTheOption)
         wrapper.frameRemove(3, 4);
         wrapper.frameRemove(3, 4, nullptr);
         wrapper.frameRemove(3, 4, &other);
-        EXPECT_EQ(stub.frameChanges, (std::vector<Call>{{60, -10, preferred, true},
-                                                        {3, 4, preferred, true},
-                                                        {3, 4, preferred, true},
-                                                        {3, 4, !preferred, true},
-                                                        {3, -4, preferred, true},
-                                                        {3, -4, preferred, true},
-                                                        {3, -4, !preferred, true}}));
+        EXPECT_EQ(stub.frameChanges, (std::vector<FrameChange>{{60, -10, preferred, true},
+                                                               {3, 4, preferred, true},
+                                                               {3, 4, preferred, true},
+                                                               {3, 4, !preferred, true},
+                                                               {3, -4, preferred, true},
+                                                               {3, -4, preferred, true},
+                                                               {3, -4, !preferred, true}}));
     }
     EXPECT_EQ(manager.openScopes, 0);
     EXPECT_EQ(manager.cancelledScopes, 0);
@@ -307,7 +306,7 @@ TEST(SceneFramesCallTest, RemovingNeedsTheProjectAndTheManager)
         stub.project = withProject ? &project : nullptr;
         stub.commands = withProject ? nullptr : &manager;
         OMC::Scene wrapper(&stub);
-        EXPECT_EQ(failureOf([&] { wrapper.frameRemove(1, 1); }), invalid);
+        EXPECT_EQ(failureOf([&] { wrapper.frameRemove(1, 1); }), objectGone);
         EXPECT_TRUE(wrapper.frameRemove(1, 0));
         EXPECT_FALSE(wrapper.frameRemove(1, -1));
         EXPECT_TRUE(stub.frameChanges.empty());
@@ -319,10 +318,10 @@ TEST(SceneFramesCallTest, AMissingSceneIsToldAtOnceOrWhenItIsNeeded)
 {
     OMC::Scene nothing(nullptr);
     for (const int count : {-1, 0, 1})
-        EXPECT_EQ(failureOf([&] { nothing.frameInsert(1, count); }), invalid);
+        EXPECT_EQ(failureOf([&] { nothing.frameInsert(1, count); }), objectGone);
     EXPECT_FALSE(nothing.frameRemove(1, -1));
     EXPECT_TRUE(nothing.frameRemove(1, 0));
-    EXPECT_EQ(failureOf([&] { nothing.frameRemove(1, 1); }), invalid);
+    EXPECT_EQ(failureOf([&] { nothing.frameRemove(1, 1); }), objectGone);
 }
 
 TEST_F(SceneFramesTest, RemovingAsksForNoThread)

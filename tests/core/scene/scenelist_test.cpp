@@ -20,7 +20,6 @@ namespace {
 
 using OMC::SceneList;
 
-const char* const invalid = "Object is no longer valid.";
 const char* const outOfRange = "Scene index is out of range.";
 
 QString nameOf(const OMC::Obj& handle)
@@ -124,7 +123,7 @@ TEST_F(SceneListTest, OnceTheProjectIsClosedEveryOperationSaysSo)
         {"__str__", [&] { scenes.__str__(); }},
     };
     for (const auto& [name, call] : calls)
-        EXPECT_EQ(failureOf(call), invalid) << name;
+        EXPECT_EQ(failureOf(call), objectGone) << name;
 }
 
 TEST_F(SceneListTest, TheThreadIsAskedForBehindTheProject)
@@ -144,7 +143,7 @@ TEST_F(SceneListTest, TheThreadIsAskedForBehindTheProject)
     };
     const std::string lockedOut = "Unable to access Object Model from another thread -- application must be locked.";
     EXPECT_EQ(failuresOnOtherThread(calls(loop)), std::vector<std::string>(8, lockedOut));
-    EXPECT_EQ(failuresOnOtherThread(calls(gone)), std::vector<std::string>(8, invalid));
+    EXPECT_EQ(failuresOnOtherThread(calls(gone)), std::vector<std::string>(8, objectGone));
     EXPECT_EQ(failuresOnOtherThread({[&] { scenes.set(0, OMC::Obj()); }, [&] { ++loop; }, [&] { loop.__atend__(); }}),
               (std::vector<std::string>{"Unable to set the scene list.", "no exception", "no exception"}));
 }
@@ -164,7 +163,7 @@ TEST_F(SceneListTest, ScenesThatAreAddedAreListedFoundAndUndone)
     undo(2);
     EXPECT_EQ(scenes.size(), 1U);
     EXPECT_EQ(nameOf(scenes(QStringLiteral("Night"))), QStringLiteral("no scene"));
-    EXPECT_EQ(failureOf([&] { OMC::objectIn<OMC::Scene>(night)->getName(); }), invalid);
+    EXPECT_EQ(failureOf([&] { OMC::objectIn<OMC::Scene>(night)->getName(); }), objectGone);
 }
 
 TEST_F(SceneListTest, ASceneThatIsRemovedDuringALoopComesAsAnInvalidObject)
@@ -179,7 +178,7 @@ TEST_F(SceneListTest, ASceneThatIsRemovedDuringALoopComesAsAnInvalidObject)
     EXPECT_FALSE(loop.__atend__());
     const OMC::Obj item = loop.__iterItem__();
     ASSERT_NE(OMC::objectIn<OMC::Scene>(item), nullptr);
-    EXPECT_EQ(failureOf([&] { nameOf(item); }), invalid);
+    EXPECT_EQ(failureOf([&] { nameOf(item); }), objectGone);
     EXPECT_TRUE(loop.__atend__());
     EXPECT_EQ(scenes.size(), 1U);
 }
@@ -268,7 +267,7 @@ TEST_F(ManyScenesTest, ALoopGoesThroughTheScenesOfItsBeginning)
         ++loop;
     const OMC::Obj item = loop.__iterItem__();
     ASSERT_NE(OMC::objectIn<OMC::Scene>(item), nullptr);
-    EXPECT_EQ(failureOf([&] { OMC::objectIn<OMC::Scene>(item)->getName(); }), invalid);
+    EXPECT_EQ(failureOf([&] { OMC::objectIn<OMC::Scene>(item)->getName(); }), objectGone);
     EXPECT_TRUE(loop.__atend__());
 }
 
@@ -330,17 +329,17 @@ TEST_F(ManyScenesTest, WithoutAPartOfTheSessionTheListIsInvalid)
     const std::string none = "no exception";
 
     common.scenes = nullptr;
-    EXPECT_EQ(failures(), (std::vector<std::string>{invalid, invalid, invalid, invalid, invalid, none}));
+    EXPECT_EQ(failures(), (std::vector<std::string>{objectGone, objectGone, objectGone, objectGone, objectGone, none}));
     common.scenes = &manager;
     session.common = nullptr;
-    EXPECT_EQ(failures(), (std::vector<std::string>{invalid, invalid, invalid, invalid, invalid, none}));
+    EXPECT_EQ(failures(), (std::vector<std::string>{objectGone, objectGone, objectGone, objectGone, objectGone, none}));
     session.common = &common;
     projects.opened = nullptr;
-    EXPECT_EQ(failures(), (std::vector<std::string>{none, invalid, invalid, none, invalid, none}));
+    EXPECT_EQ(failures(), (std::vector<std::string>{none, objectGone, objectGone, none, objectGone, none}));
     session.projects = nullptr;
-    EXPECT_EQ(failures(), (std::vector<std::string>{none, invalid, invalid, none, invalid, invalid}));
+    EXPECT_EQ(failures(), (std::vector<std::string>{none, objectGone, objectGone, none, objectGone, objectGone}));
     PLUG_Services::setSessionContext(nullptr);
-    EXPECT_EQ(failures(), std::vector<std::string>(6, invalid));
+    EXPECT_EQ(failures(), std::vector<std::string>(6, objectGone));
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "core/nodes/nodelist.h"
 #include "core/scene/scene.h"
 #include "tests/core/support/changetest.h"
+#include "tests/core/support/failure.h"
 #include "tests/core/support/refusingmanager.h"
 #include "tests/core/support/standinnode.h"
 #include "tests/core/support/standins.h"
@@ -23,8 +24,6 @@
 
 namespace {
 
-const char* const invalid = "Object is no longer valid.";
-const char* const unexpected = "An unexpected error has occurred.";
 const char* const noCamera = "Unable to identyify specified camera node.";
 const char* const noDisplay = "Unable to identyify specified display node.";
 const char* const noneOfTheKind = "No valid camera node specified.";
@@ -358,15 +357,15 @@ TEST_F(SceneLookPartsTest, WithoutTheSceneCommonOrItsManagerNoCameraIsWritten)
         common.commands = nullptr;
         stub.common = withCommon ? &common : nullptr;
         for (const QVariant& value : {QVariant(), QVariant(QStringLiteral("Top/Nowhere"))}) {
-            EXPECT_EQ(failureOf([&] { wrapper.setCamera(value); }), unexpected);
-            EXPECT_EQ(failureOf([&] { wrapper.setCameraPath(value); }), unexpected);
-            EXPECT_EQ(failureOf([&] { wrapper.setDisplay(value); }), unexpected);
-            EXPECT_EQ(failureOf([&] { wrapper.setDisplayName(value); }), unexpected);
+            EXPECT_EQ(failureOf([&] { wrapper.setCamera(value); }), unexpectedError);
+            EXPECT_EQ(failureOf([&] { wrapper.setCameraPath(value); }), unexpectedError);
+            EXPECT_EQ(failureOf([&] { wrapper.setDisplay(value); }), unexpectedError);
+            EXPECT_EQ(failureOf([&] { wrapper.setDisplayName(value); }), unexpectedError);
         }
     }
     stub.common = nullptr;
-    EXPECT_EQ(failureOf([&] { wrapper.getCamera(); }), invalid);
-    EXPECT_EQ(failureOf([&] { wrapper.getCameraPath(); }), invalid);
+    EXPECT_EQ(failureOf([&] { wrapper.getCamera(); }), objectGone);
+    EXPECT_EQ(failureOf([&] { wrapper.getCameraPath(); }), objectGone);
     EXPECT_TRUE(refusing.refusedLabels.isEmpty());
 }
 
@@ -383,15 +382,15 @@ TEST_F(SceneLookPartsTest, WithoutAProjectTheSettingsAreInvalid)
         [&] { wrapper.setBitmapTexturePixelDensity(1.0); },
     };
     for (const auto& call : calls)
-        EXPECT_EQ(failureOf(call), invalid);
+        EXPECT_EQ(failureOf(call), objectGone);
 }
 
 TEST_F(SceneLookPartsTest, WithoutAManagerOrColourSpacesTheyAreInvalid)
 {
     stub.commands = nullptr;
-    EXPECT_EQ(failureOf([&] { wrapper.setColorspace(QStringLiteral("x")); }), invalid);
-    EXPECT_EQ(failureOf([&] { wrapper.setVectorTexturePixelDensity(1.0); }), invalid);
-    EXPECT_EQ(failureOf([&] { wrapper.getColorspaces(); }), invalid);
+    EXPECT_EQ(failureOf([&] { wrapper.setColorspace(QStringLiteral("x")); }), objectGone);
+    EXPECT_EQ(failureOf([&] { wrapper.setVectorTexturePixelDensity(1.0); }), objectGone);
+    EXPECT_EQ(failureOf([&] { wrapper.getColorspaces(); }), objectGone);
 }
 
 TEST_F(SceneLookPartsTest, APictureOfNoSizeHasNoDensityAndTakesNone)

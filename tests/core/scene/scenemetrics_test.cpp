@@ -2,10 +2,12 @@
 
 #include "core/host/sc_projectcmds.h"
 #include "tests/core/support/changetest.h"
+#include "tests/core/support/failure.h"
 #include "tests/core/support/otherthread.h"
 #include "tests/core/support/refusingmanager.h"
 #include "tests/core/support/standinmetrics.h"
 #include "tests/core/support/standins.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -23,10 +25,6 @@ namespace {
 using OMC::SceneAspect;
 using OMC::SceneCenter;
 using OMC::SceneUnits;
-
-const char* const invalid = "Object is no longer valid.";
-constexpr int most = std::numeric_limits<int>::max();
-constexpr int least = std::numeric_limits<int>::min();
 
 class SceneMetricsTest : public ChangeTest {
 protected:
@@ -198,7 +196,7 @@ TEST_F(SceneMetricsTest, WhatTheEngineDoesNotTakeChangesNothing)
         leaves([&] { aspect.setX(value); });
         leaves([&] { aspect.setY(value); });
     }
-    for (const int value : {0, -1, least, most}) {
+    for (const int value : {0, -1, lowest, highest}) {
         leaves([&] { units.setX(value); });
         leaves([&] { units.setY(value); });
         leaves([&] { units.setZ(value); });
@@ -207,10 +205,10 @@ TEST_F(SceneMetricsTest, WhatTheEngineDoesNotTakeChangesNothing)
 
 TEST_F(SceneMetricsTest, AnyWholeNumbersMayStandAtTheCenter)
 {
-    center.setX(least);
-    center.setY(most);
-    EXPECT_EQ(center.getX(), least);
-    EXPECT_EQ(center.getY(), most);
+    center.setX(lowest);
+    center.setY(highest);
+    EXPECT_EQ(center.getX(), lowest);
+    EXPECT_EQ(center.getY(), highest);
 }
 
 TEST_F(SceneMetricsTest, AViewReadsTheEngineAtEachCall)
@@ -235,16 +233,16 @@ TEST_F(SceneMetricsTest, OnceTheSceneIsGoneEveryOperationSaysSo)
 {
     close();
     for (const auto& [name, call] : reads(aspect, units, center))
-        EXPECT_EQ(failureOf(call), invalid) << name;
+        EXPECT_EQ(failureOf(call), objectGone) << name;
     for (const auto& [name, call] : writes(aspect, units, center))
-        EXPECT_EQ(failureOf(call), invalid) << name << " =";
+        EXPECT_EQ(failureOf(call), objectGone) << name << " =";
 }
 
 TEST_F(SceneMetricsTest, AViewOfNoSceneIsInvalidFromTheStart)
 {
-    EXPECT_EQ(failureOf([] { SceneAspect(nullptr).getX(); }), invalid);
-    EXPECT_EQ(failureOf([] { SceneUnits(nullptr).getX(); }), invalid);
-    EXPECT_EQ(failureOf([] { SceneCenter(nullptr).getX(); }), invalid);
+    EXPECT_EQ(failureOf([] { SceneAspect(nullptr).getX(); }), objectGone);
+    EXPECT_EQ(failureOf([] { SceneUnits(nullptr).getX(); }), objectGone);
+    EXPECT_EQ(failureOf([] { SceneCenter(nullptr).getX(); }), objectGone);
 }
 
 TEST_F(SceneMetricsTest, NoThreadIsAsked)
@@ -271,9 +269,9 @@ TEST_F(SceneMetricsPartsTest, WithoutMetricsNothingIsReadOrWritten)
 {
     scene.measures = nullptr;
     for (const auto& [name, call] : reads(aspect, units, center))
-        EXPECT_EQ(failureOf(call), invalid) << name;
+        EXPECT_EQ(failureOf(call), objectGone) << name;
     for (const auto& [name, call] : writes(aspect, units, center))
-        EXPECT_EQ(failureOf(call), invalid) << name << " =";
+        EXPECT_EQ(failureOf(call), objectGone) << name << " =";
     EXPECT_TRUE(manager.refusedLabels.isEmpty());
 }
 
@@ -285,7 +283,7 @@ TEST_F(SceneMetricsPartsTest, WithoutProjectOrManagerNothingIsWrittenAndAllIsRea
         for (const auto& [name, call] : reads(aspect, units, center))
             EXPECT_EQ(failureOf(call), "no exception") << name;
         for (const auto& [name, call] : writes(aspect, units, center))
-            EXPECT_EQ(failureOf(call), invalid) << name << " =";
+            EXPECT_EQ(failureOf(call), objectGone) << name << " =";
     }
     EXPECT_TRUE(manager.refusedLabels.isEmpty());
 }
@@ -294,7 +292,7 @@ TEST_F(SceneMetricsPartsTest, TheEngineIsAskedForBeforeTheValue)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     scene.project = nullptr;
-    EXPECT_EQ(failureOf([&] { aspect.setX(nan); }), invalid);
+    EXPECT_EQ(failureOf([&] { aspect.setX(nan); }), objectGone);
     scene.project = &project;
     EXPECT_EQ(failureOf([&] { aspect.setX(nan); }), "Invalid argument at index 0.");
 }
@@ -304,9 +302,9 @@ TEST_F(SceneMetricsPartsTest, MetricsBeyondAnIntAreHeldWithinIt)
     metrics.chartX = 1e300;
     metrics.chartY = -1e300;
     metrics.chartZ = std::numeric_limits<double>::infinity();
-    EXPECT_EQ(units.getX(), most);
-    EXPECT_EQ(units.getY(), least);
-    EXPECT_EQ(units.getZ(), most);
+    EXPECT_EQ(units.getX(), highest);
+    EXPECT_EQ(units.getY(), lowest);
+    EXPECT_EQ(units.getZ(), highest);
     EXPECT_EQ(failureOf([&] { aspect.setX(2.0); }), "Invalid argument at index 0.");
 }
 

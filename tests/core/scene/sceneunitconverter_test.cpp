@@ -3,6 +3,7 @@
 #include "core/geometry/vectors.h"
 #include "core/scene/scene.h"
 #include "tests/core/support/changetest.h"
+#include "tests/core/support/failure.h"
 #include "tests/core/support/otherthread.h"
 #include "tests/core/support/standinmetrics.h"
 #include "tests/core/support/standins.h"
@@ -21,7 +22,6 @@ using OMC::Point2d;
 using OMC::Point3d;
 using OMC::SceneUnitConverter;
 
-const char* const invalid = "Object is no longer valid.";
 const char* const noPoint = "Unable to convert the point.";
 const char* const noAxis = "Invalid axis provided -- only X,Y,Z is allowed.";
 
@@ -120,10 +120,10 @@ TEST_F(UnitFactorsTest, AnyOtherAxisIsRefused)
 TEST_F(UnitFactorsTest, WithoutMetricsItIsInvalidBeforeTheArgumentIsRead)
 {
     scene.measures = nullptr;
-    EXPECT_EQ(failureOf([&] { converter.toField(asArgument(converter)); }), invalid);
-    EXPECT_EQ(failureOf([&] { converter.toOgl(QVariant(1.0)); }), invalid);
-    EXPECT_EQ(failureOf([&] { converter.toField(1.0, QStringLiteral("w")); }), invalid);
-    EXPECT_EQ(failureOf([&] { converter.toOgl(1.0, QStringLiteral("x")); }), invalid);
+    EXPECT_EQ(failureOf([&] { converter.toField(asArgument(converter)); }), objectGone);
+    EXPECT_EQ(failureOf([&] { converter.toOgl(QVariant(1.0)); }), objectGone);
+    EXPECT_EQ(failureOf([&] { converter.toField(1.0, QStringLiteral("w")); }), objectGone);
+    EXPECT_EQ(failureOf([&] { converter.toOgl(1.0, QStringLiteral("x")); }), objectGone);
 }
 
 TEST_F(SceneUnitConverterTest, TheWayThereAndBackIsTheSamePoint)
@@ -158,10 +158,10 @@ TEST_F(SceneUnitConverterTest, OnceTheSceneIsGoneItSaysSo)
 {
     close();
     const Point2d point(1, 1);
-    EXPECT_EQ(failureOf([&] { converter.toField(asArgument(point)); }), invalid);
-    EXPECT_EQ(failureOf([&] { converter.toOgl(asArgument(point)); }), invalid);
-    EXPECT_EQ(failureOf([&] { converter.toField(1.0, QStringLiteral("w")); }), invalid);
-    EXPECT_EQ(failureOf([&] { converter.toOgl(1.0, QStringLiteral("x")); }), invalid);
+    EXPECT_EQ(failureOf([&] { converter.toField(asArgument(point)); }), objectGone);
+    EXPECT_EQ(failureOf([&] { converter.toOgl(asArgument(point)); }), objectGone);
+    EXPECT_EQ(failureOf([&] { converter.toField(1.0, QStringLiteral("w")); }), objectGone);
+    EXPECT_EQ(failureOf([&] { converter.toOgl(1.0, QStringLiteral("x")); }), objectGone);
     EXPECT_EQ(converter.__str__(), "SceneUnitConverter()");
 }
 

@@ -51,6 +51,10 @@ inline OMC::BezierPath curveThrough(const Points& points)
 inline const Points hump = {{0, 0}, {0, 10}, {10, 10}, {10, 0}};
 /// A curve that crosses itself on x = 5.
 inline const Points loop = {{0, 0}, {20, 10}, {-10, 10}, {10, 0}};
+inline const Math::Point2d origin{0, 0};
+
+/// What an argument that is no point is told.
+inline constexpr char noPoint2d[] = "Unsupported Point2D type.";
 
 inline QVariant value(const Math::Point2d& point)
 {
@@ -92,3 +96,5 @@ inline OMC::BezierPath pathOf(const OMC::Obj& handle)
     const auto* path = OMC::objectIn<OMC::BezierPath>(handle);
     return path ? *path : OMC::BezierPath();
 }
+
+inline const OMC::BezierPath square = pathOf(OMC::BezierPath::createRectangle(0, 0, 10, 10));

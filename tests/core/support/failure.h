@@ -4,7 +4,17 @@
 
 #include <string>
 
-/// The sentence of the OMC::Exception that leaves a call, or "no exception".
+// What several classes say.
+inline constexpr char objectGone[] = "Object is no longer valid.";
+inline constexpr char nodeGone[] = "Node is no longer valid. Node may have been moved or deleted.";
+inline constexpr char indexOutOfRange[] = "Index is out of range.";
+inline constexpr char portsApart[] = "These ports are no longer connected.";
+inline constexpr char unexpectedError[] = "An unexpected error has occurred.";
+
+/// What failureOf() says of a call that doesn't fail.
+inline constexpr char passes[] = "no exception";
+
+/// The sentence of the OMC::Exception that leaves a call.
 template <typename Call>
 std::string failureOf(Call call)
 {
@@ -13,5 +23,5 @@ std::string failureOf(Call call)
     } catch (const OMC::Exception& exception) {
         return exception.what();
     }
-    return "no exception";
+    return passes;
 }

@@ -1,12 +1,8 @@
 #include "engine/attributes/enumattribute.h"
 #include "tests/engine/support/columnproject.h"
-
-#include <limits>
+#include "tests/support/numbers.h"
 
 namespace {
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 class AttributesTest : public ColumnTest {
 protected:

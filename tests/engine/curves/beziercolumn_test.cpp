@@ -1,15 +1,12 @@
 #include "engine/curves/beziercolumn.h"
 
 #include "tests/engine/support/columnproject.h"
+#include "tests/support/numbers.h"
 
-#include <limits>
 #include <numeric>
 #include <random>
 
 namespace {
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 class BezierColumnTest : public ColumnTest {
 protected:

@@ -1,8 +1,9 @@
 #include "engine/curves/curve.h"
 
+#include "tests/support/numbers.h"
+
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <random>
 #include <set>
 
@@ -12,9 +13,6 @@ using brindle::engine::Curve;
 using brindle::engine::CurveLog;
 using brindle::engine::CurvePoint;
 using Edit = brindle::engine::Curve::Edit;
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 /// The points without their identities.
 std::vector<CurvePoint> content(const Curve& curve)

@@ -1,14 +1,13 @@
 #include "tests/engine/support/columnproject.h"
 
-#include <limits>
+#include "tests/support/numbers.h"
+
 #include <random>
 
 namespace {
 
 using namespace tu_timedvalue::bezier;
 using namespace tu_timedvalue::fnc2d;
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
 /// A column of an engine that is not this one.
 class ForeignColumn final : public TUBezierTimedValue {

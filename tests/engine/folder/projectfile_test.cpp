@@ -49,14 +49,14 @@ QString failureOf(const QByteArray& text)
 }
 
 /// What is changed in a sound file, and what reading says behind its name.
-struct Damage {
+struct ProjectDamage {
     const char* name;
     const char* from;
     const char* to;
     const char* reason;
 };
 
-constexpr Damage damages[] = {
+constexpr ProjectDamage projectDamages[] = {
     {"NewerVersion", "\"version\": 2", "\"version\": 3",
      "has format version 3, and this version of the application reads versions up to 2"},
     {"FieldsOfTheNextVersion", "\"version\": 2", "\"version\": 1",
@@ -96,7 +96,7 @@ constexpr Damage damages[] = {
 
 } // namespace
 
-class ProjectDamageTest : public testing::TestWithParam<Damage> {};
+class ProjectDamageTest : public testing::TestWithParam<ProjectDamage> {};
 
 TEST_P(ProjectDamageTest, IsToldWithThePlace)
 {
@@ -107,7 +107,7 @@ TEST_P(ProjectDamageTest, IsToldWithThePlace)
               std::string("\"/p/project.json\" ") + reason);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, ProjectDamageTest, testing::ValuesIn(damages),
+INSTANTIATE_TEST_SUITE_P(All, ProjectDamageTest, testing::ValuesIn(projectDamages),
                          [](const auto& info) { return std::string(info.param.name); });
 
 TEST(ProjectFileTest, WhatIsReadIsWrittenAsItStood)

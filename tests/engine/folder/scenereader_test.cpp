@@ -167,14 +167,14 @@ const QByteArray sceneText = R"({
 )";
 
 /// What is changed in a sound scene, and what opening then says behind the name of the file.
-struct Damage {
+struct SceneDamage {
     const char* name;
     const char* from;
     const char* to;
     const char* reason;
 };
 
-constexpr Damage damages[] = {
+constexpr SceneDamage sceneDamages[] = {
     {"NoComma", "\"version\": 2,", "\"version\": 2", "is damaged at line 4, column 4: unterminated object."},
     {"BareWord", "48", "none", "is damaged at line 5, column 15: illegal value."},
     {"NumberTooLarge", "12.5", "1e999", "is damaged at line 8, column 21: illegal number."},
@@ -337,7 +337,7 @@ public:
     QString sceneFile() const { return path() + "/scenes/Walk.json"; }
 };
 
-class SceneDamageTest : public SceneReaderTest, public testing::WithParamInterface<Damage> {};
+class SceneDamageTest : public SceneReaderTest, public testing::WithParamInterface<SceneDamage> {};
 
 TEST_F(SceneReaderTest, TheSoundSceneOpensAndIsSavedAsItStands)
 {
@@ -359,7 +359,7 @@ TEST_P(SceneDamageTest, IsToldWithFileAndPlace)
     EXPECT_EQ(filesOf(path()), before);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, SceneDamageTest, testing::ValuesIn(damages),
+INSTANTIATE_TEST_SUITE_P(All, SceneDamageTest, testing::ValuesIn(sceneDamages),
                          [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(SceneReaderTest, ALinkThatClosesACircleIsTold)

@@ -1,6 +1,7 @@
 #include "core/host/gr_bezier.h"
 
 #include "tests/engine/geometry2d/randomcurves.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -14,9 +15,6 @@ using curves::curve;
 using curves::distance;
 using Math::Constants::Closed;
 using Math::Constants::Open;
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 TEST(Bezier, ANewCurveHasAllPointsAtTheOriginAndParametersFrom0To1)
 {

@@ -1,10 +1,11 @@
 #include "tests/engine/geometry2d/randomcurves.h"
 
+#include "tests/support/numbers.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <stdexcept>
 
 namespace {
@@ -14,9 +15,6 @@ using curves::distance;
 using curves::polyline;
 using Math::Constants::EvenOdd;
 using Math::Constants::NonZero;
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 TEST(BezierPathPlaces, TheParameterIsTheCurvesIndexAndThePlaceOnIt)
 {

@@ -1,19 +1,16 @@
 #include "engine/geometry2d/nearest.h"
 
 #include "tests/engine/geometry2d/randomcurves.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 namespace {
 
 using curves::curve;
 using curves::distance;
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 TEST(Nearest, NoSampleOfTenThousandRandomCurvesIsNearer)
 {

@@ -9,6 +9,9 @@
 #include <numeric>
 #include <random>
 
+/// How many random matrices a property is tried with.
+inline constexpr int rounds = 2000;
+
 /// Matrices from a seed, and a comparison in parts of the largest cell.
 class RandomMatrices {
 public:

@@ -1,6 +1,7 @@
 #include "core/host/math_matrix4x4.h"
 
 #include "tests/engine/math/matrices.h"
+#include "tests/support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -15,10 +16,6 @@ namespace {
 using Math::Matrix4x4;
 using Math::Point3d;
 using Math::Vector3d;
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr int rounds = 2000;
 
 double determinant(const Matrix4x4& matrix)
 {

@@ -14,7 +14,7 @@ namespace {
 using Math::Matrix4x4;
 using Math::Vector3d;
 
-constexpr int rounds = 5000;
+constexpr int partRounds = 5000;
 constexpr Vector3d xAxis{1, 0, 0};
 constexpr Vector3d yAxis{0, 1, 0};
 constexpr Vector3d zAxis{0, 0, 1};
@@ -72,7 +72,7 @@ struct Space {
 TEST(MatrixParts, InThePlaneTheyGiveARandomMatrixBackForEveryChoiceOfSigns)
 {
     RandomMatrices random(11);
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < partRounds; ++round) {
         // Any four numbers are a linear part.
         const double cells[16] = {random.number(-9, 9),
                                   random.number(-9, 9),
@@ -111,7 +111,7 @@ TEST(MatrixParts, InThePlaneTheyGiveARandomMatrixBackForEveryChoiceOfSigns)
 TEST(MatrixParts, InThePlaneTheyAreThePartsThatItWasMadeOf)
 {
     RandomMatrices random(12);
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < partRounds; ++round) {
         Plane made;
         made.tx = random.number(-9, 9);
         made.ty = random.number(-9, 9);
@@ -188,7 +188,7 @@ TEST(MatrixParts, WhatReachesOutOfThePlaneIsTold)
 TEST(MatrixParts, InSpaceTheyGiveARandomMatrixBack)
 {
     RandomMatrices random(13);
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < partRounds; ++round) {
         Matrix4x4 matrix;
         matrix.translate(random.number(-9, 9), random.number(-9, 9), random.number(-9, 9));
         matrix.rotateDegrees(random.number(-360, 360), random.vector(1));
@@ -208,7 +208,7 @@ TEST(MatrixParts, InSpaceTheyGiveARandomMatrixBack)
 TEST(MatrixParts, InSpaceTheyAreThePartsThatItWasMadeOf)
 {
     RandomMatrices random(14);
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < partRounds; ++round) {
         Space made;
         made.rx = random.number(-179, 179);
         made.ry = random.number(-89, 89);
@@ -229,7 +229,7 @@ TEST(MatrixParts, InSpaceTheyAreThePartsThatItWasMadeOf)
 TEST(MatrixParts, TheAnglesAreImathsInTheOrderXyz)
 {
     RandomMatrices random(15);
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < partRounds; ++round) {
         Matrix4x4 matrix;
         matrix.rotateDegrees(random.number(-360, 360), random.vector(1));
         Imath::M44d cells;
@@ -267,7 +267,7 @@ TEST(MatrixParts, ATurnThatPointsXAlongZIsGivenBackToo)
 TEST(MatrixParts, ACollapsedSpaceIsGivenBackWhereItsAxesAreAtRightAngles)
 {
     RandomMatrices random(16);
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < partRounds; ++round) {
         for (int zeros = 0; zeros < 8; ++zeros) {
             Matrix4x4 matrix;
             matrix.rotateDegrees(random.number(-360, 360), random.vector(1));
@@ -350,7 +350,7 @@ TEST(MatrixParts, HugeAndTinyScalesAreGivenBack)
 TEST(MatrixParts, TheRotationIsTheTurnAlone)
 {
     RandomMatrices random(17);
-    for (int round = 0; round < rounds; ++round) {
+    for (int round = 0; round < partRounds; ++round) {
         Matrix4x4 turn;
         turn.rotateDegrees(random.number(-360, 360), random.vector(1));
         Matrix4x4 matrix;

@@ -1,16 +1,14 @@
 #include "engine/session/scenetiming.h"
 
+#include "tests/support/numbers.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 namespace {
 
 using brindle::engine::SceneTiming;
-
-constexpr int most = std::numeric_limits<int>::max();
-constexpr int least = std::numeric_limits<int>::min();
 
 struct Range {
     int start, stop;
@@ -35,8 +33,8 @@ TEST(SceneTimingTest, ATimingIsValidWithinItsFrames)
         {{10, 1, 10, 0.0}, false},
         {{10, 1, 10, -24.0}, false},
         {{10, 1, 10, std::nan("")}, false},
-        {{most, 1, most, 24.0}, false},
-        {{least, least, 1, 24.0}, false},
+        {{highest, 1, highest, 24.0}, false},
+        {{lowest, lowest, 1, 24.0}, false},
     };
     for (const auto& [timing, valid] : timings)
         EXPECT_EQ(timing.isValid(), valid) << timing.count << ' ' << timing.start << ' ' << timing.stop;
@@ -49,11 +47,11 @@ TEST(SceneTimingTest, AShiftFitsTheFramesThereAre)
         bool fits;
         int fittedAt;
     } const shifts[] = {
-        {0, 5, true, 0},      {60, 5, true, 60},       {61, 5, false, 0},       {-1, 5, false, 0},
-        {0, -59, true, 0},    {0, -60, false, 0},      {1, -59, true, 1},       {2, -59, false, 0},
-        {60, -10, true, 50},  {60, -59, true, 1},      {60, -60, false, 0},     {59, -1, true, 59},
-        {59, -2, false, 0},   {60, 999'940, true, 60}, {60, 999'941, false, 0}, {0, most, false, 0},
-        {0, least, false, 0}, {most, 1, false, 0},     {least, -1, false, 0},   {most, least, false, 0},
+        {0, 5, true, 0},       {60, 5, true, 60},       {61, 5, false, 0},       {-1, 5, false, 0},
+        {0, -59, true, 0},     {0, -60, false, 0},      {1, -59, true, 1},       {2, -59, false, 0},
+        {60, -10, true, 50},   {60, -59, true, 1},      {60, -60, false, 0},     {59, -1, true, 59},
+        {59, -2, false, 0},    {60, 999'940, true, 60}, {60, 999'941, false, 0}, {0, highest, false, 0},
+        {0, lowest, false, 0}, {highest, 1, false, 0},  {lowest, -1, false, 0},  {highest, lowest, false, 0},
     };
     const SceneTiming timing;
     for (const auto& [at, delta, fits, fittedAt] : shifts) {
