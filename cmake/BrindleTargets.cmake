@@ -19,14 +19,35 @@ function(brindle_sources result folder)
     set(${result} ${found} PARENT_SCOPE)
 endfunction()
 
-# Our own code: warnings are errors, Qt's headers are compiled once a target.
-function(brindle_own_code target)
+# What every compiler call of our own code has in common; warnings are errors.
+function(brindle_compile_flags target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Werror)
     target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
-    target_precompile_headers(${target} PRIVATE
-        <QByteArray> <QHash> <QList> <QMap> <QMetaObject> <QMetaProperty> <QMetaType> <QObject> <QString> <QStringList>
-        <QVariant> <algorithm> <array> <cmath> <functional> <map> <memory> <optional> <string> <unordered_map> <utility>
-        <vector>)
+endfunction()
+
+# brindle_precompiled(<name> [LIBRARIES <library>...] [OPTIONS <option>...] HEADERS <header>...): headers that are compiled
+# once for all targets that take them with brindle_own_code(). Their flags have to be the same as here: the compiler
+# refuses a precompiled header that doesn't fit.
+function(brindle_precompiled name)
+    cmake_parse_arguments(arg "" "" "LIBRARIES;OPTIONS;HEADERS" ${ARGN})
+    set(placeholder ${CMAKE_BINARY_DIR}/empty/${name}.cpp)
+    file(CONFIGURE OUTPUT ${placeholder} CONTENT "")
+    add_library(${name} OBJECT ${placeholder})
+    brindle_compile_flags(${name})
+    target_compile_options(${name} PRIVATE ${arg_OPTIONS})
+    target_link_libraries(${name} PRIVATE ${arg_LIBRARIES})
+    target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
+endfunction()
+
+set(BRINDLE_COMMON_HEADERS
+    <QByteArray> <QHash> <QList> <QMap> <QMetaObject> <QMetaProperty> <QMetaType> <QObject> <QString> <QStringList>
+    <QVariant> <algorithm> <array> <cmath> <functional> <map> <memory> <optional> <string> <unordered_map> <utility>
+    <vector>)
+
+# Our own code, with the headers that its kind of target has precompiled.
+function(brindle_own_code target)
+    brindle_compile_flags(${target})
+    target_precompile_headers(${target} REUSE_FROM brindle_product_headers)
 endfunction()
 
 function(brindle_shared_library target export_name)
