@@ -92,6 +92,8 @@ function(brindle_gtest target folder)
 endfunction()
 
 brindle_gtest(engine_tests tests/engine LIBRARIES BrindleEngineObjects PkgConfig::Geom2d)
+set_source_files_properties(tests/engine/graph/nodepage_test.cpp PROPERTIES
+    COMPILE_DEFINITIONS "BRINDLE_NODE_PAGE=\"${PROJECT_SOURCE_DIR}/docs/nodes.md\"")
 brindle_gtest(qtscript_tests tests/qtscript LIBRARIES BrindleQtScript)
 brindle_gtest(core_tests tests/core LIBRARIES BrindleObjectModelCore $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}>)
 # Service libraries in the place of ours, each in a folder of its own: what the object model makes of them.

@@ -25,6 +25,7 @@ struct AttributeSpec {
     double minimum = 0;
     double maximum = 0;
     double step = 0;
+    std::u16string_view unit = {}; ///< "degrees", "fields", "%", ...; empty for plain numbers.
     std::span<const EnumOption> options = {};
     std::span<const AttributeSpec> members = {};
 };

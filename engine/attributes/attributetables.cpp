@@ -39,6 +39,22 @@ constexpr AttributeSpec bounded(AttributeSpec spec, double minimum, double maxim
     return spec;
 }
 
+constexpr AttributeSpec in(Title unit, AttributeSpec spec)
+{
+    spec.unit = unit;
+    return spec;
+}
+
+constexpr AttributeSpec fields(Keyword keyword, Title title)
+{
+    return in(u"fields", number(keyword, title));
+}
+
+constexpr AttributeSpec degrees(Keyword keyword, Title title)
+{
+    return in(u"degrees", number(keyword, title, 0, 1));
+}
+
 constexpr AttributeSpec unlinkable(AttributeSpec spec)
 {
     spec.linkable = false;
@@ -94,13 +110,13 @@ constexpr AttributeSpec compound(Keyword keyword, Title title, std::u16string_vi
             .members = members};
 }
 
-constexpr AttributeSpec positionMembers[] = {number(u"x", u"Pos x"), number(u"y", u"Pos y"), number(u"z", u"Pos z")};
+constexpr AttributeSpec positionMembers[] = {fields(u"x", u"Pos x"), fields(u"y", u"Pos y"), fields(u"z", u"Pos z")};
 constexpr AttributeSpec scaleMembers[] = {number(u"x", u"Scale x", 1, 0.01), number(u"y", u"Scale y", 1, 0.01),
                                           number(u"z", u"Scale z", 1, 0.01)};
-constexpr AttributeSpec rotationMembers[] = {number(u"x", u"Angle x", 0, 1), number(u"y", u"Angle y", 0, 1),
-                                             number(u"z", u"Angle z", 0, 1)};
-constexpr AttributeSpec pivotMembers[] = {unlinkable(number(u"x", u"Pivot x")), unlinkable(number(u"y", u"Pivot y")),
-                                          unlinkable(number(u"z", u"Pivot z"))};
+constexpr AttributeSpec rotationMembers[] = {degrees(u"x", u"Angle x"), degrees(u"y", u"Angle y"),
+                                             degrees(u"z", u"Angle z")};
+constexpr AttributeSpec pivotMembers[] = {unlinkable(fields(u"x", u"Pivot x")), unlinkable(fields(u"y", u"Pivot y")),
+                                          unlinkable(fields(u"z", u"Pivot z"))};
 constexpr AttributeSpec drawingMembers[] = {text(u"element", u"Element"), text(u"timing", u"Timing"),
                                             onOff(u"element_mode", u"Element Mode", true)};
 constexpr AttributeSpec colourMembers[] = {channel(u"red", u"Red"), channel(u"green", u"Green"),
@@ -110,8 +126,8 @@ constexpr AttributeSpec position = compound<Position3d>(u"position", u"Position"
 constexpr AttributeSpec scale = compound<Position3d>(u"scale", u"Scale", u"SCALE_3D", scaleMembers);
 constexpr AttributeSpec rotation = compound<Position3d>(u"rotation", u"Rotation", u"ROTATION_3D", rotationMembers);
 constexpr AttributeSpec pivot = compound<Position3d>(u"pivot", u"Pivot", u"POSITION_3D", pivotMembers);
-constexpr AttributeSpec angle = number(u"angle", u"Angle", 0, 1);
-constexpr AttributeSpec skew = number(u"skew", u"Skew", 0, 1);
+constexpr AttributeSpec angle = degrees(u"angle", u"Angle");
+constexpr AttributeSpec skew = degrees(u"skew", u"Skew");
 
 constexpr EnumOption blendModes[] = {{0, u"NORMAL"},    {1, u"MULTIPLY"},   {2, u"SCREEN"},     {3, u"OVERLAY"},
                                      {4, u"DARKEN"},    {5, u"LIGHTEN"},    {6, u"ADD"},        {7, u"DIFFERENCE"},
@@ -122,7 +138,7 @@ constexpr AttributeSpec peg[] = {
     position, scale, rotation, angle, skew, pivot, unlinkable(onOff(u"full_transform", u"Full Transform", false))};
 constexpr AttributeSpec read[] = {
     compound<DrawingAttribute>(u"drawing", u"Drawing", u"DRAWING", drawingMembers),
-    bounded(number(u"opacity", u"Opacity", 100, 1), 0, 100),
+    in(u"%", bounded(number(u"opacity", u"Opacity", 100, 1), 0, 100)),
     onOff(u"visible", u"Visible", true),
     position,
     scale,
@@ -133,7 +149,7 @@ constexpr AttributeSpec camera[] = {position, scale, angle, pivot};
 constexpr AttributeSpec composite[] = {choice(u"mode", u"Mode", blendModes)};
 constexpr AttributeSpec write[] = {text(u"path", u"Path"), choice(u"format", u"Format", imageFormats)};
 constexpr AttributeSpec colourCard[] = {compound<Colour>(u"colour", u"Colour", u"COLOUR", colourMembers)};
-constexpr AttributeSpec blur[] = {bounded(number(u"radius", u"Radius", 0, 1), 0, unbounded)};
+constexpr AttributeSpec blur[] = {in(u"pixels", bounded(number(u"radius", u"Radius", 0, 1), 0, unbounded))};
 constexpr AttributeSpec cutter[] = {onOff(u"inverted", u"Inverted", false)};
 
 struct TypeSpecs {

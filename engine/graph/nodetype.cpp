@@ -8,24 +8,61 @@ constexpr PortSpec image{PortKind::Image, false};
 constexpr PortSpec matte{PortKind::Image, true};
 constexpr PortSpec peg{PortKind::Peg, false};
 
-constexpr NodeType groupType{u"GROUP", u"Group", NodeClass::Group, MO_DynamicPorts};
-constexpr NodeType multiPortInType{u"MULTIPORT_IN", u"Multi-Port-In", NodeClass::MultiPortIn, MO_DynamicOutPortsOnly};
-constexpr NodeType multiPortOutType{u"MULTIPORT_OUT", u"Multi-Port-Out", NodeClass::MultiPortOut, MO_DynamicInPortsOnly,
-                                    true};
+using Text = QStringView;
+using Ports = std::initializer_list<PortSpec>;
+
+constexpr NodeType dynamic(Text name, Text defaultName, NodeClass nodeClass, MO_PortMode portMode, Text purpose)
+{
+    return {name, defaultName, purpose, nodeClass, portMode};
+}
+
+constexpr NodeType fixed(Text name, Text defaultName, NodeClass nodeClass, Ports in, Ports out, Text purpose)
+{
+    NodeType type{name, defaultName, purpose, nodeClass};
+    type.inPortCount = static_cast<int>(in.size());
+    std::copy(in.begin(), in.end(), type.inPorts.begin());
+    type.outPortCount = static_cast<int>(out.size());
+    std::copy(out.begin(), out.end(), type.outPorts.begin());
+    return type;
+}
+
+constexpr NodeType makingInPorts(NodeType type)
+{
+    type.makesInPorts = true;
+    return type;
+}
+
+constexpr NodeType compositing(NodeType type)
+{
+    type.portMode = MO_DynamicInPorts;
+    type.imagePortsOnly = true;
+    return makingInPorts(type);
+}
+
+constexpr NodeType groupType = dynamic(u"GROUP", u"Group", NodeClass::Group, MO_DynamicPorts,
+                                       u"Holds nodes. Its ports are the outside of the multi-port nodes in it.");
+constexpr NodeType multiPortInType =
+    dynamic(u"MULTIPORT_IN", u"Multi-Port-In", NodeClass::MultiPortIn, MO_DynamicOutPortsOnly,
+            u"Gives inside a group what the group's in-ports are fed.");
+constexpr NodeType multiPortOutType =
+    makingInPorts(dynamic(u"MULTIPORT_OUT", u"Multi-Port-Out", NodeClass::MultiPortOut, MO_DynamicInPortsOnly,
+                          u"Takes inside a group what the group's out-ports give."));
+
+constexpr NodeClass module = NodeClass::Module;
 
 constexpr std::array nodeTypes{
-    NodeType{u"READ", u"Drawing", NodeClass::Element, MO_FixedPorts, false, false, 1, {peg}, 1, {image}},
-    NodeType{u"PEG", u"Peg", NodeClass::Peg, MO_FixedPorts, false, false, 1, {peg}, 1, {peg}},
-    NodeType{u"CAMERA", u"Camera", NodeClass::Camera, MO_FixedPorts, false, false, 1, {peg}, 0, {}},
-    NodeType{u"DISPLAY", u"Display", NodeClass::Display, MO_FixedPorts, false, false, 1, {image}, 1, {image}},
-    NodeType{u"COMPOSITE", u"Composite", NodeClass::Module, MO_DynamicInPorts, true, true, 1, {image}, 1, {image}},
-    NodeType{u"WRITE", u"Write", NodeClass::Module, MO_FixedPorts, false, false, 1, {image}, 1, {image}},
+    fixed(u"READ", u"Drawing", NodeClass::Element, {peg}, {image}, u"Shows the drawings of an element."),
+    fixed(u"PEG", u"Peg", NodeClass::Peg, {peg}, {peg}, u"Moves, scales and turns what is linked below it."),
+    fixed(u"CAMERA", u"Camera", NodeClass::Camera, {peg}, {}, u"The view of the scene that becomes its picture."),
+    fixed(u"DISPLAY", u"Display", NodeClass::Display, {image}, {image}, u"Shows the picture that it is fed."),
+    compositing(fixed(u"COMPOSITE", u"Composite", module, {image}, {image}, u"Lays pictures over each other.")),
+    fixed(u"WRITE", u"Write", module, {image}, {image}, u"Writes the picture that it is fed to image files."),
     groupType,
     multiPortInType,
     multiPortOutType,
-    NodeType{u"COLOR_CARD", u"Colour-Card", NodeClass::Module, MO_FixedPorts, false, false, 0, {}, 1, {image}},
-    NodeType{u"BLUR", u"Blur", NodeClass::Module, MO_FixedPorts, false, false, 1, {image}, 1, {image}},
-    NodeType{u"CUTTER", u"Cutter", NodeClass::Module, MO_FixedPorts, false, false, 2, {matte, image}, 1, {image}},
+    fixed(u"COLOR_CARD", u"Colour-Card", module, {}, {image}, u"A picture of one colour."),
+    fixed(u"BLUR", u"Blur", module, {image}, {image}, u"Blurs the picture that it is fed."),
+    fixed(u"CUTTER", u"Cutter", module, {matte, image}, {image}, u"Cuts a picture by a matte."),
 };
 
 } // namespace
@@ -53,6 +90,11 @@ QRgb nodeColour(NodeClass nodeClass)
         break;
     }
     return 0xffb497d6; // Violet: what changes pictures.
+}
+
+std::span<const NodeType> allNodeTypes()
+{
+    return nodeTypes;
 }
 
 const NodeType* findNodeType(QStringView name)

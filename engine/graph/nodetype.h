@@ -6,6 +6,7 @@
 #include <QStringView>
 
 #include <array>
+#include <span>
 
 namespace brindle::engine {
 
@@ -26,6 +27,7 @@ enum class NodeClass { Module, Peg, Camera, Display, Element, MultiPortIn, Multi
 struct NodeType {
     QStringView name;        ///< "PEG", "READ", ...
     QStringView defaultName; ///< The name of a node that is given none.
+    QStringView purpose;     ///< What it is for, in one sentence.
     NodeClass nodeClass = NodeClass::Module;
     MO_PortMode portMode = MO_FixedPorts;
     bool makesInPorts = false;   ///< Has a command of its own for a new in-port (MO_AutoInPortsModule).
@@ -45,6 +47,8 @@ struct NodeType {
 /// What the node view shows nodes of a class in: by what they do, so that a graph can be read from afar.
 QRgb nodeColour(NodeClass nodeClass);
 
+/// All types of nodes.
+std::span<const NodeType> allNodeTypes();
 /// The type of that name, or null.
 const NodeType* findNodeType(QStringView name);
 

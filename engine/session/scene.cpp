@@ -11,7 +11,11 @@ namespace brindle::engine {
 
 namespace {
 
-constexpr NodeType unconnectedDisplayType{u"UNCONNECTED_DISPLAY", u"Unconnected Display", NodeClass::Display};
+constexpr NodeType unconnectedDisplayType{.name = u"UNCONNECTED_DISPLAY",
+                                          .defaultName = u"Unconnected Display",
+                                          .purpose =
+                                              u"Stands for the display of a scene that shows none of those it has.",
+                                          .nodeClass = NodeClass::Display};
 
 MO_Node* addNode(Scene& scene, const QString& type, int x, int y)
 {
