@@ -76,7 +76,7 @@ std::size_t bytesInUse()
     return info.uordblks + info.hblkhd;
 }
 
-/// What the entries of a change weigh, each on its own in the list: the counter "bytes", for one of them.
+/// Measures the memory of undo entries, one for each change: the counter "bytes" is for one entry.
 template <typename Change>
 void weigh(benchmark::State& state, const bench::Project& project, Change change)
 {

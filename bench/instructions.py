@@ -20,7 +20,7 @@ BENCH = pathlib.Path(__file__).resolve().parent
 
 
 def counts(files):
-    """What was counted for the file's own part of the run, file by file."""
+    """The instructions in each file's own part of the run."""
     for file in files:
         yield int(re.search(r"^summary: (\d+)", file.read_text(), re.MULTILINE)[1])
 

@@ -39,7 +39,7 @@ def turn():
 
 
 def names(app):
-    """What the statements name, in a new project: a peg "Top/Arm" and values."""
+    """The objects that the statements name, in a new project: a peg "Top/Arm" and values."""
     scene = app.scene
     node = scene.nodes.create("PEG", "Arm")
     return dict(scene=scene, node=node, nodes=scene.nodes, place=node.position, attributes=node.attributes,

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What a script's list of two floats arrives as.
+/// A script's list of two floats, as it arrives.
 QVariant twoNumbers()
 {
     return QVariantList{1.5, -2.5};
@@ -37,7 +37,7 @@ void readPointLeniently(benchmark::State& state)
     }
 }
 
-/// With the object that holds it, on the stack.
+/// Makes the object as well, on the stack.
 void makePointOfList(benchmark::State& state)
 {
     const QVariant value = twoNumbers();

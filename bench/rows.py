@@ -76,8 +76,8 @@ PYTHON = (
         items=10_000, most=0.004, aim=0.002),
     Row("save 10,000 nodes", "save/10000", "floor save/10000", "Python: write, fsync", items=10_000, aim=0.05),
     Row("open 10,000 nodes", "open/10000", "floor open/10000", "Python: json.loads", items=10_000, most=0.5, aim=0.15),
-    Row("save 10,000 nodes with a key each", "save keyed/10000", "floor save keyed/10000", "Python: write, fsync", items=10_000,
-        aim=0.05),
+    Row("save 10,000 nodes with a key each", "save keyed/10000", "floor save keyed/10000", "Python: write, fsync",
+        items=10_000, aim=0.05),
     Row("open 10,000 nodes with a key each", "open keyed/10000", "floor open keyed/10000", "Python: json.loads",
         items=10_000, most=0.5, aim=0.08),
     Row("python3 -c 'import brindle'", "import", "floor import", "python3 -c pass", most=0.15, aim=0.08),
@@ -185,13 +185,13 @@ NATIVE_SCALING = (
     ("redo a bracket, a change", "redoBracket"),
 )
 
-# What an entry of an undo list of that many entries weighs, in bytes: the benchmarks' counter "bytes".
+# The weight of one entry in an undo list of so many entries, in bytes: the benchmarks' counter "bytes".
 NATIVE_MEMORY = (
     ("a node was moved", "historyOfMoves"),
     ("a key's value was set", "historyOfKeys"),
 )
 
-# What waits for the disk or for another thread, and what handles all items of its size at once.
+# Benchmarks that wait for the disk or for another thread, and benchmarks that handle all items of their size at once.
 NATIVE_ON_DISK = {"saveProject", "openProject", "saveScenes", "openScenes"}
 NATIVE_ON_THE_CLOCK = NATIVE_ON_DISK | {"lockAndUnlock", "runOnIdleMain"}
 NATIVE_PER_ITEM = NATIVE_ON_DISK | {"iterateNames", "createAndLink", "undoCreation", "setKeys", "undoKeys",

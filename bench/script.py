@@ -89,7 +89,7 @@ def write(app, size, repetitions):
 
 
 def search(app, size):
-    """What must cost the same in every project."""
+    """Operations that have to cost the same in every project."""
     scene = app.scene
     names = dict(objects.NAMES, scene=scene, nodes=scene.nodes, history=app.project.history, path=f"Top/N{size // 2}")
     names["angle"] = names["nodes"][names["path"]].attributes["angle"]

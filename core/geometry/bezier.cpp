@@ -44,8 +44,10 @@ GR_Bezier2d newCurve()
     return {GR_Bezier2d::maxDegree, Math::Constants::Closed, Math::Constants::Closed};
 }
 
-/// Makes a curve of the first `degree` points, in slots 0 on. It keeps the last slot as it was made, and what comes
-/// behind those points makes no curve any more: required as it is, scripts pass one point more than the degree.
+/// Makes a curve of the first `degree` points, in slots 0 on.
+///
+/// Required: the last slot stays as it was made, and the points behind the first ones make no curve. Scripts pass one
+/// point more than the degree.
 void appendCurveOfPoints(const QVariant& value, std::vector<GR_Bezier2d>& curves, unsigned int degree)
 {
     const CurvePoints points = readCurvePoints(value);
@@ -72,7 +74,7 @@ struct CurveTraits<Bezier> {
     static std::size_t count(const GR_Bezier2d& curve) { return curve.GetDegree() + 1; }
     static const Math::Box2d& box(const GR_Bezier2d& curve) { return curve.GetBoxRef(); }
 
-    /// The last point may not be among the ones that are written: required as it is.
+    /// Required: several points may not reach the last control point.
     static void setPoints(GR_Bezier2d& curve, unsigned int first, const CurvePoints& points)
     {
         if (first + points.size() >= count(curve))
@@ -81,7 +83,7 @@ struct CurveTraits<Bezier> {
             curve.SetPoint(first++, *point);
     }
 
-    /// The last control point is left out: required as it is. A curve of degree 0 finds nothing but its own point.
+    /// Required: the last control point is left out, so a curve of degree 0 finds nothing but its own point.
     static double reach(const GR_Bezier2d& curve, const Math::Point2d& point)
     {
         double farthest = 0.0;

@@ -34,14 +34,14 @@ public:
     Bezier();
     explicit Bezier(const GR_Bezier2d& curve);
     Bezier(const Bezier& other);
-    /// The first curve that getBezierFromQVariant reads as a cubic, or the default one. The degree is not looked at:
-    /// required as it is.
+    /// The first curve that getBezierFromQVariant reads as a cubic, or the default one. Required: the degree is not
+    /// looked at.
     Bezier(const QVariant& value, unsigned int degree);
     Bezier& operator=(const Bezier& other);
 
     /// Appends the curves of a degree that a value tells: Beziers and points in a list that holds more items than the
-    /// degree. Of plain points the first `degree` in a row make one curve, whose last control point stays (0, 0), and
-    /// no later ones do: required as it is.
+    /// degree. Required: the first `degree` of plain points in a row make one curve, whose last control point stays
+    /// (0, 0); the points behind them make none.
     static void getBezierFromQVariant(const QVariant& value, std::vector<GR_Bezier2d>& curves, unsigned int degree);
 
     Obj derivative() const;                       ///< The curve of the derivatives, one degree lower.

@@ -99,7 +99,7 @@ struct CurveTraits<BezierPath> {
     static std::size_t count(const GR_BezierPath2d& path) { return path.GetNumPoints(); }
     static Math::Box2d box(const GR_BezierPath2d& path) { return path.GetBox(); }
 
-    /// What comes behind the last point is appended, as points on the curve.
+    /// Points beyond the last one are appended, as points on the curve.
     static void setPoints(GR_BezierPath2d& path, unsigned int first, const CurvePoints& points)
     {
         onCurve([&] {

@@ -44,7 +44,7 @@ public:
     /// About a centre, clockwise from the point above it, of so many cubics. Four keep within 0.03 % of the radius.
     static Obj createCircle(double x, double y, double r, unsigned int arcs);
     static Obj createOval(double x, double y, double rx, double ry, unsigned int arcs);
-    /// By two opposite corners.
+    /// A rectangle between two opposite corners.
     static Obj createRectangle(double x1, double y1, double x2, double y2);
     /// As few cubics as come within 1 of all points (as the strict reader of Point2d takes them), or one however near.
     static Obj createBezierFit(const QVariant& points, bool closed, bool oneBezier);
@@ -65,8 +65,8 @@ public:
     void close(); ///< Leads the path back to its first point.
     /// Puts the straight line between its ends in each curve's place.
     void straighten();
-    /// Pads the path to a number of points, and refuses a number that it has more of: required as it is, whatever the
-    /// name says.
+    /// Required: pads the path to a number of points by repeating the last, and refuses a number below those it has,
+    /// whatever the name says.
     void trim(unsigned int count);
 
     /// The length along the control points to the one at an index, or the whole for a negative index.
@@ -81,7 +81,7 @@ public:
     bool getEmpty() const;
     void setEmpty(bool empty);  ///< False changes nothing.
     bool getDegenerate() const; ///< No curve, or all points in one place.
-    bool getPolyline() const;   ///< Of straight lines only.
+    bool getPolyline() const;   ///< All curves are straight lines.
     unsigned int getPointsOnCurve() const;
     unsigned int getBezierCount() const;
     Obj getBoundingBoxInner() const; ///< An AllocatedRect2D about the points on the curve.

@@ -43,8 +43,9 @@ public:
     bool operator==(const Colour& other) const;
 
     /// Reads a colour: another one, a node's, a QColor, or a list of red, green, blue and, where there is a fourth,
-    /// alpha; what a list doesn't tell keeps what the caller put there. Every text is 0, 0, 0, 0 and every single
-    /// number opaque black: required. Throws for anything else.
+    /// alpha; what a list doesn't tell keeps what the caller put there. Throws for anything else.
+    ///
+    /// Required: every text is 0, 0, 0, 0, and every single number opaque black.
     static void QVariantToRGBAInt(const QVariant& value, int& r, int& g, int& b, int& a);
     /// A new colour of a hue in degrees and of saturation, lightness and alpha from 0 to 100. Saturation and lightness
     /// are held in their range. Throws for numbers that are none, an infinite hue, and an alpha beyond all floats.

@@ -68,7 +68,7 @@ void readNumber(const QVariant& value, const Channels& channels)
     const int number = integerOf(value, &isNumber);
     if (!isNumber)
         throw Exception(Colour::tr("Unsupported colour type."));
-    // Digits without a prefix, which no colour is named by, so that every number is opaque black: required.
+    // Required: a script sees opaque black for every number. No colour has a name of digits without a prefix.
     std::ostringstream digits;
     digits << std::hex << number;
     QColor colour;
@@ -118,9 +118,10 @@ struct TextStage {
 /// Reads a text in stages: the first whose pattern does not match at the start takes it, with what that match captured.
 ///
 /// Each pattern begins with "^", so the test tells 0 for a match and -1 for none, and a stage is entered on -1 with
-/// nothing captured. A text that isn't four numbers ends at the first stage; four numbers would go on to the third. So
-/// every text is 0, 0, 0, 0. Required as it is, with the second stage testing the first one's pattern; QRegExp doesn't
-/// know the lazy "+?" and matches none of the four.
+/// nothing captured. A text that isn't four numbers ends at the first stage; four numbers would go on to the third.
+///
+/// Required: a script sees 0, 0, 0, 0 for every text. The second stage tests the first one's pattern, and QRegExp
+/// doesn't know the lazy "+?", so none of the four matches.
 void readText(const QString& text, const Channels& channels)
 {
     static QRegExp rgba(QStringLiteral("^(\\d+?)\\,(\\d+?),(\\d+?),(\\d+?)$"), Qt::CaseInsensitive, QRegExp::RegExp);

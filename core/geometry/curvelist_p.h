@@ -16,8 +16,8 @@
 
 namespace OMC {
 
-/// What differs between the two kinds of curves, told by the source of each: the text, the control points, the box, and
-/// how far from a point its nearest one is looked for.
+/// The differences between the two kinds of curves, which the source of each defines: the text, the control points, the
+/// box, and how far from a point its nearest one is looked for.
 template <typename Curve>
 struct CurveTraits;
 
@@ -59,7 +59,7 @@ inline QList<QVariant> pointValues(const std::vector<Math::Point2d>& points)
 template <typename Curve, typename HostCurve>
 struct CurveList<Curve, HostCurve>::Record {
     HostCurve curve;
-    quint32 index = 0; ///< Of a loop.
+    quint32 index = 0; ///< The place that a loop has reached.
 };
 
 template <typename Curve, typename HostCurve>
@@ -153,8 +153,8 @@ bool CurveList<Curve, HostCurve>::contains(const QVariant& value) const
     const CurvePoints points = readCurvePoints(value);
     if (points.empty())
         return false;
-    // Sorted, so that many points are found among many; a point that is no number equals none and has no place in an
-    // order.
+    // The places are sorted, so that many points are found among many. A place that is no number equals none and can't
+    // be sorted.
     std::vector<std::pair<double, double>> places;
     for (unsigned int index = 0; index < size(); ++index) {
         const Math::Point2d& point = getBezier().GetPoint(index);

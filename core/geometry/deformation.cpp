@@ -77,7 +77,7 @@ QVariant Deformation::transform(const QVariant& value, bool scaled) const
     for (const QVariant& item : onePoint ? QList<QVariant>{value} : value.toList())
         input.push_back(vertexAt(forward * Point3d::valueOf(item)));
 
-    // Each deformer is given the points as they came in, and the last one that writes a place has the word: required.
+    // Required: each deformer gets the points as they came in, and the last one that writes a place decides.
     std::vector<Vertex> output(input.size());
     const VS_CacheId cache;
     if (!input.empty()) {

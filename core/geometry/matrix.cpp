@@ -20,7 +20,7 @@ QVariant objectVariant(BaseObject* object)
     return toVariant(object);
 }
 
-/// The index of an iteration stops here, one short of the end: required.
+/// Required: the index of an iteration stops here, and a script's loop doesn't see the last cell.
 constexpr int lastIndex = Matrix::cellCount - 1;
 
 void requireCell(int index)
@@ -29,7 +29,7 @@ void requireCell(int index)
         throw Exception(Matrix::tr("Index is out of range."));
 }
 
-/// What the arguments of a projection enclose must have a size, and one that numbers can tell.
+/// Refuses a projection whose volume has no size, or none that is finite.
 void requireVolume(bool projected)
 {
     if (!projected)
@@ -255,7 +255,7 @@ QVariant Matrix::apply(const QVariant& value) const
     const auto place = Point3d::coordinatesOf(object);
     if (!place)
         return {};
-    // Vectors are moved like points: required.
+    // Required: vectors are moved like points.
     const Math::Point3d point = d->matrix * (Math::Point3d() + *place);
     if (dynamic_cast<const Vector3d*>(object))
         return objectVariant(new Vector3d(point.x, point.y, point.z));

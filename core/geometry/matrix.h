@@ -59,14 +59,13 @@ public:
     const Math::Matrix4x4& getMatrix() const;
 
     QVariant get(int index) const; ///< A cell; throws out of range.
-    /// Reads the value and checks the index, and changes nothing: required. Cells change through the axes and the
-    /// origin.
+    /// Required: reads the value, checks the index and changes nothing. Cells change through the axes and the origin.
     void set(int index, const QVariant& value);
-    QList<int> list() const; ///< The cells, each cut off to a whole number: required.
+    QList<int> list() const; ///< Required: the cells, each cut off to a whole number.
     int size() const { return cellCount; }
     bool operator==(const QVariant& other) const;
 
-    /// Goes through the cells 0 to 14: at cell 15 the iteration is at its end, required.
+    /// Required: the iteration goes through the cells 0 to 14 and is at its end at cell 15.
     Obj __iter__() const;
     bool __atend__() const;
     QVariant __iterItem__() const;

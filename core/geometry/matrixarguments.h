@@ -17,7 +17,7 @@ inline void requireFinite(std::initializer_list<double> arguments)
         requireFinite(argument, index++);
 }
 
-/// What the lenient readers make of a value; `fallback` for null.
+/// Reads a value leniently; `fallback` for null.
 inline Math::Point3d pointOr(const QVariant& value, const Math::Point3d& fallback)
 {
     return value.isNull() ? fallback : Point3d::valueOf(value);

@@ -24,7 +24,7 @@ struct CellsForCount {
 
 constexpr std::array<std::size_t, 16> inOrder = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
 constexpr std::array<std::size_t, 3> origin = {12, 13, 14};
-/// The second number serves as the third: required, lists of three numbers are written with that in mind.
+/// Required: of three numbers the second serves as the third, and scripts write lists of three with that in mind.
 constexpr std::array<std::size_t, 3> secondTwice = {0, 1, 1};
 constexpr std::array<std::size_t, 9> planeCells = {0, 1, 3, 4, 5, 7, 12, 13, 15};
 

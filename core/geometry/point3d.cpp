@@ -19,7 +19,7 @@ Math::Point3d placeOf(const Node_Coordinates& coordinates)
     return {double(coordinates.getX()), double(coordinates.getY()), 0.0};
 }
 
-/// What a single object tells; (0, 0, 0) for one that tells no position.
+/// The position of a single object; (0, 0, 0) for one without a position.
 Math::Point3d positionOf(const QObject* object)
 {
     if (const auto* matrix = dynamic_cast<const Matrix*>(object))
@@ -55,7 +55,7 @@ Math::Point3d sumOf(const QList<QVariant>& list)
         }
         bool isNumber = false;
         const double number = item.toDouble(&isNumber);
-        // A fourth number is added to x again: required.
+        // Required: a fourth number is added to x again.
         if (isNumber)
             *coordinates[numbers++ % coordinates.size()] += number;
     }
@@ -136,7 +136,7 @@ void Point3d::ConvertQVariant(const QVariant& value, double& x, double& y, doubl
     case StrictReading::DeadNode:
         throw Exception(tr("Position is invalid."));
     case StrictReading::Node:
-        // Refused all the same, after its coordinates were written: required, no caller takes a node here.
+        // Required: a node is refused after its coordinates were written. No caller takes a node here.
     case StrictReading::Unsupported:
         break;
     }

@@ -91,7 +91,7 @@ AllocatedRect2D* AllocatedRect2D::fromQVariant(const QVariant& value)
     const QObject* object = QVariantToPointer(value);
     if (const auto* rectangle = dynamic_cast<const AllocatedRect2D*>(object))
         return new AllocatedRect2D(*rectangle);
-    // The x of a node's coordinates twice, unlike every other reader: required.
+    // Required: a node's coordinates give x twice, unlike in every other reader.
     if (const auto* coordinates = dynamic_cast<const Node_Coordinates*>(object))
         return new AllocatedRect2D(0.0, 0.0, coordinates->getX(), coordinates->getX());
     const Math::Point2d point = planePoint(value);
@@ -163,21 +163,21 @@ BaseObject* Rect2DI::copy() const
 
 std::string Rect2DI::__str__() const
 {
-    // Not the name of the class: required.
+    // Required: the text has another name than the class.
     return QStringLiteral("Rect2dI(%1, %2)").arg(width).arg(height).toStdString();
 }
 
 Rect2DI* Rect2DI::ConvertQVariant(const QVariant& value)
 {
     if (const QObject* object = QVariantToPointer(value)) {
-        // The kind is asked and the size isn't taken: required. An allocated rectangle is one of these two as well.
+        // Required: a rectangle gives the size 0, 0. An allocated rectangle is one of these two as well.
         if (dynamic_cast<const Rect2DI*>(object) || dynamic_cast<const Rect2D*>(object))
             return new Rect2DI;
     } else if (value.typeId() == QMetaType::QVariantList) {
         const auto& list = *static_cast<const QVariantList*>(value.constData());
         double width = 0.0;
         double height = 0.0;
-        // Three items, of which two are read: required.
+        // Required: the list has at least three items, of which two are read.
         if (list.size() >= 3 && readStrictList(list, std::array{&width, &height})) {
             const std::optional<int> wholeWidth = truncated(width + 0.5);
             const std::optional<int> wholeHeight = truncated(height + 0.5);
@@ -209,7 +209,7 @@ BaseObject* AllocatedRect2DI::copy() const
 
 std::string AllocatedRect2DI::__str__() const
 {
-    // The text of the class in doubles: required.
+    // Required: the text is that of the class in doubles.
     return QStringLiteral("AllocatedRect2D(%1, %2, %3, %4)").arg(width).arg(height).arg(x).arg(y).toStdString();
 }
 

@@ -71,8 +71,8 @@ class BRINDLE_CORE_EXPORT Rect2DI : public BaseObject {
     Q_OBJECT
 
 public:
-    /// The height's fraction is cut off; required as it is, next to a width that is an integer. Throws for a height
-    /// beyond the integers.
+    /// Required: the height is a double whose fraction is cut off, the width an integer. Throws for a height beyond the
+    /// integers.
     explicit Rect2DI(int width = 0, double height = 0.0);
     Rect2DI(const Rect2DI& other);
     Rect2DI& operator=(const Rect2DI& other);

@@ -7,7 +7,7 @@
 
 namespace OMC {
 
-/// What the strict readers of positions found a value to be.
+/// The kind of value that the strict readers of positions found.
 enum class StrictReading {
     Unsupported,
     Position, ///< Something that tells a position; its coordinates are written.
@@ -22,9 +22,9 @@ StrictReading readStrictPoint(const QVariant& value, std::span<double* const> co
 
 /// Writes the numbers among the first items of a list to the coordinates in their place; ints and doubles count.
 ///
-/// The last item that is read decides alone whether the list is taken (an empty one isn't): `["a", 1]` is taken and
-/// writes the second coordinate only, `[1, "a"]` is refused after it wrote the first. Required as it is: scripts pass
-/// such lists.
+/// Required: the last item that is read decides alone whether the list is taken (an empty one isn't). `["a", 1]` is
+/// taken and writes the second coordinate only, `[1, "a"]` is refused after it wrote the first. Scripts pass such
+/// lists.
 bool readStrictList(const QList<QVariant>& list, std::span<double* const> coordinates);
 
 /// Whether the strict readers take a value as a number.

@@ -83,7 +83,7 @@ const MO_PortTransform* Transformation::getPortTransform() const
     return d->transform.get();
 }
 
-/// The transformation behind it. The same words for reading and writing: required.
+/// The transformation of the port transform. Required: the failure speaks of setting, also where it is read.
 CC_Transformation& Transformation::required() const
 {
     if (!d->transform)
@@ -244,7 +244,7 @@ Obj Transformation::getDeformation() const
         return {};
 
     const VS_CacheId cache;
-    std::unique_ptr<MO_DeformationOglRenderer> renderer; // The last one stays: required.
+    std::unique_ptr<MO_DeformationOglRenderer> renderer; // Required: the last one stays.
     std::vector<Deformation::VertexTransform> transforms;
     for (const MO_Deformation* deformation : deformations) {
         const auto* information = dynamic_cast<const MO_DeformationInformation*>(deformation);

@@ -55,7 +55,7 @@ public:
     virtual Obj matrixInversed() const; ///< Throws where there is none.
     virtual bool getDeformationValid() const;
     virtual void deformationReset();           ///< Drops all deformations, and the one that was handed out.
-    virtual Obj matrixWithDeformation() const; ///< With what the deformations do to a drawing as a whole.
+    virtual Obj matrixWithDeformation() const; ///< Includes what the deformations do to a whole drawing.
     virtual Obj getOrigin() const;
     /// The deformers of the deformations that are enabled; empty where there are none. The same object until
     /// deformationReset, which destroys it as the transformation does.

@@ -118,14 +118,14 @@ std::vector<std::size_t> CornerFinder::corners() const
         std::size_t at = index;
         for (std::size_t i = 0; i < m_neighbours && hasNeighbour(at, step); ++i) {
             at = neighbour(at, step);
-            // Of neighbours with the same angle the first counts.
+            // Among neighbours with the same angle the first one counts.
             if (m_standsOut[at] || angles[at] < angles[index] || (angles[at] == angles[index] && at < index))
                 return true;
         }
         return false;
     };
     std::vector<std::size_t> corners;
-    double angleBefore = 0; // Of the last corner, by its long arms.
+    double angleBefore = 0; // The angle between the long arms of the last corner.
     for (std::size_t i = 0; i < count; ++i) {
         double angle = 0;
         if (!m_standsOut[i]) {

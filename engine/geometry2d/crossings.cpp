@@ -60,7 +60,7 @@ bool chordApart(const PlaneCurve& one, const PlaneCurve& other)
     return otherLow > high + slack || low > otherHigh + slack;
 }
 
-/// How far the directions of a part turn away from that of its chord, at most; more than a right angle counts as all.
+/// The largest angle between the chord of a part and its directions. An angle over 90 degrees counts as any direction.
 struct Cone {
     Math::Vector2d axis;
     double halfAngle = INFINITY;
@@ -138,7 +138,7 @@ std::vector<Meeting> crossings(const PlaneCurve& first, const PlaneCurve& second
         return t >= part.start - margin && t <= part.end + margin;
     };
 
-    // The largest parts first: so what is left, if it is too much, is small all over the curves.
+    // The largest parts come first: if too many are left at the end, all of them are small.
     std::queue<std::pair<Part, Part>> open;
     open.emplace(Part(first, 0, 1), Part(second, 0, 1));
     int looked = 0;

@@ -24,7 +24,7 @@ struct Node {
     double place, weight;
 };
 
-/// Of 8 places, by their upper half.
+/// The upper half of the rule with 8 places; the lower half mirrors it.
 constexpr std::array<Node, 4> gauss8{{{0.1834346424956498, 0.3626837833783620},
                                       {0.5255324099163290, 0.3137066458778873},
                                       {0.7966664774136267, 0.2223810344533745},

@@ -38,8 +38,8 @@ GR_BezierPath2d polyline(const std::vector<Math::Point2d>& points)
 /// Fits a path to points in a frame where the farthest are about 1 apart.
 ///
 /// With the same tolerance it needs a half to a fifth of the curves that the fitter of lib2geom (2geom/bezier-utils.h)
-/// needs for 1,000 points, in 0.5 to 1.4 times its time: 15 against 30 for a trembling wave, 13 against 31 for a rectangle
-/// drawn by hand, 9 against 43 for points rounded to pixels. It finds the corners first.
+/// needs for 1,000 points, in 0.5 to 1.4 times its time: 15 against 30 for a trembling wave, 13 against 31 for a
+/// rectangle drawn by hand, 9 against 43 for points rounded to pixels. It finds the corners first.
 class Fit {
 public:
     Fit(const std::vector<Math::Point2d>& points, bool closed, const Options& options)
@@ -87,7 +87,7 @@ public:
     }
 
 private:
-    /// What is still to be fitted: the points from one to another.
+    /// A stretch of points that is still to be fitted.
     struct Piece {
         std::size_t from, to;
         EndTangents tangents;
@@ -246,7 +246,7 @@ private:
         m_path.Append(m_original[to], true);
     }
 
-    static constexpr double straight = 1e-9; ///< Of the size of the points.
+    static constexpr double straight = 1e-9; ///< As a part of the size of the points.
 
     const Options& m_options;
     std::vector<Math::Point2d> m_original;

@@ -23,8 +23,9 @@ std::optional<NearestPlace> nearest(const PlaneCurve& curve, const Math::Point2d
     Math::Point2d target = frame.toUnit(point);
     target = {std::clamp(target.x, -farthest, farthest), std::clamp(target.y, -farthest, farthest)};
 
-    // Of a far point, the squared distance without the part that is the same for all places, which would drown the
-    // differences; of a near one, the squared distance, which tells the smallest distances apart.
+    // For a near point the measure is the squared distance, which tells the smallest distances apart. For a far point
+    // the part that all places have in common is left out: it is so large that the differences would be lost in
+    // rounding.
     constexpr double far = 4;
     const bool isFar = std::max(std::abs(target.x), std::abs(target.y)) > far;
     const auto measure = [&target, isFar](const Math::Point2d& place) {

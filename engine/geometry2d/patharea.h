@@ -24,7 +24,7 @@ private:
     };
 
     Math::Box2d m_box;
-    UnitFrame m_frame; ///< Of the pieces.
+    UnitFrame m_frame; ///< The pieces are in this frame.
     std::vector<Piece> m_pieces;
     Math::Constants::FillType m_fill;
 };

@@ -15,7 +15,7 @@ namespace {
 struct Piece {
     PlaneCurve curve;
     Math::Box2d hull;   ///< Enlarged by what a meeting may be off by.
-    unsigned int index; ///< Of the curve in its path.
+    unsigned int index; ///< The curve's place in its path.
     int set;
 };
 

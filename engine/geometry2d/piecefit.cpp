@@ -17,7 +17,7 @@ Weights bernstein(double t)
     return {s * s * s, 3 * s * s * t, 3 * s * t * t, t * t * t};
 }
 
-/// What the ends' control points leave to the handles.
+/// The part of a point that the handles have to make up: the point without the share of the two ends.
 Math::Vector2d remainder(const Math::Point2d& point, const Weights& b, const Math::Point2d& from,
                          const Math::Point2d& to)
 {
@@ -187,7 +187,7 @@ PieceFit improvedFit(std::span<const Math::Point2d> points, const EndTangents& t
         current = fitPiece(points, parameters, tangents);
         if (current.worstSquared < best.worstSquared)
             best = current;
-        // What doesn't come within the tolerance at this rate in the iterations that are left, needs to be divided.
+        // At this rate the iterations that are left don't reach the tolerance: the piece has to be divided.
         const double rate = current.worstSquared / before;
         if (wanted > 0 && current.worstSquared * std::pow(rate, options.iterations - 1 - i) > wanted)
             break;

@@ -13,7 +13,7 @@ using Math::Vector3d;
 
 namespace {
 
-/// What is left of an axis may be this part of it and still be no more than what rounding left.
+/// A remainder of an axis up to this part of it is rounding.
 constexpr double rounding = 8 * std::numeric_limits<double>::epsilon();
 /// Axes count as at right angles up to this cosine.
 constexpr double rightAngle = 1e-9;

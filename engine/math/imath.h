@@ -6,8 +6,8 @@
 
 #include <algorithm>
 
-/// To Imath's matrices and back. They multiply a row from the left, ours a column from the right: so the cells lie in
-/// the same order in memory, and a product of ours is one of Imath's with its sides changed.
+/// Converts matrices to Imath's and back. Imath's multiply a row from the left, ours a column from the right: so the
+/// cells lie in the same order in memory, and a product of ours is one of Imath's with its sides changed.
 namespace brindle::engine {
 
 inline Imath::M44d toImath(const Math::Matrix4x4& matrix)

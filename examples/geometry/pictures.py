@@ -121,7 +121,7 @@ def matrix():
 
 
 def composition():
-    """What is added last acts first on a point."""
+    """The step that is added last acts first on a point."""
     box = (-3, -1, 9, 8)
     panels = []
     for steps, caption in (((("translate", (5, 1, 0)), ("rotate_degrees", (45,))),

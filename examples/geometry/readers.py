@@ -57,7 +57,7 @@ class Place:
 
 
 def row_of_points(value):
-    """What a path takes when it is written from its first point on."""
+    """The points that a path takes when it is written from its first point on."""
     path = brindle.BezierPath.create_rectangle()
     path.erase(1, 4)
     path[0] = value

@@ -13,7 +13,7 @@ from curves import curve_of, distance, path_of, points_of, samples_of, size_of, 
 
 
 def every(*strategies, examples=100):
-    """What a test holds for. How long an example takes depends on what else the machine does."""
+    """Runs a test on these values. The time of an example depends on what else the machine does."""
     return lambda test: settings(deadline=None, max_examples=examples)(given(*strategies)(test))
 
 

@@ -135,8 +135,8 @@ def test_a_class_of_the_module_may_be_given_an_init_of_the_script():
 
 
 def test_values_are_made_of_arguments_in_every_form():
-    for made in (brindle.Point2d(1, 2), brindle.Point2d(1, y=2), brindle.Point2d(y=2, x=1), brindle.Point2d(*[1], **{"y": 2}),
-                 brindle.Point2d(value=[1, 2])):
+    for made in (brindle.Point2d(1, 2), brindle.Point2d(1, y=2), brindle.Point2d(y=2, x=1),
+                 brindle.Point2d(*[1], **{"y": 2}), brindle.Point2d(value=[1, 2])):
         assert made == brindle.Point2d.__new__(brindle.Point2d, 1, 2)
     for call in (lambda: brindle.Point2d(1, 2, 3), lambda: brindle.Point2d(1, x=2), lambda: brindle.Point2d(z=1)):
         with pytest.raises(TypeError):

@@ -71,7 +71,7 @@ PyObject* child(PyObject*, void*)
     return makeWrapper();
 }
 
-/// By a key whose bytes are asked for, as a look-up would.
+/// Reads the bytes of the key, as a look-up has to, and makes a new object.
 PyObject* item(PyObject*, PyObject* key)
 {
     Py_ssize_t size = 0;

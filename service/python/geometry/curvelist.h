@@ -7,8 +7,8 @@
 
 namespace brindle::python {
 
-/// What repr() gives of a curve: its control points, those off the curve in square brackets. Of a long one the first
-/// and the last ones, and how many there are.
+/// The repr() of a curve: its control points, those off the curve in square brackets. A long curve shows the first and
+/// the last ones and their number.
 template <typename HostCurve, typename IsOnCurve>
 std::string curveText(const std::string& type, const HostCurve& curve, unsigned int count, const IsOnCurve& isOnCurve)
 {

@@ -37,7 +37,7 @@ GR_BezierPath2d polyline(std::initializer_list<Math::Point2d> points);
 GR_BezierPath2d circle(const Math::Point2d& centre, double radius);
 
 double distance(const Math::Point2d& one, const Math::Point2d& other);
-/// By de Casteljau's construction in a wider number.
+/// Evaluates by de Casteljau's construction in a wider number type.
 Math::Point2d reference(const GR_Bezier2d& curve, double t);
 /// The length of a polyline through this many places, improved by Richardson's extrapolation.
 double referenceLength(const GR_Bezier2d& curve, int places);
