@@ -48,6 +48,13 @@ bool readInteger(const QVariant& value, int& result)
     }
 }
 
+/// The scene's column of that name, or null.
+TUTimedValue* columnNamed(const SC_SceneCommon& scene, const QString& name)
+{
+    const SC_TimedValueListInterface* columns = scene.timedValues();
+    return name.isEmpty() || !columns ? nullptr : columns->findTimedValue(name, 0);
+}
+
 } // namespace
 
 Attribute::Attribute(MO_Node* node, const QStringList& parentPath, const QString& keyword)
@@ -102,24 +109,19 @@ void Attribute::setColumn(const QVariant& value)
             column = wrapper->getTimedValue();
     } else if (value.typeId() == QMetaType::QString) {
         const QString name = value.toString();
-        const SC_TimedValueListInterface* columns = scene->timedValues();
-        column = name.isEmpty() || !columns ? nullptr : columns->findTimedValue(name, 0);
+        column = columnNamed(*scene, name);
         if (!column && !name.isEmpty())
             throw Exception(tr("Unable to find specified column by name."));
     } else if (value.toBool()) {
         throw Exception(tr("Failed to get valid column argument."));
     }
 
-    const QString nodeName = findTarget()->instanceName();
     auto commands = std::make_unique<CO_AndCommand>();
     if (!column || socket->isLinked())
         commands->add(new tu_tv_socket::UnlinkCmd(socket, 0));
     if (column)
         commands->add(new tu_tv_socket::LinkCmd(socket, column));
-    undo::run(manager, commands.release(),
-              column ? tr("Linking %1 of %2 to %3").arg(m_keyword, nodeName, column->getName())
-                     : tr("Unlinking %1 of %2").arg(m_keyword, nodeName),
-              tr("Failed to set the attribute's column name."));
+    runLink(manager, commands.release(), column);
 }
 
 QString Attribute::getColumnName() const
@@ -134,23 +136,27 @@ void Attribute::setColumnName(const QString& name)
     AT_Attr& attribute = attributeToLink();
     const SC_SceneCommon* scene = attribute.sceneCommon();
     CO_CommandManager& manager = undo::manager(scene);
-    const SC_TimedValueListInterface* columns = scene->timedValues();
-    TUTimedValue* column = name.isEmpty() || !columns ? nullptr : columns->findTimedValue(name, 0);
+    TUTimedValue* column = columnNamed(*scene, name);
     if (!column && !name.isEmpty())
         throw Exception(tr("Unable to find specified column by name (%1)").arg(name));
     TUTvSocket* socket = attribute.socket();
     if (!socket)
         throw Exception(tr("Attribute cannot be animated."));
 
-    // A link that stands isn't cut first, unlike in setColumn: this is required, and the engine's command replaces it.
+    // Required: a present link isn't cut first, unlike in setColumn; the engine's command replaces it.
     CO_Command* command = nullptr;
     if (column)
         command = new tu_tv_socket::LinkCmd(socket, column);
     else
         command = new tu_tv_socket::UnlinkCmd(socket, 0);
+    runLink(manager, command, column);
+}
+
+void Attribute::runLink(CO_CommandManager& manager, CO_Command* command, const TUTimedValue* column)
+{
     const QString nodeName = findTarget()->instanceName();
     undo::run(manager, command,
-              column ? tr("Linking %1 of %2 to %3").arg(m_keyword, nodeName, name)
+              column ? tr("Linking %1 of %2 to %3").arg(m_keyword, nodeName, column->getName())
                      : tr("Unlinking %1 of %2").arg(m_keyword, nodeName),
               tr("Failed to set the attribute's column name."));
 }
@@ -284,7 +290,7 @@ Attribute* Attribute::getWrappedByAttr(AT_Attr* attribute)
     const MO_Node* node = attribute ? attribute->node() : nullptr;
     if (!node)
         return nullptr;
-    // The search ends at the second level: this is required. An attribute further down gives null.
+    // Required: the search ends at the second level. An attribute further down gives null.
     for (auto top = node->attrsBegin(); top != node->attrsEnd(); ++top) {
         if (*top == attribute)
             return getWrapped(attribute, {});

@@ -8,8 +8,11 @@
 
 class AT_Attr;
 class AT_ComplexAttr;
+class CO_Command;
+class CO_CommandManager;
 class MO_Node;
 class SC_SceneCommon;
+class TUTimedValue;
 
 namespace OMC {
 
@@ -98,6 +101,8 @@ private:
     [[noreturn]] static void throwUnexpectedType();
     AT_Attr& attribute() const;
     AT_Attr& attributeToLink() const;
+    /// Runs the command that links a column, or unlinks for null, under its label.
+    void runLink(CO_CommandManager& manager, CO_Command* command, const TUTimedValue* column);
 
     QStringList m_parentPath;
     QString m_keyword;

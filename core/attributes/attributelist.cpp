@@ -52,7 +52,9 @@ Obj AttributeList::get(const QString& name) const
     if (AT_Attr* attribute = isSubList() ? inLevel(below) : findTarget()->findAttributeByKeyword(name))
         return wrapped(attribute);
 
-    QStringList parentPath = m_path;
+    QStringList parentPath;
+    parentPath.reserve(m_path.size() + 1);
+    parentPath.append(m_path);
     const AT_ComplexAttr* holder = nullptr;
     for (qsizetype point = below.indexOf(QLatin1Char('.')); point >= 0; point = below.indexOf(QLatin1Char('.'))) {
         AT_Attr* attribute = holder ? Attribute::memberNamed(holder, below.first(point)) : inLevel(below.first(point));

@@ -14,15 +14,15 @@ class MO_Node;
 namespace OMC {
 
 /// The attributes of a node, or those inside one of its attributes, by index, by keyword and by dotted path.
+/// An iterator goes through the wrappers that `__iter__` made.
 ///
 ///     list.get("position.x");
-/// An iterator goes through the wrappers that `__iter__` made.
 class BRINDLE_CORE_EXPORT AttributeList : public CountedList<EngineView<MO_Node, ListObj>, IterableObj> {
     Q_OBJECT
     BRINDLE_COPYABLE(AttributeList)
 
 public:
-    /// What a list holds.
+    /// Which attributes a list holds.
     enum AttrTypeFilter : quint32 {
         AllOfLevel = 0, ///< All attributes of the level.
         Iterating = 3   ///< The objects that `__iter__` gathered.
@@ -30,6 +30,7 @@ public:
 
     /// The level is that of the attribute at the path; the node's top level for an empty one.
     AttributeList(MO_Node* node, const QStringList& path, AttrTypeFilter filter);
+
     std::string __str__() const override;
 
     std::size_t size() const override;
@@ -38,7 +39,8 @@ public:
     Obj get(int index) const override;
     void set(int index, const Obj& object) override; ///< Always refused.
     std::vector<Obj> list() const override;
-    /// Of a keyword or path, or of an attribute of the level. False for anything else.
+    /// Whether there is an attribute of a keyword or path, or whether an attribute is one of the level. False for other
+    /// values.
     virtual bool contains(const QVariant& value) const;
     virtual Obj operator()(const QString& name) const;
 

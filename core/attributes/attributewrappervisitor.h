@@ -20,8 +20,8 @@ struct AttributeWrapper {
     using Wrapper = WrapperClass;
 };
 
-/// What each kind of attribute is to a script, in the order of the host's list of kinds. A kind without a class of its
-/// own gets the general one.
+/// The class that a script gets for each kind of attribute, in the order of the host's list of kinds. A kind without a
+/// class of its own gets the general one.
 template <typename... Rows>
 struct AttributeWrapperTable {
     using Kinds = AT_AttrKindList<typename Rows::Host...>;

@@ -15,7 +15,7 @@ class SC_SceneCommon;
 class TUTimedValue;
 class TUTvSocket;
 
-/// What an attribute is, apart from its value.
+/// The facts of an attribute, apart from its value.
 class BRINDLE_HOST_EXPORT AT_AttrMeta {
 public:
     virtual ~AT_AttrMeta() = default;

@@ -24,7 +24,7 @@ struct AttributeMembers {
     int count = 0;
 };
 
-/// What the class of each kind of attribute offers beside the operations of its host class.
+/// The operations that the class of a kind of attribute has beside those of its host class.
 template <typename Class>
 concept KindOfAttribute = requires(Class& attr, const Class& present, const AttributeSpec& spec,
                                    const AttributeValue& value)
@@ -48,6 +48,7 @@ struct AttributeKind {
     AT_Attr* (*make)(void* place, MO_Node& node, const AttributeMeta& meta, const AttributeMembers& members);
     AttributeValue (*newValue)(const AttributeSpec& spec);
     AttributeValue (*stored)(const AT_Attr& attr);
+    bool (*isNew)(const AT_Attr& attr); ///< Whether it stores the value of a new node.
     void (*store)(AT_Attr& attr, const AttributeValue& value);
 };
 
@@ -64,6 +65,14 @@ inline constexpr AttributeKind attributeKind{
     },
     .newValue = [](const AttributeSpec& spec) { return Class::newValue(spec); },
     .stored = [](const AT_Attr& attr) { return static_cast<const Class&>(attr).stored(); },
+    .isNew =
+        [](const AT_Attr& attr) {
+            const auto& present = static_cast<const Class&>(attr);
+            if constexpr (requires { present.localValue() == present.defaultValue(); })
+                return present.localValue() == present.defaultValue();
+            else
+                return present.stored() == present.meta().newValue();
+        },
     .store = [](AT_Attr& attr, const AttributeValue& value) { static_cast<Class&>(attr).store(value); },
 };
 

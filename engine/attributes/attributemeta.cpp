@@ -12,7 +12,7 @@ AttributeMeta::AttributeMeta(const AttributeSpec& spec, const AttributeMeta* par
       m_keyword(literalText(spec.keyword)),
       m_displayName(literalText(spec.displayName)),
       m_fullKeyword(parent ? parent->m_fullKeyword + '.' + m_keyword : m_keyword),
-      m_newValue(spec.kind->newValue(spec))
+      m_newValue(spec.kind.newValue(spec))
 {}
 
 QString AttributeMeta::typeText() const

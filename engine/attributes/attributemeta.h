@@ -18,10 +18,10 @@ struct AttributeSpec {
     std::u16string_view keyword;
     std::u16string_view displayName;
     std::u16string_view typeText;
-    const AttributeKind* kind;
+    const AttributeKind& kind;
     bool linkable = false;
     bool dirtyOnChange = true;
-    double defaultValue = 0; ///< Of a bool: 0 or 1. Of an enum: the value of an option.
+    double defaultValue = 0; ///< A bool's is 0 or 1, an enum's the value of an option.
     double minimum = 0;
     double maximum = 0;
     double step = 0;
@@ -30,7 +30,7 @@ struct AttributeSpec {
     std::span<const AttributeSpec> members = {};
 };
 
-/// What the attributes of one place in a node type's table have in common. Lives as long as the process.
+/// The facts of the attributes at one place of a node type's table. They live as long as the process.
 class AttributeMeta final : public AT_AttrMeta {
 public:
     AttributeMeta(const AttributeSpec& spec, const AttributeMeta* parent);
@@ -41,7 +41,7 @@ public:
     bool isNodeDirtyOnChange() const override { return m_spec.dirtyOnChange; }
 
     const AttributeSpec& spec() const { return m_spec; }
-    const AttributeKind& kind() const { return *m_spec.kind; }
+    const AttributeKind& kind() const { return m_spec.kind; }
     const QString& fullKeyword() const { return m_fullKeyword; } ///< "position.x".
     QString typeText() const;
     bool isLinkable() const { return m_spec.linkable; }

@@ -7,7 +7,7 @@
 
 namespace brindle::engine {
 
-/// What the attributes of all kinds say of themselves; `Base` is the host class of the kind.
+/// The operations that are the same for attributes of all kinds. `Base` is the host class of the kind.
 template <typename Base>
 class AttributeOf : public Base {
     static_assert(AT_AttrKinds::has<Base>, "a visitor has to be able to tell the class from others");

@@ -18,7 +18,7 @@ public:
     AttributeSet& operator=(const AttributeSet&) = delete;
     ~AttributeSet();
 
-    AT_Attr* findTop(const QString& keyword) const; ///< Of the top level, or null.
+    AT_Attr* findTop(const QString& keyword) const; ///< An attribute of the top level, or null.
     MO_Node::AttrIterator begin() const;
     MO_Node::AttrIterator end() const;
 

@@ -49,10 +49,10 @@ AttributeTable::AttributeTable(std::span<const AttributeSpec> specs) : m_topCoun
 
 int AttributeTable::find(QStringView path) const
 {
-    const std::size_t mask = m_slots.size() - 1;
-    for (std::size_t slot = hashOf(path) & mask; m_slots[slot].index >= 0; slot = (slot + 1) & mask) {
-        if (isSame(m_slots[slot].path, path))
-            return m_slots[slot].index;
+    const Slot* slots = m_slots.data();
+    for (std::size_t place = hashOf(path) & m_mask; slots[place].index >= 0; place = (place + 1) & m_mask) {
+        if (isSame(slots[place].path, path))
+            return slots[place].index;
     }
     return -1;
 }
@@ -71,12 +71,12 @@ void AttributeTable::makeSlots()
 {
     // At most a third of the slots is taken, so that a search ends soon.
     m_slots.resize(std::bit_ceil(m_entries.size() * 3 + 1));
-    const std::size_t mask = m_slots.size() - 1;
+    m_mask = m_slots.size() - 1;
     for (std::size_t index = 0; index < m_entries.size(); ++index) {
         const QStringView path = m_entries[index].meta->fullKeyword();
-        std::size_t slot = hashOf(path) & mask;
+        std::size_t slot = hashOf(path) & m_mask;
         while (m_slots[slot].index >= 0)
-            slot = (slot + 1) & mask;
+            slot = (slot + 1) & m_mask;
         m_slots[slot] = {path, static_cast<int>(index)};
     }
 }

@@ -35,7 +35,7 @@ public:
     int find(QStringView path) const;
 
 private:
-    /// Where an entry stands by the hash of its path; without an entry -1.
+    /// A place of the hash table: a path and the index of its entry, -1 while it is empty.
     struct Slot {
         QStringView path;
         int index = -1;
@@ -46,7 +46,8 @@ private:
 
     std::vector<Entry> m_entries;
     std::vector<int> m_order;
-    std::vector<Slot> m_slots;
+    std::vector<Slot> m_slots; // a power of two of them
+    std::size_t m_mask = 0;
     int m_topCount;
     std::size_t m_size = 0;
 };

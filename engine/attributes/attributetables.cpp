@@ -24,7 +24,7 @@ constexpr AttributeSpec number(Keyword keyword, Title title, double defaultValue
     return {.keyword = keyword,
             .displayName = title,
             .typeText = u"DOUBLE",
-            .kind = &attributeKind<DoubleAttribute>,
+            .kind = attributeKind<DoubleAttribute>,
             .linkable = true,
             .defaultValue = defaultValue,
             .minimum = -unbounded,
@@ -66,7 +66,7 @@ constexpr AttributeSpec channel(Keyword keyword, Title title)
     return {.keyword = keyword,
             .displayName = title,
             .typeText = u"INT",
-            .kind = &attributeKind<IntAttribute>,
+            .kind = attributeKind<IntAttribute>,
             .linkable = true,
             .defaultValue = 255,
             .maximum = 255,
@@ -78,7 +78,7 @@ constexpr AttributeSpec onOff(Keyword keyword, Title title, bool defaultValue)
     return {.keyword = keyword,
             .displayName = title,
             .typeText = u"BOOL",
-            .kind = &attributeKind<BoolAttribute>,
+            .kind = attributeKind<BoolAttribute>,
             .linkable = true,
             .defaultValue = defaultValue ? 1. : 0.,
             .maximum = 1,
@@ -87,7 +87,7 @@ constexpr AttributeSpec onOff(Keyword keyword, Title title, bool defaultValue)
 
 constexpr AttributeSpec text(Keyword keyword, Title title)
 {
-    return {.keyword = keyword, .displayName = title, .typeText = u"STRING", .kind = &attributeKind<TextAttribute>};
+    return {.keyword = keyword, .displayName = title, .typeText = u"STRING", .kind = attributeKind<TextAttribute>};
 }
 
 constexpr AttributeSpec choice(Keyword keyword, Title title, std::span<const EnumOption> options)
@@ -95,7 +95,7 @@ constexpr AttributeSpec choice(Keyword keyword, Title title, std::span<const Enu
     return {.keyword = keyword,
             .displayName = title,
             .typeText = u"ENUM",
-            .kind = &attributeKind<EnumAttribute>,
+            .kind = attributeKind<EnumAttribute>,
             .options = options};
 }
 
@@ -106,7 +106,7 @@ constexpr AttributeSpec compound(Keyword keyword, Title title, std::u16string_vi
     return {.keyword = keyword,
             .displayName = title,
             .typeText = typeText,
-            .kind = &attributeKind<Kind>,
+            .kind = attributeKind<Kind>,
             .members = members};
 }
 

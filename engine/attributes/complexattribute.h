@@ -26,7 +26,7 @@ private:
     AttributeMembers m_members;
 };
 
-/// What a read node shows. Its text is that of its timing.
+/// The attribute of a read node that chooses its drawings. Its text is that of its timing.
 class DrawingAttribute final : public ComplexAttribute<AT_ComplexAttr> {
 public:
     using ComplexAttribute::ComplexAttribute;

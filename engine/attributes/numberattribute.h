@@ -36,7 +36,8 @@ public:
     void store(const AttributeValue& value) { setLocalValue(std::get<Value>(value)); }
 
     const Socket& ownSocket() const { return m_socket; }
-    /// What the attribute makes of a number: held between minimum and maximum, rounded for an int, 0 or 1 for a bool.
+    /// Brings a number into the attribute's range: held between minimum and maximum, rounded for an int, 0 or 1 for a
+    /// bool.
     double read(double number) const;
 
 private:

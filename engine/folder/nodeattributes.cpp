@@ -66,27 +66,27 @@ void NodeAttributeWriter::write(JsonWriter& json, const Node& node)
         if (!std::exchange(open, true))
             json.key(name).beginObject();
     };
+    m_linked.clear();
     for (int place = 0; place < attributes.count(); ++place) {
-        const AttributeMeta& meta = metaOf(attributes.at(place));
-        const AttributeValue value = meta.kind().stored(attributes.at(place));
-        if (value == meta.newValue())
+        AT_Attr& attr = attributes.at(place);
+        const TUTvSocket* socket = attr.socket();
+        if (socket && socket->isLinked())
+            m_linked.push_back(&attr);
+        const AttributeMeta& meta = metaOf(attr);
+        if (meta.kind().isNew(attr))
             continue;
         openField("values");
         json.key(meta.fullKeyword());
-        std::visit(ValueWriter{json}, value);
+        std::visit(ValueWriter{json}, meta.kind().stored(attr));
     }
     if (std::exchange(open, false))
         json.endObject();
 
-    for (int place = 0; place < attributes.count(); ++place) {
-        AT_Attr& attr = attributes.at(place);
-        const TUTvSocket* socket = attr.socket();
-        const TUTimedValue* column = socket ? socket->linkedTimedValue() : nullptr;
-        if (!column)
-            continue;
+    for (AT_Attr* attr : m_linked) {
+        const TUTimedValue* column = attr->socket()->linkedTimedValue();
         openField("columns");
-        json.key(metaOf(attr).fullKeyword()).text(column->getName());
-        m_driven[column].push_back(&attr);
+        json.key(metaOf(*attr).fullKeyword()).text(column->getName());
+        m_driven[column].push_back(attr);
     }
     if (open)
         json.endObject();

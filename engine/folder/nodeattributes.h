@@ -21,9 +21,10 @@ using DrivenAttributes = std::unordered_map<const TUTimedValue*, std::vector<AT_
 class NodeAttributeWriter {
 public:
     void write(JsonWriter& json, const Node& node);
-    const DrivenAttributes& driven() const { return m_driven; } ///< Of the nodes written so far.
+    const DrivenAttributes& driven() const { return m_driven; } ///< By the nodes written so far.
 
 private:
+    std::vector<AT_Attr*> m_linked; ///< The attributes with a column of the node that is being written.
     DrivenAttributes m_driven;
 };
 

@@ -11,7 +11,7 @@ namespace brindle::python {
 
 namespace {
 
-/// What the attribute classes with a value offer alike, under one text each.
+/// The methods of all attribute classes with a value, under one text each.
 template <typename T, Text SetValueNames>
 Class<T> valueClass(const char* name, const char* documentation)
 {
