@@ -28,7 +28,7 @@ Ref call(PyObject* console, const char* method, const Values&... values)
     return result;
 }
 
-/// What fails here isn't the script's: that is said by the console itself.
+/// Reports a failure that isn't the script's: the console itself reports those.
 void report(PyObject* console)
 {
     python::raiseCurrentException();

@@ -12,7 +12,7 @@ namespace brindle {
 /// and out of it, and the events that the main thread handles meanwhile.
 class ScriptConsole final : public BAPP_ScriptConsole {
 public:
-    /// In a started interpreter. Null where the module can't be loaded; it is then said on standard error.
+    /// Needs a started interpreter. Null where the module can't be loaded; standard error then says why.
     static std::unique_ptr<ScriptConsole> create();
     ScriptConsole(const ScriptConsole&) = delete;
     ScriptConsole& operator=(const ScriptConsole&) = delete;

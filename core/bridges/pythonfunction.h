@@ -12,7 +12,7 @@ struct _object;
 
 namespace OMC {
 
-/// What only the interpreter's side can do with a function of a script. The library that binds the object model to
+/// The interpreter's side of a function of a script. The library that binds the object model to
 /// Python installs an object of its own class (`PythonFunction::helperFunc`).
 class BRINDLE_CORE_EXPORT PythonFunctionHelper {
 public:
@@ -62,7 +62,7 @@ public:
     virtual void set(_object* function);
     virtual _object* get() const; ///< Still the wrapper's: no reference is taken.
 
-    /// Where the one helper is kept; null until it is installed. It stays to the end of the process.
+    /// The place of the one helper; null until it is installed. It stays to the end of the process.
     static std::unique_ptr<PythonFunctionHelper>& helperFunc();
 
 private:

@@ -22,7 +22,7 @@ public:
     /// On the main thread: calls the function inside Python and without the scene's notifications, and counts on.
     void run(unsigned int& index);
 
-    /// For the one who waits: whether the count has gone on, by this job or another one.
+    /// Whether the count has gone on, by this job or another one: the waiting thread asks.
     bool isOver(unsigned int& index) const;
     /// Throws what the function raised, if it has; from then on nobody waits any more.
     void throwFailure();

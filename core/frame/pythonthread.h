@@ -28,7 +28,7 @@ public:
     virtual PythonGILScope_Priv* createGILScope() = 0;       ///< New; the caller's.
     virtual PythonThreadScope_Priv* createThreadScope() = 0; ///< New; the caller's.
 
-    /// Where the one object is kept; null until it is installed. It stays to the end of the process.
+    /// The place of the one object; null until it is installed. It stays to the end of the process.
     static std::unique_ptr<PythonThreadHelper>& helper();
 };
 

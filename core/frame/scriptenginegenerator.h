@@ -26,8 +26,8 @@ public:
     /// Takes the generator and destroys the one before. The service library calls it while it is loaded.
     static void setInstance(ScriptEngineGenerator* generator);
 
-    /// In a Python batch with a session: makes the script engine, once, and registers it with the application.
-    /// Elsewhere it does nothing: the host wires its scripting by other means.
+    /// Makes the script engine in a Python batch with a session, once, and registers it with the application. Does
+    /// nothing elsewhere: the host wires its scripting by other means.
     static void loadScriptInterface(SC_SessionContext* session);
     /// Takes the script engine off the application; it lives on and is used again by the next load.
     static void unloadScriptInterface(SC_SessionContext* session);
@@ -37,7 +37,7 @@ public:
     static void unloadProject(SC_SessionContext* session);
 };
 
-/// What the service library installs: the maker of the script engine.
+/// The maker of the script engine, which the service library installs.
 class BRINDLE_CORE_EXPORT ScriptEngineGenerator : public ScriptEngineGeneratorInterface {
 public:
     ~ScriptEngineGenerator() override;

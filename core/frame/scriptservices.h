@@ -8,7 +8,7 @@
 
 namespace OMC {
 
-/// Where the application has script services registered, or null.
+/// The place where the application registers script services, or null.
 inline BAPP_ScriptHost* scriptHost()
 {
     const BAPP_Application* application = BAPP_Application::instance();

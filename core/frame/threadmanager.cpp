@@ -36,7 +36,7 @@ QString translated(const char* text)
     return QCoreApplication::translate("CadenceMain", text);
 }
 
-/// Of the calling thread; it ends with it.
+/// The mark of the calling thread, which expires with the thread.
 const std::shared_ptr<const char>& threadMark()
 {
     static thread_local const auto mark = std::make_shared<const char>();
@@ -163,7 +163,7 @@ void ThreadManager::giveBackLock(TUSceneChangeManager* changes)
         m_notifyStates.pop_front();
     }
     if (!m_holders.empty()) {
-        // That of another thread where this one has none.
+        // Takes the mark of another thread where this one has none.
         auto own = std::find_if(m_holders.begin(), m_holders.end(),
                                 [](const auto& holder) { return holder.lock() == threadMark(); });
         m_holders.erase(own == m_holders.end() ? m_holders.begin() : own);

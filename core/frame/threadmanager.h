@@ -27,15 +27,15 @@ namespace OMC {
 /// - No check asks which thread took the lock. While one holds it every thread passes, and any thread may give it back:
 ///   the lock keeps the main thread out, not script threads out of each other's work. A lock whose threads have all
 ///   ended stays taken, until the main thread of an application waits for it.
-/// - Notifications are restored first in, first out: a nested pair of locks leaves them off.
+/// - Required: notifications are restored first in, first out, so a nested pair of locks leaves them off.
 /// - A lock asked for while the main thread is inside Python is taken by the next check after it has left. Objects that
 ///   make no check (the coordinates of a node and other plain views) don't take it up: a binding that lets the main
 ///   thread out of Python takes it up itself, so that no thread works on while the main thread does.
 /// - Those objects aren't kept from a thread that never asked for the lock either.
-/// - A function that fails inside `runFunction` leaves the lock taken.
+/// - Required: a function that fails inside `runFunction` leaves the lock taken.
 /// - A thread that holds the lock keeps the main thread from its events, and so from the function that it waits for in
 ///   `runOnMain`.
-/// - Two jobs that are posted before the main thread comes to the first run the first only.
+/// - Required: of jobs that are posted before the main thread comes to the first, only the first runs.
 class BRINDLE_CORE_EXPORT ThreadManager {
 public:
     static ThreadManager* instance();
@@ -76,7 +76,7 @@ private:
     unsigned int& threadLockIndex();
 
     std::deque<bool> m_notifyStates;
-    /// Of each lock that is held, a mark of the thread that took it, which ends with the thread.
+    /// A mark for each lock that is held, of the thread that took it; it expires with that thread.
     std::vector<std::weak_ptr<const char>> m_holders;
     std::unique_ptr<PL_AppLock::AppLock> m_appLock;
     unsigned int m_applockDepth = 0;

@@ -21,7 +21,7 @@ public:
         if (delayed())
             manager().getApplockDelayed();
     }
-    /// What `unlock` does, also where the project was closed under the lock, which `unlock` refuses.
+    /// Does what `unlock` does, and also works where the project was closed under the lock, which `unlock` refuses.
     static void unlockAlsoWithoutProject() { manager().unlockAlsoWithoutProject(); }
     /// Gives the lock back where all threads that took it have ended; the log tells.
     static void giveBackLeftLock() { manager().giveBackLeftLock(); }

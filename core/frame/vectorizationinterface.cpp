@@ -66,7 +66,7 @@ void unloadInterface()
 {
     BAPP_ScriptHost* host = scriptHost();
     if (!host) {
-        // The service stays although this is where it should go. Required as it is.
+        // Required: without an application to take it off, the service is not destroyed.
         reportFailure();
         return;
     }

@@ -8,7 +8,7 @@ class SC_SessionContext;
 
 namespace OMC {
 
-/// What the service library installs: the maker of the vectorisation service.
+/// The maker of the vectorisation service, which the service library installs.
 class BRINDLE_CORE_EXPORT VectorizationInterfaceGenerator {
 public:
     virtual ~VectorizationInterfaceGenerator();
@@ -24,7 +24,7 @@ namespace VectorizationInterface {
 /// Takes the generator and destroys the one before. The service library calls it while it is loaded.
 BRINDLE_CORE_EXPORT void setGenerator(VectorizationInterfaceGenerator* generator);
 
-/// In a Python batch with a session: has the service made, or registers the one that there is. Else it does nothing.
+/// Has the service made in a Python batch with a session, or registers the one that there is. Does nothing elsewhere.
 BRINDLE_CORE_EXPORT void loadInterface(SC_SessionContext* session);
 /// Takes the service off the application and destroys it. Without an application to take it off, it stays.
 BRINDLE_CORE_EXPORT void unloadInterface();

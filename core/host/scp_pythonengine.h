@@ -3,7 +3,7 @@
 #include "core/host/export.h"
 
 /// The host's Python engine: a session that has one runs Python inside the application, under the application's thread
-/// rules. What it knows of the interpreter, the library that embeds it tells it (`setThreadStates`).
+/// rules. The library that embeds the interpreter tells it how threads leave and enter that (`setThreadStates`).
 class BRINDLE_HOST_EXPORT SCP_PythonEngine {
 public:
     virtual ~SCP_PythonEngine() = default;
@@ -29,8 +29,8 @@ public:
         /// where there is no interpreter; nothing is to be resumed then.
         virtual void* halt() noexcept { return nullptr; }
         virtual void resume(void* /*halted*/) noexcept {}
-        /// For the main thread, which waits for the application's lock outside of Python: gives that back where script
-        /// threads took it that have all ended since.
+        /// Gives the application's lock back where all script threads that took it have ended. The main thread calls it
+        /// while it waits for that lock outside of Python.
         virtual void giveBackLeftLock() {}
     };
     /// Not owned, and never taken away again: the library that embeds the interpreter stays loaded. Without one there

@@ -27,8 +27,8 @@ public:
     void leaveLoop();
     bool isLoopThread() const { return m_loopThread.load(std::memory_order_relaxed) == std::this_thread::get_id(); }
 
-    /// What the event loop does, on its own thread: it waits for events, it is inside Python. It holds the lock while
-    /// it does neither.
+    /// Tell, on the thread of the event loop, that it waits for events and that it is inside Python. It holds the lock
+    /// while it does neither.
     void setIdle(bool idle);
     void setParked(bool parked);
     bool isParked() const { return m_parked; }

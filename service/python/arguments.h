@@ -38,7 +38,8 @@ constexpr std::size_t countArguments(std::string_view text)
     return text.empty() ? 0 : 1 + static_cast<std::size_t>(std::count(text.begin(), text.end(), ','));
 }
 
-/// Where a character first stands, or the text's length. GCC's string_view::find is no constant under its sanitizers.
+/// The place of the first such character, or the text's length. GCC's string_view::find is no constant under its
+/// sanitizers.
 constexpr std::size_t placeOf(char wanted, std::string_view text)
 {
     return static_cast<std::size_t>(std::find(text.begin(), text.end(), wanted) - text.begin());
@@ -81,7 +82,7 @@ struct NumberText {
         // So many digits as a double and a power of ten hold exactly: their quotient is the number that is meant.
         return count > 0 && count <= 15 && points <= 1 && count + points == digits.size();
     }
-    /// Of a number without a fraction.
+    /// The value of a number without a fraction.
     constexpr long long integer() const
     {
         long long digits = 0;

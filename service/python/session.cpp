@@ -62,16 +62,18 @@ using OpenFunction = SC_Project* (SC_ProjectManager::*)(const QString&, QString&
 PyObject* enterProject(OpenFunction open, const QString& path)
 {
     QString error;
-    SC_SessionContext& current = context();
+    SC_SessionContext* current = nullptr;
     {
         EngineGate::Operation operation;
+        current = &context();
         OMC::BaseObject::validateThreadLock();
-        operation.run([&] { (current.projectManager()->*open)(path, error); });
+        operation.run([&] { (current->projectManager()->*open)(path, error); });
     }
     if (!error.isEmpty())
         throw OMC::Exception(error);
-    session().application = Ref(toPython(new ServiceApplication(&current)));
-    return Ref::borrow(session().application.get()).release();
+    Ref application(toPython(new ServiceApplication(current)));
+    session().application = Ref::borrow(application.get());
+    return application.release();
 }
 
 using SaveFunction = bool (*)(SC_ProjectManager&, const QString&, QString&);

@@ -22,7 +22,7 @@ PyObject* checked(PyObject* object)
     return object;
 }
 
-/// Of a container that can be written, the objects are taken out.
+/// Takes the objects out of a container that can be written, and copies them out of another one.
 template <typename Container>
 PyObject* listOf(Container&& items)
 {
@@ -194,7 +194,7 @@ QVariant numberFrom(PyObject* value)
     return QVariant(number);
 }
 
-/// Of a range, an array or a sequence of the script's own class, whose items may not exist before they are asked for.
+/// Reads a range, an array or a sequence of the script's own class. Its items may not exist before they are asked for.
 QVariant sequenceFrom(PyObject* sequence)
 {
     // More would fill the memory, for a range that takes none itself.

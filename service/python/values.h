@@ -40,12 +40,12 @@ inline bool hasFloat(PyObject* value)
 /// Whether the value's class has `__fspath__`.
 bool isPath(PyObject* value);
 
-/// Where the value holds objects, `HeldItems` must live as long as the result. Touches nothing of the engine.
+/// Reads any value. `HeldItems` must live as long as a result that holds objects. Touches nothing of the engine.
 QVariant variantFrom(PyObject* value);
 /// The same for a comparison: nothing for None, and for what can't be an argument.
 std::optional<QVariant> comparedValue(PyObject* value);
-QString stringFrom(PyObject* text); ///< Of a str; throws on one that is no Unicode text (lone surrogates).
-QString pathFrom(PyObject* value);  ///< Of an object with `__fspath__`, which has to give a str.
+QString stringFrom(PyObject* text); ///< Reads a str; throws on one that is no Unicode text (lone surrogates).
+QString pathFrom(PyObject* value);  ///< Reads an object with `__fspath__`, which has to give a str.
 
 PyObject* toPython(const QVariant& value);
 PyObject* toPython(QVariant&& value); ///< Takes an object out of the variant, where the other one copies it.

@@ -263,6 +263,57 @@ for thread in loops:
     thread.join()
 expect(sorted(ahead)[20] <= 6 and sum(ahead) <= 1000, f"blocks ahead of each block: {ahead}")
 """,
+    "a wait for a block that the person interrupts": """
+app = brindle.create(folder)
+entered, leaves, order = threading.Event(), threading.Event(), []
+
+def hold():
+    with app.locked():
+        entered.set()
+        leaves.wait()
+
+def follow():
+    with app.locked():
+        order.append("next")
+
+holder = threading.Thread(target=guard(hold))
+holder.start()
+entered.wait()
+threading.Timer(0.2, signal.pthread_kill, (threading.main_thread().ident, signal.SIGINT)).start()
+try:
+    with app.locked():
+        order.append("entered")
+except KeyboardInterrupt:
+    order.append("interrupted")
+follower = threading.Thread(target=guard(follow))
+follower.start()
+leaves.set()
+holder.join()
+follower.join()
+with app.locked():
+    order.append("again")
+expect(order == ["interrupted", "next", "again"], f"{order}")
+""",
+    "a process that is forked off while a thread is in a block": """
+app = brindle.create(folder)
+entered, leaves = threading.Event(), threading.Event()
+
+def hold():
+    with app.locked():
+        entered.set()
+        leaves.wait()
+
+holder = threading.Thread(target=guard(hold))
+holder.start()
+entered.wait()
+child = os.fork()
+if child == 0:
+    with app.locked(), app.locked():
+        os._exit(7 if app.scene.name == "Scene-1" else 8)
+expect(os.waitstatus_to_exitcode(os.waitpid(child, 0)[1]) == 7, "the child entered a block")
+leaves.set()
+holder.join()
+""",
     "threads that open projects when the interpreter ends": """
 brindle.create(folder).close()
 
@@ -288,7 +339,7 @@ time.sleep(0.1)
 }
 
 FRAME = """
-import sys, threading, time
+import os, signal, sys, threading, time
 import brindle
 sys.path.insert(0, sys.argv[2])
 import support

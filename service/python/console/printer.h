@@ -5,7 +5,7 @@
 
 namespace brindle::python {
 
-/// Where the text of the script's streams goes: the one printer of the process, or its own streams without one.
+/// Sets the printer of the text that scripts write; without one it goes to the process's own streams.
 void setPrinter(BAPP_ScriptConsole::Printer printer);
 
 /// A new reference to a function of one argument, which hands a text to the printer; null with a Python error raised.

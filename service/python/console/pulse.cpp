@@ -75,10 +75,10 @@ void Pulse::ask()
     }
 }
 
-/// What was asked for may be heard when its pulse is over: it is then the outer one's, or nobody's.
+/// A signal may arrive when the pulse that sent it is over: it then counts for the outer pulse, or for none.
 void Pulse::beat()
 {
-    // A function that an event runs may be heard to the end.
+    // A function that an event runs is not interrupted by further events.
     if (s_beating)
         return;
     // At its end: however long the events take, the script has the time between two beats.
