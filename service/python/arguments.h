@@ -169,6 +169,8 @@ struct From<double> {
     static bool accepts(PyObject* value) { return PyFloat_Check(value) || PyIndex_Check(value) || hasFloat(value); }
     static double read(PyObject* value, unsigned int)
     {
+        if (PyFloat_CheckExact(value))
+            return PyFloat_AS_DOUBLE(value);
         const double number = PyFloat_AsDouble(value);
         if (number == -1.0 && PyErr_Occurred())
             throw PythonError{};

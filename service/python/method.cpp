@@ -2,12 +2,8 @@
 
 namespace brindle::python {
 
-bool arrange(const CallArguments& call, const Argument* arguments, std::size_t count, PyObject** slots)
+bool placeNamed(const CallArguments& call, const Argument* arguments, std::size_t count, PyObject** slots)
 {
-    if (call.total() > static_cast<Py_ssize_t>(count))
-        return false;
-    std::copy_n(call.values, call.count, slots);
-    std::fill(slots + call.count, slots + count, nullptr);
     for (Py_ssize_t i = 0; i < call.named(); ++i) {
         Py_ssize_t size = 0;
         const char* text = PyUnicode_AsUTF8AndSize(PyTuple_GET_ITEM(call.names, i), &size);
@@ -19,13 +15,6 @@ bool arrange(const CallArguments& call, const Argument* arguments, std::size_t c
         if (found == arguments + count || slots[found - arguments])
             return false;
         slots[found - arguments] = call.values[call.count + i];
-    }
-    for (std::size_t i = 0; i < count; ++i) {
-        // None says the same as leaving the argument out.
-        if (slots[i] == Py_None && arguments[i].fallback == "None")
-            slots[i] = nullptr;
-        if (!slots[i] && arguments[i].required())
-            return false;
     }
     return true;
 }

@@ -69,8 +69,9 @@ struct CallArguments {
     Py_ssize_t total() const { return count + named(); }
 };
 
-/// Puts the arguments in order; false when their number or names don't fit.
-bool arrange(const CallArguments& call, const Argument* arguments, std::size_t count, PyObject** slots);
+/// Puts the arguments that came with a name in their slots; false for a name that isn't among the arguments, or whose
+/// slot is taken.
+bool placeNamed(const CallArguments& call, const Argument* arguments, std::size_t count, PyObject** slots);
 
 /// Raises the TypeError for a call whose arguments fit no form of the method.
 [[noreturn]] void throwArity(const char* method, const CallArguments& call);
@@ -87,9 +88,15 @@ struct ArgumentReader {
     using ValueTuple = Values;
     using Indexes = std::make_index_sequence<count>;
 
+    /// Puts the arguments in order; false when their number or names don't fit.
     static bool arrange(const CallArguments& call, Slots& slots)
     {
-        return python::arrange(call, arguments.data(), count, slots.data());
+        if (call.total() > static_cast<Py_ssize_t>(count))
+            return false;
+        placeAll(call, slots, Indexes{});
+        if (call.names && !placeNamed(call, arguments.data(), count, slots.data()))
+            return false;
+        return isComplete(slots, Indexes{});
     }
 
     /// Whether all values fit; where they don't, the first that does not.
@@ -104,6 +111,29 @@ struct ArgumentReader {
 private:
     template <std::size_t I>
     using Reader = From<std::tuple_element_t<I, Values>>;
+
+    template <std::size_t... I>
+    static void placeAll(const CallArguments& call, [[maybe_unused]] Slots& slots, std::index_sequence<I...>)
+    {
+        ((slots[I] = static_cast<Py_ssize_t>(I) < call.count ? call.values[I] : nullptr), ...);
+    }
+
+    template <std::size_t... I>
+    static bool isComplete([[maybe_unused]] Slots& slots, std::index_sequence<I...>)
+    {
+        return (isSettled<I>(slots[I]) && ...);
+    }
+
+    template <std::size_t I>
+    static bool isSettled(PyObject*& slot)
+    {
+        // None says the same as leaving the argument out.
+        if constexpr (arguments[I].fallback == "None") {
+            if (slot == Py_None)
+                slot = nullptr;
+        }
+        return slot || !arguments[I].required();
+    }
 
     template <std::size_t... I>
     static bool acceptsAll([[maybe_unused]] const Slots& slots, [[maybe_unused]] unsigned int& misfit,

@@ -5,6 +5,8 @@
 #include "service/python/valueprotocol.h"
 
 #include <structmember.h>
+#include <array>
+#include <cstdint>
 #include <deque>
 #include <unordered_map>
 
@@ -189,10 +191,21 @@ void addAccessors(const TypeStorage& storage)
 
 const ClassTable& tableOf(PyTypeObject* type)
 {
-    for (; type; type = type->tp_base) {
-        const auto found = tablesByType().find(type);
-        if (found != tablesByType().end())
-            return *found->second;
+    // The types asked for last, by their address. Types of this module only: a script's own may go, and another take
+    // its place in memory.
+    static std::array<std::pair<PyTypeObject*, const ClassTable*>, 64> known;
+    auto& [knownType, table] = known[reinterpret_cast<std::uintptr_t>(type) / 64 % known.size()];
+    if (knownType == type)
+        return *table;
+    for (PyTypeObject* base = type; base; base = base->tp_base) {
+        const auto found = tablesByType().find(base);
+        if (found == tablesByType().end())
+            continue;
+        if (base == type) {
+            knownType = type;
+            table = found->second;
+        }
+        return *found->second;
     }
     throwTypeError("The class is not one of this module");
 }
