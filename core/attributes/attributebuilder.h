@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/attributes/attributecommands.h"
+#include "core/columns/columncast.h"
 #include "core/host/mo_framerange.h"
 #include "core/host/sc_scene.h"
 
@@ -36,36 +37,41 @@ CO_AndCommand* makeColumnCommand(T& attr, TUTimedValue*& column)
     return commands;
 }
 
-/// The command that makes a key without changing the curve, or null for a column of a kind that has none.
-BRINDLE_CORE_EXPORT CO_Command* spliceCommand(TUTimedValue* column, double frame, bool constantSegment);
-
-/// Adds to a composite what sets a value at a frame: all of its steps are done, or none.
+/// The command that sets a value at a frame; all of its steps are done, or none.
 template <typename T>
-void addSetValue(CO_BaseOrCommand& commands, T& attr, double frame, const typename T::ValueType& value,
-                 const SetValueOptions& options)
+std::unique_ptr<CO_Command> setValueCommand(T& attr, double frame, const typename T::ValueType& value,
+                                            const SetValueOptions& options)
 {
     const TUTvSocket* socket = attr.socket();
     TUTimedValue* column = socket ? socket->linkedTimedValue() : nullptr;
-    auto steps = std::make_unique<CO_AndCommand>();
+    std::unique_ptr<CO_AndCommand> steps;
+    const auto addStep = [&steps](CO_Command* step) {
+        if (step && !steps)
+            steps = std::make_unique<CO_AndCommand>();
+        if (step)
+            steps->add(step);
+    };
     if (column) {
         if (options.force || !(value == attr.value(frame)))
-            steps->add(spliceCommand(column, frame, options.constantSegment));
+            addStep(column->spliceCommand(frame, options.constantSegment));
     } else if (socket && (options.force || !(value == attr.localValue()))) {
-        steps->add(makeColumnCommand(attr, column));
+        addStep(makeColumnCommand(attr, column));
         if (column && options.holdFirstFrame && frame != 1)
-            steps->add(new SetValueCmd<T>(attr, 1, attr.localValue(), options.constantSegment, options.force));
+            addStep(new SetValueCmd<T>(attr, 1, attr.localValue(), options.constantSegment, options.force));
     }
     if constexpr (std::is_arithmetic_v<typename T::ValueType>) {
-        auto* curve = options.adjustColumn ? dynamic_cast<TUFnc2DTimedValue*>(column) : nullptr;
-        if (curve) {
+        if (auto* curve = options.adjustColumn ? OMC::columnCast<TUFnc2DTimedValue>(column) : nullptr) {
             auto adjustments = std::make_unique<CO_OrCommand>(true);
             curve->adjustColumn(frame, static_cast<double>(value), *adjustments);
             if (adjustments->size() > 0)
-                steps->add(adjustments.release());
+                addStep(adjustments.release());
         }
     }
-    steps->add(new SetValueCmd<T>(attr, frame, value, options.constantSegment, options.force));
-    commands.add(steps.release());
+    auto set = std::make_unique<SetValueCmd<T>>(attr, frame, value, options.constantSegment, options.force);
+    if (!steps)
+        return set;
+    addStep(set.release());
+    return steps;
 }
 
 /// Adds an amount to an animated attribute over a range of frames, keys of its own included, and holds still what lies
@@ -90,7 +96,7 @@ public:
         }
         add(make);
         m_column = column;
-        m_isNew = make != nullptr;
+        m_curve = OMC::columnCast<TUFnc2DTimedValue>(column);
         const std::vector<int> passive = range.passiveFrames();
         const std::vector<int> edges = range.edgeFrames();
         // All keys are made before the first one moves: a curve is cut where it was, not where it goes.
@@ -102,8 +108,8 @@ public:
             addKey(frame, attr.value(frame));
         for (const int frame : edges)
             addKey(frame, offset(attr.value(frame)));
-        if (const auto* bezier = m_isNew ? nullptr : dynamic_cast<const TUBezierTimedValue*>(column))
-            addPoints(*bezier, range);
+        for (int index = 0; m_curve && index < m_curve->pointCount(); ++index)
+            addPoint(m_curve->curvePoint(index), range);
     }
 
     /// The first step that fails undoes those before it: half an offset is none.
@@ -131,18 +137,11 @@ private:
         }
     }
 
-    bool hasKey(double frame) const
-    {
-        const auto* keys = m_isNew ? nullptr : dynamic_cast<const AT_FncTimedValue*>(m_column);
-        return keys && keys->isKey(frame);
-    }
+    bool hasKey(double frame) const { return m_curve && m_curve->isKey(frame); }
+    bool isHeld(double frame) const { return m_curve && m_curve->isConstantAt(frame); }
 
     /// A key on the curve, where none stands.
-    void addSplice(double frame)
-    {
-        if (!hasKey(frame))
-            add(spliceCommand(m_column, frame, isHeld(frame)));
-    }
+    void addSplice(double frame) { add(m_column->spliceCommand(frame, isHeld(frame))); }
 
     /// The value of the key that is made there; one that stands already is left alone.
     void addKey(double frame, Value value)
@@ -151,25 +150,14 @@ private:
             add(new SetValueCmd<T>(m_attr, frame, value, isHeld(frame), true));
     }
 
-    /// Whether the value at a frame is that of the key before it, up to the next one.
-    bool isHeld(double frame) const
+    void addPoint(const TUFnc2DPoint& point, const MO_FrameRange& range)
     {
-        const auto* bezier = m_isNew ? nullptr : dynamic_cast<const TUBezierTimedValue*>(m_column);
-        BezierCtrlPt before;
-        return bezier && bezier->pointBefore(frame, before) && before.constSegment;
-    }
-
-    void addPoints(const TUBezierTimedValue& column, const MO_FrameRange& range)
-    {
-        for (int index = 0; index < column.pointCount(); ++index) {
-            const BezierCtrlPt point = column.point(index);
-            if (isEnabled(range, point.frame))
-                add(new SetValueCmd<T>(m_attr, point.frame, offset(valueOf(point)), point.constSegment, true));
-        }
+        if (isEnabled(range, point.frame))
+            add(new SetValueCmd<T>(m_attr, point.frame, offset(valueOf(point)), point.constSegment, true));
     }
 
     /// The key's own value. The column may show another one at its frame, where it holds its values.
-    static Value valueOf(const BezierCtrlPt& point)
+    static Value valueOf(const TUFnc2DPoint& point)
     {
         if constexpr (std::is_integral_v<Value>) {
             using Limits = std::numeric_limits<Value>;
@@ -191,7 +179,7 @@ private:
     T& m_attr;
     Value m_delta;
     TUTimedValue* m_column = nullptr;
-    bool m_isNew = false;
+    const TUFnc2DTimedValue* m_curve = nullptr; ///< The same, where it is a curve of values.
 };
 
 } // namespace tu_attr

@@ -5,39 +5,30 @@
 #include "core/host/co_command.h"
 #include "core/host/tu_timedvalue.h"
 
-#include <array>
-#include <type_traits>
+#include <memory>
 #include <utility>
 
 /// Undoable changes of attribute values, for each kind of attribute that holds one. The attribute belongs to its node,
 /// which lives as long as the undo list can reach the command.
 namespace tu_attr {
 
-/// The key of a bezier column that a new value goes to: made where none stands, and brought back as it was.
-///
-/// Making a key and moving it touch the key and the two beside it; these are remembered whole. What the column brings
-/// back itself is left as it is, the rest is written back, so that undoing doesn't hang on arithmetic running
-/// backwards.
+/// The place in a column that a new value goes to: with a key there, where the kind has keys, and brought back as it
+/// was.
 class BRINDLE_CORE_EXPORT ValueKey {
 public:
-    /// Remembers the keys and makes one at the frame. A column without control points is left alone.
-    void prepare(TUTimedValue* column, double frame);
-    bool made() const { return m_made; } ///< Whether there was no key at the frame before.
-    void erase();                        ///< Takes the key away that was made.
-    void restore();                      ///< Brings the remembered keys back as they were.
-    /// The value of the key that stood at the frame before, or null.
-    const double* value() const { return m_hadPoint ? &m_points[0].value : nullptr; }
+    ValueKey() = default;
+    /// Remembers what the column has there and makes a key. Null, and a column without values at frames, has none.
+    ValueKey(TUTimedValue* column, double frame);
+
+    bool exists() const { return m_memo != nullptr; }
+    /// Takes the key away that was made, and brings back what the column had.
+    void restore();
 
 private:
-    void restore(const BezierCtrlPt& point);
-
-    AT_FncTimedValue* m_column = nullptr;
-    TUBezierTimedValue* m_bezier = nullptr;
-    std::array<BezierCtrlPt, 2> m_points;
-    int m_count = 0;
-    bool m_hadPoint = false;
+    std::unique_ptr<TUCellMemo> m_memo;
+    TUTimedValue* m_column = nullptr;
     double m_frame = 0;
-    bool m_made = false;
+    bool m_made = false; ///< There was no key at the frame before.
 };
 
 /// Tell of a changed value whoever shows the node.
@@ -91,14 +82,14 @@ public:
     Status execute() override
     {
         m_done = false;
-        m_key = ValueKey();
-        m_previous = m_attr.value(m_frame);
         TUTimedValue* column = linkedColumn();
         if (!takesValues(column))
             return kFail;
-        m_key.prepare(column, m_frame);
+        m_key = ValueKey(column, m_frame);
+        if (!m_key.exists())
+            m_previous = m_attr.value(m_frame);
         if (!m_attr.setValue(m_frame, m_value, m_constantSegment, m_force)) {
-            m_key.erase();
+            m_key.restore();
             return column && m_force ? kFail : kNoop;
         }
         m_done = true;
@@ -110,11 +101,10 @@ public:
     {
         if (!m_done)
             return kNoop;
-        if (m_key.made())
-            m_key.erase();
+        if (m_key.exists())
+            m_key.restore();
         else
-            m_attr.setValue(m_frame, previousOfKey(), false, m_force);
-        m_key.restore();
+            m_attr.setValue(m_frame, m_previous, false, m_force);
         announce(linkedColumn());
         return kOk;
     }
@@ -124,15 +114,6 @@ private:
     {
         const TUTvSocket* socket = m_attr.socket();
         return socket ? socket->linkedTimedValue() : nullptr;
-    }
-
-    /// The key may have another value than the column shows at its frame, where the column holds its values.
-    Value previousOfKey() const
-    {
-        if constexpr (std::is_same_v<Value, double>)
-            return m_key.value() ? *m_key.value() : m_previous;
-        else
-            return m_previous;
     }
 
     void announce(TUTimedValue* column) const

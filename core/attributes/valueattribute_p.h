@@ -80,11 +80,10 @@ void ValueAttribute<Engine>::changeValue(Engine& attr, int frame, Argument value
 {
     CO_CommandManager& manager = undo::manager(attr.sceneCommon(), unexpected::ErrorHasOccurred);
     static const QString label = tr("Set Attribute Value");
-    auto commands = std::make_unique<CO_OrCommand>(true);
-    tu_attr::addSetValue(
-        *commands, attr, frame, value,
+    auto command = tu_attr::setValueCommand(
+        attr, frame, value,
         {.force = true, .adjustColumn = adjustColumn, .constantSegment = PR_CachedPreferences::getSpConstantSegment()});
-    run(manager, commands.release(), label, failedValue);
+    run(manager, command.release(), label, failedValue);
 }
 
 template <typename Engine>

@@ -10,11 +10,6 @@ namespace OMC {
 
 BezierColumn::BezierColumn(TUBezierTimedValue* timedValue) : KeyframeableColumn(timedValue) {}
 
-BaseObject* BezierColumn::copy() const
-{
-    return new BezierColumn(*this);
-}
-
 std::string BezierColumn::__str__() const
 {
     return described(tr("BezierColumn(%1)"));
@@ -22,7 +17,7 @@ std::string BezierColumn::__str__() const
 
 QVariant BezierColumn::getEntry(double frame, int) const
 {
-    const auto& column = timedValueAs<TUBezierTimedValue>();
+    const auto& column = bezier();
     if (!std::isfinite(frame))
         throwInvalidArgument(0);
     return column.evaluate(frame);
@@ -30,7 +25,7 @@ QVariant BezierColumn::getEntry(double frame, int) const
 
 void BezierColumn::setEntry(double frame, QVariant value, int)
 {
-    auto& column = timedValueAs<TUBezierTimedValue>();
+    auto& column = bezier();
     if (!std::isfinite(frame))
         throwInvalidArgument(0);
     BezierColumnValue(&column, frame).setValue(value);
@@ -38,18 +33,18 @@ void BezierColumn::setEntry(double frame, QVariant value, int)
 
 QVariant BezierColumn::get(int frame) const
 {
-    return toVariant(new BezierColumnValue(&timedValue(), frame));
+    return toVariant(new BezierColumnValue(&target(), frame));
 }
 
 void BezierColumn::set(int frame, const QVariant& value)
 {
-    BezierColumnValue(&timedValue(), frame).setValue(value);
+    BezierColumnValue(&target(), frame).setValue(value);
 }
 
 void BezierColumn::createPoint(double frame, double value, double handleLeftX, double handleLeftY, double handleRightX,
                                double handleRightY, bool constSegment, const QString& continuity)
 {
-    auto& column = timedValueAs<TUBezierTimedValue>();
+    auto& column = bezier();
     const double numbers[] = {frame, value, handleLeftX, handleLeftY, handleRightX, handleRightY};
     for (unsigned int argument = 0; argument < std::size(numbers); ++argument) {
         if (!std::isfinite(numbers[argument]))
@@ -81,6 +76,12 @@ void BezierColumn::createPoint(double frame, double value, double handleLeftX, d
     edit.run(new cmd::SetRightHandleGlobalCmd(&column, frame, handleRightX, handleRightY));
     edit.run(new cmd::SetConstSegCmd(&column, frame, constSegment));
     edit.run(new cmd::SetContinuityCmd(&column, frame, number, 0));
+}
+
+// A wrapper leads to the column that it was made for, or to nothing.
+TUBezierTimedValue& BezierColumn::bezier() const
+{
+    return static_cast<TUBezierTimedValue&>(target());
 }
 
 } // namespace OMC

@@ -9,11 +9,11 @@ namespace OMC {
 /// A curve through keyframes with a handle on either side. Its entries by frame are BezierColumnValue objects.
 class BRINDLE_CORE_EXPORT BezierColumn : public KeyframeableColumn {
     Q_OBJECT
+    BRINDLE_COPYABLE(BezierColumn)
 
 public:
     explicit BezierColumn(TUBezierTimedValue* timedValue);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     /// The curve's value at a frame. There are no sub-columns.
@@ -31,6 +31,9 @@ public:
     /// handles, drawn back to the new keyframe where they reach beyond it.
     void createPoint(double frame, double value, double handleLeftX, double handleLeftY, double handleRightX,
                      double handleRightY, bool constSegment, const QString& continuity);
+
+private:
+    TUBezierTimedValue& bezier() const;
 };
 
 } // namespace OMC

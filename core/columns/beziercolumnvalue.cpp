@@ -43,11 +43,6 @@ double valueFromVariant(const QVariant& variant)
 BezierColumnValue::BezierColumnValue(TUTimedValue* timedValue, double frame) : m_timedValue(timedValue), m_frame(frame)
 {}
 
-BaseObject* BezierColumnValue::copy() const
-{
-    return new BezierColumnValue(*this);
-}
-
 std::string BezierColumnValue::__str__() const
 {
     return tr("BezierColumnValue(\"%1\", %2)").arg(place().column.getName(), QString::number(m_frame)).toStdString();
@@ -137,7 +132,7 @@ void BezierColumnValue::setContinuity(const QString& continuity)
                             .arg(continuity, QStringLiteral("STRAIGHT, CORNER, SMOOTH")));
     if (number == key.point.continuity)
         return;
-    // The label is the constant segment's: required.
+    // Required: the label is the constant segment's.
     BezierEdit edit(key.column, tr("Set Constant Segment on "));
     edit.run(new cmd::SetContinuityCmd(&key.column, m_frame, number, 0));
 }
@@ -190,7 +185,7 @@ void BezierColumnValue::setHandleRightY(double y)
         setRightHandle(key, key.point.rightX, y);
 }
 
-// On a keyframe it is that keyframe itself, and never steps further back: required.
+// Required: on a keyframe it is that keyframe itself, and never steps further back.
 Obj BezierColumnValue::getKeyframePrevious() const
 {
     const Place here = place();
@@ -199,7 +194,7 @@ Obj BezierColumnValue::getKeyframePrevious() const
     return here.isKey ? Obj(copy()) : Obj(new BezierColumnValue(&here.column, here.point.frame));
 }
 
-// Ahead of the first keyframe there is none: required.
+// Required: ahead of the first keyframe there is none.
 Obj BezierColumnValue::getKeyframeNext() const
 {
     const Place here = place();
@@ -223,7 +218,7 @@ BezierColumnValue::Place BezierColumnValue::place() const
     return here;
 }
 
-// The constant segment's text stands for continuity and handles too: required.
+// Required: the constant segment's text stands for continuity and handles too.
 BezierColumnValue::Place BezierColumnValue::keyPlace() const
 {
     const Place here = place();

@@ -12,6 +12,7 @@ namespace OMC {
 /// Handles are in frames (x) and in the column's values (y). Threads are the column's care.
 class BRINDLE_CORE_EXPORT BezierColumnValue : public ColumnValue {
     Q_OBJECT
+    BRINDLE_COPYABLE(BezierColumnValue)
     Q_PROPERTY(bool key READ getKey WRITE setKey)
     Q_PROPERTY(bool const_segment READ getConstSegment WRITE setConstSegment)
     Q_PROPERTY(QString continuity READ getContinuity WRITE setContinuity)
@@ -25,7 +26,6 @@ class BRINDLE_CORE_EXPORT BezierColumnValue : public ColumnValue {
 public:
     BezierColumnValue(TUTimedValue* timedValue, double frame);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     double getFrame() const override;

@@ -20,9 +20,17 @@ BezierControlPoint::BezierControlPoint(TUBezierTimedValue& timedValue, const Bez
       m_identity(point.identity)
 {}
 
-BaseObject* BezierControlPoint::copy() const
+BezierControlPoint* BezierControlPoint::at(TUBezierTimedValue& timedValue, quint64 index)
 {
-    return new BezierControlPoint(*this);
+    if (index >= static_cast<quint64>(timedValue.pointCount()))
+        return nullptr;
+    return new BezierControlPoint(timedValue, timedValue.point(static_cast<int>(index)));
+}
+
+BezierControlPoint* BezierControlPoint::at(TUBezierTimedValue& timedValue, double frame)
+{
+    BezierCtrlPt point;
+    return timedValue.pointAt(frame, point) ? new BezierControlPoint(timedValue, point) : nullptr;
 }
 
 std::string BezierControlPoint::__str__() const

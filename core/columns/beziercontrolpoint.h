@@ -17,11 +17,16 @@ class BRINDLE_CORE_EXPORT BezierControlPoint : public ControlPoint {
     Q_PROPERTY(double handle_right_x READ getHandleRightX)
     Q_PROPERTY(double handle_right_y READ getHandleRightY)
 
+    BRINDLE_COPYABLE(BezierControlPoint)
+
 public:
     BezierControlPoint(TUBezierTimedValue* timedValue, double frame);
     BezierControlPoint(TUBezierTimedValue& timedValue, const BezierCtrlPt& point); ///< A point that stands there.
 
-    BaseObject* copy() const override;
+    /// A new object for the point at a place, or at a frame; null where there is none.
+    static BezierControlPoint* at(TUBezierTimedValue& timedValue, quint64 index);
+    static BezierControlPoint* at(TUBezierTimedValue& timedValue, double frame);
+
     std::string __str__() const override;
 
     QVariant getValue() const override;

@@ -1,7 +1,5 @@
 #include "core/columns/bezieredit.h"
 
-#include "core/columns/beziercolumn.h"
-
 namespace OMC {
 
 BezierEdit::BezierEdit(TUBezierTimedValue& column, const QString& what)

@@ -1,10 +1,11 @@
 #include "core/columns/column.h"
 
 #include "core/attributes/attribute.h"
+#include "core/columns/columnkinds.h"
 #include "core/columns/repeatzone.h"
 #include "core/columns/timedvaluevisitor.h"
+#include "core/frame/found.h"
 #include "core/frame/undo.h"
-#include "core/frame/weakhandle.h"
 #include "core/host/sc_scene.h"
 #include "core/host/tu_timedvalue.h"
 #include "core/nodes/node.h"
@@ -12,16 +13,9 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <map>
 #include <set>
 
 namespace OMC {
-
-struct Column::Private : Recycled {
-    WeakPointer<TUTimedValue> timedValue;
-    quint32 currentIndex = 1;
-    bool atEnd = false;
-};
 
 namespace {
 
@@ -38,17 +32,8 @@ int subColumnOf(int subColumn)
 
 bool drivesAttributes(const TUTimedValue& column)
 {
-    switch (column.type()) {
-    case TUTimedValue::kBezier:
-    case TUTimedValue::kEase:
-    case TUTimedValue::k3dPath:
-    case TUTimedValue::kVeloBased:
-    case TUTimedValue::kQuaternionPath:
-    case TUTimedValue::kDrawing:
-        return true;
-    default:
-        return false;
-    }
+    const ColumnKind* kind = columnKind(column.type());
+    return kind && kind->drivesAttributes;
 }
 
 int frameFromText(const QString& text, const QString& failure)
@@ -62,15 +47,9 @@ int frameFromText(const QString& text, const QString& failure)
 
 } // namespace
 
-Column::Column(TUTimedValue* timedValue) : d(new Private{{}, WeakPointer<TUTimedValue>(timedValue)}) {}
-
-Column::Column(const Column& other) : BaseObject(other), d(std::make_unique<Private>(*other.d)) {}
-
-Column::~Column() = default;
-
-BaseObject* Column::copy() const
+Column::Column(TUTimedValue* timedValue) : FlaggedList(timedValue)
 {
-    return new Column(*this);
+    setPosition(firstIndex);
 }
 
 std::string Column::__str__() const
@@ -83,36 +62,15 @@ bool Column::filterDir(std::string& name) const
     return name == "set_entry" || name == "get_entry" || BaseObject::filterDir(name);
 }
 
-void Column::validate() const
-{
-    if (!d->timedValue.get())
-        throwInvalid();
-    validateThreadLock();
-}
-
 QString Column::getType() const
 {
-    static constexpr std::pair<int, const char*> types[] = {
-        {TUTimedValue::kDrawing, "DRAWING"},
-        {TUTimedValue::kSound, "SOUND"},
-        {TUTimedValue::k3dPath, "3D_PATH"},
-        {TUTimedValue::kBezier, "BEZIER"},
-        {TUTimedValue::kEase, "EASE"},
-        {TUTimedValue::kExpression, "EXPR"},
-        {TUTimedValue::kTiming, "TIMING"},
-        {TUTimedValue::kVeloBased, "VELOBASED"},
-        {TUTimedValue::kQuaternionPath, "QUATERNION_PATH"},
-        {TUTimedValue::kAnnotation, "ANNOTATION"},
-        {TUTimedValue::kFileLibrary, "FILE_LIBRARY"},
-    };
-    static const std::map<int, QString> names(std::begin(types), std::end(types));
-    const auto name = names.find(timedValue().type());
-    return name == names.end() ? tr("Undefined Column type") : name->second;
+    const ColumnKind* kind = columnKind(target().type());
+    return kind ? QString::fromLatin1(kind->text) : tr("Undefined Column type");
 }
 
 QVariant Column::getEntry(double frame, int subColumn) const
 {
-    const TUTimedValue& column = timedValue();
+    const TUTimedValue& column = target();
     if (!std::isfinite(frame))
         throwInvalidArgument(0);
     QString text;
@@ -126,15 +84,12 @@ QVariant Column::getEntry(double frame, int subColumn) const
 
 void Column::setEntry(double frame, QVariant value, int subColumn)
 {
-    TUTimedValue& column = timedValue();
+    TUTimedValue& column = target();
     if (!std::isfinite(frame))
         throwInvalidArgument(0);
-    const SC_SceneCommon* common = column.sceneCommon();
-    if (!common)
-        unexpected::fail(unexpected::ErrorAtCheck1);
-    CO_CommandManager& manager = undo::manager(common, unexpected::ErrorAtCheck2);
-    if (!dynamic_cast<const TUScene*>(common->timedValues()))
-        unexpected::fail(unexpected::ErrorAtCheck3);
+    const SC_SceneCommon& common = found(column.sceneCommon(), unexpected::ErrorAtCheck1);
+    CO_CommandManager& manager = undo::manager(&common, unexpected::ErrorAtCheck2);
+    foundAs<const TUScene>(common.timedValues(), unexpected::ErrorAtCheck3);
 
     undo::Scope scope(manager, tr("Set Xsheet Entry"));
     const int place = subColumnOf(subColumn);
@@ -145,49 +100,27 @@ void Column::setEntry(double frame, QVariant value, int subColumn)
         zone.repeat(column, [&](int cell) { return getEntry(cell, place).toString(); });
 }
 
-// It doesn't check the thread: size does.
+// Doesn't check the thread; size does.
 unsigned int Column::nFrames() const
 {
     return static_cast<unsigned int>(std::max(scene().getNumberOfFrames(), 0));
 }
 
-QVariant Column::__iterItem__() const
-{
-    validate();
-    const quint32 frame = d->currentIndex;
-    if (frame + 1 > nFrames())
-        d->atEnd = true;
-    return get(static_cast<int>(frame));
-}
-
-void Column::operator++()
-{
-    validate();
-    if (!d->atEnd)
-        ++d->currentIndex;
-}
-
-void Column::operator--()
-{
-    validate();
-    if (d->currentIndex == 1)
-        return;
-    --d->currentIndex;
-    d->atEnd = false;
-}
-
 bool Column::__atend__() const
 {
     validate();
-    return d->atEnd;
+    return FlaggedList::__atend__();
 }
 
-Obj Column::__iter__() const
+void Column::startIteration()
 {
-    validate();
-    std::unique_ptr<Column> iterator(static_cast<Column*>(copy()));
-    iterator->resetIterator();
-    return Obj(iterator.release());
+    setAtEnd(nFrames() == 0);
+}
+
+// Positions are frames, from 1 to the last one.
+std::size_t Column::iterationSize() const
+{
+    return static_cast<std::size_t>(nFrames()) + firstIndex;
 }
 
 std::size_t Column::size() const
@@ -218,7 +151,7 @@ void Column::set(int frame, const QVariant& value)
     setEntry(frame, value, -1);
 }
 
-// The invalid values ahead of the entries are required: scripts index the list behind them.
+// Required: the invalid values ahead of the entries. Scripts index the list behind them.
 QList<QVariant> Column::list() const
 {
     validate();
@@ -233,18 +166,18 @@ QList<QVariant> Column::list() const
 
 unsigned int Column::getCurrentIndex() const
 {
-    return d->currentIndex;
+    return static_cast<unsigned int>(position());
 }
 
 void Column::resetIterator()
 {
-    d->currentIndex = 1;
-    d->atEnd = nFrames() == 0;
+    setPosition(firstIndex);
+    startIteration();
 }
 
 void Column::scale(double factor, unsigned int second)
 {
-    TUTimedValue& column = timedValue();
+    TUTimedValue& column = target();
     if (!std::isfinite(factor))
         throwInvalidArgument(0);
     CO_CommandManager& manager = commandManager();
@@ -257,7 +190,7 @@ void Column::scale(double factor, unsigned int second)
 
 TUTimedValue* Column::getTimedValue() const
 {
-    return d->timedValue.get();
+    return findTarget();
 }
 
 Column* Column::getWrapped(TUTimedValue* timedValue)
@@ -271,12 +204,12 @@ Column* Column::getWrapped(TUTimedValue* timedValue)
 
 QString Column::getName() const
 {
-    return timedValue().getName();
+    return target().getName();
 }
 
 void Column::setName(const QString& name)
 {
-    TUTimedValue& column = timedValue();
+    TUTimedValue& column = target();
     const QString oldName = column.getName();
     if (name == oldName)
         return;
@@ -289,17 +222,17 @@ void Column::setName(const QString& name)
 
 QString Column::getDisplayName() const
 {
-    return timedValue().getDisplayName();
+    return target().getDisplayName();
 }
 
 bool Column::getAnonymous() const
 {
-    return timedValue().isAnonymous();
+    return target().isAnonymous();
 }
 
 void Column::setAnonymous(bool anonymous)
 {
-    TUTimedValue& column = timedValue();
+    TUTimedValue& column = target();
     if (anonymous == column.isAnonymous())
         return;
     CO_CommandManager& manager = commandManager();
@@ -310,7 +243,7 @@ void Column::setAnonymous(bool anonymous)
 
 QVariantList Column::getLinkedNodes() const
 {
-    const TUTimedValue& column = timedValue();
+    const TUTimedValue& column = target();
     QVariantList nodes;
     if (!drivesAttributes(column))
         return nodes;
@@ -321,7 +254,7 @@ QVariantList Column::getLinkedNodes() const
 
 QVariantList Column::getLinkedAttributes() const
 {
-    const TUTimedValue& column = timedValue();
+    const TUTimedValue& column = target();
     QVariantList attributes;
     if (!drivesAttributes(column))
         return attributes;
@@ -335,35 +268,22 @@ QVariantList Column::getLinkedAttributes() const
     return attributes;
 }
 
-TUTimedValue& Column::timedValue() const
-{
-    validate();
-    return *d->timedValue.get();
-}
-
 CO_CommandManager& Column::commandManager() const
 {
-    const SC_SceneCommon* common = timedValue().sceneCommon();
-    CO_CommandManager& manager = undo::manager(common);
+    CO_CommandManager& manager = undo::manager(target().sceneCommon());
     scene();
     return manager;
 }
 
 const TUScene& Column::scene() const
 {
-    const TUTimedValue* column = d->timedValue.get();
-    if (!column)
-        throwInvalid();
-    const SC_SceneCommon* common = column->sceneCommon();
-    const auto* scene = common ? dynamic_cast<const TUScene*>(common->timedValues()) : nullptr;
-    if (!scene)
-        unexpected::fail();
-    return *scene;
+    const SC_SceneCommon& common = found(found(findTarget()).sceneCommon(), unexpected::ErrorOccurred);
+    return foundAs<const TUScene>(common.timedValues(), unexpected::ErrorOccurred);
 }
 
 std::string Column::described(const QString& pattern) const
 {
-    return pattern.arg(timedValue().getName()).toStdString();
+    return pattern.arg(target().getName()).toStdString();
 }
 
 } // namespace OMC

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "core/frame/obj.h"
-#include "core/frame/unexpected.h"
+#include "core/frame/engineview.h"
+#include "core/frame/iterable.h"
+#include "core/frame/listiteration.h"
 
 #include <QList>
-
-#include <memory>
 
 class CO_CommandManager;
 class TUScene;
@@ -13,13 +12,24 @@ class TUTimedValue;
 
 namespace OMC {
 
+/// The size and the entries of a column, which a loop over it asks for.
+class ColumnFrames : public EngineView<TUTimedValue> {
+public:
+    virtual std::size_t size() const = 0;
+    virtual QVariant get(int frame) const = 0;
+
+protected:
+    using EngineView::EngineView;
+};
+
 /// A column of the exposure sheet: a value for each frame of the scene, and what it drives.
 ///
 /// Frames count from 1; a fractional frame means what the column makes of it. A sub-column of -1 stands for 1. The
 /// column belongs to its scene; once it is removed, every wrapper of it is invalid. Iterating a column walks its
 /// frames.
-class BRINDLE_CORE_EXPORT Column : public BaseObject {
+class BRINDLE_CORE_EXPORT Column : public FlaggedList<ColumnFrames, IterableQVar> {
     Q_OBJECT
+    BRINDLE_COPYABLE(Column)
     Q_PROPERTY(QString name READ getName WRITE setName)
     Q_PROPERTY(QString display_name READ getDisplayName)
     Q_PROPERTY(QString type READ getType)
@@ -28,44 +38,32 @@ class BRINDLE_CORE_EXPORT Column : public BaseObject {
     Q_PROPERTY(QVariantList linked_attributes READ getLinkedAttributes)
 
 public:
-    static constexpr int firstIndex = 1; ///< Of the items, which are those of the frames.
+    static constexpr int firstIndex = 1; ///< The items are those of the frames, which count from 1.
 
     explicit Column(TUTimedValue* timedValue);
-    Column(const Column& other);
-    ~Column() override;
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
     bool filterDir(std::string& name) const override;
 
-protected:
-    void validate() const override;
-
-public:
     virtual QString getType() const; ///< "DRAWING", "BEZIER", ...
-    /// What the exposure sheet shows at a frame, as text.
+    /// The text that the exposure sheet shows at a frame.
     virtual QVariant getEntry(double frame, int subColumn = -1) const;
     /// Writes a cell as if typed into the exposure sheet. In a repeated zone, what repeats the cell follows.
     virtual void setEntry(double frame, QVariant value, int subColumn = -1);
-    virtual unsigned int nFrames() const; ///< Of the scene.
+    virtual unsigned int nFrames() const; ///< The number of frames of the scene.
 
-    /// The cursor of an iteration is a frame.
-    virtual QVariant __iterItem__() const;
-    virtual void operator++();
-    virtual void operator--();
-    virtual bool __atend__() const;
-    virtual Obj __iter__() const;
+    bool __atend__() const override;
 
-    virtual std::size_t size() const; ///< As nFrames.
+    std::size_t size() const override; ///< As nFrames.
     /// The entry at a frame, which may be given as text.
     virtual QVariant get(const QString& frame) const;
-    virtual QVariant get(int frame) const;
+    QVariant get(int frame) const override;
     virtual void set(const QString& frame, const QVariant& value);
     virtual void set(int frame, const QVariant& value);
     /// As many invalid values as the scene has frames, one more, and behind them the entries.
     virtual QList<QVariant> list() const;
 
-    unsigned int getCurrentIndex() const;
+    unsigned int getCurrentIndex() const; ///< The frame that an iteration stands at.
     void resetIterator();
 
     /// Multiplies the values; `second` means what the column makes of it. Throws where the kind can't be scaled.
@@ -81,33 +79,24 @@ public:
     QString getDisplayName() const;
     bool getAnonymous() const;
     void setAnonymous(bool anonymous);
-    /// What the column drives; empty for the kinds that drive nothing.
+    /// The nodes and attributes that the column drives; none for the kinds that drive nothing.
     QVariantList getLinkedNodes() const;
     QVariantList getLinkedAttributes() const;
 
 protected:
-    /// The checked engine column.
-    TUTimedValue& timedValue() const;
-    /// The engine column as one of class T; throws when it is gone or none.
-    template <typename T>
-    T& timedValueAs() const;
     /// The scene's command manager; throws the class's sentence when the scene isn't whole.
     CO_CommandManager& commandManager() const;
     const TUScene& scene() const;
     std::string described(const QString& pattern) const;
 
 private:
-    struct Private;
-    std::unique_ptr<Private> d;
+    void beforeIteration() const override { validate(); }
+    void beforeStep() const override { validate(); }
+    void startIteration() override;
+    quint64 firstPosition() const override { return firstIndex; }
+    std::size_t iterationSize() const override;
+    void throwNoMoreItems() const override {}
+    bool stopsAtEnd() const override { return true; }
 };
-
-template <typename T>
-T& Column::timedValueAs() const
-{
-    auto* column = dynamic_cast<T*>(&timedValue());
-    if (!column)
-        unexpected::fail();
-    return *column;
-}
 
 } // namespace OMC

@@ -4,11 +4,6 @@ namespace OMC {
 
 ControlPoint::ControlPoint(double frame) : m_frame(frame) {}
 
-BaseObject* ControlPoint::copy() const
-{
-    return new ControlPoint(*this);
-}
-
 std::string ControlPoint::__str__() const
 {
     validate();

@@ -7,13 +7,13 @@ namespace OMC {
 /// A control point of a column, found by its frame.
 class BRINDLE_CORE_EXPORT ControlPoint : public BaseObject {
     Q_OBJECT
+    BRINDLE_COPYABLE(ControlPoint)
     Q_PROPERTY(double frame READ getFrame)
     Q_PROPERTY(QVariant value READ getValue WRITE setValue)
 
 public:
     explicit ControlPoint(double frame);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     virtual QVariant getValue() const;

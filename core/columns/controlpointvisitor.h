@@ -1,46 +1,34 @@
 #pragma once
 
-#include "core/columns/controlpoint.h"
-#include "core/host/tu_timedvalue.h"
+#include "core/columns/columnclasses.h"
 
 #include <memory>
 
 namespace OMC {
 
-/// Makes the object for a control point of a column, by the kind of column. Null for a kind that has none.
-class ControlPointVisitor : public AT_TimedValueVisitor {
+/// Makes the object for a control point of a column, by the kind of column, and keeps it. Null for a kind that has
+/// none. The point is named by its place (quint64), from 0, or by its frame (double).
+template <typename Name>
+class ControlPointMaker : public AT_TimedValueVisitor {
 public:
-    using AT_TimedValueVisitor::visit;
+    explicit ControlPointMaker(Name name) : m_name(name) {}
 
     /// The object made last; the caller owns it.
     ControlPoint* take() { return m_point.release(); }
 
 protected:
+    template <typename Class>
+    void found(typename Class::TimedValue& column)
+    {
+        m_point.reset(Class::Points::at(column, m_name));
+    }
+
+private:
+    Name m_name;
     std::unique_ptr<ControlPoint> m_point;
 };
 
-/// By the point's place, from 0.
-class ControlPointWrapperVisitor final : public ControlPointVisitor {
-public:
-    explicit ControlPointWrapperVisitor(quint64 index) : m_index(index) {}
-
-    using ControlPointVisitor::visit;
-    void visit(TUBezierTimedValue& column) override;
-
-private:
-    quint64 m_index;
-};
-
-/// By the point's frame.
-class ControlPointFrameWrapperVisitor final : public ControlPointVisitor {
-public:
-    explicit ControlPointFrameWrapperVisitor(double frame) : m_frame(frame) {}
-
-    using ControlPointVisitor::visit;
-    void visit(TUBezierTimedValue& column) override;
-
-private:
-    double m_frame;
-};
+using ControlPointWrapperVisitor = VisitColumnClasses<ControlPointMaker<quint64>>;
+using ControlPointFrameWrapperVisitor = VisitColumnClasses<ControlPointMaker<double>>;
 
 } // namespace OMC

@@ -1,8 +1,10 @@
 #include "core/columns/keyframeablecolumn.h"
 
+#include "core/columns/columncast.h"
 #include "core/columns/controlpointlist.h"
 #include "core/columns/controlpointvisitor.h"
 #include "core/columns/keyframeedit.h"
+#include "core/frame/found.h"
 #include "core/frame/undo.h"
 #include "core/host/sc_scene.h"
 #include "core/host/tu_timedvalue.h"
@@ -10,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <string>
 #include <utility>
@@ -19,27 +22,39 @@ namespace OMC {
 
 namespace {
 
-/// A line a frame for debugging, which is required to stay: "FRAME: %f". All lines at once, as each of them may be a
-/// system call.
+/// Required: a line a frame, "FRAME: %f". All lines at once, as each of them may be a system call.
 void printFrames(const QList<double>& frames)
 {
     std::string lines;
+    lines.reserve(static_cast<std::size_t>(frames.size()) * sizeof("FRAME: 10000.000000\n"));
     std::array<char, 400> number; // the largest one has 309 digits ahead of its point
     for (const double frame : frames) {
-        const auto written = std::to_chars(number.begin(), number.end(), frame, std::chars_format::fixed, 6);
-        lines.append("FRAME: ").append(number.data(), written.ptr).append(1, '\n');
+        // Most frames are whole, and a whole number is written in a tenth of the time.
+        const bool isWhole = std::abs(frame) < 1e15 && frame == std::trunc(frame) && !std::signbit(frame);
+        const auto written = isWhole ? std::to_chars(number.begin(), number.end(), static_cast<long long>(frame))
+                                     : std::to_chars(number.begin(), number.end(), frame, std::chars_format::fixed, 6);
+        lines.append("FRAME: ").append(number.data(), written.ptr).append(isWhole ? ".000000\n" : "\n");
     }
     std::fwrite(lines.data(), 1, lines.size(), stdout);
+}
+
+/// A frame of an argument; a number isn't converted through the table of types.
+double frameFrom(const QVariant& item, bool& isFrame)
+{
+    isFrame = true;
+    switch (item.typeId()) {
+    case QMetaType::Int:
+        return *static_cast<const int*>(item.constData());
+    case QMetaType::Double:
+        return *static_cast<const double*>(item.constData());
+    default:
+        return item.toDouble(&isFrame);
+    }
 }
 
 } // namespace
 
 KeyframeableColumn::KeyframeableColumn(AT_FncTimedValue* timedValue) : Column(timedValue) {}
-
-BaseObject* KeyframeableColumn::copy() const
-{
-    return new KeyframeableColumn(*this);
-}
 
 std::string KeyframeableColumn::__str__() const
 {
@@ -48,7 +63,7 @@ std::string KeyframeableColumn::__str__() const
 
 Obj KeyframeableColumn::getControlPoints() const
 {
-    return Obj(new ControlPointList(&timedValueAs<AT_FncTimedValue>()));
+    return Obj(new ControlPointList(&function()));
 }
 
 QVariant KeyframeableColumn::keyframeCreate(const QVariant& value)
@@ -56,12 +71,12 @@ QVariant KeyframeableColumn::keyframeCreate(const QVariant& value)
     validate();
     const QList<double> frames = keyframeedit::framesIn(value);
     CO_CommandManager& manager = commandManager();
-    auto& column = timedValueAs<AT_FncTimedValue>();
+    auto& column = function();
     printFrames(frames);
-    keyframeedit::run(manager, frames, frames.size(),
-                      [&](double frame, CO_Command** command) { column.createKeyframes(frame, frame, command); },
-                      {tr("Failed to set keyframe at frame %1"), tr("Setting %1 keyframes."), tr("Setting a keyframe."),
-                       tr("Failed to set %1 keyframes."), tr("Failed to set a keyframe.")});
+    keyframeedit::create(manager, column, frames,
+                         {tr("Failed to set keyframe at frame %1"), tr("Setting %1 keyframes."),
+                          tr("Setting a keyframe."), tr("Failed to set %1 keyframes."),
+                          tr("Failed to set a keyframe.")});
 
     QVariantList points;
     points.reserve(frames.size());
@@ -84,25 +99,25 @@ void KeyframeableColumn::keyframeRemove(const QVariant& value)
     QList<double> frames = keyframeedit::framesIn(value);
     const qsizetype given = frames.size();
     CO_CommandManager& manager = commandManager();
-    auto& column = timedValueAs<AT_FncTimedValue>();
+    auto& column = function();
     frames.removeIf([&](double frame) { return !column.isKey(frame); });
-    keyframeedit::run(manager, frames, given,
-                      [&](double frame, CO_Command** command) { column.removeKeyframes(frame, frame, command); },
-                      {tr("Failed to remove keyframe at: %1"), tr("Removing %1 keyframes."), tr("Removing a keyframe."),
-                       tr("Failed to remove %1 keyframes."), tr("Failed to remove a keyframe.")});
+    keyframeedit::remove(manager, column, frames, given,
+                         {tr("Failed to remove keyframe at: %1"), tr("Removing %1 keyframes."),
+                          tr("Removing a keyframe."), tr("Failed to remove %1 keyframes."),
+                          tr("Failed to remove a keyframe.")});
 }
 
 bool KeyframeableColumn::keyframeExists(const QVariant& value) const
 {
     validate();
     const QList<double> frames = keyframeedit::framesIn(value);
-    const auto& column = timedValueAs<AT_FncTimedValue>();
+    const auto& column = function();
     return std::any_of(frames.cbegin(), frames.cend(), [&](double frame) { return column.isKey(frame); });
 }
 
 void KeyframeableColumn::keyframeClear(int start, int end)
 {
-    auto& column = timedValueAs<AT_FncTimedValue>();
+    auto& column = function();
     CO_CommandManager& manager = commandManager();
     if (end < 1)
         end = scene().getNumberOfFrames();
@@ -116,7 +131,7 @@ void KeyframeableColumn::keyframeClear(int start, int end)
 
 QList<int> KeyframeableColumn::keyframeList() const
 {
-    const std::vector<int> keyframes = timedValueAs<AT_FncTimedValue>().keyframes();
+    const std::vector<int> keyframes = function().keyframes();
     return QList<int>(keyframes.begin(), keyframes.end());
 }
 
@@ -124,11 +139,11 @@ void KeyframeableColumn::keyframelistFromVariant(const QVariant& value, QList<do
 {
     const auto addFrame = [&](const QVariant& item) {
         bool read = false;
-        const double frame = item.toDouble(&read);
+        const double frame = frameFrom(item, read);
         if (read)
             frames.append(frame);
         else
-            errors.append(tr("Invalid argument: ")); // Without the value: required.
+            errors.append(tr("Invalid argument: ")); // Required: without the value.
     };
     if (value.typeId() != QMetaType::QVariantList)
         return addFrame(value);
@@ -156,43 +171,54 @@ void KeyframeableColumn::keyframelistFromVariant(const QVariant& value, QList<do
 
 int KeyframeableColumn::getHoldStartFrame() const
 {
-    return timedValueAs<TUFnc2DTimedValue>().start();
+    return curve().start();
 }
 
 void KeyframeableColumn::setHoldStartFrame(int frame)
 {
-    auto& column = timedValueAs<TUFnc2DTimedValue>();
+    auto& column = curve();
     undo::manager(column.sceneCommon())
         .execute(new tu_timedvalue::fnc2d::SetStartCmd(&column, frame), tr("Set Start Frame for Hold"));
 }
 
 int KeyframeableColumn::getHoldStopFrame() const
 {
-    return timedValueAs<TUFnc2DTimedValue>().stop();
+    return curve().stop();
 }
 
 void KeyframeableColumn::setHoldStopFrame(int frame)
 {
-    auto& column = timedValueAs<TUFnc2DTimedValue>();
+    auto& column = curve();
     undo::manager(column.sceneCommon())
         .execute(new tu_timedvalue::fnc2d::SetStopCmd(&column, frame), tr("Set Stop Frame for Hold"));
 }
 
 int KeyframeableColumn::getHoldStep() const
 {
-    return timedValueAs<TUFnc2DTimedValue>().step();
+    return curve().step();
 }
 
 void KeyframeableColumn::setHoldStep(int step)
 {
-    auto& column = timedValueAs<TUFnc2DTimedValue>();
+    auto& column = curve();
     undo::manager(column.sceneCommon())
         .execute(new tu_timedvalue::fnc2d::SetStepCmd(&column, step), tr("Set Step for Hold"));
 }
 
 int KeyframeableColumn::numberOfPoints() const
 {
-    return timedValueAs<TUFnc2DTimedValue>().pointCount();
+    return curve().pointCount();
+}
+
+// A wrapper leads to the column that it was made for, or to nothing.
+AT_FncTimedValue& KeyframeableColumn::function() const
+{
+    return static_cast<AT_FncTimedValue&>(target());
+}
+
+TUFnc2DTimedValue& KeyframeableColumn::curve() const
+{
+    return found(columnCast<TUFnc2DTimedValue>(&target()), unexpected::ErrorOccurred);
 }
 
 } // namespace OMC

@@ -3,6 +3,7 @@
 #include "core/columns/column.h"
 
 class AT_FncTimedValue;
+class TUFnc2DTimedValue;
 
 namespace OMC {
 
@@ -12,6 +13,7 @@ namespace OMC {
 /// bad frames are told in one message, one a line, and then nothing has changed.
 class BRINDLE_CORE_EXPORT KeyframeableColumn : public Column {
     Q_OBJECT
+    BRINDLE_COPYABLE(KeyframeableColumn)
     Q_PROPERTY(int hold_start READ getHoldStartFrame WRITE setHoldStartFrame)
     Q_PROPERTY(int hold_stop READ getHoldStopFrame WRITE setHoldStopFrame)
     Q_PROPERTY(int hold_step READ getHoldStep WRITE setHoldStep)
@@ -21,7 +23,6 @@ class BRINDLE_CORE_EXPORT KeyframeableColumn : public Column {
 public:
     explicit KeyframeableColumn(AT_FncTimedValue* timedValue);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     virtual Obj getControlPoints() const; ///< The ControlPointList of the column.
@@ -46,6 +47,10 @@ public:
     void setHoldStep(int step);
 
     int numberOfPoints() const;
+
+private:
+    AT_FncTimedValue& function() const;
+    TUFnc2DTimedValue& curve() const; ///< Throws where the function is no curve of values.
 };
 
 } // namespace OMC

@@ -2,11 +2,13 @@
 
 #include "core/columns/keyframeablecolumn.h"
 #include "core/frame/undo.h"
+#include "core/host/tu_timedvalue.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <vector>
 
 namespace OMC::keyframeedit {
 
@@ -24,6 +26,23 @@ int truncated(double frame)
     return static_cast<int>(std::clamp(frame, -limit, limit));
 }
 
+void throwIfRefused(const std::vector<double>& frames, const Texts& texts)
+{
+    QStringList errors;
+    for (const double frame : frames)
+        errors.append(texts.frameFailure.arg(truncated(frame)));
+    throwIfAny(errors);
+}
+
+void run(CO_CommandManager& manager, CO_Command* command, qsizetype given, const Texts& texts)
+{
+    // Required: the text for many frames stands where there are few, and the other way round. Scripts look for them.
+    if (given < 2)
+        undo::run(manager, command, texts.few.arg(given), texts.fewFailure.arg(given));
+    else
+        undo::run(manager, command, texts.many, texts.manyFailure);
+}
+
 } // namespace
 
 QList<double> framesIn(const QVariant& value)
@@ -37,25 +56,29 @@ QList<double> framesIn(const QVariant& value)
     return frames;
 }
 
-void run(CO_CommandManager& manager, const QList<double>& frames, qsizetype given, const Factory& factory,
-         const Texts& texts)
+void create(CO_CommandManager& manager, AT_FncTimedValue& column, const QList<double>& frames, const Texts& texts)
+{
+    std::vector<double> refused;
+    CO_Command* command = column.createKeyframes({frames.begin(), frames.end()}, refused);
+    throwIfRefused(refused, texts);
+    run(manager, command, frames.size(), texts);
+}
+
+void remove(CO_CommandManager& manager, AT_FncTimedValue& column, const QList<double>& frames, qsizetype given,
+            const Texts& texts)
 {
     auto commands = std::make_unique<CO_AndCommand>();
-    QStringList errors;
+    std::vector<double> refused;
     for (const double frame : frames) {
         CO_Command* command = nullptr;
-        factory(frame, &command);
+        column.removeKeyframes(frame, frame, &command);
         if (command)
             commands->add(command);
         else
-            errors.append(texts.frameFailure.arg(truncated(frame)));
+            refused.push_back(frame);
     }
-    throwIfAny(errors);
-    // The text for many frames stands where there are few, and the other way round: required, scripts look for them.
-    if (given < 2)
-        undo::run(manager, commands.release(), texts.few.arg(given), texts.fewFailure.arg(given));
-    else
-        undo::run(manager, commands.release(), texts.many, texts.manyFailure);
+    throwIfRefused(refused, texts);
+    run(manager, commands.release(), given, texts);
 }
 
 } // namespace OMC::keyframeedit

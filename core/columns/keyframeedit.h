@@ -4,9 +4,7 @@
 #include <QString>
 #include <QVariant>
 
-#include <functional>
-
-class CO_Command;
+class AT_FncTimedValue;
 class CO_CommandManager;
 
 /// Edits of keyframes at several frames, as one command and one undo entry.
@@ -24,11 +22,9 @@ struct Texts {
     QString manyFailure;
 };
 
-/// Leaves the command for one frame, or null when there is none.
-using Factory = std::function<void(double frame, CO_Command** command)>;
-
+void create(CO_CommandManager& manager, AT_FncTimedValue& column, const QList<double>& frames, const Texts& texts);
 /// `given` is the number of frames that the script gave.
-void run(CO_CommandManager& manager, const QList<double>& frames, qsizetype given, const Factory& factory,
-         const Texts& texts);
+void remove(CO_CommandManager& manager, AT_FncTimedValue& column, const QList<double>& frames, qsizetype given,
+            const Texts& texts);
 
 } // namespace OMC::keyframeedit

@@ -63,7 +63,7 @@ void RepeatZone::repeat(TUTimedValue& column, const std::function<QString(int)>&
     for (int frame = repeaterStart; frame <= end; ++frame, ++index) {
         if (index == pattern.size())
             index = 0;
-        // Always sub-column 1, and a cell that refuses stays as it is: both are required.
+        // Required: always sub-column 1, and a cell that refuses stays as it is.
         if (entryAt(frame) != pattern[index])
             column.setValuesFromXsheet(frame, 1, pattern[index], 1);
     }

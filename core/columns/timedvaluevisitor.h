@@ -1,31 +1,29 @@
 #pragma once
 
-#include "core/host/tu_timedvalue.h"
+#include "core/columns/columnclasses.h"
 
 #include <memory>
 
 namespace OMC {
 
-class Column;
-
-/// Chooses the wrapper class for an engine column. A kind without a class of its own gets the general one.
-class TimedValueVisitor final : public AT_TimedValueVisitor {
+/// Makes the wrapper for the class of the column that it visits, and keeps it.
+class ColumnMaker : public AT_TimedValueVisitor {
 public:
-    TimedValueVisitor();
-    TimedValueVisitor(TimedValueVisitor&&) noexcept;
-    TimedValueVisitor& operator=(TimedValueVisitor&&) noexcept;
-    ~TimedValueVisitor() override;
-
-    using AT_TimedValueVisitor::visit;
-    void visit(TUTimedValue& column) override;
-    void visit(AT_FncTimedValue& column) override;
-    void visit(TUBezierTimedValue& column) override;
-
     /// The wrapper made last; the caller owns it.
-    Column* take();
+    Column* take() { return m_wrapper.release(); }
+
+protected:
+    template <typename Class>
+    void found(typename Class::TimedValue& column)
+    {
+        m_wrapper = std::make_unique<typename Class::Wrapper>(&column);
+    }
 
 private:
     std::unique_ptr<Column> m_wrapper;
 };
+
+/// Chooses the wrapper class for an engine column. A kind without a class of its own gets the general one.
+using TimedValueVisitor = VisitColumnClasses<ColumnMaker>;
 
 } // namespace OMC

@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <memory>
 #include <vector>
 
 class AT_Attr;
@@ -14,12 +15,19 @@ class AT_TimedValueVisitor;
 class MO_Node;
 class SC_SceneCommon;
 
-/// What shows which control points of a column are selected.
+/// Shows which control points of a column are selected.
 class BRINDLE_HOST_EXPORT TUSelInterface {
 public:
     virtual ~TUSelInterface() = default;
     virtual void refresh() = 0;                 ///< Values of selected points changed.
     virtual void pointErased(double frame) = 0; ///< The point at this frame is about to go.
+};
+
+/// Remembers what a column had at a frame and beside it, before a value was written there. The column outlives it.
+class BRINDLE_HOST_EXPORT TUCellMemo {
+public:
+    virtual ~TUCellMemo() = default;
+    virtual void restore() = 0; ///< The column gets it back, to the last bit; as often as it is asked for.
 };
 
 /// A column of the exposure sheet: a value for each frame. It belongs to its scene; while only the undo list keeps it,
@@ -61,6 +69,13 @@ public:
     /// Leaves a new command that multiplies the values by a factor, or null when the column can't be scaled.
     virtual void scale(double factor, int second, CO_Command** command) = 0;
 
+    virtual bool takesValues() const = 0; ///< Whether values can be written; false where they are computed.
+    /// The command that makes a key at a frame and leaves what the column shows; the caller owns it. The key's value
+    /// holds up to the next key with `constantSegment`. Null where a key stands, and for a kind without keys.
+    virtual CO_Command* spliceCommand(double frame, bool constantSegment) = 0;
+    /// Remembers what a value at this frame may change; null for a kind that takes no values at frames.
+    virtual std::unique_ptr<TUCellMemo> remember(double frame) = 0;
+
     virtual void endModif(double frame) = 0; ///< An edit at this frame is complete: what depends on it may be told.
     virtual TUSelInterface* selInterface() { return nullptr; } ///< Null where nothing shows a selection.
     /// The markers on stretches of the column's cells; null for a column that keeps none.
@@ -73,22 +88,33 @@ public:
 /// A column that is a function of time with control points.
 class BRINDLE_HOST_EXPORT AT_FncTimedValue : public TUTimedValue {
 public:
-    virtual double evaluate(double frame) const = 0;
     virtual int pointCount() const = 0;
     virtual bool isKey(double frame) const = 0;     ///< Whether a keyframe stands exactly there.
     virtual std::vector<int> keyframes() const = 0; ///< Their frames, ascending, cut to integers.
-    /// Leave a new command that makes (removes) keyframes over a range of frames, or null when there is nothing to do.
-    virtual void createKeyframes(double first, double last, CO_Command** command) = 0;
+    /// The command that makes a keyframe at each of these frames, in any order; the caller owns it. Null when there are
+    /// frames that the column can't have; they are appended to `refused`.
+    virtual CO_Command* createKeyframes(const std::vector<double>& frames, std::vector<double>& refused) = 0;
+    /// Leaves a new command that removes the keyframes over a range of frames, or null when there are none.
     virtual void removeKeyframes(double first, double last, CO_Command** command) = 0;
     /// Makes a control point at the frame if none stands there, keeping the curve's shape; true when it made one.
     virtual bool addControlPoint(double frame) = 0;
-    /// Takes the control point at exactly this frame away; false when there is none.
-    virtual bool eraseControlPoint(double frame) = 0;
+};
+
+/// A control point of a curve in the plane of frame and value, without what its kind adds.
+struct TUFnc2DPoint {
+    double frame = 0;
+    double value = 0;
+    bool constSegment = false; ///< The value holds up to the next point.
 };
 
 /// A curve in the plane of frame and value.
 class BRINDLE_HOST_EXPORT TUFnc2DTimedValue : public AT_FncTimedValue {
 public:
+    virtual double evaluate(double frame) const = 0;
+    virtual TUFnc2DPoint curvePoint(int index) const = 0; ///< By its place; `index` below pointCount().
+    /// Whether the value at a frame is that of the point before it, up to the next one.
+    virtual bool isConstantAt(double frame) const = 0;
+
     virtual int start() const = 0; ///< Hold values, in frames: the curve holds its value over steps from start to stop.
     virtual int stop() const = 0;
     virtual int step() const = 0;
@@ -119,17 +145,16 @@ public:
     virtual bool pointAt(double frame, BezierCtrlPt& point) const = 0; ///< At exactly this frame.
     virtual bool pointBefore(double frame, BezierCtrlPt& point) const = 0; ///< The last one at or before the frame.
     virtual bool pointAfter(double frame, BezierCtrlPt& point) const = 0;  ///< The first one behind the frame.
-    /// Writes all fields of the point at `point.frame` as they are given (its identity apart), without any adaptation
-    /// of it or its neighbours: how a command brings back what it changed. False when no point stands there.
-    virtual bool restorePoint(const BezierCtrlPt& point) = 0;
 };
 
+/// Called by TUTimedValue::accept with the column's own class; each kind falls back on the more general one.
 class BRINDLE_HOST_EXPORT AT_TimedValueVisitor {
 public:
     virtual ~AT_TimedValueVisitor() = default;
     virtual void visit(TUTimedValue&) {}
     virtual void visit(AT_FncTimedValue& column) { visit(static_cast<TUTimedValue&>(column)); }
-    virtual void visit(TUBezierTimedValue& column) { visit(static_cast<AT_FncTimedValue&>(column)); }
+    virtual void visit(TUFnc2DTimedValue& column) { visit(static_cast<AT_FncTimedValue&>(column)); }
+    virtual void visit(TUBezierTimedValue& column) { visit(static_cast<TUFnc2DTimedValue&>(column)); }
 };
 
 /// Where an attribute is linked to a column.

@@ -1,7 +1,7 @@
 #include "engine/attributes/numberattribute.h"
 
 #include "engine/attributes/attributetext.h"
-#include "engine/curves/beziercolumn.h"
+#include "engine/curves/columnkinds.h"
 
 #include <algorithm>
 #include <bit>
@@ -25,8 +25,8 @@ public:
     Status execute() override
     {
         m_ofColumn.reset();
-        if (Column* column = m_attribute.ownSocket().column()) {
-            m_ofColumn = column->setValueCommand(m_frame, m_attribute.read(static_cast<double>(m_value)));
+        if (NumberValues* numbers = m_attribute.ownSocket().numbers()) {
+            m_ofColumn = numbers->setValueCommand(m_frame, m_attribute.read(static_cast<double>(m_value)));
             return m_ofColumn->execute();
         }
         m_before = m_attribute.localValue();
@@ -108,10 +108,11 @@ TUTvSocket* NumberAttribute<Base>::socket() const
 template <typename Base>
 typename Base::ValueType NumberAttribute<Base>::value(double frame) const
 {
-    const Column* column = m_socket.column();
-    if (!column || !column->hasValues())
+    const NumberValues* numbers = m_socket.numbers();
+    double number = 0;
+    if (!numbers || !numbers->valueAt(frame, number))
         return m_local;
-    return fromNumber<Value>(read(column->valueAt(frame)));
+    return fromNumber<Value>(read(number));
 }
 
 template <typename Base>
@@ -131,12 +132,14 @@ bool NumberAttribute<Base>::setValue(double frame, Value given, bool constantSeg
     if (!isStorable(given))
         return false;
     const double number = read(static_cast<double>(given));
-    Column* column = m_socket.column();
-    if (!column)
+    NumberValues* numbers = m_socket.numbers();
+    if (!numbers)
         return setLocalValue(given) || force;
-    if (!force && column->hasValues() && isSame(value(frame), fromNumber<Value>(number)))
+    double present = 0;
+    if (!force && numbers->valueAt(frame, present) &&
+        isSame(fromNumber<Value>(read(present)), fromNumber<Value>(number)))
         return false;
-    return column->setValueAt(frame, number, constantSegment);
+    return numbers->setValueAt(frame, number, constantSegment);
 }
 
 template <typename Base>
@@ -157,7 +160,8 @@ TUTimedValue* NumberAttribute<Base>::createTimedValue() const
     const SC_SceneCommon* scene = this->sceneCommon();
     if (!scene || !this->meta().isLinkable())
         return nullptr;
-    return new BezierColumn(TUTimedValue::generateAnonymousName(scene, QString()), true);
+    const QString name = TUTimedValue::generateAnonymousName(scene, QString());
+    return Column::asTimedValue(numberColumnKind().make(name, true)).release();
 }
 
 template <typename Base>

@@ -3,18 +3,22 @@
 #include "core/host/sc_scene.h"
 #include "engine/attributes/attributemeta.h"
 #include "engine/curves/frameshift.h"
+#include "engine/folder/jsonplace.h"
+#include "engine/folder/jsonwriter.h"
 
 #include <QCoreApplication>
 #include <QLocale>
 
 #include <algorithm>
-#include <limits>
+#include <optional>
 
 namespace brindle::engine {
 
 namespace {
 
 constexpr double frameCountLimit = 1e6;
+constexpr const char* fieldNames[] = {"hold", "points"};
+constexpr const char* continuities[] = {"CORNER", "STRAIGHT", "SMOOTH"};
 
 BezierCtrlPt shown(const CurvePoint& point)
 {
@@ -26,12 +30,6 @@ CurvePoint kept(const BezierCtrlPt& point)
 {
     return {point.frame,  point.value,  point.value,    point.leftX,        point.leftY,
             point.rightX, point.rightY, point.identity, point.constSegment, point.continuity};
-}
-
-bool showsTheHandles(const CurvePoint& point, const BezierCtrlPt& wanted)
-{
-    return point.leftX == wanted.leftX && point.leftHandleY() == wanted.leftY && point.rightX == wanted.rightX &&
-           point.rightHandleY() == wanted.rightY;
 }
 
 bool give(const CurvePoint* found, BezierCtrlPt& point)
@@ -54,7 +52,35 @@ CO_Command::Status statusOf(Curve::Edit edit)
     return CO_Command::kFail;
 }
 
+void writePoint(JsonWriter& json, const CurvePoint& point)
+{
+    json.beginArray(JsonWriter::Inline);
+    for (const double number :
+         {point.frame, point.value, point.leftX, point.leftHandleY(), point.rightX, point.rightHandleY()})
+        json.number(number);
+    json.text(continuities[point.continuity]);
+    if (point.constSegment)
+        json.text("CONSTANT");
+    json.endArray();
+}
+
+BezierCtrlPt readPoint(const JsonPlace& place)
+{
+    BezierCtrlPt point;
+    double* const numbers[] = {&point.frame, &point.value, &point.leftX, &point.leftY, &point.rightX, &point.rightY};
+    int index = 0;
+    for (double* number : numbers)
+        *number = place.item(index++).number();
+    point.continuity = place.item(index++).oneOf(continuities);
+    if (place.size() > index)
+        point.constSegment = place.item(index++).oneOf({"CONSTANT"}) == 0;
+    place.requireSize(index);
+    return point;
+}
+
 } // namespace
+
+constinit const ColumnKind bezierKind{TUTimedValue::kBezier, "BEZIER", fieldNames, &makeColumn<BezierColumn>};
 
 CO_Command::Status BezierColumn::EditCommand::execute()
 {
@@ -76,31 +102,18 @@ CO_Command::Status BezierColumn::EditCommand::unexecute()
     return kOk;
 }
 
-/// Sets the frames over which the value is held.
-class BezierColumn::HoldCommand final : public CO_Command {
+class BezierColumn::Memo final : public TUCellMemo {
 public:
-    HoldCommand(BezierColumn& column, int start, int stop) : m_column(column), m_start(start), m_stop(stop) {}
+    Memo(Curve& curve, double frame) : m_curve(curve), m_kept(curve.keep(frame)) {}
 
-    Status execute() override
-    {
-        std::swap(m_column.m_start, m_start);
-        std::swap(m_column.m_stop, m_stop);
-        m_column.tellLinked();
-        return kOk;
-    }
-    Status unexecute() override { return execute(); }
+    void restore() override { m_curve.restore(m_kept); }
 
 private:
-    BezierColumn& m_column;
-    int m_start; ///< Those that it sets next.
-    int m_stop;
+    Curve& m_curve;
+    Curve::Kept m_kept;
 };
 
-BezierColumn::BezierColumn(const QString& name, bool anonymous) : Column(static_cast<TUTimedValue&>(*this))
-{
-    setName(name);
-    setAnonymous(anonymous);
-}
+BezierColumn::BezierColumn(const QString& name, bool anonymous) : HeldColumn(bezierKind, name, anonymous) {}
 
 Curve::Edit BezierColumn::splice(Curve& curve, double frame, bool constantSegment, CurveLog& log) const
 {
@@ -113,7 +126,7 @@ void BezierColumn::getValueForXsheet(double frame, int, QString* text, bool& isK
     const CurvePoint* before = m_curve.points().around(frame).before;
     isKey = before && before->frame == frame;
     isHeld = before && !isKey && before->constSegment;
-    isBlank = !hasValues();
+    isBlank = m_curve.points().isEmpty();
     isLocked = false;
     if (text)
         *text = isBlank ? QString() : QString::number(evaluate(frame) + 0.0, 'g', QLocale::FloatingPointShortest);
@@ -159,21 +172,24 @@ void BezierColumn::scale(double factor, int, CO_Command** command)
         *command = editCommand([factor](Curve& curve, CurveLog& log) { return curve.scale(factor, log); }).release();
 }
 
-void BezierColumn::endModif(double)
+CO_Command* BezierColumn::spliceCommand(double frame, bool constantSegment)
 {
-    tellLinked();
+    if (isKey(frame))
+        return nullptr;
+    return editCommand([this, frame, constantSegment](Curve& curve, CurveLog& log) {
+               return splice(curve, frame, constantSegment, log);
+           })
+        .release();
 }
 
-double BezierColumn::heldFrame(double frame) const
+std::unique_ptr<TUCellMemo> BezierColumn::remember(double frame)
 {
-    if (m_step <= 1 || !(frame >= m_start && frame <= m_stop))
-        return frame;
-    return m_start + std::floor((frame - m_start) / m_step) * m_step;
+    return std::make_unique<Memo>(m_curve, frame);
 }
 
 double BezierColumn::evaluate(double frame) const
 {
-    return m_curve.evaluate(heldFrame(frame));
+    return m_curve.evaluate(shownFrame(frame));
 }
 
 std::vector<int> BezierColumn::keyframes() const
@@ -184,18 +200,19 @@ std::vector<int> BezierColumn::keyframes() const
     return frames;
 }
 
-void BezierColumn::createKeyframes(double first, double last, CO_Command** command)
+CO_Command* BezierColumn::createKeyframes(const std::vector<double>& frames, std::vector<double>& refused)
 {
-    *command = nullptr;
-    if (!Curve::isFrame(first) || !Curve::isFrame(last) || !(last - first >= 0 && last - first < frameCountLimit))
-        return;
-    *command = editCommand([this, first, last](Curve& curve, CurveLog& log) {
-                   for (int i = 0; first + i <= last; ++i) {
-                       if (splice(curve, first + i, false, log) == Curve::Edit::Refused)
-                           return Curve::Edit::Refused;
-                   }
-                   return log.empty() ? Curve::Edit::Nothing : Curve::Edit::Done;
-               }).release();
+    std::copy_if(frames.begin(), frames.end(), std::back_inserter(refused),
+                 [](double frame) { return !Curve::isFrame(frame); });
+    if (!refused.empty())
+        return nullptr;
+    return editCommand([this, frames](Curve& curve, CurveLog& log) {
+               log.reserve(frames.size() * Curve::changesOfSplice);
+               for (const double frame : frames)
+                   splice(curve, frame, false, log);
+               return log.empty() ? Curve::Edit::Nothing : Curve::Edit::Done;
+           })
+        .release();
 }
 
 void BezierColumn::removeKeyframes(double first, double last, CO_Command** command)
@@ -223,63 +240,24 @@ void BezierColumn::removeKeyframes(double first, double last, CO_Command** comma
 bool BezierColumn::addControlPoint(double frame)
 {
     CurveLog log;
-    if (splice(m_curve, frame, false, log) != Curve::Edit::Done)
-        return false;
-    std::vector<Added> neighbours;
-    for (const CurveChange& change : log) {
-        if (change.kind == CurveChange::Edited)
-            neighbours.push_back({change.before, *m_curve.points().find(change.frame)});
-    }
-    m_added[frame].push_back(std::move(neighbours));
-    return true;
+    return splice(m_curve, frame, false, log) == Curve::Edit::Done;
 }
 
-bool BezierColumn::eraseControlPoint(double frame)
+TUFnc2DPoint BezierColumn::curvePoint(int index) const
 {
-    CurveLog log;
-    if (m_curve.erase(frame, log) != Curve::Edit::Done)
-        return false;
-    const auto added = m_added.find(frame);
-    if (added == m_added.end())
-        return true;
-    for (const auto& [before, after] : added->second.back()) {
-        const CurvePoint* there = m_curve.points().find(after.frame);
-        if (there && *there == after)
-            m_curve.put(before);
-    }
-    added->second.pop_back();
-    if (added->second.empty())
-        m_added.erase(added);
-    return true;
+    const CurvePoint& point = m_curve.points().at(index);
+    return {point.frame, point.value, point.constSegment};
 }
 
-bool BezierColumn::setStart(int frame)
+bool BezierColumn::isConstantAt(double frame) const
 {
-    if (frame < 1)
-        return false;
-    m_start = frame;
-    return true;
-}
-
-bool BezierColumn::setStop(int frame)
-{
-    if (frame < 1)
-        return false;
-    m_stop = frame;
-    return true;
-}
-
-bool BezierColumn::setStep(int step)
-{
-    if (step < 1)
-        return false;
-    m_step = step;
-    return true;
+    const CurvePoint* before = m_curve.points().around(frame).before;
+    return before && before->constSegment;
 }
 
 void BezierColumn::adjustColumn(double frame, double value, CO_BaseOrCommand& commands)
 {
-    if (!hasValues() || !(m_curve.points().last().frame < frame))
+    if (m_curve.points().isEmpty() || !(m_curve.points().last().frame < frame))
         return;
     const double last = m_curve.points().last().frame;
     commands.add(
@@ -306,20 +284,6 @@ bool BezierColumn::pointAfter(double frame, BezierCtrlPt& point) const
     return give(m_curve.points().around(frame).after, point);
 }
 
-bool BezierColumn::restorePoint(const BezierCtrlPt& point)
-{
-    const CurvePoint* there = m_curve.points().find(point.frame);
-    if (!there)
-        return false;
-    // Where only the value went, the handles stay written down as they are: the next change of it carries them as the
-    // last one did, to the last bit.
-    CurvePoint carried = *there;
-    carried.value = point.value;
-    carried.constSegment = point.constSegment;
-    carried.continuity = point.continuity;
-    return m_curve.put(showsTheHandles(carried, point) ? carried : kept(point));
-}
-
 bool BezierColumn::putPoint(const BezierCtrlPt& point)
 {
     return m_curve.put(kept(point));
@@ -330,16 +294,23 @@ bool BezierColumn::fits(const AttributeMeta& attribute) const
     return attribute.isLinkable();
 }
 
+bool BezierColumn::valueAt(double frame, double& value) const
+{
+    if (m_curve.points().isEmpty())
+        return false;
+    value = evaluate(frame);
+    return true;
+}
+
 bool BezierColumn::setValueAt(double frame, double value, bool constantSegment)
 {
     if (!std::isfinite(value) || !Curve::isFrame(frame))
         return false;
-    CurveLog log;
     addControlPoint(frame);
-    m_curve.setValue(frame, value, log);
-    if (constantSegment)
-        m_curve.setConstSegment(frame, true, log);
-    return true;
+    CurvePoint point = *m_curve.points().find(frame);
+    point.value = value;
+    point.constSegment = point.constSegment || constantSegment;
+    return m_curve.put(point);
 }
 
 std::unique_ptr<CO_Command> BezierColumn::setValueCommand(double frame, double value)
@@ -356,18 +327,11 @@ std::unique_ptr<CO_Command> BezierColumn::setValueCommand(double frame, double v
 std::unique_ptr<CO_Command> BezierColumn::shiftFramesCommand(const FrameShift& shift)
 {
     auto steps = std::make_unique<CO_AndCommand>();
-    if (hasValues() && m_curve.points().last().frame >= static_cast<double>(shift.at) + 1)
+    if (!m_curve.points().isEmpty() && m_curve.points().last().frame >= static_cast<double>(shift.at) + 1)
         steps->add(editCommand([shift](Curve& curve, CurveLog& log) {
                        return curve.shift(shift.at, shift.delta, log);
                    }).release());
-    int start = m_start;
-    int stop = m_stop;
-    if (m_step > 1 && start <= stop) {
-        if (!shift.carry(start, stop))
-            start = stop = std::max(shift.at, 1);
-        if (start != m_start || stop != m_stop)
-            steps->add(new HoldCommand(*this, start, stop));
-    }
+    steps->add(shiftCommand(*this, shift).release());
     return steps->size() > 0 ? std::move(steps) : nullptr;
 }
 
@@ -388,6 +352,39 @@ std::unique_ptr<CO_Command> BezierColumn::clearFramesCommand(int at, int count)
             curve.erase(point->frame, log);
         return Curve::Edit::Done;
     });
+}
+
+std::unique_ptr<Column> BezierColumn::copy(const QString& name, bool anonymous) const
+{
+    auto made = std::make_unique<BezierColumn>(name, anonymous);
+    made->m_curve = m_curve;
+    static_cast<Hold&>(*made) = *this;
+    return made;
+}
+
+void BezierColumn::write(JsonWriter& json) const
+{
+    json.key("hold");
+    Hold::write(json);
+    json.key("points").beginArray();
+    m_curve.points().forEach([&json](const CurvePoint& point) { writePoint(json, point); });
+    json.endArray();
+}
+
+void BezierColumn::read(const JsonPlace& place)
+{
+    Hold::read(place.field("hold"));
+    const JsonPlace points = place.field("points");
+    std::optional<double> last;
+    for (int i = 0; i < points.size(); ++i) {
+        const JsonPlace pointPlace = points.item(i);
+        const BezierCtrlPt point = readPoint(pointPlace);
+        if (last && !(point.frame > *last))
+            pointPlace.fail(QStringLiteral("is not behind the point ahead of it"));
+        if (!putPoint(point))
+            pointPlace.fail(QStringLiteral("is out of range"));
+        last = point.frame;
+    }
 }
 
 } // namespace brindle::engine

@@ -1,84 +1,72 @@
 #pragma once
 
-#include "engine/curves/column.h"
+#include "engine/curves/columnkinds.h"
 #include "engine/curves/curve.h"
-
-#include <unordered_map>
+#include "engine/curves/hostcolumn.h"
 
 namespace brindle::engine {
+
+extern const ColumnKind bezierKind;
 
 /// A bezier column of the open engine: a curve, the frames over which its value is held, and what every column has.
 ///
 /// - Keyframes and control points are one and the same. A key that is made within a segment is straight (its handles
-/// lie
-///   in one line), another one a corner. Continuity is what an editor's handles follow; no command here moves a handle
-///   that it isn't given.
-/// - Hold: with a step of n frames, the frames from start to stop show the value of start, start + n, start + 2n, ...
-///   A new column starts and stops at 1 with a step of 1, which is no hold. The three are at least 1.
+///   lie in one line), another one a corner. Continuity is what an editor's handles follow; no command here moves a
+///   handle that it isn't given.
 /// - A column that only drives switches (attributes that are on or off) makes keys that hold their value up to the next
 ///   one: a switch has nothing in between.
 /// - The exposure sheet shows the value in the fewest digits that give it back, and takes numbers written as in C. The
 ///   empty text takes a key away.
-class BezierColumn final : public TUBezierTimedValue, public Column {
+///
+/// Its fields in a file:
+///
+///     hold               [start, stop, step]
+///     points             [frame, value, left x, left y, right x, right y, "CORNER", "STRAIGHT" or "SMOOTH"], with
+///                        "CONSTANT" behind it when the segment is; handles in global coordinates
+class BezierColumn final : public HeldColumn<TUBezierTimedValue>, public NumberValues {
 public:
     explicit BezierColumn(const QString& name, bool anonymous = false);
-
-    timedValueType type() const override { return kBezier; }
-    QString getName() const override { return name(); }
-    QString getDisplayName() const override { return displayName(); }
-    bool isAnonymous() const override { return anonymous(); }
-    SC_SceneCommon* sceneCommon() const override { return scene(); }
-    void accept(AT_TimedValueVisitor& visitor) override { visitor.visit(static_cast<TUBezierTimedValue&>(*this)); }
 
     void getValueForXsheet(double frame, int subColumn, QString* text, bool& isKey, bool& isHeld, bool& isBlank,
                            bool& isLocked) const override;
     int setValuesFromXsheet(double frame, int count, const QString& text, int subColumn) override;
 
-    unsigned int getNumLinks() const override { return static_cast<unsigned int>(linkCount()); }
-    AT_Attr* linkedAttr(unsigned int index) const override { return linkedAttribute(index); }
-    std::vector<MO_Node*> linkedNodes() const override { return nodes(); }
-
     /// About the value 0. The second argument means nothing to a curve of values.
     void scale(double factor, int second, CO_Command** command) override;
-    void endModif(double frame) override;
+    bool takesValues() const override { return true; }
+    CO_Command* spliceCommand(double frame, bool constantSegment) override;
+    std::unique_ptr<TUCellMemo> remember(double frame) override;
 
     double evaluate(double frame) const override;
     int pointCount() const override { return m_curve.points().size(); }
     bool isKey(double frame) const override { return m_curve.points().find(frame); }
     std::vector<int> keyframes() const override;
-    /// Keys at `first`, `first` + 1, ... up to `last`; a key that stands there stays. No command for a frame that is
-    /// not a finite number, and for more than a million frames.
-    void createKeyframes(double first, double last, CO_Command** command) override;
+    CO_Command* createKeyframes(const std::vector<double>& frames, std::vector<double>& refused) override;
     void removeKeyframes(double first, double last, CO_Command** command) override;
     bool addControlPoint(double frame) override;
-    /// Right after addControlPoint it brings the neighbours' handles back as they were: a neighbour that is as the new
-    /// point left it gets what it had before.
-    bool eraseControlPoint(double frame) override;
-
-    int start() const override { return m_start; }
-    int stop() const override { return m_stop; }
-    int step() const override { return m_step; }
-    bool setStart(int frame);
-    bool setStop(int frame);
-    bool setStep(int step);
+    TUFnc2DPoint curvePoint(int index) const override;
+    bool isConstantAt(double frame) const override;
     void adjustColumn(double frame, double value, CO_BaseOrCommand& commands) override;
 
     BezierCtrlPt point(int index) const override;
     bool pointAt(double frame, BezierCtrlPt& point) const override;
     bool pointBefore(double frame, BezierCtrlPt& point) const override;
     bool pointAfter(double frame, BezierCtrlPt& point) const override;
-    bool restorePoint(const BezierCtrlPt& point) override;
-    /// The same where no point stands yet, as a project is read. False when a number is not finite or out of bounds.
+    /// Writes a point as it is given (its identity apart), in place of one at its frame, and leaves its neighbours
+    /// alone: how a project is read. False when a number is not finite or out of bounds.
     bool putPoint(const BezierCtrlPt& point);
 
     bool fits(const AttributeMeta& attribute) const override;
-    bool hasValues() const override { return !m_curve.points().isEmpty(); }
-    double valueAt(double frame) const override { return evaluate(frame); }
+    NumberValues* numbers() override { return this; }
+    bool valueAt(double frame, double& value) const override;
     bool setValueAt(double frame, double value, bool constantSegment) override;
     std::unique_ptr<CO_Command> setValueCommand(double frame, double value) override;
     /// The frames over which the value is held move along, too.
     std::unique_ptr<CO_Command> shiftFramesCommand(const FrameShift& shift) override;
     std::unique_ptr<CO_Command> clearFramesCommand(int at, int count) override;
+    std::unique_ptr<Column> copy(const QString& name, bool anonymous) const override;
+    void write(JsonWriter& json) const override;
+    void read(const JsonPlace& place) override;
 
     /// The command that makes an edit of the curve, `Curve::Edit edit(Curve&, CurveLog&)`, tells what depends on it,
     /// and takes exactly this edit back.
@@ -90,18 +78,9 @@ private:
     class EditCommand;
     template <typename Edit>
     class EditBy;
-    class HoldCommand;
-    struct Added {
-        CurvePoint before, after; ///< A neighbour without and with the new point.
-    };
-
-    double heldFrame(double frame) const;
+    class Memo;
 
     Curve m_curve;
-    int m_start = 1;
-    int m_stop = 1;
-    int m_step = 1;
-    std::unordered_map<double, std::vector<std::vector<Added>>> m_added; // by frame, the newest point last
 };
 
 class BezierColumn::EditCommand : public CO_Command {

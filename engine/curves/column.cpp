@@ -37,6 +37,7 @@ void Socket::restore(Column& column, Order order)
 {
     unlink();
     m_column = &column;
+    m_numbers = column.numbers();
     m_order = order;
     column.add(*this);
 }
@@ -47,17 +48,27 @@ void Socket::unlink()
         return;
     m_column->remove(*this);
     m_column = nullptr;
+    m_numbers = nullptr;
 }
+
+Column::Column(TUTimedValue& self, const ColumnKind& kind, const QString& name, bool anonymous)
+    : m_self(self),
+      m_kind(kind),
+      m_name(name),
+      m_anonymous(anonymous)
+{}
 
 Column::~Column()
 {
-    for (const auto& [order, socket] : m_links)
+    for (const auto& [order, socket] : m_links) {
         socket->m_column = nullptr;
+        socket->m_numbers = nullptr;
+    }
 }
 
-Column* Column::of(TUTimedValue* timedValue)
+std::unique_ptr<TUTimedValue> Column::asTimedValue(std::unique_ptr<Column> column)
 {
-    return dynamic_cast<Column*>(timedValue);
+    return std::unique_ptr<TUTimedValue>(column ? &column.release()->m_self : nullptr);
 }
 
 void Column::add(Socket& socket)

@@ -11,7 +11,23 @@ namespace brindle::engine {
 class AttributeMeta;
 class Column;
 class ColumnList;
+class JsonPlace;
+class JsonWriter;
+struct ColumnKind;
 struct FrameShift;
+
+/// Values that are numbers, one a frame: what an attribute with a number asks of the column that drives it.
+class NumberValues {
+public:
+    virtual bool valueAt(double frame, double& value) const = 0; ///< False while the column has no value at all.
+    /// Sets the value at a frame, with a key there where the kind has keys. With `constantSegment` the key holds its
+    /// value up to the next one; without, that stays as it is. False when it is refused.
+    virtual bool setValueAt(double frame, double value, bool constantSegment) = 0;
+    virtual std::unique_ptr<CO_Command> setValueCommand(double frame, double value) = 0;
+
+protected:
+    ~NumberValues() = default;
+};
 
 /// Where an attribute of the open engine is linked to a column. It is a part of the attribute.
 ///
@@ -32,7 +48,8 @@ public:
 
     const AttributeMeta& meta() const { return m_meta; }
     Column* column() const { return m_column; }
-    Order order() const { return m_order; } ///< Of the present link.
+    NumberValues* numbers() const { return m_numbers; } ///< The linked column's; null without one.
+    Order order() const { return m_order; }             ///< The place of the present link.
 
     Order link(Column& column);                ///< At the end of the column's links. Cuts the link that was.
     void restore(Column& column, Order order); ///< At the place that the link had. Cuts the link that was.
@@ -44,21 +61,29 @@ private:
     AT_Attr& m_attr;
     const AttributeMeta& m_meta;
     Column* m_column = nullptr;
+    NumberValues* m_numbers = nullptr;
     Order m_order = 0;
 };
 
-/// What every column of the open engine has beside its values: a name, a scene and links. Each class of columns derives
-/// from its host class and from this one; `of` leads from one to the other.
+/// The part that all columns of the open engine share: a kind, a name, a scene and links. Its virtual operations are
+/// what a kind of column is to the engine: which attributes it drives, how it follows its scene, how it is copied,
+/// saved and read. A class of columns derives from this one and from its host class through HostColumn; `of` leads from
+/// one to the other.
 class Column {
 public:
-    explicit Column(TUTimedValue& self) : m_self(self) {}
+    Column(TUTimedValue& self, const ColumnKind& kind, const QString& name, bool anonymous);
     Column(const Column&) = delete;
     Column& operator=(const Column&) = delete;
     virtual ~Column();
 
-    static Column* of(TUTimedValue* timedValue); ///< Null for null and for a column of another engine.
+    /// Null for null and for a column of another engine.
+    static Column* of(TUTimedValue* timedValue) { return dynamic_cast<Column*>(timedValue); }
+    static const Column* of(const TUTimedValue* timedValue) { return dynamic_cast<const Column*>(timedValue); }
+
+    static std::unique_ptr<TUTimedValue> asTimedValue(std::unique_ptr<Column> column);
 
     TUTimedValue& timedValue() const { return m_self; }
+    const ColumnKind& kind() const { return m_kind; }
     const QString& name() const { return m_name; } ///< Changed by the scene's ColumnList, and before it is in one.
     void setName(const QString& name) { m_name = name; }
     bool anonymous() const { return m_anonymous; }
@@ -74,19 +99,19 @@ public:
     /// Tells each linked node, and the scene, that values changed.
     void tellLinked() const;
 
-    /// What attributes ask of the values.
-    virtual bool fits(const AttributeMeta& attribute) const = 0;
-    virtual bool hasValues() const = 0; ///< False while there is no key.
-    virtual double valueAt(double frame) const = 0;
-    /// Sets the value of the key at a frame, making the key when there is none. With `constantSegment` the key holds
-    /// its value up to the next one; without, that stays as it is. False when a number is refused.
-    virtual bool setValueAt(double frame, double value, bool constantSegment) = 0;
-    virtual std::unique_ptr<CO_Command> setValueCommand(double frame, double value) = 0;
+    virtual bool fits(const AttributeMeta& attribute) const = 0; ///< Whether it can drive the attribute.
+    virtual NumberValues* numbers() = 0;                         ///< Null for a kind whose values are no numbers.
 
-    /// What follows when frames come into the scene, or go with all that lies on them. Null when nothing lies there.
+    /// Follows frames that come into the scene, or go with all that lies on them. Null when nothing lies there.
     virtual std::unique_ptr<CO_Command> shiftFramesCommand(const FrameShift& shift) = 0;
     /// Takes what lies on `count` frames behind frame `at`; all else stays where it is. Null when nothing lies there.
     virtual std::unique_ptr<CO_Command> clearFramesCommand(int at, int count) = 0;
+
+    /// A new column of the kind with the same values, in no scene and without links.
+    virtual std::unique_ptr<Column> copy(const QString& name, bool anonymous) const = 0;
+    /// The fields of the kind in the file of its scene; the column that reads them is new.
+    virtual void write(JsonWriter& json) const = 0;
+    virtual void read(const JsonPlace& place) = 0;
 
 private:
     friend class ColumnList;
@@ -96,6 +121,7 @@ private:
     void remove(Socket& socket);
 
     TUTimedValue& m_self;
+    const ColumnKind& m_kind;
     SC_SceneCommon* m_scene = nullptr;
     QString m_name;
     bool m_anonymous = false;

@@ -59,7 +59,7 @@ private:
     Socket* m_socket;
     Column* m_column; // null for a cut
     bool m_links;
-    std::optional<Socket::Order> m_order; ///< That the first execution gave: a link done again takes the same place.
+    std::optional<Socket::Order> m_order; ///< Given by the first execution; a redo takes the same place.
     Column* m_before = nullptr;
     Socket::Order m_orderBefore = 0;
 };

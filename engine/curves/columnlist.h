@@ -39,7 +39,7 @@ private:
     std::unique_ptr<Private> d;
 };
 
-/// What a scene of the open engine derives from, so that the commands on columns find the list.
+/// A scene of the open engine derives from it, so that the commands on columns find the list.
 class ColumnListOwner {
 public:
     virtual ColumnList& columnList() = 0;

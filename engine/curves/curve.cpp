@@ -78,8 +78,8 @@ Curve::Edit Curve::splice(double frame, bool constantSegment, CurveLog& log)
     point.leftX = point.rightX = frame;
     point.constSegment = constantSegment;
     // Most edits are one splice: what it writes down gets the room that it needs and no more.
-    if (log.empty())
-        log.reserve(before && after ? 3 : 2);
+    if (log.capacity() == 0)
+        log.reserve(before && after ? changesOfSplice : changesOfSplice - 1);
     if (before && after) {
         spliceInto(point, *before, *after, log);
     } else if (before || after) {
@@ -309,6 +309,30 @@ bool Curve::put(const CurvePoint& point)
         m_points.insert(given);
     }
     return true;
+}
+
+Curve::Kept Curve::keep(double frame) const
+{
+    const auto [before, after] = m_points.around(frame);
+    Kept kept;
+    kept.frame = frame;
+    kept.stands = before && before->frame == frame;
+    for (const CurvePoint* point : {before, kept.stands ? nullptr : after}) {
+        if (point)
+            kept.points[static_cast<std::size_t>(kept.count++)] = *point;
+    }
+    return kept;
+}
+
+void Curve::restore(const Kept& kept)
+{
+    if (!kept.stands && m_points.find(kept.frame))
+        m_points.take(kept.frame);
+    for (int index = 0; index < kept.count; ++index) {
+        const CurvePoint& point = kept.points[static_cast<std::size_t>(index)];
+        if (m_points.find(point.frame))
+            put(point);
+    }
 }
 
 void Curve::revert(CurveLog& log)

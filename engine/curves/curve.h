@@ -2,7 +2,7 @@
 
 #include "engine/curves/curvepoints.h"
 
-#include <optional>
+#include <array>
 #include <vector>
 
 namespace brindle::engine {
@@ -11,7 +11,7 @@ namespace brindle::engine {
 struct CurveChange {
     enum Kind { Made, Taken, Edited, Moved };
     Kind kind;
-    CurvePoint before; ///< Of a point made: as it was made.
+    CurvePoint before; ///< The point as it was; a point made, as it was made.
     double frame;      ///< Where the point stands after the change.
 };
 using CurveLog = std::vector<CurveChange>;
@@ -25,6 +25,8 @@ using CurveLog = std::vector<CurveChange>;
 class Curve {
 public:
     enum class Edit { Done, Nothing, Refused };
+
+    static constexpr std::size_t changesOfSplice = 3; ///< At most: the new point, and those beside it.
 
     static bool isFrame(double frame);
 
@@ -52,6 +54,17 @@ public:
 
     /// Puts a point as it is given, in place of one at its frame; false when a number is refused.
     bool put(const CurvePoint& point);
+
+    /// The part of a curve that an edit at a frame may change: the point there, or else those beside it.
+    struct Kept {
+        double frame = 0;
+        bool stands = false; ///< A point stands at the frame.
+        int count = 0;
+        std::array<CurvePoint, 2> points;
+    };
+    Kept keep(double frame) const;
+    /// Takes the point at the frame away where there was none, and writes the others back.
+    void restore(const Kept& kept);
 
     void revert(CurveLog& log);
 

@@ -6,7 +6,7 @@ using brindle::engine::BezierColumn;
 using brindle::engine::Curve;
 using brindle::engine::CurveLog;
 
-/// What a command on a column of another engine, or on none, comes to.
+/// Stands for a command on a column of another engine, or on none.
 class RefusedCommand final : public CO_Command {
 public:
     Status execute() override { return kFail; }
@@ -35,51 +35,9 @@ std::unique_ptr<CO_Command> spliceCommand(TUBezierTimedValue* column, double fra
     });
 }
 
-/// Sets one of the hold values, and the old one when it is undone.
-class HoldCommand final : public CO_Command {
-public:
-    using Get = int (BezierColumn::*)() const;
-    using Set = bool (BezierColumn::*)(int);
-
-    HoldCommand(TUFnc2DTimedValue* column, Get get, Set set, int value)
-        : m_column(dynamic_cast<BezierColumn*>(column)),
-          m_get(get),
-          m_set(set),
-          m_value(value)
-    {}
-
-    Status execute() override
-    {
-        if (!m_column)
-            return kFail;
-        m_before = (m_column->*m_get)();
-        if (m_before == m_value)
-            return kNoop;
-        return change(m_value);
-    }
-    Status unexecute() override { return change(m_before); }
-
-private:
-    Status change(int value)
-    {
-        if (!(m_column->*m_set)(value))
-            return kFail;
-        m_column->tellLinked();
-        return kOk;
-    }
-
-    BezierColumn* m_column;
-    Get m_get;
-    Set m_set;
-    int m_value;
-    int m_before = 0;
-};
-
 } // namespace
 
-namespace tu_timedvalue {
-
-namespace bezier {
+namespace tu_timedvalue::bezier {
 
 SpliceCmd::SpliceCmd(TUBezierTimedValue* column, double frame, bool makeKey, bool constantSegment)
     : CO_EngineCommand(spliceCommand(column, frame, makeKey, constantSegment))
@@ -117,22 +75,4 @@ SetContinuityCmd::SetContinuityCmd(TUBezierTimedValue* column, double frame, int
       }))
 {}
 
-} // namespace bezier
-
-namespace fnc2d {
-
-SetStartCmd::SetStartCmd(TUFnc2DTimedValue* column, int frame)
-    : CO_EngineCommand(std::make_unique<HoldCommand>(column, &BezierColumn::start, &BezierColumn::setStart, frame))
-{}
-
-SetStopCmd::SetStopCmd(TUFnc2DTimedValue* column, int frame)
-    : CO_EngineCommand(std::make_unique<HoldCommand>(column, &BezierColumn::stop, &BezierColumn::setStop, frame))
-{}
-
-SetStepCmd::SetStepCmd(TUFnc2DTimedValue* column, int step)
-    : CO_EngineCommand(std::make_unique<HoldCommand>(column, &BezierColumn::step, &BezierColumn::setStep, step))
-{}
-
-} // namespace fnc2d
-
-} // namespace tu_timedvalue
+} // namespace tu_timedvalue::bezier

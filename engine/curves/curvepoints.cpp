@@ -19,7 +19,7 @@ bool CurvePoints::holds(int block, double frame) const
 
 int CurvePoints::blockOf(double frame) const
 {
-    // Who goes along a curve stays in a block for a while.
+    // Successive frames of a loop over a curve mostly lie in the same block.
     const int recent = m_recentBlock;
     if (holds(recent, frame))
         return recent;

@@ -95,7 +95,7 @@ private:
 
     int blockOf(double frame) const; ///< The block whose range holds the frame, -1 ahead of all.
     bool holds(int block, double frame) const;
-    int placeIn(int block, double frame) const; ///< Of the last point at or before the frame, -1 ahead of all.
+    int placeIn(int block, double frame) const; ///< The last point at or before the frame; -1 ahead of all.
     void joinSmall(int block);
 
     std::vector<Block> m_blocks; // none is empty

@@ -8,9 +8,8 @@ struct FrameShift {
     int at = 0;
     int delta = 0;
 
-    /// What becomes of a stretch of frames that the shift carries along: frames that come in between its first and its
-    /// last one become a part of it, frames that go are cut out of it. False when nothing is left of it; the first
-    /// frame is then behind the last one.
+    /// Moves a stretch of frames along: frames that come in between its first and its last one become a part of it,
+    /// frames that go are cut out of it. False when nothing is left of it; the first frame is then behind the last one.
     bool carry(int& first, int& last) const;
 };
 

@@ -111,10 +111,11 @@ bool JsonPlace::has(const char* name) const
     return object().contains(QLatin1String(name));
 }
 
-void JsonPlace::requireOnly(std::initializer_list<const char*> names) const
+void JsonPlace::requireOnly(std::initializer_list<const char*> names, std::span<const char* const> more) const
 {
-    const auto known = [names](const QString& field) {
-        return std::any_of(names.begin(), names.end(), [&](const char* name) { return field == QLatin1String(name); });
+    const auto known = [names, more](const QString& field) {
+        const auto isField = [&](const char* name) { return field == QLatin1String(name); };
+        return std::any_of(names.begin(), names.end(), isField) || std::any_of(more.begin(), more.end(), isField);
     };
     for (auto field = object().constBegin(); field != m_object.constEnd(); ++field) {
         if (!known(field.key()))
@@ -179,7 +180,7 @@ double JsonPlace::number() const
     return m_value.toDouble();
 }
 
-int JsonPlace::oneOf(std::initializer_list<const char*> texts) const
+int JsonPlace::oneOf(std::span<const char* const> texts) const
 {
     const QString value = text();
     QStringList names;

@@ -11,6 +11,7 @@
 #include <QStringList>
 
 #include <initializer_list>
+#include <span>
 
 namespace brindle::engine {
 
@@ -48,7 +49,8 @@ class JsonPlace {
 public:
     JsonPlace field(const char* name) const;
     bool has(const char* name) const;
-    void requireOnly(std::initializer_list<const char*> names) const; ///< An object without other fields than these.
+    /// An object without other fields than these.
+    void requireOnly(std::initializer_list<const char*> names, std::span<const char* const> more = {}) const;
     QStringList keys() const;
     JsonPlace field(const QString& name) const; ///< One of `keys`.
 
@@ -59,8 +61,9 @@ public:
     QString text() const;
     bool flag() const;
     int integer(int lowest, int highest) const;
-    double number() const;                                     ///< Finite.
-    int oneOf(std::initializer_list<const char*> texts) const; ///< Which of the texts it is.
+    double number() const;                               ///< Finite.
+    int oneOf(std::span<const char* const> texts) const; ///< Which of the texts it is.
+    int oneOf(std::initializer_list<const char*> texts) const { return oneOf(std::span(texts.begin(), texts.size())); }
 
     /// The head that each file of a project begins with; gives the version. A newer one than `newest` is refused.
     int requireFormat(const char* format, int newest) const;

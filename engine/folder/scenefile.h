@@ -35,11 +35,9 @@ class ProjectMaker;
 ///
 /// A column:
 ///
-///     name, type         "BEZIER"
+///     name, type         "BEZIER", ...: the word of its kind (ColumnKind::word)
 ///     anonymous          true; left out when false
-///     hold               [start, stop, step]
-///     points             [frame, value, left x, left y, right x, right y, "CORNER", "STRAIGHT" or "SMOOTH"], with
-///                        "CONSTANT" behind it when the segment is; handles in global coordinates
+///     ...                the fields of its kind, as the class of the kind describes them
 ///     order              places of the attributes that it drives, as the nodes list them, in the order of
 ///                        linking; left out when it is the same
 ///

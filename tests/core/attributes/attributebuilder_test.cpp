@@ -40,9 +40,7 @@ TEST_F(AttributeBuilderTest, AValueThatIsThereAlreadyMakesNoColumnUnlessForced)
 {
     auto& x = dynamic_cast<AT_DoubleAttr&>(*engineAttribute("position.x"));
     for (const bool force : {false, true}) {
-        auto commands = std::make_unique<CO_OrCommand>(true);
-        tu_attr::addSetValue(*commands, x, 5, 0, {.force = force});
-        EXPECT_TRUE(manager().execute(commands.release(), "set"));
+        EXPECT_TRUE(manager().execute(tu_attr::setValueCommand(x, 5, 0, {.force = force}).release(), "set"));
         EXPECT_EQ(curveOf("position.x") != nullptr, force);
         undo();
         EXPECT_FALSE(curveOf("position.x"));
@@ -53,9 +51,7 @@ TEST_F(AttributeBuilderTest, AValueThatIsThereAlreadyMakesNoKeyUnlessForced)
 {
     const TUBezierTimedValue* curve = animate("position.x", {{1, 4}});
     auto& x = dynamic_cast<AT_DoubleAttr&>(*engineAttribute("position.x"));
-    auto commands = std::make_unique<CO_OrCommand>(true);
-    tu_attr::addSetValue(*commands, x, 5, 4, {});
-    EXPECT_TRUE(manager().execute(commands.release(), "set"));
+    EXPECT_TRUE(manager().execute(tu_attr::setValueCommand(x, 5, 4, {}).release(), "set"));
     EXPECT_EQ(keysOf(*curve), Keys({{1, 4}}));
 }
 
@@ -64,9 +60,8 @@ TEST_F(AttributeBuilderTest, ANewColumnCanBeginWithTheOldValue)
     number("position.x").setLocalvalue(2);
     auto& x = dynamic_cast<AT_DoubleAttr&>(*engineAttribute("position.x"));
     const QByteArray before = saved();
-    auto commands = std::make_unique<CO_OrCommand>(true);
-    tu_attr::addSetValue(*commands, x, 5, 9, {.force = true, .holdFirstFrame = true});
-    EXPECT_TRUE(manager().execute(commands.release(), "set"));
+    EXPECT_TRUE(
+        manager().execute(tu_attr::setValueCommand(x, 5, 9, {.force = true, .holdFirstFrame = true}).release(), "set"));
     EXPECT_EQ(keysOf(*curveOf("position.x")), Keys({{1, 2}, {5, 9}}));
     expectUndoable(before);
 }
@@ -88,13 +83,11 @@ TEST_F(AttributeBuilderTest, ALinkThatIsRefusedLeavesNoColumn)
     number.source = dynamic_cast<AT_DoubleAttr*>(engineAttribute("position.x"));
     const QByteArray before = saved();
     for (const bool offset : {false, true}) {
-        CO_BaseOrCommand* commands = nullptr;
-        if (offset) {
+        CO_Command* commands = nullptr;
+        if (offset)
             commands = new tu_attr::OffsetValueAllFramesCmd<AT_IntAttr>(number, 5, MO_FrameRange(10));
-        } else {
-            commands = new CO_OrCommand(true);
-            tu_attr::addSetValue<AT_IntAttr>(*commands, number, 10, 5, {.force = true});
-        }
+        else
+            commands = tu_attr::setValueCommand<AT_IntAttr>(number, 10, 5, {.force = true}).release();
         EXPECT_FALSE(manager().execute(commands, "set"));
         EXPECT_EQ(scene()->timedValueCount(), 0);
         EXPECT_EQ(number.held, 0);

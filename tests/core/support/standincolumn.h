@@ -70,6 +70,9 @@ public:
     AT_Attr* linkedAttr(unsigned int index) const override { return links[index]; }
     std::vector<MO_Node*> linkedNodes() const override { return nodes; }
     void scale(double factor, int second, CO_Command** command) override;
+    bool takesValues() const override { return kind != kExpression; }
+    CO_Command* spliceCommand(double, bool) override { return nullptr; }
+    std::unique_ptr<TUCellMemo> remember(double) override { return nullptr; }
     void endModif(double) override {}
     AT_ColumnMarkerManager* createOrGetColumnMarkerManager() override { return markers; }
 

@@ -20,14 +20,22 @@ public:
     std::vector<MO_Node*> linkedNodes() const override { return {}; }
     void scale(double, int, CO_Command**) override {}
     void endModif(double) override {}
-    double evaluate(double) const override { return 0; }
+    bool takesValues() const override { return true; }
+    CO_Command* spliceCommand(double, bool) override { return nullptr; }
+    std::unique_ptr<TUCellMemo> remember(double) override { return nullptr; }
     int pointCount() const override { return 0; }
     bool isKey(double) const override { return true; }
     std::vector<int> keyframes() const override { return {}; }
-    void createKeyframes(double, double, CO_Command** command) override { make(command); }
+    CO_Command* createKeyframes(const std::vector<double>& frames, std::vector<double>& refused) override
+    {
+        CO_Command* command = nullptr;
+        make(&command);
+        if (!command)
+            refused = frames;
+        return command;
+    }
     void removeKeyframes(double, double, CO_Command** command) override { make(command); }
     bool addControlPoint(double) override { return false; }
-    bool eraseControlPoint(double) override { return false; }
 
     enum Commands { None, Failing, Working };
     Commands commands = None;

@@ -65,7 +65,7 @@ TEST_F(BezierColumnTest, PointsAreFoundByPlaceAndFrame)
     EXPECT_EQ(column->keyframes(), (std::vector<int>{1, 5, 10}));
 }
 
-TEST_F(BezierColumnTest, AddingAPointAndErasingItLeavesEveryBit)
+TEST_F(BezierColumnTest, WhatIsRememberedComesBackToTheLastBit)
 {
     std::mt19937 random(31);
     std::uniform_real_distribution<double> number(-30, 60);
@@ -84,36 +84,36 @@ TEST_F(BezierColumnTest, AddingAPointAndErasingItLeavesEveryBit)
             ASSERT_TRUE(curve.putPoint(point));
         }
         const QString before = curveDump(curve);
-        std::vector<double> frames;
+        std::vector<std::unique_ptr<TUCellMemo>> memos;
         for (int i = 0; i < 8; ++i) {
-            const double frame = number(random);
-            if (curve.addControlPoint(frame)) {
-                frames.push_back(frame);
-                curve.setValueAt(frame, number(random), random() % 2);
-            }
+            const double frame = i % 3 == 0 ? 7 * (i / 3) : number(random);
+            memos.push_back(curve.remember(frame));
+            curve.addControlPoint(frame);
+            curve.setValueAt(frame, number(random), random() % 2);
         }
-        for (; !frames.empty(); frames.pop_back())
-            ASSERT_TRUE(curve.eraseControlPoint(frames.back()));
+        for (; !memos.empty(); memos.pop_back()) {
+            memos.back()->restore();
+            const QString once = curveDump(curve);
+            memos.back()->restore();
+            ASSERT_EQ(curveDump(curve), once);
+        }
         ASSERT_EQ(curveDump(curve), before);
     }
 }
 
-TEST_F(BezierColumnTest, ErasingLeavesANeighbourThatWasEditedSince)
+TEST_F(BezierColumnTest, APointThatIsRememberedStaysTheOneThatItIs)
 {
     key(1, 0);
     key(20, 10);
-    column->addControlPoint(10);
-    BezierCtrlPt edited = at(1);
-    edited.rightX = 3;
-    edited.rightY = 77;
-    ASSERT_TRUE(column->restorePoint(edited));
-    ASSERT_TRUE(column->eraseControlPoint(10));
-    EXPECT_EQ(at(1).rightX, 3);
-    EXPECT_EQ(at(1).rightY, 77);
-    EXPECT_FALSE(column->eraseControlPoint(10));
+    const auto memo = column->remember(20);
+    const auto identity = at(20).identity;
+    key(20, -3);
+    memo->restore();
+    EXPECT_EQ(at(20).value, 10);
+    EXPECT_EQ(at(20).identity, identity);
 }
 
-TEST_F(BezierColumnTest, RestoringAPointWritesItAsItIsGiven)
+TEST_F(BezierColumnTest, APointIsPutAsItIsGiven)
 {
     key(5, 1);
     BezierCtrlPt point = at(5);
@@ -126,7 +126,7 @@ TEST_F(BezierColumnTest, RestoringAPointWritesItAsItIsGiven)
     point.constSegment = true;
     point.continuity = 2;
     point.identity = 12345;
-    ASSERT_TRUE(column->restorePoint(point));
+    ASSERT_TRUE(column->putPoint(point));
     const BezierCtrlPt there = at(5);
     EXPECT_EQ(there.value, 0.1);
     EXPECT_EQ(there.leftX, 0.3);
@@ -137,14 +137,14 @@ TEST_F(BezierColumnTest, RestoringAPointWritesItAsItIsGiven)
     EXPECT_EQ(there.continuity, 2);
     EXPECT_EQ(there.identity, identity);
 
-    point.frame = 6;
-    EXPECT_FALSE(column->restorePoint(point));
+    point.frame = infinity;
+    EXPECT_FALSE(column->putPoint(point));
     point.frame = 5;
     point.rightY = nan;
-    EXPECT_FALSE(column->restorePoint(point));
+    EXPECT_FALSE(column->putPoint(point));
     point.rightY = 0;
     point.continuity = 3;
-    EXPECT_FALSE(column->restorePoint(point));
+    EXPECT_FALSE(column->putPoint(point));
     EXPECT_EQ(at(5).rightY, -0.7);
 }
 
@@ -156,7 +156,6 @@ TEST_F(BezierColumnTest, ValuesThatAreNotNumbersAndFramesOutOfBoundsAreRefused)
         EXPECT_FALSE(column->setValueAt(5, bad, false));
         EXPECT_FALSE(column->setValueAt(bad, 5, false));
         EXPECT_FALSE(column->addControlPoint(bad));
-        EXPECT_FALSE(column->eraseControlPoint(bad));
     }
     EXPECT_FALSE(column->addControlPoint(2e9));
     EXPECT_EQ(curveDump(*column), before);
@@ -266,22 +265,69 @@ TEST_F(BezierColumnTest, KeyframesAreMadeOnTheCurveAndThoseThatStandStay)
     key(10, 9);
     const double five = column->evaluate(5);
     const QString before = state();
-    CO_Command* command = nullptr;
-    column->createKeyframes(1, 5, &command);
-    ASSERT_TRUE(run(command));
+    std::vector<double> refused;
+    ASSERT_TRUE(run(column->createKeyframes({5, 2, 1, 4, 3, 4}, refused)));
     EXPECT_EQ(column->keyframes(), (std::vector<int>{1, 2, 3, 4, 5, 10}));
     EXPECT_NEAR(column->evaluate(5), five, 1e-12);
     EXPECT_TRUE(undoesTo(before));
 
-    column->createKeyframes(10, 10, &command);
-    ASSERT_NE(command, nullptr);
-    EXPECT_EQ(command->execute(), CO_Command::kNoop);
-    delete command;
-    for (const auto& [first, last] :
-         {std::pair(nan, 1.), std::pair(1., infinity), std::pair(5., 1.), std::pair(0., 1e8)}) {
-        column->createKeyframes(first, last, &command);
-        EXPECT_EQ(command, nullptr) << first << " to " << last;
+    for (const std::vector<double>& frames : {std::vector<double>{10}, std::vector<double>{}}) {
+        const std::unique_ptr<CO_Command> command(column->createKeyframes(frames, refused));
+        ASSERT_NE(command, nullptr);
+        EXPECT_EQ(command->execute(), CO_Command::kNoop);
     }
+    EXPECT_TRUE(refused.empty());
+    EXPECT_EQ(column->createKeyframes({7, infinity, 8, 1e10}, refused), nullptr);
+    EXPECT_EQ(refused, (std::vector<double>{infinity, 1e10}));
+    EXPECT_EQ(column->createKeyframes({nan}, refused), nullptr);
+    EXPECT_TRUE(std::isnan(refused.back()));
+}
+
+TEST_F(BezierColumnTest, ASpliceIsAKeyThatLeavesTheCurve)
+{
+    key(1, 0);
+    key(10, 5);
+    const double four = column->evaluate(4);
+    const QString before = state();
+    ASSERT_TRUE(run(column->spliceCommand(4, false)));
+    EXPECT_EQ(at(4).value, four);
+    EXPECT_FALSE(at(4).constSegment);
+    EXPECT_TRUE(undoesTo(before));
+    ASSERT_TRUE(run(column->spliceCommand(6, true)));
+    EXPECT_TRUE(at(6).constSegment);
+    EXPECT_EQ(column->spliceCommand(4, false), nullptr) << "a key stands there";
+}
+
+TEST_F(BezierColumnTest, ACurveSaysWhatItsPointsAreApartFromTheirHandles)
+{
+    key(1, 0);
+    column->setValueAt(10, 5, true);
+    EXPECT_EQ(column->curvePoint(1).frame, 10);
+    EXPECT_EQ(column->curvePoint(1).value, 5);
+    EXPECT_TRUE(column->curvePoint(1).constSegment);
+    EXPECT_FALSE(column->curvePoint(0).constSegment);
+    EXPECT_FALSE(column->isConstantAt(0)) << "ahead of the first point";
+    EXPECT_FALSE(column->isConstantAt(9));
+    EXPECT_TRUE(column->isConstantAt(10));
+    EXPECT_TRUE(column->isConstantAt(11));
+    EXPECT_TRUE(column->takesValues());
+}
+
+TEST_F(BezierColumnTest, ACopyHasTheSameCurveAndNoLinks)
+{
+    key(1, 0);
+    column->setValueAt(10, 5, true);
+    column->setStep(3);
+    column->setStop(9);
+    const auto made = column->copy("other", true);
+    const auto& copy = dynamic_cast<const brindle::engine::BezierColumn&>(*made);
+    EXPECT_EQ(curveDump(copy), curveDump(*column));
+    EXPECT_EQ(copy.getName(), "other");
+    EXPECT_TRUE(copy.isAnonymous());
+    EXPECT_EQ(copy.sceneCommon(), nullptr);
+    EXPECT_EQ(copy.getNumLinks(), 0u);
+    key(1, 7);
+    EXPECT_EQ(copy.evaluate(1), 0);
 }
 
 TEST_F(BezierColumnTest, KeyframesOfARangeAreRemoved)

@@ -24,15 +24,19 @@ public:
     AT_Attr* linkedAttr(unsigned int) const override { return nullptr; }
     std::vector<MO_Node*> linkedNodes() const override { return {}; }
     void scale(double, int, CO_Command** command) override { *command = nullptr; }
+    bool takesValues() const override { return true; }
+    CO_Command* spliceCommand(double, bool) override { return nullptr; }
+    std::unique_ptr<TUCellMemo> remember(double) override { return nullptr; }
     void endModif(double) override {}
     double evaluate(double) const override { return 0; }
+    TUFnc2DPoint curvePoint(int) const override { return {}; }
+    bool isConstantAt(double) const override { return false; }
     int pointCount() const override { return 0; }
     bool isKey(double) const override { return false; }
     std::vector<int> keyframes() const override { return {}; }
-    void createKeyframes(double, double, CO_Command** command) override { *command = nullptr; }
+    CO_Command* createKeyframes(const std::vector<double>&, std::vector<double>&) override { return nullptr; }
     void removeKeyframes(double, double, CO_Command** command) override { *command = nullptr; }
     bool addControlPoint(double) override { return false; }
-    bool eraseControlPoint(double) override { return false; }
     int start() const override { return 1; }
     int stop() const override { return 1; }
     int step() const override { return 1; }
@@ -41,7 +45,6 @@ public:
     bool pointAt(double, BezierCtrlPt&) const override { return false; }
     bool pointBefore(double, BezierCtrlPt&) const override { return false; }
     bool pointAfter(double, BezierCtrlPt&) const override { return false; }
-    bool restorePoint(const BezierCtrlPt&) override { return false; }
 };
 
 class CurveCommandsTest : public ColumnTest {
@@ -221,8 +224,7 @@ protected:
             column->scale(number() / 10, 0, &made);
             return made;
         case 11:
-            column->createKeyframes(frame, frame + m_random() % 5, &made);
-            return made;
+            return column->createKeyframes({frame + m_random() % 5, frame, frame + 2}, m_refused);
         case 12:
             column->removeKeyframes(frame, frame + m_random() % 9, &made);
             return made;
@@ -261,6 +263,7 @@ protected:
     brindle::engine::BezierColumn* column(std::size_t count) { return columns[m_random() % count]; }
     double number() { return std::uniform_real_distribution<double>(-30, 60)(m_random); }
 
+    std::vector<double> m_refused;
     std::mt19937 m_random{GetParam()};
     std::vector<brindle::engine::BezierColumn*> columns = {addColumn("a"), addColumn("b"), addColumn("c")};
     MO_Node* peg = add("PEG", "Peg");

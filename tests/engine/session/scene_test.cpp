@@ -197,9 +197,8 @@ TEST_F(SceneColumnTest, KeysMoveWithTheFramesThatComeAndGo)
     TUBezierTimedValue* column = newColumn();
     ASSERT_TRUE(addColumn(column));
     for (const double frame : {1.0, 10.0, 20.0, 30.0}) {
-        CO_Command* command = nullptr;
-        column->createKeyframes(frame, frame, &command);
-        ASSERT_TRUE(run(command));
+        std::vector<double> refused;
+        ASSERT_TRUE(run(column->createKeyframes({frame}, refused)));
     }
     ASSERT_EQ(column->keyframes(), (std::vector<int>{1, 10, 20, 30}));
     change(9, 5);

@@ -2,6 +2,8 @@
 
 #include "core/host/at_attr.h"
 #include "core/host/mo_node.h"
+#include "engine/curves/column.h"
+#include "engine/folder/jsonwriter.h"
 
 #include <QTextStream>
 
@@ -39,6 +41,17 @@ private:
     QTextStream& m_out;
 };
 
+/// What is saved of a column, as its kind writes it; of a curve every bit besides.
+QString contentDump(const TUTimedValue& column)
+{
+    brindle::engine::JsonWriter json;
+    json.beginObject();
+    brindle::engine::Column::of(&column)->write(json);
+    json.endObject();
+    const auto* bezier = dynamic_cast<const TUBezierTimedValue*>(&column);
+    return json.result() + (bezier ? curveDump(*bezier) : QString());
+}
+
 } // namespace
 
 QString curveDump(const TUBezierTimedValue& column)
@@ -66,9 +79,7 @@ QString columnsDump(const TUScene& scene)
             const AT_Attr* attr = (*column)->linkedAttr(link);
             out << ' ' << attr->node()->qualifiedName() << ':' << attr->displayText();
         }
-        out << '\n';
-        if (const auto* bezier = dynamic_cast<const TUBezierTimedValue*>(*column))
-            out << curveDump(*bezier);
+        out << '\n' << contentDump(**column);
     }
     std::vector<MO_Node*> nodes;
     scene.getRootGroup()->getRecursiveSubNodeList(nodes);

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "core/columns/beziercolumn.h"
+#include "core/columns/beziercontrolpoint.h"
+#include "core/host/tu_timedvalue.h"
+
+namespace OMC {
+
+/// A class of columns of the engine, the class of its wrappers, and that of its control points.
+///
+/// `Points::at(column, index)` and `Points::at(column, frame)` make a wrapper of a point, or give null where there is
+/// none.
+template <typename TimedValueT, typename WrapperT, typename PointsT>
+struct ColumnClass {
+    using TimedValue = TimedValueT;
+    using Wrapper = WrapperT;
+    using Points = PointsT;
+};
+
+struct NoControlPoints {
+    static ControlPoint* at(const TUTimedValue&, quint64) { return nullptr; }
+    static ControlPoint* at(const TUTimedValue&, double) { return nullptr; }
+};
+
+/// A visitor with a `visit` for each class of a list, which calls `Base::found<ColumnClass>(column)`.
+template <typename Base, typename... Classes>
+class VisitEach : public Base {
+public:
+    using Base::Base;
+};
+
+template <typename Base, typename Class, typename... Rest>
+class VisitEach<Base, Class, Rest...> : public VisitEach<Base, Rest...> {
+public:
+    using VisitEach<Base, Rest...>::VisitEach;
+    using VisitEach<Base, Rest...>::visit;
+    void visit(typename Class::TimedValue& column) override { this->template found<Class>(column); }
+};
+
+/// All classes with a wrapper of their own; a column of another class gets that of the more general one.
+template <typename Base>
+using VisitColumnClasses = VisitEach<Base,                                                               //
+                                     ColumnClass<TUTimedValue, Column, NoControlPoints>,                 //
+                                     ColumnClass<AT_FncTimedValue, KeyframeableColumn, NoControlPoints>, //
+                                     ColumnClass<TUBezierTimedValue, BezierColumn, BezierControlPoint>>;
+
+} // namespace OMC
