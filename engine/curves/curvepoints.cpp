@@ -58,19 +58,31 @@ const CurvePoint& CurvePoints::at(int index) const
     return m_blocks[block][index - m_starts[block]];
 }
 
+CurvePoints::Neighbours CurvePoints::neighboursAt(std::size_t block, std::size_t place) const
+{
+    const Block& points = m_blocks[block];
+    const CurvePoint* after = nullptr;
+    if (place + 1 < points.size())
+        after = &points[place + 1];
+    else if (block + 1 < m_blocks.size())
+        after = &m_blocks[block + 1].front();
+    return {&points[place], after};
+}
+
 CurvePoints::Neighbours CurvePoints::around(double frame) const
 {
+    // Most questions are about the place that was asked for last.
+    const auto recentBlock = static_cast<std::size_t>(m_recentBlock);
+    const auto recentPlace = static_cast<std::size_t>(m_recentPlace);
+    if (recentBlock < m_blocks.size() && recentPlace < m_blocks[recentBlock].size()) {
+        const Neighbours recent = neighboursAt(recentBlock, recentPlace);
+        if (recent.before->frame <= frame && (!recent.after || frame < recent.after->frame))
+            return recent;
+    }
     const int index = blockOf(frame);
     if (index < 0)
         return {nullptr, m_size ? &first() : nullptr};
-    const Block& block = m_blocks[index];
-    const int place = placeIn(index, frame);
-    const CurvePoint* after = nullptr;
-    if (place + 1 < static_cast<int>(block.size()))
-        after = &block[place + 1];
-    else if (index + 1 < static_cast<int>(m_blocks.size()))
-        after = &m_blocks[index + 1].front();
-    return {&block[place], after};
+    return neighboursAt(static_cast<std::size_t>(index), static_cast<std::size_t>(placeIn(index, frame)));
 }
 
 const CurvePoint* CurvePoints::find(double frame) const

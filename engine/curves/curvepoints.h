@@ -93,6 +93,7 @@ public:
 private:
     using Block = std::vector<CurvePoint>;
 
+    Neighbours neighboursAt(std::size_t block, std::size_t place) const;
     int blockOf(double frame) const; ///< The block whose range holds the frame, -1 ahead of all.
     bool holds(int block, double frame) const;
     int placeIn(int block, double frame) const; ///< The last point at or before the frame; -1 ahead of all.

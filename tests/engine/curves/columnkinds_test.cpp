@@ -14,7 +14,22 @@
 
 namespace {
 
-using namespace brindle::engine;
+using brindle::engine::AttributeMeta;
+using brindle::engine::Column;
+using brindle::engine::ColumnKind;
+using brindle::engine::columnKinds;
+using brindle::engine::ColumnList;
+using brindle::engine::FolderFailure;
+using brindle::engine::FrameShift;
+using brindle::engine::HostColumn;
+using brindle::engine::JsonFile;
+using brindle::engine::JsonPlace;
+using brindle::engine::JsonWriter;
+using brindle::engine::makeColumn;
+using brindle::engine::numberColumnKind;
+using brindle::engine::NumberValues;
+using brindle::engine::readColumn;
+using brindle::engine::sceneText;
 
 /// A kind without numbers and without keys: a name a frame, as drawings have.
 class NameColumn final : public HostColumn<TUTimedValue> {
