@@ -1627,7 +1627,7 @@ class MultiPortOutNode(MultiPortNode):
 class NodeList(ListObj):
     """The nodes of a scene or of a group. list["Top/Arm"] finds a node by its path, in constant time; a loop goes over the nodes that there were when it began."""
     def find(self, filter: Any) -> list:
-        """The nodes that a filter lets through: a regular expression or a list of them, searched for in name, type and path, or a dict with the keys "name", "type" and "path"."""
+        """The nodes that a filter lets through: a regular expression or a list of them, searched for in name, type and path, or a dict with the keys "name", "type" and "path"; or a function that is called with each node and says whether it is one of them."""
         ...
     @overload
     def create(self, type: str, name: str = '') -> Any:
