@@ -148,7 +148,8 @@ class SettingsMachine(UndoModel):
         aspect, place = self.scenes[index].aspect, "xy".index(axis)
         number = int(2 * self.model.chart[place]) * value
         if not abs(number) < 2**31:
-            self.nothing(lambda: setattr(aspect, axis, value), "Invalid argument at index 0.")
+            self.nothing(lambda: setattr(aspect, axis, value),
+                         support.not_finite(axis) if not math.isfinite(value) else "Invalid argument at index 0.")
         elif int(number) < 1:
             self.nothing(lambda: setattr(aspect, axis, value))
         else:
@@ -179,7 +180,7 @@ class SettingsMachine(UndoModel):
         scene, name = self.scenes[index], f"{kind}_texture_pixel_density"
         factor = value / self.model.density(1.0)
         if not math.isfinite(value):
-            self.nothing(lambda: setattr(scene, name, value), "Invalid argument at index 0.")
+            self.nothing(lambda: setattr(scene, name, value), support.not_finite(name))
         elif factor <= 0:
             self.nothing(lambda: setattr(scene, name, value))
         elif not math.isclose(factor, getattr(self.model, kind)):
@@ -231,7 +232,7 @@ class SettingsMachine(UndoModel):
     def framerate(self, index, rate):
         scene = self.scenes[index]
         if not math.isfinite(rate):
-            self.nothing(lambda: setattr(scene, "framerate", rate), "Invalid argument at index 0.")
+            self.nothing(lambda: setattr(scene, "framerate", rate), support.not_finite("framerate"))
         elif rate <= 0:
             self.nothing(lambda: setattr(scene, "framerate", rate), "Failed to set the frame rate.")
         else:
