@@ -67,6 +67,27 @@ function(brindle_shared_library target export_name)
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} NAMELINK_COMPONENT Development)
 endfunction()
 
+# What the headers below the folders say about classes and members, as a source file: Python's texts come from there. A
+# member of a class in Python that no header says a word about fails the build, where the module is first imported.
+function(brindle_header_texts result)
+    set(headers)
+    foreach(folder IN LISTS ARGN)
+        file(GLOB_RECURSE found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${folder}/*.h)
+        list(APPEND headers ${found})
+    endforeach()
+    list(FILTER headers EXCLUDE REGEX "^${PROJECT_SOURCE_DIR}/core/host/")
+    set(script ${PROJECT_SOURCE_DIR}/cmake/header_texts.py)
+    set(output ${CMAKE_BINARY_DIR}/generated/headertexts.cpp)
+    add_custom_command(OUTPUT ${output}.stamp BYPRODUCTS ${output}
+        COMMAND ${Python3_EXECUTABLE} ${script} ${PROJECT_SOURCE_DIR} ${output} ${headers}
+        COMMAND ${CMAKE_COMMAND} -E touch ${output}.stamp
+        DEPENDS ${script} ${headers}
+        COMMENT "Reading what the headers say" VERBATIM)
+    set_source_files_properties(${output} PROPERTIES
+        GENERATED ON SKIP_AUTOMOC ON SKIP_PRECOMPILE_HEADERS ON OBJECT_DEPENDS ${output}.stamp)
+    set(${result} ${output} ${output}.stamp PARENT_SCOPE)
+endfunction()
+
 # The package directory of the build, importable with PYTHONPATH=<build>/python: links to the sources and the library.
 function(brindle_python_package target)
     set(package ${CMAKE_BINARY_DIR}/python/brindle)
@@ -79,4 +100,10 @@ function(brindle_python_package target)
     endforeach()
     add_custom_command(TARGET ${target} POST_BUILD VERBATIM
         COMMAND ${CMAKE_COMMAND} -E create_symlink $<TARGET_FILE:${target}> ${package}/_brindle.so)
+    # A sanitizer's runtime has to be loaded ahead of the interpreter's libraries, which is the tests' to do.
+    if(NOT BRINDLE_SANITIZE)
+        add_custom_command(TARGET ${target} POST_BUILD VERBATIM
+            COMMAND ${CMAKE_COMMAND} -E env PYTHONPATH=${CMAKE_BINARY_DIR}/python PYTHONDONTWRITEBYTECODE=1
+                ${Python3_EXECUTABLE} -c "import brindle")
+    endif()
 endfunction()

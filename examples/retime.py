@@ -44,23 +44,23 @@ class Curve:
 class Stretch:
     """From a frame to the one that the same moment has at another rate. Frame 1 is the beginning."""
 
-    def __init__(self, factor, exact, count):
+    def __init__(self, factor: float, exact: bool, count: int) -> None:
         self.factor = factor
         self.exact = exact
         self.count = count
         self.new_count = self.last(count)
 
-    def moment(self, frame):
+    def moment(self, frame: float) -> float:
         return 1 + (frame - 1) * self.factor
 
-    def frame(self, frame):
+    def frame(self, frame: float) -> int:
         return math.floor(self.moment(frame) + 0.5)
 
-    def last(self, frame):
+    def last(self, frame: int) -> int:
         """For a frame that is the last one of something: what follows begins behind it."""
         return max(1, self.frame(frame + 1) - 1)
 
-    def key(self, key):
+    def key(self, key: Key) -> Key:
         frame = self.moment(key.frame)
         if not self.exact:
             frame = self.frame(key.frame)
@@ -70,34 +70,35 @@ class Stretch:
         return Key(frame, key.value, left, right, key.constant, key.continuity)
 
 
-def read_keys(column):
+def read_keys(column: brindle.BezierColumn) -> list[Key]:
     return [Key(point.frame, point.value, (point.handle_left_x, point.handle_left_y),
                 (point.handle_right_x, point.handle_right_y), point.const_segment, point.continuity)
             for point in column.control_points]
 
 
-def read_curves(scene, stretch):
+def read_curves(scene: brindle.Scene, stretch: Stretch) -> list[Curve]:
     """Each curve of the scene once."""
-    curves = {}
+    curves: dict[str, Curve] = {}
     for node in scene.nodes:
         for attribute in node.attributes:
             for part in [attribute, *(attribute.subattributes or [])]:
                 name = part.column_name
-                if name and name not in curves and isinstance(part.column, brindle.BezierColumn):
-                    keys = read_keys(part.column)
-                    curves[name] = Curve(f"{node.path}: {part.full_keyword}", part.column, keys,
+                column = part.column
+                if name and name not in curves and isinstance(column, brindle.BezierColumn):
+                    keys = read_keys(column)
+                    curves[name] = Curve(f"{node.path}: {part.full_keyword}", column, keys,
                                          [stretch.key(key) for key in keys])
     return list(curves.values())
 
 
-def require_apart(curve, exact):
+def require_apart(curve: Curve, exact: bool) -> None:
     for one, two in zip(curve.after, curve.after[1:]):
         if one.frame >= two.frame:
             hint = "" if exact else "; --exact keeps them apart"
             raise SystemExit(f"retime: two keyframes of {curve.title} would stand at frame {two.frame:g}{hint}.")
 
 
-def set_range(scene, fps, stretch):
+def set_range(scene: brindle.Scene, fps: float, stretch: Stretch) -> None:
     start, stop = stretch.frame(scene.frame_start), stretch.last(scene.frame_stop)
     scene.frame_count = stretch.new_count
     scene.frame_start = 1
@@ -106,7 +107,7 @@ def set_range(scene, fps, stretch):
     scene.framerate = fps
 
 
-def set_curve(curve, stretch):
+def set_curve(curve: Curve, stretch: Stretch) -> None:
     # A key holds the handles of its neighbours within bounds: once all stand where they belong, all handles fit.
     for _ in range(2):
         for key in curve.after:
@@ -117,7 +118,7 @@ def set_curve(curve, stretch):
         curve.column.hold_start, curve.column.hold_stop = start, stop
 
 
-def timing(scene):
+def timing(scene: brindle.Scene) -> dict[str, str]:
     """The lines of the table about a scene, by what they say."""
     return {
         "frame rate": f"{scene.framerate:g} fps",
@@ -127,12 +128,12 @@ def timing(scene):
     }
 
 
-def frames(keys):
+def frames(keys: list[Key]) -> str:
     shown = [f"{key.frame:g}" for key in keys]
     return " ".join(shown if len(shown) <= 8 else [*shown[:4], "...", *shown[-2:]]) or "no keys"
 
 
-def retime(scene, fps, exact):
+def retime(scene: brindle.Scene, fps: float, exact: bool) -> list[tuple[str, str, str]]:
     """Scales a scene. Gives the lines of its table: what, before, after."""
     factor = fps / scene.framerate
     if scene.frame_count * factor > MOST_FRAMES:
@@ -153,7 +154,7 @@ def retime(scene, fps, exact):
             *((curve.title, frames(curve.before), frames(read_keys(curve.column))) for curve in curves)]
 
 
-def print_table(title, lines):
+def print_table(title: str, lines: list[tuple[str, str, str]]) -> None:
     lines = [(title, "before", "after"), *lines]
     first, second, _ = (max(map(len, cells)) for cells in zip(*lines))
     for what, before, after in lines:
@@ -161,14 +162,14 @@ def print_table(title, lines):
     print()
 
 
-def rate(text):
+def rate(text: str) -> float:
     fps = float(text)
     if not 0 < fps <= 1000:
         raise argparse.ArgumentTypeError("a frame rate is above 0 and at most 1000")
     return fps
 
 
-def main():
+def main() -> None:
     parser = argparse.ArgumentParser(prog="retime", description="Changes the frame rate of a project, keeps its timing.")
     parser.add_argument("project", type=pathlib.Path, help="the project's folder")
     parser.add_argument("--fps", type=rate, required=True, help="the new frame rate")

@@ -6,7 +6,8 @@
 
 namespace brindle {
 
-/// The application of a script's process, with one open project.
+/// The application with its open project: where a script begins. As a context manager it closes the project at the end
+/// and saves nothing by itself.
 ///
 /// When that project closes, or another one is opened in its place, its root objects are no longer valid.
 class ServiceApplication : public OMC::Application {
@@ -22,9 +23,9 @@ public:
 
     OMC::BaseObject* copy() const override;
 
-    OMC::Obj getProject() const override;
-    OMC::Obj getScenes() const override;
-    OMC::Obj getScene() const;
+    OMC::Obj getProject() const override; ///< The open project, a Project.
+    OMC::Obj getScenes() const override;  ///< The project's scenes, a SceneList.
+    OMC::Obj getScene() const;            ///< The project's first scene.
 
     /// The manager of the project, which is still the one that this application was made for; throws otherwise.
     SC_ProjectManager& projectManager() const;

@@ -44,35 +44,33 @@ public:
     std::string __str__() const override;
     bool filterDir(std::string& name) const override;
 
-    /// The linked column, or a null pointer. Takes a column, the name of one, or false, "" or null to unlink.
+    /// The linked column, or null. Takes a column or the name of one; null, false and "" unlink.
     virtual QVariant getColumn() const;
     virtual void setColumn(const QVariant& value);
-    /// The linked column's name, "" without one. Setting links without unlinking first; "" unlinks.
+    /// The linked column's name, "" without one. Writing one links without unlinking first; "" unlinks.
     virtual QString getColumnName() const;
     virtual void setColumnName(const QString& name);
-    /// As setting the column name to "" and the column; false where that throws.
-    virtual bool unlink();
-    virtual bool link(const QVariant& value);
+    virtual bool unlink();                    ///< Cuts the link to the column; false where that fails.
+    virtual bool link(const QVariant& value); ///< Links a column; false where that fails.
 
-    virtual QString getKeyword() const;
-    virtual QString getDisplayName() const;
-    virtual QString getTypeName() const;
-    virtual QString getFullKeyword() const; ///< The keywords of all its levels, with points between them.
+    virtual QString getKeyword() const;     ///< The attribute's own keyword.
+    virtual QString getDisplayName() const; ///< The name as a person reads it.
+    virtual QString getTypeName() const;    ///< The kind of value: "DOUBLE", "BOOL", "POSITION_3D", ...
+    virtual QString getFullKeyword() const; ///< The keywords of all its levels, with points between them: "position.x".
     virtual bool getDynamic() const;        ///< Whether a script or a person added it to the node.
-    virtual bool getLinkable() const;
+    virtual bool getLinkable() const;       ///< Whether a column can drive it.
 
-    /// The value at a frame as text. Setting is false when the text can't be read or the change is refused.
+    /// Sets the value at a frame from a text; false when it can't be read or is refused.
     virtual bool setTextValue(int frame, const QString& text);
-    virtual QString getTextValue(int frame) const;
+    virtual QString getTextValue(int frame) const; ///< The value at a frame as text.
 
     using BaseObject::getAttr;
     /// The engine's attribute; null when there never was one. Throws when it is no longer the one it was made for.
     AT_Attr* getAttr() const;
-    QStringList getPath() const; ///< The keywords of all its levels.
-    /// The list of the attributes inside this one; empty when it holds none.
-    Obj getSubattributes() const;
-    Obj node() const;
-    MO_Node* getNode() const; ///< The engine node, or null once it is gone.
+    QStringList getPath() const;  ///< The keywords of all its levels.
+    Obj getSubattributes() const; ///< The attributes inside this one; null when it holds none.
+    Obj node() const;             ///< The node that the attribute belongs to.
+    MO_Node* getNode() const;     ///< The engine node, or null once it is gone.
 
     bool operator==(const Attribute& other) const;
     bool operator==(const Attribute* other) const;

@@ -13,8 +13,8 @@ class MO_Node;
 
 namespace OMC {
 
-/// The attributes of a node, or those inside one of its attributes, by index, by keyword and by dotted path.
-/// An iterator goes through the wrappers that `__iter__` made.
+/// The attributes of a node, or those inside one attribute, by index, by keyword and by dotted path:
+/// list["position.x"].
 ///
 ///     list.get("position.x");
 class BRINDLE_CORE_EXPORT AttributeList : public CountedList<EngineView<MO_Node, ListObj>, IterableObj> {
@@ -39,8 +39,7 @@ public:
     Obj get(int index) const override;
     void set(int index, const Obj& object) override; ///< Always refused.
     std::vector<Obj> list() const override;
-    /// Whether there is an attribute of a keyword or path, or whether an attribute is one of the level. False for other
-    /// values.
+    /// Whether an attribute of the level, or one of that keyword or path, is there; false for anything else.
     virtual bool contains(const QVariant& value) const;
     virtual Obj operator()(const QString& name) const;
 

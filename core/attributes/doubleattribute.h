@@ -18,7 +18,7 @@ public:
 
     using NumberAttribute::resetLocalvalue;
     using NumberAttribute::resetValue;
-    virtual double getDefault() const;
+    virtual double getDefault() const; ///< The value of a new node.
 };
 
 extern template class ValueAttribute<AT_DoubleAttr>;

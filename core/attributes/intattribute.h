@@ -4,7 +4,7 @@
 
 namespace OMC {
 
-/// An attribute whose value is a whole number. It has no default to go back to.
+/// An attribute whose value is a whole number.
 class BRINDLE_CORE_EXPORT IntAttribute : public NumberAttribute<AT_IntAttr> {
     Q_OBJECT
     BRINDLE_COPYABLE(IntAttribute)

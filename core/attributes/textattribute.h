@@ -12,6 +12,8 @@ class BRINDLE_CORE_EXPORT TextAttribute : public ValueAttribute<AT_StringAttr> {
 public:
     using ValueAttribute::ValueAttribute;
 
+    /// Sets the value at a frame: a key of the linked column; an attribute that can have a column and has none gets one
+    /// in the same undo step.
     virtual void setValue(int frame, const QString& value);
 };
 

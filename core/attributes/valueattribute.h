@@ -21,14 +21,15 @@ public:
 
     std::string __str__() const override;
 
+    /// The value at a frame: the linked column's, or the local value while there is none.
     virtual Value value(int frame) const;
-    virtual Value localvalue() const;
-    virtual void setLocalvalue(Argument value);
+    virtual Value localvalue() const;           ///< The value while no column is linked.
+    virtual void setLocalvalue(Argument value); ///< Sets the value that holds while no column is linked.
 
 protected:
-    /// To the default value. A class that can be reset makes them public.
-    virtual void resetValue(int frame);
-    virtual void resetLocalvalue();
+    // A class that can be reset makes these two public.
+    virtual void resetValue(int frame); ///< Sets the default value at a frame.
+    virtual void resetLocalvalue();     ///< Sets the default as the local value.
 
     /// Sets the value at a frame, with a column and a key for it where the attribute can have one. `adjustColumn` lets
     /// the rest of the column follow.
@@ -46,13 +47,15 @@ public:
 
     using ValueAttribute<Engine>::ValueAttribute;
 
+    /// Sets the value at a frame, with a column and a key for it where the attribute can have one, in one undo step;
+    /// `adjustColumn` lets the rest of the column follow. A change that is refused is not reported.
     virtual void setValue(int frame, Value value, bool adjustColumn = false);
-    /// Adds to the values at a frame, or over a range of frames ("[10, 20]"); what lies outside stays in place.
+    /// Adds to the values at a frame, or over the frames of [first, last]; what lies outside stays in place.
     virtual void offsetValue(const QVariant& range, Value delta);
 
-    virtual Value getMinimum() const;
-    virtual Value getMaximum() const;
-    virtual Value getStep() const;
+    virtual Value getMinimum() const; ///< The smallest value.
+    virtual Value getMaximum() const; ///< The largest value.
+    virtual Value getStep() const;    ///< By how much a person's click changes it.
 };
 
 } // namespace OMC

@@ -33,7 +33,7 @@ public:
     virtual bool test(_object* function, std::vector<QVariant>& arguments) const;
 };
 
-/// A callable of a Python script, held by native code.
+/// A function of the script, as native code holds it, or none.
 ///
 /// It holds one reference on the interpreter's object, which it can't look into: the helper does all that touches the
 /// interpreter. Without a helper it can be built, and nothing else. Any thread may call it. It never becomes invalid,
@@ -50,7 +50,8 @@ public:
     BaseObject* copy() const override;
     std::string __str__() const override;
 
-    /// Calls it; the arguments may be left out. Throws when there is no function, and what the function raises.
+    /// Calls it with a list of arguments, or with none, and gives its result. Fails without a function; what it raises
+    /// comes back as it is.
     Q_INVOKABLE QVariant call(const QVariantList& arguments = {});
     virtual QVariant call(std::vector<QVariant>& arguments) const;
     /// The same without arguments, for its effect: the result is dropped, whatever it is.
@@ -60,7 +61,10 @@ public:
 
     /// Holds another function, or none for null.
     virtual void set(_object* function);
-    virtual _object* get() const; ///< Still the wrapper's: no reference is taken.
+    /// The function as it was given, or null.
+    ///
+    /// No reference is taken: it is still the wrapper's.
+    virtual _object* get() const;
 
     /// The place of the one helper; null until it is installed. It stays to the end of the process.
     static std::unique_ptr<PythonFunctionHelper>& helperFunc();

@@ -6,7 +6,7 @@ class TUBezierTimedValue;
 
 namespace OMC {
 
-/// A curve through keyframes with a handle on either side. Its entries by frame are BezierColumnValue objects.
+/// A curve through keyframes with a handle on either side. column[frame] gives a BezierColumnValue and takes a number.
 class BRINDLE_CORE_EXPORT BezierColumn : public KeyframeableColumn {
     Q_OBJECT
     BRINDLE_COPYABLE(BezierColumn)
@@ -26,9 +26,9 @@ public:
     QVariant get(int frame) const override;
     void set(int frame, const QVariant& value) override;
 
-    /// Makes a keyframe, or sets the one at the frame, with all that it has. Handles are in frames and in the column's
-    /// values; `continuity` is "CORNER", "STRAIGHT" or "SMOOTH", in any case of letters. The neighbours keep their
-    /// handles, drawn back to the new keyframe where they reach beyond it.
+    /// Makes a keyframe, or sets the one at the frame, with all that it has. Handles are in frames (x) and in the
+    /// column's values (y), not relative to the point; the continuity is "CORNER", "STRAIGHT" or "SMOOTH", in any case
+    /// of letters.
     void createPoint(double frame, double value, double handleLeftX, double handleLeftY, double handleRightX,
                      double handleRightY, bool constSegment, const QString& continuity);
 

@@ -6,8 +6,8 @@
 
 namespace OMC {
 
-/// A bezier column at one frame. It can be read anywhere on the curve; between keyframes, handles and the like are
-/// those of the keyframe before the frame. Setting the value makes a keyframe; the rest is set on keyframes alone.
+/// A bezier column at one frame, which can be read anywhere on the curve; between keyframes, handles and the like are
+/// those of the keyframe before. Setting the value makes a keyframe; the rest is set on keyframes alone.
 ///
 /// Handles are in frames (x) and in the column's values (y). Threads are the column's care.
 class BRINDLE_CORE_EXPORT BezierColumnValue : public ColumnValue {
@@ -32,26 +32,26 @@ public:
     QVariant getValue() const override;
     void setValue(const QVariant& value) override;
 
-    bool getKey() const;
-    void setKey(bool key); ///< Makes or removes the keyframe.
-    bool getConstSegment() const;
+    bool getKey() const; ///< Whether a keyframe stands at the frame; writing makes or removes it.
+    void setKey(bool key);
+    bool getConstSegment() const; ///< Whether the value holds up to the next keyframe.
     void setConstSegment(bool constSegment);
     QString getContinuity() const; ///< "CORNER", "STRAIGHT", "SMOOTH", or "UNKNOWN" ahead of the first keyframe.
     void setContinuity(const QString& continuity);
 
-    /// Reading throws ahead of the first keyframe.
-    double getHandleLeftX() const;
+    double getHandleLeftX() const; ///< The left handle, in frames; reading fails ahead of the first keyframe.
     void setHandleLeftX(double x);
+    /// The left handle, in the column's values; reading fails ahead of the first keyframe.
     double getHandleLeftY() const;
     void setHandleLeftY(double y);
-    double getHandleRightX() const;
+    double getHandleRightX() const; ///< The right handle, in frames; reading fails ahead of the first keyframe.
     void setHandleRightX(double x);
+    /// The right handle, in the column's values; reading fails ahead of the first keyframe.
     double getHandleRightY() const;
     void setHandleRightY(double y);
 
-    /// The keyframe at or before the frame, and the one behind it; empty when there is none.
-    Obj getKeyframePrevious() const;
-    Obj getKeyframeNext() const;
+    Obj getKeyframePrevious() const; ///< The keyframe at or before the frame, or null.
+    Obj getKeyframeNext() const;     ///< The keyframe behind the frame, or null.
 
 private:
     /// The column, and its last point at or before the frame.

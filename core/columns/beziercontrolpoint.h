@@ -6,8 +6,8 @@
 
 namespace OMC {
 
-/// A control point of a bezier column, to be read. It stands for this very point: once it is gone, the object is
-/// invalid, also when another point stands at its frame. Handles are in frames and in the column's values.
+/// A control point of a bezier column, to be read; invalid once the point is gone, also when another takes its frame.
+/// Handles are in frames (x) and in the column's values (y).
 class BRINDLE_CORE_EXPORT BezierControlPoint : public ControlPoint {
     Q_OBJECT
     Q_PROPERTY(bool const_segment READ getConstSegment)
@@ -32,12 +32,12 @@ public:
     QVariant getValue() const override;
     void setValue(const QVariant& value) override; ///< Always refused.
 
-    bool getConstSegment() const;
-    QString getContinuity() const; ///< "CORNER", "STRAIGHT" or "SMOOTH".
-    double getHandleLeftX() const;
-    double getHandleLeftY() const;
-    double getHandleRightX() const;
-    double getHandleRightY() const;
+    bool getConstSegment() const;   ///< Whether the value holds up to the next point.
+    QString getContinuity() const;  ///< "CORNER", "STRAIGHT" or "SMOOTH".
+    double getHandleLeftX() const;  ///< The left handle, in frames.
+    double getHandleLeftY() const;  ///< The left handle, in the column's values.
+    double getHandleRightX() const; ///< The right handle, in frames.
+    double getHandleRightY() const; ///< The right handle, in the column's values.
 
 protected:
     void validate() const override;

@@ -22,7 +22,8 @@ protected:
     using EngineView::EngineView;
 };
 
-/// A column of the exposure sheet: a value for each frame of the scene, and what it drives.
+/// A column of the exposure sheet: a value for each frame of the scene, counted from 1, and what it drives. A loop goes
+/// over the values of all frames.
 ///
 /// Frames count from 1; a fractional frame means what the column makes of it. A sub-column of -1 stands for 1. The
 /// column belongs to its scene; once it is removed, every wrapper of it is invalid. Iterating a column walks its
@@ -45,28 +46,27 @@ public:
     std::string __str__() const override;
     bool filterDir(std::string& name) const override;
 
-    virtual QString getType() const; ///< "DRAWING", "BEZIER", ...
-    /// The text that the exposure sheet shows at a frame.
+    virtual QString getType() const; ///< The kind of column: "BEZIER", "DRAWING", "SOUND", ...
+    /// What the exposure sheet shows at a frame, as the kind of column has it.
     virtual QVariant getEntry(double frame, int subColumn = -1) const;
-    /// Writes a cell as if typed into the exposure sheet. In a repeated zone, what repeats the cell follows.
+    /// Writes a cell as if typed into the exposure sheet; in a repeated zone, what repeats the cell follows.
     virtual void setEntry(double frame, QVariant value, int subColumn = -1);
     virtual unsigned int nFrames() const; ///< The number of frames of the scene.
 
     bool __atend__() const override;
 
-    std::size_t size() const override; ///< As nFrames.
-    /// The entry at a frame, which may be given as text.
-    virtual QVariant get(const QString& frame) const;
+    std::size_t size() const override;                ///< The number of frames of the scene.
+    virtual QVariant get(const QString& frame) const; ///< The entry at a frame, which may be given as text.
     QVariant get(int frame) const override;
-    virtual void set(const QString& frame, const QVariant& value);
+    virtual void set(const QString& frame, const QVariant& value); ///< Writes the entry at a frame.
     virtual void set(int frame, const QVariant& value);
-    /// As many invalid values as the scene has frames, one more, and behind them the entries.
+    /// As many empty values as the scene has frames, one more, and behind them the entries.
     virtual QList<QVariant> list() const;
 
     unsigned int getCurrentIndex() const; ///< The frame that an iteration stands at.
-    void resetIterator();
+    void resetIterator();                 ///< Sets the iteration back to the first frame.
 
-    /// Multiplies the values; `second` means what the column makes of it. Throws where the kind can't be scaled.
+    /// Multiplies the values; `second` means what the column makes of it. Fails where the kind can't be scaled.
     void scale(double factor, unsigned int second);
 
     /// The engine's column, or null once it is gone.
@@ -74,13 +74,13 @@ public:
     /// A new wrapper of the column's kind, or null for null.
     static Column* getWrapped(TUTimedValue* timedValue);
 
-    QString getName() const;
+    QString getName() const; ///< The name, which no other column of the scene has.
     void setName(const QString& name);
-    QString getDisplayName() const;
-    bool getAnonymous() const;
+    QString getDisplayName() const; ///< The name as the exposure sheet shows it.
+    bool getAnonymous() const;      ///< Whether the project named it, and shows it by what it drives.
     void setAnonymous(bool anonymous);
-    /// The nodes and attributes that the column drives; none for the kinds that drive nothing.
-    QVariantList getLinkedNodes() const;
+    QVariantList getLinkedNodes() const; ///< The nodes that the column drives; none for the kinds that drive nothing.
+    /// The attributes that the column drives; none for the kinds that drive nothing.
     QVariantList getLinkedAttributes() const;
 
 protected:

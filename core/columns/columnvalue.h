@@ -4,7 +4,9 @@
 
 namespace OMC {
 
-/// A column at one frame, whether a keyframe stands there or not. It is never stored by the column and cheap to make.
+/// A column at one frame, whether a keyframe stands there or not.
+///
+/// It is never stored by the column and cheap to make.
 class BRINDLE_CORE_EXPORT ColumnValue : public BaseObject {
     Q_OBJECT
     Q_PROPERTY(double frame READ getFrame)
@@ -13,9 +15,9 @@ class BRINDLE_CORE_EXPORT ColumnValue : public BaseObject {
 public:
     std::string __str__() const override;
 
-    virtual double getFrame() const;
+    virtual double getFrame() const; ///< The frame.
+    /// The value there; takes a number, or another column value, whose value it takes.
     virtual QVariant getValue() const;
-    /// Takes a number, or another column value, whose value it takes.
     virtual void setValue(const QVariant& value);
 };
 

@@ -16,10 +16,10 @@ public:
 
     std::string __str__() const override;
 
-    virtual QVariant getValue() const;
+    virtual QVariant getValue() const; ///< The value there; it can't be written here.
     virtual void setValue(const QVariant& value);
 
-    double getFrame() const;
+    double getFrame() const; ///< The frame that it stands at.
 
 protected:
     double pointFrame() const { return m_frame; } ///< Without a check.

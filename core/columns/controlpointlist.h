@@ -9,7 +9,7 @@ class AT_FncTimedValue;
 
 namespace OMC {
 
-/// The control points of a column, in the order of their frames. Items come by iteration and by `list`.
+/// The control points of a column, in the order of their frames; they come by a loop or by `list`.
 class BRINDLE_CORE_EXPORT ControlPointList : public FlaggedList<EngineView<AT_FncTimedValue, ListObj>, IterableObj> {
     Q_OBJECT
     BRINDLE_COPYABLE(ControlPointList)
@@ -22,9 +22,8 @@ public:
     std::size_t size() const override;
     std::vector<Obj> list() const override;
 
-    /// Make and remove keyframes, given as for KeyframeableColumn.
-    void create(const QVariant& frames);
-    void remove(const QVariant& frames);
+    void create(const QVariant& frames); ///< Makes keyframes, given as for KeyframeableColumn.
+    void remove(const QVariant& frames); ///< Removes keyframes.
 
 private:
     void beforeIteration() const override { validate(); }

@@ -7,10 +7,10 @@ class TUFnc2DTimedValue;
 
 namespace OMC {
 
-/// A column that is a function of time with keyframes.
+/// A column that is a function of time with keyframes. Frames are given as a number or a list of them, nested to any
+/// depth.
 ///
-/// Where frames are asked for, one may give a number or a list of frames, nested to any depth; numeric texts pass. All
-/// bad frames are told in one message, one a line, and then nothing has changed.
+/// Numeric texts pass as frames. All bad frames are told in one message, one a line, and then nothing has changed.
 class BRINDLE_CORE_EXPORT KeyframeableColumn : public Column {
     Q_OBJECT
     BRINDLE_COPYABLE(KeyframeableColumn)
@@ -25,28 +25,29 @@ public:
 
     std::string __str__() const override;
 
-    virtual Obj getControlPoints() const; ///< The ControlPointList of the column.
+    virtual Obj getControlPoints() const; ///< The control points.
 
-    /// The control point made, or a list of them when there are several.
+    /// Makes keyframes without changing the curve. Gives the control point, or a list of them for several.
     QVariant keyframeCreate(const QVariant& frames);
-    void keyframeRemove(const QVariant& frames);       ///< Frames without a keyframe are passed over.
-    bool keyframeExists(const QVariant& frames) const; ///< Whether any of them is a keyframe.
+    void keyframeRemove(const QVariant& frames);       ///< Removes keyframes; frames without one are passed over.
+    bool keyframeExists(const QVariant& frames) const; ///< Whether a keyframe stands at any of the frames.
     /// Removes the keyframes over a range of frames; an end under 1 is the scene's last frame.
     void keyframeClear(int start, int end);
-    QList<int> keyframeList() const;
+    QList<int> keyframeList() const; ///< The frames of the keyframes, ascending.
 
     /// Adds the frames of an argument, and a text for each thing in it that is no frame.
     static void keyframelistFromVariant(const QVariant& value, QList<double>& frames, QList<QString>& errors);
 
-    /// The curve holds its value over steps from the start to the stop frame. A value that the engine refuses is left.
+    /// The first frame of the stretch that holds its values over steps; a value that the engine refuses is left.
     int getHoldStartFrame() const;
     void setHoldStartFrame(int frame);
+    /// The last frame of the stretch that holds its values over steps; a value that the engine refuses is left.
     int getHoldStopFrame() const;
     void setHoldStopFrame(int frame);
-    int getHoldStep() const;
+    int getHoldStep() const; ///< How many frames a step lasts; a value that the engine refuses is left.
     void setHoldStep(int step);
 
-    int numberOfPoints() const;
+    int numberOfPoints() const; ///< The number of control points.
 
 private:
     AT_FncTimedValue& function() const;

@@ -49,8 +49,7 @@ public:
     BaseObject& operator=(const BaseObject&) { return *this; }
     ~BaseObject() override;
 
-    /// A new object of the same class, which nobody owns; throws where a class has no copy. A class gets its own by
-    /// BRINDLE_COPYABLE.
+    /// A new object of the same class that shows the same thing; fails where a class has no copy.
     virtual BaseObject* copy() const;
     virtual bool __bool__() const;
     virtual std::string __str__() const;

@@ -7,10 +7,12 @@ namespace OMC {
 class BezierPath;
 extern template class BRINDLE_CORE_EXPORT CurveList<BezierPath, GR_BezierPath2d>;
 
-/// A chain of curves of degree 1 to 3 in the plane, each starting where the one before it ends: an outline or a way.
+/// A chain of curves of degree 1 to 3 in the plane, each starting where the one before it ends, as the list of its
+/// control points (Point2d), in any unit, x to the right and y up. Its parameter is the index of a curve plus the
+/// parameter on it. Made without arguments it is empty, of a BezierPath a copy; of a list it takes its Beziers, and of
+/// points in a row the first ones as one curve of the degree that ends at (0, 0).
 ///
-/// A value that travels inside a QVariant by copy. Its control points are those of its curves, a point where two curves
-/// join counting once.
+/// A value that travels inside a QVariant by copy. A point where two curves join counts once.
 class BRINDLE_CORE_EXPORT BezierPath : public CurveList<BezierPath, GR_BezierPath2d> {
     Q_OBJECT
     Q_PROPERTY(bool closed READ getClosed WRITE setClosed)
@@ -38,56 +40,63 @@ public:
     BezierPath(const QVariant& value, unsigned int degree);
     BezierPath& operator=(const BezierPath& other);
 
-    /// Puts a BezierPath in the path's place, or appends the curves that Bezier::getBezierFromQVariant reads.
+    /// Puts a BezierPath in a path's place, or adds the curves that `Bezier::getBezierFromQVariant` reads at its end.
     static void getBezierPathFromQVariant(const QVariant& value, BezierPath& path, unsigned int degree);
 
-    /// About a centre, clockwise from the point above it, of so many cubics. Four keep within 0.03 % of the radius.
+    /// A circle about (x, y) from so many cubic curves; it starts above the centre and runs clockwise. Four keep within
+    /// 0.03 % of the radius.
     static Obj createCircle(double x, double y, double r, unsigned int arcs);
+    /// An ellipse about (x, y) with its radii along the axes; it starts above the centre and runs clockwise.
     static Obj createOval(double x, double y, double rx, double ry, unsigned int arcs);
-    /// A rectangle between two opposite corners.
+    /// A rectangle between two opposite corners: from the first along x, then along y, and back.
     static Obj createRectangle(double x1, double y1, double x2, double y2);
-    /// As few cubics as come within 1 of all points (as the strict reader of Point2d takes them), or one however near.
+    /// As few cubic curves as come within 1 of every point, open or closed, or one in the directions of the ends that
+    /// comes as near as it can.
     static Obj createBezierFit(const QVariant& points, bool closed, bool oneBezier);
 
-    Obj bezier(unsigned int index) const; ///< A Bezier.
-    unsigned int bezierDegree(unsigned int index) const;
-    /// Add a Bezier, a BezierPath, or what getBezierFromQVariant reads as cubics, one before the other: the last of
-    /// several that are added in front comes first.
+    Obj bezier(unsigned int index) const;                ///< One of the curves, from 0.
+    unsigned int bezierDegree(unsigned int index) const; ///< The degree of one of the curves, from 0.
+    /// Adds a Bezier, a BezierPath or a list of Beziers at the end, joined by a straight line where there is a gap.
     void bezierAppend(const QVariant& curves) const;
+    /// Adds a Bezier, a BezierPath or a list of Beziers in front, each before the one added ahead of it.
     void bezierAppendFront(const QVariant& curves) const;
-    /// Replaces the curves from an index on.
+    /// Replaces the curves from an index on; the ends of their neighbours move along.
     void bezierSet(unsigned int index, const QVariant& curves) const;
 
-    bool pointOnCurve(unsigned int index) const; ///< Whether a control point lies on the curve; the others are handles.
-    void insertPoint(double parameter);          ///< A point on the curve that leaves the shape as it is.
-    void erase(unsigned int first, unsigned int count); ///< Control points.
-    void clear();
-    void close(); ///< Leads the path back to its first point.
-    /// Puts the straight line between its ends in each curve's place.
-    void straighten();
-    /// Required: pads the path to a number of points by repeating the last, and refuses a number below those it has,
-    /// whatever the name says.
+    bool pointOnCurve(unsigned int index) const; ///< Whether a control point lies on the curve; else it is a handle.
+    void insertPoint(double parameter);          ///< Makes a point on the curve at a parameter; the shape stays.
+    void erase(unsigned int first, unsigned int count); ///< Takes control points away, from an index on.
+    void clear();                                       ///< Takes all points away.
+    void close();      ///< Leads the path back to its first point, with a straight line.
+    void straighten(); ///< Puts the straight line between its ends in the place of each curve.
+    /// Pads the path to a number of control points by repeating the last; fails for fewer than it has.
+    ///
+    /// Required as it is, whatever the name says.
     void trim(unsigned int count);
 
-    /// The length along the control points to the one at an index, or the whole for a negative index.
+    /// The length along the straight lines from control point to control point, or of those up to the one at an index
+    /// from 0.
     double getPolygonLength(int index) const;
 
-    bool containing(const QVariant& point) const; ///< Whether the point lies in the area that the path fills.
-    bool inside(const QVariant& other) const;     ///< Whether the path lies in the area that the other fills.
+    /// Whether a point, in any form that a Point2d is made from, lies in the area that the path fills, or on it.
+    bool containing(const QVariant& point) const;
+    bool inside(const QVariant& other) const; ///< Whether the path lies in the area that another path fills.
+    /// Whether no part of the path lies in the area that another path fills.
     bool outside(const QVariant& other) const;
 
+    /// Whether the path leads back to its first point; writing true closes it, false does nothing.
     bool getClosed() const;
-    void setClosed(bool closed); ///< False changes nothing.
-    bool getEmpty() const;
-    void setEmpty(bool empty);  ///< False changes nothing.
-    bool getDegenerate() const; ///< No curve, or all points in one place.
-    bool getPolyline() const;   ///< All curves are straight lines.
-    unsigned int getPointsOnCurve() const;
-    unsigned int getBezierCount() const;
-    Obj getBoundingBoxInner() const; ///< An AllocatedRect2D about the points on the curve.
-    double getPolygonLength() const; ///< The length along the control points.
-    double getPolygonArea() const;
-    bool getPolygonClockwise() const;
+    void setClosed(bool closed);
+    bool getEmpty() const; ///< Whether there is no point; writing true clears the path, false does nothing.
+    void setEmpty(bool empty);
+    bool getDegenerate() const;            ///< Whether there is no curve, or all points are in one place.
+    bool getPolyline() const;              ///< Whether all curves are straight lines.
+    unsigned int getPointsOnCurve() const; ///< How many control points lie on the curve; the others are handles.
+    unsigned int getBezierCount() const;   ///< The number of curves.
+    Obj getBoundingBoxInner() const;       ///< The smallest rectangle about the points on the curve.
+    double getPolygonLength() const;
+    double getPolygonArea() const;    ///< The area within the straight lines from control point to control point.
+    bool getPolygonClockwise() const; ///< Whether the straight lines from control point to control point run clockwise.
 };
 
 } // namespace OMC

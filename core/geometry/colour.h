@@ -11,11 +11,13 @@ class CM_Rgba;
 
 namespace OMC {
 
-/// A colour of four bytes: red, green, blue and alpha, each 0 to 255; opaque black at first.
+/// A colour of four bytes: red, green, blue and alpha, each 0 to 255; opaque black at first. Made of one value it is
+/// another colour, a node's, or a list's red, green, blue and alpha; any text gives 0, 0, 0, 0 and a single number
+/// opaque black.
 ///
-/// A value: it leads to no engine object, is always valid, and travels inside a QVariant by copy. Hue (degrees),
-/// saturation and lightness (0 to 100) are other ways to see the same bytes, so what is read after a write is near what
-/// was written, not equal to it.
+/// A value: it leads to no engine object, is always valid, and travels inside a QVariant by copy. Hue, saturation and
+/// lightness are other ways to see the same bytes, so what is read after a write is near what was written, not equal to
+/// it.
 class BRINDLE_CORE_EXPORT Colour : public BaseObject {
     Q_OBJECT
     Q_PROPERTY(float r READ getR WRITE setR)
@@ -42,32 +44,31 @@ public:
 
     bool operator==(const Colour& other) const;
 
-    /// Reads a colour: another one, a node's, a QColor, or a list of red, green, blue and, where there is a fourth,
-    /// alpha; what a list doesn't tell keeps what the caller put there. Throws for anything else.
+    /// Reads red, green, blue and alpha of whatever Colour(value) takes; what a list doesn't tell stays as given. Fails
+    /// for anything else.
     ///
-    /// Required: every text is 0, 0, 0, 0, and every single number opaque black.
+    /// Required: every text is 0, 0, 0, 0 and every single number opaque black.
     static void QVariantToRGBAInt(const QVariant& value, int& r, int& g, int& b, int& a);
-    /// A new colour of a hue in degrees and of saturation, lightness and alpha from 0 to 100. Saturation and lightness
-    /// are held in their range. Throws for numbers that are none, an infinite hue, and an alpha beyond all floats.
+    /// A new colour of a hue in degrees, and of saturation, lightness and alpha from 0 to 100; saturation and lightness
+    /// are held in their range. Fails for what is no number, an infinite hue, and an alpha beyond all floats.
     static Obj fromHSL(double h, double s, double l, double a);
 
-    float getR() const;
+    float getR() const; ///< Red, 0 to 255; beyond that the low 8 bits count.
     void setR(float r);
-    float getG() const;
+    float getG() const; ///< Green, 0 to 255; beyond that the low 8 bits count.
     void setG(float g);
-    float getB() const;
+    float getB() const; ///< Blue, 0 to 255; beyond that the low 8 bits count.
     void setB(float b);
-    float getA() const;
+    float getA() const; ///< Alpha, 0 to 255; beyond that the low 8 bits count. 255 is opaque.
     void setA(float a);
-    double getH() const;
-    void setH(double h); ///< Any finite number of degrees; throws for others.
-    double getL() const;
-    void setL(double l); ///< Held in 0 to 100; throws for what is no number.
-    double getS() const;
-    void setS(double s); ///< Held in 0 to 100; throws for what is no number.
-    /// "#" and eight lower-case digits, alpha first.
+    double getH() const; ///< The hue in degrees, from 0; it takes any number of turns and fails for what isn't finite.
+    void setH(double h);
+    double getL() const; ///< The lightness, held in 0 to 100; fails for what is no number.
+    void setL(double l);
+    double getS() const; ///< The saturation, held in 0 to 100; fails for what is no number.
+    void setS(double s);
+    /// "#" and eight lower-case digits, alpha first; it takes any name and form that QColor knows and fails for others.
     QString getHex() const;
-    /// Any form and name that QColor knows; throws for others.
     void setHex(const QString& hex);
 
 protected:

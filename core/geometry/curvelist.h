@@ -44,27 +44,29 @@ public:
     void operator--() override;
 
     bool operator==(const QVariant& other) const;
-    /// Whether the other is this one run backwards.
+    /// Whether another curve, in any form that the constructor takes, is this one run backwards, exactly.
     bool equivalentReverse(const QVariant& other) const;
 
-    /// The parameter of the nearest point of the curve; the point is read strictly. Throws when there is none.
+    /// The parameter of the nearest point of the curve; the point is a Point2d, [x, y], a node, ... Fails where there
+    /// is none.
     double closestPoint(const QVariant& point) const;
-    Obj evaluate(double parameter) const; ///< A Point2d.
-    Obj getFromTangent() const;           ///< A Vector2d of length 1, or (0, 0) where the whole is one point.
-    Obj getToTangent() const;
-    Obj getBoundingBox() const; ///< An AllocatedRect2D.
+    Obj evaluate(double parameter) const; ///< The point at a parameter.
+    /// The direction at the first point, of length 1, or (0, 0) where the whole is one point.
+    Obj getFromTangent() const;
+    Obj getToTangent() const; ///< The direction at the last point, of length 1, or (0, 0) where the whole is one point.
+    Obj getBoundingBox() const; ///< The smallest rectangle about the curves.
 
-    void multiply(const QVariant& matrix); ///< In every form that a Matrix is read from.
-    void reverse();
-    void round(double step); ///< Moves the control points to multiples of a step above 0.
-    /// Keeps what is before the parameter and gives what is behind it.
-    Obj split(double parameter);
-    /// The stretch between two parameters; this curve stays.
+    void multiply(const QVariant& matrix); ///< Transforms the control points by whatever a Matrix is made from.
+    void reverse();                        ///< Lets the curve run backwards.
+    void round(double step);               ///< Moves the control points to the nearest multiples of a step above 0.
+    Obj split(double parameter);           ///< Keeps what is before a parameter and gives what is behind it.
+    /// The stretch between two parameters as a new curve, backwards where the start is greater; this one stays.
     Obj truncate(double from, double to) const;
 
-    bool intersecting() const; ///< Whether it meets itself.
+    bool intersecting() const; ///< Whether the curve meets itself, or another in any form that the constructor takes.
     bool intersecting(const QVariant& other) const;
-    QList<QVariant> intersections() const; ///< Where: Point2ds.
+    /// Where the curve meets itself, or another: points in the order of this curve.
+    QList<QVariant> intersections() const;
     QList<QVariant> intersections(const QVariant& other) const;
 
     /// The engine's curve.

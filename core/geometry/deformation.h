@@ -30,9 +30,9 @@ public:
     /// "Deformation()[%1]": how many deformers there are.
     std::string __str__() const override;
 
-    /// Where a point comes to, as a Point3d with z 0, or a list of them for a list of points. A list of one to three
-    /// items that starts with a number is one point. The points are in the units of the scene, unless they are
-    /// `scaled` to those of the deformers already.
+    /// Where a point in any form that Point3d takes comes to, as a Point3d with z 0, or a list of them for a list of
+    /// points; a list of one to three items that starts with a number is one point. In the units of the scene, or, with
+    /// `scaled`, in those that the deformers count in.
     QVariant transform(const QVariant& value, bool scaled) const;
     QVariant operator()(const QVariant& value, bool scaled) const { return transform(value, scaled); }
 

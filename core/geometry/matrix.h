@@ -9,12 +9,16 @@
 
 namespace OMC {
 
-/// A 4 by 4 homogeneous matrix: where it puts the axes and the origin is what it does to a picture.
+/// A 4 by 4 homogeneous matrix: where it puts the axes and the origin is what it does to a picture. Cells 0 to 2 are
+/// the x axis, 4 to 6 the y axis, 8 to 10 the z axis, 12 to 14 the origin and 15 the homogeneous scale. Each step is
+/// added from the right: the one added last acts first on a point. Angles are in degrees where nothing else is said.
+/// Made of one value it is another matrix, a transformation, the move to a point or vector, the scale by a number, or
+/// of a list its 2 or 3 numbers (a move; of 3 the second counts twice), 9 (a 3 by 3 homogeneous form) or 16 (the
+/// cells), multiplied by the matrices in it. An axis and an origin give the frame whose y axis points along the axis;
+/// null stands for (0, 1, 0) and (0, 0, 0).
 ///
-/// A value: it leads to no engine object, is always valid, and travels inside a QVariant by copy. Cells 0 to 2 are the
-/// x axis, 4 to 6 the y axis, 8 to 10 the z axis, 12 to 14 the origin and 15 the homogeneous scale. Each operation that
-/// adds a step multiplies from the right: the step added last acts first on a point. Angles are in degrees where
-/// nothing else is said. The arithmetic is Math::Matrix4x4's; what is here reads arguments in every form.
+/// A value: it leads to no engine object, is always valid, and travels inside a QVariant by copy. The arithmetic is
+/// Math::Matrix4x4's; what is here reads arguments in every form.
 class BRINDLE_CORE_EXPORT Matrix : public BaseObject {
     Q_OBJECT
     Q_PROPERTY(bool has_nan READ getHasNan)
@@ -49,20 +53,25 @@ public:
     std::string __str__() const override;
     bool filterDir(std::string& name) const override;
 
-    /// A new matrix, which the caller owns: of a matrix or a transformation as it is; of a point or vector, the move
-    /// there; of a number, a scale on all axes; of a list, its numbers by how many they are (2 and 3 move, 9 are a 3 by
-    /// 3 homogeneous form, 16 the cells), times the matrices in it in their order. The identity of anything else.
+    /// A new matrix of whatever Matrix(value) takes; the identity of anything else.
+    ///
+    /// The caller owns it.
     static Matrix* fromQVariant(const QVariant& value);
     /// The same without a new object.
     static Math::Matrix4x4 valueOf(const QVariant& value);
 
     const Math::Matrix4x4& getMatrix() const;
 
-    QVariant get(int index) const; ///< A cell; throws out of range.
-    /// Required: reads the value, checks the index and changes nothing. Cells change through the axes and the origin.
+    QVariant get(int index) const; ///< A cell, 0 to 15.
+    /// Checks the index and changes nothing: cells are written through the axes and the origin.
+    ///
+    /// Required: the value is read, and dropped.
     void set(int index, const QVariant& value);
-    QList<int> list() const; ///< Required: the cells, each cut off to a whole number.
-    int size() const { return cellCount; }
+    /// The sixteen cells, each cut off to a whole number.
+    ///
+    /// Required as it is.
+    QList<int> list() const;
+    int size() const { return cellCount; } ///< 16, as len() gives it.
     bool operator==(const QVariant& other) const;
 
     /// Required: the iteration goes through the cells 0 to 14 and is at its end at cell 15.
@@ -71,54 +80,63 @@ public:
     QVariant __iterItem__() const;
     void operator++();
 
-    void reset();
-    void normalize();
-    void transpose();
-    void inverse();         ///< Throws where there is none.
-    Obj getInverse() const; ///< Throws where there is none.
-    Obj matrixRotation() const;
-    void multiply(const QVariant& other);
-    void translate(double x, double y, double z);
+    void reset();                                 ///< Becomes the identity.
+    void normalize();                             ///< Gives the axes length 1 and the homogeneous scale 1.
+    void transpose();                             ///< Swaps rows and columns.
+    void inverse();                               ///< Becomes its inverse; fails for a singular matrix.
+    Obj getInverse() const;                       ///< The inverse as a new Matrix; fails for a singular matrix.
+    Obj matrixRotation() const;                   ///< The rotation alone as a new Matrix.
+    void multiply(const QVariant& other);         ///< Multiplies from the right by anything that Matrix(value) takes.
+    void translate(double x, double y, double z); ///< Adds a move, by three numbers or by anything that Vector3d takes.
     void translate(const QVariant& vector);
-    void scale(double x, double y, double z);
-    void skew(double angle);
-    /// A null axis stands for (0, 0, 1).
+    void scale(double x, double y, double z); ///< Adds a scale along each axis.
+    void skew(double angle); ///< Adds a lean of the y axis towards x by an angle in degrees; heights stay.
+    /// Adds a turn, counter-clockwise about an axis; null is the z axis, out of the picture.
     void rotateDegrees(double angle, const QVariant& axis);
+    /// Adds a turn in radians, counter-clockwise about an axis; null is the z axis, out of the picture.
     void rotateRadians(double angle, const QVariant& axis);
+    /// Adds the projection of a box in front of the eye, which looks along -z, to the cube from -1 to 1.
     void orthogonalProject(double left, double right, double bottom, double top, double zNear, double zFar);
+    /// Adds the projection of a pyramid's stump in front of the eye to the cube from -1 to 1: by the height of the view
+    /// in degrees and its width to height, or by the rectangle at the near distance.
     void perspectiveProject(double fieldOfView, double aspect, double zNear, double zFar);
     void perspectiveProject(double left, double right, double bottom, double top, double zNear, double zFar);
-    /// Null stands for the eye (0, 0, 0), the target (0, 0, -2.66) and upwards (0, 1, 0).
+    /// Adds the view from an eye to a target; null stands for (0, 0, 0), (0, 0, -2.66) and upwards (0, 1, 0).
     void lookAt(const QVariant& eye, const QVariant& target, const QVariant& up);
 
-    /// What a matrix, point or vector becomes under this one, in an object of its class; the coordinates as a list for
-    /// anything that isn't an object. Invalid for other objects.
+    /// What a matrix, point or vector becomes under this one, in an object of its class; the three coordinates as a
+    /// list for numbers and lists; null for other objects. Vectors are moved like points.
     QVariant apply(const QVariant& value) const;
-    /// [translation as a Vector3d, scale as a Vector2d, rotation, skew].
+    /// [translation, scale, rotation, skew] in the plane about a pivot: a Vector3d, a Vector2d and two angles in
+    /// degrees. The matrix is translate, rotate, skew, scale, in this order. The flags ask for negative scales; a
+    /// mirror has y's.
     QList<QVariant> extractParameters_2d(bool negativeX, bool negativeY, const QVariant& pivot) const;
-    /// [translation, scale, rotation about x, y and z], each a Vector3d.
+    /// [translation, scale, rotation about x, y and z] in space about a pivot, three Vector3d, angles in degrees: the
+    /// matrix is translate, rotate about z, y and x, scale, in this order.
     QList<QVariant> extractParameters_3d(const QVariant& pivot) const;
-    void print(const QString& text) const;
+    void print(const QString& text) const; ///< Writes a text and the cells to the standard output.
 
-    bool getHasNan() const;
-    bool getHasInfinity() const;
-    QVariant getXAxis() const;
+    bool getHasNan() const;      ///< Whether a cell is no number.
+    bool getHasInfinity() const; ///< Whether a cell is infinite.
+    QVariant getXAxis() const;   ///< Where (1, 0, 0) points, a Vector3d; takes what Point3d takes.
     void setXAxis(const QVariant& axis);
-    QVariant getYAxis() const;
+    QVariant getYAxis() const; ///< Where (0, 1, 0) points, a Vector3d; takes what Point3d takes.
     void setYAxis(const QVariant& axis);
-    QVariant getZAxis() const;
+    QVariant getZAxis() const; ///< Where (0, 0, 1) points, a Vector3d; takes what Point3d takes.
     void setZAxis(const QVariant& axis);
-    QVariant getOrigin() const;
+    QVariant getOrigin() const; ///< Where (0, 0, 0) is put, a Point3d; takes what Point3d takes.
     void setOrigin(const QVariant& origin);
-    bool getIdentity() const;
-    void setIdentity(bool identity); ///< False has no effect.
-    bool getSingular() const;
+    bool getIdentity() const; ///< Whether it changes nothing; writing true makes it so, false does nothing.
+    void setIdentity(bool identity);
+    bool getSingular() const; ///< Whether it has no inverse.
+    /// How much larger the origin's depth makes things for the standard camera, which is 8/3 from the plane z = 0; 0 at
+    /// and behind it.
     double getTruckFactor() const;
-    double getScaleFactor() const;
-    bool getRotationExists() const;
-    bool getConstantZ() const;
-    bool getTransform2d() const;
-    bool getPerspective() const;
+    double getScaleFactor() const;  ///< How much lengths grow in the plane z = 0.
+    bool getRotationExists() const; ///< Whether it turns anything.
+    bool getConstantZ() const;      ///< Whether the plane z = 0 keeps one depth all over.
+    bool getTransform2d() const;    ///< Whether it acts on x and y alone.
+    bool getPerspective() const;    ///< Whether it is a perspective projection.
 
 private:
     void setCells(std::size_t first, const QVariant& value);

@@ -8,7 +8,9 @@
 
 namespace OMC {
 
-/// A position in the plane, in whatever units the operation that takes or gives it names.
+/// A position in the plane, in the units of the operation that takes or gives it. Made of one value it is a point, a
+/// vector, a matrix's origin, a node's place, a column's value at a frame, a number for all coordinates, or the sum of
+/// a list; (0, 0) of anything else.
 ///
 /// A value: it leads to no engine object, is always valid, and travels inside a QVariant by copy.
 ///
@@ -31,22 +33,25 @@ public:
 
     bool operator==(const Point2d& other) const { return x == other.x && y == other.y; }
 
-    /// Moves it by what `Vector2d::fromQVariant` reads.
+    /// Moves it by a vector, a point, a list of numbers and of those, or a number for both coordinates.
     void translate(const QVariant& vector);
 
-    /// A new point, which the caller owns: x and y of what `Point3d::fromQVariant` reads.
+    /// A new point of whatever Point2d(value) takes.
+    ///
+    /// The caller owns it.
     static Point2d* fromQVariant(const QVariant& value);
     /// Reads a position strictly: a node or its coordinates, a point, a QPoint or QPointF, a list of numbers, or a
-    /// single number, which is written to x alone. What the value doesn't tell keeps what the caller put there. Throws
-    /// for anything else; what was read up to there stays written.
+    /// single number, which tells x alone. What the value doesn't tell stays as given. Fails for anything else.
+    ///
+    /// What was read up to a failure stays written.
     static void ConvertQVariant(const QVariant& value, double& x, double& y);
-    /// Appends the position that a value tells strictly, or all of those in a list, lists in it included. A list whose
-    /// first item is a number is one position; an empty one is none.
+    /// Appends to a list of points the position that a value tells strictly, or all of those in a list, lists in it
+    /// included. A list whose first item is a number is one position; an empty one is none.
     static void fromQVariant(const QVariant& value, std::vector<std::unique_ptr<Math::Point2d>>& points);
     static void fromQVariant(const QVariant& value, std::vector<Point2d>& points);
 
-    double x;
-    double y;
+    double x; ///< To the right.
+    double y; ///< Upwards, unless the operation says else.
 };
 
 } // namespace OMC

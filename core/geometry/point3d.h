@@ -7,7 +7,8 @@
 
 namespace OMC {
 
-/// A position in space, in whatever units the operation that takes or gives it names.
+/// A position in space, in the units of the operation that takes or gives it. One value is read as for Point2d; in a
+/// list, a matrix transforms what stands ahead of it.
 ///
 /// A value: it leads to no engine object, is always valid, and travels inside a QVariant by copy. Its two readers,
 /// `fromQVariant` and `ConvertQVariant`, are those of Point2d with one coordinate more.
@@ -26,10 +27,10 @@ public:
 
     bool operator==(const Point3d& other) const { return x == other.x && y == other.y && z == other.z; }
 
-    /// Moves it by what `Vector3d::fromQVariant` reads.
+    /// Moves it by a vector, a point, a list of numbers and of those, or a number for all coordinates.
     void translate(const QVariant& vector);
 
-    /// A new point, which the caller owns: the origin of a matrix, a point or vector as it is, a column's value at a
+    /// A new point: the origin of a matrix, a point or vector as it is, a column's value at a
     /// frame, where a node stands (without its z), a number for all three coordinates. A list is added up from (0, 0,
     /// 0): points and vectors as they are, the numbers to x, y and z in turn, and a matrix transforms what is there by
     /// then; anything else in it is passed over, lists too. (0, 0, 0) for everything else. Throws for a node that is
@@ -40,13 +41,15 @@ public:
     /// The coordinates of an object that is a point or a vector, z being 0 in the plane; nothing for other objects.
     static std::optional<Math::Vector3d> coordinatesOf(const QObject* object);
     /// Reads a position strictly: a node's coordinates, a point, a QPoint or QPointF, a list of numbers, or a single
-    /// number, which is written to x alone. What the value doesn't tell keeps what the caller put there. Throws for
-    /// anything else, a node included; what was read up to there stays written.
+    /// number, which tells x alone. What the value doesn't tell stays as given. Fails for anything else, a node
+    /// included.
+    ///
+    /// What was read up to a failure stays written.
     static void ConvertQVariant(const QVariant& value, double& x, double& y, double& z);
 
-    double x;
-    double y;
-    double z;
+    double x; ///< To the right.
+    double y; ///< Upwards, unless the operation says else.
+    double z; ///< The depth.
 };
 
 } // namespace OMC

@@ -7,7 +7,7 @@
 
 namespace OMC {
 
-/// The size of a rectangle, in whatever units the operation that takes or gives it names.
+/// The size of a rectangle, in the units of the operation that takes or gives it.
 ///
 /// This and the three classes below are values: they lead to no engine object, are always valid, and travel inside a
 /// QVariant by copy.
@@ -24,11 +24,12 @@ public:
 
     bool operator==(const Rect2D& other) const { return width == other.width && height == other.height; }
 
-    double width;
-    double height;
+    double width;  ///< From side to side.
+    double height; ///< From bottom to top.
 };
 
-/// A size and the corner with the smallest coordinates; the other corner is (x + width, y + height).
+/// A size and the corner with the smallest coordinates; the other corner is (x + width, y + height). Made of one value
+/// it is the rectangle about the positions in a list, or about a single one.
 class BRINDLE_CORE_EXPORT AllocatedRect2D : public Rect2D {
     Q_OBJECT
 
@@ -45,20 +46,20 @@ public:
         return Rect2D::operator==(other) && x == other.x && y == other.y;
     }
 
-    /// A new rectangle, which the caller owns: a rectangle as it is; the one about the positions in a list; of no size
-    /// at any other position. Positions are those of Point2d::fromQVariant.
+    /// A new rectangle: a rectangle as it is; the one about the positions in a list; of no size at any other position.
+    ///
+    /// The caller owns it. Positions are those of Point2d::fromQVariant.
     static AllocatedRect2D* fromQVariant(const QVariant& value);
 
-    /// Grows to hold a rectangle, or a position that Point2d::fromQVariant reads.
-    void add(const QVariant& value);
-    /// Moves each side outwards by a margin: left and right by `x`, bottom and top by `y`. Negative margins move them
-    /// inwards, at most to where they meet. Throws for a margin that isn't finite.
+    void add(const QVariant& value); ///< Grows to hold a rectangle, or a position in any form that Point2d takes.
+    /// Moves the sides outwards by margins: left and right by x, bottom and top by y, or each by its own. Negative
+    /// margins move them inwards: by x and y at most to where they meet; sides with margins of their own that pass each
+    /// other change places. Fails for a margin that isn't finite.
     void expand(double x, double y);
-    /// The same with a margin a side. Sides that pass each other change places, so the size is never negative.
     void expand(double left, double bottom, double right, double top);
 
-    double x;
-    double y;
+    double x; ///< The smallest x.
+    double y; ///< The smallest y.
 
 private:
     /// The box about the two corners.
@@ -66,7 +67,7 @@ private:
     void setBox(const Math::Box2d& box);
 };
 
-/// The size of a rectangle in whole numbers.
+/// The size of a rectangle in whole numbers; the height may be given with a fraction, which is cut off.
 class BRINDLE_CORE_EXPORT Rect2DI : public BaseObject {
     Q_OBJECT
 
@@ -82,12 +83,14 @@ public:
 
     bool operator==(const Rect2DI& other) const { return width == other.width && height == other.height; }
 
-    /// A new rectangle, which the caller owns: the first two of a list of three items or more, rounded by adding a half
-    /// and cutting off. Of a rectangle in any form it is one of size 0, 0. Throws for anything else.
+    /// A new size: the first two of a list of three items or more, rounded by adding a half and cutting off. Of a
+    /// rectangle in any form it is one of 0, 0. Fails for anything else.
+    ///
+    /// The caller owns it.
     static Rect2DI* ConvertQVariant(const QVariant& value);
 
-    qint32 width;
-    qint32 height;
+    qint32 width;  ///< From side to side.
+    qint32 height; ///< From bottom to top.
 };
 
 /// A size and the corner with the smallest coordinates, in whole numbers.
@@ -107,8 +110,8 @@ public:
         return Rect2DI::operator==(other) && x == other.x && y == other.y;
     }
 
-    qint32 x;
-    qint32 y;
+    qint32 x; ///< The smallest x.
+    qint32 y; ///< The smallest y.
 };
 
 } // namespace OMC

@@ -9,10 +9,11 @@ namespace OMC {
 
 class Deformation;
 
-/// The transformation at an out-port of the graph: a matrix, its depth among what is drawn, and deformations.
+/// What a picture goes through at a port at a frame: a matrix, its depth among what is drawn, and deformations. It is a
+/// value, changing it changes no port; made by a script it belongs to no port. Each step is added from the right: the
+/// one added last acts first.
 ///
-/// A value: it is what the port gave at a frame, or a detached one, and changing it changes no port. It travels inside
-/// a QVariant by copy. Each step is added from the right, as on a Matrix.
+/// It travels inside a QVariant by copy.
 class BRINDLE_CORE_EXPORT Transformation : public BaseObject {
     Q_OBJECT
     Q_PROPERTY(int depth READ getDepth WRITE setDepth)
@@ -35,30 +36,33 @@ public:
 
     bool operator==(const Transformation& other) const;
 
-    virtual int getDepth() const;
+    virtual int getDepth() const; ///< Its place among what is drawn.
     virtual void setDepth(int depth);
-    virtual bool getValid() const; ///< Whether anything was set or added.
-    virtual QVariant getMatrix() const;
+    virtual bool getValid() const;      ///< Whether anything was set or added.
+    virtual QVariant getMatrix() const; ///< A new Matrix, without deformations; takes what Matrix(value) takes.
     virtual void setMatrix(const QVariant& matrix);
-    virtual void set(const QVariant& matrix);
-    virtual void reset(); ///< Back to the identity, not set, at depth 0.
+    virtual void set(const QVariant& matrix); ///< Replaces the matrix by anything that Matrix(value) takes.
+    virtual void reset();                     ///< Becomes the identity at depth 0, without deformations and not valid.
+    /// Adds a move, by three numbers or by anything that Vector3d takes.
     virtual void translate(double x, double y, double z);
-    virtual void translate(const QVariant& vector); ///< Throws for null.
-    virtual void scale(double x, double y, double z);
-    /// Angles in degrees, or radians; a null axis stands for (0, 0, 1).
+    virtual void translate(const QVariant& vector);
+    virtual void scale(double x, double y, double z); ///< Adds a scale along each axis.
+    /// Adds a turn, counter-clockwise about an axis; null is the z axis, out of the picture.
     virtual void rotateDegrees(double angle, const QVariant& axis);
+    /// Adds a turn in radians, counter-clockwise about an axis; null is the z axis, out of the picture.
     virtual void rotateRadians(double angle, const QVariant& axis);
-    virtual void skew(double angle);
-    virtual void multiply(const QVariant& matrix);
-    /// Another transformation with its deformations, or whatever `multiply` takes.
+    virtual void skew(double angle); ///< Adds a lean of the y axis towards x by an angle in degrees; heights stay.
+    virtual void multiply(const QVariant& matrix); ///< Adds a matrix in any form that Matrix(value) takes.
+    /// Adds another transformation with its deformations, or a matrix as `multiply` does.
     virtual void add(const QVariant& other);
-    virtual Obj matrixInversed() const; ///< Throws where there is none.
-    virtual bool getDeformationValid() const;
-    virtual void deformationReset();           ///< Drops all deformations, and the one that was handed out.
-    virtual Obj matrixWithDeformation() const; ///< Includes what the deformations do to a whole drawing.
-    virtual Obj getOrigin() const;
-    /// The deformers of the deformations that are enabled; empty where there are none. The same object until
-    /// deformationReset, which destroys it as the transformation does.
+    virtual Obj matrixInversed() const;        ///< The inverse of the matrix as a new Matrix; fails for a singular one.
+    virtual bool getDeformationValid() const;  ///< Whether it has deformations.
+    virtual void deformationReset();           ///< Drops all deformations.
+    virtual Obj matrixWithDeformation() const; ///< A new Matrix with what the deformations do to a drawing as a whole.
+    virtual Obj getOrigin() const;             ///< Where (0, 0, 0) is put, a Point3d.
+    /// The deformers that are enabled; null where there are none.
+    ///
+    /// The same object until deformationReset, which destroys it as the transformation does.
     Obj getDeformation() const;
 
     const MO_PortTransform* getPortTransform() const; ///< Null where it is invalid.

@@ -5,7 +5,8 @@
 
 namespace OMC {
 
-/// The way between two positions in the plane. Nearly everything takes it where it takes a point: see Point2d.
+/// The way between two positions in the plane, taken nearly everywhere where a point is. One value is read as for
+/// Point2d.
 class BRINDLE_CORE_EXPORT Vector2d : public Point2d {
     Q_OBJECT
 
@@ -20,11 +21,13 @@ public:
     BaseObject* copy() const override;
     std::string __str__() const override;
 
-    /// A new vector, which the caller owns: x and y of what `Point3d::fromQVariant` reads.
+    /// A new vector of whatever Vector2d(value) takes.
+    ///
+    /// The caller owns it.
     static Vector2d* fromQVariant(const QVariant& value);
 };
 
-/// The way between two positions in space. Nearly everything takes it where it takes a point: see Point3d.
+/// The way between two positions in space, taken nearly everywhere where a point is. One value is read as for Point3d.
 class BRINDLE_CORE_EXPORT Vector3d : public Point3d {
     Q_OBJECT
 
@@ -38,7 +41,9 @@ public:
     BaseObject* copy() const override;
     std::string __str__() const override;
 
-    /// A new vector, which the caller owns: what `Point3d::fromQVariant` reads.
+    /// A new vector of whatever Vector3d(value) takes.
+    ///
+    /// The caller owns it.
     static Vector3d* fromQVariant(const QVariant& value);
 };
 

@@ -7,7 +7,8 @@ class CO_CommandManager;
 
 namespace OMC {
 
-/// A link between an out-port and an in-port, which can be moved to other ends, split by a node, or cut.
+/// A link between an out-port and an in-port, which can be moved to other ends, split by a node, or cut; invalid once
+/// the two are no longer linked.
 ///
 /// There is no engine object behind it: it is a pair of ports, and it is valid while the in-port's direct source is the
 /// out-port. A cable that no longer matches says so at its next use.
@@ -32,21 +33,21 @@ public:
     MO_Port* getOutPort() const;
     MO_Port* getInPort() const;
 
-    /// Puts a node into the cable: source to node, node to destination. `inPort` says which in-port of the node takes
-    /// the source (an in-port or a place; null lets the node choose). With `outPort` null the node chooses its out-port
-    /// too; otherwise `inPort` says it as well. Gives the cable to the node; this one is no longer connected.
+    /// Puts a node into the cable, source to node and node to destination, and gives the cable to the node; this one is
+    /// no longer connected. `inPort`, an in-port or an index, takes the source; null lets the node choose. With
+    /// `outPort` null the node chooses its out-port too; otherwise `inPort` says it as well.
     Obj insert(const Obj& node, const QVariant& inPort = QVariant(), const QVariant& outPort = QVariant());
-    void unlink();
+    void unlink(); ///< Cuts the link.
 
-    QVariant getSource() const;
+    QVariant getSource() const; ///< The out-port; writing links another one.
     void setSource(const QVariant& value);
-    QVariant getSourceNode() const;
+    QVariant getSourceNode() const; ///< The node that feeds; writing links another one.
     void setSourceNode(const QVariant& value);
-    QVariant getDestination() const;
+    QVariant getDestination() const; ///< The in-port; writing moves the cable's end.
     void setDestination(const QVariant& value);
-    QVariant getDestinationNode() const;
-    Obj getSourceFlatNode() const;
-    Obj getSourceFlat() const;
+    QVariant getDestinationNode() const; ///< The node that is fed; writing it changes the source.
+    Obj getSourceFlatNode() const;       ///< The node that really feeds, through groups.
+    Obj getSourceFlat() const;           ///< The out-port that really feeds, through groups.
 
 protected:
     void validate() const override;

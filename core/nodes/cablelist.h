@@ -29,8 +29,7 @@ public:
     Obj get(int index) const override;
     void set(int index, const Obj& object) override; ///< Always throws.
     std::vector<Obj> list() const override;
-    /// Whether a cable leads to a node or an in-port.
-    virtual bool contains(const Obj& object) const;
+    virtual bool contains(const Obj& object) const; ///< Whether a cable leads to a node or an in-port.
     /// The cable at a place that is written as a text; empty for a text that is no number.
     virtual Obj operator()(const QString& index) const;
 
@@ -61,8 +60,7 @@ public:
     Obj get(int index) const override;
     void set(int index, const Obj& object) override; ///< Always throws.
     std::vector<Obj> list() const override;
-    /// Whether a connection leads to a node or an in-port.
-    virtual bool contains(const Obj& object) const;
+    virtual bool contains(const Obj& object) const; ///< Whether a connection leads to a node or an in-port.
     /// The connection at a place that is written as a text; empty for a text that is no number.
     virtual Obj operator()(const QString& index) const;
 

@@ -6,7 +6,7 @@ class TUCameraModule;
 
 namespace OMC {
 
-/// The node through which a scene is seen.
+/// A camera: the node through which a scene is seen.
 class BRINDLE_CORE_EXPORT CameraNode : public Node {
     Q_OBJECT
     BRINDLE_COPYABLE(CameraNode)

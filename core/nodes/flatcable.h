@@ -23,10 +23,10 @@ public:
     /// "Cable(%1, %2, %3, %4)": path and port id of the source, then of the destination.
     std::string __str__() const override;
 
-    Obj getSource() const;
-    Obj getSourceNode() const;
-    Obj getDestination() const;
-    Obj getDestinationNode() const;
+    Obj getSource() const;          ///< The out-port.
+    Obj getSourceNode() const;      ///< The node that feeds.
+    Obj getDestination() const;     ///< The in-port.
+    Obj getDestinationNode() const; ///< The node that is fed.
 
 protected:
     void validate() const override;

@@ -21,11 +21,13 @@ public:
 
     std::string __str__() const override;
 
-    /// The node that faces the group's in-ports (out-ports). A group without one gets one, which is an undoable step;
-    /// empty when the engine refuses it.
+    /// The node inside that faces the in-ports; it is made when there is none, as an undoable step. Null when the
+    /// engine refuses it.
     virtual Obj getMultiPortIn() const;
+    /// The node inside that faces the out-ports; it is made when there is none, as an undoable step. Null when the
+    /// engine refuses it.
     virtual Obj getMultiPortOut() const;
-    virtual Obj getNodes() const; ///< The NodeList of the direct sub-nodes.
+    virtual Obj getNodes() const; ///< The nodes directly in the group.
     NodeList* newNodes() const;   ///< The same, for a caller that takes the list itself; null where there is none.
 
     TUGroup* getGroup() const; ///< The engine group, or null once it is gone.

@@ -23,22 +23,22 @@ class BRINDLE_CORE_EXPORT InPort : public Port {
 public:
     InPort(MO_Node* node, unsigned int id);
 
-    /// Links the out-port that the value names (Port::QVariantToOutPort) to this port, in place of its source, and
-    /// gives the cable. Null and false leave the link as it is: `unlink` cuts it.
+    /// Links the port to a node, a path, an out-port or [node or path, index], in place of its source, and gives the
+    /// cable. Null and false leave the link as it is: `unlink` cuts it.
     virtual Obj link(const QVariant& value);
-    virtual void unlink();
+    virtual void unlink(); ///< Cuts the link.
 
-    virtual Obj getCable() const; ///< Empty when there is no source.
-    virtual Obj getCableFlat() const;
-    virtual QVariant getSrc() const;
-    virtual void setSrc(const QVariant& value); ///< As `link`.
-    virtual QVariant getSrcNode() const;
-    virtual void setSrcNode(const QVariant& value); ///< As `link`.
-    virtual QVariant getSrcFlat() const;
-    virtual QVariant getSrcNodeFlat() const;
+    virtual Obj getCable() const;     ///< The cable to the direct source, or null.
+    virtual Obj getCableFlat() const; ///< The cable to the real source through groups, or null.
+    virtual QVariant getSrc() const;  ///< The out-port that feeds the port, or null; writing links as `link` does.
+    virtual void setSrc(const QVariant& value);
+    virtual QVariant getSrcNode() const; ///< The node that feeds the port, or null; writing links as `link` does.
+    virtual void setSrcNode(const QVariant& value);
+    virtual QVariant getSrcFlat() const;     ///< The out-port that really feeds the port, through groups, or null.
+    virtual QVariant getSrcNodeFlat() const; ///< The node that really feeds the port, through groups, or null.
 
-    bool getLinked() const;
-    bool getMattePort() const;
+    bool getLinked() const;    ///< Whether the port has a source.
+    bool getMattePort() const; ///< Whether the port takes a matte.
 
 private:
     MO_Port* portOr(const char* failure) const; ///< The port; throws the sentence when there is none.

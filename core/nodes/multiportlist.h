@@ -4,7 +4,7 @@
 
 namespace OMC {
 
-/// A port list of a node whose ports come and go: each port made or removed is one undo entry.
+/// The ports of a node whose ports come and go: each port made or removed is one undo entry.
 ///
 /// The type of a new port is "image", or "peg" (also "matrix", "transform"), in any case; a null string lets the node
 /// decide. Ports behind a new or a removed one change their places and keep their ids.
@@ -17,13 +17,13 @@ public:
 
     bool getDynamic() const override;
 
-    /// Make a port at a place, at the end, or before or behind another port. Empty when the node takes none or refuses.
+    /// Makes a port at the end, at an index, or before or behind another port; its type is "image" or "peg", or null
+    /// for the node to decide. Null when the node takes none or refuses.
     Obj create(unsigned int index, const QString& type = QString());
     Obj create(const QString& type = QString());
     Obj create(const Obj& port, bool before, const QString& type);
 
-    /// Cut the port's links and take it away.
-    void remove(unsigned int index);
+    void remove(unsigned int index); ///< Cuts the port's links and takes it away.
     void remove(const Obj& port);
 
 private:
@@ -33,6 +33,7 @@ private:
     std::unique_ptr<MO_Port> newPort(const QString& type) const;
 };
 
+/// The in-ports of a node whose in-ports come and go.
 class BRINDLE_CORE_EXPORT MultiInPortList : public MultiPortList {
     Q_OBJECT
     BRINDLE_COPYABLE(MultiInPortList)
@@ -41,7 +42,7 @@ class BRINDLE_CORE_EXPORT MultiInPortList : public MultiPortList {
 public:
     explicit MultiInPortList(MO_Node* node);
 
-    virtual Obj getMattePort() const; ///< The last matte port; empty when there is none.
+    virtual Obj getMattePort() const; ///< The last matte port; null when there is none.
 };
 
 } // namespace OMC

@@ -25,7 +25,7 @@ public:
     virtual bool removePort(const Port* port);
 };
 
-/// The node that faces the group's in-ports.
+/// The node that faces the group's in-ports from inside.
 class BRINDLE_CORE_EXPORT MultiPortInNode : public MultiPortNode {
     Q_OBJECT
     BRINDLE_COPYABLE(MultiPortInNode)
@@ -34,7 +34,7 @@ public:
     explicit MultiPortInNode(MO_Node* node);
 };
 
-/// The node that faces the group's out-ports.
+/// The node that faces the group's out-ports from inside.
 class BRINDLE_CORE_EXPORT MultiPortOutNode : public MultiPortNode {
     Q_OBJECT
     BRINDLE_COPYABLE(MultiPortOutNode)

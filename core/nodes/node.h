@@ -15,7 +15,8 @@ class AttributeList;
 class Node_Coordinates;
 class PortList;
 
-/// One node of a scene's graph.
+/// A node of a scene's graph. An object follows its node through a rename and is invalid for ever once the node is
+/// gone.
 ///
 /// It holds a weak handle on the engine node and nothing else: every property is read from the engine at each access,
 /// so a renamed node keeps its wrappers. When the node goes (removed, undone, project closed), all its wrappers say
@@ -44,38 +45,44 @@ public:
 
     std::string __str__() const override;
 
-    virtual Obj getAttributes() const; ///< The AttributeList of the node's top level.
-    virtual Obj getPortsIn() const;    ///< Its class follows the node's port mode; throws for a node without in-ports.
-    virtual Obj getPortsOut() const;   ///< Its class follows the node's port mode; throws for a node without out-ports.
+    virtual Obj getAttributes() const; ///< The node's parameters.
+    /// The in-ports, in a list whose class follows the node's port mode; fails for a node without in-ports.
+    virtual Obj getPortsIn() const;
+    /// The out-ports, in a list whose class follows the node's port mode; fails for a node without out-ports.
+    virtual Obj getPortsOut() const;
     /// The same, for a caller that takes the wrapper itself.
     AttributeList* newAttributes() const;
     PortList* newPortsIn() const;
     PortList* newPortsOut() const;
 
-    virtual Obj parentScene() const;
-    virtual Obj parentGroup() const; ///< An invalid GroupNode at the root group.
+    virtual Obj parentScene() const; ///< The node's scene.
+    virtual Obj parentGroup() const; ///< The group around the node; an invalid one at the root.
 
-    /// Moves the node to a group; to a node that is no group: beside it. Throws for a group that is, or lies in, the
-    /// node itself. A drop that the engine refuses is silent: the node stays where it was, as `path` tells. The place
-    /// in the node view is the engine's to choose: x and y are not used.
+    /// Moves the node to a group, or beside a node that is no group; the target is a node or its path. Fails for a
+    /// group that is, or lies in, the node itself. A drop that the engine refuses is silent: the node stays where it
+    /// was, as `path` tells. The place in the node view is kept: x and y are not used. This object goes on with the
+    /// moved node, all others of it are invalid.
     virtual void moveTo(const Obj& place, int x, int y);
     virtual void moveTo(const QString& path, int x, int y);
 
-    virtual QString getName() const;
-    virtual void setName(const QString& name); ///< The engine takes the name with what it can't hold changed.
-    virtual QString getPath() const;           ///< "Top/Group/Node".
-    /// Moves the node to the group before the last slash, also when it is there, and names it by what follows.
+    virtual QString getName() const; ///< The name within the group; what the project can't hold in it is changed.
+    virtual void setName(const QString& name);
+    /// The names from the root group down: "Top/Group/Node". Writing it moves the node to the group before the last
+    /// slash, also when it is there, and names it by what follows.
+    virtual QString getPath() const;
     virtual void setPath(const QString& path);
-    virtual QString getType() const; ///< "PEG", "READ", ...
+    virtual QString getType() const; ///< The kind of node: "PEG", "READ", "COMPOSITE", ...
 
-    virtual QVariant getPosition() const; ///< A Node_Coordinates, also of an invalid node.
+    /// The place in the node view, y growing downwards: Node_Coordinates when read, also of an invalid node; when
+    /// written a list of two or three numbers, a point or another node's coordinates. What tells no z keeps the node's;
+    /// fractions are cut off.
+    virtual QVariant getPosition() const;
     Node_Coordinates* newPosition() const;
-    /// Any form of Point3d::ConvertQVariant; one that tells no z keeps the node's. Fractions are cut off.
     virtual void setPosition(const QVariant& position) const;
 
-    virtual bool getEnabled() const;
+    virtual bool getEnabled() const; ///< Whether the node takes part; a disabled node lets its input through.
     virtual void setEnabled(bool enabled);
-    virtual bool getValid() const; ///< Whether the node is there; never throws.
+    virtual bool getValid() const; ///< Whether the node is still there; never fails.
 
     /// What the forms of `moveTo` come down to.
     virtual void moveNode(TUGroup* group, int x, int y);

@@ -6,10 +6,7 @@ class MO_Node;
 
 namespace OMC {
 
-/// Where a node stands in the node view: a live view of the engine node, y growing downwards.
-///
-/// Reads ask the engine, writes are commands. It goes invalid with the node ("Object is no longer valid.") and makes no
-/// thread check.
+/// Where a node stands in the node view, as a live view of it; y grows downwards.
 class BRINDLE_CORE_EXPORT Node_Coordinates : public EngineView<MO_Node> {
     Q_OBJECT
     BRINDLE_COPYABLE(Node_Coordinates)
@@ -26,11 +23,11 @@ public:
     std::string __str__() const override;
 
     virtual void setX(int x);
-    virtual int getX() const;
-    virtual void setY(int y); ///< Refuses a y that the engine's offset would carry beyond the integers.
-    virtual int getY() const;
+    virtual int getX() const; ///< To the right.
+    virtual void setY(int y);
+    virtual int getY() const; ///< Downwards; fails for one that the engine's offset would carry beyond the integers.
     virtual void setZ(int z);
-    virtual int getZ() const;
+    virtual int getZ() const; ///< The order of overlapping nodes.
 
 protected:
     void validate() const override;

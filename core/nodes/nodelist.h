@@ -20,7 +20,10 @@ namespace OMC {
 
 class Node;
 
-/// Nodes of a scene (all of them, at any depth), of a group (its direct sub-nodes), or a list filled by native code.
+/// The nodes of a scene (at any depth) or of a group (the direct ones). list["Top/Arm"] finds a node by its path, in
+/// constant time; a loop goes over the nodes that there were when it began.
+///
+/// A list may also be filled by native code.
 ///
 /// The lists of a scene and of a group keep no members and ask the engine at each call; they go invalid with their
 /// scene or group. A loop over a scene's list goes over the nodes as they were when it began. A filled list holds weak
@@ -46,28 +49,29 @@ public:
     /// The same as `get`, for a caller that takes the wrapper itself; null where there is none.
     Node* newItem(const QString& name) const;
     Node* newItem(int index) const;
-    virtual bool contains(const QString& name) const;
+    virtual bool contains(const QString& name) const; ///< Whether a node of that path or name is there.
     virtual Obj operator()(const QString& name) const;
 
-    /// The nodes, except groups, that a filter of regular expressions lets through. A text or a list of texts is
-    /// searched for in name, type and path; a map names them: {"type": ["^PEG$", "^READ$"], "name": "arm"}.
+    /// The nodes, except groups, that a filter lets through: a regular expression or a list of them, searched for in
+    /// name, type and path, a map that names them ({"type": ["^PEG$", "^READ$"], "name": "arm"}), or a function that
+    /// says so of a node.
     virtual std::vector<Obj> find(const QVariant& filter) const;
 
-    /// Makes a node in a group, which is given as a node, a path or an index of this list. An empty name lets the
-    /// engine choose one. Empty when the engine doesn't know the type.
+    /// Makes a node in this list's group (in a scene's list, the root group), where a name with slashes is a path, or
+    /// in the group that is given as a node, a path or an index of this list. An empty name lets the engine choose one.
+    /// Null for a type that isn't known.
     virtual Obj create(const QString& type, const QVariant& group, const QString& name);
-    /// Makes a node in the list's group (in a scene's list, the root group). A name with slashes is a path.
     virtual Obj create(const QString& type, const QString& name);
 
-    /// Moves nodes (any form of nodesFromQVariant) into the list's group; a scene's list and a filled one take none.
-    /// Gives the new node, or the list of the new nodes; wrappers of the old ones are invalid. The places in the node
-    /// view are the engine's to choose: x and y are not used. A single node gives its group a multi-port node if need
-    /// be, and stays where it is when the engine refuses the drop; several throw in both cases.
+    /// Moves nodes into the group of the list; a scene's list takes none. Gives the moved node, or a list of them;
+    /// other objects of theirs are invalid. The places in the node view are kept: x and y are not used. A single node
+    /// gives its group a multi-port node if need be, and stays where it is when the engine refuses the drop; several
+    /// fail in both cases.
     QVariant move(const QVariant& nodes, int x, int y);
 
-    /// Removes nodes (any form of nodesFromQVariant); with `deleteTimedValues` also the columns that only they were
-    /// linked to, with `bridge` what they connected is connected.
-    void remove(const QVariant& nodes, bool deleteTimedValues = false, bool bridge = false);
+    /// Removes nodes; `deleteColumns` also removes the columns that only they used, `bridge` connects what they
+    /// connected.
+    void remove(const QVariant& nodes, bool deleteColumns = false, bool bridge = false);
 
     void addNode(MO_Node* node);
 

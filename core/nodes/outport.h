@@ -23,19 +23,20 @@ class BRINDLE_CORE_EXPORT OutPort : public Port {
 public:
     OutPort(MO_Node* node, unsigned int id);
 
-    /// Links this port to the in-port that the value names (Port::QVariantToInPort), in place of that port's source,
-    /// and gives the cable.
+    /// Links the port to a node, a path, an in-port or [node or path, index], in place of that port's source, and gives
+    /// the cable.
     virtual Obj link(const QVariant& value);
-    /// Cuts links: to an in-port, to a node, at a place in the list, or to the nodes of a name, path or list of these.
+    /// Cuts links: to an in-port, to a node, at a place in the list, or to the nodes of a name, a path or a list of
+    /// these.
     virtual void unlink(const QVariant& value);
 
-    virtual QVariant getDst() const;
-    virtual QVariant getDstNodes() const;
-    virtual QVariant getDstFlat() const;
-    virtual QVariant getDstNodesFlat() const;
+    virtual QVariant getDst() const;          ///< The in-ports that the port feeds.
+    virtual QVariant getDstNodes() const;     ///< The nodes that the port feeds, one for each link.
+    virtual QVariant getDstFlat() const;      ///< The in-ports that the port really feeds, through groups.
+    virtual QVariant getDstNodesFlat() const; ///< The nodes that the port really feeds, through groups.
 
-    Obj getCables() const;
-    Obj getCablesFlat() const;
+    Obj getCables() const;     ///< The links from the port.
+    Obj getCablesFlat() const; ///< The real connections from the port, through groups.
 
 private:
     MO_Port* requiredPort() const;

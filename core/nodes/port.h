@@ -9,7 +9,7 @@
 
 namespace OMC {
 
-/// A connection point of a node.
+/// A connection point of a node; its id stays while its place changes.
 ///
 /// The wrapper remembers the node weakly and the port by its id, which stays while the port's place on the node
 /// changes. It is bound to one engine port: it is invalid once its node is gone, or the id leads to another port or to
@@ -39,18 +39,18 @@ public:
     /// The port, or null when it or its node is gone; throws nothing and checks no thread.
     MO_Port* findPort() const;
 
-    unsigned int getPortId() const;
-    unsigned int getIndex() const; ///< The place on the node, from 0.
-    bool getIsInport() const;
-    bool getIsOutport() const;
-    QString getType() const; ///< "IMAGE" or "PEG".
-    Obj getWrappedNode() const;
+    unsigned int getPortId() const; ///< The number that stays the port's own on its node.
+    unsigned int getIndex() const;  ///< The place on the node, from 0.
+    bool getIsInport() const;       ///< Whether it is an in-port.
+    bool getIsOutport() const;      ///< Whether it is an out-port.
+    QString getType() const;        ///< "IMAGE" or "PEG".
+    Obj getWrappedNode() const;     ///< The port's node.
 
-    /// The node that faces an in-port across the border of a group; empty for an out-port and away from a border. A
+    /// The node that faces an in-port across the border of a group; null for an out-port and away from a border. A
     /// group without an inside node for its in-ports gets one, as an undoable step.
     Obj getRelatedNode() const;
-    /// The same port seen from the other side of the border; empty away from a border. It, too, may make the inside
-    /// node.
+    /// The same port seen from the other side of a group's border; null away from a border. It, too, may make the
+    /// inside node.
     Obj getRelatedPort() const;
 
     /// The in-port that a script names: a port, a node, a path, or a list of a node or path and an index. Null with the

@@ -48,6 +48,7 @@ private:
     bool m_isInPort;
 };
 
+/// The in-ports of a node whose number is fixed.
 class BRINDLE_CORE_EXPORT InPortList : public PortList {
     Q_OBJECT
     BRINDLE_COPYABLE(InPortList)
@@ -56,7 +57,7 @@ class BRINDLE_CORE_EXPORT InPortList : public PortList {
 public:
     explicit InPortList(MO_Node* node);
 
-    virtual Obj getMattePort() const; ///< The last matte port; empty when there is none.
+    virtual Obj getMattePort() const; ///< The last matte port; null when there is none.
 };
 
 } // namespace OMC

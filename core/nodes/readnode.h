@@ -6,7 +6,9 @@ class MO_Node;
 
 namespace OMC {
 
-/// A node that shows the drawings of an element. `Node::getWrapped` gives such a node as a plain Node.
+/// A node that shows the drawings of an element.
+///
+/// `Node::getWrapped` gives such a node as a plain Node.
 class BRINDLE_CORE_EXPORT ReadNode : public Node {
     Q_OBJECT
     BRINDLE_COPYABLE(ReadNode)

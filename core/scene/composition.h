@@ -6,16 +6,18 @@
 
 namespace OMC {
 
-/// What a scene shows, layer by layer. The family holds nothing yet: `Scene::compositions` fails, so that no scene
-/// gives any of these objects; none can be copied, and what they would lead to is refused.
+/// What a scene shows, layer by layer. No scene gives one yet.
+///
+/// The family holds nothing: `Scene::compositions` fails; none of its objects can be copied, and what they would lead
+/// to is refused.
 class BRINDLE_CORE_EXPORT Composition : public BaseObject {
     Q_OBJECT
 
 public:
     std::string __str__() const override;
 
-    virtual Obj getBase() const;                ///< Always throws.
-    virtual std::vector<Obj> getLayers() const; ///< Always throws.
+    virtual Obj getBase() const;                ///< Always fails.
+    virtual std::vector<Obj> getLayers() const; ///< Always fails.
     virtual bool render();                      ///< Always false.
 };
 
@@ -32,7 +34,7 @@ class BRINDLE_CORE_EXPORT AttributeLayer : public CompositionLayer {
     Q_OBJECT
 
 public:
-    virtual Obj getAttribute() const; ///< Always throws.
+    virtual Obj getAttribute() const; ///< Always fails.
 };
 
 /// The layer of a node.
@@ -40,7 +42,7 @@ class BRINDLE_CORE_EXPORT NodeLayer : public CompositionLayer {
     Q_OBJECT
 
 public:
-    virtual Obj getNode() const; ///< Always throws.
+    virtual Obj getNode() const; ///< Always fails.
 };
 
 /// The layer of a sound.
@@ -48,7 +50,7 @@ class BRINDLE_CORE_EXPORT SoundLayer : public CompositionLayer {
     Q_OBJECT
 
 public:
-    virtual Obj getSound() const; ///< Always throws.
+    virtual Obj getSound() const; ///< Always fails.
 };
 
 /// The layer of a drawing.

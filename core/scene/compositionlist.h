@@ -6,7 +6,7 @@
 
 namespace OMC {
 
-/// The compositions of a scene. It has none yet, and no scene gives it.
+/// The compositions of a scene: none yet, and no scene gives the list.
 class BRINDLE_CORE_EXPORT CompositionList : public CountedList<ListObj, IterableObj> {
     Q_OBJECT
     BRINDLE_COPYABLE(CompositionList)

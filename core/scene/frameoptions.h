@@ -4,7 +4,9 @@
 
 namespace OMC {
 
-/// How frames are inserted or removed, in place of the preferences of the same sense. A plain value.
+/// How frames are inserted or removed, in place of the preferences of the same sense.
+///
+/// A plain value.
 class BRINDLE_CORE_EXPORT FrameOptions {
 public:
     FrameOptions() = default;
@@ -12,8 +14,9 @@ public:
     {}
     virtual ~FrameOptions() = default;
 
-    bool rippleMarkers = true;   ///< The markers of the scene move along.
-    bool extendExposure = false; ///< A drawing is held over the new frames; removing frames doesn't look at it.
+    bool rippleMarkers = true; ///< Whether the scene's markers move along.
+    /// Whether the drawing before inserted frames is held over them; removing frames doesn't look at it.
+    bool extendExposure = false;
 };
 
 } // namespace OMC

@@ -23,8 +23,8 @@ protected:
     using EngineView::EngineView;
 };
 
-/// The undo list of a project: its names, undo and redo by count, and a bracket that makes one entry of all that is
-/// done between `begin` and `end`.
+/// The undo list of the project: the names of its entries, oldest first, undo and redo by count, and a bracket that
+/// makes one entry of all that is done between `begin` and `end`.
 ///
 /// The bracket belongs to the process and not to the wrapper: `begin` on one and `end` on another match. It stays open
 /// until `end`, `cancel`, or the next use of a History whose project is gone.
@@ -43,27 +43,28 @@ public:
 
     std::string __str__() const override;
 
-    std::size_t size() const override;
-    virtual std::size_t getSizeTotal() const; ///< Entries that can be undone or done again.
-    virtual std::size_t getSizeUnexecuted() const;
-    virtual std::size_t getSizeExecuted() const;
-    virtual std::size_t getSizeMax() const;
+    std::size_t size() const override;             ///< How many entries can be undone.
+    virtual std::size_t getSizeTotal() const;      ///< How many entries can be undone or done again.
+    virtual std::size_t getSizeUnexecuted() const; ///< How many entries can be done again.
+    virtual std::size_t getSizeExecuted() const;   ///< How many entries can be undone.
+    virtual std::size_t getSizeMax() const;        ///< How many entries are kept; older ones are dropped.
 
+    /// The name of an entry that can be undone, from 0, oldest first.
     QString get(const unsigned int& index) const override;
-    virtual void set(const unsigned int& index, const std::string& name); ///< Always throws.
-    virtual bool contains(const QString& name) const;
-    virtual QStringList list() const;
+    /// Always fails: the history can't be written.
+    virtual void set(const unsigned int& index, const std::string& name);
+    virtual bool contains(const QString& name) const; ///< Whether an entry that can be undone has the name.
+    virtual QStringList list() const;                 ///< The names of the entries that can be undone, oldest first.
 
-    void undo(unsigned int count);
-    void redo(unsigned int count);
-    void clear();
+    void undo(unsigned int count); ///< Undoes up to so many entries.
+    void redo(unsigned int count); ///< Does up to so many undone entries again.
+    void clear();                  ///< Empties the undo list; the project stays as it is.
 
-    /// Opens a bracket; a nested one is counted, and its name dropped.
+    /// Opens a bracket: everything up to the matching `end` becomes one entry of this name. Brackets nest; a nested
+    /// one's name is dropped.
     void begin(const QString& name);
-    /// Closes what the matching `begin` opened; without one it does nothing.
-    void end();
-    /// Takes everything back that was done in the bracket, whatever the nesting.
-    void cancel();
+    void end();    ///< Closes the bracket that the matching `begin` opened; does nothing without one.
+    void cancel(); ///< Takes back all that was done in the open bracket, whatever the nesting.
 
     QString getCurrent() const; ///< The name of the open bracket, or "NONE".
     bool getActive() const;     ///< Always false.

@@ -21,10 +21,10 @@ public:
 
     std::string __str__() const override;
 
-    virtual bool getDirty() const;           ///< Whether it differs from what was last saved.
-    virtual bool getDirtyPreviously() const; ///< Whether there is anything to undo.
-    virtual Obj getHistory() const;
-    virtual Obj getResolution() const; ///< A ProjectResolution.
+    virtual bool getDirty() const;           ///< Whether the project differs from what was last saved.
+    virtual bool getDirtyPreviously() const; ///< Whether the undo list has anything to undo.
+    virtual Obj getHistory() const;          ///< The undo list.
+    virtual Obj getResolution() const;       ///< The size of the picture.
 };
 
 } // namespace OMC

@@ -10,8 +10,8 @@ class SC_ProjectCommon;
 
 namespace OMC {
 
-/// The size of the project's picture in pixels, the name of the resolution that it has, and the resolutions that have a
-/// name. A live view, invalid once the project is closed.
+/// The size of the project's picture in pixels, and the resolutions that have a name. Invalid once the project is
+/// closed.
 class BRINDLE_CORE_EXPORT ProjectResolution : public EngineView<SC_ProjectCommon> {
     Q_OBJECT
     BRINDLE_COPYABLE(ProjectResolution)
@@ -26,23 +26,22 @@ public:
 
     std::string __str__() const override;
 
-    virtual void setX(int pixels); ///< Keeps the height.
-    virtual int getX() const;
-    virtual void setY(int pixels); ///< Keeps the width.
-    virtual int getY() const;
-    virtual double getDefaultFOV() const; ///< The field of view in degrees.
-    /// A ProjectNamedResolution for each name.
-    virtual QMap<QString, Obj> getNames() const;
+    virtual void setX(int pixels);
+    virtual int getX() const; ///< The width in pixels, from 1; writing it keeps the height and drops the name.
+    virtual void setY(int pixels);
+    virtual int getY() const; ///< The height in pixels, from 1; writing it keeps the width and drops the name.
+    virtual double getDefaultFOV() const;        ///< The field of view in degrees.
+    virtual QMap<QString, Obj> getNames() const; ///< The named resolutions, each under its name.
 
+    /// The name of the current resolution, "" for one without; writing it chooses one of `names`.
     QString getDefaultName() const;
-    void setDefaultName(const QString& name); ///< The name of one of `names`.
+    void setDefaultName(const QString& name);
 
 private:
     void setSize(int width, int height, const QString& label);
 };
 
-/// A resolution that has a name. It keeps the name alone and looks it up at each read, so that one whose name was
-/// removed from the table says so.
+/// A resolution that has a name; its values are looked up at each read, and fail once no resolution has it.
 class BRINDLE_CORE_EXPORT ProjectNamedResolution : public EngineView<SC_ProjectCommon> {
     Q_OBJECT
     BRINDLE_COPYABLE(ProjectNamedResolution)
@@ -61,8 +60,8 @@ public:
     virtual int getX() const;              ///< The width in pixels.
     virtual int getY() const;              ///< The height in pixels.
     virtual double getFOV() const;         ///< The field of view in degrees.
-    virtual double getFramerate() const;   ///< Frames per second.
-    virtual QString getName() const;       ///< Answers also when no resolution has the name any more.
+    virtual double getFramerate() const;   ///< The frames per second that go with the format.
+    virtual QString getName() const;       ///< The name; it answers also when no resolution has it any more.
     virtual QString getProjection() const; ///< "Perspective", "Orthogonal" or "NONE".
 
 protected:

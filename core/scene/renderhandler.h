@@ -4,7 +4,9 @@
 
 namespace OMC {
 
-/// What renders a scene. It holds nothing yet, so that a copy is simply a new one.
+/// What renders a scene. Nothing gives one yet.
+///
+/// It holds nothing, so that a copy is simply a new one.
 class BRINDLE_CORE_EXPORT RenderHandler : public BaseObject {
     Q_OBJECT
     BRINDLE_COPYABLE(RenderHandler)

@@ -22,8 +22,8 @@ class FrameOptions;
 class GroupNode;
 class NodeList;
 
-/// A scene of the project: its timing, what it is seen through, the settings that it shares with the project, and the
-/// way to its nodes. Frames count from 1. Invalid once the scene is gone.
+/// A scene of the project: its timing, what it is seen through, the settings that it shares with the project, and its
+/// nodes. Frames count from 1. Invalid once the scene is gone.
 class BRINDLE_CORE_EXPORT Scene : public EngineView<TUScene> {
     Q_OBJECT
     BRINDLE_COPYABLE(Scene)
@@ -57,62 +57,66 @@ public:
 
     std::string __str__() const override;
 
-    virtual Obj getAspect() const;             ///< A SceneAspect.
-    virtual Obj getUnits() const;              ///< A SceneUnits.
-    virtual Obj getCenter() const;             ///< A SceneCenter.
-    virtual void setName(const QString& name); ///< Always throws: a scene can't be renamed.
-    virtual QString getName() const;
+    virtual Obj getAspect() const; ///< The shape of the field chart's units.
+    virtual Obj getUnits() const;  ///< The number of the field chart's units.
+    virtual Obj getCenter() const; ///< The coordinates at the centre of the picture.
+    virtual void setName(const QString& name);
+    virtual QString getName() const; ///< The scene's name; writing it always fails.
     virtual void setFramerate(double framesPerSecond);
-    virtual double getFramerate() const;
+    virtual double getFramerate() const; ///< Frames per second.
 
-    /// How finely new drawings are stored as textures, in pixels for each model unit. A density that the project
-    /// doesn't take changes nothing.
     virtual void setVectorTexturePixelDensity(double pixels);
+    /// Pixels for each model unit in new vector drawings' textures; a density that the project doesn't take changes
+    /// nothing.
     virtual double getVectorTexturePixelDensity() const;
     virtual void setBitmapTexturePixelDensity(double pixels);
+    /// Pixels for each model unit in new bitmap drawings' textures; a density that the project doesn't take changes
+    /// nothing.
     virtual double getBitmapTexturePixelDensity() const;
 
-    /// Adds frames at the end, or takes them from there; at least 1.
     virtual void setFrameCount(int count);
-    virtual int getFrameCount() const;
+    virtual int getFrameCount() const; ///< The number of frames, from 1; writing it adds or removes frames at the end.
     virtual void setFrameStart(int frame);
-    virtual int getFrameStart() const;
+    virtual int getFrameStart() const; ///< The first frame of the range that is played.
     virtual void setFrameStop(int frame);
-    virtual int getFrameStop() const;
+    virtual int getFrameStop() const; ///< The last frame of the range that is played.
 
-    virtual void setColorspace(const QString& name); ///< One of `getColorspaces`, for the whole project.
+    virtual void setColorspace(const QString& name);
+    /// The name of the colour space that the whole project works in, one of `getColorspaces`.
     virtual QString getColorspace() const;
-    virtual QStringList getColorspaces() const;
+    virtual QStringList getColorspaces() const; ///< The names of all colour spaces.
 
-    /// A camera in any form of NodeList::nodesFromQVariant. What is no truth (null, an empty text, a zero, false)
-    /// unsets it.
     virtual void setCamera(const QVariant& camera);
-    /// A CameraNode as a plain pointer, which the receiver takes; a null pointer while none is set.
+    /// The default camera, or null; written with a node in any form, or null to unset it.
+    ///
+    /// It is a plain pointer in the variant, which the receiver takes. What is no truth (an empty text, a zero, false)
+    /// unsets it, too.
     virtual QVariant getCamera() const;
-    virtual void setCameraPath(const QVariant& camera); ///< As `setCamera`.
-    virtual QVariant getCameraPath() const;             ///< "NONE" while none is set.
+    virtual void setCameraPath(const QVariant& camera);
+    virtual QVariant getCameraPath() const; ///< The default camera's path, "NONE" without one; written as `getCamera`.
 
-    virtual Obj getUnitConverter() const;       ///< A SceneUnitConverter.
-    virtual std::vector<Obj> getSounds() const; ///< Always throws.
+    virtual Obj getUnitConverter() const;       ///< The way between fields and OpenGL units.
+    virtual std::vector<Obj> getSounds() const; ///< Not supported: reading it always fails.
     virtual Obj getTop() const;                 ///< The root group.
     GroupNode* newTop() const;                  ///< The same, for a caller that takes the wrapper itself.
-    virtual Obj getNodes() const;               ///< All nodes.
+    virtual Obj getNodes() const;               ///< All nodes of the scene, at any depth.
     NodeList* newNodes() const;
-    virtual Obj getCompositions() const; ///< Always throws.
+    virtual Obj getCompositions() const; ///< Not supported: reading it always fails.
 
-    virtual QVariant getDisplay() const;              ///< A DisplayNode; a null pointer while no display is set.
-    virtual void setDisplay(const QVariant& display); ///< In the forms of `setCamera`.
-    /// A null text while the scene has no display, a null pointer while it shows none of those that it has.
+    /// The default display, or null; written with a node in any form, or null to unset it.
+    virtual QVariant getDisplay() const;
+    virtual void setDisplay(const QVariant& display);
+    /// The default display's name, null when none is set, "" when the scene has no display; written as `getDisplay`.
     virtual QVariant getDisplayName() const;
-    virtual void setDisplayName(const QVariant& display); ///< As `setDisplay`.
-    virtual QVariantList getDisplays() const;             ///< The wrappers of all display nodes.
-    virtual QStringList getDisplayNames() const;
+    virtual void setDisplayName(const QVariant& display);
+    virtual QVariantList getDisplays() const;    ///< All display nodes.
+    virtual QStringList getDisplayNames() const; ///< The names of all display nodes.
 
-    /// Inserts frames behind a frame, with all that lies behind it moving along. False for a negative count. Without
-    /// options the preferences "RIPPLE_SCENE_MARKERS" and "EXTEND_DRAWING_EXPOSURE" hold.
+    /// Inserts frames behind frame `at`, 0 for the very front; what lies behind moves along. False for a negative
+    /// count. Without options the preferences "RIPPLE_SCENE_MARKERS" and "EXTEND_DRAWING_EXPOSURE" hold.
     bool frameInsert(int at, int count);
     bool frameInsert(int at, int count, const FrameOptions* options);
-    /// Removes the frames behind a frame with all that lies on them. False for a negative count.
+    /// Removes the frames behind frame `at` with all that lies on them; false for a negative count.
     bool frameRemove(int at, int count);
     bool frameRemove(int at, int count, const FrameOptions* options);
 

@@ -12,8 +12,9 @@ class TUScene;
 
 namespace OMC {
 
-/// The scenes of the project, the project's first scene ahead. A loop goes through the scenes that were there when it
-/// began; one that went meanwhile comes as an invalid object.
+/// The project's scenes, the first one ahead. list["name"] finds one whatever the case of its letters.
+///
+/// A loop goes through the scenes that were there when it began; one that went meanwhile comes as an invalid object.
 class BRINDLE_CORE_EXPORT SceneList : public FlaggedList<EngineView<SC_ProjectCommon, ListObj>, IterableObj> {
     Q_OBJECT
     BRINDLE_COPYABLE(SceneList)
@@ -29,7 +30,7 @@ public:
     void set(int index, const Obj& object) override; ///< Always throws.
     std::vector<Obj> list() const override;
 
-    virtual bool contains(const Obj& object) const;
+    virtual bool contains(const Obj& object) const; ///< False for a scene that is alive.
     /// The scene of that name in any case of letters, the last one where several have it; empty when there is none.
     virtual Obj operator()(const QString& name) const;
     /// Makes every object that the list hands out.

@@ -6,10 +6,10 @@ class TUScene;
 
 namespace OMC {
 
-/// The shape of a scene's unit: how wide and high the picture is, measured in units of the field chart.
+/// The shape of the field chart's units: how wide and high the picture is, measured in them. It is the whole project's.
 ///
 /// A live view, like the two below: it keeps no value, reads the engine at each call, on whatever thread, and is
-/// invalid once the scene is gone. What it writes counts for the whole project.
+/// invalid once the scene is gone.
 class BRINDLE_CORE_EXPORT SceneAspect : public UnguardedView<TUScene> {
     Q_OBJECT
     BRINDLE_COPYABLE(SceneAspect)
@@ -21,14 +21,15 @@ public:
 
     std::string __str__() const override;
 
-    /// The engine keeps whole numbers: what the value makes of the chart's units loses its fraction.
     virtual void setX(double x);
+    /// The chart's aspect across, for each unit; what it makes of the chart's units loses its fraction.
     virtual double getX() const;
     virtual void setY(double y);
+    /// The chart's aspect up, for each unit; what it makes of the chart's units loses its fraction.
     virtual double getY() const;
 };
 
-/// The number of units of the field chart: from edge to edge to the right and up, and in depth.
+/// The number of units of the field chart, of the whole project.
 class BRINDLE_CORE_EXPORT SceneUnits : public UnguardedView<TUScene> {
     Q_OBJECT
     BRINDLE_COPYABLE(SceneUnits)
@@ -42,14 +43,14 @@ public:
     std::string __str__() const override;
 
     virtual void setX(int units);
-    virtual int getX() const;
+    virtual int getX() const; ///< Units from the left border to the right one.
     virtual void setY(int units);
-    virtual int getY() const;
+    virtual int getY() const; ///< Units from the bottom to the top.
     virtual void setZ(int units);
-    virtual int getZ() const;
+    virtual int getZ() const; ///< Units in depth.
 };
 
-/// The coordinates that stand at the centre of the picture.
+/// The coordinates that stand at the centre of the picture, of the whole project.
 class BRINDLE_CORE_EXPORT SceneCenter : public UnguardedView<TUScene> {
     Q_OBJECT
     BRINDLE_COPYABLE(SceneCenter)
@@ -62,9 +63,9 @@ public:
     std::string __str__() const override;
 
     virtual void setX(int x);
-    virtual int getX() const;
+    virtual int getX() const; ///< The coordinate to the right.
     virtual void setY(int y);
-    virtual int getY() const;
+    virtual int getY() const; ///< The coordinate upwards.
 };
 
 } // namespace OMC

@@ -12,8 +12,9 @@ class TUScene;
 namespace OMC {
 
 /// Converts between the two coordinate systems of a scene: the units of its field chart, in which people think, and
-/// OpenGL units, in which the engine draws. It reads the scene's metrics at each call, on whatever thread, and is
-/// invalid once the scene is gone.
+/// OpenGL units, in which the picture is drawn.
+///
+/// It reads the scene's metrics at each call, on whatever thread, and is invalid once the scene is gone.
 class BRINDLE_CORE_EXPORT SceneUnitConverter : public UnguardedView<TUScene> {
     Q_OBJECT
     BRINDLE_COPYABLE(SceneUnitConverter)
@@ -23,11 +24,12 @@ public:
 
     std::string __str__() const override;
 
-    /// A Point2d comes back as a Point2d, a Point3d and all that Point3d::fromQVariant reads as a Point3d. Anything
-    /// else throws, vectors included.
+    /// A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from OpenGL units to fields. A
+    /// Point2d gives a Point2d, a Point3d and all that it is made from a Point3d; vectors fail.
     QVariant toField(const QVariant& point);
-    /// One coordinate; the axis is "x", "y" or "z" in any case of letters.
     double toField(double value, const QString& axis);
+    /// A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from fields to OpenGL units. A
+    /// Point2d gives a Point2d, a Point3d and all that it is made from a Point3d; vectors fail.
     QVariant toOgl(const QVariant& point);
     double toOgl(double value, const QString& axis);
 

@@ -4,7 +4,9 @@
 
 namespace OMC {
 
-/// A sound of a scene. It holds nothing yet: no scene gives one, and it can't be copied.
+/// A sound of a scene. No scene gives one yet.
+///
+/// It holds nothing and can't be copied.
 class BRINDLE_CORE_EXPORT Sound : public BaseObject {
     Q_OBJECT
 

@@ -1,5 +1,7 @@
 """Draws curves, points and text as SVG: panels in a row, each a window onto a plane with y upwards."""
 
+from collections.abc import Iterable
+from typing import TypeAlias
 from xml.sax.saxutils import escape
 
 import brindle
@@ -11,7 +13,10 @@ LINE = 15  # of text
 CODE = 'font-family="monospace" font-size="11"'
 
 
-def number(value):
+Place: TypeAlias = brindle.Point2d | brindle.Point3d | Iterable[float]
+
+
+def number(value: float) -> str:
     """Two digits are finer than a picture shows, and the same on every machine."""
     return f"{round(value, 2) + 0.0:g}"
 
@@ -19,7 +24,8 @@ def number(value):
 class Panel:
     """A window onto the plane: what is drawn is given in the coordinates of `box`, (left, bottom, right, top)."""
 
-    def __init__(self, title, box, caption="", width=236):
+    def __init__(self, title: str, box: tuple[float, float, float, float], caption: str = "",
+                 width: float = 236) -> None:
         self.title = title.split("\n")
         self.caption = caption.split("\n") if caption else []
         self.box = box
@@ -27,18 +33,18 @@ class Panel:
         left, bottom, right, top = box
         self.scale = width / (right - left)
         self.height = self.scale * (top - bottom)
-        self.lines = []
+        self.lines: list[str] = []
         self.matrix = brindle.Matrix()
         self.matrix.translate(0, self.height, 0)
         self.matrix.scale(self.scale, -self.scale, 1)
         self.matrix.translate(-left, -bottom, 0)
         self.grid()
 
-    def at(self, point):
+    def at(self, point: Place) -> tuple[float, float]:
         x, y, _ = self.matrix.apply([*coordinates(point)])
         return x, y
 
-    def grid(self):
+    def grid(self) -> None:
         left, bottom, right, top = self.box
         step = next(step for step in (1, 2, 5, 10, 20, 50, 100) if (right - left) / step <= 15)
         for axis, low, high in ((0, left, right), (1, bottom, top)):
@@ -47,13 +53,13 @@ class Panel:
                     ends = ((place, bottom), (place, top)) if axis == 0 else ((left, place), (right, place))
                     self.line(*ends, "#c9c9c9" if place == 0 else "#eeeeee", 1)
 
-    def line(self, a, b, colour, width=1.5, dash=""):
+    def line(self, a: Place, b: Place, colour: str, width: float = 1.5, dash: str = "") -> None:
         (x1, y1), (x2, y2) = self.at(a), self.at(b)
         dashes = f' stroke-dasharray="{dash}"' if dash else ""
         self.lines.append(f'<line x1="{number(x1)}" y1="{number(y1)}" x2="{number(x2)}" y2="{number(y2)}" '
                           f'stroke="{colour}" stroke-width="{width}"{dashes}/>')
 
-    def arrow(self, a, b, colour, width=1.5):
+    def arrow(self, a: Place, b: Place, colour: str, width: float = 1.5) -> None:
         self.line(a, b, colour, width)
         (x1, y1), (x2, y2) = self.at(a), self.at(b)
         length = ((x2 - x1) ** 2 + (y2 - y1) ** 2) ** 0.5 or 1.0
@@ -61,17 +67,18 @@ class Panel:
         corners = [(x2, y2), (x2 - x - y / 2, y2 - y + x / 2), (x2 - x + y / 2, y2 - y - x / 2)]
         self.lines.append(f'<polygon points="{" ".join(f"{number(x)},{number(y)}" for x, y in corners)}" fill="{colour}"/>')
 
-    def path(self, path, colour, width=2, fill="none", dash=""):
+    def path(self, path: brindle.BezierPath, colour: str, width: float = 2, fill: str = "none",
+             dash: str = "") -> None:
         """A BezierPath, whose curves become the curves of the picture."""
         drawn = path.copy()
         drawn.multiply(self.matrix)
         dashes = f' stroke-dasharray="{dash}"' if dash else ""
         self.lines.append(f'<path d="{path_data(drawn)}" fill="{fill}" stroke="{colour}" stroke-width="{width}"{dashes}/>')
 
-    def curve(self, curve, colour, width=2, dash=""):
+    def curve(self, curve: brindle.Bezier, colour: str, width: float = 2, dash: str = "") -> None:
         self.path(path_of(curve), colour, width, dash=dash)
 
-    def controls(self, path, colour):
+    def controls(self, path: brindle.BezierPath, colour: str) -> None:
         """The control points of a path, with the handles as lines to the points that they belong to."""
         points = list(path)
         for index, point in enumerate(points):
@@ -82,37 +89,38 @@ class Panel:
             self.line(point, points[end], colour, 0.8)
             self.ring(point, colour, 2.5)
 
-    def dot(self, point, colour, radius=3):
+    def dot(self, point: Place, colour: str, radius: float = 3) -> None:
         x, y = self.at(point)
         self.lines.append(f'<circle cx="{number(x)}" cy="{number(y)}" r="{radius}" fill="{colour}"/>')
 
-    def ring(self, point, colour, radius=3):
+    def ring(self, point: Place, colour: str, radius: float = 3) -> None:
         x, y = self.at(point)
         self.lines.append(f'<circle cx="{number(x)}" cy="{number(y)}" r="{radius}" fill="white" stroke="{colour}"/>')
 
-    def text(self, point, text, dx=6, dy=-6, colour="#333333", anchor="start", font='font-size="11"'):
+    def text(self, point: Place, text: str, dx: float = 6, dy: float = -6, colour: str = "#333333",
+             anchor: str = "start", font: str = 'font-size="11"') -> None:
         """Beside a point, the shift in pixels; white around it, so that it reads on lines."""
         x, y = self.at(point)
         self.lines.append(f'<text x="{number(x + dx)}" y="{number(y + dy)}" fill="{colour}" {font} text-anchor="{anchor}" '
                           f'stroke="white" stroke-width="3" paint-order="stroke">{escape(text)}</text>')
 
-    def area(self, corner, opposite, colour, opacity=1, stroke="none"):
+    def area(self, corner: Place, opposite: Place, colour: str, opacity: float = 1, stroke: str = "none") -> None:
         (x1, y1), (x2, y2) = self.at(corner), self.at(opposite)
         self.lines.append(f'<rect x="{number(x1)}" y="{number(y2)}" width="{number(x2 - x1)}" height="{number(y1 - y2)}" '
                           f'fill="{colour}" fill-opacity="{number(opacity)}" stroke="{stroke}"/>')
 
 
-def coordinates(point):
-    return (point.x, point.y) if hasattr(point, "x") else point
+def coordinates(point: Place) -> tuple[float, ...]:
+    return (point.x, point.y) if isinstance(point, (brindle.Point2d, brindle.Point3d)) else tuple(point)
 
 
-def path_of(curve):
+def path_of(curve: brindle.Bezier) -> brindle.BezierPath:
     path = brindle.BezierPath()
     path.bezier_append(curve)
     return path
 
 
-def path_through(points):
+def path_through(points: object) -> brindle.BezierPath:
     """Straight lines from point to point."""
     path = brindle.BezierPath.create_rectangle()
     path.erase(1, 4)
@@ -120,7 +128,7 @@ def path_through(points):
     return path
 
 
-def path_data(path):
+def path_data(path: brindle.BezierPath) -> str:
     """The curves of a path in the letters of SVG: L for degree 1, Q for 2, C for 3."""
     if path.empty:
         return ""
@@ -132,7 +140,7 @@ def path_data(path):
     return " ".join(spelled)
 
 
-def picture(*panels):
+def picture(*panels: Panel) -> str:
     """The text of an SVG file with the panels side by side, their titles above and their captions below."""
     head = LINE * max(len(panel.title) for panel in panels) + 6
     foot = LINE * max(len(panel.caption) for panel in panels) + 4
@@ -142,7 +150,7 @@ def picture(*panels):
     lines = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{number(width)}" height="{number(height)}" '
              f'viewBox="0 0 {number(width)} {number(height)}" font-family="sans-serif" font-size="12">',
              '<rect width="100%" height="100%" fill="white"/>']
-    x = GAP
+    x: float = GAP
     for index, panel in enumerate(panels):
         y = GAP + head
         first = y - 8 - LINE * (len(panel.title) - 1)

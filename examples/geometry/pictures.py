@@ -11,7 +11,7 @@ HUMP = [[0, 0], [1, 6], [7, 8], [10, 1]]
 WAVE = [[0, 0], [4, 9], [6, -9], [10, 2]]
 
 
-def curve_of(points):
+def curve_of(points: list[list[int]]) -> brindle.Bezier:
     curve = brindle.Bezier()
     curve.degree = len(points) - 1
     for index, point in enumerate(points):
@@ -19,7 +19,7 @@ def curve_of(points):
     return curve
 
 
-def points():
+def points() -> str:
     """How the lenient reader adds up a list."""
     plain = Panel("Point2d([4, 2])", (-1, -1, 7, 6), "numbers are x, y, z in turn")
     plain.arrow((0, 0), (4, 2), BLUE)
@@ -48,18 +48,18 @@ def points():
     return picture(plain, added, turned)
 
 
-def rotation(degrees):
+def rotation(degrees: float) -> brindle.Matrix:
     matrix = brindle.Matrix()
     matrix.rotate_degrees(degrees)
     return matrix
 
 
-def frame(panel, rectangle, colour, width=2, dash=""):
+def frame(panel: Panel, rectangle: brindle.AllocatedRect2D, colour: str, width: float = 2, dash: str = "") -> None:
     panel.path(brindle.BezierPath.create_rectangle(rectangle.x, rectangle.y, rectangle.x + rectangle.width,
                                                    rectangle.y + rectangle.height), colour, width, dash=dash)
 
 
-def rectangle():
+def rectangle() -> str:
     box = (-1, -1, 11, 8)
     places = [[2, 1], [7, 3], [4, 5]]
     read = brindle.AllocatedRect2D(places)
@@ -92,7 +92,7 @@ def rectangle():
 FLAG = [[0, 0], [0, 3], [2, 2.25], [0, 1.5]]
 
 
-def flag(panel, matrix, colour, dash=""):
+def flag(panel: Panel, matrix: brindle.Matrix, colour: str, dash: str = "") -> None:
     """A flag on its pole, as a matrix moves it, with where the matrix puts the axes."""
     shape = path_through(FLAG)
     shape.multiply(matrix)
@@ -100,11 +100,11 @@ def flag(panel, matrix, colour, dash=""):
     panel.dot(shape[0], colour, 3)
 
 
-def matrix():
+def matrix() -> str:
     """The forms that a matrix is read from, by what they do to a flag."""
     box = (-1, -1, 9, 7)
     turn = rotation(30)
-    forms = [
+    forms: list[tuple[str, brindle.MatrixLike, str]] = [
         ("Matrix([3, 1])", [3, 1], "2 numbers: a move"),
         ("Matrix(2)", 2, "a number: a scale"),
         ("Matrix([1, 0, 0,\n        1, 1, 0,\n        3, 0, 1])", [1, 0, 0, 1, 1, 0, 3, 0, 1],
@@ -120,7 +120,7 @@ def matrix():
     return picture(*panels)
 
 
-def composition():
+def composition() -> str:
     """The step that is added last acts first on a point."""
     box = (-3, -1, 9, 8)
     panels = []
@@ -150,7 +150,7 @@ COLOURS = ["[200, 60, 40]", "[200, 60, 40, 255]", "[40, 120, 60, 128]", "'red'",
            "Colour.from_hsl(210, 60, 45, 100)"]
 
 
-def colours():
+def colours() -> str:
     """What the reader of colours makes of each form, before squares that show where it isn't opaque."""
     panel = Panel("Colour(value)", (0, 0, 30, 2 * len(COLOURS) + 1), "", 520)
     panel.lines.clear()
@@ -168,7 +168,7 @@ def colours():
     return picture(panel)
 
 
-def curves():
+def curves() -> str:
     """What becomes of a list of points, and of a list of curves."""
     box = (-1, -1, 12, 9)
     three = Panel("Bezier([p0, p1, p2])", box, "not more points than the degree:\nno curve, so the default one")
@@ -190,7 +190,7 @@ def curves():
     return picture(three, four, whole)
 
 
-def create_circle():
+def create_circle() -> str:
     panels = []
     for arcs, caption in ((2, "two curves: 2 % off the circle"), (4, "four curves: 0.03 % off;\nclockwise from the top"),
                           (8, "eight curves: 0.0004 % off")):
@@ -207,7 +207,7 @@ def create_circle():
     return picture(*panels)
 
 
-def create_bezier_fit():
+def create_bezier_fit() -> str:
     box = (-6, -34, 106, 54)
     wave = [[i * 2, 25 * math.sin(i / 5) + (6 if i % 2 else 5) + i / 4] for i in range(51)]
     opened = Panel("create_bezier_fit(points)", box, "curves that stay within 1\nof every point")
@@ -220,13 +220,13 @@ def create_bezier_fit():
             panel.dot(point, ORANGE, 2)
         fit = brindle.BezierPath.create_bezier_fit(points, *arguments)
         panel.path(fit, BLUE, 1.5)
-        for index, point in enumerate(fit):
+        for index, control in enumerate(fit):
             if fit.point_on_curve(index):
-                panel.ring(point, BLUE, 3.5)
+                panel.ring(control, BLUE, 3.5)
     return picture(opened, one, closed)
 
 
-def split():
+def split() -> str:
     box = (-1, -1, 11, 9)
     before = Panel("curve", box, "its control points and handles")
     hump = path_of(curve_of(HUMP))
@@ -255,7 +255,7 @@ def split():
     return picture(before, after, path)
 
 
-def closest_point():
+def closest_point() -> str:
     box = (-2, -5, 13, 8)
     near = Panel("t = curve.closest_point(point)\ncurve.evaluate(t)", box, "the nearest point of each,\nand its parameter", 300)
     wave = curve_of(WAVE)
@@ -263,11 +263,12 @@ def closest_point():
     along = Panel("t = path.closest_point(point)", box, "on a path the parameter tells\nthe curve, and the place on it", 300)
     outline = brindle.BezierPath.create_rectangle(1, -3, 11, 6)
     along.path(outline, BLUE)
+    panels: list[tuple[Panel, brindle.Bezier | brindle.BezierPath, dict[tuple[float, float], tuple[int, int]]]]
     # A point, and where beside its nearest point there is room for the parameter, in pixels.
-    for panel, curve, places in ((near, wave, {(0, 5): (-21, 5), (3.5, -3): (20, -2), (5.4, 5.5): (21, 3),
-                                               (11, -3.5): (21, 2), (12, 5): (20, 8)}),
-                                 (along, outline, {(6, 0): (0, 18), (12.5, 3): (-20, 4), (3, 7.5): (0, 20),
-                                                   (-1, -4): (18, -10)})):
+    panels = [(near, wave, {(0, 5): (-21, 5), (3.5, -3): (20, -2), (5.4, 5.5): (21, 3), (11, -3.5): (21, 2),
+                            (12, 5): (20, 8)}),
+              (along, outline, {(6, 0): (0, 18), (12.5, 3): (-20, 4), (3, 7.5): (0, 20), (-1, -4): (18, -10)})]
+    for panel, curve, places in panels:
         for place, (dx, dy) in places.items():
             parameter = curve.closest_point(place)
             nearest = curve.evaluate(parameter)

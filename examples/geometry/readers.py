@@ -2,6 +2,8 @@
 
 import pathlib
 import tempfile
+from collections.abc import Callable, Mapping, Sequence
+from typing import Any
 
 import brindle
 
@@ -22,23 +24,22 @@ CURVES = ["[a, b, c]", "[a, b, c, d]", "[a, b, c, d, a, b, c, d]", "[curve, curv
           "path", "[]", "'x'"]
 
 
-
-def outcome(call):
+def outcome(call: Callable[[], object]) -> str:
     try:
         return f"`{call()}`"
     except (brindle.Error, TypeError) as failure:
         return f"fails: {failure}"
 
 
-def spelled(point):
+def spelled(point: "brindle.Point2d | brindle.Node_Coordinates") -> str:
     return f"({point.x:g}, {point.y:g})"
 
 
-def lenient(value):
+def lenient(value: Any) -> str:
     return spelled(brindle.Point2d(value))
 
 
-def first_point(value):
+def first_point(value: object) -> str:
     curve = brindle.Bezier()
     curve[0] = value
     return spelled(curve[0])
@@ -47,16 +48,16 @@ def first_point(value):
 class Place:
     """Where a node is put by a value, from (0, 0)."""
 
-    def __init__(self, node):
+    def __init__(self, node: brindle.Node) -> None:
         self.node = node
 
-    def __call__(self, value):
+    def __call__(self, value: Any) -> str:
         self.node.position = [0, 0, 0]
         self.node.position = value
         return spelled(self.node.position)
 
 
-def row_of_points(value):
+def row_of_points(value: object) -> str:
     """The points that a path takes when it is written from its first point on."""
     path = brindle.BezierPath.create_rectangle()
     path.erase(1, 4)
@@ -64,16 +65,17 @@ def row_of_points(value):
     return " ".join(map(spelled, path))
 
 
-def axes(matrix):
+def axes(matrix: brindle.Matrix) -> str:
     rows = ((place.x, place.y, place.z) for place in (matrix.axis_x, matrix.axis_y, matrix.origin))
     return " ".join("(" + ", ".join(f"{round(value, 3) + 0.0:g}" for value in row) + ")" for row in rows)
 
 
-def control_points(curve):
+def control_points(curve: brindle.Bezier | brindle.BezierPath) -> str:
     return " ".join(map(spelled, curve)) or "no curve"
 
 
-def table(heads, values, names, *calls):
+def table(heads: Sequence[str], values: Sequence[str], names: Mapping[str, object],
+          *calls: Callable[[Any], object]) -> str:
     lines = ["| " + " | ".join(heads) + " |", "|---" * len(heads) + "|"]
     for text in values:
         results = [outcome(lambda: call(eval(text, dict(names)))) for call in calls]
@@ -81,13 +83,13 @@ def table(heads, values, names, *calls):
     return "\n".join(lines)
 
 
-def tables():
+def tables() -> dict[str, str]:
     """The text of each table, by the name of its place on the page."""
     turn = brindle.Matrix()
     turn.rotate_degrees(90)
     curve = brindle.Bezier()
     curve[0] = [[9, 9], [8, 8], [7, 7]]
-    names = {name: getattr(brindle, name) for name in dir(brindle) if name[0].isupper()}
+    names: dict[str, object] = {name: getattr(brindle, name) for name in dir(brindle) if name[0].isupper()}
     names |= {"turn": turn, "curve": curve, "a": [1, 2], "b": [3, 4], "c": [5, 6], "d": [7, 8],
               "path": brindle.BezierPath.create_rectangle(0, 0, 2, 1)}
     with tempfile.TemporaryDirectory() as folder, brindle.create(pathlib.Path(folder) / "project") as app:

@@ -17,7 +17,7 @@ PAGE = ROOT / "docs" / "geometry.md"
 IMAGES = ROOT / "docs" / "images"
 
 
-def with_tables(text, tables):
+def with_tables(text: str, tables: dict[str, str]) -> str:
     """The page with each table between its marks."""
     for name, table in tables.items():
         begin, end = f"<!-- begin {name} -->", f"<!-- end {name} -->"
@@ -27,7 +27,7 @@ def with_tables(text, tables):
     return text
 
 
-def main():
+def main() -> int:
     written = {IMAGES / f"{draw.__name__}.svg": draw() for draw in pictures.PICTURES}
     written[PAGE] = with_tables(PAGE.read_text(), readers.tables())
     stale = [path for path, text in written.items() if not path.exists() or path.read_text() != text]

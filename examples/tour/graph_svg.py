@@ -2,11 +2,13 @@
 
 from xml.sax.saxutils import escape
 
+import brindle
+
 WIDTH, HEIGHT, MARGIN = 110, 30, 40
 COLOURS = {"PEG": "#cfe8cf", "READ": "#cfdcf2", "COMPOSITE": "#e2e2e2", "DISPLAY": "#f2e3c4", "CAMERA": "#e7d3ee"}
 
 
-def draw(scene):
+def draw(scene: brindle.Scene) -> str:
     nodes = {node.path: node for node in scene.nodes}
     places = {path: (node.position.x, node.position.y) for path, node in nodes.items()}
     left = min(x for x, _ in places.values()) - MARGIN
@@ -20,8 +22,8 @@ def draw(scene):
     ]
     for path, node in nodes.items():
         for port in node.ports_in:
-            if port.linked:
-                lines.append(cable(places[port.source_node.path], places[path], port.type))
+            if source := port.source_node:
+                lines.append(cable(places[source.path], places[path], port.type))
     for path, node in nodes.items():
         x, y = places[path]
         fill = COLOURS.get(node.type, "#ffffff")
@@ -30,7 +32,7 @@ def draw(scene):
     return "\n".join(lines) + "\n</svg>\n"
 
 
-def cable(source, destination, kind):
+def cable(source: tuple[int, int], destination: tuple[int, int], kind: str) -> str:
     x1, y1 = source[0] + WIDTH / 2, source[1] + HEIGHT
     x2, y2 = destination[0] + WIDTH / 2, destination[1]
     bend = max(30, abs(y2 - y1) / 2)

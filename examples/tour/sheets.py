@@ -2,6 +2,7 @@
 
 import csv
 import json
+import pathlib
 from dataclasses import dataclass
 
 
@@ -23,9 +24,9 @@ class Key:
     value: float
 
 
-def read_rig(path):
+def read_rig(path: pathlib.Path) -> list[Part]:
     """The parts, each behind its parent."""
-    parts = {}
+    parts: dict[str, Part] = {}
     leaves = 0
     entries = json.loads(path.read_text())["parts"]
     parents = {entry["parent"] for entry in entries}
@@ -33,14 +34,15 @@ def read_rig(path):
         parent = parts.get(entry["parent"])
         if entry["parent"] and not parent:
             raise SystemExit(f"{path}: {entry['name']} stands ahead of its parent {entry['parent']}")
-        parts[entry["name"]] = Part(entry["name"], entry["parent"], tuple(entry["pivot"]), entry["drawing"],
+        x, y = entry["pivot"]
+        parts[entry["name"]] = Part(entry["name"], entry["parent"], (x, y), entry["drawing"],
                                     parent.depth + 1 if parent else 0, leaves)
         if entry["name"] not in parents:
             leaves += 1
     return list(parts.values())
 
 
-def read_walk(path):
+def read_walk(path: pathlib.Path) -> list[Key]:
     """The keys of the timing sheet: a line a frame, a column an attribute, an empty cell where there is no key."""
     with open(path, newline="") as sheet:
         keys = []

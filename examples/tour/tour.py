@@ -18,14 +18,15 @@ HERE = pathlib.Path(__file__).resolve().parent
 DEFAULT_FOLDER = HERE.parent.parent / "build" / "tour"
 
 
-def say(text):
+def say(text: str) -> None:
     print(f"  {text}", flush=True)
 
 
-def build_rig(scene, parts):
+def build_rig(scene: brindle.Scene, parts: list[sheets.Part]) -> dict[str, brindle.Node]:
     """A peg and, where the part has a drawing, a read node each; children hang on their parent's peg."""
-    composite = scene.nodes["Top/Composite"]
-    pegs = {}
+    composite = scene.nodes["Top/Composite"].ports_in
+    assert isinstance(composite, brindle.MultiInPortList)  # Its ports come and go.
+    pegs: dict[str, brindle.Node] = {}
     for part in parts:
         peg = scene.nodes.create("PEG", f"{part.name}-P")
         peg.position = [part.column * 140, part.depth * 90 - 600]
@@ -37,23 +38,23 @@ def build_rig(scene, parts):
             read = scene.nodes.create("READ", part.name)
             read.position = [part.column * 140 + 60, part.depth * 90 - 555]
             read.ports_in[0].link(peg)
-            composite.ports_in.create().link(read)
+            composite.create().link(read)
         pegs[part.name] = peg
     return pegs
 
 
-def set_keys(pegs, keys):
+def set_keys(pegs: dict[str, brindle.Node], keys: list[sheets.Key]) -> None:
     """One bezier column an attribute, one key a cell of the timing sheet."""
     for key in keys:
         pegs[key.part].attributes[key.attribute].set_value(key.frame, key.value)
 
 
-def state_of(scene):
+def state_of(scene: brindle.Scene) -> dict[str, object]:
     """What the scene shows, for a comparison: every node, its links, and every key's attribute over all frames."""
     frames = range(1, scene.frame_count + 1)
-    state = {}
+    state: dict[str, object] = {}
     for node in scene.nodes:
-        links = [port.source_node.path for port in node.ports_in if port.linked] if node.type != "GROUP" else []
+        links = [port.source_node.path for port in node.ports_in if port.source_node] if node.type != "GROUP" else []
         curves = {}
         for attribute in node.attributes:
             for part in [attribute, *(attribute.subattributes or [])]:
@@ -63,7 +64,7 @@ def state_of(scene):
     return state
 
 
-def main(folder):
+def main(folder: pathlib.Path) -> None:
     shutil.rmtree(folder, ignore_errors=True)
     folder.mkdir(parents=True)
     begin = time.perf_counter()
@@ -86,7 +87,8 @@ def main(folder):
     for frame in (1, 5, 7, 9):
         mark = "key" if any(k.frame == frame and k.part == "Shin-L" for k in keys) else "in-between"
         say(f"the left knee at frame {frame}: {knee.value(frame):7.2f} degrees ({mark})")
-    say(f"it is driven by the column {knee.column.display_name!r} of type {knee.column.type}")
+    if column := knee.column:
+        say(f"it is driven by the column {column.display_name!r} of type {column.type}")
 
     before = state_of(scene)
     history.undo(1)
@@ -106,14 +108,14 @@ def main(folder):
     print(f"Done in {time.perf_counter() - begin:.2f} s. The node graph: {picture}")
 
 
-def error_of(attribute):
+def error_of(attribute: "brindle.AnyAttribute") -> str:
     try:
         return repr(attribute.value(1))
     except brindle.Error as error:
         return str(error)
 
 
-def check(holds, what):
+def check(holds: bool, what: str) -> None:
     if not holds:
         raise SystemExit(f"The tour went wrong: not true that {what}.")
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "service/python/errors.h"
+#include "service/python/signatures.h"
 #include "service/python/values.h"
 
 #include <QString>
@@ -12,8 +13,12 @@
 #include <limits>
 #include <string_view>
 
-/// Arguments of script methods: their names and defaults, written once as a text ("frame, value, adjust_column=False"),
-/// and the reading of each C++ type from Python.
+/// Arguments of script methods, written once as a text, and the reading of each C++ type from Python:
+///
+///     "frame, value: float | Column, adjust_column=False -> Column | None"
+///
+/// A type stands where the C++ type doesn't tell it, as in what a QVariant takes and an Obj gives. It is Python's text
+/// of it, for signatures and stubs.
 namespace brindle::python {
 
 /// A text as a template argument.
@@ -25,42 +30,73 @@ struct Text {
     constexpr std::string_view view() const { return {characters, N - 1}; }
 };
 
-/// One argument of a method: its name, and the Python text of what stands for it when it is left out.
+/// One argument of a method: its name, its type where that is told, and the Python text of what stands for it when it
+/// is left out.
 struct Argument {
     std::string_view name;
+    std::string_view type;
     std::string_view fallback;
 
     constexpr bool required() const { return fallback.empty(); }
 };
 
-constexpr std::size_t countArguments(std::string_view text)
-{
-    return text.empty() ? 0 : 1 + static_cast<std::size_t>(std::count(text.begin(), text.end(), ','));
-}
-
-/// The place of the first such character, or the text's length. GCC's string_view::find is no constant under its
-/// sanitizers.
+/// Where a character first stands outside of square brackets, or the text's length. GCC's string_view::find is no
+/// constant under its sanitizers.
 constexpr std::size_t placeOf(char wanted, std::string_view text)
 {
-    return static_cast<std::size_t>(std::find(text.begin(), text.end(), wanted) - text.begin());
+    int depth = 0;
+    for (std::size_t place = 0; place < text.size(); ++place) {
+        if (depth == 0 && text[place] == wanted)
+            return place;
+        depth += (text[place] == '[') - (text[place] == ']');
+    }
+    return text.size();
 }
 
-/// The arguments in a text of comma-separated "name" or "name=default".
+constexpr std::string_view trimmed(std::string_view text)
+{
+    while (text.starts_with(' '))
+        text.remove_prefix(1);
+    while (text.ends_with(' '))
+        text.remove_suffix(1);
+    return text;
+}
+
+/// What stands ahead of the arrow, and behind it.
+constexpr std::string_view argumentsOf(std::string_view text)
+{
+    const std::size_t arrow = placeOf('>', text);
+    return trimmed(text.substr(0, arrow == text.size() ? arrow : arrow - 1));
+}
+constexpr std::string_view resultOf(std::string_view text)
+{
+    return trimmed(text.substr(std::min(placeOf('>', text) + 1, text.size())));
+}
+
+constexpr std::size_t countArguments(std::string_view text)
+{
+    std::size_t count = 0;
+    for (; !text.empty(); text.remove_prefix(std::min(placeOf(',', text) + 1, text.size())))
+        ++count;
+    return count;
+}
+
+/// The arguments in a text of comma-separated "name: type=default".
 template <Text Names>
 constexpr auto argumentsIn()
 {
-    constexpr std::size_t count = countArguments(Names.view());
+    constexpr std::size_t count = countArguments(argumentsOf(Names.view()));
     std::array<Argument, count> arguments{};
-    std::string_view rest = Names.view();
+    std::string_view rest = argumentsOf(Names.view());
     for (Argument& argument : arguments) {
         const std::size_t end = placeOf(',', rest);
-        std::string_view item = rest.substr(0, end);
+        const std::string_view item = rest.substr(0, end);
         rest.remove_prefix(std::min(end + 1, rest.size()));
-        item.remove_prefix(std::min(item.find_first_not_of(' '), item.size()));
         const std::size_t equals = placeOf('=', item);
-        argument.name = item.substr(0, equals);
-        if (equals < item.size())
-            argument.fallback = item.substr(equals + 1);
+        const std::size_t colon = std::min(placeOf(':', item), equals);
+        argument.name = trimmed(item.substr(0, colon));
+        argument.type = colon < equals ? trimmed(item.substr(colon + 1, equals - colon - 1)) : std::string_view();
+        argument.fallback = equals < item.size() ? trimmed(item.substr(equals + 1)) : std::string_view();
     }
     return arguments;
 }
@@ -209,7 +245,7 @@ struct From<std::string> : From<QString> {
 
 template <>
 struct From<QVariant> {
-    static constexpr const char* type = "Any";
+    static constexpr const char* type = "object";
     static bool accepts(PyObject*) { return true; }
     static QVariant read(PyObject* value, unsigned int) { return variantFrom(value); }
     static constexpr bool isDefault(std::string_view text) { return text == "None"; }
@@ -236,9 +272,9 @@ struct From<OMC::Obj> {
     static OMC::Obj fallback(std::string_view) { return {}; }
 };
 
-/// The name of a result's type in a signature.
+/// The type of a result in a signature, where the C++ type tells it.
 template <typename T>
-constexpr const char* resultType()
+std::string resultType()
 {
     if constexpr (std::is_void_v<T>)
         return "None";
@@ -250,14 +286,24 @@ constexpr const char* resultType()
         return "float";
     else if constexpr (std::is_same_v<T, QString> || std::is_same_v<T, std::string>)
         return "str";
-    else if constexpr (std::is_same_v<T, std::vector<OMC::Obj>> || std::is_same_v<T, QList<QVariant>>)
-        return "list";
     else if constexpr (std::is_same_v<T, QStringList>)
         return "list[str]";
     else if constexpr (std::is_same_v<T, QList<int>>)
         return "list[int]";
+    else if constexpr (requires { std::remove_pointer_t<T>::staticMetaObject; } && std::is_pointer_v<T>)
+        return nameOf(&std::remove_pointer_t<T>::staticMetaObject);
     else
-        return "Any";
+        static_assert(std::is_void_v<T>, "the text of the arguments ends in what the method gives: \"index -> Node\"");
+}
+
+/// The type of the result of a function whose arguments are described by a text.
+template <typename T, Text Names>
+std::string resultType()
+{
+    if constexpr (!resultOf(Names.view()).empty())
+        return std::string(resultOf(Names.view()));
+    else
+        return resultType<T>();
 }
 
 } // namespace brindle::python

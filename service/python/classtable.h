@@ -4,35 +4,50 @@
 
 #include <QMetaObject>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-/// The table of a class: all that makes it a Python type. Properties come from its meta-object; what the table adds is
-/// their one line of text, the methods, and the operators that the class has.
+/// The table of a class: all that makes it a Python type. Properties come from its meta-object, texts from its header
+/// (headertexts.h); what the table adds are the methods, the operators, and the types of properties where the C++ type
+/// leaves them open.
 namespace brindle::python {
 
-/// What a property is for, in one line.
-struct PropertyText {
+struct Property;
+
+/// The types of a property whose C++ type, an Obj or a QVariant, leaves them open.
+struct PropertyRow {
     const char* name;
-    const char* text;
+    const char* type = nullptr;         ///< The type that it gives, as Python writes it.
+    const char* takes = nullptr;        ///< The type that may be written, where that is more.
+    const QMetaObject* gives = nullptr; ///< The class that it gives, in the place of `type`.
+    PyObject* (*read)(OMC::BaseObject* object,
+                      const Property& property) = nullptr; ///< Reads it, in the place of the metacall.
+    const char* text = nullptr;                            ///< The text, where no header of ours declares the property.
 };
 
 /// A public member of a value class, as an attribute. The functions get its name along.
 struct Member {
     const char* name;
-    const char* documentation;
     const char* type;
     getter get;
     setter set;
 
-    PyGetSetDef attribute() const { return {name, get, set, documentation, const_cast<char*>(name)}; }
+    PyGetSetDef attribute(const char* text) const { return {name, get, set, text, const_cast<char*>(name)}; }
+};
+
+/// A name for a union of types that many functions take, in signatures and stubs.
+struct TypeAlias {
+    const char* name;
+    const char* type;
+    const char* text;
 };
 
 /// The operators of a class; null where it has none.
 struct Operators {
     Py_ssize_t (*length)(OMC::BaseObject*) = nullptr;
-    int firstIndex = 0; ///< Of the items that a slice takes.
+    int firstIndex = 0; ///< The index of the first item.
     PyObject* (*itemByIndex)(OMC::BaseObject*, int) = nullptr;
     PyObject* (*itemByKey)(OMC::BaseObject*, const QString&) = nullptr;
     void (*setItem)(PyObject* self, PyObject* key, PyObject* value) = nullptr;
@@ -45,10 +60,11 @@ struct Operators {
     /// Nothing where the class doesn't compare itself with such a value.
     std::optional<bool> (*equals)(PyObject* self, PyObject*) = nullptr;
     bool equalsValues = false; ///< Any value may equal the object; else only objects of its kind.
-    const char* itemType = "Any";
+    QStringList (*keys)(const OMC::BaseObject*) = nullptr; ///< The keys that a completer offers.
+    const char* itemType = nullptr;                        ///< The type of the items, as Python writes it.
 };
 
-/// What a value class is made of, as plain numbers and texts, for copy and pickle, and what repr() gives of it. A class
+/// How copy, pickle and repr() read a value class and make it again: its state is plain numbers and texts. A class
 /// with public members needs none: its members are its state.
 struct ValueState {
     QVariantList (*read)(const OMC::BaseObject*) = nullptr;
@@ -58,16 +74,17 @@ struct ValueState {
 
 struct ClassTable {
     const char* name = nullptr;
-    const char* documentation = nullptr;
+    const char* text = nullptr; ///< The text, where no header of ours declares the class.
     const QMetaObject* metaObject = nullptr;
-    std::vector<PropertyText> properties;
+    std::vector<PropertyRow> properties;
     std::vector<Method> methods;
     std::vector<Member> members;
+    std::vector<TypeAlias> aliases;
     Operators operators;
     OMC::BaseObject* (*construct)(const CallArguments& call) = nullptr;
-    std::vector<std::string> constructors; ///< The signature of each form of the constructor.
+    std::vector<FormText> constructors;
     ValueState state;
-    traverseproc traverse = nullptr; ///< Of a class whose objects hold Python objects, for the garbage collector.
+    traverseproc traverse = nullptr; ///< For the garbage collector, where objects of the class hold Python objects.
     inquiry clear = nullptr;
 };
 
@@ -80,14 +97,14 @@ struct Construct : ArgumentReader<typename StaticSignature<decltype(Factory)>::V
     }
 };
 
-/// What most constructors come to: `Construct<&newOf<Point2d, double, double>, "x=0, y=0">`.
+/// A function for the usual constructor: `Construct<&newOf<Point2d, double, double>, "x=0, y=0">`.
 template <typename T, typename... Arguments>
 T* newOf(Arguments... arguments)
 {
     return new T(arguments...);
 }
 
-/// What an `operator==` compares with: for a class that has it from its base, the base.
+/// The type that an `operator==` compares with: the base class, for a class that inherits the operator.
 template <typename C, typename Other>
 const Other& operandOf(bool (C::*)(const Other&) const);
 
@@ -121,34 +138,84 @@ std::optional<bool> equalsRead(PyObject* value, Compare&& compare)
 template <typename T>
 class Class {
 public:
-    Class(const char* name, const char* documentation)
+    /// A class goes by its C++ name, unless it has another one in Python.
+    explicit Class(const char* name = nullptr, const char* text = nullptr)
     {
-        m_table.name = name;
-        m_table.documentation = documentation;
+        const std::string_view qualified = T::staticMetaObject.className(); // "OMC::Point2d"
+        m_table.name = name ? name : qualified.data() + qualified.rfind(':') + 1;
+        m_table.text = text;
         m_table.metaObject = &T::staticMetaObject;
         deriveOperators();
     }
 
-    /// The one line of text of a property.
-    Class& property(const char* name, const char* text)
+    /// The type that a property gives, and the one that may be written where that is more, as Python writes types.
+    /// Needed where the C++ type is an Obj or a QVariant, or holds them.
+    Class& property(const char* name, const char* type, const char* takes = nullptr)
     {
-        m_table.properties.push_back({name, text});
+        PropertyRow& row = propertyRow(name);
+        row.type = type;
+        row.takes = takes;
         return *this;
     }
 
-    /// A method under its script name, with its forms.
-    template <Text Name, typename... Forms>
-    Class& method(const char* documentation)
+    /// The same for a property that is read through a function, which tells the type where it gives a plain pointer.
+    template <auto Getter>
+    Class& property(const char* name, const char* type = nullptr, const char* takes = nullptr)
     {
-        m_table.methods.push_back(python::method<Name, Forms...>(documentation));
+        using Result = typename Signature<decltype(Getter)>::Result;
+        property(name, type, takes);
+        PropertyRow& row = propertyRow(name);
+        // The header of a class that is given by pointer has to be included: this fails to compile without it.
+        if constexpr (std::is_pointer_v<Result>)
+            row.gives = &std::remove_pointer_t<Result>::staticMetaObject;
+        row.read = &readThrough<Getter>;
+        return *this;
+    }
+
+    /// The text of a property that no header of ours declares.
+    Class& text(const char* property, const char* text)
+    {
+        propertyRow(property).text = text;
+        return *this;
+    }
+
+    /// A method under its script name, with its forms. The text is that of a function which only the binding has.
+    template <Text Name, typename... Forms>
+    Class& method(const char* text = nullptr)
+    {
+        m_table.methods.push_back(python::method<Name, Forms...>(text));
         return *this;
     }
 
     /// A static method under its script name, with its forms (StaticForm).
     template <Text Name, typename... Forms>
-    Class& staticMethod(const char* documentation)
+    Class& staticMethod(const char* text = nullptr)
     {
-        m_table.methods.push_back(python::staticMethod<Name, Forms...>(documentation));
+        m_table.methods.push_back(python::staticMethod<Name, Forms...>(text));
+        return *this;
+    }
+
+    /// Names the types that are taken for an object of the class, or given for it.
+    Class& alias(const char* name, const char* type, const char* text)
+    {
+        m_table.aliases.push_back({name, type, text});
+        return *this;
+    }
+
+    /// The type of a list's items, where its own class or a base class gives them as Obj or QVariant.
+    Class& items(const char* type)
+    {
+        m_table.operators.itemType = type;
+        return *this;
+    }
+
+    /// The keys that a completer offers: `Keys(const T&)` gives them.
+    template <auto Keys>
+    Class& keys()
+    {
+        m_table.operators.keys = [](const OMC::BaseObject* object) -> QStringList {
+            return std::invoke(Keys, static_cast<const T&>(*object));
+        };
         return *this;
     }
 
@@ -161,7 +228,7 @@ public:
 
     /// A public member.
     template <auto Field>
-    Class& member(const char* name, const char* documentation);
+    Class& member(const char* name);
 
     /// Lets scripts build objects of the class: the forms (Construct) in the order in which they are tried.
     template <typename... Forms>
@@ -215,6 +282,19 @@ private:
     static void assignItem(PyObject* list, PyObject* key, PyObject* value);
     template <typename Value>
     static bool containsItem(PyObject* list, PyObject* value);
+    PropertyRow& propertyRow(const char* name)
+    {
+        for (PropertyRow& row : m_table.properties) {
+            if (qstrcmp(row.name, name) == 0)
+                return row;
+        }
+        return m_table.properties.emplace_back(PropertyRow{.name = name});
+    }
+    template <auto Getter>
+    static PyObject* readThrough(OMC::BaseObject* object, const Property&)
+    {
+        return toPython(std::invoke(Getter, self(object)));
+    }
     void deriveOperators();
 
     ClassTable m_table;
@@ -222,10 +302,10 @@ private:
 
 template <typename T>
 template <auto Field>
-Class<T>& Class<T>::member(const char* name, const char* documentation)
+Class<T>& Class<T>::member(const char* name)
 {
     using Value = std::decay_t<decltype(std::declval<T&>().*Field)>;
-    m_table.members.push_back({name, documentation, From<Value>::type,
+    m_table.members.push_back({name, From<Value>::type,
                                [](PyObject* object, void*) -> PyObject* {
                                    return guarded([&] { return toPython(self(objectOf(object)).*Field); });
                                },

@@ -8,7 +8,7 @@
 #include <utility>
 #include <variant>
 
-/// From a member function to a Python method: one entry of a family's table.
+/// Makes Python methods of member functions: an entry of a class's table each.
 namespace brindle::python {
 
 /// Picks an overloaded function by its argument types: `pick<int>(&ListObj::get)`.
@@ -59,7 +59,7 @@ struct StaticSignature<R (*)(A...)> {
     using Values = std::tuple<std::decay_t<A>...>;
 };
 
-/// What came with a call, as CPython's fast calls hand it over.
+/// The arguments of a call, as CPython's fast calls hand them over.
 struct CallArguments {
     PyObject* const* values;
     Py_ssize_t count;
@@ -105,8 +105,8 @@ struct ArgumentReader {
     /// Reads the values ahead of the call, without touching the engine.
     static Values read(const Slots& slots) { return readAll(slots, Indexes{}); }
 
-    /// "(frame: int, value: float, adjust_column: bool = False)"
-    static std::string describe() { return "(" + describeAll(Indexes{}) + ")"; }
+    /// The arguments, as a person sees them.
+    static FormText describe(std::string result = {}) { return {describeAll(Indexes{}), std::move(result)}; }
 
 private:
     template <std::size_t I>
@@ -168,13 +168,13 @@ private:
     }
 
     template <std::size_t... I>
-    static std::string describeAll(std::index_sequence<I...>)
+    static std::vector<ArgumentText> describeAll(std::index_sequence<I...>)
     {
-        std::string text;
-        ((text += (I ? ", " : "") + std::string(arguments[I].name) + ": " + Reader<I>::type +
-                  (arguments[I].required() ? "" : " = " + std::string(arguments[I].fallback))),
-         ...);
-        return text;
+        [[maybe_unused]] const auto type = [](const Argument& argument, const char* told) {
+            return argument.type.empty() ? std::string(told) : std::string(argument.type);
+        };
+        return {ArgumentText{std::string(arguments[I].name), type(arguments[I], Reader<I>::type),
+                             std::string(arguments[I].fallback)}...};
     }
 };
 
@@ -206,7 +206,7 @@ struct Form : ArgumentReader<typename Signature<decltype(Function)>::Values, Nam
         }
     }
 
-    static std::string describe() { return Reader::describe() + " -> " + resultType<typename Sig::Result>(); }
+    static FormText describe() { return Reader::describe(resultType<typename Sig::Result, Names>()); }
 };
 
 /// One form of a static method: a function that needs no object, and the names of its arguments.
@@ -226,7 +226,7 @@ struct StaticForm : ArgumentReader<typename StaticSignature<decltype(Function)>:
         }
     }
 
-    static std::string describe() { return Reader::describe() + " -> " + resultType<typename Sig::Result>(); }
+    static FormText describe() { return Reader::describe(resultType<typename Sig::Result, Names>()); }
 };
 
 /// The result of the first form that fits the call. `run` gets the values of that form's arguments.
@@ -267,9 +267,9 @@ auto callFirst(const char* name, const CallArguments& call, Run&& run)
 /// A method of a class as its table keeps it.
 struct Method {
     const char* name;
-    const char* documentation;
+    const char* text; ///< The text of a function that only the binding has; null where a header has it.
     PyCFunction function;
-    std::vector<std::string> (*describe)(); ///< The signature of each form.
+    std::vector<FormText> (*describe)();
     bool isStatic = false;
 };
 
@@ -284,13 +284,13 @@ PyObject* callMethod(PyObject* self, PyObject* const* values, Py_ssize_t count, 
     });
 }
 
-/// An entry of a class's table: the script name, what the method does in one line, and its forms.
+/// An entry of a class's table: the script name, the text of a function of the binding, and its forms.
 template <Text Name, typename... Forms>
-Method method(const char* documentation)
+Method method(const char* text)
 {
-    return {Name.characters, documentation,
+    return {Name.characters, text,
             reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(&callMethod<Name, Forms...>)),
-            [] { return std::vector<std::string>{Forms::describe()...}; }};
+            [] { return std::vector<FormText>{Forms::describe()...}; }};
 }
 
 /// The function that CPython calls for a static method.
@@ -305,11 +305,11 @@ PyObject* callStaticMethod(PyObject*, PyObject* const* values, Py_ssize_t count,
 
 /// An entry of a class's table for a static method.
 template <Text Name, typename... Forms>
-Method staticMethod(const char* documentation)
+Method staticMethod(const char* text)
 {
-    return {Name.characters, documentation,
+    return {Name.characters, text,
             reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(&callStaticMethod<Name, Forms...>)),
-            [] { return std::vector<std::string>{Forms::describe()...}; }, true};
+            [] { return std::vector<FormText>{Forms::describe()...}; }, true};
 }
 
 } // namespace brindle::python

@@ -1,10 +1,10 @@
+#include "service/python/describe.h"
 #include "service/python/enginegate.h"
 #include "service/python/errors.h"
 #include "service/python/interpreter.h"
 #include "service/python/operators.h"
 #include "service/python/property.h"
 #include "service/python/session.h"
-#include "service/python/tables.h"
 #include "service/python/threadscopes.h"
 #include "service/python/types.h"
 #include "service/python/valueprotocol.h"
@@ -14,11 +14,12 @@ namespace brindle::python {
 namespace {
 
 /// A function of the module: its arguments are read like those of a static method.
-template <Text Name, auto Function, Text Names = "">
-PyMethodDef function(const char* documentation)
+template <Text Name, auto Function, Text Names>
+PyMethodDef function(const char* text)
 {
-    return {Name.characters, staticMethod<Name, StaticForm<Function, Names>>(documentation).function,
-            METH_FASTCALL | METH_KEYWORDS, documentation};
+    const Method method = staticMethod<Name, StaticForm<Function, Names>>(text);
+    static const std::string documentation = functionDocumentation(method.name, method.describe(), "", text);
+    return {method.name, method.function, METH_FASTCALL | METH_KEYWORDS, documentation.c_str()};
 }
 
 PyObject* liveObjects()
@@ -39,37 +40,6 @@ PyObject* endOfInterpreter(PyObject*, PyObject*)
     Py_RETURN_NONE;
 }
 
-bool addClasses(PyObject* module)
-{
-    for (const auto tables : {&frameTables,
-                              &pythonFunctionTables,
-                              &applicationTables,
-                              &pointTables,
-                              &vectorTables,
-                              &rectangleTables,
-                              &matrixTables,
-                              &transformationTables,
-                              &deformationTables,
-                              &colourTables,
-                              &bezierTables,
-                              &bezierPathTables,
-                              &projectTables,
-                              &historyTables,
-                              &sceneTables,
-                              &sceneMetricsTables,
-                              &sceneUnitConverterTables,
-                              &compositionTables,
-                              &placeholderTables,
-                              &nodeTables,
-                              &portTables,
-                              &attributeTables,
-                              &columnTables}) {
-        for (const ClassTable& table : tables())
-            addClass(module, table);
-    }
-    return true;
-}
-
 /// Lets the project go before the interpreter does.
 bool registerShutDown()
 {
@@ -80,30 +50,33 @@ bool registerShutDown()
     return bool(done);
 }
 
-PyMethodDef functions[] = {
-    function<"create", &createProject, "path">(
-        "create(path: str) -> Application\n\nMakes a project folder and opens it; fails where there is one already."),
-    function<"open", &openProject, "path, read_only=False">(
-        "open(path: str, read_only: bool = False) -> Application\n\nOpens the project in a folder; read-only also one "
-        "that "
-        "another process has open, to be saved elsewhere only."),
-    function<"application", &currentApplication>(
-        "application() -> Application | None\n\nThe application whose project is open, or None."),
-    function<"_live_objects", &liveObjects>("How many objects of the object model are alive, to find what leaks."),
-    function<"_rebuild", &rebuildValue, "cls, state">(
-        "Makes a value class's object of its state, for copy and pickle."),
-    function<"_describe", &describeClasses>("What all classes offer, as plain data."),
-    {nullptr, nullptr, 0, nullptr}};
-
-PyModuleDef definition = {PyModuleDef_HEAD_INIT,
-                          "brindle._brindle",
-                          "The object model of a 2D animation project.",
-                          -1,
-                          functions,
-                          nullptr,
-                          nullptr,
-                          nullptr,
-                          nullptr};
+PyObject* makeModule()
+{
+    static PyMethodDef functions[] = {
+        function<"create", &createProject, "path: str | PathLike[str] -> Application">(
+            "Makes a project folder and opens it; fails where there is one already."),
+        function<"open", &openProject, "path: str | PathLike[str], read_only=False -> Application">(
+            "Opens the project in a folder; read-only also one that another process has open, to be saved elsewhere "
+            "only."),
+        function<"application", &currentApplication, "-> Application | None">(
+            "The application whose project is open, or None."),
+        function<"_live_objects", &liveObjects, "-> int">(
+            "How many objects of the object model are alive, to find what leaks."),
+        function<"_rebuild", &rebuildValue, "cls, state -> BaseObject">(
+            "Makes a value class's object of its state, for copy and pickle."),
+        function<"_describe", &describeClasses, "-> list[dict[str, Any]]">("What all classes offer, as plain data."),
+        {}};
+    static PyModuleDef definition = {PyModuleDef_HEAD_INIT,
+                                     "brindle._brindle",
+                                     "The object model of a 2D animation project.",
+                                     -1,
+                                     functions,
+                                     nullptr,
+                                     nullptr,
+                                     nullptr,
+                                     nullptr};
+    return PyModule_Create(&definition);
+}
 
 } // namespace
 
@@ -112,20 +85,22 @@ PyModuleDef definition = {PyModuleDef_HEAD_INIT,
 extern "C" __attribute__((visibility("default"))) PyObject* PyInit__brindle()
 {
     using namespace brindle::python;
-    // What stands for the classes is kept once a process. Python asks again only under another name, and in an
+    // The types of the classes are made once a process. Python asks again only under another name, and in an
     // interpreter that comes after the one that has ended.
     static bool made = false;
     if (std::exchange(made, true)) {
         PyErr_SetString(PyExc_ImportError, "brindle can be loaded once in a process.");
         return nullptr;
     }
-    Ref module(PyModule_Create(&definition));
-    if (!module)
-        return nullptr;
     try {
+        Ref module(makeModule());
+        if (!module || PyModule_AddStringConstant(module.get(), "__version__", BRINDLE_VERSION) < 0)
+            return nullptr;
         installThreadStates();
-        if (interpreterBegins() && addErrors(module.get()) && addIteratorType() && addAccessorType() &&
-            addClasses(module.get()) && registerShutDown())
+        if (!interpreterBegins() || !addErrors(module.get()) || !addIteratorType() || !addAccessorType())
+            return nullptr;
+        addClasses(module.get());
+        if (registerShutDown())
             return module.release();
     } catch (...) {
         raiseCurrentException();

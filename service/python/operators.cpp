@@ -194,7 +194,7 @@ PyObject* representation(PyObject* self)
     return PyUnicode_FromFormat("<%s, no longer valid>", type);
 }
 
-/// What Python itself lists of an object: its type's names, and those that a script put on it.
+/// Adds the names that Python itself lists of an object: its type's, and those that a script put on it.
 void addNativeNames(PyObject* names, PyObject* self)
 {
     const Ref native(PyObject_CallMethod(reinterpret_cast<PyObject*>(&PyBaseObject_Type), "__dir__", "O", self));
@@ -247,9 +247,19 @@ PyObject* directory(PyObject* self, PyObject*)
     });
 }
 
+PyObject* keys(PyObject* self, PyObject*)
+{
+    return guarded([&] { return toPython(operatorsOf(self).keys(objectOf(self))); });
+}
+
 } // namespace
 
-const PyMethodDef directoryMethod = {"__dir__", &directory, METH_NOARGS, nullptr};
+const PyMethodDef directoryMethod = {
+    "__dir__", &directory, METH_NOARGS,
+    "__dir__($self, /)\n--\n\nThe names that the object lets show; accessors of properties are left out."};
+
+const PyMethodDef keysMethod = {"_ipython_key_completions_", &keys, METH_NOARGS,
+                                "_ipython_key_completions_($self, /)\n--\n\nThe keys of the items, for a completer."};
 
 std::vector<PyType_Slot> operatorSlots(const Operators& operators)
 {

@@ -50,6 +50,7 @@ PyObject* readVariant(OMC::BaseObject* object, const Property& property)
     return toPython(std::move(value));
 }
 
+/// How a property of a C++ type is read, and what Python calls the type; null where only the class's row can tell.
 struct PropertyType {
     int id;
     const char* name;
@@ -59,7 +60,7 @@ struct PropertyType {
 const PropertyType& propertyType(const QMetaProperty& meta)
 {
     static const PropertyType entries[] = {
-        {QMetaType::fromType<OMC::Obj>().id(), "Any", &readObject},
+        {QMetaType::fromType<OMC::Obj>().id(), nullptr, &readObject},
         {QMetaType::Int, "int", &readAs<int>},
         {QMetaType::UInt, "int", &readAs<unsigned int>},
         {QMetaType::ULong, "int", &readAs<unsigned long>},
@@ -68,10 +69,10 @@ const PropertyType& propertyType(const QMetaProperty& meta)
         {QMetaType::Float, "float", &readAs<float>},
         {QMetaType::QString, "str", &readAs<QString>},
         {QMetaType::QStringList, "list[str]", &readAs<QStringList>},
-        {QMetaType::QVariantList, "list", &readAs<QVariantList>},
-        {QMetaType::fromType<std::vector<OMC::Obj>>().id(), "list", &readAs<std::vector<OMC::Obj>>},
-        {QMetaType::fromType<QMap<QString, OMC::Obj>>().id(), "dict", &readAs<QMap<QString, OMC::Obj>>},
-        {QMetaType::QVariant, "Any", &readVariant},
+        {QMetaType::QVariantList, nullptr, &readAs<QVariantList>},
+        {QMetaType::fromType<std::vector<OMC::Obj>>().id(), nullptr, &readAs<std::vector<OMC::Obj>>},
+        {QMetaType::fromType<QMap<QString, OMC::Obj>>().id(), nullptr, &readAs<QMap<QString, OMC::Obj>>},
+        {QMetaType::QVariant, nullptr, &readVariant},
     };
     for (const PropertyType& entry : entries) {
         if (entry.id == meta.typeId())
@@ -131,53 +132,57 @@ void write(PyObject* self, const Property& property, PyObject* value)
 /// The script method behind a property: a descriptor of the type, and what it gives when it is bound to an object.
 struct Accessor {
     PyObject_HEAD
-    PyTypeObject* owner; ///< Types live as long as the process.
+    PyTypeObject* owner; ///< Types live as long as the process, and so does what they are made of.
     const Property* property;
+    const char* name;
     PyObject* self;
     bool setter;
 };
 
 PyTypeObject* accessorType = nullptr;
 
-PyObject* newAccessorOn(PyTypeObject* owner, const Property* property, bool setter, PyObject* self)
+PyObject* newAccessorOn(const Accessor& model, PyObject* self)
 {
     auto* accessor = PyObject_GC_New(Accessor, accessorType);
     if (!accessor)
         return nullptr;
-    accessor->owner = owner;
-    accessor->property = property;
-    accessor->setter = setter;
+    accessor->owner = model.owner;
+    accessor->property = model.property;
+    accessor->name = model.name;
+    accessor->setter = model.setter;
     Py_XINCREF(self);
     accessor->self = self;
     PyObject_GC_Track(accessor);
     return reinterpret_cast<PyObject*>(accessor);
 }
 
-const char* prefixOf(const Accessor* accessor)
-{
-    return accessor->setter ? "set_" : "get_";
-}
-
 PyObject* accessorName(PyObject* self, void*)
 {
-    const auto* accessor = reinterpret_cast<Accessor*>(self);
-    return PyUnicode_FromFormat("%s%s", prefixOf(accessor), accessor->property->meta.name());
+    return PyUnicode_FromString(reinterpret_cast<Accessor*>(self)->name);
 }
 
 PyObject* accessorQualifiedName(PyObject* self, void*)
 {
     const auto* accessor = reinterpret_cast<Accessor*>(self);
     const char* type = std::strrchr(accessor->owner->tp_name, '.') + 1; // "brindle.Scene"
-    return PyUnicode_FromFormat("%s.%s%s", type, prefixOf(accessor), accessor->property->meta.name());
+    return PyUnicode_FromFormat("%s.%s", type, accessor->name);
+}
+
+/// The call as inspect.signature() reads it.
+PyObject* accessorSignature(PyObject* self, void*)
+{
+    const auto* accessor = reinterpret_cast<Accessor*>(self);
+    if (accessor->self)
+        return PyUnicode_FromString(accessor->setter ? "(value, /)" : "()");
+    return PyUnicode_FromString(accessor->setter ? "($self, value, /)" : "($self, /)");
 }
 
 /// As Python shows a method.
 PyObject* accessorRepresentation(PyObject* self)
 {
     const auto* accessor = reinterpret_cast<Accessor*>(self);
-    return PyUnicode_FromFormat(accessor->self ? "<bound method %s%s of '%s' object>"
-                                               : "<method '%s%s' of '%s' objects>",
-                                prefixOf(accessor), accessor->property->meta.name(), accessor->owner->tp_name);
+    return PyUnicode_FromFormat(accessor->self ? "<bound method %s of '%s' object>" : "<method '%s' of '%s' objects>",
+                                accessor->name, accessor->owner->tp_name);
 }
 
 PyObject* bindAccessor(PyObject* descriptor, PyObject* object, PyObject*)
@@ -188,25 +193,22 @@ PyObject* bindAccessor(PyObject* descriptor, PyObject* object, PyObject*)
         return descriptor;
     }
     if (!PyObject_TypeCheck(object, accessor->owner)) {
-        PyErr_Format(PyExc_TypeError, "descriptor '%s%s' for '%s' objects doesn't apply to a '%s' object",
-                     prefixOf(accessor), accessor->property->meta.name(), accessor->owner->tp_name,
-                     Py_TYPE(object)->tp_name);
+        PyErr_Format(PyExc_TypeError, "descriptor '%s' for '%s' objects doesn't apply to a '%s' object", accessor->name,
+                     accessor->owner->tp_name, Py_TYPE(object)->tp_name);
         return nullptr;
     }
-    return newAccessorOn(accessor->owner, accessor->property, accessor->setter, object);
+    return newAccessorOn(*accessor, object);
 }
 
 PyObject* callAccessor(PyObject* callable, PyObject* arguments, PyObject* names)
 {
     return guarded([&]() -> PyObject* {
         auto* accessor = reinterpret_cast<Accessor*>(callable);
-        const char* name = accessor->property->meta.name();
         if (!accessor->self)
-            throwTypeError("%s%s() needs an object", prefixOf(accessor), name);
+            throwTypeError("%s() needs an object", accessor->name);
         const Py_ssize_t count = PyTuple_GET_SIZE(arguments) + (names ? PyDict_GET_SIZE(names) : 0);
         if (count != (accessor->setter ? 1 : 0) || PyTuple_GET_SIZE(arguments) != count)
-            throwTypeError("%s%s() takes %d argument(s), not %zd", prefixOf(accessor), name, int(accessor->setter),
-                           count);
+            throwTypeError("%s() takes %d argument(s), not %zd", accessor->name, int(accessor->setter), count);
         if (!accessor->setter)
             return accessor->property->read(objectOf(accessor->self), *accessor->property);
         write(accessor->self, *accessor->property, PyTuple_GET_ITEM(arguments, 0));
@@ -245,10 +247,21 @@ PyObject* accessorText(PyObject* self, void*)
 
 } // namespace
 
-Property makeProperty(const QMetaProperty& meta, const char* documentation)
+Property makeProperty(const QMetaProperty& meta, const PropertyRow* row, const char* text)
 {
-    return {meta, documentation, propertyType(meta).read, meta.enclosingMetaObject()->d.static_metacall,
-            meta.relativePropertyIndex()};
+    const PropertyType& usual = propertyType(meta);
+    const char* type = row && row->type ? row->type : usual.name;
+    if (!type && !(row && row->gives))
+        throwTypeError("The row of the property %s has to tell its type: %s leaves it open", meta.name(),
+                       meta.typeName());
+    const std::string gives = type ? type : nameOf(row->gives);
+    return {.meta = meta,
+            .text = text,
+            .type = gives,
+            .takes = row && row->takes ? row->takes : gives,
+            .read = row && row->read ? row->read : usual.read,
+            .metacall = meta.enclosingMetaObject()->d.static_metacall,
+            .index = meta.relativePropertyIndex()};
 }
 
 PyObject* getProperty(PyObject* self, void* closure)
@@ -270,14 +283,14 @@ int setProperty(PyObject* self, PyObject* value, void* closure)
     });
 }
 
-const char* typeName(const QMetaProperty& meta)
+PyObject* newAccessor(PyTypeObject* owner, const Property& property, const char* name, bool setter)
 {
-    return propertyType(meta).name;
-}
-
-PyObject* newAccessor(PyTypeObject* owner, const Property& property, bool setter)
-{
-    return newAccessorOn(owner, &property, setter, nullptr);
+    Accessor model{};
+    model.owner = owner;
+    model.property = &property;
+    model.name = name;
+    model.setter = setter;
+    return newAccessorOn(model, nullptr);
 }
 
 bool addAccessorType()
@@ -285,6 +298,7 @@ bool addAccessorType()
     static PyGetSetDef attributes[] = {{"__doc__", &accessorText, nullptr, nullptr, nullptr},
                                        {"__name__", &accessorName, nullptr, nullptr, nullptr},
                                        {"__qualname__", &accessorQualifiedName, nullptr, nullptr, nullptr},
+                                       {"__text_signature__", &accessorSignature, nullptr, nullptr, nullptr},
                                        {}};
     static PyType_Slot typeSlots[] = {{Py_tp_dealloc, reinterpret_cast<void*>(&deallocateAccessor)},
                                       {Py_tp_descr_get, reinterpret_cast<void*>(&bindAccessor)},

@@ -1,33 +1,23 @@
 #include "service/python/types.h"
 
+#include "service/python/construction.h"
+#include "service/python/family.h"
+#include "service/python/headertexts.h"
 #include "service/python/operators.h"
-#include "service/python/property.h"
 #include "service/python/valueprotocol.h"
 
 #include <structmember.h>
 #include <array>
 #include <cstdint>
-#include <deque>
 #include <unordered_map>
 
 namespace brindle::python {
 
 namespace {
 
-/// What CPython refers to for as long as the type lives; types live as long as the process.
-struct TypeStorage {
-    ClassTable table;
-    std::string qualifiedName;
-    std::deque<Property> properties;
-    std::vector<PyGetSetDef> attributes;
-    std::deque<std::string> texts;
-    std::vector<PyMethodDef> methods;
-    PyTypeObject* type = nullptr;
-};
-
-std::deque<TypeStorage>& storages()
+std::deque<TypeRecord>& records()
 {
-    static std::deque<TypeStorage> all;
+    static std::deque<TypeRecord> all;
     return all;
 }
 
@@ -37,154 +27,167 @@ std::unordered_map<PyTypeObject*, const ClassTable*>& tablesByType()
     return tables;
 }
 
-const char* textOf(const ClassTable& table, const char* property)
+const PropertyRow* rowOf(const ClassTable& table, const char* property)
 {
-    for (const PropertyText& entry : table.properties) {
-        if (qstrcmp(entry.name, property) == 0)
-            return entry.text;
-    }
-    return nullptr;
+    const auto& rows = table.properties;
+    const auto found = std::find_if(rows.begin(), rows.end(),
+                                    [&](const PropertyRow& row) { return qstrcmp(row.name, property) == 0; });
+    return found == rows.end() ? nullptr : &*found;
+}
+
+/// Members that neither a header nor a row has a text for: the module doesn't load with such a slip.
+QStringList& membersWithoutText()
+{
+    static QStringList members;
+    return members;
+}
+
+/// The text of a class or of one of its members: the row's where it has one, else the header's. Where neither has, the
+/// text is "" and the member is noted.
+const char* textFor(const ClassTable& table, const char* member, const char* inRow)
+{
+    const MemberText* declared = member ? textOf(table.metaObject, member) : nullptr;
+    const ClassText* ofClass = textsOf(table.metaObject);
+    const char* inHeader = member ? (declared ? declared->text : nullptr) : (ofClass ? ofClass->text : nullptr);
+    if (inRow || inHeader)
+        return inRow ? inRow : inHeader;
+    const char* place = declared ? declared->place : ofClass ? ofClass->place : "no header";
+    const QString name = member ? QStringLiteral("%1.%2").arg(table.name, member) : QString(table.name);
+    membersWithoutText() << QStringLiteral("%1: a comment here is what Python says about %2").arg(place, name);
+    return "";
 }
 
 /// The properties that the class has beyond those of its base type.
-void addProperties(TypeStorage& storage, const QMetaObject* base)
+void addProperties(TypeRecord& record, const QMetaObject* base)
 {
-    const QMetaObject* metaObject = storage.table.metaObject;
+    const QMetaObject* metaObject = record.table.metaObject;
     for (int index = base ? base->propertyCount() : 0; index < metaObject->propertyCount(); ++index) {
         const QMetaProperty meta = metaObject->property(index);
-        storage.properties.push_back(makeProperty(meta, textOf(storage.table, meta.name())));
-        Property& property = storage.properties.back();
-        storage.attributes.push_back({meta.name(), &getProperty, &setProperty, property.documentation, &property});
+        const PropertyRow* row = rowOf(record.table, meta.name());
+        const char* text = textFor(record.table, meta.name(), row ? row->text : nullptr);
+        record.properties.push_back(makeProperty(meta, row, text));
+        record.attributes.push_back({meta.name(), &getProperty, &setProperty, text, &record.properties.back()});
     }
+    for (const Member& member : record.table.members)
+        record.attributes.push_back(member.attribute(textFor(record.table, member.name, nullptr)));
 }
 
-void addMethods(TypeStorage& storage)
+void addMethods(TypeRecord& record)
 {
-    for (const Method& method : storage.table.methods) {
-        std::string& text = storage.texts.emplace_back();
-        for (const std::string& form : method.describe())
-            text += std::string(method.name) + form + "\n";
-        text += std::string("\n") + method.documentation;
+    for (Method& method : record.table.methods) {
+        method.text = textFor(record.table, method.name, method.text);
+        const std::string& documentation = record.texts.emplace_back(
+            functionDocumentation(method.name, method.describe(), method.isStatic ? "" : "$self", method.text));
         const int flags = METH_FASTCALL | METH_KEYWORDS | (method.isStatic ? METH_STATIC : 0);
-        storage.methods.push_back({method.name, method.function, flags, text.c_str()});
+        record.methods.push_back({method.name, method.function, flags, documentation.c_str()});
     }
 }
 
-/// A text for a property that isn't there is a slip in the table: the module doesn't load with it.
-void refuseUnknownTexts(const TypeStorage& storage)
+/// A row for a property that isn't there is a slip in the table: the module doesn't load with it.
+void refuseUnknownProperties(const ClassTable& table)
 {
-    for (const PropertyText& entry : storage.table.properties) {
-        if (storage.table.metaObject->indexOfProperty(entry.name) < 0)
-            throwTypeError("%s has no property %s", storage.table.name, entry.name);
+    for (const PropertyRow& row : table.properties) {
+        if (table.metaObject->indexOfProperty(row.name) < 0)
+            throwTypeError("%s has no property %s", table.name, row.name);
     }
 }
 
-/// A new object of a class, or of one that a script derived from it.
-PyObject* construct(PyTypeObject* type, const CallArguments& call)
+/// Adds the script method of a name that reads or writes a property, unless the class has a method of that name.
+void addAccessor(TypeRecord& record, const Property& property, const std::string& name, bool setter)
 {
-    return guarded([&]() -> PyObject* {
-        const ClassTable& table = tableOf(type);
-        if (!table.construct)
-            throwTypeError("%s objects are got from the project, not made", table.name);
-        return adopt({type, &table.operators}, table.construct(call));
-    });
+    const Ref key(PyUnicode_InternFromString(name.c_str()));
+    if (!key)
+        throw PythonError{};
+    PyObject* members = record.type->tp_dict;
+    if (PyDict_Contains(members, key.get()))
+        return;
+    const Ref accessor(newAccessor(record.type, property, record.texts.emplace_back(name).c_str(), setter));
+    if (!accessor || PyDict_SetItem(members, key.get(), accessor.get()) < 0)
+        throw PythonError{};
 }
 
-/// tp_new: what derived classes of a script come to.
-PyObject* newObject(PyTypeObject* type, PyObject* arguments, PyObject* keywords)
+/// The accessors of all properties: under the names of the properties, and under those of the C++ functions.
+void addAccessors(TypeRecord& record)
 {
-    // The tuple stays as it is; the dict may not, once the script's own code gives a number.
-    std::vector<PyObject*> values(&PyTuple_GET_ITEM(arguments, 0),
-                                  &PyTuple_GET_ITEM(arguments, 0) + PyTuple_GET_SIZE(arguments));
-    std::vector<Ref> named;
-    Ref names;
-    if (keywords && PyDict_GET_SIZE(keywords) > 0) {
-        names = Ref(PyTuple_New(PyDict_GET_SIZE(keywords)));
-        if (!names)
-            return nullptr;
-        Py_ssize_t position = 0;
-        Py_ssize_t index = 0;
-        PyObject* key = nullptr;
-        PyObject* value = nullptr;
-        while (PyDict_Next(keywords, &position, &key, &value)) {
-            Py_INCREF(key);
-            PyTuple_SET_ITEM(names.get(), index++, key);
-            values.push_back(named.emplace_back(Ref::borrow(value)).get());
-        }
+    for (const Property& property : record.properties) {
+        const MemberText* declared = textOf(record.table.metaObject, property.meta.name());
+        addAccessor(record, property, std::string("get_") + property.meta.name(), false);
+        if (declared && declared->getter)
+            addAccessor(record, property, declared->getter, false);
+        if (!property.meta.isWritable())
+            continue;
+        addAccessor(record, property, std::string("set_") + property.meta.name(), true);
+        if (declared && declared->setter)
+            addAccessor(record, property, declared->setter, true);
     }
-    return construct(type, {values.data(), PyTuple_GET_SIZE(arguments), names.get()});
+    PyType_Modified(record.type);
 }
 
-/// Whether a script has given a class of this module another way to make its objects.
-bool isMadeAnew(PyTypeObject* type)
+/// Makes the Python type of a class and adds it to the module. The type of its nearest base class in the module is
+/// there already.
+void addClass(PyObject* module, const ClassTable& classTable)
 {
-    return type->tp_new != &newObject || type->tp_init != PyBaseObject_Type.tp_init;
-}
+    TypeRecord& record = records().emplace_back();
+    record.table = classTable;
+    ClassTable& table = record.table;
+    record.qualifiedName = std::string("brindle.") + table.name;
+    refuseUnknownProperties(table);
+    table.text = textFor(table, nullptr, table.text);
+    const std::string& documentation =
+        record.texts.emplace_back(classDocumentation(table.name, table.constructors, table.text));
 
-/// tp_vectorcall, the short way of a call of the class itself: the arguments come as they are on the interpreter's
-/// stack. Derived classes don't inherit it.
-PyObject* callType(PyObject* callable, PyObject* const* values, std::size_t flaggedCount, PyObject* names)
-{
-    auto* type = reinterpret_cast<PyTypeObject*>(callable);
-    const Py_ssize_t count = PyVectorcall_NARGS(flaggedCount);
-    if (!isMadeAnew(type))
-        return construct(type, {values, count, names});
-    const Ref arguments(PyTuple_New(count));
-    const Ref keywords(names ? PyDict_New() : nullptr);
-    if (!arguments || (names && !keywords))
-        return nullptr;
-    for (Py_ssize_t i = 0; i < count; ++i)
-        PyTuple_SET_ITEM(arguments.get(), i, Ref::borrow(values[i]).release());
-    for (Py_ssize_t i = 0; names && i < PyTuple_GET_SIZE(names); ++i) {
-        if (PyDict_SetItem(keywords.get(), PyTuple_GET_ITEM(names, i), values[count + i]) < 0)
-            return nullptr;
+    const QMetaObject* base = nullptr;
+    PyTypeObject* baseType = nullptr;
+    if (table.metaObject != &OMC::BaseObject::staticMetaObject) {
+        baseType = typeFor(table.metaObject->superClass()).type;
+        base = tableOf(baseType).metaObject;
     }
-    return PyType_Type.tp_call(callable, arguments.get(), keywords.get());
-}
+    addProperties(record, base);
+    record.attributes.push_back({});
+    addMethods(record);
+    if (!base)
+        record.methods.push_back(directoryMethod);
+    if (table.operators.keys)
+        record.methods.push_back(keysMethod);
+    const bool isValue = table.state.read || !table.members.empty() || (base && isValueType(baseType));
+    if (isValue)
+        record.methods.push_back(reduceMethod);
+    record.methods.push_back({});
 
-QStringList texts(const std::vector<std::string>& list)
-{
-    QStringList result;
-    for (const std::string& text : list)
-        result.append(QString::fromStdString(text));
-    return result;
-}
-
-/// The special methods that a class has, as stubs declare them.
-QStringList operatorNames(const Operators& operators)
-{
-    QStringList names;
-    const auto add = [&](bool has, const char* name) {
-        if (has)
-            names.append(name);
-    };
-    add(operators.length, "__len__");
-    add(operators.itemByIndex || operators.itemByKey, "__getitem__");
-    add(operators.setItem, "__setitem__");
-    add(operators.contains, "__contains__");
-    add(operators.call, "__call__");
-    add(operators.next, "__iter__");
-    add(operators.equals, "__eq__");
-    return names;
-}
-
-void addAccessors(const TypeStorage& storage)
-{
-    for (const Property& property : storage.properties) {
-        for (const bool setter : {false, true}) {
-            if (setter && !property.meta.isWritable())
-                continue;
-            const std::string name = std::string(setter ? "set_" : "get_") + property.meta.name();
-            // A method of that name in the table goes first.
-            const auto& methods = storage.table.methods;
-            if (std::any_of(methods.begin(), methods.end(), [&](const Method& method) { return name == method.name; }))
-                continue;
-            const Ref accessor(newAccessor(storage.type, property, setter));
-            if (!accessor ||
-                PyObject_SetAttrString(reinterpret_cast<PyObject*>(storage.type), name.c_str(), accessor.get()) < 0)
-                throw PythonError{};
-        }
+    static PyMemberDef members[] = {
+        {"__weaklistoffset__", T_PYSSIZET, offsetof(Wrapper, weakReferences), READONLY, nullptr}, {}};
+    std::vector<PyType_Slot> typeSlots = operatorSlots(table.operators);
+    typeSlots.push_back({Py_tp_doc, const_cast<char*>(documentation.c_str())});
+    typeSlots.push_back({Py_tp_dealloc, reinterpret_cast<void*>(table.traverse ? &deallocateHolder : &deallocate)});
+    typeSlots.push_back({Py_tp_new, reinterpret_cast<void*>(&newObject)});
+    typeSlots.push_back({Py_tp_getset, record.attributes.data()});
+    typeSlots.push_back({Py_tp_methods, record.methods.data()});
+    if (isValue)
+        typeSlots.push_back({Py_tp_repr, reinterpret_cast<void*>(&valueRepresentation)});
+    if (!base)
+        typeSlots.push_back({Py_tp_members, members});
+    if (table.traverse) {
+        typeSlots.push_back({Py_tp_traverse, reinterpret_cast<void*>(table.traverse)});
+        typeSlots.push_back({Py_tp_clear, reinterpret_cast<void*>(table.clear)});
     }
+    typeSlots.push_back({0, nullptr});
+    // A word more than the base: Python takes types of one layout for interchangeable, in `object.__class__ = other`
+    // and in a class with two bases, where the object behind them is of one class only.
+    const auto size = baseType ? baseType->tp_basicsize + Py_ssize_t(sizeof(void*)) : Py_ssize_t(sizeof(Wrapper));
+    const unsigned int collected = table.traverse ? Py_TPFLAGS_HAVE_GC : 0;
+    PyType_Spec spec = {record.qualifiedName.c_str(), static_cast<int>(size), 0,
+                        static_cast<unsigned int>(Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE) | collected,
+                        typeSlots.data()};
+    const Ref bases(baseType ? PyTuple_Pack(1, baseType) : nullptr);
+    record.type = reinterpret_cast<PyTypeObject*>(PyType_FromSpecWithBases(&spec, bases.get()));
+    if (!record.type)
+        throw PythonError{};
+    record.type->tp_vectorcall = &callType;
+    tablesByType()[record.type] = &record.table;
+    registerType(table.metaObject, {record.type, &record.table.operators});
+    addAccessors(record);
+    if (PyModule_AddObjectRef(module, table.name, reinterpret_cast<PyObject*>(record.type)) < 0)
+        throw PythonError{};
 }
 
 } // namespace
@@ -210,97 +213,19 @@ const ClassTable& tableOf(PyTypeObject* type)
     throwTypeError("The class is not one of this module");
 }
 
-void addClass(PyObject* module, const ClassTable& table)
+void addClasses(PyObject* module)
 {
-    TypeStorage& storage = storages().emplace_back();
-    storage.table = table;
-    storage.qualifiedName = std::string("brindle.") + table.name;
-    refuseUnknownTexts(storage);
-
-    const QMetaObject* base = nullptr;
-    PyTypeObject* baseType = nullptr;
-    if (table.metaObject != &OMC::BaseObject::staticMetaObject) {
-        baseType = typeFor(table.metaObject->superClass()).type;
-        base = tableOf(baseType).metaObject;
-    }
-    addProperties(storage, base);
-    for (const Member& member : table.members)
-        storage.attributes.push_back(member.attribute());
-    storage.attributes.push_back({});
-    addMethods(storage);
-    if (!base)
-        storage.methods.push_back(directoryMethod);
-    const bool isValue = table.state.read || !table.members.empty() || (base && isValueType(baseType));
-    if (isValue)
-        storage.methods.push_back(reduceMethod);
-    storage.methods.push_back({});
-
-    static PyMemberDef members[] = {
-        {"__weaklistoffset__", T_PYSSIZET, offsetof(Wrapper, weakReferences), READONLY, nullptr}, {}};
-    std::vector<PyType_Slot> typeSlots = operatorSlots(table.operators);
-    typeSlots.push_back({Py_tp_doc, const_cast<char*>(table.documentation)});
-    typeSlots.push_back({Py_tp_dealloc, reinterpret_cast<void*>(table.traverse ? &deallocateHolder : &deallocate)});
-    typeSlots.push_back({Py_tp_new, reinterpret_cast<void*>(&newObject)});
-    typeSlots.push_back({Py_tp_getset, storage.attributes.data()});
-    typeSlots.push_back({Py_tp_methods, storage.methods.data()});
-    if (isValue)
-        typeSlots.push_back({Py_tp_repr, reinterpret_cast<void*>(&valueRepresentation)});
-    if (!base)
-        typeSlots.push_back({Py_tp_members, members});
-    if (table.traverse) {
-        typeSlots.push_back({Py_tp_traverse, reinterpret_cast<void*>(table.traverse)});
-        typeSlots.push_back({Py_tp_clear, reinterpret_cast<void*>(table.clear)});
-    }
-    typeSlots.push_back({0, nullptr});
-    // A word more than the base: Python takes types of one layout for interchangeable, in `object.__class__ = other`
-    // and in a class with two bases, where the object behind them is of one class only.
-    const auto size = baseType ? baseType->tp_basicsize + Py_ssize_t(sizeof(void*)) : Py_ssize_t(sizeof(Wrapper));
-    const unsigned int collected = table.traverse ? Py_TPFLAGS_HAVE_GC : 0;
-    PyType_Spec spec = {storage.qualifiedName.c_str(), static_cast<int>(size), 0,
-                        static_cast<unsigned int>(Py_TPFLAGS_DEFAULT | Py_TPFLAGS_BASETYPE) | collected,
-                        typeSlots.data()};
-    const Ref bases(baseType ? PyTuple_Pack(1, baseType) : nullptr);
-    storage.type = reinterpret_cast<PyTypeObject*>(PyType_FromSpecWithBases(&spec, bases.get()));
-    if (!storage.type)
-        throw PythonError{};
-    storage.type->tp_vectorcall = &callType;
-    tablesByType()[storage.type] = &storage.table;
-    registerType(table.metaObject, {storage.type, &storage.table.operators});
-    addAccessors(storage);
-    if (PyModule_AddObjectRef(module, table.name, reinterpret_cast<PyObject*>(storage.type)) < 0)
-        throw PythonError{};
+    for (const ClassTable& table : Family::allTables())
+        addClass(module, table);
+    if (membersWithoutText().isEmpty())
+        return;
+    PyErr_SetString(PyExc_ImportError, membersWithoutText().join('\n').toUtf8().constData());
+    throw PythonError{};
 }
 
-PyObject* describeClasses()
+const std::deque<TypeRecord>& allTypes()
 {
-    QVariantList classes;
-    for (const TypeStorage& storage : storages()) {
-        const ClassTable& table = storage.table;
-        QVariantList properties;
-        for (const Property& property : storage.properties)
-            properties.append(QVariantMap{{"name", property.meta.name()},
-                                          {"type", typeName(property.meta)},
-                                          {"writable", property.meta.isWritable()},
-                                          {"text", QString(property.documentation)}});
-        for (const Member& member : table.members)
-            properties.append(QVariantMap{
-                {"name", member.name}, {"type", member.type}, {"writable", true}, {"text", member.documentation}});
-        QVariantList methods;
-        for (const Method& method : table.methods)
-            methods.append(QVariantMap{{"name", method.name},
-                                       {"forms", texts(method.describe())},
-                                       {"text", method.documentation},
-                                       {"static", method.isStatic}});
-        classes.append(QVariantMap{{"name", table.name},
-                                   {"base", storage.type->tp_base->tp_name},
-                                   {"text", table.documentation},
-                                   {"constructors", texts(table.constructors)},
-                                   {"properties", properties},
-                                   {"methods", methods},
-                                   {"operators", operatorNames(table.operators)},
-                                   {"calls", QString(table.operators.calledMethod)}});
-    }
-    return toPython(classes);
+    return records();
 }
 
 } // namespace brindle::python

@@ -29,7 +29,7 @@ std::vector<const Member*> membersOf(PyTypeObject* type)
     return members;
 }
 
-/// What the object is made of, as a tuple.
+/// The state of the object, as a tuple.
 Ref stateOf(PyObject* self)
 {
     const ClassTable& table = tableOf(Py_TYPE(self));
@@ -71,7 +71,7 @@ PyObject* reduce(PyObject* self, PyObject*)
         PyTypeObject* type = Py_TYPE(self);
         if (type == typeFor(objectOf(self)->metaObject()).type)
             return Py_BuildValue("O(OO)", rebuildFunction(), type, state.get());
-        // What a script's own class adds: None, a dict, or a dict and the values of its slots.
+        // The state that a script's own class adds: None, a dict, or a dict and the values of its slots.
         const Ref additions = checked(PyObject_CallMethod(self, "__getstate__", nullptr));
         return Py_BuildValue("O(OO)O", rebuildFunction(), type, state.get(), additions.get());
     });
@@ -79,7 +79,8 @@ PyObject* reduce(PyObject* self, PyObject*)
 
 } // namespace
 
-const PyMethodDef reduceMethod = {"__reduce__", &reduce, METH_NOARGS, nullptr};
+const PyMethodDef reduceMethod = {"__reduce__", &reduce, METH_NOARGS,
+                                  "__reduce__($self, /)\n--\n\nHow copy and pickle make an equal object."};
 
 bool isValueType(PyTypeObject* type)
 {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-/// What Python expects of a plain value beyond its operators: a text that tells it whole, and that copy.copy,
+/// The protocol of a plain value beyond its operators: a text that tells it whole, and that copy.copy,
 /// copy.deepcopy and pickle take it. Value classes are those with public members and those whose table has a state.
 namespace brindle::python {
 
@@ -24,7 +24,7 @@ std::string shortName(const std::string& type);
 /// `__reduce__`: how copy and pickle make an equal object, of a script's own class too, with what the script put on it.
 extern const PyMethodDef reduceMethod;
 
-/// What `__reduce__` names: an object of a class made of its state.
+/// Makes an object of a class of its state; `__reduce__` names this function.
 PyObject* rebuildValue(PyObject* cls, PyObject* state);
 
 } // namespace brindle::python

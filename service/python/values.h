@@ -68,10 +68,5 @@ inline PyObject* toPython(PyObject* object)
 {
     return object;
 }
-/// An object that nobody owns yet.
-inline PyObject* toPython(OMC::BaseObject* object)
-{
-    return toPython(OMC::Obj(object));
-}
 
 } // namespace brindle::python

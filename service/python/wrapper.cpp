@@ -69,6 +69,15 @@ PyObject* toPython(OMC::Obj&& handle)
     return adopt(typeFor(object->metaObject()), object);
 }
 
+PyObject* toPython(OMC::BaseObject* object)
+{
+    if (!object)
+        Py_RETURN_NONE;
+    if (object->getOwnership() != OMC::Unowned)
+        object = object->copy();
+    return adopt(typeFor(object->metaObject()), object);
+}
+
 bool isWrapper(PyObject* value)
 {
     static PyTypeObject* root = typeFor(&OMC::BaseObject::staticMetaObject).type;

@@ -25,6 +25,9 @@ struct Wrapper {
 /// that is borrowed comes as a copy: it has an owner already.
 PyObject* toPython(OMC::Obj&& handle);
 
+/// The same for a plain pointer, whose object the Python object takes, unless it has an owner; null is None.
+PyObject* toPython(OMC::BaseObject* object);
+
 /// Whether the value is an object of this module.
 bool isWrapper(PyObject* value);
 

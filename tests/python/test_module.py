@@ -69,7 +69,7 @@ def test_a_property_has_a_line_of_documentation(cls, name):
 def test_a_method_has_its_signature_and_a_line_of_documentation(cls, name):
     signature, text = getattr(getattr(brindle, cls), name).__doc__.split("\n\n", 1)
     for line in signature.splitlines():
-        assert re.fullmatch(rf"{name}\(.*\) -> [A-Za-z\[\] |]+", line)
+        assert re.fullmatch(rf"{name}\(.*\) -> [A-Za-z0-9_\[\]., |]+", line)
     assert text.endswith(".")
 
 

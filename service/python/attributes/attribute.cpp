@@ -5,82 +5,78 @@
 #include "core/attributes/doubleattribute.h"
 #include "core/attributes/intattribute.h"
 #include "core/attributes/textattribute.h"
-#include "service/python/tables.h"
+#include "service/python/family.h"
 
 namespace brindle::python {
 
 namespace {
 
-/// The methods of all attribute classes with a value, under one text each.
+/// The methods that all attribute classes with a value have.
 template <typename T, Text SetValueNames>
-Class<T> valueClass(const char* name, const char* documentation)
+Class<T> valueClass()
 {
-    Class<T> table(name, documentation);
-    table.template method<"value", Form<&T::value, "frame">>(
-        "The value at a frame: the linked column's, or the local value while there is none.");
-    table.template method<"localvalue", Form<&T::localvalue>>("The value while no column is linked.");
-    table.template method<"set_value", Form<&T::setValue, SetValueNames>>(
-        "Sets the value at a frame: a key of the linked column; an attribute that can have a column and has none gets "
-        "one in the same undo step.");
-    table.template method<"set_localvalue", Form<&T::setLocalvalue, "value">>(
-        "Sets the value that holds while no column is linked.");
+    Class<T> table;
+    table.template method<"value", Form<&T::value, "frame">>();
+    table.template method<"localvalue", Form<&T::localvalue>>();
+    table.template method<"set_value", Form<&T::setValue, SetValueNames>>();
+    table.template method<"set_localvalue", Form<&T::setLocalvalue, "value">>();
     return table;
 }
 
 /// The same for a class whose values have a default.
 template <typename T, Text SetValueNames>
-Class<T> resettableClass(const char* name, const char* documentation)
+Class<T> resettableClass()
 {
-    Class<T> table = valueClass<T, SetValueNames>(name, documentation);
-    table.template method<"reset_value", Form<&T::resetValue, "frame">>("Sets the default value at a frame.");
-    table.template method<"reset_localvalue", Form<&T::resetLocalvalue>>("Sets the default as the local value.");
+    Class<T> table = valueClass<T, SetValueNames>();
+    table.template method<"reset_value", Form<&T::resetValue, "frame">>();
+    table.template method<"reset_localvalue", Form<&T::resetLocalvalue>>();
     return table;
 }
 
-} // namespace
-
-std::vector<ClassTable> attributeTables()
+/// The keywords of a list's attributes, each with those of the attributes inside it: "position", "position.x", ...
+QStringList keywordsOf(const OMC::AttributeList& attributes)
 {
+    QStringList keywords;
+    for (const OMC::Obj& item : attributes.list()) {
+        const auto* attribute = OMC::objectIn<OMC::Attribute>(item);
+        if (!attribute)
+            continue;
+        keywords.append(attribute->getKeyword());
+        const OMC::Obj inside = attribute->getSubattributes();
+        if (const auto* parts = OMC::objectIn<OMC::AttributeList>(inside)) {
+            for (const QString& part : keywordsOf(*parts))
+                keywords.append(attribute->getKeyword() + u'.' + part);
+        }
+    }
+    return keywords;
+}
+
+const Family family([]() -> std::vector<ClassTable> {
     using namespace OMC;
     return {
-        Class<Attribute>("Attribute", "A parameter of a node.")
-            .property("column", "The linked Column, or None. Takes a column or its name; None, False and \"\" unlink.")
-            .property("column_name", "The linked column's name, \"\" without one; writing \"\" unlinks.")
-            .property("keyword", "The attribute's own keyword.")
-            .property("display_name", "The name as a person reads it.")
-            .property("type", "The kind of value: \"DOUBLE\", \"BOOL\", \"POSITION_3D\", ...")
-            .property("full_keyword", "The keywords of all its levels: \"position.x\".")
-            .property("dynamic", "Whether a script or a person added it to the node.")
-            .property("linkable", "Whether a column can drive it.")
-            .property("subattributes", "The attributes inside this one, an AttributeList, or None.")
-            .method<"link", Form<&Attribute::link, "column">>("Links a column; False where that fails.")
-            .method<"unlink", Form<&Attribute::unlink>>("Cuts the link to the column; False where that fails.")
-            .method<"node", Form<&Attribute::node>>("The node that the attribute belongs to.")
-            .method<"get_text_value", Form<&Attribute::getTextValue, "frame">>("The value at a frame as text.")
-            .method<"set_text_value", Form<&Attribute::setTextValue, "frame, text">>(
-                "Sets the value at a frame from a text; False where it can't be read or is refused."),
-        resettableClass<DoubleAttribute, "frame, value, adjust_column=False">("DoubleAttribute",
-                                                                              "An attribute whose value is a number.")
-            .property("minimum", "The smallest value.")
-            .property("maximum", "The largest value.")
-            .property("step", "By how much a person's click changes it.")
-            .property("default", "The value of a new node.")
-            .method<"offset_value", Form<&DoubleAttribute::offsetValue, "range, delta">>(
-                "Adds to the values at a frame, or over the frames of [first, last]; what lies outside stays."),
-        resettableClass<BoolAttribute, "frame, value">("BoolAttribute", "An attribute that is on or off."),
-        valueClass<IntAttribute, "frame, value, adjust_column=False">("IntAttribute",
-                                                                      "An attribute whose value is a whole number.")
-            .property("minimum", "The smallest value.")
-            .property("maximum", "The largest value.")
-            .property("step", "By how much a person's click changes it.")
-            .method<"offset_value", Form<&IntAttribute::offsetValue, "range, delta">>(
-                "Adds to the values at a frame, or over the frames of [first, last]; what lies outside stays."),
-        valueClass<TextAttribute, "frame, value">("TextAttribute", "An attribute whose value is a text."),
-        Class<AttributeList>("AttributeList", "The attributes of a node, or those inside one attribute. "
-                                              "list[\"position.x\"] finds one by its dotted path.")
-            .method<"contains", Form<&AttributeList::contains, "attribute">>(
-                "Whether an attribute, or one of that keyword or path, is there."),
+        Class<Attribute>()
+            .alias("AnyAttribute", "Attribute", "An attribute of the class that the node's type decides.")
+            .property("column", "Column | None", "Column | str | bool | None")
+            .property("subattributes", "AttributeList | None")
+            .method<"link", Form<&Attribute::link, "column: Column | str | bool | None">>()
+            .method<"unlink", Form<&Attribute::unlink>>()
+            .method<"node", Form<&Attribute::node, "-> Node">>()
+            .method<"get_text_value", Form<&Attribute::getTextValue, "frame">>()
+            .method<"set_text_value", Form<&Attribute::setTextValue, "frame, text">>(),
+        resettableClass<DoubleAttribute, "frame, value, adjust_column=False">()
+            .method<"offset_value",
+                    Form<&DoubleAttribute::offsetValue, "range: float | str | Sequence[float], delta">>(),
+        resettableClass<BoolAttribute, "frame, value">(),
+        valueClass<IntAttribute, "frame, value, adjust_column=False">()
+            .method<"offset_value", Form<&IntAttribute::offsetValue, "range: float | str | Sequence[float], delta">>(),
+        valueClass<TextAttribute, "frame, value">(),
+        Class<AttributeList>()
+            .items("AnyAttribute")
+            .keys<&keywordsOf>()
+            .method<"contains", Form<&AttributeList::contains, "attribute: Attribute | str">>(),
     };
-}
+});
+
+} // namespace
 
 } // namespace brindle::python

@@ -1,6 +1,6 @@
 #include "core/bridges/pythonfunction.h"
 
-#include "service/python/tables.h"
+#include "service/python/family.h"
 
 #include <memory>
 
@@ -45,21 +45,18 @@ void dropFunction(OMC::PythonFunction& function)
     function.set(nullptr);
 }
 
-} // namespace
-
-std::vector<ClassTable> pythonFunctionTables()
-{
+const Family family([]() -> std::vector<ClassTable> {
     using namespace OMC;
     return {
-        Class<PythonFunction>("PythonFunction", "A function of the script, as native code holds it, or none.")
-            .constructor<&functionOf, "function=None">()
+        Class<PythonFunction>()
+            .constructor<&functionOf, "function: Callable[..., object] | PythonFunction | None=None">()
             .collected<&visitFunction, &dropFunction>()
-            .method<"call", Form<&callWith, "arguments=None">>("Calls it with a list of arguments, or with none, and "
-                                                               "gives its result. What it raises comes back as it "
-                                                               "is.")
-            .method<"set", Form<&setFunction, "function">>("Holds another function, or none for None.")
-            .method<"get", Form<&functionIn>>("The function as it was given, or None."),
+            .method<"call", Form<&callWith, "arguments: Sequence[object] | None=None -> Any">>()
+            .method<"set", Form<&setFunction, "function: Callable[..., object] | PythonFunction | None">>()
+            .method<"get", Form<&functionIn, "-> Callable[..., Any] | None">>(),
     };
-}
+});
+
+} // namespace
 
 } // namespace brindle::python

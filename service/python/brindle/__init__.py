@@ -10,4 +10,4 @@
 """
 
 from brindle._brindle import *  # noqa: F401,F403
-from brindle._brindle import _describe, _live_objects  # noqa: F401
+from brindle._brindle import __version__, _describe, _live_objects  # noqa: F401

@@ -4,9 +4,14 @@
 
 namespace brindle::python {
 
-/// What a script's `with app.locked():` enters: a script thread holds the application's lock for the length of the
-/// block, and one thread at a time is in such a block, which the lock alone doesn't see to. The same thread may be in
-/// several. On the main thread of an application, which needs no lock, it does nothing.
+/// A block with the application lock held: `with app.locked():`. One thread of the script is in such a block at a time;
+/// the same thread may be in several.
+///
+/// The lock alone doesn't keep script threads apart. On the main thread of an application, which needs no lock, it does
+/// nothing.
+///
+/// The lock alone doesn't keep script threads apart. On the main thread of an application, which needs no lock, it does
+/// nothing.
 class Locked : public OMC::BaseObject {
     Q_OBJECT
 

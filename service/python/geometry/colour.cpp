@@ -1,7 +1,7 @@
 #include "core/geometry/colour.h"
 
+#include "service/python/family.h"
 #include "service/python/statereader.h"
-#include "service/python/tables.h"
 #include "service/python/valueprotocol.h"
 
 #include <array>
@@ -48,30 +48,21 @@ std::string textOf(const OMC::Colour& colour, const std::string& type)
     return shortName(type) + "(" + text + ")";
 }
 
-} // namespace
-
-std::vector<ClassTable> colourTables()
-{
+const Family family([]() -> std::vector<ClassTable> {
     using namespace OMC;
     return {
-        Class<Colour>("Colour",
-                      "A colour of four bytes. A value is another colour, a node, or a list of red, green, blue "
-                      "and alpha; any text gives 0, 0, 0, 0 and a single number opaque black.")
-            .constructors<Construct<&newOf<Colour, QVariant>, "value">, Construct<&newColour, "r=0, g=0, b=0, a=255">>()
+        Class<Colour>()
+            .alias("ColourLike", "Colour | Node | Sequence[float] | str | float",
+                   "A colour: another one, a node's, or red, green, blue and alpha.")
+            .constructors<Construct<&newOf<Colour, QVariant>, "value: ColourLike">,
+                          Construct<&newColour, "r=0, g=0, b=0, a=255">>()
             .value<&channelsOf, &colourOf, &textOf>()
-            .property("r", "Red, 0 to 255; beyond that the low 8 bits count.")
-            .property("g", "Green, 0 to 255; beyond that the low 8 bits count.")
-            .property("b", "Blue, 0 to 255; beyond that the low 8 bits count.")
-            .property("a", "Alpha, 0 to 255; beyond that the low 8 bits count. 255 is opaque.")
-            .property("h", "The hue in degrees, from 0; it takes any number of turns.")
-            .property("l", "The lightness, held in 0 to 100.")
-            .property("s", "The saturation, held in 0 to 100.")
-            .property("hex", "\"#\" and eight digits, alpha first; it takes any name and form that Qt knows.")
-            .staticMethod<"from_hsl", StaticForm<&Colour::fromHSL, "h, s, l, a">>(
-                "A new colour of a hue in degrees, and of saturation, lightness and alpha from 0 to 100.")
-            .staticMethod<"qvariant_to_rgba_int", StaticForm<&readChannels, "value, r=0, g=0, b=0, a=0">>(
-                "[red, green, blue, alpha] of what Colour(value) takes; what a list doesn't tell is as given."),
+            .staticMethod<"from_hsl", StaticForm<&Colour::fromHSL, "h, s, l, a -> Colour">>()
+            .staticMethod<"qvariant_to_rgba_int",
+                          StaticForm<&readChannels, "value: ColourLike, r=0, g=0, b=0, a=0 -> list[int]">>(),
     };
-}
+});
+
+} // namespace
 
 } // namespace brindle::python

@@ -1,6 +1,6 @@
 #include "core/geometry/point2d.h"
 #include "core/geometry/point3d.h"
-#include "service/python/tables.h"
+#include "service/python/family.h"
 
 namespace brindle::python {
 
@@ -42,45 +42,35 @@ QList<QVariant> strictPoint3d(const QVariant& value, double x, double y, double 
     return {x, y, z};
 }
 
-} // namespace
-
-std::vector<ClassTable> pointTables()
-{
+const Family family([]() -> std::vector<ClassTable> {
     using namespace OMC;
     return {
-        Class<Point2d>("Point2d",
-                       "A position in the plane, in the units of the operation that takes or gives it. A value is a "
-                       "point, a vector, a matrix (its origin), a node, a column's value at a frame, a number for "
-                       "all coordinates, or a list, which is added up; anything else is (0, 0).")
-            .constructors<Construct<&newOf<Point2d, QVariant>, "value">,
+        Class<Point2d>()
+            .alias("PointLike",
+                   "Point2d | Point3d | Matrix | Node | Node_Coordinates | ColumnValue | Sequence[object] | float",
+                   "A position: [x, y], [x, y, z], a point, a vector, a node, ...")
+            .constructors<Construct<&newOf<Point2d, QVariant>, "value: PointLike">,
                           Construct<&newOf<Point2d, double, double>, "x=0, y=0">>()
-            .member<&Point2d::x>("x", "To the right.")
-            .member<&Point2d::y>("y", "The second coordinate.")
-            .method<"translate", Form<&Point2d::translate, "vector">>(
-                "Adds a vector, a point, a list of numbers and of those, or a number for both coordinates.")
+            .member<&Point2d::x>("x")
+            .member<&Point2d::y>("y")
+            .method<"translate", Form<&Point2d::translate, "vector: PointLike">>()
             .staticMethod<"from_qvariant", StaticForm<pick<const QVariant&>(&Point2d::fromQVariant), "value">,
-                          StaticForm<&appendPoints, "value, points">>(
-                "A new point of whatever Point2d(value) takes. With a list, adds to it the points that a value tells "
-                "strictly: one, or those in a list and in the lists in it.")
-            .staticMethod<"convert_qvariant", StaticForm<&strictPoint2d, "value, x=0, y=0">>(
-                "[x, y] of a node, a point, a list of numbers, or a single number for x; what the value doesn't tell "
-                "is as given. Fails for anything else."),
-        Class<Point3d>("Point3d",
-                       "A position in space, in the units of the operation that takes or gives it. A value is read as "
-                       "for Point2d; in a list, a matrix transforms what stands ahead of it.")
-            .constructors<Construct<&newOf<Point3d, QVariant>, "value">,
+                          StaticForm<&appendPoints, "value: PointLike | Sequence[PointLike], points">>()
+            .staticMethod<"convert_qvariant",
+                          StaticForm<&strictPoint2d, "value: PointLike, x=0, y=0 -> list[float]">>(),
+        Class<Point3d>()
+            .constructors<Construct<&newOf<Point3d, QVariant>, "value: PointLike">,
                           Construct<&newOf<Point3d, double, double, double>, "x=0, y=0, z=0">>()
-            .member<&Point3d::x>("x", "To the right.")
-            .member<&Point3d::y>("y", "The second coordinate.")
-            .member<&Point3d::z>("z", "The depth.")
-            .method<"translate", Form<&Point3d::translate, "vector">>(
-                "Adds a vector, a point, a list of numbers and of those, or a number for all coordinates.")
-            .staticMethod<"from_qvariant", StaticForm<&Point3d::fromQVariant, "value">>(
-                "A new point of whatever Point3d(value) takes.")
-            .staticMethod<"convert_qvariant", StaticForm<&strictPoint3d, "value, x=0, y=0, z=0">>(
-                "[x, y, z] of a node's coordinates, a point, a list of numbers, or a single number for x; what the "
-                "value doesn't tell is as given. Fails for anything else, a node included."),
+            .member<&Point3d::x>("x")
+            .member<&Point3d::y>("y")
+            .member<&Point3d::z>("z")
+            .method<"translate", Form<&Point3d::translate, "vector: PointLike">>()
+            .staticMethod<"from_qvariant", StaticForm<&Point3d::fromQVariant, "value">>()
+            .staticMethod<"convert_qvariant",
+                          StaticForm<&strictPoint3d, "value: PointLike, x=0, y=0, z=0 -> list[float]">>(),
     };
-}
+});
+
+} // namespace
 
 } // namespace brindle::python

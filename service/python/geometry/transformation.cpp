@@ -1,8 +1,8 @@
 #include "core/geometry/transformation.h"
 
 #include "core/geometry/matrix.h"
+#include "service/python/family.h"
 #include "service/python/statereader.h"
-#include "service/python/tables.h"
 
 namespace brindle::python {
 
@@ -63,51 +63,33 @@ std::string textOf(const OMC::Transformation& transformation, const std::string&
     return "<" + type + ": " + text.toStdString() + ">";
 }
 
-} // namespace
-
-std::vector<ClassTable> transformationTables()
-{
+const Family family([]() -> std::vector<ClassTable> {
     using namespace OMC;
     return {
-        Class<Transformation>(
-            "Transformation",
-            "What a picture goes through at a port at a frame: a matrix, its depth among what is drawn, "
-            "and deformations. It is a value, changing it changes no port; made by a script it belongs "
-            "to no port. Each step is added from the right: the one added last acts first.")
+        Class<Transformation>()
+            .property("matrix", "Matrix", "MatrixLike")
+            .property("deformation", "Deformation | None")
+            .property("origin", "Point3d")
             .constructors<Construct<&newOf<Transformation>>>()
             .value<&stateOf, &transformationOf, &textOf>()
-            .property("depth", "Its place among what is drawn.")
-            .property("valid", "Whether anything was set or added.")
-            .property("matrix", "A new Matrix, without deformations; takes what Matrix(value) takes.")
-            .property("deformation_valid", "Whether it has deformations.")
-            .property("deformation", "The Deformation, or None without deformations.")
-            .property("origin", "Where (0, 0, 0) is put, a Point3d.")
-            .method<"set", Form<&Transformation::set, "matrix">>(
-                "Replaces the matrix by anything that Matrix(value) takes.")
-            .method<"reset", Form<&Transformation::reset>>(
-                "Becomes the identity at depth 0, without deformations and not valid.")
+            .method<"set", Form<&Transformation::set, "matrix: MatrixLike">>()
+            .method<"reset", Form<&Transformation::reset>>()
             .method<"translate", Form<pick<double, double, double>(&Transformation::translate), "x, y, z">,
-                    Form<pick<const QVariant&>(&Transformation::translate), "vector">>(
-                "Adds a move, by three numbers or by anything that Vector3d takes.")
-            .method<"scale", Form<&Transformation::scale, "x, y, z">>("Adds a scale along each axis.")
-            .method<"rotate_degrees", Form<&Transformation::rotateDegrees, "angle, axis=None">>(
-                "Adds a turn, counter-clockwise about an axis; None is the z axis, out of the picture.")
-            .method<"rotate_radians", Form<&Transformation::rotateRadians, "angle, axis=None">>(
-                "Adds a turn, counter-clockwise about an axis; None is the z axis, out of the picture.")
-            .method<"skew", Form<&Transformation::skew, "angle">>(
-                "Adds a lean of the y axis towards x by an angle in degrees; heights stay.")
-            .method<"multiply", Form<&Transformation::multiply, "matrix">>(
-                "Adds a matrix in any form that Matrix(value) takes.")
-            .method<"add", Form<&Transformation::add, "other">>(
-                "Adds another transformation with its deformations, or a matrix as multiply() does.")
-            .method<"matrix_inversed", Form<&Transformation::matrixInversed>>(
-                "The inverse of the matrix as a new Matrix; fails for a singular one.")
-            .method<"matrix_with_deformation", Form<&Transformation::matrixWithDeformation>>(
-                "A new Matrix with what the deformations do to a drawing as a whole.")
-            .method<"deformation_reset", Form<&Transformation::deformationReset>>("Drops all deformations.")
-            .method<"__copy__", Form<&newCopy>>("A copy with the same deformations.")
-            .method<"__deepcopy__", Form<&newDeepCopy, "memo">>("A copy with the same deformations."),
+                    Form<pick<const QVariant&>(&Transformation::translate), "vector: PointLike">>()
+            .method<"scale", Form<&Transformation::scale, "x, y, z">>()
+            .method<"rotate_degrees", Form<&Transformation::rotateDegrees, "angle, axis: PointLike | None=None">>()
+            .method<"rotate_radians", Form<&Transformation::rotateRadians, "angle, axis: PointLike | None=None">>()
+            .method<"skew", Form<&Transformation::skew, "angle">>()
+            .method<"multiply", Form<&Transformation::multiply, "matrix: MatrixLike">>()
+            .method<"add", Form<&Transformation::add, "other: MatrixLike">>()
+            .method<"matrix_inversed", Form<&Transformation::matrixInversed, "-> Matrix">>()
+            .method<"matrix_with_deformation", Form<&Transformation::matrixWithDeformation, "-> Matrix">>()
+            .method<"deformation_reset", Form<&Transformation::deformationReset>>()
+            .method<"__copy__", Form<&newCopy, "-> Self">>("A copy with the same deformations.")
+            .method<"__deepcopy__", Form<&newDeepCopy, "memo -> Self">>("A copy with the same deformations."),
     };
-}
+});
+
+} // namespace
 
 } // namespace brindle::python

@@ -6,11 +6,8 @@
 
 namespace brindle::python {
 
-/// What `history.bracket("Walk cycle")` gives, for the length of a `with` block: what is done in the block is one entry
-/// of the undo list, and an exception that leaves it takes all of it back and goes on.
-///
-/// It is the begin, end and cancel of a History, so blocks nest as those do: the outermost names the entry, and an
-/// exception that leaves an inner one takes back what the outer ones did as well.
+/// A with block whose changes are one entry of the undo list, got from History.bracket(). An exception that leaves the
+/// block takes all of its changes back and goes on.
 class Bracket : public OMC::BaseObject {
     Q_OBJECT
 

@@ -1,30 +1,29 @@
 #include "core/scene/composition.h"
 
 #include "core/scene/compositionlist.h"
-#include "service/python/tables.h"
+#include "service/python/family.h"
 
 namespace brindle::python {
 
-std::vector<ClassTable> compositionTables()
-{
+namespace {
+
+const Family family([]() -> std::vector<ClassTable> {
     using namespace OMC;
     return {
-        Class<Composition>("Composition", "What a scene shows, layer by layer. No scene gives one yet.")
-            .method<"get_base", Form<&Composition::getBase>>("Always fails.")
-            .method<"get_layers", Form<&Composition::getLayers>>("Always fails.")
-            .method<"render", Form<&Composition::render>>("Always False."),
-        Class<CompositionLayer>("CompositionLayer", "A layer of a composition."),
-        Class<AttributeLayer>("AttributeLayer", "The layer of an attribute.")
-            .method<"get_attribute", Form<&AttributeLayer::getAttribute>>("Always fails."),
-        Class<NodeLayer>("NodeLayer", "The layer of a node.")
-            .method<"get_node", Form<&NodeLayer::getNode>>("Always fails."),
-        Class<SoundLayer>("SoundLayer", "The layer of a sound.")
-            .method<"get_sound", Form<&SoundLayer::getSound>>("Always fails."),
-        Class<DrawingCompLayer>("DrawingCompLayer", "The layer of a drawing."),
-        Class<GroupLayer>("GroupLayer", "The layer of a group."),
-        Class<CompositionList>("CompositionList",
-                               "The compositions of a scene: none yet, and no scene gives the list."),
+        Class<Composition>()
+            .method<"get_base", Form<&Composition::getBase, "-> Node">>()
+            .method<"get_layers", Form<&Composition::getLayers, "-> list[CompositionLayer]">>()
+            .method<"render", Form<&Composition::render>>(),
+        Class<CompositionLayer>(),
+        Class<AttributeLayer>().method<"get_attribute", Form<&AttributeLayer::getAttribute, "-> Attribute">>(),
+        Class<NodeLayer>().method<"get_node", Form<&NodeLayer::getNode, "-> Node">>(),
+        Class<SoundLayer>().method<"get_sound", Form<&SoundLayer::getSound, "-> Sound">>(),
+        Class<DrawingCompLayer>(),
+        Class<GroupLayer>(),
+        Class<CompositionList>().items("Composition"),
     };
-}
+});
+
+} // namespace
 
 } // namespace brindle::python

@@ -5,7 +5,11 @@
 
 namespace brindle::python {
 
-/// OMC::FrameOptions as a script makes it: a plain value, which may be passed to any number of calls.
+/// How frames are inserted or removed, in place of the preferences.
+///
+/// It is OMC::FrameOptions as a script makes it: a plain value, which may be passed to any number of calls.
+///
+/// It is OMC::FrameOptions as a script makes it: a plain value, which may be passed to any number of calls.
 class FrameOptions : public OMC::BaseObject, public OMC::FrameOptions {
     Q_OBJECT
 

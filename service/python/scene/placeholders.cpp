@@ -1,21 +1,24 @@
 #include "core/scene/renderhandler.h"
 #include "core/scene/sound.h"
 #include "core/scene/waypoint.h"
-#include "service/python/tables.h"
+#include "service/python/family.h"
 
 namespace brindle::python {
 
-std::vector<ClassTable> placeholderTables()
-{
+namespace {
+
+const Family family([]() -> std::vector<ClassTable> {
     using namespace OMC;
     return {
-        Class<Sound>("Sound", "A sound of a scene. No scene gives one yet."),
-        Class<Waypoint>("Waypoint", "A point that a cable goes through in the node view. No cable gives one yet.")
-            .method<"get_coord", Form<&Waypoint::getCoord>>("Always None.")
-            .method<"get_in", Form<&Waypoint::getIn>>("Always None.")
-            .method<"get_out", Form<&Waypoint::getOut>>("Always None."),
-        Class<RenderHandler>("RenderHandler", "What renders a scene. Nothing gives one yet."),
+        Class<Sound>(),
+        Class<Waypoint>()
+            .method<"get_coord", Form<&Waypoint::getCoord, "-> None">>()
+            .method<"get_in", Form<&Waypoint::getIn, "-> None">>()
+            .method<"get_out", Form<&Waypoint::getOut, "-> None">>(),
+        Class<RenderHandler>(),
     };
-}
+});
+
+} // namespace
 
 } // namespace brindle::python

@@ -1,22 +1,28 @@
 #include "core/scene/sceneunitconverter.h"
 
-#include "service/python/tables.h"
+#include "service/python/family.h"
 
 namespace brindle::python {
 
-std::vector<ClassTable> sceneUnitConverterTables()
-{
+namespace {
+
+const Family family([]() -> std::vector<ClassTable> {
     using namespace OMC;
-    using Converter = SceneUnitConverter;
     return {
-        Class<Converter>("SceneUnitConverter", "Converts between a scene's fields and OpenGL units.")
-            .method<"to_field", Form<pick<double, const QString&>(&Converter::toField), "value, axis">,
-                    Form<pick<const QVariant&>(&Converter::toField), "point">>(
-                "A point, or the coordinate of an axis \"x\", \"y\" or \"z\", from OpenGL units to fields.")
-            .method<"to_ogl", Form<pick<double, const QString&>(&Converter::toOgl), "value, axis">,
-                    Form<pick<const QVariant&>(&Converter::toOgl), "point">>(
-                "A point, or the coordinate of an axis \"x\", \"y\" or \"z\", from fields to OpenGL units."),
+        Class<SceneUnitConverter>()
+            .method<"to_field", Form<pick<double, const QString&>(&SceneUnitConverter::toField), "value, axis">,
+                    Form<pick<const QVariant&>(&SceneUnitConverter::toField), "point: Point2d -> Point2d">,
+                    Form<pick<const QVariant&>(&SceneUnitConverter::toField),
+                         "point: Point3d | Matrix | Node | Node_Coordinates | ColumnValue | Sequence[object] | float "
+                         "-> Point3d">>()
+            .method<"to_ogl", Form<pick<double, const QString&>(&SceneUnitConverter::toOgl), "value, axis">,
+                    Form<pick<const QVariant&>(&SceneUnitConverter::toOgl), "point: Point2d -> Point2d">,
+                    Form<pick<const QVariant&>(&SceneUnitConverter::toOgl),
+                         "point: Point3d | Matrix | Node | Node_Coordinates | ColumnValue | Sequence[object] | float "
+                         "-> Point3d">>(),
     };
-}
+});
+
+} // namespace
 
 } // namespace brindle::python
