@@ -59,7 +59,7 @@ TUTimedValue* columnNamed(const SC_SceneCommon& scene, const QString& name)
 
 Attribute::Attribute(MO_Node* node, const QStringList& parentPath, const QString& keyword)
     : EngineView(node),
-      m_parentPath(parentPath),
+      m_parentPath(parentPath.join(QLatin1Char('.'))),
       m_keyword(keyword)
 {
     if (!node)
@@ -68,7 +68,7 @@ Attribute::Attribute(MO_Node* node, const QStringList& parentPath, const QString
     m_isFound = !m_attribute.isGone();
 }
 
-Attribute::Attribute(AT_Attr& attribute, const QStringList& parentPath)
+Attribute::Attribute(AT_Attr& attribute, const QString& parentPath)
     : EngineView(attribute.node()),
       m_parentPath(parentPath),
       m_keyword(attribute.meta().keyword()),
@@ -200,7 +200,7 @@ QString Attribute::getTypeName() const
 QString Attribute::getFullKeyword() const
 {
     validate();
-    return m_parentPath.isEmpty() ? m_keyword : m_parentPath.join(QLatin1Char('.')) + QLatin1Char('.') + m_keyword;
+    return m_parentPath.isEmpty() ? m_keyword : m_parentPath + QLatin1Char('.') + m_keyword;
 }
 
 bool Attribute::getDynamic() const
@@ -243,8 +243,8 @@ AT_Attr* Attribute::getAttr() const
 QStringList Attribute::getPath() const
 {
     QStringList path;
-    path.reserve(m_parentPath.size() + 1);
-    path.append(m_parentPath);
+    if (!m_parentPath.isEmpty())
+        path = m_parentPath.split(QLatin1Char('.'));
     path.append(m_keyword);
     return path;
 }
@@ -278,6 +278,11 @@ bool Attribute::operator==(const Attribute* other) const
 
 Attribute* Attribute::getWrapped(AT_Attr* attribute, const QStringList& parentPath)
 {
+    return getWrappedBelow(attribute, parentPath.join(QLatin1Char('.')));
+}
+
+Attribute* Attribute::getWrappedBelow(AT_Attr* attribute, const QString& parentPath)
+{
     if (!attribute)
         return nullptr;
     AttributeWrapperVisitor visitor(parentPath);
@@ -293,10 +298,10 @@ Attribute* Attribute::getWrappedByAttr(AT_Attr* attribute)
     // Required: the search ends at the second level. An attribute further down gives null.
     for (auto top = node->attrsBegin(); top != node->attrsEnd(); ++top) {
         if (*top == attribute)
-            return getWrapped(attribute, {});
+            return getWrappedBelow(attribute, QString());
         const auto* complex = attributeCast<AT_ComplexAttr>(*top);
         if (complex && std::find(complex->attrsBegin(), complex->attrsEnd(), attribute) != complex->attrsEnd())
-            return getWrapped(attribute, {(*top)->meta().keyword()});
+            return getWrappedBelow(attribute, (*top)->meta().keyword());
     }
     return nullptr;
 }

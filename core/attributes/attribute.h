@@ -38,8 +38,8 @@ class BRINDLE_CORE_EXPORT Attribute : public EngineView<MO_Node> {
 
 public:
     Attribute(MO_Node* node, const QStringList& parentPath, const QString& keyword);
-    /// The same for an attribute that is found already, below `parentPath`.
-    Attribute(AT_Attr& attribute, const QStringList& parentPath);
+    /// The same for an attribute that is found already, below a dotted path.
+    Attribute(AT_Attr& attribute, const QString& parentPath);
 
     std::string __str__() const override;
     bool filterDir(std::string& name) const override;
@@ -77,6 +77,8 @@ public:
 
     /// A new wrapper of the attribute's kind, or null for null.
     static Attribute* getWrapped(AT_Attr* attribute, const QStringList& parentPath);
+    /// The same below a dotted path.
+    static Attribute* getWrappedBelow(AT_Attr* attribute, const QString& parentPath);
     /// The same for an attribute whose path isn't known; null for one below the second level.
     static Attribute* getWrappedByAttr(AT_Attr* attribute);
     /// The attribute at a path from the node's top level, or null: a keyword a level, or a dotted path.
@@ -102,7 +104,7 @@ private:
     /// Runs the command that links a column, or unlinks for null, under its label.
     void runLink(CO_CommandManager& manager, CO_Command* command, const TUTimedValue* column);
 
-    QStringList m_parentPath;
+    QString m_parentPath; ///< Dotted: a path of one keyword shares the engine's text.
     QString m_keyword;
     WeakHandle<AT_Attr> m_attribute;
     bool m_isFound; ///< Whether there was an attribute at the path.

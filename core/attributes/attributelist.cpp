@@ -8,6 +8,16 @@
 
 namespace OMC {
 
+namespace {
+
+/// The place of the first point in a dotted path; its size when there is none.
+qsizetype pointIn(QStringView path)
+{
+    return std::find(path.begin(), path.end(), QLatin1Char('.')) - path.begin();
+}
+
+} // namespace
+
 /// The attributes of the list's level, in order.
 struct AttributeList::Level {
     MO_Node::AttrIterator first;
@@ -20,7 +30,7 @@ struct AttributeList::Level {
 
 AttributeList::AttributeList(MO_Node* node, const QStringList& path, AttrTypeFilter filter)
     : CountedList(node),
-      m_path(path),
+      m_path(path.join(QLatin1Char('.'))),
       m_filter(filter)
 {}
 
@@ -28,7 +38,7 @@ std::string AttributeList::__str__() const
 {
     QString owner = target().qualifiedName();
     if (isSubList())
-        owner = tr("%1, %2").arg(owner, m_path.join(QLatin1Char('.')));
+        owner = tr("%1, %2").arg(owner, m_path);
     return tr("AttributeList(%1)[%2]").arg(owner, QString::number(size())).toStdString();
 }
 
@@ -45,26 +55,25 @@ Obj AttributeList::get(const QString& name) const
         throw Exception(BaseObject::tr("This action is not supported."));
     QStringView below = name;
     if (isSubList()) {
-        const QString prefix = m_path.join(QLatin1Char('.')) + QLatin1Char('.');
+        const QString prefix = m_path + QLatin1Char('.');
         if (name.startsWith(prefix) && Attribute::memberNamed(getSubAttrib(), below.sliced(prefix.size())))
             below = below.sliced(prefix.size());
     }
     if (AT_Attr* attribute = isSubList() ? inLevel(below) : findTarget()->findAttributeByKeyword(name))
         return wrapped(attribute);
 
-    QStringList parentPath;
-    parentPath.reserve(m_path.size() + 1);
-    parentPath.append(m_path);
+    QString parentPath = m_path;
     const AT_ComplexAttr* holder = nullptr;
-    for (qsizetype point = below.indexOf(QLatin1Char('.')); point >= 0; point = below.indexOf(QLatin1Char('.'))) {
+    for (qsizetype point = pointIn(below); point < below.size(); point = pointIn(below)) {
         AT_Attr* attribute = holder ? Attribute::memberNamed(holder, below.first(point)) : inLevel(below.first(point));
         holder = attributeCast<AT_ComplexAttr>(attribute);
         if (!holder)
             return {};
-        parentPath.append(attribute->meta().keyword());
+        const QString keyword = attribute->meta().keyword();
+        parentPath = parentPath.isEmpty() ? keyword : parentPath + QLatin1Char('.') + keyword;
         below = below.sliced(point + 1);
     }
-    return Obj(Attribute::getWrapped(Attribute::memberNamed(holder, below), parentPath));
+    return Obj(Attribute::getWrappedBelow(Attribute::memberNamed(holder, below), parentPath));
 }
 
 Obj AttributeList::get(int index) const
@@ -146,7 +155,7 @@ Obj AttributeList::itemAt(quint64 position) const
 
 AT_ComplexAttr* AttributeList::getSubAttrib() const
 {
-    return attributeCast<AT_ComplexAttr>(Attribute::attribFromPath(*findTarget(), m_path));
+    return attributeCast<AT_ComplexAttr>(Attribute::attribFromFullPath(findTarget(), m_path));
 }
 
 AttributeList::Level AttributeList::level() const
@@ -174,7 +183,7 @@ void AttributeList::requireIterating() const
 
 Obj AttributeList::wrapped(AT_Attr* attribute) const
 {
-    return Obj(Attribute::getWrapped(attribute, m_path));
+    return Obj(Attribute::getWrappedBelow(attribute, m_path));
 }
 
 } // namespace OMC

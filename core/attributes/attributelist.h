@@ -62,7 +62,7 @@ private:
     void requireIterating() const;
     Obj wrapped(AT_Attr* attribute) const;
 
-    QStringList m_path;
+    QString m_path; ///< Dotted; empty at the top level.
     AttrTypeFilter m_filter;
     Snapshot<Obj> m_items;
 };

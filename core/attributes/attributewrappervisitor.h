@@ -6,7 +6,7 @@
 #include "core/attributes/textattribute.h"
 #include "core/host/at_attr.h"
 
-#include <QStringList>
+#include <QString>
 
 #include <memory>
 #include <type_traits>
@@ -42,9 +42,9 @@ class AttributeWrapperVisits;
 template <>
 class AttributeWrapperVisits<AttributeWrapperTable<>> : public AT_AttrVisitorWithFallback {
 protected:
-    explicit AttributeWrapperVisits(const QStringList& parentPath) : m_parentPath(parentPath) {}
+    explicit AttributeWrapperVisits(const QString& parentPath) : m_parentPath(parentPath) {}
 
-    const QStringList& m_parentPath;
+    const QString& m_parentPath;
     std::unique_ptr<Attribute> m_wrapper;
 };
 
@@ -62,10 +62,10 @@ protected:
     using AttributeWrapperVisits<AttributeWrapperTable<Rows...>>::AttributeWrapperVisits;
 };
 
-/// Makes the wrapper for an attribute, by the table. The path must outlive the visitor.
+/// Makes the wrapper for an attribute, by the table. The dotted path must outlive the visitor.
 class AttributeWrapperVisitor final : public AttributeWrapperVisits<AttributeWrappers> {
 public:
-    explicit AttributeWrapperVisitor(const QStringList& parentPath) : AttributeWrapperVisits(parentPath) {}
+    explicit AttributeWrapperVisitor(const QString& parentPath) : AttributeWrapperVisits(parentPath) {}
 
     /// The wrapper made last; the caller owns it.
     Attribute* take() { return m_wrapper.release(); }
