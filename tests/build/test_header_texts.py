@@ -145,3 +145,25 @@ def test_the_table_is_written_only_when_it_changes(tmp_path):
     assert re.search(r'\{"x", "To the right.", "core/thing.h:\d+", nullptr, nullptr\}', output.read_text())
     subprocess.run(command, check=True)
     assert output.stat().st_mtime_ns == written
+
+
+def test_no_row_says_what_a_header_says():
+    headers = [path for folder in ("core", "service") for path in sorted((ROOT / folder).rglob("*.h"))
+               if "core/host" not in path.as_posix()]
+    library = header_texts.Library([found for path in headers for found in
+                                    header_texts.Reader(path.relative_to(ROOT).as_posix(), path.read_text()).read()])
+    said = {}
+    for found in library.classes.values():
+        texts = said.setdefault(found.name.rpartition("::")[2], {})
+        for base in reversed(library.line_of(found)):
+            texts |= {name: row[0] for name, row in library.table(base).items() if row[0]}
+    twice = []
+    for path in sorted((ROOT / "service/python").glob("*/*.cpp")):
+        owner = None
+        for part in re.split(r"(?=\bClass<|\.method<|\.staticMethod<)", path.read_text()):
+            if match := re.match(r"Class<([\w:]+)>", part):
+                owner = match[1].rpartition("::")[2]
+            elif (match := re.match(r'\.(?:method|staticMethod)<"(\w+)"', part)) and re.search(r'>\(\s*"', part):
+                if said.get(owner, {}).get(match[1]):
+                    twice.append(f"{path.name}: {owner}.{match[1]}")
+    assert not twice
