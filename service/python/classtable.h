@@ -4,6 +4,7 @@
 
 #include <QMetaObject>
 
+#include <cmath>
 #include <functional>
 #include <optional>
 #include <string>
@@ -313,8 +314,11 @@ Class<T>& Class<T>::member(const char* name)
                                    return guarded([&] {
                                        if (!value)
                                            throwUndeletable(static_cast<const char*>(name));
-                                       if (!From<Value>::accepts(value))
+                                       if (!From<Value>::accepts(value)) {
+                                           if (PyFloat_Check(value) && !std::isfinite(PyFloat_AS_DOUBLE(value)))
+                                               throwNotFinite(static_cast<const char*>(name));
                                            throwArgument(0, From<Value>::type, value);
+                                       }
                                        return convertAndCall([&] { return From<Value>::read(value, 0); },
                                                              [&](const Value& read) {
                                                                  self(heldObject(object)).*Field = read;
@@ -330,8 +334,10 @@ template <typename... Forms>
 Class<T>& Class<T>::constructors()
 {
     m_table.construct = [](const CallArguments& call) -> OMC::BaseObject* {
-        const std::string_view name = T::staticMetaObject.className(); // "OMC::Point2d"
-        return callFirst<Forms...>(name.data() + name.rfind(':') + 1, call,
+        // "Point2d" of "OMC::Point2d", found once.
+        static const std::string_view fullName = T::staticMetaObject.className();
+        static const char* const name = fullName.data() + fullName.rfind(':') + 1;
+        return callFirst<Forms...>(name, call,
                                    []<typename F>(typename F::ValueTuple& values) { return F::call(values); });
     };
     (m_table.constructors.push_back(Forms::describe()), ...);

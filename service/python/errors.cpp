@@ -49,6 +49,11 @@ std::string argumentSentence(unsigned int index)
     }
 }
 
+void throwNotFinite(const char* property)
+{
+    throw OMC::Exception(QStringLiteral("The property %1 takes finite numbers only.").arg(property));
+}
+
 void throwArgument(unsigned int index, const char* expected, PyObject* got)
 {
     const std::string sentence = argumentSentence(index);

@@ -20,6 +20,9 @@ struct PythonError {};
 /// The sentence that the object model has for a bad argument: "Invalid argument at index %1."
 std::string argumentSentence(unsigned int index);
 
+/// Throws the `brindle.Error` of a property that is given a number that isn't finite.
+[[noreturn]] void throwNotFinite(const char* property);
+
 /// Throws `brindle.ArgumentError`, which is a `brindle.Error` and a `TypeError`: "Invalid argument at index %1.", with
 /// a note that says what was expected and what came.
 [[noreturn]] void throwArgument(unsigned int index, const char* expected, PyObject* got);

@@ -91,11 +91,6 @@ bool isNotFinite(const QVariant& value)
     return value.typeId() == QMetaType::Double && !std::isfinite(value.toDouble());
 }
 
-[[noreturn]] void refuseNotFinite(const QMetaProperty& meta)
-{
-    throw OMC::Exception(QStringLiteral("The property %1 takes finite numbers only.").arg(meta.name()));
-}
-
 /// Stops what Qt's conversion would change without a word: None where a value belongs, which Qt takes for a default,
 /// and a number that an int property would cut short.
 void refuseLossyValue(const QMetaProperty& meta, const QVariant& value)
@@ -106,7 +101,7 @@ void refuseLossyValue(const QMetaProperty& meta, const QVariant& value)
     if (meta.typeId() != QMetaType::Int || !wide)
         return;
     if (isNotFinite(value))
-        refuseNotFinite(meta);
+        throwNotFinite(meta.name());
     const double number = value.toDouble();
     if (!(number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max()))
         refuseValue(value.typeName());
@@ -123,7 +118,7 @@ void write(PyObject* self, const Property& property, PyObject* value)
                            object->writeProperty(property.meta, read);
                        } catch (const OMC::Exception& exception) {
                            if (isNotFinite(read) && exception.message() == argumentSentence(0))
-                               refuseNotFinite(property.meta);
+                               throwNotFinite(property.meta.name());
                            throw;
                        }
                    });

@@ -136,7 +136,7 @@ PyObject* rebuildValue(PyObject* cls, PyObject* state)
     Ref value(adopt(entry, table.construct({nullptr, 0, nullptr})));
     Py_ssize_t index = 0;
     for (const Member* member : members) {
-        if (member->set(value.get(), PyTuple_GET_ITEM(state, index++), nullptr) < 0)
+        if (member->set(value.get(), PyTuple_GET_ITEM(state, index++), const_cast<char*>(member->name)) < 0)
             throw PythonError{};
     }
     return value.release();
