@@ -3,6 +3,8 @@
 #include "core/frame/exception.h"
 #include "core/host/sc_scene.h"
 
+#include <QCoreApplication>
+
 #include <exception>
 
 namespace OMC::undo {
@@ -38,6 +40,14 @@ void run(CO_CommandManager& manager, CO_Command* command, const QString& label, 
         throw Exception(failure);
 }
 
+void cancel(CO_CommandAccumScope& scope)
+{
+    if (!scope.cancel())
+        throw Exception(QCoreApplication::translate("OMC::undo", "Failed to take back \"%1\"; what is left of it is on "
+                                                                 "the undo list.")
+                            .arg(scope.sessionName()));
+}
+
 Scope::Scope(CO_CommandManager& manager, const QString& label)
     : m_scope(&manager, label, nullptr, CO_CommandAccumScope::kDefault),
       m_exceptions(std::uncaught_exceptions())
@@ -45,6 +55,7 @@ Scope::Scope(CO_CommandManager& manager, const QString& label)
 
 Scope::~Scope()
 {
+    // The exception that is on its way says why; the log tells where a step refuses to be taken back.
     if (std::uncaught_exceptions() > m_exceptions)
         m_scope.cancel();
 }

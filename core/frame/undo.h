@@ -21,6 +21,9 @@ BRINDLE_CORE_EXPORT CO_CommandManager& manager(const SC_SceneCommon* scene,
 BRINDLE_CORE_EXPORT void run(CO_CommandManager& manager, CO_Command* command, const QString& label,
                              const QString& failure);
 
+/// Takes back what was done in a scope; throws where a step of it refuses, which is then on the undo list.
+BRINDLE_CORE_EXPORT void cancel(CO_CommandAccumScope& scope);
+
 /// Several commands as one undo entry; an exception that leaves the scope undoes them.
 class BRINDLE_CORE_EXPORT Scope {
 public:
@@ -29,7 +32,7 @@ public:
     Scope& operator=(const Scope&) = delete;
     ~Scope();
 
-    void cancel() { m_scope.cancel(); }
+    void cancel() { undo::cancel(m_scope); }
 
 private:
     CO_CommandAccumScope m_scope;

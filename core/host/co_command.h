@@ -123,7 +123,7 @@ protected:
     /// The bracket behind CO_CommandAccumScope; calls nest.
     virtual void openScope(const QString& label) = 0;
     virtual void closeScope() = 0;
-    virtual void cancelScope() = 0;
+    virtual bool cancelScope() = 0;
 };
 
 /// While it lives, everything executed on the manager becomes one undo entry under its label. Scopes nest: an inner one
@@ -139,8 +139,9 @@ public:
     CO_CommandAccumScope& operator=(const CO_CommandAccumScope&) = delete;
     ~CO_CommandAccumScope();
 
-    /// Undoes all that was done in the scope; it leaves no entry.
-    void cancel();
+    /// Undoes all that was done in the scope; it leaves no entry. False where a step refuses to be undone: that step
+    /// and those before it stay done, and the scope is closed with them, so that the undo list tells what is there.
+    bool cancel();
     QString sessionName() const { return m_label; }
 
 private:

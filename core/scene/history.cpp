@@ -1,6 +1,7 @@
 #include "core/scene/history.h"
 
 #include "core/frame/found.h"
+#include "core/frame/undo.h"
 #include "core/host/co_command.h"
 #include "core/host/sc_session.h"
 
@@ -19,7 +20,7 @@ struct Bracket {
     {
         depth = 0;
         if (const auto cancelled = std::exchange(scope, nullptr))
-            cancelled->cancel();
+            undo::cancel(*cancelled);
     }
 };
 

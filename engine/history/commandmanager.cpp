@@ -1,5 +1,6 @@
 #include "engine/history/commandmanager.h"
 
+#include "core/host/msg_scope.h"
 #include "engine/session/sessionwatch.h"
 
 #include <utility>
@@ -11,13 +12,14 @@ namespace {
 /// Sets a flag while it lives.
 class Flagged {
 public:
-    explicit Flagged(bool& flag) : m_flag(flag) { m_flag = true; }
+    explicit Flagged(bool& flag) : m_flag(flag), m_before(std::exchange(flag, true)) {}
     Flagged(const Flagged&) = delete;
     Flagged& operator=(const Flagged&) = delete;
-    ~Flagged() { m_flag = false; }
+    ~Flagged() { m_flag = m_before; }
 
 private:
     bool& m_flag;
+    bool m_before;
 };
 
 } // namespace
@@ -159,27 +161,46 @@ void CommandManager::closeScope()
             macro->add(command.release());
         push(std::move(macro), closed.label);
     }
-    // What was saved inside the scope is the state that the new entry leads to, or can't be reached any more.
+    // A state that was saved inside the scope is the one that the new entry leads to, or can't be reached any more.
     if (clean)
         setClean();
     else if (m_saved && m_saved->pending > 0)
         m_saved.reset();
 }
 
-void CommandManager::cancelScope()
+bool CommandManager::cancelScope()
 {
     if (m_scopes.empty())
-        return;
+        return true;
     auto& commands = m_scopes.back().commands;
-    while (!commands.empty()) {
-        commands.back()->unexecute();
+    while (!commands.empty() && takesBack(*commands.back())) {
         commands.pop_back();
         --m_pending;
     }
-    m_scopes.pop_back();
-    announceSessionChange();
     if (m_saved && m_saved->pending > m_pending)
         m_saved.reset();
+    if (!commands.empty()) {
+        MSG_Scope(QStringLiteral("Failed to take back \"%1\"; what is left of it is on the undo list.")
+                      .arg(m_scopes.back().label),
+                  MSG_Scope::kError);
+        closeScope();
+        return false;
+    }
+    m_scopes.pop_back();
+    announceSessionChange();
+    return true;
+}
+
+/// Nothing else is executed meanwhile. An exception counts as a refusal: scopes are cancelled while another one is on
+/// its way.
+bool CommandManager::takesBack(CO_Command& command)
+{
+    const Flagged stepping(m_stepping);
+    try {
+        return command.unexecute() != CO_Command::kFail;
+    } catch (...) {
+        return false;
+    }
 }
 
 void CommandManager::push(CommandPointer command, const QString& label)

@@ -14,11 +14,13 @@ namespace brindle::engine {
 
 /// The undo list of a project. It belongs to the project and goes before the scenes that its commands refer to.
 ///
-/// What stands to be redone is dropped when an entry is really pushed: by a command outside every scope, or by the
-/// outermost scope that closes with content. A command that fails, a scope that is cancelled and an empty scope leave
-/// it alone.
+/// Entries that stand to be redone are dropped when an entry is really pushed: by a command outside every scope, or by
+/// the outermost scope that closes with content. A command that fails, a scope that is cancelled and an empty scope
+/// leave them alone.
 ///
-/// Commands that are executed after `cancelScope` belong to the scope around the cancelled one, or to no scope.
+/// Commands that are executed after `cancelScope` belong to the scope around the cancelled one, or to no scope. A step
+/// that refuses to be taken back, or throws, stays done: the scope is then closed with what is left in it, and the log
+/// says so.
 ///
 /// The project is dirty while its state is another than the saved one: another place on the list, another content of
 /// the open scopes, or any place once the saved one can't be reached again.
@@ -53,12 +55,15 @@ public:
     /// The label of the change that led to the present state: of an open scope with content, else of the last entry
     /// that is done, also when it left the list at its beginning; of a project that was just opened, what it was given.
     QString lastChange() const;
-    void setChangeBefore(const QString& label) { m_changeBefore = label; } ///< Of the change ahead of all entries.
+    void setChangeBefore(const QString& label)
+    {
+        m_changeBefore = label;
+    } ///< The label of the change ahead of all entries.
 
 protected:
     void openScope(const QString& label) override;
     void closeScope() override;
-    void cancelScope() override;
+    bool cancelScope() override;
 
 private:
     using CommandPointer = std::unique_ptr<CO_Command>;
@@ -84,6 +89,7 @@ private:
     void dropRedo();
     void dropBeyondLimit();
     void popScope();
+    bool takesBack(CO_Command& command);
 
     std::deque<Entry> m_entries;
     std::size_t m_done = 0;        ///< The entries before this place are done, those behind it undone.
@@ -93,7 +99,7 @@ private:
     std::vector<Scope> m_scopes; ///< Outermost first.
     std::size_t m_pending = 0;   ///< Commands of all open scopes.
     std::optional<Place> m_saved = Place();
-    bool m_stepping = false; ///< An entry is being undone or redone.
+    bool m_stepping = false; ///< Something is being undone or redone.
 };
 
 } // namespace brindle::engine

@@ -24,9 +24,8 @@ CO_CommandAccumScope::~CO_CommandAccumScope()
         manager->closeScope();
 }
 
-void CO_CommandAccumScope::cancel()
+bool CO_CommandAccumScope::cancel()
 {
     CO_CommandManager* manager = managerOf(m_manager);
-    if (std::exchange(m_open, false) && manager)
-        manager->cancelScope();
+    return !std::exchange(m_open, false) || !manager || manager->cancelScope();
 }

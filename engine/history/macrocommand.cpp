@@ -1,4 +1,5 @@
 #include "core/host/co_command.h"
+#include "core/host/msg_scope.h"
 
 namespace {
 
@@ -12,6 +13,16 @@ CO_Command::Status guarded(Step step, Rollback rollback)
         rollback();
         throw;
     }
+}
+
+/// Undoes the last of the steps that were done of a change that fails as a whole. False where it refuses: those before
+/// it then stay done as well.
+bool takesBack(CO_Command& command)
+{
+    if (command.unexecute() != CO_Command::kFail)
+        return true;
+    MSG_Scope(QStringLiteral("A change that failed could not be taken back: a part of it is left."), MSG_Scope::kError);
+    return false;
 }
 
 } // namespace
@@ -60,8 +71,8 @@ CO_Command::Status CO_AndCommand::execute()
     Status result = kNoop;
     std::size_t done = 0;
     const auto undoTheDone = [&] {
-        while (done > 0)
-            m_commands[--done]->unexecute();
+        while (done > 0 && takesBack(*m_commands[done - 1]))
+            --done;
     };
     while (done < m_commands.size()) {
         const Status status = guarded([&] { return m_commands[done]->execute(); }, undoTheDone);
@@ -87,10 +98,8 @@ CO_Command::Status CO_BaseOrCommand::execute()
     const bool empty = given.empty();
     Status result = kNoop;
     const auto undoTheDone = [&] {
-        while (!m_commands.empty()) {
-            m_commands.back()->unexecute();
+        while (!m_commands.empty() && takesBack(*m_commands.back()))
             m_commands.pop_back();
-        }
     };
     for (auto& command : given) {
         const Status status = guarded([&] { return command->execute(); }, undoTheDone);

@@ -12,7 +12,11 @@ namespace {
 /// Adds to a number, or refuses.
 class AddCommand : public CO_Command {
 public:
-    explicit AddCommand(int& number, Status status = kOk) : m_number(number), m_status(status) {}
+    explicit AddCommand(int& number, Status status = kOk, Status undo = kOk)
+        : m_number(number),
+          m_status(status),
+          m_undo(undo)
+    {}
     Status execute() override
     {
         if (m_status == kOk)
@@ -21,14 +25,15 @@ public:
     }
     Status unexecute() override
     {
-        if (m_status == kOk)
+        if (m_undo == kOk && m_status == kOk)
             --m_number;
-        return m_status;
+        return m_undo == kOk ? m_status : m_undo;
     }
 
 private:
     int& m_number;
     Status m_status;
+    Status m_undo;
 };
 
 class UndoTest : public ProjectTest {
@@ -130,6 +135,29 @@ TEST_F(UndoTest, ACancelledScopeLeavesNoEntry)
     }
     EXPECT_EQ(number, 0);
     EXPECT_EQ(labels(), QStringList());
+}
+
+TEST_F(UndoTest, AScopeThatCantBeTakenBackSaysSoAndIsOnTheList)
+{
+    const auto step = [this] { return new AddCommand(number, CO_Command::kOk, CO_Command::kFail); };
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(failureOf([&] {
+                  OMC::undo::Scope scope(manager(), QStringLiteral("Add One"));
+                  manager().execute(step(), QString());
+                  scope.cancel();
+              }),
+              "Failed to take back \"Add One\"; what is left of it is on the undo list.");
+    EXPECT_EQ(failureOf([&] {
+                  const OMC::undo::Scope scope(manager(), QStringLiteral("Add Two"));
+                  manager().execute(step(), QString());
+                  throw OMC::Exception(QStringLiteral("In the middle."));
+              }),
+              "In the middle.");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Error: Failed to take back \"Add One\"; what is left of it is on the undo list.\n"
+              "Error: Failed to take back \"Add Two\"; what is left of it is on the undo list.\n");
+    EXPECT_EQ(number, 2);
+    EXPECT_EQ(labels(), QStringList({"Add One", "Add Two"}));
 }
 
 TEST_F(UndoTest, AScopeOutlivesItsManager)

@@ -40,7 +40,7 @@ private:
 /// A manager whose scopes can't be cancelled.
 class BrokenManager : public RefusingManager {
 protected:
-    void cancelScope() override { throw std::runtime_error("broken"); }
+    bool cancelScope() override { throw std::runtime_error("broken"); }
 };
 
 /// A manager that counts one entry more as done than there are.
@@ -254,6 +254,26 @@ TEST_F(HistoryTest, CancellingTakesBackTheWholeBracketWhateverTheNesting)
     history.end();
     add("Three");
     EXPECT_EQ(labels(), QStringList{"Three"});
+}
+
+TEST_F(HistoryTest, ABracketThatCantBeTakenBackSaysSoAndIsOnTheList)
+{
+    /// Stays done.
+    class Stubborn final : public CO_Command {
+    public:
+        Status execute() override { return kOk; }
+        Status unexecute() override { return kFail; }
+    };
+    history.begin(QStringLiteral("A"));
+    manager().execute(new Stubborn, QString());
+    add("Two");
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(failureOf([&] { history.cancel(); }),
+              "Failed to take back \"A\"; what is left of it is on the undo list.");
+    EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(number, 0);
+    EXPECT_EQ(labels(), QStringList{"A"});
+    EXPECT_EQ(history.getCurrent(), QStringLiteral("NONE"));
 }
 
 TEST_F(HistoryTest, EndAndCancelWithoutABracketDoNothing)

@@ -30,9 +30,10 @@ public:
 protected:
     void openScope(const QString&) override { ++openScopes; }
     void closeScope() override { --openScopes; }
-    void cancelScope() override
+    bool cancelScope() override
     {
         --openScopes;
         ++cancelledScopes;
+        return true;
     }
 };

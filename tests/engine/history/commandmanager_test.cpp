@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <limits>
 #include <stdexcept>
 
@@ -229,6 +230,67 @@ TEST_F(CommandManagerTest, ACancelledScopeIsUndoneAndKeepsWhatStandsToBeRedone)
     EXPECT_EQ(undone(), QStringList({"Two"}));
     manager->reexecute(1);
     EXPECT_EQ(number, 2);
+}
+
+TEST_F(CommandManagerTest, AStepThatRefusesToBeTakenBackStaysOnTheList)
+{
+    const std::function<CO_Command*()> steps[] = {[] { return new Answer(CO_Command::kOk, CO_Command::kFail); },
+                                                  [] { return new Thrower(true); }};
+    for (const auto& step : steps) {
+        manager = std::make_unique<brindle::engine::CommandManager>();
+        number = 0;
+        set(1, "Before");
+        testing::internal::CaptureStderr();
+        {
+            Scope scope(manager.get(), "Cancelled", nullptr, Scope::kDefault);
+            set(2);
+            manager->execute(step(), "Step");
+            set(3);
+            EXPECT_FALSE(scope.cancel());
+            EXPECT_EQ(number, 2) << "what was done behind the step is taken back, what was done before it is not";
+            EXPECT_TRUE(scope.cancel()) << "there is nothing left to cancel";
+        }
+        EXPECT_EQ(testing::internal::GetCapturedStderr(),
+                  "Error: Failed to take back \"Cancelled\"; what is left of it is on the undo list.\n");
+        EXPECT_EQ(done(), QStringList({"Before", "Cancelled"}));
+        EXPECT_EQ(undone(), QStringList());
+        EXPECT_TRUE(manager->isDirty());
+    }
+}
+
+TEST_F(CommandManagerTest, WhatRefusesInAnInnerScopeGoesToTheOuterOne)
+{
+    testing::internal::CaptureStderr();
+    {
+        const Scope outer(manager.get(), "Outer", nullptr, Scope::kDefault);
+        Scope inner(manager.get(), "Inner", nullptr, Scope::kDefault);
+        set(1);
+        manager->execute(new Answer(CO_Command::kOk, CO_Command::kFail), "Step");
+        EXPECT_FALSE(inner.cancel());
+    }
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("take back \"Inner\";"), std::string::npos);
+    EXPECT_EQ(done(), QStringList({"Outer"}));
+    EXPECT_EQ(number, 1);
+}
+
+TEST_F(CommandManagerTest, NothingIsExecutedWhileAScopeIsTakenBack)
+{
+    /// Executes another command while it is undone.
+    class Meddler final : public CO_Command {
+    public:
+        Meddler(CO_CommandManager& manager, int& number) : m_manager(manager), m_number(number) {}
+        Status execute() override { return kOk; }
+        Status unexecute() override { return m_manager.execute(new SetNumber(m_number, 9), QString()) ? kFail : kOk; }
+
+    private:
+        CO_CommandManager& m_manager;
+        int& m_number;
+    };
+    Scope scope(manager.get(), "Cancelled", nullptr, Scope::kDefault);
+    manager->execute(new Meddler(*manager, number), "Meddle");
+    EXPECT_TRUE(scope.cancel());
+    EXPECT_EQ(number, 0);
+    EXPECT_TRUE(set(5)) << "afterwards it takes commands again";
 }
 
 TEST_F(CommandManagerTest, WhatIsExecutedAfterACancelGoesToTheScopeAround)

@@ -64,6 +64,23 @@ TEST_F(MacroCommandTest, AllChildrenOfAnAndAreDoneInOrderAndUndoneAgainstIt)
     EXPECT_EQ(taken(), "abc");
 }
 
+TEST_F(MacroCommandTest, AChildThatRefusesToBeTakenBackIsToldAndKeepsThoseBeforeIt)
+{
+    CO_AndCommand all;
+    CO_OrCommand any(true);
+    for (CO_MacroCommand* macro : std::initializer_list<CO_MacroCommand*>{&all, &any}) {
+        macro->add(new Noted(notes, 'a'));
+        macro->add(new Noted(notes, 'b', Noted::RefusesUndo));
+        macro->add(new Noted(notes, 'c'));
+        macro->add(new Noted(notes, 'd', Noted::Throws));
+        testing::internal::CaptureStderr();
+        EXPECT_THROW(macro->execute(), std::runtime_error);
+        EXPECT_EQ(testing::internal::GetCapturedStderr(),
+                  "Error: A change that failed could not be taken back: a part of it is left.\n");
+        EXPECT_EQ(taken().substr(0, 4), "abcC");
+    }
+}
+
 TEST_F(MacroCommandTest, TheFirstChildThatFailsUndoesThoseBeforeIt)
 {
     CO_AndCommand macro;
