@@ -2,6 +2,7 @@
 
 import builtins
 import sys
+import types
 
 import brindle
 import pytest
@@ -191,6 +192,52 @@ def test_completion_tells_what_a_word_may_become(console, line, word, candidates
         assert {"things", "while", "print"} <= set(found)
     else:
         assert found == candidates
+
+
+class Mapping:
+    """What a mapping-like object offers to completers."""
+
+    def __init__(self, keys):
+        self._keys = keys
+
+    def _ipython_key_completions_(self):
+        if isinstance(self._keys, BaseException):
+            raise self._keys
+        return self._keys
+
+
+PATHS = ["Top/Arm", "Top/Body", "Top/Group/Hand"]
+
+
+@pytest.mark.parametrize("line, typed, keys", [
+    ("nodes['Top/", "Top/", PATHS), ('x = nodes["Top/G', "Top/G", ["Top/Group/Hand"]), ("nodes['", "", PATHS),
+    ("nodes [ r'Top/A", "Top/A", ["Top/Arm"]), ("nodes['Bottom", "Bottom", []), ('nodes["""Top/A', "Top/A", ["Top/Arm"]),
+    ("holder.nodes['Top/A", "Top/A", ["Top/Arm"]), ("nodes['\\x54op/A", "\\x54op/A", ["Top/Arm"]),
+    ("'a' + \"it's\" + nodes['Top/B", "Top/B", ["Top/Body"]), ("\U0001f600 = nodes['Top/B", "Top/B", ["Top/Body"]),
+    ("table['", "", ["a\\n", "it\\'s", 'say "', "\\\\"]), ('table["', "", ["a\\n", "it's", 'say \\"', "\\\\"]),
+    ("table[r'", "", ['say "']), ("nodes['\\", "\\", []), ("nodes[f'Top/", "Top/", []), ("nodes[b'Top/", "Top/", []),
+    ("nodes('Top/", "Top/", []), ("print('Top/", "Top/", []), ("x = 'pri", "pri", []), ("plain['", "", []),
+    ("failing['", "", []), ("ending['", "", []), ("called()['", "", []), ("none['", "", []), ("['", "", []),
+    ("nodes['Top/Arm'], nodes['Top/B", "Top/B", ["Top/Body"]), ("# nodes['Top/", " nodes['Top/", []),
+    ("nodes # pri", " pri", []), ("'''a # ''' + nodes['Top/B", "Top/B", ["Top/Body"]),
+])
+def test_an_open_text_becomes_a_key_or_nothing(console, line, typed, keys):
+    def called():
+        raise AssertionError("completion made a call")
+
+    console.locals.update(
+        nodes=Mapping([*PATHS, 5, None, "Top/\ud800"]), holder=types.SimpleNamespace(nodes=Mapping(PATHS)),
+        table={"it's": 1, 'say "': 2, "a\n": 3, "\\": 4, 7: 5}, plain=object(), failing=Mapping(RuntimeError()),
+        ending=Mapping(KeyboardInterrupt()), none=Mapping(None), called=called)
+    assert console.completions(line) == (len(line.encode("utf-16-le")) // 2 - len(typed), sorted(keys))
+
+
+def test_a_text_over_several_lines_becomes_nothing(console):
+    console.locals["table"] = {"print": 1}
+    assert console.push_line("table['''") == INCOMPLETE
+    assert console.completions("pri") == (0, [])
+    assert console.completions("''', pri") == (5, ["print"])
+    assert console.completions("'''] + table['p") == (14, ["print"])
 
 
 def test_completion_of_the_object_model_leaves_out_what_dir_does(console, app):

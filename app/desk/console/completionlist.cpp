@@ -86,12 +86,8 @@ void CompletionList::narrow()
 {
     if (!isShown())
         return;
-    const QString typed = word();
-    const bool isWord =
-        m_line.textCursor().position() >= m_start &&
-        std::all_of(typed.begin(), typed.end(), [](QChar c) { return c.isLetterOrNumber() || c == u'_'; });
-    m_completer.setCompletionPrefix(typed);
-    if (isWord && m_completer.completionCount() > 0)
+    m_completer.setCompletionPrefix(word());
+    if (m_line.textCursor().position() >= m_start && m_completer.completionCount() > 0)
         show();
     else
         m_completer.popup()->hide();

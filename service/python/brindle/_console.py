@@ -4,22 +4,16 @@ The application makes the one Console and talks to it; scripts have no use for i
 """
 
 import ast
-import builtins
 import code
 import codeop
 import io
-import keyword
 import os
-import re
 import sys
 
 import brindle
+from brindle import _completion
 
 DONE, INCOMPLETE, LEAVE = range(3)
-
-# What stands ahead of a dot and can be looked up without a call: names, attributes, and items by a constant.
-_CHAIN = re.compile(r"""[^\W\d]\w*(?:\.[^\W\d]\w*|\[(?:[^\[\]"']|"[^"]*"|'[^']*')*\])*$""")
-_LOOKED_UP = (ast.Expression, ast.Name, ast.Attribute, ast.Subscript, ast.Constant, ast.UnaryOp, ast.USub, ast.Load)
 
 
 class _Output(io.TextIOBase):
@@ -90,13 +84,9 @@ class Console(code.InteractiveConsole):
         return DONE
 
     def completions(self, line):
-        """Where the word at the end of the line begins, as the application counts, and what it may become."""
-        word = re.search(r"\w*$", line).group()
-        before = line[:len(line) - len(word)]
-        names = self._names_after(before)
-        found = {name for name in names if isinstance(name, str) and name.isidentifier() and name.startswith(word)
-                 and (not name.startswith("_") or word.startswith("_"))}
-        return len(before.encode("utf-16-le", "surrogatepass")) // 2, sorted(found)
+        """Where the word, or the key, at the line's end begins, as the application counts, and what it may become."""
+        start, found = _completion.completions(self.locals, self.buffer, line)
+        return len(line[:start].encode("utf-16-le", "surrogatepass")) // 2, found
 
     def runsource(self, source, filename="<console>", symbol="single"):
         try:
@@ -189,18 +179,3 @@ class Console(code.InteractiveConsole):
         self.locals["__file__"] = path
         self.runcode(script)
         return False
-
-    def _names_after(self, before):
-        if not before.endswith("."):
-            return [*self.locals, *vars(builtins), *keyword.kwlist]
-        chain = _CHAIN.search(before[:-1])
-        if not chain:
-            return []
-        try:
-            tree = ast.parse(chain.group(), mode="eval")
-            if not all(isinstance(node, _LOOKED_UP) for node in ast.walk(tree)):
-                return []
-            return dir(eval(compile(tree, self.filename, "eval"), self.locals))
-        except BaseException:
-            # Whatever an object of the script raises here, nobody asked for it.
-            return []
