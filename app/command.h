@@ -1,16 +1,42 @@
 #pragma once
 
+#include <QByteArray>
+#include <QList>
 #include <QString>
-#include <QStringList>
 
 /// The commands of the command line. Each takes the arguments behind its name and gives the process's exit code:
 /// 0 when it is done, 1 when it failed, 2 when its arguments don't fit. A failure is one line on standard error.
 namespace app {
 
-int runScript(const QStringList& arguments);
-int newProject(const QStringList& arguments);
-int projectInfo(const QStringList& arguments);
-int openDesk(const QStringList& arguments);
+int runScript(const QList<QByteArray>& arguments);
+int newProject(const QList<QByteArray>& arguments);
+int projectInfo(const QList<QByteArray>& arguments);
+int openDesk(const QList<QByteArray>& arguments);
+
+/// How a command is called, for its help and for who misuses it.
+struct Usage {
+    const char* name;
+    const char* arguments; ///< As they stand behind the name.
+    const char* text;      ///< A sentence on what it does.
+    const char* options;   ///< A line each, without those that every command has.
+};
+
+inline constexpr Usage runUsage = {
+    "run", "[--project DIR [--read-only]] [--verbose] SCRIPT [ARGUMENT...]",
+    "Runs a Python script with the module brindle at hand. What stands behind SCRIPT is the script's.",
+    "  --project DIR  Opens this project for the script.\n"
+    "  --read-only    Opens it also where another process has it open; it can be saved elsewhere only.\n"
+    "  --verbose      Writes the lines for developers to standard error as well.\n"};
+inline constexpr Usage deskUsage = {
+    "desk", "[--new | --read-only] [--verbose] DIR [--run SCRIPT [ARGUMENT...]]",
+    "Opens a project in a window with a script console and the log. What stands behind SCRIPT is the script's.",
+    "  --new          Makes a new project.\n"
+    "  --read-only    Opens it also where another process has it open; it can be saved elsewhere only.\n"
+    "  --verbose      Shows the lines for developers as well.\n"
+    "  --run SCRIPT   Runs a Python script when the window is open.\n"};
+inline constexpr Usage newUsage = {"new", "DIR", "Makes a new project folder.", ""};
+inline constexpr Usage infoUsage = {"info", "DIR",
+                                    "Tells what is in a project, also in one that another process has open.", ""};
 
 constexpr int done = 0;
 constexpr int failed = 1;

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <clocale>
 
 namespace app {
@@ -9,35 +10,29 @@ namespace app {
 namespace {
 
 struct Command {
-    const char* name;
-    const char* arguments;
-    const char* text;
-    int (*run)(const QStringList&);
+    const Usage& usage;
+    int (*run)(const QList<QByteArray>&);
 };
 
 constexpr Command commands[] = {
-    {"run", "[--project DIR [--read-only]] [--verbose] SCRIPT [--] [ARGUMENT...]",
-     "Runs a Python script with the module brindle at hand.", &runScript},
-    {"desk", "[--new | --read-only] [--verbose] DIR [--run SCRIPT [ARGUMENT...]]",
-     "Opens a project in a window with a script console and the log.", &openDesk},
-    {"new", "DIR", "Makes a new project folder.", &newProject},
-    {"info", "DIR", "Tells what is in a project, also in one that another process has open.", &projectInfo},
-};
+    {runUsage, &runScript}, {deskUsage, &openDesk}, {newUsage, &newProject}, {infoUsage, &projectInfo}};
 
 QString help()
 {
     QString text = "Usage: brindle COMMAND ...\n\nScripts a 2D animation project.\n\nCommands:\n";
     for (const Command& command : commands)
-        text += QString("  brindle %1 %2\n      %3\n").arg(command.name, command.arguments, command.text);
-    return text + "\nOptions:\n  --help      Shows this text.\n  --version   Shows the version.\n\n"
+        text +=
+            QString("  brindle %1 %2\n      %3\n").arg(command.usage.name, command.usage.arguments, command.usage.text);
+    return text + "\nbrindle COMMAND --help tells more of a command.\n\n"
+                  "Options:\n  --help      Shows this text.\n  --version   Shows the version.\n\n"
                   "Exit codes: 0 done, 1 failed, 2 wrong arguments; run and desk give a script's own.\n";
 }
 
-int execute(QStringList arguments)
+int execute(QList<QByteArray> arguments)
 {
     if (arguments.isEmpty())
         return fail("A command is missing; brindle --help lists them.", misused);
-    const QString name = arguments.takeFirst();
+    const QByteArray name = arguments.takeFirst();
     if (name == "--help" || name == "-h" || name == "help") {
         print(help());
         return done;
@@ -47,10 +42,11 @@ int execute(QStringList arguments)
         return done;
     }
     for (const Command& command : commands) {
-        if (name == command.name)
+        if (name == command.usage.name)
             return command.run(arguments);
     }
-    return fail(QString("There is no command \"%1\"; brindle --help lists them.").arg(name), misused);
+    return fail(QString("There is no command \"%1\"; brindle --help lists them.").arg(QString::fromUtf8(name)),
+                misused);
 }
 
 } // namespace
@@ -59,8 +55,10 @@ int execute(QStringList arguments)
 
 int main(int count, char** arguments)
 {
-    const QCoreApplication application(count, arguments);
+    // The arguments are all our own: Qt would take some of them for itself.
+    int own = std::min(count, 1);
+    const QCoreApplication application(own, arguments);
     // Qt takes on the person's locale for all; numbers in texts and scripts keep their ".".
     std::setlocale(LC_NUMERIC, "C");
-    return app::execute(QCoreApplication::arguments().mid(1));
+    return app::execute(QList<QByteArray>(arguments + own, arguments + count));
 }

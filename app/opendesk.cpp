@@ -12,12 +12,11 @@ namespace app {
 
 /// The windows are a program of their own beside this one: what draws them costs the other commands nothing. It takes
 /// this process over, and gives its exit code.
-int openDesk(const QStringList& arguments)
+int openDesk(const QList<QByteArray>& arguments)
 {
     const QByteArray program = QFile::encodeName(QCoreApplication::applicationDirPath() + "/brindle-desk");
     QList<QByteArray> texts = {program};
-    for (const QString& argument : arguments)
-        texts.append(argument.toLocal8Bit());
+    texts += arguments;
     std::vector<char*> pointers;
     for (QByteArray& text : texts)
         pointers.push_back(text.data());

@@ -1,4 +1,4 @@
-#include "app/command.h"
+#include "app/arguments.h"
 
 #include "core/host/mo_node.h"
 #include "core/host/sc_resolution.h"
@@ -12,15 +12,38 @@
 #include <QLocale>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace app {
 
 namespace {
 
-int usage(const char* command)
+/// The one folder that a command takes; none where there is only help or a failure to tell, with the exit code.
+std::optional<QString> takeFolder(const Usage& usage, const QList<QByteArray>& given, int& code)
 {
-    return fail(QString("Usage: brindle %1 DIR").arg(command), misused);
+    std::optional<QString> folder;
+    Arguments arguments(usage, given);
+    while (arguments.next()) {
+        if (arguments.isOption())
+            arguments.refuse();
+        else if (folder)
+            arguments.misfit();
+        else
+            folder = arguments.folder();
+    }
+    code = done;
+    if (arguments.isHelpAsked()) {
+        print(helpOf(usage));
+        return std::nullopt;
+    }
+    if (!folder)
+        arguments.misfit();
+    if (!arguments.error().isEmpty()) {
+        code = fail(arguments.error(), misused);
+        return std::nullopt;
+    }
+    return folder;
 }
 
 struct Counts {
@@ -76,7 +99,7 @@ QString resolutionLine(const SC_ProjectCommon& project)
         .arg(name, QString::number(resolution->width()), QString::number(resolution->height()));
 }
 
-/// Of the project's files; what is hidden is no part of it.
+/// The size of the project's files; hidden ones are no part of it.
 QString sizeLine(const QString& folder)
 {
     qint64 bytes = 0;
@@ -92,26 +115,30 @@ QString sizeLine(const QString& folder)
 
 } // namespace
 
-int newProject(const QStringList& arguments)
+int newProject(const QList<QByteArray>& arguments)
 {
-    if (arguments.size() != 1)
-        return usage("new");
+    int code = done;
+    const std::optional<QString> folder = takeFolder(newUsage, arguments, code);
+    if (!folder)
+        return code;
     const auto session = SC_SessionContext::create();
     QString error;
-    const SC_Project* project = session->projectManager()->createProject(arguments.first(), error);
+    const SC_Project* project = session->projectManager()->createProject(*folder, error);
     if (!project)
         return fail(error, failed);
     print(QString("Made %1\n").arg(brindle::engine::shown(project->path())));
     return done;
 }
 
-int projectInfo(const QStringList& arguments)
+int projectInfo(const QList<QByteArray>& arguments)
 {
-    if (arguments.size() != 1)
-        return usage("info");
+    int code = done;
+    const std::optional<QString> folder = takeFolder(infoUsage, arguments, code);
+    if (!folder)
+        return code;
     const auto session = SC_SessionContext::create();
     QString error;
-    const SC_Project* project = session->projectManager()->openProjectReadOnly(arguments.first(), error);
+    const SC_Project* project = session->projectManager()->openProjectReadOnly(*folder, error);
     if (!project)
         return fail(error, failed);
     const SC_ProjectCommon& common = *project->projectCommon();

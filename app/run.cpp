@@ -1,12 +1,12 @@
-#include "app/command.h"
-
+#include "app/arguments.h"
 #include "app/pythonlibrary.h"
 #include "core/frame/scriptenginegenerator.h"
 #include "core/frame/vectorizationinterface.h"
 #include "engine/engine.h"
 
-#include <QFileInfo>
+#include <QFile>
 
+#include <sys/stat.h>
 #include <cstdio>
 
 namespace app {
@@ -19,49 +19,47 @@ struct RunOptions {
     QString project;
     bool readOnly = false;
     bool verbose = false;
-    QStringList script; ///< The path and its own arguments.
-    QString error;
+    QList<QByteArray> script; ///< The path and its own arguments.
 };
 
-/// Takes an option of this command off the front of the arguments; false where there is none.
-bool takeOption(QStringList& arguments, RunOptions& options)
+/// Takes the option that the arguments have come to.
+void take(Arguments& arguments, RunOptions& options)
 {
-    const QString name = arguments.value(0);
-    if (name == "--project" && arguments.size() < 2)
-        options.error = "--project needs a folder.";
-    else if (name == "--project")
-        options.project = arguments.takeAt(1);
-    else if (name == "--read-only")
+    const QByteArray& name = arguments.value();
+    if (name == "--project") {
+        if (arguments.takeFor("--project needs a folder."))
+            options.project = arguments.folder();
+    } else if (name == "--read-only") {
         options.readOnly = true;
-    else if (name == "--verbose")
+    } else if (name == "--verbose") {
         options.verbose = true;
-    else
-        return false;
-    arguments.removeFirst();
-    return true;
+    } else {
+        arguments.refuse();
+    }
 }
 
-/// Options stand ahead of the script or right behind it. What follows another argument, or "--", is the script's own.
-RunOptions optionsIn(QStringList arguments)
+/// Options stand ahead of the script. What stands behind it is its own.
+RunOptions optionsIn(Arguments& arguments)
 {
     RunOptions options;
-    while (takeOption(arguments, options)) {
+    while (arguments.next()) {
+        if (arguments.isOption())
+            take(arguments, options);
+        else
+            options.script = QList<QByteArray>{arguments.value()} + arguments.takeRest();
     }
-    if (!options.error.isEmpty())
-        return options;
-    if (arguments.isEmpty() || arguments.first().startsWith("--")) {
-        options.error = "Usage: brindle run [--project DIR [--read-only]] [--verbose] SCRIPT [--] [ARGUMENT...]";
-        return options;
-    }
-    options.script.append(arguments.takeFirst());
-    while (takeOption(arguments, options)) {
-    }
-    if (options.error.isEmpty() && options.readOnly && options.project.isEmpty())
-        options.error = "--read-only needs a project.";
-    if (arguments.value(0) == "--")
-        arguments.removeFirst();
-    options.script += arguments;
+    if (options.script.isEmpty())
+        arguments.misfit();
+    if (options.readOnly && options.project.isEmpty())
+        arguments.fail("--read-only needs a project.");
     return options;
+}
+
+/// Whether something stands there that can be read as a script, also a pipe.
+bool isScript(const QByteArray& path)
+{
+    struct stat info = {};
+    return ::stat(path.constData(), &info) == 0 && !S_ISDIR(info.st_mode);
 }
 
 /// Opens the project for the script; an empty text, or the reason why not.
@@ -80,13 +78,18 @@ QString openProject(SC_SessionContext& session, const RunOptions& options)
 
 } // namespace
 
-int runScript(const QStringList& arguments)
+int runScript(const QList<QByteArray>& given)
 {
+    Arguments arguments(runUsage, given);
     const RunOptions options = optionsIn(arguments);
-    if (!options.error.isEmpty())
-        return fail(options.error, misused);
-    if (!QFileInfo(options.script.first()).isFile())
-        return fail(QString("There is no script \"%1\".").arg(options.script.first()), failed);
+    if (arguments.isHelpAsked()) {
+        print(helpOf(runUsage));
+        return done;
+    }
+    if (!arguments.error().isEmpty())
+        return fail(arguments.error(), misused);
+    if (const QByteArray& script = options.script.first(); !isScript(script))
+        return fail(QString("There is no script \"%1\".").arg(QFile::decodeName(script)), failed);
 
     if (const QString reason = loadPythonLibrary(); !reason.isEmpty())
         return fail(QString("Scripting can't be loaded: %1").arg(reason), failed);
@@ -94,7 +97,7 @@ int runScript(const QStringList& arguments)
     brindle::engine::setBatchMode(brindle::engine::BatchMode::Python);
     brindle::engine::setLogVerbose(options.verbose);
     const brindle::engine::Application application("brindle", BRINDLE_VERSION, false);
-    const auto session = brindle::engine::createPythonSession();
+    auto session = brindle::engine::createPythonSession();
     Scripting::loadScriptInterface(session.get());
     OMC::VectorizationInterface::loadInterface(session.get());
     BAPP_ScriptEngine* scripts = application.scriptHost()->scriptEngine();
@@ -103,10 +106,13 @@ int runScript(const QStringList& arguments)
         return fail("Scripting can't be loaded; --verbose tells why.", failed);
     }
 
+    const auto end = [&session] {
+        Scripting::unloadProject(session.get());
+        session.reset();
+    };
     const QString error = openProject(*session, options);
-    const int code = error.isEmpty() ? scripts->run(options.script) : fail(error, failed);
+    const int code = error.isEmpty() ? scripts->run(options.script, end) : fail(error, failed);
 
-    Scripting::unloadProject(session.get());
     Scripting::unloadScriptInterface(session.get());
     Scripting::destroyScriptInterface(session.get());
     OMC::VectorizationInterface::unloadInterface();

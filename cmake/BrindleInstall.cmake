@@ -13,8 +13,8 @@ install(DIRECTORY core qtscript DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/brindle 
 # What a program of its own needs to start the open engine.
 install(FILES engine/engine.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/brindle/engine)
 
-# Debian's interpreter looks here, under the prefix it was installed to and under /usr/local.
-set(BRINDLE_PYTHON_DIR ${CMAKE_INSTALL_LIBDIR}/python3/dist-packages CACHE STRING
+# Debian's interpreter looks here where the prefix is /usr or /usr/local.
+set(BRINDLE_PYTHON_DIR lib/python${Python3_VERSION_MAJOR}.${Python3_VERSION_MINOR}/dist-packages CACHE STRING
     "Where the Python package goes, relative to the prefix")
 file(GLOB python_package_files CONFIGURE_DEPENDS
     ${PROJECT_SOURCE_DIR}/service/python/brindle/*.py ${PROJECT_SOURCE_DIR}/service/python/brindle/*.pyi
@@ -28,3 +28,10 @@ set_target_properties(BrindleObjectModelServiceLib PROPERTIES INSTALL_RPATH "$OR
 install(CODE "file(CREATE_LINK
     \"${package_to_libraries}/$<TARGET_FILE_NAME:BrindleObjectModelServiceLib>\"
     \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${BRINDLE_PYTHON_DIR}/brindle/_brindle.so\" SYMBOLIC)")
+# The command line finds the package at the libraries, wherever they are: in a folder that holds nothing else
+# (service/scriptengine.cpp looks there).
+set(own_package_dir ${CMAKE_INSTALL_LIBDIR}/brindle/python)
+file(RELATIVE_PATH own_to_package /${own_package_dir} /${BRINDLE_PYTHON_DIR}/brindle)
+install(DIRECTORY DESTINATION ${own_package_dir})
+install(CODE "file(CREATE_LINK \"${own_to_package}\"
+    \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${own_package_dir}/brindle\" SYMBOLIC)")

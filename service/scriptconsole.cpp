@@ -6,6 +6,9 @@
 #include "service/python/errors.h"
 #include "service/python/values.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace brindle {
 
 using python::PythonError;
@@ -13,16 +16,41 @@ using python::Ref;
 
 namespace {
 
+/// Bytes that the process was given, as Python reads its own arguments.
+PyObject* toPython(const QByteArray& bytes)
+{
+    return PyUnicode_DecodeFSDefaultAndSize(bytes.constData(), bytes.size());
+}
+
+PyObject* toPython(const QList<QByteArray>& all)
+{
+    Ref list(PyList_New(0));
+    for (const QByteArray& bytes : all) {
+        const Ref text(toPython(bytes));
+        if (!list || !text || PyList_Append(list.get(), text.get()) != 0)
+            return nullptr;
+    }
+    return list.release();
+}
+
+PyObject* toPython(const QString& text)
+{
+    return python::toPython(text);
+}
+
 /// Calls a method of the console; a new reference, or throws PythonError.
 template <typename... Values>
 Ref call(PyObject* console, const char* method, const Values&... values)
 {
     const Ref name(PyUnicode_FromString(method));
-    const Ref arguments[] = {Ref::borrow(console), Ref(python::toPython(values))...};
+    const Ref arguments[] = {Ref::borrow(console), Ref(toPython(values))...};
     PyObject* pointers[std::size(arguments)];
     for (std::size_t i = 0; i < std::size(arguments); ++i)
         pointers[i] = arguments[i].get();
-    Ref result(name ? PyObject_VectorcallMethod(name.get(), pointers, std::size(arguments), nullptr) : nullptr);
+    const bool isWhole =
+        std::all_of(std::begin(arguments), std::end(arguments), [](const Ref& each) { return bool(each); });
+    Ref result(name && isWhole ? PyObject_VectorcallMethod(name.get(), pointers, std::size(arguments), nullptr)
+                               : nullptr);
     if (!result)
         throw PythonError{};
     return result;
@@ -111,7 +139,7 @@ void ScriptConsole::discard()
     run("discard");
 }
 
-ScriptConsole::Outcome ScriptConsole::runFile(const QString& path, const QStringList& arguments)
+ScriptConsole::Outcome ScriptConsole::runFile(const QByteArray& path, const QList<QByteArray>& arguments)
 {
     return run("run_file", path, arguments);
 }

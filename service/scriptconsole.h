@@ -22,7 +22,7 @@ public:
     Outcome push(const QString& line) override;
     Outcome pushBlock(const QString& text) override;
     void discard() override;
-    Outcome runFile(const QString& path, const QStringList& arguments) override;
+    Outcome runFile(const QByteArray& path, const QList<QByteArray>& arguments) override;
     int exitCode() const override { return m_exitCode; }
     void interrupt() override;
     Completion complete(const QString& line) override;

@@ -3,6 +3,7 @@
 #include "core/frame/mainthreadstate.h"
 #include "core/frame/pythonthread.h"
 #include "core/host/pl_applock.h"
+#include "service/python/enginegate.h"
 #include "service/python/eventpump.h"
 #include "service/python/interpreter.h"
 #include "service/python/values.h"
@@ -12,6 +13,8 @@
 
 #include <dlfcn.h>
 #include <cstdio>
+#include <cstdlib>
+#include <utility>
 
 namespace brindle {
 
@@ -19,19 +22,26 @@ using python::Ref;
 
 namespace {
 
-/// The folder beside this library that holds the Python package, or an empty text where it is installed for all.
+/// Where the Python package stands, from this library's folder: in a build, and installed. Nothing else is in there,
+/// so that a search path that begins with it hides no other package.
+constexpr const char* packageFolders[] = {"/../python", "/brindle/python"};
+
 QByteArray packageFolder()
 {
     Dl_info own{};
     if (!dladdr(reinterpret_cast<void*>(&packageFolder), &own))
         return {};
-    const QString folder = QFileInfo(QFile::decodeName(own.dli_fname)).canonicalPath() + "/../python";
-    return QFileInfo::exists(folder + "/brindle/__init__.py") ? QFile::encodeName(folder) : QByteArray();
+    const QString libraries = QFileInfo(QFile::decodeName(own.dli_fname)).canonicalPath();
+    for (const char* path : packageFolders) {
+        if (QFileInfo::exists(libraries + path + "/brindle/__init__.py"))
+            return QFile::encodeName(libraries + path);
+    }
+    return {};
 }
 
 /// Begins an interpreter with these arguments, the first of which is a script's path; with none, one without a script.
 /// Gives the reason of a failure, an empty text else.
-QString initialize(const QStringList& arguments)
+QString initialize(const QList<QByteArray>& arguments)
 {
     if (Py_IsInitialized())
         return QStringLiteral("it runs already");
@@ -41,12 +51,9 @@ QString initialize(const QStringList& arguments)
     QByteArray path = qgetenv("PYTHONPATH");
     if (const QByteArray folder = packageFolder(); !folder.isEmpty())
         path = path.isEmpty() ? folder : folder + ':' + path;
-    QList<QByteArray> texts;
     std::vector<char*> pointers;
-    for (const QString& argument : arguments)
-        texts.append(argument.toLocal8Bit());
-    for (QByteArray& text : texts)
-        pointers.push_back(text.data());
+    for (const QByteArray& argument : arguments)
+        pointers.push_back(const_cast<char*>(argument.constData()));
 
     PyStatus status = PyConfig_SetBytesString(&config, &config.program_name, "/usr/bin/python3");
     if (!PyStatus_Exception(status))
@@ -91,14 +98,19 @@ ScriptEngine::~ScriptEngine()
     Py_FinalizeEx();
 }
 
-int ScriptEngine::run(const QStringList& arguments)
+int ScriptEngine::run(const QList<QByteArray>& arguments, std::function<void()> ended)
 {
+    python::setAfterInterpreter(std::move(ended));
     if (const QString reason = initialize(arguments); !reason.isEmpty()) {
         std::fprintf(stderr, "brindle: Python can't start: %s\n", reason.toLocal8Bit().constData());
         return 1;
     }
     const Stay inPython;
-    return Py_RunMain();
+    const int code = Py_RunMain();
+    // What a process that was forked off in the middle of an operation has of the engine may not be destroyed.
+    if (python::EngineGate::isCutOff())
+        std::exit(code);
+    return code;
 }
 
 bool ScriptEngine::start(QString& error)

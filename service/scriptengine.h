@@ -3,7 +3,8 @@
 #include "core/host/application.h"
 #include "service/scriptconsole.h"
 
-#include <QStringList>
+#include <QByteArray>
+#include <QList>
 
 #include <memory>
 
@@ -21,7 +22,7 @@ public:
     ScriptEngine& operator=(const ScriptEngine&) = delete;
     ~ScriptEngine() override; ///< Ends an interpreter that was started.
 
-    int run(const QStringList& arguments) override;
+    int run(const QList<QByteArray>& arguments, std::function<void()> ended) override;
     bool start(QString& error) override;
     bool execute(const QString& statements) override;
     BAPP_ScriptConsole* console() override;

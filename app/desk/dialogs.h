@@ -6,7 +6,7 @@ class QWidget;
 
 namespace app::desk {
 
-/// What the window asks the person, and tells, in a dialog. Each waits for the answer.
+/// The dialogs of the window: its questions to the person, and its messages. Each waits for the answer.
 class Dialogs {
 public:
     virtual ~Dialogs() = default;

@@ -30,7 +30,7 @@ private:
 
     MessageQueue m_arriving;
     QList<Message> m_messages; ///< All that are kept, shown or not.
-    qsizetype m_size = 0;      ///< Of them, in characters.
+    qsizetype m_size = 0;      ///< Their length in characters.
     TextView* m_view;
     QCheckBox* m_debug;
 };

@@ -1,9 +1,9 @@
-#include "app/command.h"
+#include "app/arguments.h"
 #include "app/desk/desk.h"
 
 #include <QApplication>
-#include <QFile>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdlib>
 #include <optional>
@@ -51,17 +51,18 @@ private:
 int main(int count, char** arguments)
 {
     std::setlocale(LC_ALL, "");
-    QStringList texts;
-    for (int i = 1; i < count; ++i)
-        texts.append(QFile::decodeName(arguments[i]));
-    const app::desk::Options options = app::desk::optionsFrom(texts);
+    int own = std::min(count, 1);
+    const app::desk::Options options = app::desk::optionsFrom({arguments + own, arguments + count});
+    if (options.help) {
+        app::print(app::helpOf(app::deskUsage));
+        return app::done;
+    }
     if (!options.error.isEmpty())
         return app::fail(options.error, app::misused);
     if (!hasDisplay())
         return app::fail(QString(noDisplay) + u'.', app::failed);
 
-    // The arguments are all our own.
-    int own = 1;
+    // The arguments are all our own: Qt would take some of them for itself.
     std::optional<Start> start(std::in_place);
     const QApplication application(own, arguments);
     start.reset();

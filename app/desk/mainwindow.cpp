@@ -7,6 +7,7 @@
 
 #include <QCloseEvent>
 #include <QDockWidget>
+#include <QFile>
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QStandardPaths>
@@ -93,7 +94,7 @@ void MainWindow::leave(int exitCode)
     close();
 }
 
-void MainWindow::runAtStart(const QStringList& script)
+void MainWindow::runAtStart(const QList<QByteArray>& script)
 {
     if (const std::optional<int> code = m_console->runFile(script.first(), script.mid(1)))
         leave(*code);
@@ -105,7 +106,7 @@ void MainWindow::runScript()
     const QString path = m_dialogs.askScript(this, QFileInfo(m_project.path()).path());
     if (path.isEmpty())
         return;
-    if (const std::optional<int> code = m_console->runFile(path))
+    if (const std::optional<int> code = m_console->runFile(QFile::encodeName(path)))
         statusBar()->showMessage(tr("The script ended with exit code %1.").arg(*code), messageTime);
 }
 

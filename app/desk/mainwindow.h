@@ -18,9 +18,9 @@ class MainWindow final : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// What is kept of a person from one run to the next; an empty path keeps nothing.
+    /// The files that keep a person's window and history from one run to the next; an empty path keeps nothing.
     struct Files {
-        QString history;   ///< What was typed into the console.
+        QString history;   ///< The lines that were typed into the console.
         QString placement; ///< Where the window and its docks stood.
         static Files ofUser();
     };
@@ -37,10 +37,10 @@ public:
 
     /// Closes the window because a script asked to end the process; the person may still decide to stay.
     void leave(int exitCode);
-    int exitCode() const { return m_exitCode; } ///< What the process is to end with.
+    int exitCode() const { return m_exitCode; } ///< The exit code that the process is to give.
 
     /// Runs a script that ends the process if it asks for that.
-    void runAtStart(const QStringList& script);
+    void runAtStart(const QList<QByteArray>& script);
 
 protected:
     void closeEvent(QCloseEvent* event) override;

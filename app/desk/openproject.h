@@ -19,7 +19,7 @@ public:
     explicit OpenProject(SC_SessionContext& session);
 
     bool isOpen() const { return project(); }
-    QString name() const; ///< That of its folder. Empty without a project, like the next.
+    QString name() const; ///< The name of its folder. Empty without a project, like the path.
     QString path() const;
     bool isReadOnly() const; ///< Whether it can be saved in another folder only.
     bool isModified() const;

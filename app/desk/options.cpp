@@ -1,53 +1,49 @@
 #include "app/desk/options.h"
 
+#include "app/arguments.h"
+
 namespace app::desk {
 
 namespace {
 
-constexpr char usage[] = "Usage: brindle desk [--new | --read-only] [--verbose] DIR [--run SCRIPT [ARGUMENT...]]";
-
-/// Whether the name is that of an option, which is then set.
-bool set(Options& options, const QString& name)
+/// Takes the option that the arguments have come to.
+void take(Arguments& arguments, Options& options)
 {
-    if (name == "--new")
+    const QByteArray& name = arguments.value();
+    if (name == "--new") {
         options.make = true;
-    else if (name == "--read-only")
+    } else if (name == "--read-only") {
         options.readOnly = true;
-    else if (name == "--verbose")
+    } else if (name == "--verbose") {
         options.verbose = true;
-    else
-        return false;
-    return true;
-}
-
-QString errorOf(const Options& options)
-{
-    if (options.project.isEmpty())
-        return usage;
-    return options.make && options.readOnly ? QString("--new and --read-only don't go together.") : QString();
+    } else if (name == "--run") {
+        if (arguments.takeFor("--run needs a script."))
+            options.script = QList<QByteArray>{arguments.value()} + arguments.takeRest();
+    } else {
+        arguments.refuse();
+    }
 }
 
 } // namespace
 
-Options optionsFrom(QStringList arguments)
+Options optionsFrom(const QList<QByteArray>& given)
 {
     Options options;
-    while (!arguments.isEmpty()) {
-        const QString argument = arguments.takeFirst();
-        if (set(options, argument))
-            continue;
-        if (argument == "--run") {
-            options.script = arguments;
-            options.error = arguments.isEmpty() ? QString("--run needs a script.") : errorOf(options);
-            return options;
-        }
-        if (argument.startsWith("--") || !options.project.isEmpty()) {
-            options.error = usage;
-            return options;
-        }
-        options.project = argument;
+    Arguments arguments(deskUsage, given);
+    while (arguments.next()) {
+        if (arguments.isOption())
+            take(arguments, options);
+        else if (options.project.isEmpty())
+            options.project = arguments.folder();
+        else
+            arguments.misfit();
     }
-    options.error = errorOf(options);
+    options.help = arguments.isHelpAsked();
+    if (options.project.isEmpty())
+        arguments.misfit();
+    if (options.make && options.readOnly)
+        arguments.fail("--new and --read-only don't go together.");
+    options.error = arguments.error();
     return options;
 }
 

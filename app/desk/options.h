@@ -1,22 +1,24 @@
 #pragma once
 
+#include <QByteArray>
+#include <QList>
 #include <QString>
-#include <QStringList>
 
 namespace app::desk {
 
-/// What the command line asks of the desk.
+/// The options of the desk's command line.
 struct Options {
     QString project; ///< A folder.
     bool make = false;
     bool readOnly = false;
     bool verbose = false;
-    QStringList script; ///< Run at the start: its path and its own arguments. Empty for none.
+    QList<QByteArray> script; ///< Run at the start: its path and its own arguments. Empty for none.
 
-    QString error; ///< Why the arguments don't fit; empty when they do.
+    bool help = false; ///< Nothing else counts where it is asked for.
+    QString error;     ///< Why the arguments don't fit; empty when they do.
 };
 
 /// Reads the arguments behind the program's name. What stands behind --run's script is the script's own.
-Options optionsFrom(QStringList arguments);
+Options optionsFrom(const QList<QByteArray>& arguments);
 
 } // namespace app::desk

@@ -9,7 +9,7 @@ class Dialogs;
 class OpenProject;
 class ScriptRunner;
 
-/// What the person does with the open project: save, undo, redo. Each action is on when it can be done, which is never
+/// The actions on the open project: save, undo, redo. Each action is on when it can be done, which is never
 /// while a script runs; those of the history say what they would take on.
 class ProjectActions final : public QObject {
     Q_OBJECT

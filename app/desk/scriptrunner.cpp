@@ -25,7 +25,7 @@ ScriptRunner::Outcome ScriptRunner::pushBlock(const QString& text)
     return run([&] { return m_console.pushBlock(text); });
 }
 
-ScriptRunner::Outcome ScriptRunner::runFile(const QString& path, const QStringList& arguments)
+ScriptRunner::Outcome ScriptRunner::runFile(const QByteArray& path, const QList<QByteArray>& arguments)
 {
     return run([&] { return m_console.runFile(path, arguments); });
 }

@@ -21,11 +21,11 @@ public:
     /// Each does nothing, and gives Done, while a script runs.
     Outcome push(const QString& line);
     Outcome pushBlock(const QString& text);
-    Outcome runFile(const QString& path, const QStringList& arguments = {});
+    Outcome runFile(const QByteArray& path, const QList<QByteArray>& arguments = {});
     void discard();
 
     void interrupt();
-    int exitCode() const { return m_console.exitCode(); } ///< Of the last script that asked to leave.
+    int exitCode() const { return m_console.exitCode(); } ///< The code of the last script that asked to leave.
     BAPP_ScriptConsole::Completion complete(const QString& line);
     void setPrinter(BAPP_ScriptConsole::Printer printer) { m_console.setPrinter(std::move(printer)); }
 

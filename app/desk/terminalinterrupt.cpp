@@ -9,7 +9,7 @@ namespace app::desk {
 
 namespace {
 
-// What the handler uses: a signal has no other way to an object.
+// The state that the signal handler uses: it has no other way to an object.
 int channel[2] = {-1, -1};
 struct sigaction handlerOfInterpreter = {};
 volatile std::sig_atomic_t unanswered = 0;

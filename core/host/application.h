@@ -2,11 +2,14 @@
 
 #include "core/host/export.h"
 
+#include <QByteArray>
 #include <QImage>
 #include <QList>
 #include <QPolygonF>
 #include <QString>
 #include <QStringList>
+
+#include <functional>
 
 class BAPP_ScriptConsole;
 class BAPP_ScriptEngine;
@@ -54,8 +57,12 @@ class BRINDLE_HOST_EXPORT BAPP_ScriptEngine {
 public:
     virtual ~BAPP_ScriptEngine(); ///< Takes itself away from the application, where it is registered.
     /// Runs a script file, `arguments` beginning with its path, to the end of the interpreter, and gives the script's
-    /// exit code. Once a process, in place of `start`. A failure to begin is one line on standard error and 1.
-    virtual int run(const QStringList& arguments) = 0;
+    /// exit code. The arguments are bytes, as the process was given them. Once a process, in place of `start`. A
+    /// failure to begin is one line on standard error and 1.
+    ///
+    /// `ended` is called when the interpreter is gone. It is the place to close the project: a script that calls
+    /// sys.exit, or is interrupted, ends the process there, and `run` never returns.
+    virtual int run(const QList<QByteArray>& arguments, std::function<void()> ended) = 0;
     /// Starts the interpreter and leaves it, for an application that lives on. False, with the reason, on failure.
     virtual bool start(QString& error) = 0;
     /// Runs statements in the main module of a started interpreter. An exception goes to the script's own standard

@@ -2,6 +2,8 @@
 
 #include "core/host/export.h"
 
+#include <QByteArray>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -36,17 +38,19 @@ public:
     virtual Outcome pushBlock(const QString& text) = 0;
     /// Forgets the lines of a statement that isn't complete yet.
     virtual void discard() = 0;
-    /// Runs a script file, its arguments behind it. A file that can't be read is said like a failure of the script.
-    virtual Outcome runFile(const QString& path, const QStringList& arguments) = 0;
+    /// Runs a script file with these arguments; both are bytes, as the process was given them. A file that can't be
+    /// read is said like a failure of the script.
+    virtual Outcome runFile(const QByteArray& path, const QList<QByteArray>& arguments) = 0;
     virtual int exitCode() const = 0; ///< What the last script that asked to end the process gave.
 
     /// Raises KeyboardInterrupt in what runs; from an event that is handled meanwhile. Nothing while nothing runs.
     virtual void interrupt() = 0;
 
     struct Completion {
-        int start = 0;          ///< Where in the line the word begins that they stand for.
-        QStringList candidates; ///< In the order of the alphabet, each the whole word.
+        int start = 0;          ///< Where in the line the word, or the key, begins that they stand for.
+        QStringList candidates; ///< In the order of the alphabet, each the whole word or key.
     };
-    /// What the word at the end of the line may become: names and, behind a dot, attributes. No call is made for it.
+    /// What the end of the line may become: names, behind a dot attributes, in an opened text the keys of the object
+    /// that it is a key of. Nothing inside any other text. No call is made for it, but to ask the object.
     virtual Completion complete(const QString& line) = 0;
 };

@@ -1,8 +1,11 @@
 #include "service/python/interpreter.h"
 
+#include "service/python/enginegate.h"
+
 #include <unistd.h>
 #include <atomic>
 #include <thread>
+#include <utility>
 
 namespace brindle::python {
 
@@ -13,9 +16,19 @@ enum class Stage { NotBegun, Running, Ending, Gone };
 std::atomic<Stage> stage = Stage::NotBegun;
 std::atomic<std::thread::id> endingThread;
 
+/// Never destroyed: the process may be ending already.
+std::function<void()>& afterInterpreter()
+{
+    static auto* action = new std::function<void()>;
+    return *action;
+}
+
 void interpreterHasGone()
 {
     stage.store(Stage::Gone, std::memory_order_release);
+    const auto action = std::exchange(afterInterpreter(), nullptr);
+    if (action && !EngineGate::isCutOff())
+        action();
 }
 
 /// Runs what CPython may end the thread in. The unwinding comes without an exception object, so it is known by what it
@@ -46,6 +59,11 @@ void interpreterEnds()
 {
     endingThread.store(std::this_thread::get_id(), std::memory_order_relaxed);
     stage.store(Stage::Ending, std::memory_order_release);
+}
+
+void setAfterInterpreter(std::function<void()> action)
+{
+    afterInterpreter() = std::move(action);
 }
 
 bool canEnterInterpreter()

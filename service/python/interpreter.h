@@ -2,6 +2,8 @@
 
 #include "service/python/pyref.h"
 
+#include <functional>
+
 /// The interpreter that this library is loaded in: whether it can still be entered, and how a thread gets into it
 /// without being caught by its end.
 namespace brindle::python {
@@ -11,6 +13,9 @@ namespace brindle::python {
 bool interpreterBegins();
 /// The interpreter is about to end, on the calling thread, which alone enters it from now on.
 void interpreterEnds();
+/// What is to be done once the interpreter is gone, on the thread that ended it: at the end of a script, and where
+/// sys.exit or an interrupt ends the process. Not in a process whose engine can't be used any more (`EngineGate`).
+void setAfterInterpreter(std::function<void()> action);
 /// Whether the calling thread may enter the interpreter, or is in it already.
 bool canEnterInterpreter();
 

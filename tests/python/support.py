@@ -148,7 +148,8 @@ def samples(app):
 
 def run(*arguments, timeout=120, **options):
     """Runs a program in a process of its own."""
-    return subprocess.run([*map(str, arguments)], capture_output=True, text=True, errors="replace", timeout=timeout,
+    texts = [each if isinstance(each, bytes) else str(each) for each in arguments]
+    return subprocess.run(texts, capture_output=True, text=True, errors="replace", timeout=timeout,
                           **options)
 
 
@@ -160,6 +161,12 @@ def run_python(script, *arguments, **options):
 def run_command(*arguments, **options):
     """Runs the command line."""
     return run(COMMAND, *arguments, **options)
+
+
+def no_option(command, name):
+    """What a command says about an option that it doesn't have."""
+    return (f'brindle: There is no option "{name}"; brindle {command} --help lists them. '
+            'A name that begins with "-" stands behind "--".\n')
 
 
 def message_of(call, *arguments, error=brindle.Error):

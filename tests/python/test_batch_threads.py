@@ -51,7 +51,7 @@ def batch(tmp_path):
 
     def run(text, *options, timeout=60):
         script.write_text(FRAME + text)
-        done = support.run_command("run", script, "--project", folder, *options, timeout=timeout)
+        done = support.run_command("run", "--project", folder, *options, script, timeout=timeout)
         return done.returncode, done.stdout, done.stderr
 
     return run

@@ -1,13 +1,15 @@
 """The command line: what it prints, its exit codes, its errors in one line."""
 
 import os
+import signal
+import subprocess
 
 import brindle
 import pytest
 
 import support
 
-USAGE_RUN = "brindle: Usage: brindle run [--project DIR [--read-only]] [--verbose] SCRIPT [--] [ARGUMENT...]\n"
+USAGE_RUN = "brindle: Usage: brindle run [--project DIR [--read-only]] [--verbose] SCRIPT [ARGUMENT...]\n"
 
 
 @pytest.fixture
@@ -34,11 +36,16 @@ def run(*arguments, **options):
     (("--paint",), 2, 'brindle: There is no command "--paint"; brindle --help lists them.\n'),
     (("new",), 2, "brindle: Usage: brindle new DIR\n"), (("new", "a", "b"), 2, "brindle: Usage: brindle new DIR\n"),
     (("info",), 2, "brindle: Usage: brindle info DIR\n"), (("info", "a", "b"), 2, "brindle: Usage: brindle info DIR\n"),
-    (("run",), 2, USAGE_RUN), (("run", "--paint", "a.py"), 2, USAGE_RUN), (("run", "--project", "a"), 2, USAGE_RUN),
+    (("run",), 2, USAGE_RUN), (("run", "--paint", "a.py"), 2, support.no_option("run", "--paint")), (("run", "--"), 2, USAGE_RUN),
+    (("run", "-x.py"), 2, support.no_option("run", "-x.py")), (("new", "--paint"), 2, support.no_option("new", "--paint")),
+    (("info", "-walk"), 2, support.no_option("info", "-walk")), (("new", "-", "a"), 2, "brindle: Usage: brindle new DIR\n"), (("run", "--project", "a"), 2, USAGE_RUN),
     (("run", "--project"), 2, "brindle: --project needs a folder.\n"),
+    (("run", "--read-only", "a.py"), 2, "brindle: --read-only needs a project.\n"),
     (("run", "nowhere.py"), 1, 'brindle: There is no script "nowhere.py".\n'),
     (("run", "/"), 1, 'brindle: There is no script "/".\n'),
     (("run", "--project", "a", "nowhere.py"), 1, 'brindle: There is no script "nowhere.py".\n'),
+    (("run", "--", "-x.py"), 1, 'brindle: There is no script "-x.py".\n'),
+    (("new", b"walk\xff"), 2, 'brindle: The name "walk\ufffd" is no text in UTF-8.\n'),
     (("new", ""), 1, "brindle: Cannot create the project: the path is empty.\n"),
     (("info", "/nowhere"), 1, 'brindle: Cannot open the project: "/nowhere" does not exist.\n'),
     (("info", "/dev/null"), 1, 'brindle: Cannot open the project: "/dev/null" is a file, not a folder.\n'),
@@ -52,8 +59,29 @@ def test_a_failure_is_one_line_on_standard_error(tmp_path, arguments, code, erro
 def test_help_lists_the_commands(name):
     code, text, error = run(name)
     assert (code, error) == (0, "")
-    for part in ("run [--project DIR [--read-only]] [--verbose] SCRIPT [--] [ARGUMENT...]", "new DIR", "info DIR", "--version", "Exit codes"):
+    for part in ("run [--project DIR [--read-only]] [--verbose] SCRIPT [ARGUMENT...]", "new DIR", "info DIR", "--version", "Exit codes"):
         assert part in text
+
+
+@pytest.mark.parametrize("name", ["--help", "-h"])
+@pytest.mark.parametrize("arguments, usage, part", [
+    (("new",), "brindle new DIR\n", "Makes a new project folder."), (("new", "walk"), "brindle new DIR\n", "--help"),
+    (("info",), "brindle info DIR\n", "Tells what is in a project"),
+    (("run",), USAGE_RUN.removeprefix("brindle: Usage: "), "--verbose"),
+    (("run", "--project", "walk"), USAGE_RUN.removeprefix("brindle: Usage: "), "--read-only"),
+])
+def test_each_command_has_its_help(tmp_path, arguments, usage, part, name):
+    code, text, error = run(*arguments, name, cwd=tmp_path)
+    assert (code, error) == (0, "")
+    assert text.startswith("Usage: " + usage) and part in text
+    assert list(tmp_path.iterdir()) == []
+
+
+@pytest.mark.parametrize("name", ["-walk", "--help", "--", "-"])
+def test_a_project_may_have_the_name_of_an_option(tmp_path, name):
+    assert run("new", "--", name, cwd=tmp_path) == (0, f"Made {tmp_path}/{name}\n", "")
+    code, text, error = run("info", "--", name, cwd=tmp_path)
+    assert (code, error) == (0, "") and text.startswith(f"Project: {tmp_path}/{name}\n")
 
 
 def test_version_tells_the_version():
@@ -105,21 +133,39 @@ def test_the_script_gets_its_arguments(script, tmp_path):
 
 
 @pytest.mark.parametrize("arguments, seen", [
-    (("SCRIPT", "--project", "DIR"), []), (("SCRIPT", "--verbose", "--project", "DIR", "--", "--project", "x"), ["--project", "x"]),
-    (("--verbose", "SCRIPT", "--project", "DIR", "a", "--verbose"), ["a", "--verbose"]),
-    (("--project", "DIR", "SCRIPT", "--", "--"), ["--"]), (("--project", "nowhere", "--project", "DIR", "SCRIPT"), []),
+    (("--project", "DIR", "SCRIPT", "--project", "x"), ["--project", "x"]),
+    (("--verbose", "--project", "DIR", "SCRIPT", "--verbose", "-h", "--help"), ["--verbose", "-h", "--help"]),
+    (("--project", "DIR", "SCRIPT", "--", "--"), ["--", "--"]), (("--project", "DIR", "--", "SCRIPT", "--"), ["--"]),
+    (("--project", "nowhere", "--project", "DIR", "SCRIPT", "-qmljsdebugger=port:1"), ["-qmljsdebugger=port:1"]),
+    (("--project", "DIR", "SCRIPT", "--read-only", "--paint"), ["--read-only", "--paint"]),
 ])
-def test_options_stand_ahead_of_the_script_or_right_behind_it(script, project, arguments, seen):
+def test_options_stand_ahead_of_the_script_and_its_own_behind_it(script, project, arguments, seen):
     path = script("import brindle, sys; print(sys.argv[1:], brindle.application().scene.name)")
     places = {"SCRIPT": path, "DIR": project}
     code, out, error = run("run", *(places.get(argument, argument) for argument in arguments))
     assert (code, out, error) == (0, f"{seen} Scene-1\n", "")
 
 
-def test_an_option_behind_the_script_may_be_wrong_too(script):
-    path = script("print('ran')")
-    assert run("run", path, "--project") == (2, "", "brindle: --project needs a folder.\n")
-    assert run("run", path, "--read-only") == (2, "", "brindle: --read-only needs a project.\n")
+@pytest.mark.parametrize("argument", [b"\xff", b"a\xc3", b"\xed\xa0\x80", "ä\U0001f600".encode(), b"\xc3\xa4\xfe b"])
+def test_bytes_that_are_no_text_reach_the_script_as_python_gives_them(script, argument):
+    text = "import os, sys; print([os.fsencode(each) for each in sys.argv[1:]], ascii(sys.argv[1:]))"
+    expected = subprocess.run([support.PYTHON, script(text), argument], capture_output=True, check=True).stdout
+    done = subprocess.run([support.COMMAND, "run", script(text), argument], capture_output=True)
+    assert (done.returncode, done.stdout, done.stderr) == (0, expected, b"")
+    assert expected.decode().startswith(str([argument]))
+
+
+def test_the_scripts_name_needs_be_no_text(tmp_path):
+    path = os.fsencode(tmp_path) + b"/\xff.py"
+    with open(path, "w") as file:
+        file.write("import os, sys; print(os.fsencode(sys.argv[0]) == os.fsencode(__file__))")
+    done = subprocess.run([support.COMMAND, "run", path], capture_output=True)
+    assert (done.returncode, done.stdout, done.stderr) == (0, b"True\n", b"")
+
+
+def test_a_script_may_come_through_a_pipe():
+    done = support.run("bash", "-c", 'exec "$0" run <(echo "print(5)")', support.COMMAND)
+    assert (done.returncode, done.stdout, done.stderr) == (0, "5\n", "")
 
 
 @pytest.mark.parametrize("options, debug", [((), ""), (("--verbose",), "Debug: a detail\n")])
@@ -134,7 +180,7 @@ app.debug("a detail")
 app.error("another error ä")
 """)
     lines = f"a trace\nError: an error\nan errors\n{debug}Error: another error ä\n"
-    assert run("run", *options, path, "--project", project) == (0, "", lines)
+    assert run("run", *options, "--project", project, path) == (0, "", lines)
 
 
 def test_the_script_finds_the_modules_beside_it(script, tmp_path):
@@ -169,6 +215,62 @@ def test_a_script_that_does_not_save_changes_nothing(script, project):
     path = script("import brindle; brindle.application().scene.frame_count = 12")
     assert run("run", "--project", project, path) == (0, "", "")
     assert support.files(project) == before
+
+
+ENDS = {
+    "end": ("", 0), "exit": ("sys.exit()", 0), "exit 0": ("sys.exit(0)", 0), "exit 7": ("sys.exit(7)", 7),
+    "exit text": ("sys.exit('bad')", 1), "exception": ("1 / 0", 1),
+    "interrupt": ("raise KeyboardInterrupt", -signal.SIGINT), "signal": ("signal.raise_signal(signal.SIGINT)", -signal.SIGINT),
+    "in a function": ("def f(): sys.exit(4)\nf()", 4), "while locked": ("with app.locked(): sys.exit(4)", 4),
+    "with a thread": ("threading.Thread(target=time.sleep, args=(0.2,)).start(); sys.exit(3)", 3),
+    "with a daemon": ("threading.Thread(target=time.sleep, args=(100,), daemon=True).start(); sys.exit(3)", 3),
+    "inside a bracket": ("app.project.history.begin('x'); app.scene.frame_count = 5; sys.exit(6)", 6),
+    "at exit": ("import atexit; atexit.register(lambda: print(app.scene.name, file=open(os.devnull, 'w'))); sys.exit(2)", 2),
+}
+
+
+@pytest.mark.parametrize("imported", [True, False])
+@pytest.mark.parametrize("end, code", ENDS.values(), ids=ENDS)
+def test_the_end_of_a_script_closes_the_project_and_gives_pythons_exit_code(script, project, end, code, imported):
+    before = sorted(os.listdir(project))
+    modules = "import os, signal, sys, threading, time"
+    if imported:
+        path = script(f"import brindle\n{modules}\napp = brindle.application()\n{end}")
+    elif "app" in end:
+        return
+    else:
+        path = script(f"{modules}\n{end}")
+    assert run("run", "--project", project, path)[0] == code
+    assert sorted(os.listdir(project)) == before
+    if imported:
+        path = script(f"import brindle\n{modules}\napp = brindle.open(sys.argv[1])\n{end}")
+        assert run("run", path, project)[0] == code
+        assert sorted(os.listdir(project)) == before
+
+
+def test_a_script_that_is_interrupted_from_outside_closes_the_project(script, project):
+    path = script("import time\nprint('ready', flush=True)\ntime.sleep(60)")
+    process = subprocess.Popen([support.COMMAND, "run", "--project", project, path], text=True, stdout=subprocess.PIPE,
+                               stderr=subprocess.PIPE)
+    assert process.stdout.readline() == "ready\n" and (project / support.LOCK).exists()
+    process.send_signal(signal.SIGINT)
+    _, error = process.communicate(timeout=60)
+    assert process.returncode == -signal.SIGINT and error.endswith("KeyboardInterrupt\n")
+    assert not (project / support.LOCK).exists()
+
+
+def test_a_child_that_exits_leaves_the_project_to_its_parent(script, project):
+    path = script("""
+import brindle, os, sys
+app = brindle.application()
+if os.fork() == 0:
+    sys.exit(3)
+print(os.waitstatus_to_exitcode(os.wait()[1]), os.path.exists(sys.argv[1]))
+app.scene.frame_count = 12
+app.save()
+""")
+    assert run("run", "--project", project, path, project / support.LOCK) == (0, "3 True\n", "")
+    assert not (project / support.LOCK).exists()
 
 
 def test_a_project_that_cannot_be_opened_is_one_line_and_the_script_does_not_run(script, tmp_path):

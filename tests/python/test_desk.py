@@ -39,6 +39,7 @@ def start(environment):
         started.append(process)
         return process
 
+    run.environment = environment
     yield run
     for process in started:
         process.kill()
@@ -69,7 +70,7 @@ def end_of(process):
 
 
 @pytest.mark.parametrize("arguments, code, error", [
-    ((), 2, USAGE), (("--paint", "a"), 2, USAGE), (("a", "b"), 2, USAGE),
+    ((), 2, USAGE), (("--paint", "a"), 2, support.no_option("desk", "--paint")), (("-walk",), 2, support.no_option("desk", "-walk")), (("a", "b"), 2, USAGE),
     (("a", "--run"), 2, "brindle: --run needs a script.\n"),
     (("--new", "--read-only", "a"), 2, "brindle: --new and --read-only don't go together.\n"),
     (("/nowhere",), 1, 'brindle: Cannot open the project: "/nowhere" does not exist.\n'),
@@ -78,6 +79,29 @@ def end_of(process):
 def test_a_failure_is_one_line_on_standard_error(start, arguments, code, error):
     process = start(*arguments)
     assert end_of(process) == (code, "", error)
+
+
+@pytest.mark.parametrize("name", ["-h", "--help"])
+def test_help_needs_no_display(start, environment, name):
+    bare = {name: value for name, value in environment.items() if name not in ("QT_QPA_PLATFORM", "DISPLAY")}
+    code, out, error = end_of(start("--new", name, env=bare))
+    assert (code, error) == (0, "") and out.startswith(USAGE.removeprefix("brindle: ")) and "--read-only" in out
+
+
+def test_a_project_whose_name_begins_with_a_dash_stands_behind_two(desk, tmp_path, start):
+    script = tmp_path / "script.py"
+    script.write_text("raise SystemExit(3)")
+    assert end_of(start("--new", "--", "-walk", "--run", script, cwd=tmp_path)) == (3, "", "")
+    assert (tmp_path / "-walk" / "project.json").exists()
+
+
+def test_bytes_that_are_no_text_reach_the_script(start, project, tmp_path):
+    name = os.fsencode(tmp_path) + b"/\xff.py"
+    with open(name, "w") as script:
+        script.write("import os, sys; print([os.fsencode(each) for each in sys.argv], file=sys.__stdout__); sys.exit(5)")
+    process = subprocess.run([support.COMMAND, "desk", project, "--run", name, b"a\xfe\xc3"], capture_output=True,
+                             env=start.environment, timeout=60)
+    assert (process.returncode, process.stdout.decode().strip()) == (5, str([name, b"a\xfe\xc3"]))
 
 
 def test_a_folder_without_a_project_is_opened_only_as_a_new_one(desk, tmp_path):
@@ -166,6 +190,23 @@ raise SystemExit(6)
     code, out, error = desk(project, script)
     assert (code, error) == (6, "")
     assert out == "Unable to access Object Model from another thread -- application must be locked.\nTrue\n"
+
+
+def test_the_console_drops_unsaved_changes_only_where_that_is_said(desk, project):
+    script = """
+import sys
+app.scene.frame_count = 12
+for more in ({}, {"discard": True}):
+    try:
+        brindle.create(sys.argv[1], **more)
+    except brindle.Error as error:
+        print(error, file=sys.__stdout__)
+print(brindle.application().scene.frame_count, file=sys.__stdout__)
+raise SystemExit
+"""
+    sentence = (f'Cannot create the project: "{project}" has unsaved changes; save or close it first, or discard them '
+                "with brindle.create(path, discard=True).\n")
+    assert desk(project, script, project.with_name("other")) == (0, sentence + "60\n", "")
 
 
 def test_threads_that_still_work_at_the_end_are_waited_for(desk, project):

@@ -63,7 +63,7 @@ TEST(ScriptEngineTest, AnInterpreterIsBegunOnce)
             if (second->start(error))
                 std::_Exit(9);
             std::fprintf(stderr, "%s\n", qPrintable(error));
-            std::fprintf(stderr, "%d\n", second->run({"nothing.py"}));
+            std::fprintf(stderr, "%d\n", second->run({"nothing.py"}, {}));
         },
         "it runs already\nbrindle: Python can't start: it runs already\n1\n0 objects left");
 }

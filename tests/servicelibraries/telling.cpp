@@ -16,7 +16,7 @@ void tell(const char* what)
 class Engine final : public BAPP_ScriptEngine {
 public:
     ~Engine() override { tell("engine destroyed"); }
-    int run(const QStringList&) override { return 0; }
+    int run(const QList<QByteArray>&, std::function<void()>) override { return 0; }
     bool start(QString&) override { return true; }
     bool execute(const QString&) override { return true; }
 };

@@ -23,7 +23,7 @@ public:
 
     void complete();
     bool isShown() const;
-    QStringList shown() const; ///< What the list offers now; empty while it isn't shown.
+    QStringList shown() const; ///< The words that the list offers now; empty while it isn't shown.
 
     bool eventFilter(QObject* receiver, QEvent* event) override;
 

@@ -6,6 +6,7 @@
 
 #include <QBoxLayout>
 #include <QCoreApplication>
+#include <QFile>
 #include <QKeyEvent>
 #include <QLabel>
 
@@ -81,11 +82,11 @@ QString ConsolePanel::prompt() const
     return m_prompt->text();
 }
 
-std::optional<int> ConsolePanel::runFile(const QString& path, const QStringList& arguments)
+std::optional<int> ConsolePanel::runFile(const QByteArray& path, const QList<QByteArray>& arguments)
 {
     if (m_scripts.isRunning())
         return std::nullopt;
-    say(Tone::Input, tr("Running %1\n").arg(path));
+    say(Tone::Input, tr("Running %1\n").arg(QFile::decodeName(path)));
     const Outcome outcome = m_scripts.runFile(path, arguments);
     m_printed.deliver();
     return outcome == Outcome::Leave ? std::optional(m_scripts.exitCode()) : std::nullopt;
@@ -190,7 +191,7 @@ void ConsolePanel::changeEvent(QEvent* event)
         paintLine();
 }
 
-/// What is being typed looks as it does when it is entered.
+/// Gives the line that is typed the look that it has once it is entered.
 void ConsolePanel::paintLine()
 {
     QPalette own = palette();

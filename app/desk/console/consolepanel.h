@@ -30,9 +30,9 @@ public:
     QString prompt() const;
 
     /// Runs a script file among the names of what is typed here. The exit code when it asked to end the process.
-    std::optional<int> runFile(const QString& path, const QStringList& arguments = {});
-    void interrupt(); ///< What runs, or the statement that is being typed.
-    void clear();     ///< What is shown.
+    std::optional<int> runFile(const QByteArray& path, const QList<QByteArray>& arguments = {});
+    void interrupt(); ///< Interrupts the script that runs, or drops the statement that is being typed.
+    void clear();     ///< Clears the output.
 
     bool eventFilter(QObject* receiver, QEvent* event) override;
 

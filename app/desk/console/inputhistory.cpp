@@ -12,7 +12,7 @@ namespace app::desk {
 
 namespace {
 
-/// What a person types may hold what is nobody else's business.
+/// Nobody else may read what a person types.
 constexpr auto ownersOnly = QFile::ReadOwner | QFile::WriteOwner;
 
 /// More than this, at the end of the file, isn't read; in bytes.

@@ -16,7 +16,7 @@ public:
     static constexpr qsizetype maxLines = 1'000;
 
     explicit InputHistory(const QString& file = {}); ///< Empty: nothing is kept.
-    static QString fileOfUser();                     ///< Of the person who runs the process; empty where there is none.
+    static QString fileOfUser(); ///< The file of the person who runs the process; empty where there is none.
 
     /// Ends the walk. Blank lines, and one that was typed right before, are left out.
     void add(const QString& line);

@@ -16,7 +16,7 @@ public:
     void setText(const QString& text); ///< With the cursor at its end.
     QString textBeforeCursor() const;
     QString textBehindCursor() const;
-    void replaceBeforeCursor(int start, const QString& text); ///< What stands from there to the cursor.
+    void replaceBeforeCursor(int start, const QString& text); ///< Replaces the text from there to the cursor.
 
     /// While it waits, typing does nothing; interrupting and copying work.
     void setWaiting(bool waiting) { m_waiting = waiting; }

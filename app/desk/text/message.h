@@ -4,10 +4,10 @@
 
 namespace app::desk {
 
-/// What a piece of text is to the person who reads it, and so how it looks.
+/// The role of a piece of text, which gives its look.
 enum class Tone {
-    Plain, ///< What scripts print, and lines of the log.
-    Input, ///< What the person typed.
+    Plain, ///< Prints of scripts, and lines of the log.
+    Input, ///< Text that the person typed.
     Error,
     Debug ///< For developers.
 };

@@ -21,7 +21,7 @@ public:
     MessageQueue() = default;
 
     void post(Tone tone, const QString& text); ///< On any thread.
-    void deliver();                            ///< What has come so far, now; on the main thread.
+    void deliver();                            ///< Delivers what has come so far, now; on the main thread.
 
 Q_SIGNALS:
     void arrived(const QList<app::desk::Message>& messages);

@@ -21,7 +21,7 @@ constexpr ToneColors toneColors[] = {
     {Tone::Debug, 0xff6b6b6b, 0xff9a9a9a},
 };
 
-/// Where a piece of text keeps its tone, for when the colours of the window change.
+/// The property under which a piece of text keeps its tone, for when the colours of the window change.
 constexpr int toneProperty = QTextFormat::UserProperty;
 
 /// Lines end one way, whatever a script ends them with.

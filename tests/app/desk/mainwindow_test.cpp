@@ -227,7 +227,7 @@ TEST_F(MainWindowTest, AScriptOfTheMenuEndsOnlyItself)
     const QString before = output();
     window->runAction().trigger();
     EXPECT_EQ(output(), before);
-    window->runAtStart({path("go.py")});
+    window->runAtStart({path("go.py").toUtf8()});
     EXPECT_FALSE(window->isVisible());
     EXPECT_EQ(window->exitCode(), 5);
 }

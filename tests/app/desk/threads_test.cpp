@@ -138,7 +138,7 @@ TEST_F(WorkingScriptTest, AScriptIsInterrupted)
     EXPECT_EQ(answerTo("1"), "1");
 
     interruptLater();
-    EXPECT_EQ(console().runFile(write("nap.py", "time.sleep(1000)\n")), std::nullopt);
+    EXPECT_EQ(console().runFile(write("nap.py", "time.sleep(1000)\n").toUtf8()), std::nullopt);
     EXPECT_TRUE(output().endsWith("KeyboardInterrupt\n"));
 
     interruptLater();
@@ -204,7 +204,7 @@ go = True
         press(Qt::Key_Return);
         press(Qt::Key_Tab);
         paste("exit()\n");
-        EXPECT_EQ(console().runFile(path("none.py")), std::nullopt);
+        EXPECT_EQ(console().runFile(path("none.py").toUtf8()), std::nullopt);
         EXPECT_FALSE(window->close());
         EXPECT_EQ(window->statusBar()->currentMessage(), "A script is running; interrupt it first.");
         run("go = False\n");

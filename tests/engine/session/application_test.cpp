@@ -11,7 +11,7 @@ namespace {
 
 class ScriptEngine final : public BAPP_ScriptEngine {
 public:
-    int run(const QStringList&) override { return 0; }
+    int run(const QList<QByteArray>&, std::function<void()>) override { return 0; }
     bool start(QString&) override { return true; }
     bool execute(const QString&) override { return true; }
 };

@@ -184,7 +184,7 @@ TEST_F(ConsolePanelTest, AScriptRunsAmongTheNamesOfTheConsole)
     write("helper.py", "value = 5\n");
     const QString script =
         write("go.py", "import helper, sys\nseen = (helper.value, sys.argv[1:], __name__)\nprint(seen)\n");
-    EXPECT_EQ(console().runFile(script, {"a", "--b"}), std::nullopt);
+    EXPECT_EQ(console().runFile(script.toUtf8(), {"a", "--b"}), std::nullopt);
     EXPECT_EQ(output(), "Running " + script + "\n(5, ['a', '--b'], '__main__')\n");
     EXPECT_EQ(answerTo("seen[0]"), "5");
 }
@@ -193,20 +193,20 @@ TEST_F(ConsolePanelTest, AScriptThatFailsOrIsNoneSaysSo)
 {
     const QString broken = write("broken.py", "x = (\n");
     const QString failing = write("failing.py", "def f():\n    return 1 / 0\nf()\n");
-    EXPECT_EQ(console().runFile(broken), std::nullopt);
+    EXPECT_EQ(console().runFile(broken.toUtf8()), std::nullopt);
     EXPECT_TRUE(output().endsWith("SyntaxError: '(' was never closed\n"));
-    EXPECT_EQ(console().runFile(failing), std::nullopt);
+    EXPECT_EQ(console().runFile(failing.toUtf8()), std::nullopt);
     EXPECT_TRUE(output().contains("failing.py\", line 2, in f\n    return 1 / 0\n"));
-    EXPECT_EQ(console().runFile(path("none.py")), std::nullopt);
+    EXPECT_EQ(console().runFile(path("none.py").toUtf8()), std::nullopt);
     EXPECT_TRUE(output().endsWith("Cannot run \"" + path("none.py") + "\": No such file or directory.\n"));
     EXPECT_EQ(toneOf(console().output(), "Cannot run"), Tone::Error);
 }
 
 TEST_F(ConsolePanelTest, AScriptThatEndsItselfGivesItsCode)
 {
-    EXPECT_EQ(console().runFile(write("seven.py", "import sys\nsys.exit(7)\n")), 7);
-    EXPECT_EQ(console().runFile(write("none.py", "raise SystemExit\n")), 0);
-    EXPECT_EQ(console().runFile(write("text.py", "raise SystemExit('It went wrong.')\n")), 1);
+    EXPECT_EQ(console().runFile(write("seven.py", "import sys\nsys.exit(7)\n").toUtf8()), 7);
+    EXPECT_EQ(console().runFile(write("none.py", "raise SystemExit\n").toUtf8()), 0);
+    EXPECT_EQ(console().runFile(write("text.py", "raise SystemExit('It went wrong.')\n").toUtf8()), 1);
     EXPECT_TRUE(output().endsWith("It went wrong.\n"));
     EXPECT_EQ(answerTo("'still here'"), "'still here'");
 }
