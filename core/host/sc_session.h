@@ -68,16 +68,20 @@ public:
     virtual ~SC_ProjectManager() = default;
 
     /// Closes the open project, if any, and makes a new one in a folder that holds no project. Null on failure.
-    virtual SC_Project* createProject(const QString& path, QString& error) = 0;
+    ///
+    /// Unsaved changes of the open project are dropped where `howToDiscard` is empty. Otherwise they are a failure,
+    /// whose sentence says with this text how they can be dropped.
+    virtual SC_Project* createProject(const QString& path, QString& error, const QString& howToDiscard = {}) = 0;
     /// Closes the open project, if any, and opens the one in the folder. Null on failure, as when another process has
     /// it open; the open one then stays open.
-    virtual SC_Project* openProject(const QString& path, QString& error) = 0;
+    virtual SC_Project* openProject(const QString& path, QString& error, const QString& howToDiscard = {}) = 0;
     /// The same for a project that another process may have open, or that stands where nothing can be written: it can
     /// be changed, but saved in another folder only.
-    virtual SC_Project* openProjectReadOnly(const QString& path, QString& error) = 0;
+    virtual SC_Project* openProjectReadOnly(const QString& path, QString& error, const QString& howToDiscard = {}) = 0;
     /// Writes the open project to its folder; the folder changes whole or not at all.
     virtual bool saveProject(QString& error) = 0;
-    /// Writes the open project to another folder that holds no project, and goes on there.
+    /// Writes the open project to another folder that holds no project, and goes on there. That may also be
+    /// its own folder, where it has moved since the project was opened.
     virtual bool saveProjectAs(const QString& path, QString& error) = 0;
     virtual void closeProject() = 0;
 

@@ -1,276 +1,186 @@
 #include "engine/folder/foldertransaction.h"
 
-#include "engine/folder/folderio.h"
-#include "engine/folder/jsonplace.h"
-#include "engine/folder/jsonwriter.h"
+#include "engine/folder/folderrecovery.h"
 
 namespace brindle::engine {
 
 namespace {
 
-constexpr int journalVersion = 1;
 /// To wait for a file takes the disk some milliseconds, and for all that are to be written not much longer.
 constexpr std::size_t mostFilesOneByOne = 8;
 
-QString stagePath(const QString& folder)
-{
-    return folder + "/.brindle-save";
-}
-
-QString journalPath(const QString& folder)
-{
-    return stagePath(folder) + "/journal.json";
-}
-
-/// New contents are named by their place in the journal.
-QString stagedPath(const QString& folder, int index)
-{
-    return stagePath(folder) + u'/' + QString::number(index);
-}
-
-QString subfolderOf(const QString& path)
-{
-    return path.left(std::max<qsizetype>(path.indexOf(u'/'), 0));
-}
-
-struct Journal {
-    QStringList replaced;
-    QStringList removed;
-};
-
-/// A journal may lead to files of the folder only, whoever wrote it.
-QString filePath(const JsonPlace& place)
-{
-    const QString path = place.text();
-    const QStringList parts = path.split(u'/');
-    const bool inside = parts.size() <= 2 && !parts.contains(QString()) && !parts.contains(QStringLiteral(".")) &&
-                        !parts.contains(QStringLiteral("..")) && !path.contains(QChar(0));
-    if (!inside)
-        place.fail(QStringLiteral("is no file of the project"));
-    return path;
-}
-
-Journal readJournal(const QString& folder)
-{
-    const JsonFile file(journalPath(folder), folder_io::read(journalPath(folder)));
-    const JsonPlace root = file.root();
-    root.requireFormat("brindle-journal", journalVersion);
-    root.requireOnly({"format", "version", "replace", "remove"});
-    Journal journal;
-    const JsonPlace replaced = root.field("replace");
-    for (int i = 0; i < replaced.size(); ++i)
-        journal.replaced.append(filePath(replaced.item(i)));
-    const JsonPlace removed = root.field("remove");
-    for (int i = 0; i < removed.size(); ++i)
-        journal.removed.append(filePath(removed.item(i)));
-    file.requireNoFieldTwice();
-    return journal;
-}
-
-/// Removes ".brindle-save", the journal first: without it, nothing that is left has a meaning.
-void removeStage(const QString& folder)
-{
-    folder_io::remove(journalPath(folder));
-    for (const QString& name : folder_io::entries(stagePath(folder)))
-        folder_io::remove(stagePath(folder) + u'/' + name);
-    folder_io::removeFolder(stagePath(folder));
-}
-
-/// Removes it on the way out of a failure, which is what the caller gets to hear of.
-void tryRemoveStage(const QString& folder)
-{
-    try {
-        removeStage(folder);
-    } catch (const FolderFailure&) {
-    }
-}
-
-void syncFolders(const QString& folder, const QStringList& changed)
-{
-    QStringList folders;
-    for (const QString& path : changed) {
-        const QString sub = subfolderOf(path);
-        if (!folders.contains(sub))
-            folders.append(sub);
-    }
-    for (const QString& sub : folders) {
-        if (folder_io::kindOf(folder + u'/' + sub) == FileKind::Folder)
-            folder_io::sync(folder + u'/' + sub);
-    }
-}
-
-/// Moves a new file to its place. Where the new content is gone it was moved before.
-void moveStaged(const QString& folder, const Journal& journal, int index)
-{
-    if (folder_io::kindOf(stagedPath(folder, index)) == FileKind::File)
-        folder_io::rename(stagedPath(folder, index), folder + u'/' + journal.replaced.at(index));
-}
-
-void rollForwardFirst(const QString& folder, const Journal& journal)
-{
-    if (!journal.replaced.isEmpty())
-        moveStaged(folder, journal, 0);
-}
-
-void rollForward(const QString& folder, const Journal& journal)
-{
-    for (int i = 0; i < journal.replaced.size(); ++i)
-        moveStaged(folder, journal, i);
-    for (const QString& path : journal.removed)
-        folder_io::remove(folder + u'/' + path);
-    syncFolders(folder, journal.replaced + journal.removed);
-}
-
-/// Subfolders that a change needs, made before it and removed again when it fails.
+/// Folders that a change needs, made before it and removed again when it fails.
 class MadeFolders {
 public:
-    explicit MadeFolders(const QString& folder) : m_folder(folder) {}
+    explicit MadeFolders(const Folder& folder) : m_folder(folder) {}
+    MadeFolders(const MadeFolders&) = delete;
+    MadeFolders& operator=(const MadeFolders&) = delete;
     ~MadeFolders()
     {
-        for (const QString& path : m_made)
-            folder_io::tryRemoveFolder(path);
+        for (const QString& name : m_made) {
+            try {
+                m_folder.removeFolder(name);
+            } catch (const FolderFailure&) { // Somebody else has put something there meanwhile.
+            }
+        }
     }
-    void require(const QString& sub)
+
+    /// The folders on the way to a file.
+    void requireFor(const QString& path)
     {
-        const QString path = m_folder + u'/' + sub;
-        if (sub.isEmpty() || folder_io::kindOf(path) == FileKind::Folder)
-            return;
-        folder_io::makeFolder(path);
-        m_made.append(path);
+        for (qsizetype slash = path.indexOf(u'/'); slash >= 0; slash = path.indexOf(u'/', slash + 1)) {
+            const QString name = path.left(slash);
+            if (m_folder.kindOf(name) == FileKind::Folder)
+                continue;
+            m_folder.makeFolder(name);
+            m_made.prepend(name);
+        }
+    }
+    void sync() const
+    {
+        for (const QString& name : m_made)
+            m_folder.sync(name.left(std::max<qsizetype>(name.lastIndexOf(u'/'), 0)));
     }
     void keep() { m_made.clear(); }
 
 private:
-    QString m_folder;
-    QStringList m_made;
+    const Folder& m_folder;
+    QStringList m_made; ///< The innermost first.
 };
+
+/// On the way out of a failure, which is what the caller gets to hear of.
+template <typename Step>
+void attempt(Step step)
+{
+    try {
+        step();
+    } catch (const FolderFailure&) {
+    }
+}
 
 } // namespace
 
-void FolderTransaction::replace(const QString& path, const QByteArray& content)
+void FolderTransaction::set(const QString& path, Target target)
 {
-    m_replaced.emplace_back(path, content);
+    const auto place = m_places.constFind(path);
+    if (place != m_places.cend()) {
+        m_targets[*place].second = std::move(target);
+        return;
+    }
+    m_places.insert(path, m_targets.size());
+    m_targets.emplace_back(path, std::move(target));
+}
+
+void FolderTransaction::write(const QString& path, const QByteArray& content)
+{
+    set(path, {content, {}});
 }
 
 void FolderTransaction::remove(const QString& path)
 {
-    m_removed.append(path);
+    if (!m_places.contains(path))
+        set(path, {});
+}
+
+void FolderTransaction::move(const QString& from, const QString& to)
+{
+    if (from == to)
+        return;
+    remove(from);
+    set(to, {std::nullopt, from});
 }
 
 void FolderTransaction::commit()
 {
-    if (isInterrupted(m_folder))
-        recover(m_folder);
-    dropUnchanged();
-    if (m_replaced.empty() && m_removed.isEmpty())
+    if (folder_recovery::isInterrupted(m_folder))
+        folder_recovery::recover(m_folder);
+    const SaveJournal journal = plan();
+    if (journal.files.empty())
         return;
 
     MadeFolders made(m_folder);
-    for (const auto& [path, content] : m_replaced) {
-        made.require(subfolderOf(path));
-        folder_io::requireReplaceable(m_folder, path);
+    for (const SaveJournal::File& file : journal.files) {
+        made.requireFor(file.path);
+        m_folder.requireReplaceable(file.path);
     }
-    for (const QString& path : m_removed)
-        folder_io::requireReplaceable(m_folder, path);
-
-    Journal journal;
-    for (const auto& [path, content] : m_replaced)
-        journal.replaced.append(path);
-    journal.removed = m_removed;
     try {
-        stage();
-        folder_io::rename(stagePath(m_folder) + "/journal.new", journalPath(m_folder));
-        folder_io::sync(stagePath(m_folder));
-        rollForwardFirst(m_folder, journal);
+        stage(journal);
+        made.sync();
+        m_folder.rename(save_stage::newJournal, save_stage::journal);
+        m_folder.sync(save_stage::folder);
     } catch (const FolderFailure&) {
-        tryRemoveStage(m_folder);
+        attempt([this] { folder_recovery::removeStage(m_folder); });
         throw;
     }
-    // From the first moved file on it can only be completed, now or by the next process.
-    made.keep();
-    rollForward(m_folder, journal);
-    removeStage(m_folder);
-}
-
-void FolderTransaction::dropUnchanged()
-{
-    std::erase_if(m_replaced, [this](const auto& file) {
-        const QString path = m_folder + u'/' + file.first;
-        try {
-            return folder_io::kindOf(path) == FileKind::File && folder_io::read(path) == file.second;
-        } catch (const FolderFailure&) {
-            return false;
-        }
-    });
-    m_removed.removeIf(
-        [this](const QString& path) { return folder_io::kindOf(m_folder + u'/' + path) == FileKind::Nothing; });
-}
-
-void FolderTransaction::stage() const
-{
-    const QString newJournal = stagePath(m_folder) + "/journal.new";
-    folder_io::makeFolder(stagePath(m_folder));
-    int index = 0;
-    for (const auto& [path, content] : m_replaced) {
-        const QString target = m_folder + u'/' + path;
-        folder_io::writeNew(stagedPath(m_folder, index++), content, target, folder_io::modeOf(target));
+    try {
+        folder_recovery::moveForward(m_folder, journal);
+    } catch (const FolderFailure&) {
+        attempt([&] {
+            folder_recovery::moveBack(m_folder, journal);
+            folder_recovery::removeStage(m_folder);
+        });
+        throw;
     }
-    folder_io::writeNew(newJournal, journal(), journalPath(m_folder), 0666);
-    if (m_replaced.size() > mostFilesOneByOne) {
-        folder_io::syncDisk(m_folder);
+    made.keep();
+    folder_recovery::removeStage(m_folder);
+}
+
+/// The files that change, with what they are and what they will be.
+SaveJournal FolderTransaction::plan() const
+{
+    SaveJournal journal;
+    for (const auto& [path, target] : m_targets) {
+        SaveJournal::File file{path, std::nullopt, std::nullopt};
+        if (target.content && m_folder.kindOf(path) == FileKind::File) {
+            const QByteArray old = m_folder.read(path);
+            if (old == *target.content)
+                continue;
+            file.before = Checksum::of(old);
+        } else {
+            file.before = m_folder.checksum(path);
+        }
+        if (target.content)
+            file.after = Checksum::of(*target.content);
+        else if (!target.isRemoved())
+            file.after = m_folder.checksum(target.source);
+        if (!file.after && !target.isRemoved())
+            throw FolderFailure{quoted(m_folder.pathOf(target.source)) + " is missing"};
+        if (target.isRemoved() && m_folder.kindOf(path) == FileKind::Nothing)
+            continue;
+        journal.files.push_back(file);
+    }
+    return journal;
+}
+
+void FolderTransaction::stage(const SaveJournal& journal) const
+{
+    m_folder.makeFolder(save_stage::folder);
+    for (std::size_t number = 0; number < journal.files.size(); ++number) {
+        const SaveJournal::File& file = journal.files[number];
+        const Target& target = targetOf(file.path);
+        if (target.content)
+            m_folder.writeNew(save_stage::part(number), *target.content, file.path, m_folder.modeOf(file.path));
+        else if (!target.isRemoved())
+            m_folder.link(target.source, save_stage::part(number), file.path);
+        if (file.before)
+            m_folder.link(file.path, save_stage::kept(number), file.path);
+    }
+    m_folder.writeNew(save_stage::newJournal, journal.text(), save_stage::journal, 0666);
+    syncStage(journal);
+}
+
+void FolderTransaction::syncStage(const SaveJournal& journal) const
+{
+    if (journal.files.size() > mostFilesOneByOne) {
+        m_folder.syncDisk();
         return;
     }
-    index = 0;
-    for (const auto& [path, content] : m_replaced)
-        folder_io::syncFile(stagedPath(m_folder, index++), m_folder + u'/' + path);
-    folder_io::syncFile(newJournal, journalPath(m_folder));
-    folder_io::sync(stagePath(m_folder));
-}
-
-QByteArray FolderTransaction::journal() const
-{
-    JsonWriter json;
-    json.beginObject();
-    json.key("format").text(QStringLiteral("brindle-journal"));
-    json.key("version").integer(journalVersion);
-    json.key("replace").beginArray();
-    for (const auto& [path, content] : m_replaced)
-        json.text(path);
-    json.endArray();
-    json.key("remove").beginArray();
-    for (const QString& path : m_removed)
-        json.text(path);
-    json.endArray();
-    json.endObject();
-    return json.result();
-}
-
-bool FolderTransaction::isInterrupted(const QString& folder)
-{
-    return folder_io::kindOf(stagePath(folder)) == FileKind::Folder;
-}
-
-bool FolderTransaction::isCommitted(const QString& folder)
-{
-    return folder_io::kindOf(journalPath(folder)) == FileKind::File;
-}
-
-QHash<QString, QString> FolderTransaction::waiting(const QString& folder)
-{
-    QHash<QString, QString> places;
-    const QStringList paths = isCommitted(folder) ? readJournal(folder).replaced : QStringList();
-    for (int i = 0; i < paths.size(); ++i) {
-        if (folder_io::kindOf(stagedPath(folder, i)) == FileKind::File)
-            places.insert(paths.at(i), stagedPath(folder, i));
+    for (std::size_t number = 0; number < journal.files.size(); ++number) {
+        if (journal.files[number].after)
+            m_folder.syncFile(save_stage::part(number), journal.files[number].path);
     }
-    return places;
-}
-
-void FolderTransaction::recover(const QString& folder)
-{
-    if (isCommitted(folder))
-        rollForward(folder, readJournal(folder));
-    removeStage(folder);
+    m_folder.syncFile(save_stage::newJournal, save_stage::journal);
+    m_folder.sync(save_stage::folder);
 }
 
 } // namespace brindle::engine

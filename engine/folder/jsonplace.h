@@ -54,7 +54,7 @@ public:
     QStringList keys() const;
     JsonPlace field(const QString& name) const; ///< One of `keys`.
 
-    int size() const; ///< Of an array.
+    int size() const; ///< The number of items of an array.
     JsonPlace item(int index) const;
     void requireSize(int size) const; ///< A list of this many items.
 

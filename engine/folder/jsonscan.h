@@ -7,8 +7,8 @@
 
 namespace brindle::engine {
 
-/// Where things stand in JSON text. The text has been parsed already, so it is known to be valid; these passes run to
-/// tell a person the place of a fault, which a parsed document doesn't keep.
+/// Finds the places of things in JSON text. The text has been parsed already, so it is known to be valid; these passes
+/// run to tell a person the place of a fault, which a parsed document doesn't keep.
 namespace json_scan {
 
 /// A step on the way into a document: a field of an object, or with `index` 0 and more an item of an array.

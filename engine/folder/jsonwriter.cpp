@@ -10,7 +10,7 @@ void JsonWriter::newLine()
     m_out.append(2 * m_layouts.size(), ' ');
 }
 
-/// What stands between the value before and the one that comes.
+/// Writes the comma and the line end ahead of a value.
 void JsonWriter::separate()
 {
     if (m_behindKey) {

@@ -41,7 +41,7 @@ private:
     void end(char bracket);
 
     std::string m_out;
-    std::string m_layouts; ///< Of the arrays and objects that are open: 'l' lines, 'i' inline.
+    std::string m_layouts; ///< One letter for each open array or object: 'l' lines, 'i' inline.
     bool m_first = true;
     bool m_behindKey = false;
 };

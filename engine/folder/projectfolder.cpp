@@ -1,6 +1,7 @@
 #include "engine/folder/projectfolder.h"
 
 #include "core/host/sc_scene.h"
+#include "engine/folder/folderrecovery.h"
 #include "engine/folder/foldertransaction.h"
 #include "engine/folder/jsonplace.h"
 #include "engine/folder/projectfile.h"
@@ -84,12 +85,11 @@ private:
 };
 
 /// The files that the project on disk has, or nothing when what is there can't be read.
-std::optional<QStringList> sceneFilesOnDisk(const QString& folder)
+std::optional<QStringList> sceneFilesOnDisk(const Folder& folder)
 {
     try {
-        const QString path = folder + u'/' + projectFile;
         ProjectRecord record;
-        return readProjectFile(JsonFile(path, folder_io::read(path)), record);
+        return readProjectFile(JsonFile(folder.pathOf(projectFile), folder.read(projectFile)), record);
     } catch (const FolderFailure&) {
         return std::nullopt;
     }
@@ -97,7 +97,7 @@ std::optional<QStringList> sceneFilesOnDisk(const QString& folder)
 
 /// Puts the scenes in place of those in the folder. `present` are the files of the scenes that are there; a file beside
 /// them is somebody else's, and in the way. When it isn't known which are there, saving the scenes goes first.
-void writeProject(const QString& folder, const ProjectRecord& record, const std::vector<TUScene*>& scenes,
+void writeProject(const Folder& folder, const ProjectRecord& record, const std::vector<TUScene*>& scenes,
                   const std::optional<QStringList>& present)
 {
     QStringList names;
@@ -107,12 +107,11 @@ void writeProject(const QString& folder, const ProjectRecord& record, const std:
 
     FolderTransaction transaction(folder);
     for (qsizetype i = 0; i < files.size(); ++i) {
-        const QString path = folder + u'/' + files.at(i);
-        if (present && !present->contains(files.at(i)) && folder_io::kindOf(path) != FileKind::Nothing)
-            throw FolderFailure{quoted(path) + " is in the way: it is not a file of the project"};
-        transaction.replace(files.at(i), sceneText(*scenes[static_cast<std::size_t>(i)]));
+        if (present && !present->contains(files.at(i)) && folder.kindOf(files.at(i)) != FileKind::Nothing)
+            throw FolderFailure{quoted(folder.pathOf(files.at(i))) + " is in the way: it is not a file of the project"};
+        transaction.write(files.at(i), sceneText(*scenes[static_cast<std::size_t>(i)]));
     }
-    transaction.replace(projectFile, projectFileText(record, files));
+    transaction.write(projectFile, projectFileText(record, files));
     for (const QString& file : present.value_or(QStringList())) {
         if (!files.contains(file))
             transaction.remove(file);
@@ -121,13 +120,29 @@ void writeProject(const QString& folder, const ProjectRecord& record, const std:
 }
 
 /// Takes the lock of a project that is opened. Who can't have it is told what is left.
-void requireOrHint(ProjectLock& lock, const QString& folder)
+void requireOrHint(ProjectLock& lock, const Folder& folder)
 {
     try {
         lock.require(folder);
     } catch (const FolderFailure& failure) {
         throw FolderFailure{failure.reason + "; it can be opened read-only"};
     }
+}
+
+/// The open project is the folder that its lock was taken in. Another one may have taken its place at the path.
+void requireSameFolder(const ProjectLock& lock, const Folder& folder)
+{
+    const Folder* own = lock.folder();
+    if (!own || own->isSameAs(folder))
+        return;
+    const QString place = own->place();
+    throw FolderFailure{quoted(folder.path()) + " is another folder by now; that of the open project " +
+                        (place.isEmpty() ? QStringLiteral("was removed") : "has moved to " + quoted(place))};
+}
+
+bool holdsProject(const Folder& folder)
+{
+    return folder_recovery::isCommitted(folder) || folder.kindOf(projectFile) != FileKind::Nothing;
 }
 
 } // namespace
@@ -152,10 +167,10 @@ void ProjectFolder::requirePath() const
         throw FolderFailure{quoted(m_path) + " starts at the working directory, which is gone"};
 }
 
-bool ProjectFolder::holdsProject() const
+void ProjectFolder::requireConsent() const
 {
-    return FolderTransaction::isCommitted(m_path) ||
-           folder_io::kindOf(m_path + u'/' + projectFile) != FileKind::Nothing;
+    if (!m_refusal.isEmpty())
+        throw FolderFailure{m_refusal};
 }
 
 void ProjectFolder::makeProject(const ProjectRecord& record, const std::vector<TUScene*>& scenes,
@@ -164,12 +179,14 @@ void ProjectFolder::makeProject(const ProjectRecord& record, const std::vector<T
     requirePath();
     MadePath made;
     made.make(m_path);
+    const Folder folder(m_path);
     ProjectLock taken; // Ahead of the lock below, for which it waits where it goes again.
-    const FolderLock writing(m_path, FolderLock::Writing);
-    if (holdsProject())
+    const FolderLock writing(folder, FolderLock::Writing);
+    if (holdsProject(folder))
         throw FolderFailure{quoted(m_path) + " already holds a project"};
-    taken.require(m_path);
-    writeProject(m_path, record, scenes, QStringList());
+    requireConsent();
+    taken.require(folder);
+    writeProject(folder, record, scenes, QStringList());
     made.keep();
     lock = std::move(taken);
 }
@@ -192,11 +209,13 @@ bool ProjectFolder::write(const ProjectRecord& record, const std::vector<TUScene
     return attempt("save", error, [&] {
         requirePath();
         requireFolder(m_path);
-        const FolderLock writing(m_path, FolderLock::Writing);
-        lock.require(m_path);
-        if (FolderTransaction::isInterrupted(m_path))
-            FolderTransaction::recover(m_path);
-        writeProject(m_path, record, scenes, sceneFilesOnDisk(m_path));
+        const Folder folder(m_path);
+        requireSameFolder(lock, folder);
+        const FolderLock writing(folder, FolderLock::Writing);
+        lock.require(folder);
+        if (folder_recovery::isInterrupted(folder))
+            folder_recovery::recover(folder);
+        writeProject(folder, record, scenes, sceneFilesOnDisk(folder));
     });
 }
 
@@ -204,30 +223,32 @@ void ProjectFolder::readProject(ProjectMaker& maker, ProjectLock* lock) const
 {
     requirePath();
     requireFolder(m_path);
-    std::optional<FolderLock> access(std::in_place, m_path, lock ? FolderLock::Writing : FolderLock::Reading);
-    if (!holdsProject())
+    const Folder folder(m_path);
+    std::optional<FolderLock> access(std::in_place, folder, lock ? FolderLock::Writing : FolderLock::Reading);
+    if (!holdsProject(folder))
         throw FolderFailure{quoted(m_path) + " holds no project"};
     if (lock) {
-        requireOrHint(*lock, m_path);
-        if (FolderTransaction::isCommitted(m_path))
-            FolderTransaction::recover(m_path);
-        access.emplace(m_path, FolderLock::Reading);
+        requireOrHint(*lock, folder);
+        if (folder_recovery::isCommitted(folder))
+            folder_recovery::recover(folder);
+        access.emplace(folder, FolderLock::Reading);
     }
-    const QHash<QString, QString> waiting = FolderTransaction::waiting(m_path);
-    const auto read = [&](const QString& file, const QString& shownAs) {
+    const QHash<QString, QString> waiting = folder_recovery::waiting(folder);
+    const auto read = [&](const QString& file) {
         bool missing = false;
-        const QByteArray content = folder_io::read(waiting.value(file, shownAs), &missing);
+        const QByteArray content = folder.read(waiting.value(file, file), &missing);
         if (missing)
-            throw FolderFailure{quoted(shownAs) + " is missing"};
-        return JsonFile(shownAs, content);
+            throw FolderFailure{quoted(folder.pathOf(file)) + " is missing"};
+        return JsonFile(folder.pathOf(file), content);
     };
-    const JsonFile project = read(projectFile, m_path + u'/' + projectFile);
+    const JsonFile project = read(projectFile);
     ProjectRecord record;
     const QStringList files = readProjectFile(project, record);
     maker.setRecord(record);
     QSet<QString> names;
     for (const QString& file : files)
-        readScene(read(file, m_path + u'/' + file), names, maker);
+        readScene(read(file), names, maker);
+    requireConsent();
 }
 
 bool ProjectFolder::read(ProjectMaker& maker, ProjectLock& lock, QString& error) const

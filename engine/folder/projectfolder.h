@@ -12,7 +12,7 @@ namespace brindle::engine {
 
 class ProjectLock;
 
-/// What a scene is, apart from its nodes and columns.
+/// The properties of a scene, without its nodes and columns.
 struct SceneRecord {
     QString name;
     int frameCount = 60;
@@ -21,7 +21,7 @@ struct SceneRecord {
     double frameRate = 24.0;
 };
 
-/// What a project is, apart from its scenes.
+/// The properties of a project, without its scenes.
 struct ProjectRecord {
     ProjectSettings settings;
     QString lastChange; ///< The label of the change that led to what is saved; empty when there was none.
@@ -43,8 +43,9 @@ public:
 /// old or the new project, and the next opening clears up what is left of the save. Files that the project doesn't know
 /// stay as they are. While it reads or writes, a lock on the folder keeps other processes from doing the same.
 ///
-/// Who works on the project has its `ProjectLock`, which making and opening it take; who only reads it needs none, and
-/// leaves the folder untouched.
+/// A process that works on the project holds its `ProjectLock`, which making and opening it take; reading needs none,
+/// and leaves the folder untouched. A project is saved in the folder that its lock was taken in, and nowhere else:
+/// where that was renamed and another one has its place, a save fails.
 ///
 /// Every failure is one sentence in `error` that says what could not be done, names the file and, in a damaged file,
 /// the place: "Cannot open the project: "/p/project.json" is damaged at line 3, column 8: illegal value." What is on
@@ -57,6 +58,10 @@ public:
     explicit ProjectFolder(const QString& path);
 
     QString path() const { return m_path; } ///< Absolute and clean, where it can be one of a folder.
+
+    /// Lets making and opening the project fail for this reason where there is no other: what is wrong with the folder
+    /// is told first.
+    void refuse(const QString& reason) { m_refusal = reason; }
 
     /// Makes a new project of these scenes in a folder that holds no project; a folder that is missing is made, with
     /// those above it. The error begins with "Cannot create the project".
@@ -78,11 +83,12 @@ public:
 
 private:
     void requirePath() const;
-    bool holdsProject() const;
+    void requireConsent() const;
     void makeProject(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock) const;
     void readProject(ProjectMaker& maker, ProjectLock* lock) const;
 
     QString m_path;
+    QString m_refusal; ///< Empty for none.
 };
 
 } // namespace brindle::engine

@@ -1,19 +1,17 @@
 #include "engine/folder/projectlock.h"
 
 #include "engine/engine.h"
-#include "engine/folder/folderio.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QSysInfo>
 
 #include <cerrno>
-#include <optional>
 #include <utility>
-#include <vector>
 
 #include <fcntl.h>
+#include <pwd.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -21,29 +19,60 @@ namespace brindle::engine {
 
 namespace {
 
-constexpr QLatin1String fileName(".brindle-lock");
-
-QString lockPath(const QString& folder)
-{
-    return folder + u'/' + fileName;
-}
+constexpr char fileName[] = ".brindle-lock";
 
 /// 0 or the error.
-int whyNotWritable(const QString& folder)
+int whyNotWritable(const Folder& folder)
 {
-    return ::faccessat(AT_FDCWD, QFile::encodeName(folder).constData(), W_OK | X_OK, AT_EACCESS) == 0 ? 0 : errno;
+    return ::faccessat(folder.descriptor(), ".", W_OK | X_OK, AT_EACCESS) == 0 ? 0 : errno;
 }
 
-/// Who has a lock, as its file tells.
+bool isSameFile(const struct stat& one, const struct stat& other)
+{
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+/// Whether this open file is the one that stands in the folder.
+bool stands(int file, const Folder& folder)
+{
+    struct stat own = {};
+    struct stat there = {};
+    return ::fstat(file, &own) == 0 && ::fstatat(folder.descriptor(), fileName, &there, AT_SYMLINK_NOFOLLOW) == 0 &&
+           isSameFile(own, there);
+}
+
+QString userName(unsigned int id)
+{
+    passwd record = {};
+    passwd* user = nullptr;
+    char texts[4096];
+    ::getpwuid_r(id, &record, texts, sizeof texts, &user);
+    return user ? QString::fromLocal8Bit(user->pw_name) : QStringLiteral("user %1").arg(id);
+}
+
+/// The content of a lock's file: its holder.
+QByteArray ownRecord()
+{
+    const QString program = QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).fileName();
+    return QByteArray::number(qlonglong(::getpid())) + '\n' + program.toUtf8() + '\n' +
+           QSysInfo::machineHostName().toUtf8() + '\n' + QSysInfo::machineUniqueId() + '\n' + QSysInfo::bootUniqueId() +
+           '\n';
+}
+
+/// The holder of a lock, as its file tells.
 struct Holder {
-    explicit Holder(const QLockFile& file)
+    Holder(const Folder& folder, int file)
     {
-        file.getLockInfo(&process, &host, &program);
-        const QFileInfo info(file.fileName());
-        user = info.owner().isEmpty() ? QStringLiteral("user %1").arg(info.ownerId()) : info.owner();
+        const QList<QByteArray> lines = folder.read(fileName).split('\n');
+        process = lines.value(0).toLongLong();
+        program = QString::fromUtf8(lines.value(1));
+        host = QString::fromUtf8(lines.value(2));
+        struct stat info = {};
+        if (::fstat(file, &info) == 0)
+            user = userName(info.st_uid);
     }
 
-    bool isKnown() const { return process != 0; }
+    bool isKnown() const { return process > 0 && !host.isEmpty(); }
     bool isOnThisMachine() const { return host == QSysInfo::machineHostName(); }
     QString text() const
     {
@@ -57,53 +86,52 @@ struct Holder {
     QString user;
 };
 
-/// What stands in the place of a lock file and is none would be waited for (a pipe), or lead somewhere else (a link).
-void requireNothingElse(const QString& path)
+/// Makes the file of a lock; no file where one is there already.
+Descriptor make(const Folder& folder)
+{
+    Descriptor file(::openat(folder.descriptor(), fileName, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0644));
+    if (file < 0) {
+        if (errno == EEXIST)
+            return file;
+        if (const int error = whyNotWritable(folder))
+            throw FolderFailure::ofSystem(folder.path(), "cannot be written", error);
+        throw FolderFailure::ofSystem(folder.pathOf(fileName), "cannot be written", errno);
+    }
+    // A file system without locks tells of the holder all the same.
+    ::flock(file, LOCK_EX | LOCK_NB);
+    const QByteArray record = ownRecord();
+    if (::write(file, record.constData(), std::size_t(record.size())) != record.size()) {
+        const int error = errno;
+        ::unlinkat(folder.descriptor(), fileName, 0);
+        throw FolderFailure::ofSystem(folder.pathOf(fileName), "cannot be written", error);
+    }
+    return file;
+}
+
+/// Removes the file of a lock whose process has died; throws where that lives. Also a process number that another
+/// process has by now, or a file that was never completed, is a dead one's: the system tells whether the file is still
+/// held. It can't tell for other machines.
+void removeStale(const Folder& folder)
 {
     struct stat info = {};
-    if (::lstat(QFile::encodeName(path).constData(), &info) == 0 && !S_ISREG(info.st_mode))
-        throw FolderFailure{quoted(path) + " is in the way: it is not a file"};
-}
-
-/// Why a lock file can't be made: QLockFile doesn't tell, a file in its place does.
-[[noreturn]] void throwNotLockable(const QString& folder)
-{
-    folder_io::writeNew(lockPath(folder), QByteArray(200, ' '), lockPath(folder), 0644);
-    folder_io::remove(lockPath(folder));
-    throw FolderFailure{quoted(folder) + " cannot be locked"};
-}
-
-/// Lets a lock go whose file is gone, without Qt's line about it on standard error.
-void letGoOfGone(std::unique_ptr<QLockFile> file)
-{
-    static QtMessageHandler before = nullptr;
-    before = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& message) {
-        if (!message.startsWith(QLatin1String("Could not remove our own lock file")))
-            before(type, context, message);
-    });
-    file.reset();
-    qInstallMessageHandler(before);
-}
-
-/// Not destroyed with the process either: that would remove what stands at the path.
-void keepForEver(std::unique_ptr<QLockFile> file)
-{
-    static auto& kept = *new std::vector<QLockFile*>;
-    kept.push_back(file.release());
-}
-
-bool lock(QLockFile& file)
-{
-    file.setStaleLockTime(0); // However long a person works on the project, the lock stays theirs.
-    if (file.tryLock())
-        return true;
-    if (file.error() != QLockFile::LockFailedError)
-        return false;
-    // Also a process number that another process has by now, or a file that was never completed, is a dead one's: the
-    // system tells whether the file is still held. It can't tell for other machines.
-    if (const Holder holder(file); !holder.isKnown() || holder.isOnThisMachine())
-        file.removeStaleLockFile();
-    return file.tryLock();
+    if (::fstatat(folder.descriptor(), fileName, &info, AT_SYMLINK_NOFOLLOW) != 0)
+        return;
+    // Opening a pipe would wait, and a link would lead somewhere else.
+    if (!S_ISREG(info.st_mode))
+        throw FolderFailure{quoted(folder.pathOf(fileName)) + " is in the way: it is not a file"};
+    constexpr int flags = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+    // Some file systems lock only what may be written.
+    Descriptor file(::openat(folder.descriptor(), fileName, O_RDWR | flags));
+    if (file < 0)
+        file = Descriptor(::openat(folder.descriptor(), fileName, O_RDONLY | flags));
+    if (file < 0)
+        throw FolderFailure::ofSystem(folder.pathOf(fileName), "cannot be read", errno);
+    const Holder holder(folder, file);
+    const bool isDead = (!holder.isKnown() || holder.isOnThisMachine()) && ::flock(file, LOCK_EX | LOCK_NB) == 0;
+    if (!isDead)
+        throw FolderFailure{quoted(folder.path()) + " is in use by " + holder.text()};
+    if (stands(file, folder) && ::unlinkat(folder.descriptor(), fileName, 0) != 0)
+        throw FolderFailure::ofSystem(folder.path(), "cannot be written", errno);
 }
 
 } // namespace
@@ -111,19 +139,17 @@ bool lock(QLockFile& file)
 ProjectLock::ProjectLock() = default;
 
 ProjectLock::ProjectLock(ProjectLock&& other) noexcept
-    : m_file(std::move(other.m_file)),
-      m_process(other.m_process),
-      m_device(other.m_device),
-      m_inode(other.m_inode)
+    : m_folder(std::exchange(other.m_folder, std::nullopt)),
+      m_file(std::move(other.m_file)),
+      m_process(other.m_process)
 {}
 
 ProjectLock& ProjectLock::operator=(ProjectLock&& other) noexcept
 {
     release();
+    m_folder = std::exchange(other.m_folder, std::nullopt);
     m_file = std::move(other.m_file);
     m_process = other.m_process;
-    m_device = other.m_device;
-    m_inode = other.m_inode;
     return *this;
 }
 
@@ -132,69 +158,60 @@ ProjectLock::~ProjectLock()
     release();
 }
 
-void ProjectLock::require(const QString& folder)
+void ProjectLock::require(const Folder& folder)
 {
-    if (isOn(folder) && QFileInfo::exists(m_file->fileName()))
+    if (isThere() && m_folder->isSameAs(folder))
         return;
-    if (isOn(folder)) // The folder has moved with the file, which is taken anew where it is now.
-        release();
-    requireNothingElse(lockPath(folder));
-    auto file = std::make_unique<QLockFile>(lockPath(folder));
-    if (!lock(*file)) {
-        if (const int error = whyNotWritable(folder))
-            throw FolderFailure::ofSystem(folder, "cannot be written", error);
-        if (file->error() == QLockFile::LockFailedError)
-            throw FolderFailure{quoted(folder) + " is in use by " + Holder(*file).text()};
-        throwNotLockable(folder);
+    Descriptor file = make(folder);
+    if (file < 0) {
+        removeStale(folder);
+        file = make(folder);
     }
-    struct stat info = {};
-    if (::stat(QFile::encodeName(file->fileName()).constData(), &info) != 0)
-        throw FolderFailure::ofSystem(folder, "cannot be locked", errno);
+    if (file < 0)
+        throw FolderFailure{quoted(folder.path()) + " is in use by another program"};
+    Folder kept = folder;
     release();
+    m_folder = std::move(kept);
     m_file = std::move(file);
     m_process = ::getpid();
-    m_device = info.st_dev;
-    m_inode = info.st_ino;
 }
 
 void ProjectLock::release()
 {
-    if (!m_file)
+    if (!m_folder)
         return;
-    // Letting go removes what stands at the path. Where that is not ours to remove, only the end of the process lets
-    // go: in one that was forked off, with rights that were given up, when somebody else's file is there by now.
-    struct stat info = {};
-    const QString folder = QFileInfo(m_file->fileName()).path();
-    const bool isGone = ::stat(QFile::encodeName(m_file->fileName()).constData(), &info) != 0 && errno == ENOENT;
-    if (isHeld() && isGone)
-        letGoOfGone(std::move(m_file));
-    else if (isHeld() && isOn(folder) && whyNotWritable(folder) == 0)
-        removeFrom(folder);
-    else
-        keepForEver(std::move(m_file));
-}
-
-/// The file is let go first and then removed: who took it over in between would lose it again.
-void ProjectLock::removeFrom(const QString& folder)
-{
-    std::optional<FolderLock> alone;
-    try {
-        alone.emplace(folder, FolderLock::Writing, std::chrono::seconds(2));
-    } catch (const FolderFailure&) { // Who is in there for so long is past looking for the lock.
+    // Another process that looks for the lock at this moment would report a holder that is just leaving: it is waited
+    // for. In a process that was forked off, and where somebody else's file is there by now, nothing is removed.
+    if (isThere()) {
+        std::optional<FolderLock> alone;
+        try {
+            alone.emplace(*m_folder, FolderLock::Writing, std::chrono::seconds(2));
+        } catch (const FolderFailure&) { // Who is in there for so long is past looking for the lock.
+        }
+        if (isThere())
+            ::unlinkat(m_folder->descriptor(), fileName, 0);
     }
-    m_file.reset();
+    m_file = Descriptor();
+    m_folder.reset();
 }
 
 bool ProjectLock::isHeld() const
 {
-    return m_file && m_process == ::getpid();
+    return m_folder && m_process == ::getpid();
 }
 
-bool ProjectLock::isOn(const QString& folder) const
+bool ProjectLock::isOn(const QString& path) const
 {
-    struct stat info = {};
-    return isHeld() && ::stat(QFile::encodeName(lockPath(folder)).constData(), &info) == 0 && info.st_dev == m_device &&
-           info.st_ino == m_inode;
+    try {
+        return isThere() && m_folder->isSameAs(Folder(path));
+    } catch (const FolderFailure&) {
+        return false;
+    }
+}
+
+bool ProjectLock::isThere() const
+{
+    return isHeld() && stands(m_file, *m_folder);
 }
 
 } // namespace brindle::engine

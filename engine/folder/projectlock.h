@@ -1,21 +1,26 @@
 #pragma once
 
+#include "engine/folder/filelocation.h"
+#include "engine/folder/folder.h"
+
 #include <QString>
 
-#include <memory>
-
-class QLockFile;
+#include <optional>
 
 namespace brindle::engine {
 
-/// That a process works on a project: a file ".brindle-lock" in its folder, from opening to closing. It tells other
+/// Marks a project as open in a process: a file ".brindle-lock" in its folder, from opening to closing. It tells other
 /// processes who has the project; they can read it meanwhile.
 ///
-/// The lock of a process that ended without closing the project is taken over by the next one, on the same machine. A
-/// lock that another machine left behind in a shared folder goes by removing the file.
+/// The lock is that of the folder, not of its path: it goes along when the folder is renamed. The lock of a process
+/// that ended without closing the project is taken over by the next one, on the same machine. A lock that another
+/// machine left behind in a shared folder goes by removing the file.
 ///
 /// An object holds the lock of one folder or none. In a process that was forked off, the copy of the object holds it no
 /// more: the lock stays the parent's.
+///
+/// The file is one of QLockFile's form, which tells its holder and is locked by the system while that lives. QLockFile
+/// itself knows its file by the path only: it would remove what stands there once the folder has moved.
 class ProjectLock {
 public:
     ProjectLock();
@@ -27,21 +32,22 @@ public:
     /// Throws `FolderFailure` when another process has it, or when the folder can't be written; what was held stays.
     ///
     /// To be called within a `FolderLock` for writing: two processes never look for a dead one's lock at once.
-    void require(const QString& folder);
+    void require(const Folder& folder);
     /// Waits a little for those who have a `FolderLock`: not to be called within one of the same folder.
     void release();
 
     bool isHeld() const; ///< By this process.
-    /// Whether it is held and stands in this folder. Not so any more when the folder was replaced, or the file removed.
-    bool isOn(const QString& folder) const;
+    /// Whether it is held and its file stands in this folder. Not so any more when the file was removed.
+    bool isOn(const QString& path) const;
+    /// The folder that it was taken in, wherever that is by now, also in a process that was forked off; null before.
+    const Folder* folder() const { return m_folder ? &*m_folder : nullptr; }
 
 private:
-    void removeFrom(const QString& folder);
+    bool isThere() const;
 
-    std::unique_ptr<QLockFile> m_file;
+    std::optional<Folder> m_folder;
+    Descriptor m_file;
     long long m_process = 0;
-    unsigned long long m_device = 0; ///< Which file it is, however the folder is named.
-    unsigned long long m_inode = 0;
 };
 
 } // namespace brindle::engine

@@ -52,7 +52,7 @@ public:
             m_scene.setDefaultDisplay(nodeAt<TUDisplayModule>(m_root.field("display"), "a display"));
     }
 
-    /// What a scene of version 1 had, when there was no way to choose it.
+    /// Sets what a scene of version 1 had, when it could not be chosen.
     void chooseFirstDisplay()
     {
         for (Node* node : m_nodes) {

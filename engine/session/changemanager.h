@@ -11,7 +11,7 @@
 
 namespace brindle::engine {
 
-/// Whoever shows a scene. It takes itself off the change manager before it goes.
+/// An observer that shows a scene. It takes itself off the change manager before it goes.
 class SceneObserver {
 public:
     virtual ~SceneObserver() = default;
@@ -50,7 +50,7 @@ private:
     std::atomic<bool> m_observed = false;
     std::uint64_t m_revision = 0;
     std::vector<SceneObserver*> m_observers;
-    std::unique_ptr<QObject> m_relay; ///< What is posted goes with it.
+    std::unique_ptr<QObject> m_relay; ///< Posted notices are dropped with it.
 };
 
 } // namespace brindle::engine

@@ -1,6 +1,7 @@
 #include "engine/session/preferencefile.h"
 
 #include "core/host/msg_scope.h"
+#include "engine/folder/folder.h"
 #include "engine/folder/jsonplace.h"
 #include "engine/folder/jsonwriter.h"
 
@@ -112,7 +113,7 @@ bool PreferenceFile::update(const Values& values) const
         const QString folder = QFileInfo(m_path).absolutePath();
         if (!QDir().mkpath(folder))
             throw FolderFailure{quoted(folder) + " cannot be made"};
-        const FolderLock lock(folder, FolderLock::Writing);
+        const FolderLock lock(Folder(folder), FolderLock::Writing);
         Values all;
         try {
             all = valuesIn(m_path);

@@ -21,13 +21,13 @@ public:
     void addFirstScene(); ///< "Scene-1", which a new project has.
     TUScene* addScene(const SceneRecord& record) override;
     void setRecord(const ProjectRecord& record) override;
-    ProjectRecord record() const; ///< What is saved of the project apart from its scenes.
+    ProjectRecord record() const; ///< The part that is saved beside the scenes.
     std::vector<TUScene*> scenes() const { return m_common.scenes().scenes(); }
 
     SC_Id id() const override { return m_common.id(); }
     QString path() const override { return m_path; }
     void setPath(const QString& path) { m_path = path; }
-    /// Of the project's folder; not held by one that is read only, or was never on disk.
+    /// The lock of the project's folder; not held by a project that is read only, or was never on disk.
     ProjectLock& lock() { return m_lock; }
     bool isReadOnly() const override { return m_readOnly; }
     void setReadOnly(bool readOnly) { m_readOnly = readOnly; }

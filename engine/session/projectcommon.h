@@ -13,7 +13,7 @@ namespace brindle::engine {
 /// An id that no project and no scene of the process has had: what a script holds of one never finds another one.
 SC_Id newId();
 
-/// What all scenes of a project share. The undo list goes before the scenes that it refers to.
+/// The part of a project that its scenes share. The undo list is destroyed before the scenes that it refers to.
 class ProjectCommon final : public SC_ProjectCommon {
 public:
     explicit ProjectCommon(const SC_Id& id) : m_id(id) {}

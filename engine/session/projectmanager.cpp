@@ -1,7 +1,7 @@
 #include "engine/session/projectmanager.h"
 
 #include "core/host/scp_pythonengine.h"
-#include "engine/folder/folderio.h"
+#include "engine/folder/folder.h"
 #include "engine/session/preferences.h"
 #include "engine/session/sessionwatch.h"
 
@@ -16,9 +16,9 @@ QString noProjectText()
 
 } // namespace
 
-SC_Project* ProjectManager::createProject(const QString& path, QString& error)
+SC_Project* ProjectManager::createProject(const QString& path, QString& error, const QString& howToDiscard)
 {
-    const ProjectFolder folder(path);
+    const ProjectFolder folder = folderAt(path, howToDiscard);
     auto project = std::make_unique<Project>(folder.path());
     project->addFirstScene();
     if (!folder.create(project->record(), project->scenes(), project->lock(), error))
@@ -26,9 +26,9 @@ SC_Project* ProjectManager::createProject(const QString& path, QString& error)
     return replaceProject(std::move(project));
 }
 
-SC_Project* ProjectManager::openProject(const QString& path, QString& error)
+SC_Project* ProjectManager::openProject(const QString& path, QString& error, const QString& howToDiscard)
 {
-    const ProjectFolder folder(path);
+    const ProjectFolder folder = folderAt(path, howToDiscard);
     auto project = std::make_unique<Project>(folder.path());
     // A project that is open already is opened anew: its lock goes on to the new one.
     const bool isOpen = m_project && m_project->lock().isOn(folder.path());
@@ -42,9 +42,9 @@ SC_Project* ProjectManager::openProject(const QString& path, QString& error)
     return replaceProject(std::move(project));
 }
 
-SC_Project* ProjectManager::openProjectReadOnly(const QString& path, QString& error)
+SC_Project* ProjectManager::openProjectReadOnly(const QString& path, QString& error, const QString& howToDiscard)
 {
-    const ProjectFolder folder(path);
+    const ProjectFolder folder = folderAt(path, howToDiscard);
     auto project = std::make_unique<Project>(folder.path());
     if (!folder.readOnly(*project, error))
         return nullptr;
@@ -77,6 +77,10 @@ bool ProjectManager::saveProjectAs(const QString& path, QString& error)
         return false;
     }
     const ProjectFolder folder(path);
+    if (hasMovedTo(folder.path())) {
+        m_project->setPath(folder.path());
+        return saveProject(error);
+    }
     if (!folder.createForSave(m_project->record(), m_project->scenes(), m_project->lock(), error))
         return false;
     m_project->setPath(folder.path());
@@ -84,6 +88,23 @@ bool ProjectManager::saveProjectAs(const QString& path, QString& error)
     m_project->history().setClean();
     savePreferencesOfUser();
     return true;
+}
+
+/// The folder of a project that is to take the place of the open one.
+ProjectFolder ProjectManager::folderAt(const QString& path, const QString& howToDiscard) const
+{
+    ProjectFolder folder(path);
+    if (!howToDiscard.isEmpty() && m_project && m_project->history().isDirty())
+        folder.refuse(quoted(m_project->path()) +
+                      " has unsaved changes; save or close it first, or discard them with " + howToDiscard);
+    return folder;
+}
+
+/// Whether the folder of the open project stands there by now, and no longer where the project was opened.
+bool ProjectManager::hasMovedTo(const QString& path) const
+{
+    const ProjectLock& lock = m_project->lock();
+    return lock.isOn(path) && !lock.isOn(m_project->path());
 }
 
 void ProjectManager::closeProject()

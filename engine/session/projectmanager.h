@@ -8,9 +8,9 @@ namespace brindle::engine {
 /// Opens and closes projects: one at a time. It belongs to the session. What a failure leaves is as before.
 class ProjectManager final : public SC_ProjectManager {
 public:
-    SC_Project* createProject(const QString& path, QString& error) override;
-    SC_Project* openProject(const QString& path, QString& error) override;
-    SC_Project* openProjectReadOnly(const QString& path, QString& error) override;
+    SC_Project* createProject(const QString& path, QString& error, const QString& howToDiscard) override;
+    SC_Project* openProject(const QString& path, QString& error, const QString& howToDiscard) override;
+    SC_Project* openProjectReadOnly(const QString& path, QString& error, const QString& howToDiscard) override;
     bool saveProject(QString& error) override;
     bool saveProjectAs(const QString& path, QString& error) override;
     void closeProject() override;
@@ -19,6 +19,8 @@ public:
     SC_Project* findProject(const SC_Id& id) const override;
 
 private:
+    ProjectFolder folderAt(const QString& path, const QString& howToDiscard) const;
+    bool hasMovedTo(const QString& path) const;
     SC_Project* replaceProject(std::unique_ptr<Project> project);
 
     std::unique_ptr<Project> m_project;

@@ -16,7 +16,7 @@ struct Picture {
 
     /// A camera that stands 8 away sees 6.
     static constexpr double standardFov = 41.112;
-    /// That of a named resolution; 0 x 0 pixels when none has the name.
+    /// The picture of a named resolution; 0 x 0 pixels when none has the name.
     static Picture named(const QString& name);
 };
 

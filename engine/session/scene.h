@@ -30,10 +30,10 @@ public:
     void insertMarker(int place, const SC_SceneMarker& marker);
     SC_SceneMarker takeMarker(int place);
     SceneMarkers setMarkers(SceneMarkers markers); ///< Gives those that were there.
-    /// Of a scene that is read: false, and nothing changes, for a list that the scene can't have.
+    /// Sets the markers of a scene that is read; false, and nothing changes, for a list that the scene can't have.
     bool restoreMarkers(SceneMarkers markers);
 
-    /// Of this scene, or null for none.
+    /// A node of this scene, or null for none.
     TUCameraModule* defaultCamera() const { return m_camera; }
     void setDefaultCamera(TUCameraModule* camera);
     TUDisplayModule* defaultDisplay() const override { return m_display; }

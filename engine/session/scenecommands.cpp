@@ -52,7 +52,7 @@ public:
 
 private:
     Scene& m_scene;
-    SceneMarkers m_markers; ///< That it sets next.
+    SceneMarkers m_markers; ///< The list that the next step sets.
 };
 
 class FrameCountCommand final : public CO_Command {
@@ -154,7 +154,7 @@ private:
     }
 
     Scene* m_scene;
-    Module* m_module; ///< That it sets next.
+    Module* m_module; ///< The module that the next step sets.
 };
 
 using DefaultCameraCommand = DefaultNodeCommand<TUCameraModule, &Scene::defaultCamera, &Scene::setDefaultCamera>;

@@ -8,7 +8,7 @@ namespace brindle::engine {
 
 namespace {
 
-/// Where a marker comes to stand: behind those at the same frame.
+/// The place of a new marker: behind those at the same frame.
 int placeFor(const SceneMarkers& markers, const SC_SceneMarker& marker)
 {
     const auto behind = std::upper_bound(markers.begin(), markers.end(), marker.frame,

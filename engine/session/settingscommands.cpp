@@ -46,7 +46,7 @@ private:
 
     ProjectCommon* m_project;
     Setting m_setting;
-    Value m_value; ///< That it sets next.
+    Value m_value; ///< The value that the next step sets.
     bool m_changes = false;
 };
 

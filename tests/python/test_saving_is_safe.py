@@ -1,5 +1,6 @@
 """Saving writes the whole project or nothing: without permission, on a full disk, when the process is killed."""
 
+import json
 import os
 import random
 import shutil
@@ -7,6 +8,7 @@ import signal
 import stat
 import subprocess
 import time
+import zlib
 
 import brindle
 import pytest
@@ -286,15 +288,138 @@ def test_a_save_that_was_never_complete_counts_for_nothing(project):
     assert not stage.exists()
 
 
+def interrupt(project, moved=0):
+    """Leaves a save behind whose process was killed when it had moved this many of its two files. Gives the project's
+    files before that save, and after it."""
+    before = support.files(project)
+    after = {**before, SCENE: before[SCENE].replace(b'"frames": 60', b'"frames": 99').replace(b'"stop": 60', b'"stop": 99'),
+             "project.json": before["project.json"].replace(b'"HD_1080"', b'"PAL"').replace(b"1920", b"768").replace(
+                 b"1080", b"576")}
+    stage = project / ".brindle-save"
+    stage.mkdir()
+    journal = {"format": "brindle-journal", "version": 2, "files": []}
+    for number, path in enumerate((SCENE, "project.json")):
+        assert before[path] != after[path]
+        journal["files"].append({"path": path, **{
+            name: [len(files[path]), zlib.crc32(files[path])] for name, files in (("before", before), ("after", after))}})
+        os.link(project / path, stage / f"{number}.old")
+        (stage / str(number)).write_bytes(after[path])
+        if number < moved:
+            (stage / str(number)).rename(project / path)
+    (stage / "journal.json").write_text(json.dumps(journal))
+    return before, after
+
+
+def visible(project):
+    return {path: content for path, content in support.files(project).items() if not path.startswith(".")}
+
+
+def damaged(project, name, what, whole=True):
+    return (f'the save that was interrupted there is damaged ("{project}/.brindle-save/{name}" {what}); its remains are kept '
+            f'in "{project}/.brindle-save-damaged"' + (", and the project is as it was before that save" if whole else ""))
+
+
+DAMAGES = {
+    "missing": (lambda path: path.unlink(), "is missing"),
+    "empty": (lambda path: path.write_bytes(b""), "is not whole"),
+    "a byte": (lambda path: path.write_bytes(path.read_bytes()[:1]), "is not whole"),
+    "half": (lambda path: path.write_bytes(path.read_bytes()[:path.stat().st_size // 2]), "is not whole"),
+    "all but the end": (lambda path: path.write_bytes(path.read_bytes()[:-1]), "is not whole"),
+    "longer": (lambda path: path.write_bytes(path.read_bytes() + b"\n"), "is not whole"),
+    "changed": (lambda path: path.write_bytes(path.read_bytes().replace(b"9", b"8").replace(b"5", b"6")), "is not whole"),
+}
+
+
+@pytest.mark.parametrize("moved", [0, 1, 2])
+def test_an_interrupted_save_is_completed_wherever_it_was_interrupted(project, moved):
+    _, after = interrupt(project, moved)
+    with brindle.open(project, read_only=True) as app:
+        assert (app.scene.frame_count, app.project.resolution.x) == (99, 768)
+    with brindle.open(project) as app:
+        assert (app.scene.frame_count, app.project.resolution.x) == (99, 768)
+    assert support.files(project) == after
+
+
+@pytest.mark.parametrize("moved, part", [(0, 0), (0, 1), (1, 1)])
+@pytest.mark.parametrize("damage, what", DAMAGES.values(), ids=DAMAGES)
+def test_an_interrupted_save_that_is_damaged_leaves_the_old_project_and_is_kept(project, damage, what, moved, part):
+    before, _ = interrupt(project, moved)
+    damage(project / ".brindle-save" / str(part))
+    assert support.message_of(brindle.open, project) == f"Cannot open the project: {damaged(project, part, what)}."
+    assert visible(project) == before and not (project / ".brindle-save").exists()
+    assert (project / ".brindle-save-damaged" / "journal.json").exists()
+    with brindle.open(project) as app:
+        assert (app.scene.frame_count, app.project.resolution.x) == (60, 1920)
+        app.save()
+    assert visible(project) == before
+
+
+@pytest.mark.parametrize("moved", [0, 1])
+def test_who_may_only_read_sees_the_old_project_behind_a_damaged_save(project, moved):
+    interrupt(project, moved)
+    (project / ".brindle-save" / "1").write_bytes(b"{")
+    before = support.files(project)
+    done = support.run_python("""
+import brindle, sys
+with brindle.open(sys.argv[1], read_only=True) as app:
+    print(app.scene.frame_count, app.project.resolution.x)
+""", project)
+    assert (done.returncode, done.stdout) == (0, "60 1920\n")
+    assert done.stderr == (f'Error: In "{project}" the save that was interrupted there is damaged '
+                           f'("{project}/.brindle-save/1" is not whole).\n')
+    assert support.files(project) == before
+
+
+def test_a_journal_that_is_cut_short_is_put_aside(project):
+    before, _ = interrupt(project)
+    journal = (project / ".brindle-save" / "journal.json").read_bytes()
+    for length in range(0, len(journal), 7):
+        (project / ".brindle-save" / "journal.json").write_bytes(journal[:length])
+        message = support.message_of(brindle.open, project)
+        assert message.startswith("Cannot open the project: the save that was interrupted there is damaged (")
+        assert visible(project) == before
+        (project / ".brindle-save-damaged").rename(project / ".brindle-save")
+
+
+def test_a_journal_of_a_newer_version_is_left_to_that(project):
+    interrupt(project)
+    journal = project / ".brindle-save" / "journal.json"
+    journal.write_text(journal.read_text().replace('"version": 2', '"version": 3'))
+    before = support.files(project)
+    for read_only in (False, True):
+        assert support.message_of(brindle.open, project, read_only) == (
+            f'Cannot open the project: "{journal}" has format version 3, and this version of the application reads '
+            "versions up to 2.")
+    assert support.files(project) == before
+
+
+@pytest.mark.parametrize("damage, what", [("missing", "is missing"), ("half", "is damaged at line ")])
+def test_a_damaged_save_of_an_earlier_version_is_put_aside(project, damage, what):
+    before, after = interrupt(project)
+    stage = project / ".brindle-save"
+    for number in range(2):
+        (stage / f"{number}.old").unlink()
+    (stage / "journal.json").write_text(
+        f'{{"format": "brindle-journal", "version": 1, "replace": ["{SCENE}", "project.json"], "remove": []}}')
+    DAMAGES[damage][0](stage / "1")
+    message = support.message_of(brindle.open, project)
+    assert message.startswith(f'Cannot open the project: the save that was interrupted there is damaged ("{stage}/1" {what}')
+    assert message.endswith("and the project is as it was before that save.") and visible(project) == before
+    with brindle.open(project) as app:
+        assert app.scene.frame_count == 60
+
+
 @pytest.mark.parametrize("entry", ["../outside", "/etc/passwd", "scenes/../../outside", "a/b/c", ""])
-def test_a_journal_that_leads_out_of_the_folder_is_refused(project, entry):
+def test_a_journal_that_leads_out_of_the_folder_is_put_aside(project, entry):
+    before = support.files(project)
     stage = project / ".brindle-save"
     stage.mkdir()
     (stage / "0").write_text("evil")
     (stage / "journal.json").write_text(
         f'{{"format": "brindle-journal", "version": 1, "replace": ["{entry}"], "remove": ["{entry}"]}}')
-    before = support.files(project)
-    message = support.message_of(brindle.open, project)
-    assert message.startswith(f'Cannot open the project: "{stage}/journal.json" is damaged at line 1: replace[0] ')
-    assert support.files(project) == before
+    told = damaged(project, "journal.json", "is damaged at line 1: replace[0] is no file of the project", False)
+    assert support.message_of(brindle.open, project) == f"Cannot open the project: {told}."
     assert not (project.parent / "outside").exists()
+    assert visible(project) == before and (project / ".brindle-save-damaged" / "0").read_text() == "evil"
+    with brindle.open(project) as app:
+        assert app.scene.frame_count == 60

@@ -211,6 +211,40 @@ def test_a_project_that_moved_is_opened_at_its_new_place(project, tmp_path):
         app.save()
 
 
+def test_a_save_leaves_a_project_alone_that_has_the_place_of_the_open_one(project, tmp_path):
+    app = brindle.open(project)
+    app.scene.frame_count = 99
+    project.rename(tmp_path / "moved")
+    support.run_python("import brindle, sys; brindle.create(sys.argv[1]).close()", project)
+    before = support.files(project)
+    sentence = (f'Cannot save the project: "{project}" is another folder by now; that of the open project has moved to '
+                f'"{tmp_path / "moved"}".')
+    for _ in range(2):
+        assert support.message_of(app.save) == sentence
+    assert support.files(project) == before and app.project.dirty
+    assert not (project / support.LOCK).exists() and (tmp_path / "moved" / support.LOCK).exists()
+    app.save(tmp_path / "moved")
+    assert not app.project.dirty
+    app.scene.frame_count = 98
+    app.save()
+    app.close()
+    assert not (tmp_path / "moved" / support.LOCK).exists()
+    assert support.files(project) == before
+    with brindle.open(tmp_path / "moved") as app:
+        assert app.scene.frame_count == 98
+
+
+def test_a_folder_that_moved_is_free_once_its_project_is_closed(project, holder, tmp_path):
+    holder.run(f"import os; os.rename({str(project)!r}, {str(tmp_path / 'moved')!r})")
+    brindle.create(project).close()
+    assert "is in use by" in support.message_of(brindle.open, tmp_path / "moved")
+    holder.run("app.close()")
+    for folder in (project, tmp_path / "moved"):
+        with brindle.open(folder) as app:
+            app.save()
+        assert not (folder / support.LOCK).exists()
+
+
 @pytest.mark.parametrize("value", ["yes", None, 1.5, []])
 def test_read_only_is_a_flag(project, value):
     with pytest.raises(TypeError):

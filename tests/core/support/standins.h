@@ -108,9 +108,9 @@ public:
 
 class StandInProjectManager : public SC_ProjectManager {
 public:
-    SC_Project* createProject(const QString&, QString&) override { return nullptr; }
-    SC_Project* openProject(const QString&, QString&) override { return nullptr; }
-    SC_Project* openProjectReadOnly(const QString&, QString&) override { return nullptr; }
+    SC_Project* createProject(const QString&, QString&, const QString&) override { return nullptr; }
+    SC_Project* openProject(const QString&, QString&, const QString&) override { return nullptr; }
+    SC_Project* openProjectReadOnly(const QString&, QString&, const QString&) override { return nullptr; }
     bool saveProject(QString&) override { return false; }
     bool saveProjectAs(const QString&, QString&) override { return false; }
     void closeProject() override { opened = nullptr; }

@@ -1,4 +1,4 @@
-#include "engine/folder/folderio.h"
+#include "engine/folder/folder.h"
 
 #include "engine/engine.h"
 #include "tests/engine/folder/foldertest.h"
@@ -11,6 +11,7 @@
 #include <sys/resource.h>
 
 using brindle::engine::FileKind;
+using brindle::engine::Folder;
 using brindle::engine::FolderFailure;
 using brindle::engine::FolderLock;
 namespace folder_io = brindle::engine::folder_io;
@@ -68,29 +69,70 @@ TEST_F(FolderIoTest, AMissingFileIsToldInTheWayThatWasAskedFor)
 TEST_F(FolderIoTest, WaitingForWhatIsNotThereIsTold)
 {
     put(path("file"), "x");
-    EXPECT_EQ(failure([&] { folder_io::syncFile(path("file"), path("shown")); }), std::string());
-    EXPECT_EQ(failure([&] { folder_io::syncDisk(path(".")); }), std::string());
-    EXPECT_EQ(failure([&] { folder_io::syncFile(path("none"), path("shown")); }),
-              named("shown", "cannot be written: no such file or directory"));
-    EXPECT_EQ(failure([&] { folder_io::syncDisk(path("none")); }),
-              named("none", "cannot be written: no such file or directory"));
+    const Folder folder(path("."));
+    EXPECT_EQ(failure([&] {
+                  folder.syncFile("file", "shown");
+                  folder.syncDisk();
+                  folder.sync(QString());
+              }),
+              std::string());
+    EXPECT_EQ(failure([&] { folder.syncFile("none", "shown"); }),
+              named("./shown", "cannot be written: no such file or directory"));
+    EXPECT_EQ(failure([&] { folder.sync("none"); }), named("./none", "cannot be written: no such file or directory"));
+    EXPECT_EQ(failure([&] { Folder(path("none")); }), named("none", "cannot be read: no such file or directory"));
+    EXPECT_EQ(failure([&] { Folder(path("file")); }), named("file", "cannot be read: not a directory"));
+}
+
+TEST_F(FolderIoTest, AFolderStaysTheSameWhereverItIs)
+{
+    QDir().mkpath(path("one"));
+    QDir().mkpath(path("two"));
+    put(path("one/file"), "x");
+    const Folder one(path("one"));
+    const Folder again(one);
+    Folder other(path("two"));
+    EXPECT_TRUE(one.isSameAs(again) && !one.isSameAs(other));
+    QDir().rename(path("one"), path("three"));
+    QDir().rename(path("two"), path("one"));
+    EXPECT_EQ(one.read("file"), "x");
+    EXPECT_EQ(one.kindOf(QString()), FileKind::Folder);
+    EXPECT_EQ(one.entries(QString()), QStringList("file"));
+    EXPECT_EQ(one.place(), path("three"));
+    EXPECT_EQ(other.place(), path("one"));
+    EXPECT_TRUE(one.isSameAs(Folder(path("three"))) && !one.isSameAs(Folder(path("one"))));
+    other = one;
+    EXPECT_TRUE(other.isSameAs(one));
+    EXPECT_EQ(failure([&] { one.read("none"); }), named("one/none", "cannot be read: no such file or directory"))
+        << "under the name that it was opened by";
+}
+
+TEST_F(FolderIoTest, AFileGetsASecondName)
+{
+    put(path("file"), "x");
+    const Folder folder(path("."));
+    folder.link("file", "other", "shown");
+    EXPECT_EQ(get(path("other")), "x");
+    EXPECT_EQ(failure([&] { folder.link("file", "other", "shown"); }),
+              named("./shown", "cannot be written: file exists"));
+    EXPECT_EQ(failure([&] { folder.link("none", "third", "shown"); }),
+              named("./shown", "cannot be written: no such file or directory"));
 }
 
 TEST_F(FolderIoTest, AFileThatCannotBeWrittenWholeIsNotThere)
 {
-    EXPECT_EQ(failure([&] { folder_io::writeNew(path("a/b"), "x", path("shown"), 0666); }),
-              named("shown", "cannot be written: no such file or directory"));
+    const Folder folder(path("."));
+    EXPECT_EQ(failure([&] { folder.writeNew("a/b", "x", "shown", 0666); }),
+              named("./shown", "cannot be written: no such file or directory"));
     put(path("file"), "x");
-    EXPECT_EQ(failure([&] { folder_io::writeNew(path("file"), "y", path("shown"), 0666); }),
-              named("shown", "cannot be written: file exists"));
+    EXPECT_EQ(failure([&] { folder.writeNew("file", "y", "shown", 0666); }),
+              named("./shown", "cannot be written: file exists"));
     EXPECT_EQ(get(path("file")), "x");
     const int code = inChild([&] {
         std::signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{100, 100};
         ::setrlimit(RLIMIT_FSIZE, &limit);
-        const std::string told =
-            failure([&] { folder_io::writeNew(path("new"), QByteArray(200, 'x'), path("new"), 0666); });
-        return told == named("new", "cannot be written: file too large") ? 0 : 1;
+        const std::string told = failure([&] { folder.writeNew("new", QByteArray(200, 'x'), "new", 0666); });
+        return told == named("./new", "cannot be written: file too large") ? 0 : 1;
     });
     EXPECT_EQ(code, 0);
     EXPECT_FALSE(QFileInfo::exists(path("new")));
@@ -98,38 +140,38 @@ TEST_F(FolderIoTest, AFileThatCannotBeWrittenWholeIsNotThere)
 
 TEST_F(FolderIoTest, RemovingWhatIsNotThereIsDone)
 {
+    const Folder folder(path("."));
     EXPECT_EQ(failure([&] {
-                  folder_io::remove(path("none"));
-                  folder_io::removeFolder(path("none"));
+                  folder.remove("none");
+                  folder.removeFolder("none");
               }),
               "");
     QDir().mkpath(path("full/of"));
-    EXPECT_EQ(failure([&] { folder_io::removeFolder(path("full")); }),
-              named("full", "cannot be removed: directory not empty"));
-    EXPECT_EQ(failure([&] { folder_io::remove(path("full")); }), named("full", "cannot be removed: is a directory"));
+    EXPECT_EQ(failure([&] { folder.removeFolder("full"); }), named("./full", "cannot be removed: directory not empty"));
+    EXPECT_EQ(failure([&] { folder.remove("full"); }), named("./full", "cannot be removed: is a directory"));
 }
 
 TEST_F(FolderIoTest, AnotherDiskCannotTakeAFileOfTheFolder)
 {
     QDir().mkpath(path());
     ASSERT_TRUE(QFile::link("/proc/self", path() + "/scenes"));
-    EXPECT_EQ(failure([&] { folder_io::requireReplaceable(path(), "scenes/a.json"); }),
+    EXPECT_EQ(failure([&] { Folder(path()).requireReplaceable("scenes/a.json"); }),
               named("project/scenes/a.json", "cannot be written: invalid cross-device link"));
 }
 
 TEST_F(FolderIoTest, ReadersShareALockAndAWriterHasItAlone)
 {
     const auto lock = [&](FolderLock::Purpose purpose) {
-        return failure([&] { const FolderLock lock(path("."), purpose, std::chrono::milliseconds(20)); });
+        return failure([&] { const FolderLock lock(Folder(path(".")), purpose, std::chrono::milliseconds(20)); });
     };
     const std::string refused = named(".", "is in use by another program");
     {
-        const FolderLock reader(path("."), FolderLock::Reading);
+        const FolderLock reader(Folder(path(".")), FolderLock::Reading);
         EXPECT_EQ(lock(FolderLock::Reading), "");
         EXPECT_EQ(lock(FolderLock::Writing), refused);
     }
     {
-        const FolderLock writer(path("."), FolderLock::Writing);
+        const FolderLock writer(Folder(path(".")), FolderLock::Writing);
         EXPECT_EQ(lock(FolderLock::Reading), refused);
         EXPECT_EQ(lock(FolderLock::Writing), refused);
     }

@@ -1,6 +1,6 @@
 #include "engine/folder/foldertransaction.h"
 
-#include "engine/folder/folderio.h"
+#include "engine/folder/folderrecovery.h"
 #include "tests/engine/folder/foldertest.h"
 
 #include <QDir>
@@ -11,11 +11,15 @@
 #include <thread>
 
 #include <sys/ptrace.h>
+#include <sys/syscall.h>
+#include <sys/user.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+using brindle::engine::Folder;
 using brindle::engine::FolderFailure;
 using brindle::engine::FolderTransaction;
+namespace folder_recovery = brindle::engine::folder_recovery;
 
 class FolderTransactionTest : public FolderTest {
 public:
@@ -39,13 +43,26 @@ public:
     /// Puts one of two states in place of the other: each has files that change, one that is new and one that goes.
     void write(bool first)
     {
-        FolderTransaction change(folder());
-        change.replace("project.json", first ? "project 1" : "project 2");
-        change.replace("scenes/a.json", first ? QByteArray(9000, 'a') : "short");
-        change.replace(first ? "scenes/b.json" : "other/c.json", "only here");
-        change.replace("scenes/same.json", "same");
-        change.remove(first ? "other/c.json" : "scenes/b.json");
+        const Folder opened(folder());
+        FolderTransaction change(opened);
+        change.write("project.json", first ? "project 1" : "project 2");
+        change.write("scenes/a.json", first ? QByteArray(9000, 'a') : "short");
+        change.write(first ? "scenes/b.json" : "other/of/c.json", "only here");
+        change.write("scenes/same.json", "same");
+        change.remove(first ? "other/of/c.json" : "scenes/b.json");
+        if (QFile::exists(folder() + "/moved.png") == first)
+            change.move(first ? "moved.png" : "art/drawing.png", first ? "art/drawing.png" : "moved.png");
         change.commit();
+    }
+    /// Both states need something to move.
+    void writeFirst()
+    {
+        put(folder() + "/moved.png", QByteArray("\x89PNG\0", 5));
+        write(true);
+    }
+    void recover() const
+    {
+        EXPECT_EQ(failure([this] { folder_recovery::recover(Folder(folder())); }).toStdString(), "");
     }
 
     /// The files without folders, which may stay empty when a process is killed.
@@ -57,33 +74,106 @@ public:
     }
 };
 
-TEST_F(FolderTransactionTest, ReplacesMakesAndRemovesFiles)
+TEST_F(FolderTransactionTest, ReplacesMakesMovesAndRemovesFiles)
 {
-    write(true);
-    EXPECT_EQ(filesOf(folder()).keys(),
-              QStringList({"project.json", "scenes/", "scenes/a.json", "scenes/b.json", "scenes/same.json"}));
+    writeFirst();
+    EXPECT_EQ(filesOf(folder()).keys(), QStringList({"art/", "art/drawing.png", "project.json", "scenes/",
+                                                     "scenes/a.json", "scenes/b.json", "scenes/same.json"}));
     write(false);
     EXPECT_EQ(contents(), Files({{"project.json", "project 2"},
                                  {"scenes/a.json", "short"},
-                                 {"other/c.json", "only here"},
+                                 {"other/of/c.json", "only here"},
+                                 {"moved.png", QByteArray("\x89PNG\0", 5)},
                                  {"scenes/same.json", "same"}}));
 }
 
 TEST_F(FolderTransactionTest, NothingToChangeIsDoneWithoutTouchingTheDisk)
 {
-    write(true);
+    writeFirst();
     const auto before = QFileInfo(folder()).lastModified();
     std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    write(true);
-    FolderTransaction(folder()).commit();
-    FolderTransaction change(folder());
+    const Folder opened(folder());
+    FolderTransaction(opened).commit();
+    FolderTransaction change(opened);
+    change.write("project.json", "project 1");
+    change.write("scenes/b.json", "something else");
+    change.write("scenes/b.json", "only here");
     change.remove("scenes/not-there.json");
+    change.move("scenes/a.json", "scenes/a.json");
     change.commit();
     EXPECT_EQ(QFileInfo(folder()).lastModified(), before);
 }
 
+TEST_F(FolderTransactionTest, FilesMayChangePlacesAndBeWrittenAnew)
+{
+    put(folder() + "/a", "was a");
+    put(folder() + "/b", "was b");
+    put(folder() + "/c", "was c");
+    const Folder opened(folder());
+    FolderTransaction change(opened);
+    change.move("a", "b");
+    change.move("b", "a");
+    change.move("c", "deep/in/d");
+    change.write("c", "new c");
+    change.remove("c");
+    change.commit();
+    EXPECT_EQ(contents(), Files({{"a", "was b"}, {"b", "was a"}, {"c", "new c"}, {"deep/in/d", "was c"}}));
+    FolderTransaction missing(opened);
+    missing.move("none", "e");
+    EXPECT_EQ(failure([&] { missing.commit(); }), "\"" + folder() + "/none\" is missing");
+}
+
+TEST_F(FolderTransactionTest, ItWorksOnTheFolderWhereverThatIsByNow)
+{
+    put(folder() + "/project.json", "first");
+    const Folder opened(folder());
+    QDir().rename(folder(), path("moved"));
+    QDir().mkpath(folder());
+    FolderTransaction change(opened);
+    change.write("project.json", "second");
+    change.write("scenes/a.json", "a");
+    change.commit();
+    EXPECT_EQ(filesOf(folder()), Files());
+    EXPECT_EQ(get(path("moved") + "/project.json"), "second");
+    EXPECT_EQ(opened.place(), path("moved"));
+    QDir(path("moved")).removeRecursively();
+    EXPECT_EQ(opened.place(), QString());
+}
+
+TEST_F(FolderTransactionTest, AFileThatCannotBeMovedAtTheLastMomentTakesAllBack)
+{
+    writeFirst();
+    const Files files = filesOf(folder());
+    const int code = inChild([&] {
+        // The second of the moves is refused, as by a disk that fails.
+        const pid_t child = ::fork();
+        if (child != 0) {
+            int moves = 0;
+            int status = 0;
+            ::waitpid(child, &status, 0);
+            for (bool isEntry = false; WIFSTOPPED(status); isEntry = !isEntry) {
+                user_regs_struct registers = {};
+                ::ptrace(PTRACE_GETREGS, child, nullptr, &registers);
+                if (isEntry && registers.orig_rax == SYS_renameat && ++moves == 3) {
+                    registers.orig_rax = static_cast<unsigned long long>(-1);
+                    ::ptrace(PTRACE_SETREGS, child, nullptr, &registers);
+                }
+                ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+                ::waitpid(child, &status, 0);
+            }
+            return moves > 3 ? WEXITSTATUS(status) : 3;
+        }
+        ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        ::raise(SIGSTOP);
+        ::_exit(failure([this] { write(false); }).isEmpty() ? 1 : 0);
+    });
+    EXPECT_EQ(code, 0);
+    EXPECT_EQ(filesOf(folder()), files);
+}
+
 TEST_F(FolderTransactionTest, AProcessKilledAtAnySystemCallLeavesOneOfTheTwoStates)
 {
+    writeFirst();
     write(false);
     const Files second = contents();
     write(true);
@@ -116,7 +206,7 @@ TEST_F(FolderTransactionTest, AProcessKilledAtAnySystemCallLeavesOneOfTheTwoStat
         }
         ASSERT_LT(calls, 5000);
 
-        FolderTransaction::recover(folder());
+        recover();
         const Files now = contents();
         ASSERT_TRUE(now == first || now == second)
             << "killed at call " << calls << ": " << now.keys().join(' ').toStdString();
@@ -131,6 +221,7 @@ TEST_F(FolderTransactionTest, AProcessKilledAtAnySystemCallLeavesOneOfTheTwoStat
 
 TEST_F(FolderTransactionTest, AProcessKilledWhileItSavesInALoopLeavesOneOfTheTwoStates)
 {
+    writeFirst();
     write(false);
     const Files second = contents();
     write(true);
@@ -145,105 +236,23 @@ TEST_F(FolderTransactionTest, AProcessKilledWhileItSavesInALoopLeavesOneOfTheTwo
         std::this_thread::sleep_for(std::chrono::microseconds(std::uniform_int_distribution<int>(0, 8000)(random)));
         ::kill(child, SIGKILL);
         ::waitpid(child, nullptr, 0);
-        FolderTransaction::recover(folder());
+        recover();
         const Files now = contents();
         ASSERT_TRUE(now == first || now == second) << round;
         ASSERT_FALSE(QFileInfo::exists(stage()));
     }
 }
 
-TEST_F(FolderTransactionTest, ARecoveryThatIsKilledIsEndedByTheNextOne)
-{
-    write(true);
-    const Files first = contents();
-    QDir().mkpath(stage());
-    put(stage() + "/0", "new project");
-    put(stage() + "/1", "new a");
-    put(stage() + "/journal.json", R"({"format": "brindle-journal", "version": 1,
-        "replace": ["project.json", "scenes/a.json"], "remove": ["scenes/b.json", "scenes/same.json"]})");
-    // As if the process had been killed behind the first file.
-    QFile::remove(folder() + "/project.json");
-    QFile::rename(stage() + "/0", folder() + "/project.json");
-    EXPECT_TRUE(FolderTransaction::isCommitted(folder()));
-    FolderTransaction::recover(folder());
-    EXPECT_EQ(contents(), Files({{"project.json", "new project"}, {"scenes/a.json", "new a"}}));
-    EXPECT_FALSE(FolderTransaction::isInterrupted(folder()));
-}
-
-TEST_F(FolderTransactionTest, WithoutAJournalNothingHasHappened)
-{
-    write(true);
-    const Files files = filesOf(folder());
-    QDir().mkpath(stage());
-    put(stage() + "/0", "new project");
-    put(stage() + "/journal.new", "{\"format");
-    EXPECT_TRUE(FolderTransaction::isInterrupted(folder()));
-    EXPECT_FALSE(FolderTransaction::isCommitted(folder()));
-    write(true);
-    EXPECT_EQ(filesOf(folder()), files);
-}
-
-TEST_F(FolderTransactionTest, AJournalThatIsDamagedOrLeadsOutIsToldAndNothingChanges)
-{
-    struct Case {
-        const char* journal;
-        const char* reason;
-    };
-    constexpr Case cases[] = {
-        {"", "is empty"},
-        {"{", "is damaged at line 1, column 2: unterminated object"},
-        {R"({"format": "brindle-journal", "version": 2})",
-         "has format version 2, and this version of the application reads version 1"},
-        {R"({"format": "brindle-journal", "version": 1, "replace": ["../project.json"], "remove": []})",
-         "is damaged at line 1: replace[0] is no file of the project"},
-        {R"({"format": "brindle-journal", "version": 1, "replace": ["/etc/passwd"], "remove": []})",
-         "is damaged at line 1: replace[0] is no file of the project"},
-        {R"({"format": "brindle-journal", "version": 1, "replace": ["project.json"], "remove": ["scenes/../../x"]})",
-         "is damaged at line 1: remove[0] is no file of the project"},
-        {R"({"format": "brindle-journal", "version": 1, "replace": ["project.json"], "remove": [".."]})",
-         "is damaged at line 1: remove[0] is no file of the project"},
-        {R"({"format": "brindle-journal", "version": 1, "replace": ["project.json"], "remove": [""]})",
-         "is damaged at line 1: remove[0] is no file of the project"},
-        {R"({"format": "brindle-journal", "version": 1, "replace": ["project.json"], "replace": [], "remove": []})",
-         "is damaged at line 1, column 74: the field \"replace\" is there twice"},
-    };
-    write(true);
-    QDir().mkpath(stage());
-    put(stage() + "/0", "new project");
-    for (const auto& [journal, reason] : cases) {
-        put(stage() + "/journal.json", journal);
-        const Files files = filesOf(folder());
-        EXPECT_EQ(failure([&] { FolderTransaction::recover(folder()); }).toStdString(),
-                  ("\"" + stage() + "/journal.json\" ").toStdString() + reason);
-        EXPECT_EQ(filesOf(folder()), files);
-    }
-}
-
-TEST_F(FolderTransactionTest, AJournalThatEndsAnywhereIsToldAndNothingChanges)
-{
-    const QByteArray journal =
-        R"({"format": "brindle-journal", "version": 1, "replace": ["project.json"], "remove": []})";
-    write(true);
-    QDir().mkpath(stage());
-    put(stage() + "/0", "new project");
-    for (qsizetype length = 0; length < journal.size(); ++length) {
-        put(stage() + "/journal.json", journal.left(length));
-        const Files files = filesOf(folder());
-        EXPECT_TRUE(
-            failure([&] { FolderTransaction::recover(folder()); }).startsWith("\"" + stage() + "/journal.json\" is "));
-        ASSERT_EQ(filesOf(folder()), files);
-    }
-}
-
 TEST_F(FolderTransactionTest, AFileThatCannotBeReplacedLeavesAllAsTheyWere)
 {
-    write(true);
+    writeFirst();
     QDir().mkpath(folder() + "/scenes/z.json");
     const Files files = filesOf(folder());
-    FolderTransaction change(folder());
-    change.replace("project.json", "new");
-    change.replace("fresh/a.json", "new");
-    change.replace("scenes/z.json", "new");
+    const Folder opened(folder());
+    FolderTransaction change(opened);
+    change.write("project.json", "new");
+    change.write("fresh/and/deep/a.json", "new");
+    change.write("scenes/z.json", "new");
     EXPECT_EQ(failure([&] { change.commit(); }),
               "\"" + folder() + "/scenes/z.json\" cannot be written: is a directory");
     EXPECT_EQ(filesOf(folder()), files);

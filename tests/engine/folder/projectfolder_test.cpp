@@ -306,7 +306,7 @@ TEST_F(ProjectFolderTest, WithoutPermissionNothingChanges)
     ::chmod(qPrintable(path(".")), 0755);
     const auto expectRefusal = [&](const QString& expected) {
         const auto opened = [&] {
-            project().lock().require(path());
+            project().lock().require(brindle::engine::Folder(path()));
             return true;
         };
         EXPECT_TRUE(asNobody([&] { return writeError(path(), project()) == expected; }, opened))

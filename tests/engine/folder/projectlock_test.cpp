@@ -1,12 +1,12 @@
 #include "engine/folder/projectlock.h"
 
-#include "engine/folder/folderio.h"
 #include "tests/engine/folder/foldertest.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QSysInfo>
 
 #include <csignal>
@@ -17,6 +17,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using brindle::engine::Folder;
 using brindle::engine::FolderFailure;
 using brindle::engine::ProjectLock;
 
@@ -30,7 +31,7 @@ public:
     static QString refusal(ProjectLock& lock, const QString& folder)
     {
         try {
-            lock.require(folder);
+            lock.require(Folder(folder));
             return {};
         } catch (const FolderFailure& failure) {
             return failure.reason;
@@ -67,7 +68,7 @@ public:
         m_process = ::fork();
         if (m_process == 0) {
             ProjectLock lock;
-            lock.require(folder);
+            lock.require(Folder(folder));
             static_cast<void>(::write(ends[1], "x", 1));
             for (;;)
                 ::pause();
@@ -114,9 +115,9 @@ TEST_F(ProjectLockTest, ALockStandsInItsFolderUntilItIsLetGo)
 
 TEST_F(ProjectLockTest, WhileSomebodyLooksForTheLockItIsNotTakenAway)
 {
-    auto looking = std::make_unique<brindle::engine::FolderLock>(path(), brindle::engine::FolderLock::Writing);
+    auto looking = std::make_unique<brindle::engine::FolderLock>(Folder(path()), brindle::engine::FolderLock::Writing);
     ProjectLock lock;
-    lock.require(path());
+    lock.require(Folder(path()));
     std::thread leaving([&lock] { lock.release(); });
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
     EXPECT_TRUE(QFile::exists(file()));
@@ -129,9 +130,9 @@ TEST_F(ProjectLockTest, WhileSomebodyLooksForTheLockItIsNotTakenAway)
 
 TEST_F(ProjectLockTest, AProgramThatKeepsTheFolderForLongKeepsNobodysLock)
 {
-    const brindle::engine::FolderLock kept(path(), brindle::engine::FolderLock::Reading);
+    const brindle::engine::FolderLock kept(Folder(path()), brindle::engine::FolderLock::Reading);
     ProjectLock lock;
-    lock.require(path());
+    lock.require(Folder(path()));
     lock.release();
     EXPECT_FALSE(lock.isHeld() || QFile::exists(file()));
 }
@@ -140,7 +141,7 @@ TEST_F(ProjectLockTest, ItGoesWithItsObject)
 {
     {
         ProjectLock lock;
-        lock.require(path());
+        lock.require(Folder(path()));
     }
     EXPECT_FALSE(QFile::exists(file()));
 }
@@ -149,7 +150,7 @@ TEST_F(ProjectLockTest, AFolderThatIsNamedInAnotherWayIsTheSame)
 {
     QFile::link(path(), path("link"));
     ProjectLock lock;
-    lock.require(path());
+    lock.require(Folder(path()));
     EXPECT_TRUE(lock.isOn(path("link")));
     EXPECT_EQ(refusal(lock, path("link")), QString());
 }
@@ -166,7 +167,7 @@ TEST_F(ProjectLockTest, AnotherProcessIsToldWhoHasTheProject)
 TEST_F(ProjectLockTest, TheSameProcessIsRefusedASecondTime)
 {
     ProjectLock first;
-    first.require(path());
+    first.require(Folder(path()));
     ProjectLock second;
     EXPECT_EQ(refusal(second, path()), inUse(thisProgram(), thisHost(), ::getpid()));
     second.release();
@@ -250,7 +251,7 @@ TEST_F(ProjectLockTest, ALockWhoseFolderIsGoneIsLetGoWithoutAWord)
         [](QtMsgType, const QMessageLogContext&, const QString& message) { lines.append(message); });
     {
         ProjectLock lock;
-        lock.require(path());
+        lock.require(Folder(path()));
         QDir(path()).removeRecursively();
     }
     qWarning("still told");
@@ -271,8 +272,8 @@ TEST_F(ProjectLockTest, AnotherFolderTakesThePlaceOfTheFirst)
 {
     QDir().mkpath(path("other"));
     ProjectLock lock;
-    lock.require(path());
-    lock.require(path("other"));
+    lock.require(Folder(path()));
+    lock.require(Folder(path("other")));
     EXPECT_FALSE(QFile::exists(file()));
     EXPECT_TRUE(lock.isOn(path("other")));
 }
@@ -282,17 +283,16 @@ TEST_F(ProjectLockTest, ARefusalLeavesWhatIsHeld)
     QDir().mkpath(path("other"));
     HoldingProcess other(path("other"));
     ProjectLock lock;
-    lock.require(path());
+    lock.require(Folder(path()));
     EXPECT_FALSE(refusal(lock, path("other")).isEmpty());
-    EXPECT_EQ(refusal(lock, path("missing")),
-              "\"" + path("missing") + "\" cannot be written: no such file or directory");
+    EXPECT_EQ(refusal(lock, path("missing")), "\"" + path("missing") + "\" cannot be read: no such file or directory");
     EXPECT_TRUE(lock.isOn(path()));
 }
 
 TEST_F(ProjectLockTest, ALockIsHandedOn)
 {
     ProjectLock first;
-    first.require(path());
+    first.require(Folder(path()));
     ProjectLock second(std::move(first));
     EXPECT_TRUE(second.isOn(path()));
     ProjectLock third;
@@ -301,7 +301,7 @@ TEST_F(ProjectLockTest, ALockIsHandedOn)
     EXPECT_EQ(refusal(third, path()), QString());
     QDir().mkpath(path("other"));
     ProjectLock fourth;
-    fourth.require(path("other"));
+    fourth.require(Folder(path("other")));
     third = std::move(fourth);
     EXPECT_FALSE(QFile::exists(file()));
     EXPECT_TRUE(third.isOn(path("other")));
@@ -310,7 +310,7 @@ TEST_F(ProjectLockTest, ALockIsHandedOn)
 TEST_F(ProjectLockTest, ALockWhoseFileWasRemovedIsTakenAnew)
 {
     ProjectLock lock;
-    lock.require(path());
+    lock.require(Folder(path()));
     QFile::remove(file());
     EXPECT_FALSE(lock.isOn(path()));
     EXPECT_EQ(refusal(lock, path()), QString());
@@ -320,7 +320,7 @@ TEST_F(ProjectLockTest, ALockWhoseFileWasRemovedIsTakenAnew)
 TEST_F(ProjectLockTest, ALockThatAnotherProcessGotMeanwhileIsNotRemoved)
 {
     ProjectLock lock;
-    lock.require(path());
+    lock.require(Folder(path()));
     QFile::remove(file());
     HoldingProcess other(path());
     EXPECT_EQ(refusal(lock, path()), inUse(thisProgram(), thisHost(), other.process()));
@@ -331,7 +331,7 @@ TEST_F(ProjectLockTest, ALockThatAnotherProcessGotMeanwhileIsNotRemoved)
 TEST_F(ProjectLockTest, AProcessThatIsForkedOffLeavesTheLockToItsParent)
 {
     ProjectLock lock;
-    lock.require(path());
+    lock.require(Folder(path()));
     const QString expected = inUse(thisProgram(), thisHost(), ::getpid());
     const int code = inChild([&] {
         const bool refused = !lock.isHeld() && refusal(lock, path()) == expected;
@@ -345,7 +345,7 @@ TEST_F(ProjectLockTest, AProcessThatIsForkedOffLeavesTheLockToItsParent)
 TEST_F(ProjectLockTest, AFolderThatMovedCanBeLockedAtItsNewPlace)
 {
     ProjectLock lock;
-    lock.require(path());
+    lock.require(Folder(path()));
     QDir().rename(path(), path("moved"));
     EXPECT_FALSE(lock.isOn(path()));
     EXPECT_TRUE(lock.isOn(path("moved")));
@@ -356,12 +356,65 @@ TEST_F(ProjectLockTest, AFolderThatMovedCanBeLockedAtItsNewPlace)
 TEST_F(ProjectLockTest, ALockThatMovedWithItsFolderIsTakenAnewThere)
 {
     ProjectLock lock;
-    lock.require(path());
+    lock.require(Folder(path()));
     QDir().rename(path(), path("moved"));
     EXPECT_EQ(refusal(lock, path("moved")), QString());
     EXPECT_TRUE(lock.isOn(path("moved")));
     lock.release();
     EXPECT_FALSE(QFile::exists(file("moved")));
+}
+
+TEST_F(ProjectLockTest, ALockOfAFolderThatMovedIsLetGoThoughAnotherHasItsPlace)
+{
+    ProjectLock lock;
+    lock.require(Folder(path()));
+    QDir().rename(path(), path("moved"));
+    QDir().mkpath(path());
+    ProjectLock other;
+    EXPECT_EQ(refusal(other, path()), QString());
+    EXPECT_FALSE(lock.isOn(path()));
+    EXPECT_EQ(lock.folder()->place(), path("moved"));
+    lock.release();
+    EXPECT_FALSE(QFile::exists(file("moved")));
+    EXPECT_TRUE(QFile::exists(file()) && other.isOn(path()));
+    EXPECT_EQ(refusal(lock, path("moved")), QString());
+}
+
+TEST_F(ProjectLockTest, AProcessThatIsForkedOffAndEndsLeavesTheLockHeld)
+{
+    ProjectLock lock;
+    lock.require(Folder(path()));
+    EXPECT_EQ(inChild([&] {
+                  lock.release();
+                  return 0;
+              }),
+              0);
+    EXPECT_EQ(inChild([&] {
+                  ProjectLock other;
+                  return refusal(other, path()).isEmpty() ? 1 : 0;
+              }),
+              0);
+}
+
+TEST_F(ProjectLockTest, TheFileTellsItsHolderInTheFormOfQLockFile)
+{
+    ProjectLock lock;
+    lock.require(Folder(path()));
+    QLockFile other(file());
+    other.setStaleLockTime(0);
+    qint64 process = 0;
+    QString host;
+    QString program;
+    EXPECT_TRUE(other.getLockInfo(&process, &host, &program));
+    EXPECT_EQ(process, ::getpid());
+    EXPECT_EQ(host.toUtf8(), thisHost());
+    EXPECT_EQ(program.toUtf8(), thisProgram());
+    EXPECT_FALSE(other.tryLock() || other.removeStaleLockFile());
+    lock.release();
+    ASSERT_TRUE(other.tryLock());
+    EXPECT_FALSE(refusal(lock, path()).isEmpty());
+    other.unlock();
+    EXPECT_EQ(refusal(lock, path()), QString());
 }
 
 TEST_F(ProjectLockTest, WhoMayNotWriteIsTold)

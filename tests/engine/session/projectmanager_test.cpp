@@ -244,6 +244,78 @@ TEST_F(ProjectManagerTest, ALockThatAnotherSessionGotMeanwhileStopsTheSave)
     EXPECT_TRUE(QFile::exists(path("p") + "/.brindle-lock"));
 }
 
+TEST_F(ProjectManagerTest, AnotherProjectInThePlaceOfTheOpenOneIsLeftAlone)
+{
+    ASSERT_TRUE(manager->createProject(path("p"), error));
+    rename("Screen");
+    ASSERT_TRUE(QDir().rename(path("p"), path("moved")));
+    const auto second = SC_SessionContext::create();
+    ASSERT_TRUE(second->projectManager()->createProject(path("p"), error));
+    second->projectManager()->closeProject();
+    const auto contents = [this](const QString& name) {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    const QByteArray before = contents("p/scenes/Scene-1.json");
+    ASSERT_FALSE(before.isEmpty());
+    EXPECT_FALSE(manager->saveProject(error));
+    EXPECT_EQ(error, "Cannot save the project: \"" + path("p") +
+                         "\" is another folder by now; that of the open project has moved to \"" + path("moved") +
+                         "\".");
+    EXPECT_EQ(contents("p/scenes/Scene-1.json"), before);
+    EXPECT_TRUE(history()->isDirty());
+    EXPECT_FALSE(QFile::exists(path("p/.brindle-lock")));
+
+    ASSERT_TRUE(manager->saveProjectAs(path("moved"), error)) << error.toStdString();
+    EXPECT_FALSE(history()->isDirty());
+    EXPECT_EQ(manager->project()->path(), path("moved")) << "it goes on where it is";
+    EXPECT_NE(contents("moved/scenes/Scene-1.json"), before);
+    EXPECT_TRUE(manager->saveProject(error));
+    manager->closeProject();
+    EXPECT_FALSE(QFile::exists(path("moved/.brindle-lock")));
+    EXPECT_TRUE(second->projectManager()->openProject(path("moved"), error)) << error.toStdString();
+}
+
+TEST_F(ProjectManagerTest, ARemovedFolderInWhosePlaceAnotherStandsIsTold)
+{
+    ASSERT_TRUE(manager->createProject(path("p"), error));
+    QDir(path("p")).removeRecursively();
+    QDir().mkpath(path("p"));
+    EXPECT_FALSE(manager->saveProject(error));
+    EXPECT_EQ(error, "Cannot save the project: \"" + path("p") +
+                         "\" is another folder by now; that of the open project was removed.");
+    EXPECT_EQ(QDir(path("p")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+    EXPECT_TRUE(manager->saveProjectAs(path("p"), error)) << error.toStdString();
+    EXPECT_TRUE(manager->saveProject(error));
+}
+
+TEST_F(ProjectManagerTest, UnsavedChangesAreDroppedOrRefusedAsItIsAskedFor)
+{
+    ASSERT_TRUE(manager->createProject(path("other"), error));
+    SC_Project* open = manager->createProject(path("p\n"), error, "never needed");
+    ASSERT_TRUE(open) << "there is nothing to drop";
+    rename("Screen");
+    const QString reason =
+        "\"" + path("p\\n") + "\" has unsaved changes; save or close it first, or discard them with ";
+    EXPECT_EQ(manager->createProject(path("new"), error, "a word"), nullptr);
+    EXPECT_EQ(error, "Cannot create the project: " + reason + "a word.");
+    EXPECT_FALSE(QFile::exists(path("new")));
+    EXPECT_EQ(manager->openProject(path("other"), error, "two words"), nullptr);
+    EXPECT_EQ(error, "Cannot open the project: " + reason + "two words.");
+    EXPECT_FALSE(QFile::exists(path("other/.brindle-lock")));
+    EXPECT_EQ(manager->openProjectReadOnly(path("other"), error, "a word"), nullptr);
+    EXPECT_EQ(manager->openProject(path("p\n"), error, "a word"), nullptr) << "it would be read anew";
+    EXPECT_EQ(error, "Cannot open the project: " + reason + "a word.");
+    EXPECT_EQ(manager->project(), open);
+    EXPECT_TRUE(history()->isDirty());
+    EXPECT_TRUE(QFile::exists(path("p\n/.brindle-lock")));
+
+    EXPECT_EQ(manager->openProject(path("none"), error, "a word"), nullptr);
+    EXPECT_EQ(error, "Cannot open the project: \"" + path("none") + "\" does not exist.") << "which is told first";
+    error.clear();
+    EXPECT_NE(manager->openProject(path("other"), error, {}), nullptr) << error.toStdString();
+}
+
 TEST_F(ProjectManagerTest, AReadOnlyOpeningTakesNothingAndLeavesNothing)
 {
     ASSERT_TRUE(manager->createProject(path("p"), error));
