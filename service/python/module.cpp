@@ -53,11 +53,12 @@ bool registerShutDown()
 PyObject* makeModule()
 {
     static PyMethodDef functions[] = {
-        function<"create", &createProject, "path: str | PathLike[str] -> Application">(
-            "Makes a project folder and opens it; fails where there is one already."),
-        function<"open", &openProject, "path: str | PathLike[str], read_only=False -> Application">(
+        function<"create", &createProject, "path: str | PathLike[str], discard=False -> Application">(
+            "Makes a project folder and opens it; fails where there is one already. Closes the project that is open; "
+            "with unsaved changes only where discard is true."),
+        function<"open", &openProject, "path: str | PathLike[str], read_only=False, discard=False -> Application">(
             "Opens the project in a folder; read-only also one that another process has open, to be saved elsewhere "
-            "only."),
+            "only. Closes the project that is open; with unsaved changes only where discard is true."),
         function<"application", &currentApplication, "-> Application | None">(
             "The application whose project is open, or None."),
         function<"_live_objects", &liveObjects, "-> int">(

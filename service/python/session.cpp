@@ -7,6 +7,7 @@
 #include "service/python/wrapper.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QThread>
 
 #include <clocale>
@@ -16,8 +17,8 @@ namespace brindle::python {
 
 namespace {
 
-/// What one process has open: in the host's session, or in one of our own where there is no host. The Qt application is
-/// made here when the process has none: it marks the main thread.
+/// The open project of the process: in the host's session, or in one of our own where there is no host. The Qt
+/// application is made here when the process has none: it marks the main thread.
 struct Session {
     std::unique_ptr<QCoreApplication> qtApplication;
     std::unique_ptr<SC_SessionContext> context;
@@ -57,9 +58,9 @@ void dropApplication()
     session().application = Ref();
 }
 
-using OpenFunction = SC_Project* (SC_ProjectManager::*)(const QString&, QString&);
+using OpenFunction = SC_Project* (SC_ProjectManager::*)(const QString&, QString&, const QString&);
 
-PyObject* enterProject(OpenFunction open, const QString& path)
+PyObject* enterProject(OpenFunction open, const QString& path, const char* howToDiscard)
 {
     QString error;
     SC_SessionContext* current = nullptr;
@@ -67,13 +68,20 @@ PyObject* enterProject(OpenFunction open, const QString& path)
         EngineGate::Operation operation;
         current = &context();
         OMC::BaseObject::validateThreadLock();
-        operation.run([&] { (current->projectManager()->*open)(path, error); });
+        operation.run([&] { (current->projectManager()->*open)(path, error, QString::fromLatin1(howToDiscard)); });
     }
     if (!error.isEmpty())
         throw OMC::Exception(error);
     Ref application(toPython(new ServiceApplication(current)));
     session().application = Ref::borrow(application.get());
     return application.release();
+}
+
+/// Whether the path leads to the folder in which the project can be saved.
+bool isOwnFolder(const SC_Project& project, const QString& path)
+{
+    const QString folder = QFileInfo(path).canonicalFilePath();
+    return !project.isReadOnly() && !folder.isEmpty() && folder == QFileInfo(project.path()).canonicalFilePath();
 }
 
 using SaveFunction = bool (*)(SC_ProjectManager&, const QString&, QString&);
@@ -93,14 +101,15 @@ void saveWith(const ServiceApplication& application, SaveFunction function, cons
 
 } // namespace
 
-PyObject* createProject(const QString& path)
+PyObject* createProject(const QString& path, bool discard)
 {
-    return enterProject(&SC_ProjectManager::createProject, path);
+    return enterProject(&SC_ProjectManager::createProject, path, discard ? "" : "brindle.create(path, discard=True)");
 }
 
-PyObject* openProject(const QString& path, bool readOnly)
+PyObject* openProject(const QString& path, bool readOnly, bool discard)
 {
-    return enterProject(readOnly ? &SC_ProjectManager::openProjectReadOnly : &SC_ProjectManager::openProject, path);
+    return enterProject(readOnly ? &SC_ProjectManager::openProjectReadOnly : &SC_ProjectManager::openProject, path,
+                        discard ? "" : "brindle.open(path, discard=True)");
 }
 
 PyObject* currentApplication()
@@ -128,13 +137,13 @@ void hostClosesProject()
 
 void save(const ServiceApplication& application, const QString& path)
 {
-    if (!path.isNull()) {
-        saveAs(application, path);
-        return;
-    }
     saveWith(
         application,
-        [](SC_ProjectManager& manager, const QString&, QString& error) { return manager.saveProject(error); }, path);
+        [](SC_ProjectManager& manager, const QString& to, QString& error) {
+            const bool isOwn = to.isNull() || isOwnFolder(*manager.project(), to);
+            return isOwn ? manager.saveProject(error) : manager.saveProjectAs(to, error);
+        },
+        path);
 }
 
 void saveAs(const ServiceApplication& application, const QString& path)

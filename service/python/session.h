@@ -7,9 +7,10 @@
 
 namespace brindle::python {
 
-/// The open project of the process, as the module's functions see it. Each gives a new reference or throws.
-PyObject* createProject(const QString& path);
-PyObject* openProject(const QString& path, bool readOnly);
+/// The open project of the process, as the module's functions see it. Each gives a new reference or throws. A project
+/// that is open with unsaved changes is closed for another one only where they are to be discarded.
+PyObject* createProject(const QString& path, bool discard);
+PyObject* openProject(const QString& path, bool readOnly, bool discard);
 /// The application whose project is open, or None.
 PyObject* currentApplication();
 
@@ -18,7 +19,7 @@ void save(const ServiceApplication& application, const QString& path);
 void saveAs(const ServiceApplication& application, const QString& path);
 void close(const ServiceApplication& application);
 
-/// What a host with a session of its own tells: a project was opened in it, or is about to be closed. On the main
+/// Called by a host with a session of its own when a project was opened in it, or is about to be closed. On the main
 /// thread.
 void hostOpenedProject(SC_SessionContext* session);
 void hostClosesProject();

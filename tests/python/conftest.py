@@ -18,6 +18,14 @@ hypothesis.settings.register_profile(
 hypothesis.settings.load_profile("brindle")
 
 
+@pytest.fixture(autouse=True)
+def nothing_left_open():
+    """A test that fails in the middle leaves its project open, with changes that the next one may not drop."""
+    yield
+    if brindle.application():
+        brindle.application().close()
+
+
 @pytest.fixture
 def folder():
     """Where the test's project is: in memory, where that can be, since every save waits for the disk."""

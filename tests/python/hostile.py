@@ -123,7 +123,7 @@ class Sweep:
     def begin(self):
         """A new project with one object of each class, alive, and one of each, dead."""
         shutil.rmtree(self.folder, ignore_errors=True)
-        self.app = brindle.create(self.folder)
+        self.app = brindle.create(self.folder, discard=True)
         self.history = self.app.project.history
         self.dead = dead_objects(self.app)
         self.samples = support.samples(self.app)

@@ -134,7 +134,7 @@ def gone_by_closing(app):
 
 
 def gone_by_opening_another(app, folder):
-    brindle.create(folder.with_name("another"))
+    brindle.create(folder.with_name("another"), discard=True)
 
 
 def gone_by_opening_again(app, folder):

@@ -111,9 +111,88 @@ def test_a_second_project_that_cannot_be_opened_leaves_the_first(app, scene):
 
 def test_opening_the_open_project_again_reads_what_is_on_disk(app, folder, scene):
     scene.frame_count = 12
-    again = brindle.open(folder)
+    again = brindle.open(folder, discard=True)
     assert again.scene.frame_count == 60
     assert support.message_of(lambda: scene.frame_count) == support.GONE
+
+
+DISCARD = {
+    "open": lambda folder, **more: brindle.open(folder.with_name("second"), **more),
+    "open read-only": lambda folder, **more: brindle.open(folder.with_name("second"), read_only=True, **more),
+    "create": lambda folder, **more: brindle.create(folder.with_name("third"), **more),
+    "open again": lambda folder, **more: brindle.open(folder, **more),
+}
+
+
+@pytest.mark.parametrize("way", DISCARD)
+def test_unsaved_changes_are_dropped_only_where_that_is_said(folder, way):
+    brindle.create(folder.with_name("second")).close()
+    app = brindle.create(folder)
+    node = app.scene.nodes.create("PEG", "Arm")
+    what = way.split()[0]
+    sentence = (f'Cannot {what} the project: "{folder}" has unsaved changes; save or close it first, or discard them '
+                f"with brindle.{what}(path, discard=True).")
+    for more in ({}, {"discard": False}):
+        with pytest.raises(brindle.Error) as failure:
+            DISCARD[way](folder, **more)
+        assert str(failure.value) == sentence
+    assert brindle.application() is app and node.valid and app.project.history.list() == ["Add Arm"]
+    assert not folder.with_name("third").exists()
+    other = DISCARD[way](folder, discard=True)
+    assert brindle.application() is other and not node.valid and "Top/Arm" not in other.scene.nodes
+    other.close()
+
+
+@pytest.mark.parametrize("settle", ["save", "undo", "close"])
+def test_what_is_saved_undone_or_closed_is_no_hindrance(folder, settle):
+    app = brindle.create(folder)
+    app.scene.nodes.create("PEG", "Arm")
+    {"save": app.save, "undo": lambda: app.project.history.undo(1), "close": app.close}[settle]()
+    with brindle.create(folder.with_name("second")):
+        assert brindle.application() is not app
+
+
+def test_a_change_inside_a_bracket_is_an_unsaved_one(app, folder):
+    with app.project.history.bracket("Several"):
+        app.scene.frame_count = 12
+        assert "has unsaved changes" in support.message_of(brindle.create, folder.with_name("second"))
+
+
+def test_a_context_ends_as_it_is_told_whatever_is_unsaved(folder):
+    with brindle.create(folder) as app:
+        app.scene.nodes.create("PEG", "Arm")
+    assert brindle.application() is None
+
+
+def test_the_project_with_unsaved_changes_is_named_on_one_line(folder):
+    strange = folder.with_name("a\nb")
+    with brindle.create(strange) as app:
+        app.scene.frame_count = 12
+        assert f'"{folder.parent}/a\\nb" has unsaved' in support.message_of(brindle.create, folder)
+        assert support.message_of(brindle.open, folder) == f'Cannot open the project: "{folder}" does not exist.'
+
+
+@pytest.mark.parametrize("value", ["yes", None, 1.5, []])
+def test_discard_is_a_flag(app, folder, value):
+    for call in (brindle.open, brindle.create):
+        with pytest.raises(TypeError):
+            call(folder.with_name("second"), discard=value)
+    assert brindle.application() is app
+
+
+@pytest.mark.parametrize("way", ["itself", "slash", "relative", "link", "dots", "path"])
+def test_saving_to_its_own_folder_is_a_save(app, folder, scene, monkeypatch, way):
+    os.symlink(folder, folder.with_name("link"))
+    monkeypatch.chdir(folder.parent)
+    scene.frame_count = 12
+    app.save({"itself": str(folder), "slash": f"{folder}/", "relative": folder.name, "path": folder,
+              "link": folder.with_name("link"), "dots": f"{folder}/../{folder.name}/."}[way])
+    assert not app.project.dirty and sorted(os.listdir(folder)) == [support.LOCK, "project.json", "scenes"]
+    app.close()
+    with brindle.open(folder, read_only=True) as again:
+        assert again.scene.frame_count == 12
+        assert support.message_of(again.save, folder) == (
+            f'Cannot save the project: "{folder}" already holds a project.')
 
 
 def test_save_with_a_path_is_save_as(app, folder, scene):

@@ -90,7 +90,7 @@ for path in paths:
 def work(number):
     for turn in range(60):
         try:
-            app = brindle.open(paths[(number + turn) % len(paths)])
+            app = brindle.open(paths[(number + turn) % len(paths)], discard=True)
             nodes = list(app.scene.nodes)
             peg = app.scene.nodes.create("PEG", "a")
             peg.attributes["angle"].set_value(1, 2.0)
@@ -104,7 +104,7 @@ def work(number):
 
 run_all(work, 4)
 for path in paths:
-    brindle.open(path).close()
+    brindle.open(path, discard=True).close()
 """,
     "threads that drop objects while the project closes": """
 def work(number):

@@ -611,7 +611,7 @@ class Application(BaseObject):
         """The project's first scene."""
         ...
     def save(self, path: str | PathLike[str] | None = None) -> None:
-        """Writes the project folder whole or not at all; with a path, does what save_as does."""
+        """Writes the project folder whole or not at all; with the path of another folder, does what save_as does."""
         ...
     def save_as(self, path: str | PathLike[str]) -> None:
         """Writes the project to another folder and goes on there."""
@@ -2705,13 +2705,13 @@ class AnyAttribute(Attribute):
     def offset_value(self, *args: Any, **kwargs: Any) -> None: ...
 
 
-def create(path: str | PathLike[str]) -> Application:
-    """Makes a project folder and opens it; fails where there is one already."""
+def create(path: str | PathLike[str], discard: bool = False) -> Application:
+    """Makes a project folder and opens it; fails where there is one already. Closes the project that is open; with unsaved changes only where discard is true."""
     ...
 
 
-def open(path: str | PathLike[str], read_only: bool = False) -> Application:
-    """Opens the project in a folder; read-only also one that another process has open, to be saved elsewhere only."""
+def open(path: str | PathLike[str], read_only: bool = False, discard: bool = False) -> Application:
+    """Opens the project in a folder; read-only also one that another process has open, to be saved elsewhere only. Closes the project that is open; with unsaved changes only where discard is true."""
     ...
 
 

@@ -38,7 +38,8 @@ const Family family([]() -> std::vector<ClassTable> {
             .property("scenes", "SceneList")
             .property("scene", "Scene")
             .method<"save", Form<&save, "path: str | PathLike[str] | None=None">>(
-                "Writes the project folder whole or not at all; with a path, does what save_as does.")
+                "Writes the project folder whole or not at all; with the path of another folder, does what save_as "
+                "does.")
             .method<"save_as", Form<&saveAs, "path: str | PathLike[str]">>(
                 "Writes the project to another folder and goes on there.")
             .method<"close", Form<&close>>(
