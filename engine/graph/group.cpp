@@ -1,5 +1,7 @@
 #include "engine/graph/group.h"
 
+#include <typeinfo>
+
 namespace brindle::engine {
 
 Group::Group() : HostNode(groupNodeType()), m_subNodes(*this) {}
@@ -45,14 +47,24 @@ TUGroup* parentHost(const Node& node)
     return node.parent();
 }
 
+namespace {
+
+/// Nothing derives from Group, so that its name says all: a cast compares names from class to class.
+bool isEngineGroup(const TUGroup* group)
+{
+    return group && typeid(*group) == typeid(Group);
+}
+
+} // namespace
+
 Group* engineGroup(TUGroup* group)
 {
-    return dynamic_cast<Group*>(group);
+    return isEngineGroup(group) ? static_cast<Group*>(group) : nullptr;
 }
 
 const Group* engineGroup(const TUGroup* group)
 {
-    return dynamic_cast<const Group*>(group);
+    return isEngineGroup(group) ? static_cast<const Group*>(group) : nullptr;
 }
 
 std::vector<Node*> topNodes(const std::vector<Node*>& nodes)

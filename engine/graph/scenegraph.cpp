@@ -2,6 +2,9 @@
 
 #include "core/host/sc_scene.h"
 
+#include <algorithm>
+#include <string_view>
+
 namespace brindle::engine {
 
 SceneGraph::SceneGraph(SC_SceneCommon& scene) : m_scene(scene)
@@ -98,19 +101,23 @@ void SceneGraph::countDisplay(const Node& node, int change)
 
 namespace {
 
+/// Takes the first name off a path, with the slash behind it. The path is null behind the last name.
+std::u16string_view takeName(QStringView& path)
+{
+    const char16_t* const begin = path.utf16();
+    const char16_t* const end = begin + path.size();
+    const char16_t* const slash = std::find(begin, end, u'/');
+    path = slash == end ? QStringView() : QStringView(slash + 1, end);
+    return {begin, slash};
+}
+
 const brindle::engine::Node* walkPath(const brindle::engine::Node* from, QStringView path)
 {
-    while (from) {
+    do {
         const brindle::engine::Group* group = from->asGroup();
-        if (!group)
-            return nullptr;
-        const qsizetype bar = path.indexOf(u'/');
-        from = group->subNodes().find(bar < 0 ? path : path.left(bar));
-        if (bar < 0)
-            return from;
-        path = path.mid(bar + 1);
-    }
-    return nullptr;
+        from = group ? group->subNodes().find(takeName(path)) : nullptr;
+    } while (from && !path.isNull());
+    return from;
 }
 
 MO_Node* hostOf(const brindle::engine::Node* node)
@@ -120,10 +127,10 @@ MO_Node* hostOf(const brindle::engine::Node* node)
 
 MO_Node* fromRoot(const brindle::engine::Node& root, QStringView path)
 {
-    const qsizetype bar = path.indexOf(u'/');
-    if ((bar < 0 ? path : path.left(bar)) != root.name())
+    const QStringView rootName = root.name();
+    if (takeName(path) != std::u16string_view(rootName.utf16(), static_cast<std::size_t>(rootName.size())))
         return nullptr;
-    return hostOf(bar < 0 ? &root : walkPath(&root, path.mid(bar + 1)));
+    return hostOf(path.isNull() ? &root : walkPath(&root, path));
 }
 
 } // namespace

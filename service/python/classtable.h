@@ -374,10 +374,16 @@ void Class<T>::deriveOperators()
         operators.length = [](OMC::BaseObject* o) { return static_cast<Py_ssize_t>(self(o).size()); };
     if constexpr (requires { T::firstIndex; })
         operators.firstIndex = T::firstIndex;
-    if constexpr (requires(int i) { self(nullptr).get(i); })
+    // A list that gives its wrappers as they are (`newItem`) saves the handle in between.
+    if constexpr (requires(int i) { self(nullptr).newItem(i); })
+        operators.itemByIndex = [](OMC::BaseObject* o, int index) { return toPython(self(o).newItem(index)); };
+    else if constexpr (requires(int i) { self(nullptr).get(i); })
         operators.itemByIndex = [](OMC::BaseObject* o, int index) { return toPython(self(o).get(index)); };
-    if constexpr (requires(const QString& k) { self(nullptr)(k); }) {
+    if constexpr (requires(const QString& k) { self(nullptr)(k); })
         operators.call = [](OMC::BaseObject* o, const QString& key) { return toPython(self(o)(key)); };
+    if constexpr (requires(const QString& k) { self(nullptr).newItem(k); }) {
+        operators.itemByKey = [](OMC::BaseObject* o, const QString& key) { return toPython(self(o).newItem(key)); };
+    } else if constexpr (requires(const QString& k) { self(nullptr)(k); }) {
         operators.itemByKey = operators.call;
     } else if constexpr (requires(const QString& k) { self(nullptr).get(k); }) {
         operators.itemByKey = [](OMC::BaseObject* o, const QString& key) { return toPython(self(o).get(key)); };

@@ -6,7 +6,9 @@
 #include <QMetaType>
 #include <QRegularExpression>
 
+#include <array>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <utility>
 
@@ -231,6 +233,33 @@ QVariant functionFrom(PyObject* callable)
 
 thread_local HeldItems* innermost = nullptr;
 
+/// What a script's own code names again and again, as the same object (Python keeps one of each): the text as Qt has
+/// it, by the address of Python's. Used under the interpreter's lock.
+struct KnownText {
+    PyObject* text; ///< Held, so that its address is no other object's.
+    QString string;
+};
+std::array<KnownText, 256> knownTexts;
+
+KnownText& knownTextFor(PyObject* text)
+{
+    constexpr std::uintptr_t spacing = 16; // of Python's objects
+    return knownTexts[reinterpret_cast<std::uintptr_t>(text) / spacing % knownTexts.size()];
+}
+
+QString decoded(PyObject* text)
+{
+    // Most texts: a byte a character, which needs no decoding.
+    if (PyUnicode_IS_READY(text) && PyUnicode_KIND(text) == PyUnicode_1BYTE_KIND)
+        return QString::fromLatin1(reinterpret_cast<const char*>(PyUnicode_1BYTE_DATA(text)),
+                                   PyUnicode_GET_LENGTH(text));
+    Py_ssize_t size = 0;
+    const char* utf8 = PyUnicode_AsUTF8AndSize(text, &size);
+    if (!utf8)
+        throw PythonError{};
+    return QString::fromUtf8(utf8, size);
+}
+
 } // namespace
 
 HeldItems::HeldItems() : m_outer(std::exchange(innermost, this)) {}
@@ -250,15 +279,15 @@ QString stringFrom(PyObject* text)
 {
     if (!PyUnicode_Check(text))
         throwTypeError("A text must be str, not %s", Py_TYPE(text)->tp_name);
-    // Most texts: a byte a character, which needs no decoding.
-    if (PyUnicode_IS_READY(text) && PyUnicode_KIND(text) == PyUnicode_1BYTE_KIND)
-        return QString::fromLatin1(reinterpret_cast<const char*>(PyUnicode_1BYTE_DATA(text)),
-                                   PyUnicode_GET_LENGTH(text));
-    Py_ssize_t size = 0;
-    const char* utf8 = PyUnicode_AsUTF8AndSize(text, &size);
-    if (!utf8)
-        throw PythonError{};
-    return QString::fromUtf8(utf8, size);
+    if (!PyUnicode_CHECK_INTERNED(text))
+        return decoded(text);
+    KnownText& known = knownTextFor(text);
+    if (known.text != text) {
+        known.string = decoded(text);
+        Py_INCREF(text);
+        Py_XSETREF(known.text, text);
+    }
+    return known.string;
 }
 
 bool isPath(PyObject* value)

@@ -1,5 +1,7 @@
 """The list protocol: lengths, subscripts, slices, loops, membership, the call operator."""
 
+import sys
+
 import brindle
 import pytest
 
@@ -272,3 +274,14 @@ def test_a_class_has_the_operators_of_its_base():
     for entry in described.values():
         base = described.get(entry["base"].removeprefix("brindle."))
         assert base is None or set(base["operators"]) <= set(entry["operators"]), entry["name"]
+
+
+def test_names_that_a_script_keeps_lead_to_their_own_node_each_time(scene):
+    names = [sys.intern(f"Arm{number}") for number in range(600)]
+    made = {name: scene.nodes.create("PEG", name) for name in names}
+    for _ in range(2):
+        assert all(scene.nodes[f"Top/{name}"] == made[name] for name in names)
+        assert all(scene.top.nodes[name] == made[name] for name in names)
+    for name in names:
+        made[name].name = name + "_"
+        assert scene.top.nodes[name] is None
