@@ -55,11 +55,6 @@ PythonFunction::~PythonFunction()
         installedHelper().dropReference(m_function);
 }
 
-BaseObject* PythonFunction::copy() const
-{
-    return new PythonFunction(*this);
-}
-
 std::string PythonFunction::__str__() const
 {
     return "PythonFunction()";

@@ -40,6 +40,7 @@ public:
 /// but must not outlive the helper.
 class BRINDLE_CORE_EXPORT PythonFunction : public BaseObject {
     Q_OBJECT
+    BRINDLE_COPYABLE(PythonFunction)
 
 public:
     PythonFunction();
@@ -47,7 +48,6 @@ public:
     PythonFunction& operator=(const PythonFunction& other);
     ~PythonFunction() override;
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     /// Calls it with a list of arguments, or with none, and gives its result. Fails without a function; what it raises

@@ -22,8 +22,4 @@ private:
     UT_SharedWeakPtrBase m_pointer;
 };
 
-/// The same under the name that private records on the heap use.
-template <typename Target>
-using WeakPointer = WeakHandle<Target>;
-
 } // namespace OMC

@@ -20,6 +20,7 @@ extern template class BRINDLE_CORE_EXPORT CurveList<Bezier, GR_Bezier2d>;
 /// which stretch of a longer curve it is.
 class BRINDLE_CORE_EXPORT Bezier : public CurveList<Bezier, GR_Bezier2d> {
     Q_OBJECT
+    BRINDLE_COPYABLE(Bezier)
     Q_PROPERTY(int degree READ getDegree WRITE setDegree)
     Q_PROPERTY(QString from_boundary READ getFromBoundary WRITE setFromBoundary)
     Q_PROPERTY(double from_parameter READ getFromParameter WRITE setFromParameter)

@@ -15,6 +15,7 @@ extern template class BRINDLE_CORE_EXPORT CurveList<BezierPath, GR_BezierPath2d>
 /// A value that travels inside a QVariant by copy. A point where two curves join counts once.
 class BRINDLE_CORE_EXPORT BezierPath : public CurveList<BezierPath, GR_BezierPath2d> {
     Q_OBJECT
+    BRINDLE_COPYABLE(BezierPath)
     Q_PROPERTY(bool closed READ getClosed WRITE setClosed)
     Q_PROPERTY(bool empty READ getEmpty WRITE setEmpty)
     Q_PROPERTY(bool degenerate READ getDegenerate)

@@ -77,11 +77,6 @@ Colour& Colour::operator=(const Colour& other)
     return *this;
 }
 
-BaseObject* Colour::copy() const
-{
-    return new Colour(*this);
-}
-
 std::string Colour::__str__() const
 {
     const CM_Rgba& rgba = *getRgba();

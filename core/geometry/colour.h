@@ -20,6 +20,7 @@ namespace OMC {
 /// it.
 class BRINDLE_CORE_EXPORT Colour : public BaseObject {
     Q_OBJECT
+    BRINDLE_COPYABLE(Colour)
     Q_PROPERTY(float r READ getR WRITE setR)
     Q_PROPERTY(float g READ getG WRITE setG)
     Q_PROPERTY(float b READ getB WRITE setB)
@@ -39,7 +40,6 @@ public:
     ~Colour() override;
     Colour& operator=(const Colour& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     bool operator==(const Colour& other) const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/frame/iterable.h"
+#include "core/frame/listiteration.h"
 #include "core/frame/listqvar.h"
 
 #include <memory>
@@ -20,11 +21,10 @@ namespace OMC {
 /// Where another curve is an argument, it is an object of the same class, or whatever a constructor reads. An operation
 /// that the engine can't do (a point is not finite, a number too large) throws, and nothing has changed.
 template <typename Curve, typename HostCurve>
-class CurveList : public ListQVar, public IterableQVar {
+class CurveList : public CountedList<ListQVar, IterableQVar> {
 public:
     ~CurveList() override;
 
-    BaseObject* copy() const override;
     std::string __str__() const override; ///< "Bezier()[%1]", "BezierPath()[%1]": the number of control points.
 
     std::size_t size() const override;
@@ -36,12 +36,6 @@ public:
     QList<QVariant> list() const override;
     /// Whether each of the points is a control point, exactly; false for no points.
     bool contains(const QVariant& points) const override;
-
-    Obj __iter__() const override;
-    bool __atend__() const override;
-    QVariant __iterItem__() const override;
-    void operator++() override;
-    void operator--() override;
 
     bool operator==(const QVariant& other) const;
     /// Whether another curve, in any form that the constructor takes, is this one run backwards, exactly.

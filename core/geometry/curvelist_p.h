@@ -59,7 +59,6 @@ inline QList<QVariant> pointValues(const std::vector<Math::Point2d>& points)
 template <typename Curve, typename HostCurve>
 struct CurveList<Curve, HostCurve>::Record {
     HostCurve curve;
-    quint32 index = 0; ///< The place that a loop has reached.
 };
 
 template <typename Curve, typename HostCurve>
@@ -67,16 +66,15 @@ CurveList<Curve, HostCurve>::CurveList(const HostCurve& curve) : m_record(new Re
 {}
 
 template <typename Curve, typename HostCurve>
-CurveList<Curve, HostCurve>::CurveList(const CurveList& other)
-    : ListQVar(other),
-      IterableQVar(other),
-      m_record(new Record{other.getBezier()})
+CurveList<Curve, HostCurve>::CurveList(const CurveList& other) : CountedList(),
+                                                                 m_record(new Record{other.getBezier()})
 {}
 
 template <typename Curve, typename HostCurve>
 CurveList<Curve, HostCurve>& CurveList<Curve, HostCurve>::operator=(const CurveList& other)
 {
     *m_record = Record{other.getBezier()};
+    this->setPosition(0);
     return *this;
 }
 
@@ -93,12 +91,6 @@ template <typename Curve, typename HostCurve>
 HostCurve& CurveList<Curve, HostCurve>::hostCurve() const
 {
     return m_record->curve;
-}
-
-template <typename Curve, typename HostCurve>
-BaseObject* CurveList<Curve, HostCurve>::copy() const
-{
-    return new Curve(static_cast<const Curve&>(*this));
 }
 
 template <typename Curve, typename HostCurve>
@@ -166,38 +158,6 @@ bool CurveList<Curve, HostCurve>::contains(const QVariant& value) const
         return !std::isnan(point->x) && !std::isnan(point->y) &&
                std::binary_search(places.begin(), places.end(), std::pair(point->x, point->y));
     });
-}
-
-template <typename Curve, typename HostCurve>
-Obj CurveList<Curve, HostCurve>::__iter__() const
-{
-    return Obj(copy()); // A copy stands at index 0.
-}
-
-template <typename Curve, typename HostCurve>
-bool CurveList<Curve, HostCurve>::__atend__() const
-{
-    return m_record->index >= size();
-}
-
-template <typename Curve, typename HostCurve>
-QVariant CurveList<Curve, HostCurve>::__iterItem__() const
-{
-    return get(static_cast<int>(m_record->index));
-}
-
-template <typename Curve, typename HostCurve>
-void CurveList<Curve, HostCurve>::operator++()
-{
-    if (m_record->index < size())
-        ++m_record->index;
-}
-
-template <typename Curve, typename HostCurve>
-void CurveList<Curve, HostCurve>::operator--()
-{
-    if (m_record->index > 0)
-        --m_record->index;
 }
 
 /// Another curve in an argument: an object of the class as it is, anything else as the constructor reads it.

@@ -48,11 +48,6 @@ Deformation::Deformation(const Deformation& other) : BaseObject(other), d(other.
 
 Deformation::~Deformation() = default;
 
-BaseObject* Deformation::copy() const
-{
-    return new Deformation(*this);
-}
-
 std::string Deformation::__str__() const
 {
     return QStringLiteral("Deformation()[%1]").arg(d->transforms.size()).toStdString();

@@ -17,6 +17,7 @@ namespace OMC {
 /// Copies share the deformers, which live as long as one of them does, whatever becomes of the transformation.
 class BRINDLE_CORE_EXPORT Deformation : public BaseObject {
     Q_OBJECT
+    BRINDLE_COPYABLE(Deformation)
 
 public:
     using VertexTransform = QExplicitlySharedDataPointer<GR_VertexTransform>;
@@ -26,7 +27,6 @@ public:
     Deformation(const Deformation& other);
     ~Deformation() override;
 
-    BaseObject* copy() const override;
     /// "Deformation()[%1]": how many deformers there are.
     std::string __str__() const override;
 

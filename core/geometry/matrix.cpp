@@ -77,11 +77,6 @@ Matrix& Matrix::operator=(const Matrix& other)
     return *this;
 }
 
-BaseObject* Matrix::copy() const
-{
-    return new Matrix(*this);
-}
-
 std::string Matrix::__str__() const
 {
     QString text = tr("Matrix( %1, %2, %3, %4,") + QStringLiteral("\n        %5, %6, %7, %8,") +

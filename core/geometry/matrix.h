@@ -21,6 +21,7 @@ namespace OMC {
 /// Math::Matrix4x4's; what is here reads arguments in every form.
 class BRINDLE_CORE_EXPORT Matrix : public BaseObject {
     Q_OBJECT
+    BRINDLE_COPYABLE(Matrix)
     Q_PROPERTY(bool has_nan READ getHasNan)
     Q_PROPERTY(bool has_infinity READ getHasInfinity)
     Q_PROPERTY(QVariant axis_x READ getXAxis WRITE setXAxis)
@@ -49,7 +50,6 @@ public:
     ~Matrix() override;
     Matrix& operator=(const Matrix& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
     bool filterDir(std::string& name) const override;
 

@@ -51,11 +51,6 @@ Point2d& Point2d::operator=(const Point2d& other)
     return *this;
 }
 
-BaseObject* Point2d::copy() const
-{
-    return new Point2d(*this);
-}
-
 std::string Point2d::__str__() const
 {
     return QStringLiteral("Point2d(%1, %2)").arg(x).arg(y).toStdString();

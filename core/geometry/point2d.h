@@ -19,6 +19,7 @@ namespace OMC {
 /// what they tell, and throws for the rest.
 class BRINDLE_CORE_EXPORT Point2d : public BaseObject {
     Q_OBJECT
+    BRINDLE_COPYABLE(Point2d)
 
 public:
     explicit Point2d(double x = 0.0, double y = 0.0);
@@ -28,7 +29,6 @@ public:
     explicit Point2d(const QVariant& value);
     Point2d& operator=(const Point2d& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     bool operator==(const Point2d& other) const { return x == other.x && y == other.y; }

@@ -84,11 +84,6 @@ Point3d& Point3d::operator=(const Point3d& other)
     return *this;
 }
 
-BaseObject* Point3d::copy() const
-{
-    return new Point3d(*this);
-}
-
 std::string Point3d::__str__() const
 {
     return QStringLiteral("Point3d(%1, %2, %3)").arg(x).arg(y).arg(z).toStdString();

@@ -14,6 +14,7 @@ namespace OMC {
 /// `fromQVariant` and `ConvertQVariant`, are those of Point2d with one coordinate more.
 class BRINDLE_CORE_EXPORT Point3d : public BaseObject {
     Q_OBJECT
+    BRINDLE_COPYABLE(Point3d)
 
 public:
     explicit Point3d(double x = 0.0, double y = 0.0, double z = 0.0);
@@ -22,7 +23,6 @@ public:
     explicit Point3d(const QVariant& value);
     Point3d& operator=(const Point3d& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     bool operator==(const Point3d& other) const { return x == other.x && y == other.y && z == other.z; }

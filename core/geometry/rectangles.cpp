@@ -44,11 +44,6 @@ Rect2D& Rect2D::operator=(const Rect2D& other)
     return *this;
 }
 
-BaseObject* Rect2D::copy() const
-{
-    return new Rect2D(*this);
-}
-
 std::string Rect2D::__str__() const
 {
     return QStringLiteral("Rect2D(%1, %2)").arg(width).arg(height).toStdString();
@@ -66,11 +61,6 @@ AllocatedRect2D& AllocatedRect2D::operator=(const AllocatedRect2D& other)
     x = other.x;
     y = other.y;
     return *this;
-}
-
-BaseObject* AllocatedRect2D::copy() const
-{
-    return new AllocatedRect2D(*this);
 }
 
 std::string AllocatedRect2D::__str__() const
@@ -156,11 +146,6 @@ Rect2DI& Rect2DI::operator=(const Rect2DI& other)
     return *this;
 }
 
-BaseObject* Rect2DI::copy() const
-{
-    return new Rect2DI(*this);
-}
-
 std::string Rect2DI::__str__() const
 {
     // Required: the text has another name than the class.
@@ -200,11 +185,6 @@ AllocatedRect2DI& AllocatedRect2DI::operator=(const AllocatedRect2DI& other)
     x = other.x;
     y = other.y;
     return *this;
-}
-
-BaseObject* AllocatedRect2DI::copy() const
-{
-    return new AllocatedRect2DI(*this);
 }
 
 std::string AllocatedRect2DI::__str__() const

@@ -13,13 +13,13 @@ namespace OMC {
 /// QVariant by copy.
 class BRINDLE_CORE_EXPORT Rect2D : public BaseObject {
     Q_OBJECT
+    BRINDLE_COPYABLE(Rect2D)
 
 public:
     explicit Rect2D(double width = 0.0, double height = 0.0);
     Rect2D(const Rect2D& other);
     Rect2D& operator=(const Rect2D& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     bool operator==(const Rect2D& other) const { return width == other.width && height == other.height; }
@@ -32,13 +32,13 @@ public:
 /// it is the rectangle about the positions in a list, or about a single one.
 class BRINDLE_CORE_EXPORT AllocatedRect2D : public Rect2D {
     Q_OBJECT
+    BRINDLE_COPYABLE(AllocatedRect2D)
 
 public:
     explicit AllocatedRect2D(double width = 0.0, double height = 0.0, double x = 0.0, double y = 0.0);
     AllocatedRect2D(const AllocatedRect2D& other);
     AllocatedRect2D& operator=(const AllocatedRect2D& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     bool operator==(const AllocatedRect2D& other) const
@@ -70,6 +70,7 @@ private:
 /// The size of a rectangle in whole numbers; the height may be given with a fraction, which is cut off.
 class BRINDLE_CORE_EXPORT Rect2DI : public BaseObject {
     Q_OBJECT
+    BRINDLE_COPYABLE(Rect2DI)
 
 public:
     /// Required: the height is a double whose fraction is cut off, the width an integer. Throws for a height beyond the
@@ -78,7 +79,6 @@ public:
     Rect2DI(const Rect2DI& other);
     Rect2DI& operator=(const Rect2DI& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     bool operator==(const Rect2DI& other) const { return width == other.width && height == other.height; }
@@ -96,13 +96,13 @@ public:
 /// A size and the corner with the smallest coordinates, in whole numbers.
 class BRINDLE_CORE_EXPORT AllocatedRect2DI : public Rect2DI {
     Q_OBJECT
+    BRINDLE_COPYABLE(AllocatedRect2DI)
 
 public:
     explicit AllocatedRect2DI(int width = 0, int height = 0, int x = 0, int y = 0);
     AllocatedRect2DI(const AllocatedRect2DI& other);
     AllocatedRect2DI& operator=(const AllocatedRect2DI& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     bool operator==(const AllocatedRect2DI& other) const

@@ -61,11 +61,6 @@ Transformation& Transformation::operator=(const Transformation& other)
     return *this;
 }
 
-BaseObject* Transformation::copy() const
-{
-    return new Transformation(*this);
-}
-
 std::string Transformation::__str__() const
 {
     return tr("Transformation()").toStdString();

@@ -16,6 +16,7 @@ class Deformation;
 /// It travels inside a QVariant by copy.
 class BRINDLE_CORE_EXPORT Transformation : public BaseObject {
     Q_OBJECT
+    BRINDLE_COPYABLE(Transformation)
     Q_PROPERTY(int depth READ getDepth WRITE setDepth)
     Q_PROPERTY(bool valid READ getValid)
     Q_PROPERTY(QVariant matrix READ getMatrix WRITE setMatrix)
@@ -31,7 +32,6 @@ public:
     ~Transformation() override;
     Transformation& operator=(const Transformation& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     bool operator==(const Transformation& other) const;

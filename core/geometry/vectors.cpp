@@ -16,11 +16,6 @@ Vector2d& Vector2d::operator=(const Vector2d& other)
     return *this;
 }
 
-BaseObject* Vector2d::copy() const
-{
-    return new Vector2d(*this);
-}
-
 std::string Vector2d::__str__() const
 {
     return tr("Vector2d(%1, %2)").arg(x).arg(y).toStdString();
@@ -41,11 +36,6 @@ Vector3d& Vector3d::operator=(const Vector3d& other)
 {
     Point3d::operator=(other);
     return *this;
-}
-
-BaseObject* Vector3d::copy() const
-{
-    return new Vector3d(*this);
 }
 
 std::string Vector3d::__str__() const

@@ -9,6 +9,7 @@ namespace OMC {
 /// Point2d.
 class BRINDLE_CORE_EXPORT Vector2d : public Point2d {
     Q_OBJECT
+    BRINDLE_COPYABLE(Vector2d)
 
 public:
     explicit Vector2d(double x = 0.0, double y = 0.0);
@@ -18,7 +19,6 @@ public:
     explicit Vector2d(const QVariant& value);
     Vector2d& operator=(const Vector2d& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     /// A new vector of whatever Vector2d(value) takes.
@@ -30,6 +30,7 @@ public:
 /// The way between two positions in space, taken nearly everywhere where a point is. One value is read as for Point3d.
 class BRINDLE_CORE_EXPORT Vector3d : public Point3d {
     Q_OBJECT
+    BRINDLE_COPYABLE(Vector3d)
 
 public:
     explicit Vector3d(double x = 0.0, double y = 0.0, double z = 0.0);
@@ -38,7 +39,6 @@ public:
     explicit Vector3d(const QVariant& value);
     Vector3d& operator=(const Vector3d& other);
 
-    BaseObject* copy() const override;
     std::string __str__() const override;
 
     /// A new vector of whatever Vector3d(value) takes.
