@@ -36,6 +36,15 @@ QString translated(const char* text)
     return QCoreApplication::translate("CadenceMain", text);
 }
 
+[[gnu::noinline]] ThreadRole findRole()
+{
+    if (!QCoreApplication::instance())
+        throw Exception(translated("The application does not appear to be loaded."));
+    const bool isMain = QCoreApplication::instance()->thread() == QThread::currentThread();
+    threadRole = isMain ? ThreadRole::Main : ThreadRole::Other;
+    return threadRole;
+}
+
 /// The mark of the calling thread, which expires with the thread.
 const std::shared_ptr<const char>& threadMark()
 {
@@ -85,13 +94,10 @@ ThreadManager* ThreadManager::instance()
 
 bool ThreadManager::mainThread()
 {
-    if (!QCoreApplication::instance())
-        throw Exception(translated("The application does not appear to be loaded."));
-    if (threadRole == ThreadRole::Unknown) {
-        const bool isMain = QCoreApplication::instance()->thread() == QThread::currentThread();
-        threadRole = isMain ? ThreadRole::Main : ThreadRole::Other;
-    }
-    return threadRole == ThreadRole::Main;
+    // The short way ahead of everything that needs a frame on the stack: each operation of each object comes here.
+    if (QCoreApplication::instance() && threadRole != ThreadRole::Unknown) [[likely]]
+        return threadRole == ThreadRole::Main;
+    return findRole() == ThreadRole::Main;
 }
 
 SCP_PythonEngine* ThreadManager::getPythonEngine()
