@@ -26,8 +26,8 @@ function(brindle_compile_flags target)
 endfunction()
 
 # brindle_precompiled(<name> [LIBRARIES <library>...] [OPTIONS <option>...] HEADERS <header>...): headers that are compiled
-# once for all targets that take them with brindle_own_code(). Their flags have to be the same as here: the compiler
-# refuses a precompiled header that doesn't fit.
+# once for all targets that reuse them. Their flags have to be the same as here: the compiler refuses a precompiled header
+# that doesn't fit.
 function(brindle_precompiled name)
     cmake_parse_arguments(arg "" "" "LIBRARIES;OPTIONS;HEADERS" ${ARGN})
     set(placeholder ${CMAKE_BINARY_DIR}/empty/${name}.cpp)
@@ -44,10 +44,33 @@ set(BRINDLE_COMMON_HEADERS
     <QVariant> <algorithm> <array> <cmath> <functional> <map> <memory> <optional> <string> <unordered_map> <utility>
     <vector>)
 
-# Our own code, with the headers that its kind of target has precompiled.
+# A target of the product.
 function(brindle_own_code target)
     brindle_compile_flags(${target})
     target_precompile_headers(${target} REUSE_FROM brindle_product_headers)
+endfunction()
+
+# brindle_compile_together(<target> <number> <sources>): compiles up to so many sources of a folder as one, because what they
+# all include and instantiate takes as long as what they do themselves. The files of a folder therefore share their unnamed
+# namespaces.
+function(brindle_compile_together target number sources)
+    if(NOT BRINDLE_TOGETHER)
+        return()
+    endif()
+    foreach(source IN LISTS sources)
+        file(RELATIVE_PATH folder ${PROJECT_SOURCE_DIR} ${source})
+        get_filename_component(folder ${folder} DIRECTORY)
+        string(MAKE_C_IDENTIFIER ${folder} folder)
+        if(source MATCHES "\\.cpp$")
+            list(APPEND files_of_${folder} ${source})
+            list(LENGTH files_of_${folder} count)
+            math(EXPR part "(${count} - 1) / ${number}")
+            set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${folder}_${part})
+        endif()
+    endforeach()
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+    # An unnamed namespace belongs to one file here as well; the compiler only sees that it came with an #include.
+    target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
 endfunction()
 
 function(brindle_shared_library target export_name)

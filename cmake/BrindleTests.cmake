@@ -34,34 +34,11 @@ set(test_optimisation -Og)
 brindle_precompiled(brindle_test_headers LIBRARIES Qt6::Core GTest::gmock GTest::gtest
     OPTIONS ${test_optimisation} HEADERS ${BRINDLE_COMMON_HEADERS} <gtest/gtest.h>)
 
-# The tests of a folder are compiled together, a dozen files at a time: what they all include and instantiate costs more
-# than they do. So what the files of one folder define at namespace scope needs names of its own, or a header.
-option(BRINDLE_TESTS_TOGETHER "Compile the tests of a folder together; OFF shows that each file includes what it needs" ON)
-
-function(brindle_compile_together target sources)
-    foreach(source IN LISTS sources)
-        file(RELATIVE_PATH folder ${PROJECT_SOURCE_DIR} ${source})
-        get_filename_component(folder ${folder} DIRECTORY)
-        string(MAKE_C_IDENTIFIER ${folder} folder)
-        if(source MATCHES "\\.cpp$")
-            list(APPEND ${folder} ${source})
-            list(LENGTH ${folder} files)
-            math(EXPR part "(${files} - 1) / 12")
-            set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${folder}_${part})
-        endif()
-    endforeach()
-    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
-    # An unnamed namespace belongs to one file here as well; the compiler only sees that it came with an #include.
-    target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
-endfunction()
-
 function(brindle_test_code target sources)
     brindle_compile_flags(${target})
     target_compile_options(${target} PRIVATE ${test_optimisation})
     target_precompile_headers(${target} REUSE_FROM brindle_test_headers)
-    if(BRINDLE_TESTS_TOGETHER)
-        brindle_compile_together(${target} "${sources}")
-    endif()
+    brindle_compile_together(${target} 12 "${sources}")
 endfunction()
 
 # brindle_gtest(<target> <folder> [LABEL <label>] [ENVIRONMENT <name=value>...] LIBRARIES <library>...): nothing while it

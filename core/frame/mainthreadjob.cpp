@@ -14,7 +14,7 @@ namespace OMC {
 
 namespace {
 
-TUSceneChangeManager* changeManager()
+TUSceneChangeManager* sessionChangeManager()
 {
     SC_SessionContext* session = Global::sessionContext();
     return session ? session->changeManager() : nullptr;
@@ -43,7 +43,7 @@ MainThreadJob::~MainThreadJob() = default;
 
 void MainThreadJob::run(unsigned int& index)
 {
-    TUSceneChangeManager* changes = changeManager();
+    TUSceneChangeManager* changes = sessionChangeManager();
     const bool notified = changes && changes->isNotifyEnabled();
     if (changes)
         changes->setNotifyEnabled(false);
@@ -58,7 +58,7 @@ void MainThreadJob::run(unsigned int& index)
         }
         std::atomic_ref(index).fetch_add(1, std::memory_order_acq_rel);
         // The function may have closed the project.
-        if (changes && changes == changeManager())
+        if (changes && changes == sessionChangeManager())
             changes->setNotifyEnabled(notified);
         m_function.reset();
     }

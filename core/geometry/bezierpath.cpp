@@ -11,7 +11,7 @@ namespace OMC {
 namespace {
 
 /// The curves that travel inside a QVariant by value.
-[[maybe_unused]] const bool registered = registerValueTypes<Bezier, BezierPath>();
+[[maybe_unused]] const bool curvesRegistered = registerValueTypes<Bezier, BezierPath>();
 
 /// The constants of createOval(), cut off where the ones that it must agree with are: a full turn comes out a little
 /// short of itself, which closing the path hides.

@@ -14,7 +14,7 @@ namespace OMC {
 
 namespace {
 
-[[maybe_unused]] const bool registered = registerValueTypes<Colour>();
+[[maybe_unused]] const bool colourRegistered = registerValueTypes<Colour>();
 
 constexpr double fullByte = 255.0;
 constexpr double fullPercent = 100.0;

@@ -6,6 +6,8 @@
 #include "core/geometry/point2d.h"
 #include "core/geometry/rectangles.h"
 #include "core/geometry/vectors.h"
+#include "core/host/gr_bezier.h"
+#include "core/host/gr_bezierpath.h"
 #include "core/host/math_box2d.h"
 
 #include <algorithm>

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <utility>
 #include <vector>
 
@@ -197,7 +196,7 @@ int JsonPlace::requireFormat(const char* format, int newest) const
     const JsonPlace name = field("format");
     if (name.text() != QLatin1String(format))
         name.fail(QStringLiteral("is not \"%1\"").arg(QLatin1String(format)));
-    const int found = field("version").integer(1, std::numeric_limits<int>::max());
+    const int found = field("version").integer(1);
     if (found > newest)
         throw FolderFailure::ofNewerVersion(m_file->path(), found, newest);
     return found;

@@ -11,6 +11,7 @@
 #include <QStringList>
 
 #include <initializer_list>
+#include <limits>
 #include <span>
 
 namespace brindle::engine {
@@ -60,7 +61,7 @@ public:
 
     QString text() const;
     bool flag() const;
-    int integer(int lowest, int highest) const;
+    int integer(int lowest = std::numeric_limits<int>::min(), int highest = std::numeric_limits<int>::max()) const;
     double number() const;                               ///< Finite.
     int oneOf(std::span<const char* const> texts) const; ///< Which of the texts it is.
     int oneOf(std::initializer_list<const char*> texts) const { return oneOf(std::span(texts.begin(), texts.size())); }

@@ -7,7 +7,6 @@
 #include "engine/graph/hostnode.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 #include <variant>
 
@@ -32,10 +31,7 @@ struct ValueReader {
 
     AttributeValue operator()(std::monostate) const { return {}; }
     AttributeValue operator()(bool) const { return place.flag(); }
-    AttributeValue operator()(int) const
-    {
-        return place.integer(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
-    }
+    AttributeValue operator()(int) const { return place.integer(); }
     AttributeValue operator()(double) const { return place.number(); }
     AttributeValue operator()(const QString&) const { return place.text(); }
 };

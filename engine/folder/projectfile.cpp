@@ -5,16 +5,12 @@
 #include "engine/folder/projectfolder.h"
 #include "engine/folder/scenefilenames.h"
 
-#include <limits>
-
 namespace brindle::engine {
 
 namespace {
 
 constexpr char projectFormat[] = "brindle-project";
 constexpr int projectVersion = 2;
-constexpr int lowest = std::numeric_limits<int>::min();
-constexpr int highest = std::numeric_limits<int>::max();
 
 void writePicture(JsonWriter& json, const Picture& picture)
 {
@@ -34,8 +30,8 @@ Picture readPicture(const JsonPlace& place)
 {
     place.requireOnly({"name", "width", "height", "fovFit", "fov", "projection"});
     const QString name = place.has("name") ? place.field("name").text() : QString();
-    const int width = place.field("width").integer(1, highest);
-    const int height = place.field("height").integer(1, highest);
+    const int width = place.field("width").integer(1);
+    const int height = place.field("height").integer(1);
     const auto fit = static_cast<TUDbResolution::FovFit>(place.field("fovFit").oneOf({"HEIGHT", "WIDTH"}));
     const auto projection =
         static_cast<TUDbResolution::Projection>(place.field("projection").oneOf({"PERSPECTIVE", "ORTHOGONAL"}));
@@ -70,7 +66,7 @@ void readMetrics(const JsonPlace& place, ProjectSettings& settings)
 {
     place.requireOnly({"aspectRatio", "fieldChart", "center"});
     const JsonPlace ratio = place.field("aspectRatio");
-    settings.aspectRatio = {ratio.item(0).integer(1, highest), ratio.item(1).integer(1, highest)};
+    settings.aspectRatio = {ratio.item(0).integer(1), ratio.item(1).integer(1)};
     ratio.requireSize(2);
     const JsonPlace chart = place.field("fieldChart");
     settings.fieldChart = {chart.item(0).number(), chart.item(1).number(), chart.item(2).number()};
@@ -78,7 +74,7 @@ void readMetrics(const JsonPlace& place, ProjectSettings& settings)
     if (!isAcceptable(settings.fieldChart))
         chart.fail(QStringLiteral("is no field chart that a project can have"));
     const JsonPlace center = place.field("center");
-    settings.center = {center.item(0).integer(lowest, highest), center.item(1).integer(lowest, highest)};
+    settings.center = {center.item(0).integer(), center.item(1).integer()};
     center.requireSize(2);
 }
 

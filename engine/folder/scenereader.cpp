@@ -10,14 +10,10 @@
 
 #include <QRegularExpression>
 
-#include <limits>
-
 namespace brindle::engine {
 
 namespace {
 
-constexpr int lowest = std::numeric_limits<int>::min();
-constexpr int highest = std::numeric_limits<int>::max();
 constexpr int highestPortId = 1 << 30;
 
 class SceneReader {
@@ -120,7 +116,7 @@ private:
     {
         Node& root = m_graph.root();
         if (place.field("type").text() != root.host().typeName() || place.field("name").text() != root.name() ||
-            place.field("depth").integer(lowest, highest) != 0)
+            place.field("depth").integer() != 0)
             place.fail(QStringLiteral("is not the root group \"%1\"").arg(root.name()));
         readPosition(place.field("place"), root);
         readPorts(place, root, PortSide::In, "inPorts");
@@ -131,7 +127,7 @@ private:
     Node& readSubNode(const JsonPlace& place)
     {
         const JsonPlace depth = place.field("depth");
-        const int level = depth.integer(1, highest);
+        const int level = depth.integer(1);
         if (level > static_cast<int>(m_groups.size()))
             depth.fail(QStringLiteral("is not that of a node in a group ahead of it"));
         m_groups.resize(static_cast<std::size_t>(level));
@@ -168,8 +164,7 @@ private:
 
     static void readPosition(const JsonPlace& place, Node& node)
     {
-        node.setPosition({place.item(0).integer(lowest, highest), place.item(1).integer(lowest, highest),
-                          place.item(2).integer(lowest, highest)});
+        node.setPosition({place.item(0).integer(), place.item(1).integer(), place.item(2).integer()});
         place.requireSize(3);
     }
 
