@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""Counts the tests of one or more builds from the reports that ctest and pytest wrote.
+"""Counts the tests of one or more builds from the reports that ctest, GoogleTest and pytest wrote.
 
     count_tests.py <build folder>...
 
-A ctest entry that ran pytest counts as its cases. The last line is "N passed, N failed"; fails when a test did, when a
+A ctest entry that has a report of its own counts as the cases in it. The last line is "N passed, N failed"; fails when a test did, when a
 report is missing, or when nothing ran.
 """
 

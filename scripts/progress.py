@@ -2,7 +2,7 @@
 """Thins out what ninja or ctest says on a pipe, line by line as it comes.
 
     ninja ... | progress.py build     a line for each tenth of the build; what a compiler says stays
-    ctest ... | progress.py test      a line for each hundred tests that pass; what the others say stays
+    ctest ... | progress.py test      a line for each entry that passes; of the others, what isn't about a case that passes
 
 Ninja's status has to be "[%p] " (NINJA_STATUS).
 """
@@ -12,8 +12,11 @@ import sys
 
 STATUS = re.compile(r"\[ *(\d+)%\] (.*)")
 BUILD_NOISE = re.compile(r"-- |ninja: (Entering directory|no work to do)")
-TEST_PASSED = re.compile(r"\s*\d+/\d+ Test +#\d+: .* Passed ")
-TEST_NOISE = re.compile(r" *Start +\d+: |Internal ctest changing|Test project |\s*$")
+TEST_PASSED = re.compile(r"\s*\d+/\d+ Test +#\d+: (\S+) .* Passed +([\d.]+ sec)")
+CASE_BEGINS = ("[ RUN      ]",)
+CASE_ENDS = ("[  FAILED  ]", "[  SKIPPED ]")
+CASE_NOISE = ("[----------]", "[==========]")
+TEST_NOISE = re.compile(r"QStandardPaths: XDG_RUNTIME_DIR not set| *Start +\d+: |Internal ctest changing|Test project |\s*$")
 
 
 def build(lines):
@@ -30,18 +33,28 @@ def build(lines):
 
 
 def test(lines):
-    passed = 0
     failing = False
+    # What a GoogleTest case printed so far: shown unless it turns out to have passed.
+    case = []
     for line in lines:
-        if TEST_PASSED.match(line):
-            passed += 1
-            failing = False
-            if passed % 100 == 0:
-                yield f"test: {passed} passed\n"
-        elif failing or not TEST_NOISE.match(line):
-            # What a failing test printed comes behind its line, blank lines and all.
-            failing = True
-            yield line
+        passed = TEST_PASSED.match(line)
+        if case and line.startswith("[       OK ]"):
+            case = []
+        elif case and not passed and not line.startswith(CASE_BEGINS + CASE_ENDS):
+            case.append(line)
+        else:
+            yield from case
+            case = []
+            if passed:
+                failing = False
+                yield f"test: {passed[1]} passed ({passed[2]})\n"
+            elif line.startswith(CASE_BEGINS):
+                case = [line]
+            elif not line.startswith(CASE_NOISE) and (failing or not TEST_NOISE.match(line)):
+                # What a failing test printed comes behind its line, blank lines and all.
+                failing = True
+                yield line
+    yield from case
 
 
 def main():

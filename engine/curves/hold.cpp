@@ -106,10 +106,9 @@ void Hold::write(JsonWriter& json) const
 
 void Hold::read(const JsonPlace& place)
 {
-    constexpr int largest = std::numeric_limits<int>::max();
-    setStart(place.item(0).integer(1, largest));
-    setStop(place.item(1).integer(1, largest));
-    setStep(place.item(2).integer(1, largest));
+    setStart(place.item(0).integer(1));
+    setStop(place.item(1).integer(1));
+    setStep(place.item(2).integer(1));
     place.requireSize(3);
 }
 

@@ -29,6 +29,15 @@ def test_an_entry_that_ran_pytest_counts_as_its_cases(tmp_path):
     assert (status, lines) == (0, ["3 passed, 0 failed"])
 
 
+def test_a_part_of_a_test_program_counts_as_the_cases_that_it_ran(tmp_path):
+    status, lines = count(tmp_path, '<testcase name="core_tests.1" status="fail"><failure/></testcase>', **{"core_tests.1": (
+        '<testcase classname="A" name="X" status="run" result="completed"/>'
+        '<testcase classname="A" name="Y" status="run" result="completed"><failure message="1"/></testcase>'
+        '<testcase classname="A" name="Z" status="run" result="skipped"><skipped message="2"/></testcase>'
+        '<testcase classname="A" name="DISABLED_W" status="notrun" result="suppressed"/>')})
+    assert (status, lines) == (1, ["failed: A.Y", "skipped: A.Z", "skipped: A.DISABLED_W", "2 passed, 1 failed"])
+
+
 def test_failures_of_both_runners_are_named_and_counted(tmp_path):
     status, lines = count(
         tmp_path,

@@ -24,9 +24,28 @@ def test_a_build_with_nothing_to_do_says_nothing():
     assert thinned("build", "[  0%] Re-checking globbed directories...\nninja: no work to do.\n") == []
 
 
-def test_a_test_run_shows_each_hundred_and_all_of_a_failure():
-    passing = "".join(f"{n}/201 Test #{n}: A.B ....   Passed    0.01 sec\n" for n in range(1, 201))
-    said = thinned("test", f"Test project /x\n      Start  1: A.B\n{passing}"
-                   "201/201 Test #201: A.C ....***Failed    0.01 sec\nexpected 1\n\ngot 2\n")
-    assert said == ["test: 100 passed", "test: 200 passed",
-                    "201/201 Test #201: A.C ....***Failed    0.01 sec", "expected 1", "", "got 2"]
+def test_a_test_run_shows_each_entry_and_all_of_a_failure():
+    said = thinned("test", "Test project /x\n      Start  1: a\n"
+                   "1/3 Test  #1: a ....   Passed    0.01 sec\n      Start  2: b\n"
+                   "2/3 Test  #2: b ....***Failed    0.01 sec\nexpected 1\n\ngot 2\n"
+                   "3/3 Test  #3: c ....   Passed   12.34 sec\n\n67% tests passed, 1 tests failed out of 3\n")
+    assert said == ["test: a passed (0.01 sec)", "2/3 Test  #2: b ....***Failed    0.01 sec", "expected 1", "", "got 2",
+                    "test: c passed (12.34 sec)", "67% tests passed, 1 tests failed out of 3"]
+
+
+def test_of_a_test_program_that_fails_the_cases_that_pass_are_left_out():
+    said = thinned("test", "1/1 Test #1: core_tests.1 ....***Failed    0.01 sec\n"
+                   "[----------] 2 tests from A\n"
+                   "[ RUN      ] A.Passes\nsaid on the way\n[       OK ] A.Passes (0 ms)\n"
+                   "[ RUN      ] A.Fails\nexpected 1\n\ngot 2\n[  FAILED  ] A.Fails (0 ms)\n"
+                   "[ RUN      ] A.Passes2\n[       OK ] A.Passes2 (0 ms)\n")
+    assert said == ["1/1 Test #1: core_tests.1 ....***Failed    0.01 sec",
+                    "[ RUN      ] A.Fails", "expected 1", "", "got 2", "[  FAILED  ] A.Fails (0 ms)"]
+
+
+def test_of_a_test_program_that_crashes_the_case_is_shown_in_which_it_did():
+    said = thinned("test", "1/2 Test #1: core_tests.1 ....***Exception: SegFault  0.01 sec\n"
+                   "[ RUN      ] A.Passes\n[       OK ] A.Passes (0 ms)\n[ RUN      ] A.Crashes\nso far\n"
+                   "2/2 Test #2: core_tests.2 ....   Passed    0.01 sec\n")
+    assert said == ["1/2 Test #1: core_tests.1 ....***Exception: SegFault  0.01 sec",
+                    "[ RUN      ] A.Crashes", "so far", "test: core_tests.2 passed (0.01 sec)"]

@@ -11,6 +11,8 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 COMMAND = os.environ["BRINDLE_BIN"]
 PYTHON = "/usr/bin/python3"
 SANITIZED = "libasan" in os.environ.get("LD_PRELOAD", "")
+# More examples of everything that is tried with random ones.
+DEEP = bool(os.environ.get("BRINDLE_TEST_DEEP"))
 
 MEMORY = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
 

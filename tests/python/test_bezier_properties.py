@@ -12,9 +12,9 @@ from hypothesis import strategies as st
 from curves import curve_of, distance, path_of, points_of, samples_of, size_of, xy
 
 
-def every(*strategies, examples=100):
-    """Runs a test on these values. The time of an example depends on what else the machine does."""
-    return lambda test: settings(deadline=None, max_examples=examples)(given(*strategies)(test))
+def every(*strategies, examples=None):
+    """Runs a test on these values."""
+    return lambda test: settings(max_examples=examples or settings.default.max_examples)(given(*strategies)(test))
 
 
 coordinates = st.floats(-1000, 1000, allow_nan=False).map(lambda x: round(x, 6))

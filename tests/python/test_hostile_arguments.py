@@ -7,7 +7,7 @@ import pytest
 import support
 
 # One in so many of the calls with several odd arguments; all of them where more examples are asked for.
-SHARE = 1 if os.environ.get("BRINDLE_TEST_EXAMPLES") else 12
+SHARE = 1 if os.environ.get("BRINDLE_TEST_EXAMPLES") else 12 if support.DEEP else 60
 
 REENTRANT = """
 import brindle, pathlib, sys
