@@ -146,7 +146,7 @@ def test_an_accessor_has_a_signature(cls, item, samples):
 
 
 @pytest.mark.parametrize("function, signature", [
-    (brindle.create, "(path)"),
+    (brindle.create, "(path, discard=False)"),
     (brindle.Node.move_to, "(self, /, target, x=0, y=0)"),
     (brindle.Colour.from_hsl, "(h, s, l, a)"),
     (brindle.BezierColumn.create_point, "(self, /, frame, value, handle_left_x, handle_left_y, handle_right_x, "
