@@ -1,6 +1,7 @@
 #include "core/attributes/attributelist.h"
 
 #include "core/attributes/attribute.h"
+#include "core/frame/found.h"
 #include "core/host/at_attr.h"
 #include "core/host/mo_node.h"
 
@@ -50,6 +51,16 @@ std::size_t AttributeList::size() const
 
 Obj AttributeList::get(const QString& name) const
 {
+    return Obj(newItem(name));
+}
+
+Obj AttributeList::get(int index) const
+{
+    return Obj(newItem(index));
+}
+
+Attribute* AttributeList::newItem(const QString& name) const
+{
     validate();
     if (m_filter == Iterating)
         throw Exception(BaseObject::tr("This action is not supported."));
@@ -60,7 +71,7 @@ Obj AttributeList::get(const QString& name) const
             below = below.sliced(prefix.size());
     }
     if (AT_Attr* attribute = isSubList() ? inLevel(below) : findTarget()->findAttributeByKeyword(name))
-        return wrapped(attribute);
+        return newWrapper(attribute);
 
     QString parentPath = m_path;
     const AT_ComplexAttr* holder = nullptr;
@@ -68,20 +79,22 @@ Obj AttributeList::get(const QString& name) const
         AT_Attr* attribute = holder ? Attribute::memberNamed(holder, below.first(point)) : inLevel(below.first(point));
         holder = attributeCast<AT_ComplexAttr>(attribute);
         if (!holder)
-            return {};
+            return nullptr;
         const QString keyword = attribute->meta().keyword();
         parentPath = parentPath.isEmpty() ? keyword : parentPath + QLatin1Char('.') + keyword;
         below = below.sliced(point + 1);
     }
-    return Obj(Attribute::getWrappedBelow(Attribute::memberNamed(holder, below), parentPath));
+    return Attribute::getWrappedBelow(Attribute::memberNamed(holder, below), parentPath);
 }
 
-Obj AttributeList::get(int index) const
+Attribute* AttributeList::newItem(int index) const
 {
     validate();
     if (index < 0 || static_cast<std::size_t>(index) >= size())
         throwIndexOutOfRange();
-    return m_filter == Iterating ? m_items[static_cast<std::size_t>(index)] : wrapped(level().begin()[index]);
+    if (m_filter == Iterating)
+        return foundAs<Attribute>(m_items[static_cast<std::size_t>(index)].get()).copy();
+    return newWrapper(level().begin()[index]);
 }
 
 void AttributeList::set(int, const Obj&)
@@ -98,7 +111,7 @@ std::vector<Obj> AttributeList::list() const
     std::vector<Obj> objects;
     objects.reserve(members.size());
     for (AT_Attr* attribute : members)
-        objects.push_back(wrapped(attribute));
+        objects.emplace_back(newWrapper(attribute));
     return objects;
 }
 
@@ -181,9 +194,9 @@ void AttributeList::requireIterating() const
         throw Exception(std::string("Unsupported iteration type."));
 }
 
-Obj AttributeList::wrapped(AT_Attr* attribute) const
+Attribute* AttributeList::newWrapper(AT_Attr* attribute) const
 {
-    return Obj(Attribute::getWrappedBelow(attribute, m_path));
+    return Attribute::getWrappedBelow(attribute, m_path);
 }
 
 } // namespace OMC

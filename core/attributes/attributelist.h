@@ -13,6 +13,8 @@ class MO_Node;
 
 namespace OMC {
 
+class Attribute;
+
 /// The attributes of a node, or those inside one attribute, by index, by keyword and by dotted path:
 /// list["position.x"].
 ///
@@ -39,6 +41,9 @@ public:
     Obj get(int index) const override;
     void set(int index, const Obj& object) override; ///< Always refused.
     std::vector<Obj> list() const override;
+    /// The same as `get`, for a caller that takes the wrapper itself; null where there is none.
+    Attribute* newItem(const QString& name) const;
+    Attribute* newItem(int index) const;
     /// Whether an attribute of the level, or one of that keyword or path, is there; false for anything else.
     virtual bool contains(const QVariant& value) const;
     virtual Obj operator()(const QString& name) const;
@@ -60,7 +65,7 @@ private:
     Level level() const;
     AT_Attr* inLevel(QStringView keyword) const;
     void requireIterating() const;
-    Obj wrapped(AT_Attr* attribute) const;
+    Attribute* newWrapper(AT_Attr* attribute) const;
 
     QString m_path; ///< Dotted; empty at the top level.
     AttrTypeFilter m_filter;
