@@ -233,8 +233,8 @@ QVariant functionFrom(PyObject* callable)
 
 thread_local HeldItems* innermost = nullptr;
 
-/// What a script's own code names again and again, as the same object (Python keeps one of each): the text as Qt has
-/// it, by the address of Python's. Used under the interpreter's lock.
+/// What a script names again and again, as the same object: the text as Qt has it, by the address of Python's. Used
+/// under the interpreter's lock.
 struct KnownText {
     PyObject* text; ///< Held, so that its address is no other object's.
     QString string;
@@ -245,6 +245,15 @@ KnownText& knownTextFor(PyObject* text)
 {
     constexpr std::uintptr_t spacing = 16; // of Python's objects
     return knownTexts[reinterpret_cast<std::uintptr_t>(text) / spacing % knownTexts.size()];
+}
+
+/// Whether the same object may come again: Python keeps one of each name, and one of each constant of a piece of code,
+/// which holds it. A long text isn't kept alive for that, nor an instance of a script's own class.
+bool mayComeAgain(PyObject* text)
+{
+    constexpr Py_ssize_t longest = 256;
+    return PyUnicode_CHECK_INTERNED(text) ||
+           (Py_REFCNT(text) > 1 && PyUnicode_CheckExact(text) && PyUnicode_GET_LENGTH(text) <= longest);
 }
 
 QString decoded(PyObject* text)
@@ -279,7 +288,7 @@ QString stringFrom(PyObject* text)
 {
     if (!PyUnicode_Check(text))
         throwTypeError("A text must be str, not %s", Py_TYPE(text)->tp_name);
-    if (!PyUnicode_CHECK_INTERNED(text))
+    if (!mayComeAgain(text))
         return decoded(text);
     KnownText& known = knownTextFor(text);
     if (known.text != text) {
