@@ -4,6 +4,8 @@
 #include "core/host/mo_node.h"
 #include "core/host/tu_node.h"
 
+#include <QStringBuilder>
+
 #include <algorithm>
 #include <limits>
 
@@ -22,7 +24,7 @@ void Node_Coordinates::setX(int x)
 {
     MO_Node& node = target();
     undo::manager(node.sceneCommon())
-        .execute(new tu_node::SetXYCmd(&node, x, node.y()), tr("Set X position of ") + node.instanceName());
+        .execute(new tu_node::SetXYCmd(&node, x, node.y()), tr("Set X position of ") % node.instanceName());
 }
 
 int Node_Coordinates::getX() const
@@ -37,7 +39,7 @@ void Node_Coordinates::setY(int y)
         throwInvalidArgument(0);
     undo::manager(node.sceneCommon())
         .execute(new tu_node::SetXYCmd(&node, node.x(), y + networkOffset),
-                 tr("Set Y position of ") + node.instanceName());
+                 tr("Set Y position of ") % node.instanceName());
 }
 
 int Node_Coordinates::getY() const
@@ -50,7 +52,7 @@ void Node_Coordinates::setZ(int z)
     MO_Node& node = target();
     CO_CommandManager& manager = undo::manager(node.sceneCommon());
     undo::run(manager, new tu_node::SetXYZCmd(&node, node.x(), node.y(), z),
-              tr("Set Z position of ") + node.instanceName(), tr("Failed to set the node's position."));
+              tr("Set Z position of ") % node.instanceName(), tr("Failed to set the node's position."));
 }
 
 int Node_Coordinates::getZ() const

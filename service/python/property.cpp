@@ -107,15 +107,28 @@ void refuseLossyValue(const QMetaProperty& meta, const QVariant& value)
         refuseValue(value.typeName());
 }
 
+/// Writes a value that is of the property's type already. The status is what QMetaProperty::write looks at.
+void writeAsIs(OMC::BaseObject* object, const Property& property, QVariant& value)
+{
+    int status = -1;
+    int flags = 0;
+    void* slots[] = {value.data(), &value, &status, &flags};
+    property.metacall(object, QMetaObject::WriteProperty, property.index, slots);
+}
+
 void write(PyObject* self, const Property& property, PyObject* value)
 {
     convertAndCall([value] { return variantFrom(value); },
-                   [&](const QVariant& read) {
+                   [&](QVariant& read) {
                        OMC::BaseObject* object = heldObject(self);
-                       if (property.meta.isWritable())
+                       const bool fits = property.writable && read.metaType() == property.valueType;
+                       if (property.writable && !fits)
                            refuseLossyValue(property.meta, read);
                        try {
-                           object->writeProperty(property.meta, read);
+                           if (fits)
+                               writeAsIs(object, property, read);
+                           else
+                               object->writeProperty(property.meta, read);
                        } catch (const OMC::Exception& exception) {
                            if (isNotFinite(read) && exception.message() == argumentSentence(0))
                                throwNotFinite(property.meta.name());
@@ -255,6 +268,8 @@ Property makeProperty(const QMetaProperty& meta, const PropertyRow* row, const c
             .type = gives,
             .takes = row && row->takes ? row->takes : gives,
             .read = row && row->read ? row->read : usual.read,
+            .valueType = meta.metaType(),
+            .writable = meta.isWritable(),
             .metacall = meta.enclosingMetaObject()->d.static_metacall,
             .index = meta.relativePropertyIndex()};
 }

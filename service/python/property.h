@@ -16,6 +16,8 @@ struct Property {
     std::string takes; ///< The type that may be written.
     /// Reads it without the way over a QVariant where its type has one.
     PyObject* (*read)(OMC::BaseObject* object, const Property& property);
+    QMetaType valueType; ///< The type in C++.
+    bool writable;
     /// How the class that has the property is called for it, without the way down through its subclasses.
     void (*metacall)(QObject* object, QMetaObject::Call call, int index, void** slots);
     int index; ///< The property's index in that class.
