@@ -15,7 +15,7 @@ constexpr int deepestRun = 100;
 
 const QString helperFile = QStringLiteral("qtscript-helpers");
 
-/// What the engine does in the language itself.
+/// The parts of the engine that are written in the language itself.
 ///
 /// - caught: calls a function and tells whether it threw. An Error that is thrown and one that is returned look alike
 ///   from C++.

@@ -50,7 +50,7 @@ public:
     bool isEvaluating() const;
 
     QScriptValue globalObject() const;
-    /// Where the next scripts run into. An invalid value brings the engine's own global object back.
+    /// Sets the object that the next scripts run into. An invalid value brings the engine's own global object back.
     void setGlobalObject(const QScriptValue& object);
 
     QScriptValue nullValue();

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-/// What an engine keeps.
+/// The state of an engine.
 struct QScriptEngine::Private {
     explicit Private(QScriptEngine& engine);
 
@@ -44,7 +44,8 @@ struct QScriptEngine::Private {
         QString url;
         int line;
     };
-    /// Where an error was made, the innermost call first, without the engine's own helpers. Empty for what is no error.
+    /// The calls in which an error was made, the innermost first, without the engine's own helpers. Empty for what is
+    /// no error.
     static std::vector<Place> placesOf(const QJSValue& error);
     QString textOf(const Place& place) const; ///< "name()@file:line"
     /// The name of a file as it was given, for what the engine made of it.

@@ -22,7 +22,7 @@ using python::Ref;
 
 namespace {
 
-/// Where the Python package stands, from this library's folder: in a build, and installed. Nothing else is in there,
+/// The place of the Python package, from this library's folder: in a build, and installed. Nothing else is in there,
 /// so that a search path that begins with it hides no other package.
 constexpr const char* packageFolders[] = {"/../python", "/brindle/python"};
 
@@ -107,7 +107,7 @@ int ScriptEngine::run(const QList<QByteArray>& arguments, std::function<void()> 
     }
     const Stay inPython;
     const int code = Py_RunMain();
-    // What a process that was forked off in the middle of an operation has of the engine may not be destroyed.
+    // A process that was forked off in the middle of an operation may not destroy its copy of the engine.
     if (python::EngineGate::isCutOff())
         std::exit(code);
     return code;

@@ -21,7 +21,7 @@ public:
     /// The files that keep a person's window and history from one run to the next; an empty path keeps nothing.
     struct Files {
         QString history;   ///< The lines that were typed into the console.
-        QString placement; ///< Where the window and its docks stood.
+        QString placement; ///< The places of the window and its docks.
         static Files ofUser();
     };
 

@@ -25,7 +25,7 @@ private:
 
 namespace OMC {
 
-/// Who destroys an object of the object model.
+/// The owner of an object of the object model, which destroys it.
 enum OwnershipType_e : quint32 {
     Unowned = 0,       ///< Nobody yet: fresh out of `new`.
     OwnedByHandle = 1, ///< An Obj.
@@ -78,7 +78,7 @@ public:
     OwnershipType_e getOwnership() const { return m_ownership; }
     void setOwnership(OwnershipType_e ownership) { m_ownership = ownership; }
 
-    /// What `getAttr` and `setAttr` do once the property is found, for a binding that remembers it.
+    /// The second half of `getAttr` and `setAttr`, once the property is found, for a binding that remembers it.
     QVariant readProperty(const QMetaProperty& property) const;
     void writeProperty(const QMetaProperty& property, const QVariant& value);
 

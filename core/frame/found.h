@@ -26,7 +26,7 @@ template <typename Sentence>
     Q_UNREACHABLE();
 }
 
-/// What a pointer leads to; null is "Object is no longer valid.".
+/// The object behind a pointer; null throws "Object is no longer valid.".
 template <typename T>
 T& found(T* object)
 {
@@ -43,7 +43,7 @@ T& found(T* object, const Sentence& sentence)
     return *object;
 }
 
-/// What a pointer leads to as an object of class T; null and other classes fail.
+/// The object behind a pointer as one of class T; null and other classes fail.
 template <typename T, typename Object, typename... Sentence>
 T& foundAs(Object* object, const Sentence&... sentence)
 {

@@ -11,7 +11,7 @@ namespace OMC::Global {
 
 /// The host's session, or null when there is none.
 BRINDLE_CORE_EXPORT SC_SessionContext* sessionContext();
-/// Of the open project. Both need a session with one: nothing here asks whether there is.
+/// The databases of the open project. The caller has checked that a session with a project is there.
 BRINDLE_CORE_EXPORT TUDbAccess* dbAccess(); ///< Null for a project that lies in no database.
 BRINDLE_CORE_EXPORT TUDbSceneData* dbSceneData();
 

@@ -21,8 +21,8 @@ public:
     virtual ObjT __iter__() const { return ObjT(); }
 };
 
-class IterableObj : public Iterable<Obj, Obj> {};       ///< Of objects.
-class IterableQVar : public Iterable<QVariant, Obj> {}; ///< Of values, or objects inside a QVariant.
-class IterableMap : public Iterable<QString, Obj> {};   ///< Of keys.
+class IterableObj : public Iterable<Obj, Obj> {};       ///< Goes over objects.
+class IterableQVar : public Iterable<QVariant, Obj> {}; ///< Goes over values, or objects inside a QVariant.
+class IterableMap : public Iterable<QString, Obj> {};   ///< Goes over keys.
 
 } // namespace OMC

@@ -10,7 +10,7 @@
 
 namespace OMC {
 
-/// What every list that can be gone through has: a position of its own, and `__iter__`, which gives a copy of the list
+/// The part that all lists with a loop share: a position of its own, and `__iter__`, which gives a copy of the list
 /// that stands at the first item. So a loop never disturbs the list that a script holds, nor another loop over it.
 ///
 /// `List` is the list's base (ListObj, ListQVar, MapObj, or an EngineView on one), `Protocol` what it gives item by
@@ -134,7 +134,7 @@ private:
     mutable bool m_atEnd = false;
 };
 
-/// What a loop goes through, as it was when the loop began: nothing on a list, filled on the copy that goes through the
+/// The items of a loop as they were when the loop began: nothing on a list, filled on the copy that goes through the
 /// loop. Copies share it.
 template <typename Entry>
 class Snapshot {

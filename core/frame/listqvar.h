@@ -12,7 +12,7 @@ namespace OMC {
 
 /// Base of the lists of values. Lists are live: each call asks what they belong to.
 ///
-/// What a list does not override is empty, or refused.
+/// An operation that a list does not override gives nothing, or is refused.
 class BRINDLE_CORE_EXPORT ListQVar : public BaseObject {
     Q_OBJECT
 

@@ -21,7 +21,7 @@ namespace OMC {
 /// In a plain interpreter (no session, or one without a Python engine) every check passes. Otherwise a script thread
 /// must hold the application lock, or have asked for it while the main thread is parked inside Python.
 ///
-/// What these rules leave unguarded, and who relies on that:
+/// The rules leave this unguarded, and some callers rely on it:
 /// - The fields have no mutex and aren't atomic. One script thread at a time touches them, each under the lock or while
 ///   the main thread is parked. Threads of Python keep to that by Python's own lock; native threads have to take turns.
 /// - No check asks which thread took the lock. While one holds it every thread passes, and any thread may give it back:

@@ -38,11 +38,11 @@ public:
     virtual QString name() const = 0;
     virtual QString version() const = 0;
     virtual bool isInteractive() const = 0; ///< Whether a person works with it in windows.
-    /// Where script services are registered, or null in a program without scripting.
+    /// The registry of script services, or null in a program without scripting.
     virtual BAPP_ScriptHost* scriptHost() const = 0;
 };
 
-/// Where script services are registered. It owns none of them; null takes a service away.
+/// The registry of script services. It owns none of them; null takes a service away.
 class BRINDLE_HOST_EXPORT BAPP_ScriptHost {
 public:
     virtual ~BAPP_ScriptHost() = default;
@@ -52,7 +52,7 @@ public:
     virtual BAPP_VectorizationInterface* vectorizationInterface() const = 0;
 };
 
-/// What runs scripts inside the application, on its main thread. It belongs to whoever made it.
+/// Runs scripts inside the application, on its main thread. It belongs to whoever made it.
 class BRINDLE_HOST_EXPORT BAPP_ScriptEngine {
 public:
     virtual ~BAPP_ScriptEngine(); ///< Takes itself away from the application, where it is registered.

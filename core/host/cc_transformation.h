@@ -8,7 +8,7 @@
 
 #include <vector>
 
-/// What a picture goes through on its way down the graph: a matrix, and deformations in the order in which they came.
+/// The transformation of a picture on its way down the graph: a matrix, and deformations in their order.
 /// Copies share the deformations.
 class BRINDLE_HOST_EXPORT CC_Transformation {
 public:

@@ -120,7 +120,7 @@ private:
 /// A bitmap that paints as a colour does.
 class BRINDLE_HOST_EXPORT CM_Texture final : public CM_BaseColorObj {
 public:
-    /// Of an image file, under a new identity; check GetBitmap() for null, which says that the file can't be read.
+    /// Reads an image file, under a new identity. GetBitmap() is null when the file can't be read.
     CM_Texture(const QString& name, const QString& path, bool tile);
     CM_Texture(const QString& name, const UT_Id& id, std::shared_ptr<const BM_Bitmap> bitmap, bool tile);
 

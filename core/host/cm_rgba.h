@@ -7,7 +7,7 @@
 /// A colour of four bytes: red, green, blue, and alpha, which is 255 where it is opaque.
 class BRINDLE_HOST_EXPORT CM_Rgba {
 public:
-    /// Of each number the low 8 bits.
+    /// Takes the low 8 bits of each number.
     constexpr CM_Rgba(int red, int green, int blue, int alpha)
         : m_red(static_cast<quint8>(red)),
           m_green(static_cast<quint8>(green)),

@@ -56,7 +56,7 @@ BRINDLE_HOST_EXPORT void BuildSelection(TUScene* scene, const SL_Selection& sele
 
 } // namespace DD_SelectionUtil
 
-/// What is dragged of the selected nodes.
+/// The selected nodes as a drag takes them.
 enum class DD_DragMode { WholeNodes };
 
 /// What dragged nodes were when they were dragged: it holds data of its own, so that it can be dropped after they were

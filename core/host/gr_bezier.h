@@ -100,10 +100,10 @@ public:
     /// none: also when a number is not finite.
     bool GetClosestPoint(const Math::Point2d& point, double& radiusSquared, double& parameter) const;
 
-    /// Where the curve meets itself, and where it meets another, in the order of this curve's parameter, each place
-    /// once. The two ends of a curve that is closed don't count as meeting; a curve on one straight line doesn't meet
-    /// itself. Two curves that coincide over a stretch meet at the ends of that stretch. Curves meet where they come
-    /// within 1e-9 of their size.
+    /// The places where the curve meets itself, and where it meets another, in the order of this curve's parameter,
+    /// each place once. The two ends of a curve that is closed don't count as meeting; a curve on one straight line
+    /// doesn't meet itself. Two curves that coincide over a stretch meet at the ends of that stretch. Curves meet where
+    /// they come within 1e-9 of their size.
     bool IsIntersecting() const;
     bool IsIntersecting(const GR_Bezier2d& other) const;
     std::vector<Math::Point2d> GetIntersections() const;

@@ -65,7 +65,7 @@ public:
 
     // --- Curves -----------------------------------------------------------------------------------------------------
     unsigned int GetNumBezier() const { return m_onCurve.empty() ? 0 : GetNumPointsOnCurve() - 1; }
-    unsigned int GetDegree(unsigned int index) const; ///< Of one curve.
+    unsigned int GetDegree(unsigned int index) const; ///< The degree of one curve.
     GR_Bezier2d GetBezier(unsigned int index) const;  ///< With closed ends.
     /// Replaces a curve, also by one of another degree from 1 to 3 (else std::invalid_argument). The path stays a
     /// chain: the ends of the neighbouring curves move to the new ends, and a closed path stays closed.
@@ -80,7 +80,7 @@ public:
     /// As of a curve; curves of no length at the ends are passed over.
     Math::Vector2d GetFromTangent() const;
     Math::Vector2d GetToTangent() const;
-    double GetLength() const; ///< Of the curves.
+    double GetLength() const; ///< The sum over the curves.
     double GetArea() const; ///< Within the curves, whose ends a straight line closes; what runs clockwise is negative.
 
     /// Measures of the control polygon: all points, on the curve and off it, joined by straight lines.
@@ -110,8 +110,8 @@ public:
     /// As of a curve. A path of one point is that point, with parameter 0.
     bool GetClosestPoint(const Math::Point2d& point, double& radiusSquared, double& parameter) const;
 
-    /// Where the path meets itself, each place once, and where it meets another, in the order of this path's parameter.
-    /// Neighbouring curves don't meet at the point that joins them, nor do a closed path's first and last.
+    /// The places where the path meets itself, each once, and where it meets another, in the order of this path's
+    /// parameter. Neighbouring curves don't meet at the point that joins them, nor do a closed path's first and last.
     bool IsIntersecting() const;
     bool IsIntersecting(const GR_BezierPath2d& other) const;
     std::vector<Math::Point2d> GetIntersections() const;

@@ -20,7 +20,7 @@ public:
     virtual void transform(const VS_CacheId& cache, const Vertex* begin, const Vertex* end, Vertex* output) const = 0;
 };
 
-/// What all deformers have in common.
+/// The base of all deformers.
 class BRINDLE_HOST_EXPORT GR_Deform {
 public:
     /// From the units that points of the scene are told in to those that deformers count in.

@@ -6,7 +6,7 @@ namespace Math::Constants {
 /// Whether the end of an interval belongs to it.
 enum Boundary : int { Open = 0, Closed = 1 };
 
-/// What counts as the inside of a path that runs around a place more than once.
+/// The rule for the inside of a path that runs around a place more than once.
 enum FillType : int {
     EvenOdd = 0, ///< Places that it runs around an odd number of times.
     NonZero = 1  ///< Places that it runs around at all, one direction taken off the other.

@@ -60,7 +60,7 @@ public:
     Matrix4x4 getInverse() const;
     /// The turn alone, as extractParameters finds it.
     Matrix4x4 rotation() const;
-    /// What it does in the plane z = 0, seen along z.
+    /// The part that acts in the plane z = 0, seen along z.
     Matrix2x3 getTransform2d() const;
 
     bool hasNan() const;

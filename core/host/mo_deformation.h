@@ -14,9 +14,9 @@ class VS_CacheId;
 /// A deformation that a transformation carries along.
 class BRINDLE_HOST_EXPORT MO_Deformation : public UT_ShareBase {
 public:
-    /// What put it there; deformations of one id are reset together.
+    /// The source of the deformation; deformations of one id are reset together.
     virtual unsigned int id() const = 0;
-    /// What it does to a drawing as a whole.
+    /// The effect on a drawing as a whole.
     virtual Math::Matrix4x4 matrix() const { return {}; }
 };
 

@@ -58,9 +58,9 @@ public:
     virtual bool isNameAcceptable(const QString& name) const = 0;
 
     virtual bool isEnabled() const = 0;
-    /// What the node view shows the node in; of a node without a colour of its own, the colour of its type.
+    /// The node's colour in the node view; that of its type for a node without one of its own.
     virtual QColor getNodeColor() const = 0;
-    virtual void setDirty() = 0; ///< What the node shows has to be made again.
+    virtual void setDirty() = 0; ///< Marks the node's picture as outdated.
 
     virtual MO_PortMode portMode() const = 0;
     virtual unsigned int nInPorts() const = 0;
@@ -75,7 +75,7 @@ public:
     virtual bool isModeMultiInPort() const = 0;
 
     using AttrIterator = AT_Attr* const*;
-    virtual AT_Attr* findAttributeByKeyword(const QString& keyword) const = 0; ///< Of the top level, or null.
+    virtual AT_Attr* findAttributeByKeyword(const QString& keyword) const = 0; ///< One of the top level, or null.
     virtual AttrIterator attrsBegin() const = 0;
     virtual AttrIterator attrsEnd() const = 0;
 };

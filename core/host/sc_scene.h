@@ -89,7 +89,7 @@ public:
     virtual bool setStopFrame(int frame) = 0;
 };
 
-/// What the nodes of a scene reach of it.
+/// The part of a scene that its nodes reach.
 class BRINDLE_HOST_EXPORT SC_SceneCommon {
 public:
     virtual ~SC_SceneCommon() = default;

@@ -55,9 +55,9 @@ public:
     static std::unique_ptr<SC_SessionContext> create();
 
     virtual SC_ProjectManager* projectManager() const = 0;
-    virtual SC_ProjectCommon* projectCommon() const = 0;     ///< Of the open project, or null.
-    virtual CO_CommandManager* commandManager() const = 0;   ///< Of the open project, or null.
-    virtual TUSceneChangeManager* changeManager() const = 0; ///< Of the open project's first scene, or null.
+    virtual SC_ProjectCommon* projectCommon() const = 0;     ///< The open project's, or null.
+    virtual CO_CommandManager* commandManager() const = 0;   ///< The open project's, or null.
+    virtual TUSceneChangeManager* changeManager() const = 0; ///< That of the open project's first scene, or null.
     virtual SCP_PythonEngine* pythonEngine() const = 0;      ///< Null in a plain interpreter.
 };
 
@@ -105,14 +105,14 @@ public:
     virtual QString lastChange() const = 0;
 };
 
-/// What all scenes of a project share. SC_ProjectCmds changes the settings undoably.
+/// The settings and managers that all scenes of a project share. SC_ProjectCmds changes the settings undoably.
 class BRINDLE_HOST_EXPORT SC_ProjectCommon : public UT_SharedWeakBase {
 public:
     virtual SC_Id id() const = 0;
     virtual CO_CommandManager* commandManager() const = 0;
     virtual SC_SceneManager* sceneManager() const = 0;
     virtual TUDbSceneData* dbSceneData() const = 0;
-    /// Of the database that the project lies in; null for a project in a folder, as all of the open engine's are.
+    /// The database that the project lies in; null for a project in a folder, as all of the open engine's are.
     virtual TUDbAccess* dbAccessPriv() const { return nullptr; }
 
     virtual const SC_Resolution* resolution() const = 0; ///< The current one, or null.

@@ -12,7 +12,7 @@
 /// A conversation with a script engine that was started: what a console, or a command that runs a script, talks to.
 ///
 /// All that is run shares the names of the engine's main module, where `app` is the application with its open project.
-/// What scripts print, on any thread, goes to the printer, and so does the traceback of what they raise. While
+/// The printer gets the text that scripts print, on any thread, and the traceback of what they raise. While
 /// something runs the main thread goes on with its events every now and then, so the person sees what is printed and
 /// may interrupt it; nothing else is to be run then. Everything but `interrupt` is called on the main thread, between a
 /// start and the end of the engine, which it belongs to.
@@ -22,7 +22,7 @@ public:
 
     enum class Stream { Output, Error };
     using Printer = std::function<void(Stream stream, const QString& text)>;
-    /// What gets the text, in pieces, on the thread that prints; it must not wait. An empty function for the streams of
+    /// Gets the text, in pieces, on the thread that prints; it must not wait. An empty function for the streams of
     /// the process, as at the start. The one before is out of use when this returns.
     virtual void setPrinter(Printer printer) = 0;
 
@@ -32,7 +32,7 @@ public:
         Leave       ///< The script asked to end the process, with `exitCode`.
     };
     /// Adds a line, without its end, to the statement that is being typed, and runs the statement once it is complete.
-    /// What an expression gives is printed. An empty line ends a block.
+    /// The value of an expression is printed. An empty line ends a block.
     virtual Outcome push(const QString& line) = 0;
     /// Adds several lines in one go, which may hold any number of statements and, in a block, empty lines.
     virtual Outcome pushBlock(const QString& text) = 0;
@@ -41,13 +41,13 @@ public:
     /// Runs a script file with these arguments; both are bytes, as the process was given them. A file that can't be
     /// read is said like a failure of the script.
     virtual Outcome runFile(const QByteArray& path, const QList<QByteArray>& arguments) = 0;
-    virtual int exitCode() const = 0; ///< What the last script that asked to end the process gave.
+    virtual int exitCode() const = 0; ///< The exit code of the last script that asked to end the process.
 
     /// Raises KeyboardInterrupt in what runs; from an event that is handled meanwhile. Nothing while nothing runs.
     virtual void interrupt() = 0;
 
     struct Completion {
-        int start = 0;          ///< Where in the line the word, or the key, begins that they stand for.
+        int start = 0;          ///< The place in the line where the completed word or key begins.
         QStringList candidates; ///< In the order of the alphabet, each the whole word or key.
     };
     /// What the end of the line may become: names, behind a dot attributes, in an opened text the keys of the object

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-/// What a project keeps beside its scenes: tables that belong to the studio rather than to a scene.
+/// The data that a project keeps beside its scenes: tables of the studio rather than of a scene.
 class BRINDLE_HOST_EXPORT TUDbSceneData {
 public:
     virtual ~TUDbSceneData() = default;

@@ -91,7 +91,7 @@ public:
 /// Removing nodes with all that hangs on them.
 namespace SU_CleanUpCommands {
 
-/// What goes along with the nodes.
+/// The data that goes along with the nodes.
 struct DeleteStrategy {
     bool deleteTimedValues = false; ///< Also the columns that only these nodes were linked to.
 };

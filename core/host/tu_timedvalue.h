@@ -157,7 +157,7 @@ public:
     virtual void visit(TUBezierTimedValue& column) { visit(static_cast<TUFnc2DTimedValue&>(column)); }
 };
 
-/// Where an attribute is linked to a column.
+/// The place at which an attribute is linked to a column.
 class BRINDLE_HOST_EXPORT TUTvSocket {
 public:
     virtual ~TUTvSocket() = default;

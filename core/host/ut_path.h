@@ -45,7 +45,7 @@ BRINDLE_HOST_EXPORT bool MoveDir(const QString& from, const QString& to);
 
 } // namespace tufile
 
-/// Where a path of a project lies on this machine.
+/// Paths of a project as this machine has them.
 class BRINDLE_HOST_EXPORT oswRemapPath {
 public:
     /// The path with its separators and its home folder ("~") as this system has them.

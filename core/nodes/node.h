@@ -84,7 +84,7 @@ public:
     virtual void setEnabled(bool enabled);
     virtual bool getValid() const; ///< Whether the node is still there; never fails.
 
-    /// What the forms of `moveTo` come down to.
+    /// Moves the node to a group; all forms of `moveTo` end here.
     virtual void moveNode(TUGroup* group, int x, int y);
 
     /// Whether the other object is a wrapper, of whatever class, of the same engine node.

@@ -6,7 +6,7 @@ class MO_Node;
 
 namespace OMC {
 
-/// Where a node stands in the node view, as a live view of it; y grows downwards.
+/// The position of a node in the node view, read and written live; y grows downwards.
 class BRINDLE_CORE_EXPORT Node_Coordinates : public EngineView<MO_Node> {
     Q_OBJECT
     BRINDLE_COPYABLE(Node_Coordinates)

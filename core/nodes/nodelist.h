@@ -86,7 +86,7 @@ protected:
     void startIteration() override;
 
 private:
-    /// Where the nodes come from.
+    /// The source of the nodes.
     enum Mode { SceneNodes, GroupNodes, Handles, Unknown };
 
     void append(MO_Node* node);

@@ -36,7 +36,7 @@ Obj NodeList::create(const QString& type, const QVariant& group, const QString& 
     validate();
     std::set<MO_Node*> nodes;
     nodesFromQVariant(group, nodes);
-    // Of several nodes the one that the set has last decides: required, a script gives one.
+    // Required: among several nodes the last one of the set decides; scripts give one.
     if (TUGroup* parent = nodes.empty() ? nullptr : (*nodes.rbegin())->group()) {
         SC_SceneCommon* scene = parent->sceneCommon();
         if (!scene)

@@ -14,7 +14,7 @@ class TUGroup;
 /// ones. One undo entry, "Move to Group".
 namespace OMC::node_move {
 
-/// What tells the move of a node from that of a list of nodes.
+/// The differences between moving one node and moving a list of nodes.
 struct Terms {
     bool makesMultiPort; ///< A group without a multi-port node for its in-ports gets one; else the move is refused.
     bool selectsAsBatch; ///< The nodes are selected as one change.

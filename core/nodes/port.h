@@ -66,7 +66,7 @@ public:
 private:
     unsigned int m_id;
     bool m_isInPort;
-    MO_Port* m_remembered; ///< What the id led to at first; compared, never followed.
+    MO_Port* m_remembered; ///< The port that the id led to at first; compared, never followed.
 };
 
 } // namespace OMC

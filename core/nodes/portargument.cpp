@@ -12,7 +12,7 @@ namespace OMC {
 
 namespace {
 
-/// What differs between naming an in-port and naming an out-port.
+/// The differences between naming an in-port and naming an out-port.
 struct ArgumentRules {
     const PortSide& side;
     const char* noneGiven;

@@ -6,7 +6,7 @@
 
 namespace OMC {
 
-/// What a scene shows, layer by layer. No scene gives one yet.
+/// The layers that a scene shows. No scene gives one yet.
 ///
 /// The family holds nothing: `Scene::compositions` fails; none of its objects can be copied, and what they would lead
 /// to is refused.

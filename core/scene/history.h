@@ -12,7 +12,7 @@ class SC_ProjectCommon;
 
 namespace OMC {
 
-/// What a list of names by index shows of itself to a loop.
+/// The iteration of a list whose items are names by index.
 class BRINDLE_CORE_EXPORT HistoryNames : public EngineView<SC_ProjectCommon> {
 public:
     virtual std::size_t size() const = 0; ///< Entries that can be undone.

@@ -4,7 +4,7 @@
 
 namespace OMC {
 
-/// What renders a scene. Nothing gives one yet.
+/// Renders a scene. Nothing gives one yet.
 ///
 /// It holds nothing, so that a copy is simply a new one.
 class BRINDLE_CORE_EXPORT RenderHandler : public BaseObject {

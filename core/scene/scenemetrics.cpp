@@ -19,7 +19,7 @@ const SC_SceneMetrics& metricsOf(const TUScene& scene)
     return found(scene.metrics());
 }
 
-/// What a change of the metrics needs of the engine.
+/// The engine's objects that a change of the metrics needs.
 struct Change {
     explicit Change(TUScene& scene)
         : metrics(metricsOf(scene)),

@@ -10,7 +10,7 @@
 #include <numeric>
 #include <stdexcept>
 
-// What happens along a path: evaluation, parts, and where it meets points, areas and other paths.
+// Places along a path: evaluation, parts, and meetings with points, areas and other paths.
 
 using namespace brindle::engine;
 

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <stdexcept>
 
-// What a path looks like: its boxes, tangents, lengths and areas.
+// The shape of a path: boxes, tangents, lengths and areas.
 
 using namespace brindle::engine;
 

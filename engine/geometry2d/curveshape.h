@@ -4,7 +4,7 @@
 
 namespace brindle::engine {
 
-/// What a plane curve looks like. All throw std::domain_error when a point is not finite.
+/// The shape of a plane curve. All throw std::domain_error when a point is not finite.
 
 /// The direction towards the first control point that differs from the first one; zero when there is none.
 Math::Vector2d fromTangent(const PlaneCurve& curve);

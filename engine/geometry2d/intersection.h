@@ -16,7 +16,7 @@ constexpr double meetingTolerance = 1e-9;
 /// Parameters that differ by no more are the same place.
 constexpr double sameParameter = 1e-9;
 
-/// Where a curve crosses itself; a cubic curve does so at most once. Its loop's two parameters t and u make the
+/// The crossing of a curve with itself; a cubic curve has at most one. Its loop's two parameters t and u make the
 /// difference quotient (P(t) - P(u)) / (t - u) zero, which is linear in t + u and in tu - (t + u)^2.
 std::vector<Meeting> selfMeetings(const PlaneCurve& curve);
 

@@ -166,7 +166,7 @@ public:
 private:
     bool run(std::unique_ptr<CO_Command> command) { return m_manager.execute(command.release(), QString()); }
 
-    /// What was the default camera or display is so again where the scene has none any more: nodes that move, also
+    /// The default camera and display are set again where the scene has none any more: nodes that move, also
     /// within a group that moves, stay what they were.
     bool setDefaults(const DD_DragObject::Private& object)
     {
@@ -222,7 +222,7 @@ private:
     CO_CommandManager& m_manager;
     Group& m_group;
     DD_Selection::Private& m_dropped;
-    NodeCopies m_copies; ///< Of the nodes of the drag object.
+    NodeCopies m_copies; ///< The copies of the drag object's nodes.
 };
 
 /// A group of the scene, or null.

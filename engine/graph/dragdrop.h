@@ -12,11 +12,11 @@ namespace brindle::engine {
 
 class SceneGraph;
 
-/// Where a link of a dragged node ends: at a dragged node, or at one that stays.
+/// The end of a dragged node's link: at a dragged node, or at one that stays.
 struct DraggedEnd {
     const Node* dragged = nullptr; ///< The copy in the drag object; null for one that stays.
     UT_SharedWeakPtrBase staying;  ///< An MO_Node, null once it is gone.
-    std::size_t place = 0;         ///< Of the port on its side of the node.
+    std::size_t place = 0;         ///< The port's place on its side of the node.
 };
 
 struct DraggedLink {
@@ -30,7 +30,7 @@ struct DraggedDrive {
     const Node* node = nullptr;  ///< The copy in the drag object.
     int place = 0;               ///< The attribute's, in the node's AttributeSet.
     UT_SharedWeakPtrBase column; ///< A TUTimedValue, null once it is gone.
-    Socket::Order order = 0;     ///< Of the link among those of the column.
+    Socket::Order order = 0;     ///< The link's place among those of the column.
 };
 
 /// A port of a dropped node that was linked, where it came from, to a node that is not in its new group.
@@ -58,8 +58,8 @@ struct DD_DragObject::Private {
 
 struct DD_Selection::Private {
     std::vector<MO_Node*> nodes;
-    std::vector<brindle::engine::LostLink> lost; ///< Of nodes that a drop made.
-    MO_Node* camera = nullptr;                   ///< What a drop made of the default camera.
+    std::vector<brindle::engine::LostLink> lost; ///< The lost links of nodes that a drop made.
+    MO_Node* camera = nullptr;                   ///< The copy that a drop made of the default camera.
     int firstFrame = 1;
     int frameCount = 0;
 };

@@ -28,7 +28,7 @@ private:
     struct Link {
         Port* out;
         Port* in;
-        std::size_t place; ///< Of the in-port among the destinations.
+        std::size_t place; ///< The in-port's place among the destinations.
     };
     void cut(Port& in);
 

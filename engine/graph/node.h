@@ -25,7 +25,7 @@ struct NodePosition {
     bool operator==(const NodePosition&) const = default;
 };
 
-/// What a node of any kind is: its name, place, ports and attributes. HostNode gives it the host class of its type.
+/// The common part of all nodes: name, place, ports and attributes. HostNode gives it the host class of its type.
 ///
 /// A node belongs to its group, or to the undo list while it is out of the scene, or to its maker before that. The
 /// setters here change it at once and record nothing: commands call them.
@@ -42,15 +42,15 @@ public:
     std::uint64_t serial() const { return m_serial; } ///< Grows in the order in which nodes are made.
 
     Group* parent() const { return m_parent; }
-    bool isBefore(const Node& other) const { return m_order < other.m_order; } ///< Of nodes of one group.
+    bool isBefore(const Node& other) const { return m_order < other.m_order; } ///< Both are nodes of one group.
     SceneGraph* graph() const { return m_graph; } ///< Null while the node is not in a scene.
     SC_SceneCommon* scene() const { return m_scene; }
-    void setScene(SC_SceneCommon* scene); ///< Of a node that is in no scene yet.
+    void setScene(SC_SceneCommon* scene); ///< The node is in no scene yet.
     /// Tells whoever shows the scene that a value of the node changed.
     void announceChange() const;
 
     const QString& name() const { return m_name; }
-    bool setName(const QString& name); ///< Of a node that is in no group yet; false when the name is not valid.
+    bool setName(const QString& name); ///< The node is in no group yet; false when the name is not valid.
     QString path() const;
     bool isNameAcceptable(const QString& name) const;
 
@@ -109,7 +109,7 @@ private:
     std::size_t m_sources = 0;      ///< In-ports with a source.
     std::size_t m_destinations = 0; ///< Links of all out-ports.
     std::int64_t m_order = 0;       ///< Grows along the sub-nodes of a group; kept while the node is out of it.
-    mutable std::array<std::uint64_t, 2> m_marks = {}; ///< Of the walks that came here last, one a direction.
+    mutable std::array<std::uint64_t, 2> m_marks = {}; ///< The walks that came here last, one a direction.
     mutable std::unique_ptr<AttributeSet> m_attributes;
 };
 

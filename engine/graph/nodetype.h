@@ -10,7 +10,7 @@
 
 namespace brindle::engine {
 
-/// What flows through a port.
+/// The kind of data that flows through a port.
 enum class PortKind { Image, Peg };
 
 QStringView portKindName(PortKind kind); ///< "IMAGE" or "PEG".
@@ -27,7 +27,7 @@ enum class NodeClass { Module, Peg, Camera, Display, Element, MultiPortIn, Multi
 struct NodeType {
     QStringView name;        ///< "PEG", "READ", ...
     QStringView defaultName; ///< The name of a node that is given none.
-    QStringView purpose;     ///< What it is for, in one sentence.
+    QStringView purpose;     ///< The purpose, in one sentence.
     NodeClass nodeClass = NodeClass::Module;
     MO_PortMode portMode = MO_FixedPorts;
     bool makesInPorts = false;   ///< Has a command of its own for a new in-port (MO_AutoInPortsModule).
@@ -44,7 +44,7 @@ struct NodeType {
     bool takesOutPorts() const { return portMode == MO_DynamicOutPortsOnly || portMode == MO_DynamicPorts; }
 };
 
-/// What the node view shows nodes of a class in: by what they do, so that a graph can be read from afar.
+/// The colours of node classes in the node view: by purpose, so that a graph can be read from afar.
 QRgb nodeColour(NodeClass nodeClass);
 
 /// All types of nodes.

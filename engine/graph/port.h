@@ -37,7 +37,7 @@ public:
     MO_Node* realSrcNode() const override;
     void realDstPorts(std::vector<MO_Port*>& ports) const override;
 
-    /// Of a new port that was saved with an id: it keeps it on the node that it is put on.
+    /// Gives a new port the id that it was saved with; it keeps it on the node that it is put on.
     void setId(unsigned int id)
     {
         m_id = id;

@@ -8,7 +8,7 @@ namespace brindle::engine {
 
 namespace {
 
-/// Where a port stands, or is to stand.
+/// The present or future place of a port.
 struct PortPlace {
     Node* node = nullptr;
     PortSide side = PortSide::In;

@@ -76,7 +76,7 @@ std::vector<std::unique_ptr<MO_Node>> SubNodes::take(const std::vector<Node*>& n
     }
     places.push_back(m_nodes.size());
 
-    // What stays between two that go moves as one block.
+    // Nodes that stay between two that go move as one block.
     for (std::size_t gone = 1; gone < places.size(); ++gone) {
         const auto first = static_cast<std::ptrdiff_t>(places[gone - 1] + 1);
         const auto last = static_cast<std::ptrdiff_t>(places[gone]);

@@ -63,7 +63,7 @@ public:
     }
 
 private:
-    /// What is known of the numbers behind a base name: those below `next` are taken, apart from the freed ones.
+    /// The numbers behind a base name: those below `next` are taken, apart from the freed ones.
     struct Numbers {
         int next = 1;
         std::set<int> freed;

@@ -18,7 +18,7 @@ public:
 
     /// Goes to the next line; false behind the last one. Throws when words of the present line are left.
     bool next();
-    bool atEnd() const { return m_line.empty(); } ///< Of the line.
+    bool atEnd() const { return m_line.empty(); } ///< At the end of the line.
 
     QString word();
     QString text();                                           ///< In double quotes, escaped as in JSON.

@@ -12,7 +12,7 @@ using brindle::engine::PaletteRecord;
 
 namespace {
 
-/// Of a list of entries that travels through a command, which is in no file.
+/// The name that messages would give a list of entries in a command, which is in no file.
 const QString streamName = QStringLiteral("entries");
 
 /// Textures of a stream keep their pictures in it: a table of PNG files behind the entries' text.

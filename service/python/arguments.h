@@ -40,7 +40,7 @@ struct Argument {
     constexpr bool required() const { return fallback.empty(); }
 };
 
-/// Where a character first stands outside of square brackets, or the text's length. GCC's string_view::find is no
+/// The first place of a character outside of square brackets, or the text's length. GCC's string_view::find is no
 /// constant under its sanitizers.
 constexpr std::size_t placeOf(char wanted, std::string_view text)
 {
@@ -62,7 +62,7 @@ constexpr std::string_view trimmed(std::string_view text)
     return text;
 }
 
-/// What stands ahead of the arrow, and behind it.
+/// The parts ahead of the arrow and behind it.
 constexpr std::string_view argumentsOf(std::string_view text)
 {
     const std::size_t arrow = placeOf('>', text);

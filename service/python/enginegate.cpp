@@ -24,7 +24,8 @@ bool isMainThread()
     return QCoreApplication::instance() && QCoreApplication::instance()->thread() == QThread::currentThread();
 }
 
-/// What a thread in the line waits for. The last two go ahead of the others: they are in the middle of a call.
+/// The purpose for which a thread waits in the line. The last two go ahead of the others: they are in the middle of a
+/// call.
 enum class Wish {
     Call,         ///< To begin a call.
     Turn,         ///< To begin an operation.
@@ -38,7 +39,7 @@ struct Waiter {
     Sleeper sleeper{};
 };
 
-/// What happens at the gate. Read and written with Python's lock held.
+/// The state of the gate. Read and written with Python's lock held.
 struct Gate {
     std::deque<Waiter*> line;
     bool arriving = false;     ///< One of the line has been let in, and waits for Python's lock.

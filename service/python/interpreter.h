@@ -13,7 +13,7 @@ namespace brindle::python {
 bool interpreterBegins();
 /// The interpreter is about to end, on the calling thread, which alone enters it from now on.
 void interpreterEnds();
-/// What is to be done once the interpreter is gone, on the thread that ended it: at the end of a script, and where
+/// Work to be done once the interpreter is gone, on the thread that ended it: at the end of a script, and where
 /// sys.exit or an interrupt ends the process. Not in a process whose engine can't be used any more (`EngineGate`).
 void setAfterInterpreter(std::function<void()> action);
 /// Whether the calling thread may enter the interpreter, or is in it already.

@@ -233,8 +233,8 @@ QVariant functionFrom(PyObject* callable)
 
 thread_local HeldItems* innermost = nullptr;
 
-/// What a script names again and again, as the same object: the text as Qt has it, by the address of Python's. Used
-/// under the interpreter's lock.
+/// The texts that a script names again and again, as the same object: the text as Qt has it, by the address of
+/// Python's. Used under the interpreter's lock.
 struct KnownText {
     PyObject* text; ///< Held, so that its address is no other object's.
     QString string;

@@ -36,7 +36,7 @@ FoundType& foundTypeFor(const QMetaObject* metaObject)
 /// to the next one. Used under the interpreter's lock.
 std::array<Wrapper*, 8> spareWrappers;
 
-/// Where the spare memory for a type is; null where Python's collector knows the instances, as those of a class that a
+/// The spare memory for a type; null where Python's collector knows the instances, as those of a class that a
 /// script derived.
 Wrapper** spareFor(PyTypeObject* type)
 {

@@ -37,7 +37,7 @@ private:
     Source m_source;
     QStringListModel m_candidates;
     QCompleter m_completer;
-    int m_start = 0; ///< Where in the line the word begins.
+    int m_start = 0; ///< The place in the line where the word begins.
 };
 
 } // namespace app::desk

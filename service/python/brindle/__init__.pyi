@@ -1699,7 +1699,7 @@ class Node(BaseObject):
 
 
 class Node_Coordinates(BaseObject):
-    """Where a node stands in the node view, as a live view of it; y grows downwards."""
+    """The position of a node in the node view, read and written live; y grows downwards."""
     @property
     def x(self) -> int:
         """To the right."""
@@ -2131,7 +2131,7 @@ class FlatCableList(ListObj[FlatCable]):
 
 
 class Composition(BaseObject):
-    """What a scene shows, layer by layer. No scene gives one yet."""
+    """The layers that a scene shows. No scene gives one yet."""
     def get_base(self) -> Node:
         """Always fails."""
         ...
@@ -2293,7 +2293,7 @@ class Waypoint(BaseObject):
 
 
 class RenderHandler(BaseObject):
-    """What renders a scene. Nothing gives one yet."""
+    """Renders a scene. Nothing gives one yet."""
 
 
 class Project(BaseObject):

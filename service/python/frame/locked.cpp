@@ -75,7 +75,7 @@ private:
     }
 
     std::thread::id m_owner;
-    int m_depth = 0; ///< Of the owner's blocks inside each other.
+    int m_depth = 0; ///< How many of the owner's blocks lie inside each other.
     std::deque<Waiter*> m_waiters;
 };
 
