@@ -11,6 +11,17 @@
 
 namespace OMC {
 
+namespace {
+
+/// The label of a change of the node. A view of the name, as Qt joins two strings by growing the first one.
+QString labelOf(const QString& change, const MO_Node& node)
+{
+    const QString name = node.instanceName();
+    return change % QStringView(name);
+}
+
+} // namespace
+
 Node_Coordinates::Node_Coordinates(MO_Node* node) : EngineView(node) {}
 
 // The engine's y, 32 more than the property's: required, scripts parse this text.
@@ -24,7 +35,7 @@ void Node_Coordinates::setX(int x)
 {
     MO_Node& node = target();
     undo::manager(node.sceneCommon())
-        .execute(new tu_node::SetXYCmd(&node, x, node.y()), tr("Set X position of ") % node.instanceName());
+        .execute(new tu_node::SetXYCmd(&node, x, node.y()), labelOf(tr("Set X position of "), node));
 }
 
 int Node_Coordinates::getX() const
@@ -38,8 +49,7 @@ void Node_Coordinates::setY(int y)
     if (y > std::numeric_limits<int>::max() - networkOffset)
         throwInvalidArgument(0);
     undo::manager(node.sceneCommon())
-        .execute(new tu_node::SetXYCmd(&node, node.x(), y + networkOffset),
-                 tr("Set Y position of ") % node.instanceName());
+        .execute(new tu_node::SetXYCmd(&node, node.x(), y + networkOffset), labelOf(tr("Set Y position of "), node));
 }
 
 int Node_Coordinates::getY() const
@@ -51,8 +61,8 @@ void Node_Coordinates::setZ(int z)
 {
     MO_Node& node = target();
     CO_CommandManager& manager = undo::manager(node.sceneCommon());
-    undo::run(manager, new tu_node::SetXYZCmd(&node, node.x(), node.y(), z),
-              tr("Set Z position of ") % node.instanceName(), tr("Failed to set the node's position."));
+    undo::run(manager, new tu_node::SetXYZCmd(&node, node.x(), node.y(), z), labelOf(tr("Set Z position of "), node),
+              tr("Failed to set the node's position."));
 }
 
 int Node_Coordinates::getZ() const
