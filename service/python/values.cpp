@@ -231,7 +231,7 @@ QVariant functionFrom(PyObject* callable)
     return OMC::toVariant(function.release());
 }
 
-thread_local HeldItems* innermost = nullptr;
+[[gnu::tls_model("initial-exec")]] constinit thread_local HeldItems* innermost = nullptr;
 
 /// The texts that a script names again and again, as the same object: the text as Qt has it, by the address of
 /// Python's. Used under the interpreter's lock.
