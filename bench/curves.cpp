@@ -13,7 +13,7 @@
 #include <random>
 #include <vector>
 
-// What plane curves cost, beside the same by lib2geom.
+// The cost of plane curves, beside the same by lib2geom.
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include <benchmark/benchmark.h>
 
-// What a product of matrices costs: of the engine's, of a script's, and of the library underneath.
+// The cost of a product of matrices: the engine's, a script's, and the library's underneath.
 
 namespace {
 

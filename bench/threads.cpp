@@ -14,7 +14,7 @@
 #include <stdexcept>
 #include <thread>
 
-// What the thread rules cost, in an application that runs Python: the check at the start of each call, the lock around
+// The cost of the thread rules in an application that runs Python: the check at the start of each call, the lock around
 // a thread's calls, a function on a main thread that waits for events.
 
 namespace {

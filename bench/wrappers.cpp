@@ -10,7 +10,7 @@
 
 #include <utility>
 
-// What it costs to make a wrapper and to carry it in a handle.
+// The cost of making a wrapper and of carrying it in a handle.
 
 namespace {
 

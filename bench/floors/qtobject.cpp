@@ -5,7 +5,7 @@
 
 #include <benchmark/benchmark.h>
 
-// What no object model on Qt's property system can be faster than.
+// The least that an object model on Qt's property system costs.
 
 namespace {
 

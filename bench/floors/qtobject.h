@@ -16,7 +16,7 @@ public:
     CarriedObject& operator=(const CarriedObject&) { return *this; }
 };
 
-/// What Qt's property system costs by itself: an object with 34 properties that do nothing but give a member.
+/// The cost of Qt's property system by itself: an object with 34 properties that do nothing but give a member.
 class QtObject : public QObject {
     Q_OBJECT
     Q_PROPERTY(int first MEMBER m_number)

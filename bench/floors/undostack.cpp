@@ -5,7 +5,7 @@
 
 #include <utility>
 
-// What Qt's own undo list costs: a command that changes a number, pushed one by one, and as a macro that is undone.
+// The cost of Qt's own undo list: a command that changes a number, pushed one by one, and as a macro that is undone.
 
 namespace {
 

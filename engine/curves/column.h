@@ -29,7 +29,7 @@ protected:
     ~NumberValues() = default;
 };
 
-/// Where an attribute of the open engine is linked to a column. It is a part of the attribute.
+/// The place at which an attribute of the open engine is linked to a column. It is a part of the attribute.
 ///
 /// The column lists its links in the order of linking. An order number that only grows says where in the list a link
 /// stands, so that a link that is cut and restored comes back to its place in logarithmic time, whatever their number.

@@ -12,7 +12,7 @@ struct CurveChange {
     enum Kind { Made, Taken, Edited, Moved };
     Kind kind;
     CurvePoint before; ///< The point as it was; a point made, as it was made.
-    double frame;      ///< Where the point stands after the change.
+    double frame;      ///< The point's frame after the change.
 };
 using CurveLog = std::vector<CurveChange>;
 

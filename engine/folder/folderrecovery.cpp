@@ -154,7 +154,7 @@ void recover(const Folder& folder)
             putAside(folder, found);
         }
         for (std::size_t number = 0; number < found.journal.files.size(); ++number) {
-            if (!isPartWhole(folder, found.journal, number)) // What it is for has been moved before.
+            if (!isPartWhole(folder, found.journal, number)) // Its file has been moved before.
                 folder.remove(save_stage::part(number));
         }
         moveForward(folder, found.journal);

@@ -186,7 +186,7 @@ void ProjectLock::release()
         std::optional<FolderLock> alone;
         try {
             alone.emplace(*m_folder, FolderLock::Writing, std::chrono::seconds(2));
-        } catch (const FolderFailure&) { // Who is in there for so long is past looking for the lock.
+        } catch (const FolderFailure&) { // A process that is in there for so long no longer looks for the lock.
         }
         if (isThere())
             ::unlinkat(m_folder->descriptor(), fileName, 0);

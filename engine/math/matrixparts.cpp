@@ -59,7 +59,7 @@ bool Matrix4x4::extractParameters(bool negativeX, bool negativeY, double pivotX,
     skew = parts.skew;
     sx = parts.scaleX;
     sy = parts.scaleY;
-    // Where the pivot goes, seen from the pivot.
+    // The way that the pivot goes.
     tx = frame.origin.x + x.x * pivotX + y.x * pivotY - pivotX;
     ty = frame.origin.y + x.y * pivotX + y.y * pivotY - pivotY;
     tz = frame.origin.z;

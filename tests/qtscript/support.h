@@ -33,7 +33,7 @@ protected:
     QScriptEngine engine;
 };
 
-/// What a script sees of C++.
+/// A C++ object for scripts.
 class Counter : public QObject {
     Q_OBJECT
     Q_PROPERTY(int count READ count WRITE setCount)

@@ -17,8 +17,8 @@
 // Eight threads of a script take the application's lock in turn, read and write, while the main thread runs its event
 // loop, changes the project itself, and goes in and out of Python. Nothing may be lost, and nothing may stand still.
 //
-// What the rules leave to the script, the script here sees to: threads that read a value and write it back do so in
-// `with app.locked():`, and a value has either the main thread or the others for its writers. The main thread isn't
+// The script here takes care of the part that the rules leave to it: threads that read a value and write it back do so
+// in `with app.locked():`, and a value has either the main thread or the others for its writers. The main thread isn't
 // kept out while it is inside Python.
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include <cstdlib>
 
-// What no binding on CPython's own API can be faster than: a type whose objects hold a small record and do nothing
+// The least that a binding on CPython's own API costs: a type whose objects hold a small record and do nothing
 // else. bench/script.py imports it as cpython_floors.
 
 namespace {

@@ -9,7 +9,7 @@
 
 int main(int count, char** arguments)
 {
-    // What a person keeps from one run to the next is nobody's here.
+    // Settings that a person keeps from one run to the next lie in a folder of the test's.
     const QTemporaryDir home;
     qputenv("XDG_DATA_HOME", home.path().toUtf8());
     qputenv("XDG_CONFIG_HOME", home.path().toUtf8());

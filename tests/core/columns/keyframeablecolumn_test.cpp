@@ -11,7 +11,7 @@ using namespace OMC;
 
 class KeyframeableColumnTest : public AnimationTest {
 protected:
-    /// What a call writes on the standard output.
+    /// The text that a call writes to standard output.
     template <typename Call>
     static std::string outputOf(Call call)
     {

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What a service library adds: the root objects.
+/// The root objects that a service library adds.
 class TestApplication : public OMC::Application {
 public:
     using Application::Application;
@@ -20,7 +20,7 @@ public:
     using Application::context;
 };
 
-/// What a call writes to the engine's log, debug lines included.
+/// The lines that a call writes to the engine's log, debug lines included.
 template <typename Call>
 std::string logOf(Call call)
 {

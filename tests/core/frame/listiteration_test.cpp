@@ -11,7 +11,7 @@ using namespace OMC;
 
 namespace listed {
 
-/// What the lists below show: words that a test changes while a loop goes on.
+/// The items of the lists below: words that a test changes during a loop.
 QStringList theWords;
 
 class Words : public CountedList<ListQVar, IterableQVar> {

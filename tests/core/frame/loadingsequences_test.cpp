@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What a library gives to who loads it.
+/// The services that a library gives to its loader.
 enum class Gives { NoLibrary, NothingInstalled, Nothing, Services };
 
 struct Library {
@@ -25,7 +25,7 @@ void PrintTo(const Library& library, std::ostream* stream)
 
 enum Step { Load, LoadProject, UnloadProject, Unload, Destroy, LoadVectorization, UnloadVectorization, StepCount };
 
-/// What the steps should lead to: the lines on standard error, and what is registered with the application.
+/// The expected outcome of the steps: the lines on standard error, and what is registered with the application.
 struct Model {
     explicit Model(Gives library) : gives(library) {}
 
@@ -115,7 +115,7 @@ void take(const LoadingHost& host, Step step)
     }
 }
 
-/// What a call writes to standard error.
+/// The text that a call writes to standard error.
 template <typename Call>
 std::string errorsOf(Call call)
 {

@@ -77,7 +77,7 @@ protected:
         return failure;
     }
 
-    /// What is written to the log while events are handled that are pending.
+    /// The lines that the log gets while pending events are handled.
     std::string handlePendingEvents()
     {
         testing::internal::CaptureStderr();

@@ -15,7 +15,7 @@
 #include <limits>
 #include <memory>
 
-/// What a curve and a path of one curve do alike.
+/// The operations in which a curve and a path of one curve are alike.
 namespace {
 
 using OMC::Bezier;

@@ -306,7 +306,7 @@ TEST(Point2dListTest, WhatTheStrictReaderRefusesIsRefusedHere)
     const struct {
         const char* name;
         QVariant value;
-        const char* before; ///< What was appended up to the failure.
+        const char* before; ///< The points that were appended up to the failure.
     } rows[] = {
         {"a text", QStringLiteral("a"), ""},
         {"a number ahead of a point", QVariantList{1, QVariantList{3, 4}}, ""},

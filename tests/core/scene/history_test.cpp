@@ -435,7 +435,7 @@ TEST_F(HistoryTest, AProjectWithoutAManagerFailsUnexpectedly)
     };
     for (const auto& [name, call] : calls)
         EXPECT_EQ(failureOf(call), "An unexpected error occurred.") << name;
-    // What is about the bracket alone does without.
+    // Operations on the bracket alone need none.
     EXPECT_EQ(managerless.getCurrent(), QStringLiteral("NONE"));
     managerless.end();
     managerless.cancel();

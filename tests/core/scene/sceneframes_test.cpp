@@ -194,7 +194,7 @@ TEST_F(SceneFramesTest, NoFramesIsNoChangeAndFewerIsFalse)
     leaves([&] { EXPECT_FALSE(wrapper.frameRemove(1, -1)); });
 }
 
-// That the scene can't take the frames is not told: required as it is.
+// Required: a scene that can't take the frames says nothing.
 TEST_F(SceneFramesTest, FramesThatTheSceneCannotTakeAreTrueWithoutEffect)
 {
     for (const int at : {-1, lowest, 61, highest})

@@ -30,7 +30,7 @@ const char* const noneOfTheKind = "No valid camera node specified.";
 const QString vectorLabel = QStringLiteral("Edit Default Vector Drawings Texture Pixel Density Scene Settings");
 const QString bitmapLabel = QStringLiteral("Edit Default Bitmap Drawings Texture Pixel Density Scene Settings");
 
-/// What a script may write to unset a camera or a display.
+/// The values by which a script unsets a camera or a display.
 const std::vector<QVariant> unsetting = {QVariant(),
                                          QVariant::fromValue(nullptr),
                                          QString(),
@@ -298,7 +298,7 @@ TEST_F(SceneLookTest, TheDensityThatIsThereMakesNoEntry)
     leaves([&] { wrapper.setBitmapTexturePixelDensity(wrapper.getBitmapTexturePixelDensity()); });
 }
 
-// What the project doesn't take is not told: there is no sentence for it.
+// The project refuses a value silently: there is no sentence for it.
 TEST_F(SceneLookTest, ADensityThatTheProjectDoesNotTakeChangesNothing)
 {
     for (const double pixels : {0.0, -1.0}) {

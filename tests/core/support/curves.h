@@ -53,7 +53,7 @@ inline const Points hump = {{0, 0}, {0, 10}, {10, 10}, {10, 0}};
 inline const Points loop = {{0, 0}, {20, 10}, {-10, 10}, {10, 0}};
 inline const Math::Point2d origin{0, 0};
 
-/// What an argument that is no point is told.
+/// The sentence for an argument that is no point.
 inline constexpr char noPoint2d[] = "Unsupported Point2D type.";
 
 inline QVariant value(const Math::Point2d& point)

@@ -4,14 +4,14 @@
 
 #include <string>
 
-// What several classes say.
+// The sentences that several classes have.
 inline constexpr char objectGone[] = "Object is no longer valid.";
 inline constexpr char nodeGone[] = "Node is no longer valid. Node may have been moved or deleted.";
 inline constexpr char indexOutOfRange[] = "Index is out of range.";
 inline constexpr char portsApart[] = "These ports are no longer connected.";
 inline constexpr char unexpectedError[] = "An unexpected error has occurred.";
 
-/// What failureOf() says of a call that doesn't fail.
+/// The result of failureOf() for a call that doesn't fail.
 inline constexpr char passes[] = "no exception";
 
 /// The sentence of the OMC::Exception that leaves a call.

@@ -30,8 +30,8 @@ public:
     SC_SceneCommon* sceneCommon() const;
     CO_CommandManager& manager() const;
 
-    QStringList labels() const;     ///< What can be undone, oldest first.
-    QStringList redoLabels() const; ///< What can be done again, next first.
+    QStringList labels() const;     ///< The labels that can be undone, oldest first.
+    QStringList redoLabels() const; ///< The labels that can be done again, next first.
     void undo(unsigned int count = 1) { manager().unexecute(count); }
     void redo(unsigned int count = 1) { manager().reexecute(count); }
 

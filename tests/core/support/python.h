@@ -23,7 +23,7 @@ public:
     StandInPython& operator=(const StandInPython&) = delete;
     ~StandInPython();
 
-    QStringList threadCalls; ///< Of the scopes that native code goes into Python and out of it with.
+    QStringList threadCalls; ///< The scopes by which native code entered and left Python.
     int gilScopes = 0;       ///< Those that are open, on whatever thread.
 };
 

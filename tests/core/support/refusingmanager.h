@@ -23,7 +23,7 @@ public:
     bool isDirty() const override { return false; }
     void setClean() override {}
 
-    QStringList refusedLabels; ///< Of the commands that were asked for.
+    QStringList refusedLabels; ///< The labels of the commands that were asked for.
     int openScopes = 0;
     int cancelledScopes = 0;
 

@@ -4,8 +4,8 @@
 
 #include <QString>
 
-/// What the nodes of no engine have in common: at the root of the scene graph, without attributes, at one place and
-/// under one name for good.
+/// The common part of nodes that belong to no engine: at the root of the scene graph, without attributes, at one place
+/// and under one name for good.
 template <typename Base>
 class StandIn : public Base {
 public:

@@ -36,5 +36,5 @@ public:
     double chartZ = 12.0;
     int centerX = 0;
     int centerY = 0;
-    mutable int conversions = 0; ///< Of points.
+    mutable int conversions = 0; ///< The number of points that were converted.
 };

@@ -26,7 +26,7 @@ public:
     }
 
     QStringList refused;
-    QStringList labels; ///< Of all commands.
+    QStringList labels; ///< The labels of all commands.
 };
 
 class StandInSceneCommon : public SC_SceneCommon {

@@ -152,7 +152,7 @@ public:
     TUSceneChangeManager* changes = nullptr;
     const SC_SceneMetrics* measures = nullptr;
     TUDisplayModule* shownBy = nullptr;
-    std::vector<std::tuple<int, int, bool, bool>> frameChanges; ///< What was asked for, argument by argument.
+    std::vector<std::tuple<int, int, bool, bool>> frameChanges; ///< The requests, argument by argument.
 
 private:
     unsigned int m_id;

@@ -8,7 +8,7 @@ using brindle::engine::JsonPlace;
 
 namespace {
 
-/// What reading says of a text, behind the name of the file.
+/// The sentence of reading a text, behind the name of the file.
 std::string failure(const QByteArray& content, const std::function<void(const JsonPlace&)>& read)
 {
     try {

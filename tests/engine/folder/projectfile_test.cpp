@@ -48,7 +48,7 @@ QString failureOf(const QByteArray& text)
     }
 }
 
-/// What is changed in a sound file, and what reading says behind its name.
+/// A change of a sound file, and the sentence of reading behind its name.
 struct ProjectDamage {
     const char* name;
     const char* from;

@@ -166,7 +166,7 @@ const QByteArray sceneText = R"({
 }
 )";
 
-/// What is changed in a sound scene, and what opening then says behind the name of the file.
+/// A change of a sound scene, and the sentence of opening behind the name of the file.
 struct SceneDamage {
     const char* name;
     const char* from;

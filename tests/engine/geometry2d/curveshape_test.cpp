@@ -41,7 +41,7 @@ TEST(CurveShape, LengthsAgreeWithADenseReference)
     for (int round = 0; round < 10000; ++round) {
         const GR_Bezier2d made = random.curve();
         const double length = made.GetLength();
-        // Where the curve turns sharply the reference is the coarser of both, and gets more places.
+        // The reference is the coarser of both at sharp turns, and gets more places.
         double difference = 1;
         for (int places = 256; places <= 1 << 18 && difference > 1e-6; places *= 8)
             difference = std::abs(length - curves::referenceLength(made, places));

@@ -25,7 +25,7 @@ protected:
         QFile file(path());
         ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
     }
-    /// What a call writes to the log.
+    /// The lines that a call writes to the log.
     template <typename Call>
     QString logged(Call call)
     {

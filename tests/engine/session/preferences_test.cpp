@@ -92,8 +92,8 @@ TEST(PreferencesTest, ASaveThatFailedIsTriedAgain)
 
 namespace {
 
-/// What the user's file says of a preference that is set in a session, when the project is saved and when the session
-/// ends. To be run in a process that has not asked for preferences yet.
+/// The text of the user's file about a preference that is set in a session, when the project is saved and when the
+/// session ends. To be run in a process that has not asked for preferences yet.
 QByteArrayList keptInASession()
 {
     const QTemporaryDir folder;

@@ -269,9 +269,9 @@ private:
     MemoryProject m_project;
     int m_label = 0;
     bool m_bracketed = false;
-    std::vector<std::string> m_states; ///< What is saved, by the number of entries that are done.
+    std::vector<std::string> m_states; ///< The saved forms, by the number of entries that are done.
     std::size_t m_done = 0;
-    std::size_t m_changes = 0; ///< That succeeded.
+    std::size_t m_changes = 0; ///< The number of changes that succeeded.
 };
 
 class RandomSessionTest : public testing::TestWithParam<unsigned int> {};

@@ -41,7 +41,7 @@ private:
     QTextStream& m_out;
 };
 
-/// What is saved of a column, as its kind writes it; of a curve every bit besides.
+/// The saved form of a column, as its kind writes it, with every bit of a curve.
 QString contentDump(const TUTimedValue& column)
 {
     brindle::engine::JsonWriter json;

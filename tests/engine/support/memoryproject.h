@@ -37,7 +37,7 @@ public:
 
     /// Everything that the scene holds but columns and attribute values, a line a thing: equal texts are equal scenes.
     QString dump();
-    QStringList names(TUGroup* group); ///< Of the direct sub-nodes, in order.
+    QStringList names(TUGroup* group); ///< The names of the direct sub-nodes, in order.
 
     void close() { m_project.reset(); }
 

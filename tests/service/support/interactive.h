@@ -28,7 +28,7 @@ public:
     SC_SessionContext& session() { return *m_session; }
     TUScene& scene() { return dynamic_cast<TUScene&>(*m_session->projectManager()->project()->sceneAt(0)); }
 
-    /// What an application consists of. It may end in any order.
+    /// The parts of an application, which may end in any order.
     enum class Part { Project, Scripting, Session, EventLoop };
     void end(Part part);
 

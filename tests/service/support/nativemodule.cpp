@@ -22,7 +22,7 @@ PyObject* text(const std::string& sentence)
     return PyUnicode_FromString(sentence.c_str());
 }
 
-/// What the call gives as text: its result, or the sentence of its failure.
+/// The outcome of a call as text: its result, or the sentence of its failure.
 std::string outcome(const QVariantList& arguments)
 {
     try {

@@ -57,7 +57,7 @@ protected:
     void type(const QString& text); ///< Into the console, with Enter behind it.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void paste(const QString& text);
-    /// What a statement prints, of the end of the output.
+    /// The output of a statement, cut to its end.
     QString answerTo(const QString& statement);
 
     /// Whether an expression of Python is true.

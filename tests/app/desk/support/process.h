@@ -6,8 +6,8 @@
 
 #include <memory>
 
-/// What a process has once, as the desk has it: a session with an interpreter, under the application's thread rules,
-/// and an event loop that takes part in the lock. Made when a test asks for it, ended at the end of main().
+/// The parts that a process has once, as in the desk: a session with an interpreter, under the application's thread
+/// rules, and an event loop that takes part in the lock. Made when a test asks for it, ended at the end of main().
 class Process {
 public:
     static Process& instance();
