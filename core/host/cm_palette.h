@@ -11,16 +11,12 @@
 #include <memory>
 #include <vector>
 
-/// A palette: colours and textures in an order, in a file of its own. It is kept by the lists that hold it and by the
-/// undo list; what it shows is read from its file when it is first asked for.
-///
-/// Entries are found by identity in constant time; two entries of a palette never share one. A change is made by
-/// commands, and written to the file when the project is saved.
+/// A palette: colours and textures in an order, under a name and an identity. Entries are found by identity in constant
+/// time; two entries of a palette never share one.
 class BRINDLE_HOST_EXPORT CM_Palette {
 public:
     using Entry = std::shared_ptr<CM_BaseColorObj>;
     enum Type { kColour = 0, kPencilTexture = 1, kHidden = 8 };
-    enum State { kLive = 0, kDeleted = 1 };
 
     /// An empty palette at a path under a new identity. Its name is that of the file; no file is touched.
     explicit CM_Palette(const CM_PalettePathI& path);
@@ -31,15 +27,13 @@ public:
     UT_Id GetID() const;
     QString GetName() const;
     void SetName(const QString& name);
-    QString GetDiskName() const; ///< The name of its file without the extension; a new name takes it at the next save.
+    QString GetDiskName() const; ///< The name of its file without the extension.
     const CM_PalettePathI& GetPath() const;
     Type GetType() const;
     void SetType(Type type);
-    State state() const;
 
     bool IsLoadedFromDisk() const; ///< A new palette counts as loaded.
     bool IsFileNotFound() const;   ///< The file was sought and is gone.
-    bool IsLocked() const;         ///< By this process.
     /// Reads the file if that has not been done. False when it can't be read; the palette is then empty, and the log
     /// has one sentence that names the file and the place.
     bool Load();
@@ -61,9 +55,7 @@ public:
     static QByteArray StoreColorList(const std::vector<Entry>& entries);
     static std::vector<Entry> LoadColorList(const QByteArray& stream);
 
-    class Private;
-    Private& engine() const { return *d; } ///< For the engine itself.
-
 private:
+    class Private;
     std::unique_ptr<Private> d;
 };

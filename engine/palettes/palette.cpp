@@ -48,7 +48,6 @@ bool CM_Palette::Private::insert(const Entry& entry, std::size_t index)
     if (!entry || index > entries.size() || !byId.emplace(entry->GetID(), entry).second)
         return false;
     entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(index), entry);
-    touch();
     return true;
 }
 
@@ -73,7 +72,6 @@ QString CM_Palette::GetName() const
 void CM_Palette::SetName(const QString& name)
 {
     d->name = name;
-    d->touch();
 }
 
 QString CM_Palette::GetDiskName() const
@@ -94,12 +92,6 @@ CM_Palette::Type CM_Palette::GetType() const
 void CM_Palette::SetType(Type type)
 {
     d->type = type;
-    d->touch();
-}
-
-CM_Palette::State CM_Palette::state() const
-{
-    return d->state;
 }
 
 bool CM_Palette::IsLoadedFromDisk() const
@@ -110,11 +102,6 @@ bool CM_Palette::IsLoadedFromDisk() const
 bool CM_Palette::IsFileNotFound() const
 {
     return d->content == Private::Content::Missing;
-}
-
-bool CM_Palette::IsLocked() const
-{
-    return d->isLocked;
 }
 
 bool CM_Palette::Load()
@@ -139,7 +126,6 @@ bool CM_Palette::Load()
         d->setRecord(std::move(record));
         d->id = expected; // The list's word holds: a copy of a file is another palette.
         d->content = Private::Content::Read;
-        d->savedRevision = d->revision;
         return true;
     } catch (const FolderFailure& failure) {
         d->content = Private::Content::Damaged;
@@ -190,7 +176,6 @@ bool CM_Palette::RemoveColor(const UT_Id& id)
     const auto place = std::find(d->entries.rbegin(), d->entries.rend(), found->second);
     d->entries.erase(std::next(place).base());
     d->byId.erase(found);
-    d->touch();
     return true;
 }
 
@@ -209,7 +194,6 @@ void CM_Palette::Copy(const CM_Palette& source, bool keepIds)
         record.entries.push_back(entry->Clone(!keepIds));
     d->setRecord(std::move(record));
     d->content = Private::Content::Read;
-    d->touch();
 }
 
 QByteArray CM_Palette::StoreColorList(const std::vector<Entry>& entries)

@@ -12,8 +12,6 @@ public:
 
     QString file() const { return path->filename(true); }
     QString textureFolder() const { return path->filename(false) + "_textures"; }
-    void touch() { ++revision; } ///< Something that is saved has changed.
-    brindle::engine::PaletteRecord record() const { return {id, name, type, entries}; }
     void setRecord(brindle::engine::PaletteRecord record);
     bool insert(const Entry& entry, std::size_t index);
 
@@ -21,11 +19,7 @@ public:
     std::unique_ptr<CM_PalettePathFile> path;
     QString name;
     Type type = kColour;
-    State state = kLive;
     Content content = Content::Read;
-    bool isLocked = false;
     std::vector<Entry> entries;
     std::unordered_map<UT_Id, Entry> byId;
-    quint64 revision = 1;
-    quint64 savedRevision = 0;
 };
