@@ -17,9 +17,12 @@ class BRINDLE_HOST_EXPORT CM_Palette {
 public:
     using Entry = std::shared_ptr<CM_BaseColorObj>;
     enum Type { kColour = 0, kPencilTexture = 1, kHidden = 8 };
+    enum State { kLive = 0, kDeleted = 1 };
 
     /// An empty palette at a path under a new identity. Its name is that of the file; no file is touched.
     explicit CM_Palette(const CM_PalettePathI& path);
+    /// The palette of a file that is there, or was, under the identity that a list knows it by. Load() reads it.
+    CM_Palette(const CM_PalettePathI& path, const UT_Id& id);
     CM_Palette(const CM_Palette&) = delete;
     CM_Palette& operator=(const CM_Palette&) = delete;
     ~CM_Palette();
@@ -32,11 +35,14 @@ public:
     Type GetType() const;
     void SetType(Type type);
 
+    State state() const;           ///< Deleted from the moment that it leaves its list, until it is put on one again.
     bool IsLoadedFromDisk() const; ///< A new palette counts as loaded.
     bool IsFileNotFound() const;   ///< The file was sought and is gone.
     /// Reads the file if that has not been done. False when it can't be read; the palette is then empty, and the log
-    /// has one sentence that names the file and the place.
+    /// has one sentence that names the file and the place. The file stays as it is until the palette is changed, and a
+    /// save then keeps it aside.
     bool Load();
+    bool IsLocked() const; ///< By this process.
 
     const std::vector<Entry>& colors() const; ///< In their order.
     Entry GetColor(int index) const;          ///< Null beyond the entries.
@@ -55,7 +61,9 @@ public:
     static QByteArray StoreColorList(const std::vector<Entry>& entries);
     static std::vector<Entry> LoadColorList(const QByteArray& stream);
 
-private:
     class Private;
+    Private& engine() const { return *d; } ///< What the engine keeps of it.
+
+private:
     std::unique_ptr<Private> d;
 };

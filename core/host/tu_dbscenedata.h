@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/host/cm_palettepath.h"
 #include "core/host/export.h"
 #include "core/host/sc_resolution.h"
 
@@ -12,4 +13,7 @@ public:
 
     /// The named resolutions, in the table's order.
     virtual std::vector<TUDbResolution::UsaResolutionTable> namedResolutions() const = 0;
+
+    /// Where a folder of palettes lies: a CM_LocationType, CM_External where the project knows nothing of it.
+    virtual CM_LocationType getLocationRelativeToElement(const QString&) const { return CM_External; }
 };
