@@ -14,7 +14,7 @@
 /// that only the program knows. Everything else is behind the host's names.
 namespace brindle::engine {
 
-/// What the process runs for, when no person works with it.
+/// The purpose of a process that runs without a person at it.
 enum class BatchMode { None, Scripting, Rendering, Python };
 
 BRINDLE_HOST_EXPORT BatchMode batchMode(); ///< None, unless the program says else.
@@ -25,13 +25,13 @@ BRINDLE_HOST_EXPORT void setBatchMode(BatchMode mode);
 /// PLUG_Services gives, until it is destroyed.
 BRINDLE_HOST_EXPORT std::unique_ptr<SC_SessionContext> createPythonSession();
 
-/// Where oswUtil::getBinDir looks; an empty text for the folder that this library is in, which is the default.
+/// Sets the folder that oswUtil::getBinDir gives; an empty text stands for this library's folder, the default.
 BRINDLE_HOST_EXPORT void setBinDir(const QString& folder);
 
-/// What gets each line of the log, with how grave it is. Called on the thread that writes the line, one line at a time.
+/// Receives each line of the log with its severity. Called on the thread that writes the line, one line at a time.
 using LogSink = std::function<void(MSG_Scope::Action level, const QString& text)>;
-/// Where the log goes, in place of standard error; an empty function for standard error again. The one before is out of
-/// use when this returns.
+/// Sends the log to `sink` in place of standard error; an empty function sends it to standard error again. When this
+/// returns, the sink before is no longer called.
 BRINDLE_HOST_EXPORT void setLogSink(LogSink sink);
 /// Whether standard error gets lines for developers as well. They are also written while the environment variable
 /// BRINDLE_DEBUG is set to something. A sink gets all lines.

@@ -15,7 +15,7 @@ from dataclasses import dataclass
 
 import brindle
 
-MOST_FRAMES = 1_000_000  # Of a scene.
+MOST_FRAMES = 1_000_000  # The most that a scene can have.
 LAST_HOLD = 2**31 - 1  # The highest frame that a hold may end at.
 
 

@@ -19,7 +19,7 @@ public:
     bool hasNext() const { return m_next < m_names.size(); }
     void next() { ++m_next; }
 
-    /// Of the property that `next` went over last.
+    /// The name of the property that `next` passed last.
     QString name() const;
     QScriptValue value() const { return m_object.property(name()); }
     void setValue(const QScriptValue& value) { m_object.setProperty(name(), value); }

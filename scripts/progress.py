@@ -34,7 +34,7 @@ def build(lines):
 
 def test(lines):
     failing = False
-    # What a GoogleTest case printed so far: shown unless it turns out to have passed.
+    # The output of the running GoogleTest case; it is shown if the case fails.
     case = []
     for line in lines:
         passed = TEST_PASSED.match(line)
@@ -51,7 +51,7 @@ def test(lines):
             elif line.startswith(CASE_BEGINS):
                 case = [line]
             elif not line.startswith(CASE_NOISE) and (failing or not TEST_NOISE.match(line)):
-                # What a failing test printed comes behind its line, blank lines and all.
+                # The output of a failing test follows its line, blank lines included.
                 failing = True
                 yield line
     yield from case

@@ -132,7 +132,8 @@ private:
         }
     }
 
-    /// Where the darkness passes the threshold. A pixel's value is that of its centre, behind the frame of one pixel.
+    /// The crossing of the threshold between two pixels. A pixel's value counts at its centre; a border of one pixel
+    /// surrounds the picture.
     QPointF pointOn(std::int64_t edge) const
     {
         const bool upright = edge % 2;

@@ -47,7 +47,7 @@ public:
     bool filterDir(std::string& name) const override;
 
     virtual QString getType() const; ///< The kind of column: "BEZIER", "DRAWING", "SOUND", ...
-    /// What the exposure sheet shows at a frame, as the kind of column has it.
+    /// The cell of the exposure sheet at a frame; its form depends on the kind of column.
     virtual QVariant getEntry(double frame, int subColumn = -1) const;
     /// Writes a cell as if typed into the exposure sheet; in a repeated zone, what repeats the cell follows.
     virtual void setEntry(double frame, QVariant value, int subColumn = -1);

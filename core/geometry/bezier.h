@@ -11,13 +11,13 @@ namespace OMC {
 class Bezier;
 extern template class BRINDLE_CORE_EXPORT CurveList<Bezier, GR_Bezier2d>;
 
-/// A polynomial curve of degree 0 to 3 in the plane, as the list of its degree + 1 control points (Point2d), in any
-/// unit, x to the right and y up. Its parameter runs from 0 to 1. Made without arguments it is a cubic at (0, 0), of a
-/// Bezier a copy; of a list it takes its first Bezier, or its first three points as a cubic that ends at (0, 0), and a
-/// list of fewer than four items makes no curve. The degree is not looked at.
+/// A polynomial curve of degree 0 to 3 in the plane: a list of degree + 1 control points (Point2d), in any unit, x to
+/// the right and y up. The parameter runs from 0 to 1. The default is a cubic with all points at (0, 0). A list gives
+/// its first Bezier, or its first three points as a cubic that ends at (0, 0); a list of fewer than four items gives no
+/// curve. The degree of the argument is ignored.
 ///
-/// A value that travels inside a QVariant by copy. The boundaries say whether its ends belong to it; the parameters,
-/// which stretch of a longer curve it is.
+/// A value that travels inside a QVariant by copy. The boundaries tell whether its ends belong to it; the from and to
+/// parameters tell which stretch of a longer curve it is.
 class BRINDLE_CORE_EXPORT Bezier : public CurveList<Bezier, GR_Bezier2d> {
     Q_OBJECT
     BRINDLE_COPYABLE(Bezier)
@@ -43,8 +43,8 @@ public:
     Bezier(const QVariant& value, unsigned int degree);
     Bezier& operator=(const Bezier& other);
 
-    /// Reads the curves of a degree from a list with more items than that: its Beziers, and of plain points the first
-    /// ones in a row as a curve that ends at (0, 0).
+    /// Reads curves of a degree from a list with more items than the degree: the Beziers in it, and the first plain
+    /// points in a row as a curve that ends at (0, 0).
     ///
     /// The curves are appended. Required: of plain points the first `degree` in a row make one curve, and no later ones
     /// do.
@@ -52,10 +52,10 @@ public:
 
     Obj derivative() const;                       ///< The curve of the derivatives by the parameter, one degree lower.
     Obj evaluateAndRound(double parameter) const; ///< The point at a parameter, in whole numbers.
-    /// Becomes the straight line between its ends, of degree 1, unless it is of that degree or a point.
+    /// Replaces the curve by the straight line between its ends, of degree 1; a curve of degree 1 or 0 stays.
     void straighten();
 
-    int getDegree() const; ///< 0 to 3; a higher degree brings back the points that a lower one left out.
+    int getDegree() const; ///< 0 to 3; raising it brings back the points that lowering it hid.
     void setDegree(int degree);
     /// Whether the first point belongs to the curve: "Closed" or "Open", written in any case of letters.
     QString getFromBoundary() const;

@@ -7,10 +7,10 @@ namespace OMC {
 class BezierPath;
 extern template class BRINDLE_CORE_EXPORT CurveList<BezierPath, GR_BezierPath2d>;
 
-/// A chain of curves of degree 1 to 3 in the plane, each starting where the one before it ends, as the list of its
-/// control points (Point2d), in any unit, x to the right and y up. Its parameter is the index of a curve plus the
-/// parameter on it. Made without arguments it is empty, of a BezierPath a copy; of a list it takes its Beziers, and of
-/// points in a row the first ones as one curve of the degree that ends at (0, 0).
+/// A chain of curves of degree 1 to 3 in the plane, each starting where the one before it ends: a list of control
+/// points (Point2d), in any unit, x to the right and y up. The parameter is the index of a curve plus the parameter on
+/// it. The default is an empty path. A list gives the Beziers in it, and its first plain points in a row as one curve
+/// of the degree that ends at (0, 0).
 ///
 /// A value that travels inside a QVariant by copy. A point where two curves join counts once.
 class BRINDLE_CORE_EXPORT BezierPath : public CurveList<BezierPath, GR_BezierPath2d> {
@@ -31,17 +31,17 @@ class BRINDLE_CORE_EXPORT BezierPath : public CurveList<BezierPath, GR_BezierPat
     Q_PROPERTY(bool polygon_clockwise READ getPolygonClockwise)
 
 public:
-    /// A script's path has no more curves from one call, and no more points from padding, than this.
+    /// The most curves that one call makes, and the most points that padding makes.
     static constexpr unsigned int mostMade = 1'000'000;
 
     BezierPath(); ///< Empty.
     explicit BezierPath(const GR_BezierPath2d& path);
     BezierPath(const BezierPath& other);
-    /// The curves that getBezierPathFromQVariant reads.
+    /// Reads every form that `getBezierPathFromQVariant` takes.
     BezierPath(const QVariant& value, unsigned int degree);
     BezierPath& operator=(const BezierPath& other);
 
-    /// Puts a BezierPath in a path's place, or adds the curves that `Bezier::getBezierFromQVariant` reads at its end.
+    /// Replaces a path by a BezierPath; other forms are read by `Bezier::getBezierFromQVariant` and added at its end.
     static void getBezierPathFromQVariant(const QVariant& value, BezierPath& path, unsigned int degree);
 
     /// A circle about (x, y) from so many cubic curves; it starts above the centre and runs clockwise. Four keep within
@@ -51,15 +51,16 @@ public:
     static Obj createOval(double x, double y, double rx, double ry, unsigned int arcs);
     /// A rectangle between two opposite corners: from the first along x, then along y, and back.
     static Obj createRectangle(double x1, double y1, double x2, double y2);
-    /// As few cubic curves as come within 1 of every point, open or closed, or one in the directions of the ends that
-    /// comes as near as it can.
+    /// Fits cubic curves to points, open or closed: as few as come within 1 of every point, or a single one in the
+    /// directions of the ends that comes as near as it can.
     static Obj createBezierFit(const QVariant& points, bool closed, bool oneBezier);
 
     Obj bezier(unsigned int index) const;                ///< One of the curves, from 0.
     unsigned int bezierDegree(unsigned int index) const; ///< The degree of one of the curves, from 0.
     /// Adds a Bezier, a BezierPath or a list of Beziers at the end, joined by a straight line where there is a gap.
     void bezierAppend(const QVariant& curves) const;
-    /// Adds a Bezier, a BezierPath or a list of Beziers in front, each before the one added ahead of it.
+    /// Adds a Bezier, a BezierPath or a list of Beziers in front; a list is added item by item, so its last comes
+    /// first.
     void bezierAppendFront(const QVariant& curves) const;
     /// Replaces the curves from an index on; the ends of their neighbours move along.
     void bezierSet(unsigned int index, const QVariant& curves) const;
@@ -69,14 +70,13 @@ public:
     void erase(unsigned int first, unsigned int count); ///< Takes control points away, from an index on.
     void clear();                                       ///< Takes all points away.
     void close();      ///< Leads the path back to its first point, with a straight line.
-    void straighten(); ///< Puts the straight line between its ends in the place of each curve.
+    void straighten(); ///< Replaces each curve by the straight line between its ends.
     /// Pads the path to a number of control points by repeating the last; fails for fewer than it has.
     ///
     /// Required as it is, whatever the name says.
     void trim(unsigned int count);
 
-    /// The length along the straight lines from control point to control point, or of those up to the one at an index
-    /// from 0.
+    /// The length of the polygon through the control points, or of the part up to the control point at an index from 0.
     double getPolygonLength(int index) const;
 
     /// Whether a point, in any form that a Point2d is made from, lies in the area that the path fills, or on it.

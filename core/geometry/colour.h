@@ -11,9 +11,9 @@ class CM_Rgba;
 
 namespace OMC {
 
-/// A colour of four bytes: red, green, blue and alpha, each 0 to 255; opaque black at first. Made of one value it is
-/// another colour, a node's, or a list's red, green, blue and alpha; any text gives 0, 0, 0, 0 and a single number
-/// opaque black.
+/// A colour of four bytes: red, green, blue and alpha, each 0 to 255; the default is opaque black. The constructor from
+/// one value copies a colour, takes a node's colour, or reads red, green, blue and alpha from a list; any text gives 0,
+/// 0, 0, 0 and a single number opaque black.
 ///
 /// A value: it leads to no engine object, is always valid, and travels inside a QVariant by copy. Hue, saturation and
 /// lightness are other ways to see the same bytes, so what is read after a write is near what was written, not equal to
@@ -34,7 +34,7 @@ public:
     /// Fractions are cut off and the low 8 bits count: 300 is 44, -1 is 255; in the setters too. Throw for a number
     /// that isn't finite.
     explicit Colour(float r = 0.0F, float g = 0.0F, float b = 0.0F, float a = 255.0F);
-    /// What `QVariantToRGBAInt` reads, over 0, 0, 0, 0.
+    /// Reads every form that `QVariantToRGBAInt` takes; channels that it doesn't tell are 0.
     explicit Colour(const QVariant& value);
     Colour(const Colour& other);
     ~Colour() override;

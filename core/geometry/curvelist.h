@@ -11,15 +11,15 @@ class GR_BezierPath2d;
 
 namespace OMC {
 
-/// What a curve and a path of curves share: the list of the control points, each a Point2d, and what is asked of and
-/// done to the whole.
+/// The common base of a curve and a path of curves: the list of the control points, each a Point2d, and the operations
+/// on the whole.
 ///
 /// A value in whatever units its points have, axes x to the right and y up. It owns its curve of the engine and leads
 /// to no other object of it; it is always valid. A parameter runs from 0 at the first point on: to 1 on a curve, to the
 /// number of curves on a path, 2.25 being a quarter of the way along the third.
 ///
-/// Where another curve is an argument, it is an object of the same class, or whatever a constructor reads. An operation
-/// that the engine can't do (a point is not finite, a number too large) throws, and nothing has changed.
+/// A curve as an argument is an object of the same class, or any form that a constructor reads. An operation that the
+/// engine can't do (a point is not finite, a number too large) throws and changes nothing.
 template <typename Curve, typename HostCurve>
 class CurveList : public CountedList<ListQVar, IterableQVar> {
 public:
@@ -59,7 +59,7 @@ public:
 
     bool intersecting() const; ///< Whether the curve meets itself, or another in any form that the constructor takes.
     bool intersecting(const QVariant& other) const;
-    /// Where the curve meets itself, or another: points in the order of this curve.
+    /// The points where the curve meets itself, or another, in the order of this curve.
     QList<QVariant> intersections() const;
     QList<QVariant> intersections(const QVariant& other) const;
 

@@ -12,9 +12,9 @@
 
 namespace OMC {
 
-/// The deformers of a transformation as they were when it was asked for them: where they put points of the plane.
+/// The deformers of a transformation at the time of the call that gave them. They move points of the plane.
 ///
-/// Copies share the deformers, which live as long as one of them does, whatever becomes of the transformation.
+/// Copies share the deformers. These live as long as one of the copies, also after the transformation is gone.
 class BRINDLE_CORE_EXPORT Deformation : public BaseObject {
     Q_OBJECT
     BRINDLE_COPYABLE(Deformation)
@@ -30,9 +30,9 @@ public:
     /// "Deformation()[%1]": how many deformers there are.
     std::string __str__() const override;
 
-    /// Where a point in any form that Point3d takes comes to, as a Point3d with z 0, or a list of them for a list of
-    /// points; a list of one to three items that starts with a number is one point. In the units of the scene, or, with
-    /// `scaled`, in those that the deformers count in.
+    /// Deforms a point in any form that Point3d takes, and gives a Point3d with z 0; a list of points gives a list.
+    /// A list of one to three items that starts with a number is one point. Coordinates are in the units of the scene,
+    /// or, with `scaled`, in the units of the deformers.
     QVariant transform(const QVariant& value, bool scaled) const;
     QVariant operator()(const QVariant& value, bool scaled) const { return transform(value, scaled); }
 

@@ -9,13 +9,14 @@
 
 namespace OMC {
 
-/// A 4 by 4 homogeneous matrix: where it puts the axes and the origin is what it does to a picture. Cells 0 to 2 are
-/// the x axis, 4 to 6 the y axis, 8 to 10 the z axis, 12 to 14 the origin and 15 the homogeneous scale. Each step is
-/// added from the right: the one added last acts first on a point. Angles are in degrees where nothing else is said.
-/// Made of one value it is another matrix, a transformation, the move to a point or vector, the scale by a number, or
-/// of a list its 2 or 3 numbers (a move; of 3 the second counts twice), 9 (a 3 by 3 homogeneous form) or 16 (the
-/// cells), multiplied by the matrices in it. An axis and an origin give the frame whose y axis points along the axis;
-/// null stands for (0, 1, 0) and (0, 0, 0).
+/// A 4 by 4 homogeneous matrix, stored as the images of the axes and of the origin: cells 0 to 2 are the x axis, 4 to 6
+/// the y axis, 8 to 10 the z axis, 12 to 14 the origin and 15 the homogeneous scale. Each step is multiplied from the
+/// right, so the step added last acts first on a point. Angles are in degrees unless the operation says otherwise.
+///
+/// One value makes a matrix as follows: a matrix or a transformation is copied; a point or vector gives the translation
+/// to it; a number gives the scale by it; a list gives its 2 or 3 numbers as a translation (of 3 the second counts
+/// twice), 9 numbers as a 3 by 3 homogeneous matrix, 16 numbers as the cells, multiplied by the matrices in the list.
+/// An axis and an origin give the frame whose y axis points along the axis; null stands for (0, 1, 0) and (0, 0, 0).
 ///
 /// A value: it leads to no engine object, is always valid, and travels inside a QVariant by copy. The arithmetic is
 /// Math::Matrix4x4's; what is here reads arguments in every form.
@@ -43,7 +44,7 @@ public:
     Matrix();
     Matrix(const Math::Matrix4x4& matrix);
     Matrix(const Matrix& other);
-    /// What `fromQVariant` reads.
+    /// Reads every form that `fromQVariant` takes.
     explicit Matrix(const QVariant& value);
     /// The frame at a point whose y axis points along a vector; null stands for (0, 1, 0) and (0, 0, 0).
     Matrix(const QVariant& axis, const QVariant& origin);
@@ -97,15 +98,16 @@ public:
     void rotateRadians(double angle, const QVariant& axis);
     /// Adds the projection of a box in front of the eye, which looks along -z, to the cube from -1 to 1.
     void orthogonalProject(double left, double right, double bottom, double top, double zNear, double zFar);
-    /// Adds the projection of a pyramid's stump in front of the eye to the cube from -1 to 1: by the height of the view
-    /// in degrees and its width to height, or by the rectangle at the near distance.
+    /// Adds the perspective projection of a frustum in front of the eye to the cube from -1 to 1. The frustum is given
+    /// by the vertical angle of view in degrees and the aspect, width to height, or by its rectangle at the near
+    /// distance.
     void perspectiveProject(double fieldOfView, double aspect, double zNear, double zFar);
     void perspectiveProject(double left, double right, double bottom, double top, double zNear, double zFar);
     /// Adds the view from an eye to a target; null stands for (0, 0, 0), (0, 0, -2.66) and upwards (0, 1, 0).
     void lookAt(const QVariant& eye, const QVariant& target, const QVariant& up);
 
-    /// What a matrix, point or vector becomes under this one, in an object of its class; the three coordinates as a
-    /// list for numbers and lists; null for other objects. Vectors are moved like points.
+    /// Transforms a matrix, point or vector by this one and gives an object of its class; numbers and lists give a list
+    /// of three coordinates, other objects null. Vectors are moved like points.
     QVariant apply(const QVariant& value) const;
     /// [translation, scale, rotation, skew] in the plane about a pivot: a Vector3d, a Vector2d and two angles in
     /// degrees. The matrix is translate, rotate, skew, scale, in this order. The flags ask for negative scales; a

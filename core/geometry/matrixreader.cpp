@@ -28,7 +28,7 @@ constexpr std::array<std::size_t, 3> origin = {12, 13, 14};
 constexpr std::array<std::size_t, 3> secondTwice = {0, 1, 1};
 constexpr std::array<std::size_t, 9> planeCells = {0, 1, 3, 4, 5, 7, 12, 13, 15};
 
-/// What the numbers of a list mean, by how many they are. Other counts write nothing.
+/// The cells that a list of numbers writes, by the count of the numbers. Other counts write nothing.
 constexpr std::array<CellsForCount, 4> meanings = {{
     {2, std::span(origin).first(2), inOrder},
     {3, origin, secondTwice},

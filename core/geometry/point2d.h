@@ -25,7 +25,7 @@ public:
     explicit Point2d(double x = 0.0, double y = 0.0);
     Point2d(const Point2d& other);
     explicit Point2d(const Math::Point2d& point);
-    /// What `fromQVariant` reads.
+    /// Reads every form that `fromQVariant` takes.
     explicit Point2d(const QVariant& value);
     Point2d& operator=(const Point2d& other);
 
@@ -43,7 +43,7 @@ public:
     /// Reads a position strictly: a node or its coordinates, a point, a QPoint or QPointF, a list of numbers, or a
     /// single number, which tells x alone. What the value doesn't tell stays as given. Fails for anything else.
     ///
-    /// What was read up to a failure stays written.
+    /// After a failure, the coordinates that were read before it stay written.
     static void ConvertQVariant(const QVariant& value, double& x, double& y);
     /// Appends to a list of points the position that a value tells strictly, or all of those in a list, lists in it
     /// included. A list whose first item is a number is one position; an empty one is none.

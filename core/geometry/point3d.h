@@ -19,7 +19,7 @@ class BRINDLE_CORE_EXPORT Point3d : public BaseObject {
 public:
     explicit Point3d(double x = 0.0, double y = 0.0, double z = 0.0);
     Point3d(const Point3d& other);
-    /// What `fromQVariant` reads.
+    /// Reads every form that `fromQVariant` takes.
     explicit Point3d(const QVariant& value);
     Point3d& operator=(const Point3d& other);
 
@@ -44,7 +44,7 @@ public:
     /// number, which tells x alone. What the value doesn't tell stays as given. Fails for anything else, a node
     /// included.
     ///
-    /// What was read up to a failure stays written.
+    /// After a failure, the coordinates that were read before it stay written.
     static void ConvertQVariant(const QVariant& value, double& x, double& y, double& z);
 
     double x; ///< To the right.

@@ -46,7 +46,7 @@ public:
         return Rect2D::operator==(other) && x == other.x && y == other.y;
     }
 
-    /// A new rectangle: a rectangle as it is; the one about the positions in a list; of no size at any other position.
+    /// A new rectangle: a copy of a rectangle, the box about the positions in a list, or one of size 0 at a position.
     ///
     /// The caller owns it. Positions are those of Point2d::fromQVariant.
     static AllocatedRect2D* fromQVariant(const QVariant& value);
@@ -83,8 +83,8 @@ public:
 
     bool operator==(const Rect2DI& other) const { return width == other.width && height == other.height; }
 
-    /// A new size: the first two of a list of three items or more, rounded by adding a half and cutting off. Of a
-    /// rectangle in any form it is one of 0, 0. Fails for anything else.
+    /// A new size from the first two numbers of a list of three items or more: a half is added and the fraction is cut
+    /// off. A rectangle in any form gives the size 0, 0. Fails for anything else.
     ///
     /// The caller owns it.
     static Rect2DI* ConvertQVariant(const QVariant& value);

@@ -9,9 +9,9 @@ namespace OMC {
 
 class Deformation;
 
-/// What a picture goes through at a port at a frame: a matrix, its depth among what is drawn, and deformations. It is a
-/// value, changing it changes no port; made by a script it belongs to no port. Each step is added from the right: the
-/// one added last acts first.
+/// The transformation of a picture at a port at a frame: a matrix, a depth that orders what is drawn, and deformations.
+/// It is a value: changing it changes no port, and one made by a script belongs to no port. Each step is multiplied
+/// from the right, so the step added last acts first.
 ///
 /// It travels inside a QVariant by copy.
 class BRINDLE_CORE_EXPORT Transformation : public BaseObject {

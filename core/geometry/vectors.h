@@ -5,8 +5,8 @@
 
 namespace OMC {
 
-/// The way between two positions in the plane, taken nearly everywhere where a point is. One value is read as for
-/// Point2d.
+/// A displacement in the plane; nearly every operation that takes a point takes a vector too. The constructor from one
+/// value reads the forms of Point2d.
 class BRINDLE_CORE_EXPORT Vector2d : public Point2d {
     Q_OBJECT
     BRINDLE_COPYABLE(Vector2d)
@@ -15,7 +15,7 @@ public:
     explicit Vector2d(double x = 0.0, double y = 0.0);
     Vector2d(const Vector2d& other);
     explicit Vector2d(const Math::Vector2d& vector);
-    /// What `fromQVariant` reads.
+    /// Reads every form that `fromQVariant` takes.
     explicit Vector2d(const QVariant& value);
     Vector2d& operator=(const Vector2d& other);
 
@@ -27,7 +27,8 @@ public:
     static Vector2d* fromQVariant(const QVariant& value);
 };
 
-/// The way between two positions in space, taken nearly everywhere where a point is. One value is read as for Point3d.
+/// A displacement in space; nearly every operation that takes a point takes a vector too. The constructor from one
+/// value reads the forms of Point3d.
 class BRINDLE_CORE_EXPORT Vector3d : public Point3d {
     Q_OBJECT
     BRINDLE_COPYABLE(Vector3d)
@@ -35,7 +36,7 @@ class BRINDLE_CORE_EXPORT Vector3d : public Point3d {
 public:
     explicit Vector3d(double x = 0.0, double y = 0.0, double z = 0.0);
     Vector3d(const Vector3d& other);
-    /// What `fromQVariant` reads.
+    /// Reads every form that `fromQVariant` takes.
     explicit Vector3d(const QVariant& value);
     Vector3d& operator=(const Vector3d& other);
 

@@ -59,8 +59,8 @@ BRINDLE_HOST_EXPORT void BuildSelection(TUScene* scene, const SL_Selection& sele
 /// The selected nodes as a drag takes them.
 enum class DD_DragMode { WholeNodes };
 
-/// What dragged nodes were when they were dragged: it holds data of its own, so that it can be dropped after they were
-/// removed, and more than once. Copies share the data.
+/// A copy of the dragged nodes, made when the drag began. It holds its own data, so it can be dropped after the nodes
+/// were removed, and more than once. Copies of the object share the data.
 class BRINDLE_HOST_EXPORT DD_DragObject {
 public:
     DD_DragObject() = default;

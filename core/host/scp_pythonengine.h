@@ -11,7 +11,7 @@ public:
     /// Greater than 0 while the main thread is inside Python code. The main thread writes it, any thread reads it.
     static int& mainThreadState();
 
-    /// What a thread waits for outside of Python.
+    /// The thing for which a thread gives up Python's lock and waits.
     enum class Waiting {
         ForMainThread,     ///< Other script threads go on as they like.
         ForApplicationLock ///< Nobody else may enter the engine from Python until the lock is taken.

@@ -50,7 +50,7 @@ public:
         int start = 0;          ///< The place in the line where the completed word or key begins.
         QStringList candidates; ///< In the order of the alphabet, each the whole word or key.
     };
-    /// What the end of the line may become: names, behind a dot attributes, in an opened text the keys of the object
-    /// that it is a key of. Nothing inside any other text. No call is made for it, but to ask the object.
+    /// Completes the end of the line: a name; behind a dot an attribute; in a text opened behind a bracket a key of the
+    /// object before the bracket. Other texts have no candidates. Only the object itself is asked; the line isn't run.
     virtual Completion complete(const QString& line) = 0;
 };

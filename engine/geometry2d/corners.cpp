@@ -60,7 +60,7 @@ bool CornerFinder::standsOut(std::size_t index) const
     const Math::Vector2d base = behind - before;
     const double width = base.length();
     const double height = width > 0 ? std::abs(back.cross(base)) / width : 0;
-    // Where the path turns right back, its tip lies beside the base, not above it.
+    // When the path turns straight back, its tip lies beside the base, not above it.
     const bool beside = base.dot(back) * base.dot(forth) > 0 || width == 0;
     return (beside ? std::min(back.length(), forth.length()) : height) > m_tolerance;
 }

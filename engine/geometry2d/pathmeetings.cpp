@@ -94,8 +94,8 @@ bool runsOn(const PlaneCurve& curve, const PlaneCurve& behind)
     return forward(curve) && forward(behind);
 }
 
-/// Where paths touch at a joint, each of the curves there finds the touch for itself, one a little beside the other.
-/// Joins such meetings, whose parameters are those of paths: between them the paths stay together.
+/// Joins meetings that are one touch of two paths at a joint of their curves: each curve at the joint reports the touch
+/// on its own, at slightly different parameters, and between these the paths stay together. Parameters are of paths.
 class TouchJoiner {
 public:
     TouchJoiner(const GR_BezierPath2d& first, const GR_BezierPath2d& second) : m_first(first), m_second(second) {}
@@ -234,7 +234,7 @@ std::vector<double> pathSelfMeetings(const GR_BezierPath2d& path, Wanted wanted)
 
     TouchJoiner(path, path).join(found);
 
-    // Where more than two strands pass one place, it is found for each two: the lowest strand has it already.
+    // A place that more than two strands pass is found once for each pair; the lowest strand has it already.
     std::vector<double> higher;
     for (const Meeting& at : found)
         higher.push_back(at.second);

@@ -92,9 +92,9 @@ double magnitude(std::span<const Math::Point2d> points);
 Math::Point2d roundedTo(const Math::Point2d& point, double step);
 void requireStep(double step);
 
-/// Where numbers of any size become numbers of about 1: a centre that goes to (0, 0), and half the size of what is
-/// looked at, as a power of 2. Computations that multiply coordinates neither overflow nor lose small curves there, and
-/// tolerances have one meaning. Throws std::domain_error when a point is not finite.
+/// A frame of reference in which coordinates are about 1: it moves the centre of the points to (0, 0) and divides by
+/// half their extent, rounded to a power of 2. There, products of coordinates don't overflow, small curves aren't lost,
+/// and tolerances have one meaning. Throws std::domain_error when a point is not finite.
 class UnitFrame {
 public:
     explicit UnitFrame(std::span<const Math::Point2d> points);

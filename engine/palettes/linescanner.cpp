@@ -36,7 +36,7 @@ std::size_t quotedLength(std::string_view line)
     return 0;
 }
 
-/// What stands for an escaped character, as in JSON: the simple ones.
+/// The single-letter escapes, as in JSON.
 char unescaped(char letter)
 {
     switch (letter) {

@@ -5,7 +5,7 @@
 
 #include <unordered_map>
 
-/// What a palette of the open engine keeps.
+/// The data of one palette of the open engine.
 class CM_Palette::Private {
 public:
     enum class Content { Unread, Read, Missing, Damaged };

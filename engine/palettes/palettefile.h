@@ -10,7 +10,7 @@
 
 namespace brindle::engine {
 
-/// What a palette's file tells.
+/// The contents of a palette's file.
 struct PaletteRecord {
     UT_Id id;
     QString name;

@@ -10,7 +10,7 @@ import pytest
 
 import support
 
-# What hypothesis keeps for itself stays out of the source tree.
+# Hypothesis writes its database outside the source tree.
 hypothesis.configuration.set_hypothesis_home_dir(pathlib.Path(tempfile.gettempdir()) / "brindle-hypothesis")
 # How long an example takes depends on what else the machine does, and on the sanitizers.
 hypothesis.settings.register_profile("brindle", deadline=None, max_examples=100 if support.DEEP else 40,

@@ -158,7 +158,7 @@ class Sweep:
             print(f"{text}: {type(error).__name__}: {error}")
             return
         with contextlib.suppress(*ALLOWED):
-            repr(result)  # What comes back has to be sound, too.
+            repr(result)  # The result must be usable as well.
 
     def short(self, value):
         return self.texts.get(id(value)) or text_of(value)

@@ -246,7 +246,7 @@ class SettingsMachine(UndoModel):
         self.change(f"Set Bezier Point {column.display_name}", lambda: column.__setitem__(frame, self.value),
                     self.model.with_scene(index, replace(timing, keys=tuple(sorted({*timing.keys, frame})))))
 
-    # What a scene is seen through.
+    # The settings of the scene's view.
 
     @rule(index=SCENE, path=st.sampled_from(["Top/Camera", "Top/Display", "Top/Nowhere", None, "", False]))
     def camera(self, index, path):

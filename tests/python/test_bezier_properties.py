@@ -55,7 +55,7 @@ def test_a_path_that_was_split_is_joined_again(path, at):
     whole = path.copy()
     count = whole.bezier_count
     behind = path.split(at * count)
-    tolerance = 1e-6 * size_of(whole)  # Where a curve turns back, its nearest point is found that closely.
+    tolerance = 1e-6 * size_of(whole)  # The precision of the nearest point at a cusp.
     assert distance(path[len(path) - 1], behind[0]) <= tolerance
     path.bezier_append(behind)
     for point in samples_of(whole, count, 10):

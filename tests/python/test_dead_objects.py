@@ -11,7 +11,7 @@ KEPT = {"project", "resolution", "named resolution", "history", "bracket", "scen
         "unit converter", "scene", "nodes of the scene", "copied nodes", "display", "composite",
         "dynamic in-ports", *KEPT_BY_CLOSING}
 NODES = {"peg", "camera", "display", "read", "group", "composite", "multi-port in", "multi-port out"}
-# What is answered although the object is gone: it isn't asked of the project.
+# Members that still answer after the object is gone, because they don't ask the project.
 ANSWERS = {
     ("project", "str"): "'Brindle Base Project'",
     ("project", "history"): "<brindle.History, no longer valid>",

@@ -271,7 +271,7 @@ def test_a_function_that_leads_back_to_its_wrapper_is_collected(app):
         function = Callable()
         gone = weakref.ref(function)
         function.wrapper = kind(function)
-        gc.collect()  # What other tests left, too.
+        gc.collect()  # Collects the garbage of earlier tests as well.
         objects = brindle._live_objects()
         del function
         gc.collect()

@@ -54,7 +54,7 @@ def clear(items):
 
 GONE, NODE_GONE = support.GONE, support.NODE_GONE
 
-# What a script does while its own class gives a number or a path for a call, and how the call ends.
+# Actions that a script's class takes while it gives a number or a path for a call, and how the call ends.
 CASES = {
     "a list that is emptied": (
         "items = [nodes.create('PEG', 'a'), path(None)]; Path.action = clear(items)", "nodes.remove(items)", "done"),

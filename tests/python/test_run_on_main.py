@@ -146,7 +146,7 @@ print(app.scene.nodes["Top/Display"].position.x)
 """) == (0, "['Set X position of Display']\n0\n", "")
 
 
-# What has no form outside of Python, and what must not be asked for one.
+# Results that have no form outside Python, and results whose conversion would run script code.
 UNCONVERTED = ["{1}", "b'x'", "object()", "2**70", "{1: 2}", "[object()]", "'\\ud800'", "range(2**40)",
                "type('Odd', (), {'__index__': lambda self: 1 / 0, '__bool__': lambda self: 1 / 0})()"]
 

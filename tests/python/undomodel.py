@@ -115,7 +115,7 @@ class UndoModel(RuleBasedStateMachine):
         if self.bracket is None:
             assert self.saved() == self.states[self.done]
 
-    # What the rules work on.
+    # The objects that the rules change.
 
     def nodes(self):
         return self.scene.nodes.list()

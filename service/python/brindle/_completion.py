@@ -8,7 +8,7 @@ import builtins
 import keyword
 import re
 
-# What stands ahead of a dot or a bracket and can be looked up without a call: names, attributes, items by a constant.
+# An expression ahead of a dot or a bracket that needs no call to look up: names, attributes, items by a constant.
 _CHAIN = re.compile(r"""[^\W\d]\w*(?:\.[^\W\d]\w*|\[(?:[^\[\]"']|"[^"]*"|'[^']*')*\])*$""")
 _LOOKED_UP = (ast.Expression, ast.Name, ast.Attribute, ast.Subscript, ast.Constant, ast.UnaryOp, ast.USub, ast.Load)
 
