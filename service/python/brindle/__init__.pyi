@@ -321,7 +321,7 @@ class Column(BaseObject):
         """The attributes that the column drives; none for the kinds that drive nothing."""
         ...
     def get_entry(self, frame: float, sub_column: int = -1) -> Any:
-        """What the exposure sheet shows at a frame, as the kind of column has it."""
+        """The cell of the exposure sheet at a frame; its form depends on the kind of column."""
         ...
     def set_entry(self, frame: float, value: object, sub_column: int = -1) -> None:
         """Writes a cell as if typed into the exposure sheet; in a repeated zone, what repeats the cell follows."""
@@ -732,11 +732,11 @@ class MapObj(BaseObject, Generic[Item]):
 
 
 class Bezier(ListQVar[Point2d]):
-    """A polynomial curve of degree 0 to 3 in the plane, as the list of its degree + 1 control points (Point2d), in any unit, x to the right and y up. Its parameter runs from 0 to 1. Made without arguments it is a cubic at (0, 0), of a Bezier a copy; of a list it takes its first Bezier, or its first three points as a cubic that ends at (0, 0), and a list of fewer than four items makes no curve. The degree is not looked at."""
+    """A polynomial curve of degree 0 to 3 in the plane: a list of degree + 1 control points (Point2d), in any unit, x to the right and y up. The parameter runs from 0 to 1. The default is a cubic with all points at (0, 0). A list gives its first Bezier, or its first three points as a cubic that ends at (0, 0); a list of fewer than four items gives no curve. The degree of the argument is ignored."""
     def __init__(self, points: CurveLike | None = None, degree: int = 3) -> None: ...
     @property
     def degree(self) -> int:
-        """0 to 3; a higher degree brings back the points that a lower one left out."""
+        """0 to 3; raising it brings back the points that lowering it hid."""
         ...
     @degree.setter
     def degree(self, value: int) -> None: ...
@@ -822,15 +822,15 @@ class Bezier(ListQVar[Point2d]):
         ...
     @overload
     def intersections(self) -> _list[Point2d]:
-        """Where the curve meets itself, or another: points in the order of this curve."""
+        """The points where the curve meets itself, or another, in the order of this curve."""
         ...
     @overload
     def intersections(self, other: CurveLike) -> _list[Point2d]:
-        """Where the curve meets itself, or another: points in the order of this curve."""
+        """The points where the curve meets itself, or another, in the order of this curve."""
         ...
     @staticmethod
     def get_bezier_from_qvariant(value: Sequence[object], degree: int = 3) -> _list[Bezier]:
-        """Reads the curves of a degree from a list with more items than that: its Beziers, and of plain points the first ones in a row as a curve that ends at (0, 0)."""
+        """Reads curves of a degree from a list with more items than the degree: the Beziers in it, and the first plain points in a row as a curve that ends at (0, 0)."""
         ...
     def derivative(self) -> Bezier:
         """The curve of the derivatives by the parameter, one degree lower."""
@@ -839,7 +839,7 @@ class Bezier(ListQVar[Point2d]):
         """The point at a parameter, in whole numbers."""
         ...
     def straighten(self) -> None:
-        """Becomes the straight line between its ends, of degree 1, unless it is of that degree or a point."""
+        """Replaces the curve by the straight line between its ends, of degree 1; a curve of degree 1 or 0 stays."""
         ...
     def get_degree(self) -> int: ...
     def set_degree(self, value: int, /) -> None: ...
@@ -870,7 +870,7 @@ class Bezier(ListQVar[Point2d]):
 
 
 class BezierPath(ListQVar[Point2d]):
-    """A chain of curves of degree 1 to 3 in the plane, each starting where the one before it ends, as the list of its control points (Point2d), in any unit, x to the right and y up. Its parameter is the index of a curve plus the parameter on it. Made without arguments it is empty, of a BezierPath a copy; of a list it takes its Beziers, and of points in a row the first ones as one curve of the degree that ends at (0, 0)."""
+    """A chain of curves of degree 1 to 3 in the plane, each starting where the one before it ends: a list of control points (Point2d), in any unit, x to the right and y up. The parameter is the index of a curve plus the parameter on it. The default is an empty path. A list gives the Beziers in it, and its first plain points in a row as one curve of the degree that ends at (0, 0)."""
     def __init__(self, curves: CurveLike | None = None, degree: int = 3) -> None: ...
     @property
     def closed(self) -> bool:
@@ -918,7 +918,7 @@ class BezierPath(ListQVar[Point2d]):
         ...
     @property
     def polygon_length(self) -> float:
-        """The length along the straight lines from control point to control point, or of those up to the one at an index from 0."""
+        """The length of the polygon through the control points, or of the part up to the control point at an index from 0."""
         ...
     @property
     def polygon_area(self) -> float:
@@ -962,11 +962,11 @@ class BezierPath(ListQVar[Point2d]):
         ...
     @overload
     def intersections(self) -> _list[Point2d]:
-        """Where the curve meets itself, or another: points in the order of this curve."""
+        """The points where the curve meets itself, or another, in the order of this curve."""
         ...
     @overload
     def intersections(self, other: CurveLike) -> _list[Point2d]:
-        """Where the curve meets itself, or another: points in the order of this curve."""
+        """The points where the curve meets itself, or another, in the order of this curve."""
         ...
     @staticmethod
     def create_circle(x: float = 0, y: float = 0, r: float = 1, arcs: int = 4) -> BezierPath:
@@ -982,11 +982,11 @@ class BezierPath(ListQVar[Point2d]):
         ...
     @staticmethod
     def create_bezier_fit(points: Sequence[PointLike], closed: bool = False, one_bezier: bool = False) -> BezierPath:
-        """As few cubic curves as come within 1 of every point, open or closed, or one in the directions of the ends that comes as near as it can."""
+        """Fits cubic curves to points, open or closed: as few as come within 1 of every point, or a single one in the directions of the ends that comes as near as it can."""
         ...
     @staticmethod
     def get_bezier_path_from_qvariant(value: CurveLike, path: BezierPath, degree: int = 3) -> None:
-        """Puts a BezierPath in a path's place, or adds the curves that `Bezier.get_bezier_from_qvariant` reads at its end."""
+        """Replaces a path by a BezierPath; other forms are read by `Bezier.get_bezier_from_qvariant` and added at its end."""
         ...
     def bezier(self, index: int) -> Bezier:
         """One of the curves, from 0."""
@@ -998,7 +998,7 @@ class BezierPath(ListQVar[Point2d]):
         """Adds a Bezier, a BezierPath or a list of Beziers at the end, joined by a straight line where there is a gap."""
         ...
     def bezier_append_front(self, curves: CurveLike) -> None:
-        """Adds a Bezier, a BezierPath or a list of Beziers in front, each before the one added ahead of it."""
+        """Adds a Bezier, a BezierPath or a list of Beziers in front; a list is added item by item, so its last comes first."""
         ...
     def bezier_set(self, index: int, curves: CurveLike) -> None:
         """Replaces the curves from an index on; the ends of their neighbours move along."""
@@ -1019,7 +1019,7 @@ class BezierPath(ListQVar[Point2d]):
         """Whether a control point lies on the curve; else it is a handle."""
         ...
     def get_polygon_length(self, index: int = -1) -> float:
-        """The length along the straight lines from control point to control point, or of those up to the one at an index from 0."""
+        """The length of the polygon through the control points, or of the part up to the control point at an index from 0."""
         ...
     def containing(self, point: PointLike) -> bool:
         """Whether a point, in any form that a Point2d is made from, lies in the area that the path fills, or on it."""
@@ -1031,7 +1031,7 @@ class BezierPath(ListQVar[Point2d]):
         """Whether no part of the path lies in the area that another path fills."""
         ...
     def straighten(self) -> None:
-        """Puts the straight line between its ends in the place of each curve."""
+        """Replaces each curve by the straight line between its ends."""
         ...
     def trim(self, count: int) -> None:
         """Pads the path to a number of control points by repeating the last; fails for fewer than it has."""
@@ -1063,7 +1063,7 @@ class BezierPath(ListQVar[Point2d]):
 
 
 class Colour(BaseObject):
-    """A colour of four bytes: red, green, blue and alpha, each 0 to 255; opaque black at first. Made of one value it is another colour, a node's, or a list's red, green, blue and alpha; any text gives 0, 0, 0, 0 and a single number opaque black."""
+    """A colour of four bytes: red, green, blue and alpha, each 0 to 255; the default is opaque black. The constructor from one value copies a colour, takes a node's colour, or reads red, green, blue and alpha from a list; any text gives 0, 0, 0, 0 and a single number opaque black."""
     @overload
     def __init__(self, value: ColourLike) -> None: ...
     @overload
@@ -1145,15 +1145,15 @@ class Colour(BaseObject):
 
 
 class Deformation(BaseObject):
-    """The deformers of a transformation as they were when it was asked for them: where they put points of the plane."""
+    """The deformers of a transformation at the time of the call that gave them. They move points of the plane."""
     def transform(self, value: PointLike | Sequence[PointLike], scaled: bool = False) -> Point3d | _list[Point3d]:
-        """Where a point in any form that Point3d takes comes to, as a Point3d with z 0, or a list of them for a list of points; a list of one to three items that starts with a number is one point. In the units of the scene, or, with `scaled`, in those that the deformers count in."""
+        """Deforms a point in any form that Point3d takes, and gives a Point3d with z 0; a list of points gives a list. A list of one to three items that starts with a number is one point. Coordinates are in the units of the scene, or, with `scaled`, in the units of the deformers."""
         ...
     __call__ = transform
 
 
 class Matrix(BaseObject):
-    """A 4 by 4 homogeneous matrix: where it puts the axes and the origin is what it does to a picture. Cells 0 to 2 are the x axis, 4 to 6 the y axis, 8 to 10 the z axis, 12 to 14 the origin and 15 the homogeneous scale. Each step is added from the right: the one added last acts first on a point. Angles are in degrees where nothing else is said. Made of one value it is another matrix, a transformation, the move to a point or vector, the scale by a number, or of a list its 2 or 3 numbers (a move; of 3 the second counts twice), 9 (a 3 by 3 homogeneous form) or 16 (the cells), multiplied by the matrices in it. An axis and an origin give the frame whose y axis points along the axis; None stands for (0, 1, 0) and (0, 0, 0)."""
+    """A 4 by 4 homogeneous matrix, stored as the images of the axes and of the origin: cells 0 to 2 are the x axis, 4 to 6 the y axis, 8 to 10 the z axis, 12 to 14 the origin and 15 the homogeneous scale. Each step is multiplied from the right, so the step added last acts first on a point. Angles are in degrees unless the operation says otherwise."""
     @overload
     def __init__(self) -> None: ...
     @overload
@@ -1268,30 +1268,30 @@ class Matrix(BaseObject):
         ...
     @overload
     def perspective_project(self, fov: float, aspect: float, near: float, far: float) -> None:
-        """Adds the projection of a pyramid's stump in front of the eye to the cube from -1 to 1: by the height of the view in degrees and its width to height, or by the rectangle at the near distance."""
+        """Adds the perspective projection of a frustum in front of the eye to the cube from -1 to 1. The frustum is given by the vertical angle of view in degrees and the aspect, width to height, or by its rectangle at the near distance."""
         ...
     @overload
     def perspective_project(self, left: float, right: float, bottom: float, top: float, near: float, far: float) -> None:
-        """Adds the projection of a pyramid's stump in front of the eye to the cube from -1 to 1: by the height of the view in degrees and its width to height, or by the rectangle at the near distance."""
+        """Adds the perspective projection of a frustum in front of the eye to the cube from -1 to 1. The frustum is given by the vertical angle of view in degrees and the aspect, width to height, or by its rectangle at the near distance."""
         ...
     def look_at(self, eye: PointLike | None = None, target: PointLike | None = None, up: PointLike | None = None) -> None:
         """Adds the view from an eye to a target; None stands for (0, 0, 0), (0, 0, -2.66) and upwards (0, 1, 0)."""
         ...
     @overload
     def apply(self, value: Matrix) -> Matrix:
-        """What a matrix, point or vector becomes under this one, in an object of its class; the three coordinates as a list for numbers and lists; None for other objects. Vectors are moved like points."""
+        """Transforms a matrix, point or vector by this one and gives an object of its class; numbers and lists give a list of three coordinates, other objects None. Vectors are moved like points."""
         ...
     @overload
     def apply(self, value: Point3d) -> Point3d:
-        """What a matrix, point or vector becomes under this one, in an object of its class; the three coordinates as a list for numbers and lists; None for other objects. Vectors are moved like points."""
+        """Transforms a matrix, point or vector by this one and gives an object of its class; numbers and lists give a list of three coordinates, other objects None. Vectors are moved like points."""
         ...
     @overload
     def apply(self, value: Point2d) -> Point2d:
-        """What a matrix, point or vector becomes under this one, in an object of its class; the three coordinates as a list for numbers and lists; None for other objects. Vectors are moved like points."""
+        """Transforms a matrix, point or vector by this one and gives an object of its class; numbers and lists give a list of three coordinates, other objects None. Vectors are moved like points."""
         ...
     @overload
     def apply(self, value: Sequence[object] | float) -> _list[float]:
-        """What a matrix, point or vector becomes under this one, in an object of its class; the three coordinates as a list for numbers and lists; None for other objects. Vectors are moved like points."""
+        """Transforms a matrix, point or vector by this one and gives an object of its class; numbers and lists give a list of three coordinates, other objects None. Vectors are moved like points."""
         ...
     def extract_parameters_2d(self, negative_x: bool = False, negative_y: bool = False, pivot: PointLike | None = None) -> _list[Any]:
         """[translation, scale, rotation, skew] in the plane about a pivot: a Vector3d, a Vector2d and two angles in degrees. The matrix is translate, rotate, skew, scale, in this order. The flags ask for negative scales; a mirror has y's."""
@@ -1471,7 +1471,7 @@ class AllocatedRect2D(Rect2D):
         ...
     @staticmethod
     def from_qvariant(value: Rect2D | PointLike) -> AllocatedRect2D:
-        """A new rectangle: a rectangle as it is; the one about the positions in a list; of no size at any other position."""
+        """A new rectangle: a copy of a rectangle, the box about the positions in a list, or one of size 0 at a position."""
         ...
 
 
@@ -1492,7 +1492,7 @@ class Rect2DI(BaseObject):
     def height(self, value: int) -> None: ...
     @staticmethod
     def convert_qvariant(value: object) -> Rect2DI:
-        """A new size: the first two of a list of three items or more, rounded by adding a half and cutting off. Of a rectangle in any form it is one of 0, 0. Fails for anything else."""
+        """A new size from the first two numbers of a list of three items or more: a half is added and the fraction is cut off. A rectangle in any form gives the size 0, 0. Fails for anything else."""
         ...
     def __eq__(self, other: object) -> bool: ...
     __hash__: ClassVar[None]  # type: ignore[assignment]
@@ -1516,7 +1516,7 @@ class AllocatedRect2DI(Rect2DI):
 
 
 class Transformation(BaseObject):
-    """What a picture goes through at a port at a frame: a matrix, its depth among what is drawn, and deformations. It is a value, changing it changes no port; made by a script it belongs to no port. Each step is added from the right: the one added last acts first."""
+    """The transformation of a picture at a port at a frame: a matrix, a depth that orders what is drawn, and deformations. It is a value: changing it changes no port, and one made by a script belongs to no port. Each step is multiplied from the right, so the step added last acts first."""
     def __init__(self) -> None: ...
     @property
     def depth(self) -> int:
@@ -1602,7 +1602,7 @@ class Transformation(BaseObject):
 
 
 class Vector2d(Point2d):
-    """The way between two positions in the plane, taken nearly everywhere where a point is. One value is read as for Point2d."""
+    """A displacement in the plane; nearly every operation that takes a point takes a vector too. The constructor from one value reads the forms of Point2d."""
     @overload
     def __init__(self, value: PointLike) -> None: ...
     @overload
@@ -1614,7 +1614,7 @@ class Vector2d(Point2d):
 
 
 class Vector3d(Point3d):
-    """The way between two positions in space, taken nearly everywhere where a point is. One value is read as for Point3d."""
+    """A displacement in space; nearly every operation that takes a point takes a vector too. The constructor from one value reads the forms of Point3d."""
     @overload
     def __init__(self, value: PointLike) -> None: ...
     @overload
