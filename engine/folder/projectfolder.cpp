@@ -5,6 +5,7 @@
 #include "engine/folder/foldertransaction.h"
 #include "engine/folder/jsonplace.h"
 #include "engine/folder/projectfile.h"
+#include "engine/folder/projectfiles.h"
 #include "engine/folder/projectlock.h"
 #include "engine/folder/scenefile.h"
 #include "engine/folder/scenefilenames.h"
@@ -96,9 +97,10 @@ std::optional<QStringList> sceneFilesOnDisk(const Folder& folder)
 }
 
 /// Puts the scenes in place of those in the folder. `present` are the files of the scenes that are there; a file beside
-/// them is somebody else's, and in the way. When it isn't known which are there, saving the scenes goes first.
+/// them is somebody else's, and in the way. When it isn't known which are there, saving the scenes goes first. A folder
+/// that the project goes on in (`isElsewhere`) gets all of the other files.
 void writeProject(const Folder& folder, const ProjectRecord& record, const std::vector<TUScene*>& scenes,
-                  const std::optional<QStringList>& present)
+                  const std::optional<QStringList>& present, const std::vector<ProjectFiles*>& others, bool isElsewhere)
 {
     QStringList names;
     for (const TUScene* scene : scenes)
@@ -116,7 +118,11 @@ void writeProject(const Folder& folder, const ProjectRecord& record, const std::
         if (!files.contains(file))
             transaction.remove(file);
     }
+    for (ProjectFiles* other : others)
+        other->addTo(transaction, folder, isElsewhere);
     transaction.commit();
+    for (ProjectFiles* other : others)
+        other->saved(folder);
 }
 
 /// Takes the lock of a project that is opened. Who can't have it is told what is left.
@@ -173,8 +179,8 @@ void ProjectFolder::requireConsent() const
         throw FolderFailure{m_refusal};
 }
 
-void ProjectFolder::makeProject(const ProjectRecord& record, const std::vector<TUScene*>& scenes,
-                                ProjectLock& lock) const
+void ProjectFolder::makeProject(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
+                                const std::vector<ProjectFiles*>& others) const
 {
     requirePath();
     MadePath made;
@@ -186,7 +192,7 @@ void ProjectFolder::makeProject(const ProjectRecord& record, const std::vector<T
         throw FolderFailure{quoted(m_path) + " already holds a project"};
     requireConsent();
     taken.require(folder);
-    writeProject(folder, record, scenes, QStringList());
+    writeProject(folder, record, scenes, QStringList(), others, true);
     made.keep();
     lock = std::move(taken);
 }
@@ -194,17 +200,17 @@ void ProjectFolder::makeProject(const ProjectRecord& record, const std::vector<T
 bool ProjectFolder::create(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
                            QString& error) const
 {
-    return attempt("create", error, [&] { makeProject(record, scenes, lock); });
+    return attempt("create", error, [&] { makeProject(record, scenes, lock, {}); });
 }
 
 bool ProjectFolder::createForSave(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
-                                  QString& error) const
+                                  QString& error, const std::vector<ProjectFiles*>& others) const
 {
-    return attempt("save", error, [&] { makeProject(record, scenes, lock); });
+    return attempt("save", error, [&] { makeProject(record, scenes, lock, others); });
 }
 
 bool ProjectFolder::write(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
-                          QString& error) const
+                          QString& error, const std::vector<ProjectFiles*>& others) const
 {
     return attempt("save", error, [&] {
         requirePath();
@@ -215,7 +221,7 @@ bool ProjectFolder::write(const ProjectRecord& record, const std::vector<TUScene
         lock.require(folder);
         if (folder_recovery::isInterrupted(folder))
             folder_recovery::recover(folder);
-        writeProject(folder, record, scenes, sceneFilesOnDisk(folder));
+        writeProject(folder, record, scenes, sceneFilesOnDisk(folder), others, false);
     });
 }
 

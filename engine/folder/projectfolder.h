@@ -10,6 +10,7 @@ class TUScene;
 
 namespace brindle::engine {
 
+class ProjectFiles;
 class ProjectLock;
 
 /// The properties of a scene, without its nodes and columns.
@@ -67,13 +68,14 @@ public:
     /// those above it. The error begins with "Cannot create the project".
     bool create(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
                 QString& error) const;
-    /// The same for a project that goes on in another folder: the error begins with "Cannot save the project".
+    /// The same for a project that goes on in another folder, with all its other files: the error begins with "Cannot
+    /// save the project".
     bool createForSave(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
-                       QString& error) const;
+                       QString& error, const std::vector<ProjectFiles*>& others = {}) const;
 
-    /// Writes the project that lives there, its scenes in the project's order.
-    bool write(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
-               QString& error) const;
+    /// Writes the project that lives there, its scenes in the project's order, and what changed of its other files.
+    bool write(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock, QString& error,
+               const std::vector<ProjectFiles*>& others = {}) const;
 
     /// Reads the project and makes its scenes. On failure the maker may have been called already, and the lock taken:
     /// drop both.
@@ -84,7 +86,8 @@ public:
 private:
     void requirePath() const;
     void requireConsent() const;
-    void makeProject(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock) const;
+    void makeProject(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
+                     const std::vector<ProjectFiles*>& others) const;
     void readProject(ProjectMaker& maker, ProjectLock* lock) const;
 
     QString m_path;
