@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/frame/visitcast.h"
-#include "core/host/tu_timedvalue.h"
+#include "core/host/at_timedvaluevisitor.h"
 
 namespace OMC {
 

@@ -2,7 +2,7 @@
 
 #include "core/columns/beziercolumn.h"
 #include "core/columns/beziercontrolpoint.h"
-#include "core/host/tu_timedvalue.h"
+#include "core/host/at_timedvaluevisitor.h"
 
 namespace OMC {
 

@@ -130,9 +130,9 @@ struct AT_AttrKindList {
 
 /// All classes of attributes that a visitor tells apart, each ahead of those that it derives from. An attribute's own
 /// class is one of them.
-using AT_AttrKinds = AT_AttrKindList<AT_BoolAttr, AT_IntAttr, AT_DoubleAttr, AT_StringAttr, AT_EnumAttrBase,
-                                     AT_ColorAttr, AT_Position2dAttr, AT_Position3dAttr, AT_SimpleAttr, AT_ComplexAttr,
-                                     AT_Attr>;
+using AT_AttrKinds =
+    AT_AttrKindList<AT_BoolAttr, AT_IntAttr, AT_DoubleAttr, AT_StringAttr, AT_EnumAttrBase, AT_ColorAttr,
+                    AT_Position2dAttr, AT_Position3dAttr, AT_SimpleAttr, AT_ComplexAttr, AT_Attr>;
 
 /// Called by AT_Attr::accept with the attribute's own class. The visit of a class, unless it is overridden, calls that
 /// of the nearest class of the list that it derives from; the one of AT_Attr does nothing.

@@ -147,16 +147,6 @@ public:
     virtual bool pointAfter(double frame, BezierCtrlPt& point) const = 0;  ///< The first one behind the frame.
 };
 
-/// Called by TUTimedValue::accept with the column's own class; each kind falls back on the more general one.
-class BRINDLE_HOST_EXPORT AT_TimedValueVisitor {
-public:
-    virtual ~AT_TimedValueVisitor() = default;
-    virtual void visit(TUTimedValue&) {}
-    virtual void visit(AT_FncTimedValue& column) { visit(static_cast<TUTimedValue&>(column)); }
-    virtual void visit(TUFnc2DTimedValue& column) { visit(static_cast<AT_FncTimedValue&>(column)); }
-    virtual void visit(TUBezierTimedValue& column) { visit(static_cast<TUFnc2DTimedValue&>(column)); }
-};
-
 /// The place at which an attribute is linked to a column.
 class BRINDLE_HOST_EXPORT TUTvSocket {
 public:

@@ -94,10 +94,15 @@ void Column::remove(Socket& socket)
         --m_switches;
 }
 
+QString Column::name() const
+{
+    return m_owner ? m_owner->name() + QStringLiteral(" Velocity") : m_name;
+}
+
 QString Column::displayName() const
 {
     if (!m_anonymous || m_links.empty())
-        return m_name;
+        return name();
     const Socket& first = *m_links.begin()->second;
     return first.attr()->node()->instanceName() + ": " + first.meta().fullKeyword();
 }
@@ -127,8 +132,17 @@ std::vector<MO_Node*> Column::nodes() const
 
 void Column::tellLinked() const
 {
+    if (m_owner)
+        m_owner->tellLinked();
     for (const auto& [order, socket] : m_links)
         tellChanged(*socket->attr());
+}
+
+void Column::expire()
+{
+    m_self.expireWeakPointers();
+    if (Column* owned = part())
+        owned->expire();
 }
 
 void tellChanged(const AT_Attr& attr)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/host/math_point.h"
 #include "core/host/tu_timedvalue.h"
 
 #include <map>
@@ -27,6 +28,20 @@ public:
 
 protected:
     ~NumberValues() = default;
+};
+
+/// Values that are positions in space, one a frame: what an attribute with a position asks of the column that drives
+/// it.
+class PositionValues {
+public:
+    virtual bool positionAt(double frame, Math::Point3d& position) const = 0; ///< False while there is none at all.
+    /// Sets the position at a frame, with a keyframe there. With `constantSegment` it holds up to the next keyframe;
+    /// without, that stays as it is. False when it is refused.
+    virtual bool setPositionAt(double frame, const Math::Point3d& position, bool constantSegment) = 0;
+    virtual std::unique_ptr<CO_Command> setPositionCommand(double frame, const Math::Point3d& position) = 0;
+
+protected:
+    ~PositionValues() = default;
 };
 
 /// The place at which an attribute of the open engine is linked to a column. It is a part of the attribute.
@@ -84,11 +99,15 @@ public:
 
     TUTimedValue& timedValue() const { return m_self; }
     const ColumnKind& kind() const { return m_kind; }
-    const QString& name() const { return m_name; } ///< Changed by the scene's ColumnList, and before it is in one.
+    QString name() const; ///< Changed by the scene's ColumnList, and before it is in one.
     void setName(const QString& name) { m_name = name; }
     bool anonymous() const { return m_anonymous; }
     void setAnonymous(bool anonymous) { m_anonymous = anonymous; }
-    SC_SceneCommon* scene() const { return m_scene; } ///< Null while it is in no list of columns.
+    /// Null while it is in no list of columns; of a part, that of the column which it belongs to.
+    SC_SceneCommon* scene() const { return m_owner ? m_owner->scene() : m_scene; }
+    /// The column that this one is a part of, or null. A part is in no list, drives nothing and is named by its owner.
+    Column* owner() const { return m_owner; }
+    virtual Column* part() const { return nullptr; } ///< The column that belongs to this one, or null.
 
     QString displayName() const; ///< The name; of an anonymous column, what it drives first: "Arm: position.x".
     int linkCount() const { return static_cast<int>(m_links.size()); }
@@ -98,9 +117,12 @@ public:
     bool drivesOnlySwitches() const { return m_switches > 0 && m_switches == linkCount(); }
     /// Tells each linked node, and the scene, that values changed.
     void tellLinked() const;
+    /// Makes all weak pointers to the column, and to its part, read null: it leaves the scene.
+    void expire();
 
     virtual bool fits(const AttributeMeta& attribute) const = 0; ///< Whether it can drive the attribute.
     virtual NumberValues* numbers() = 0;                         ///< Null for a kind whose values are no numbers.
+    virtual PositionValues* positions() { return nullptr; }      ///< Null for a kind whose values are no positions.
 
     /// Follows frames that come into the scene, or go with all that lies on them. Null when nothing lies there.
     virtual std::unique_ptr<CO_Command> shiftFramesCommand(const FrameShift& shift) = 0;
@@ -113,6 +135,9 @@ public:
     virtual void write(JsonWriter& json) const = 0;
     virtual void read(const JsonPlace& place) = 0;
 
+protected:
+    void setOwner(Column& owner) { m_owner = &owner; }
+
 private:
     friend class ColumnList;
     friend class Socket;
@@ -122,6 +147,7 @@ private:
 
     TUTimedValue& m_self;
     const ColumnKind& m_kind;
+    Column* m_owner = nullptr;
     SC_SceneCommon* m_scene = nullptr;
     QString m_name;
     bool m_anonymous = false;

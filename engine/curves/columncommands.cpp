@@ -107,7 +107,7 @@ public:
 
     Status execute() override
     {
-        if (!m_column || !m_column->scene())
+        if (!m_column || !m_column->scene() || m_column->owner())
             return kFail;
         m_before = m_column->anonymous();
         m_column->setAnonymous(m_anonymous);

@@ -97,7 +97,7 @@ std::unique_ptr<TUTimedValue> ColumnList::take(TUTimedValue* timedValue, int& po
     d->order.erase(d->order.begin() + position);
     d->byName.remove(column->name());
     column->m_scene = nullptr;
-    timedValue->expireWeakPointers();
+    column->expire();
     return std::unique_ptr<TUTimedValue>(timedValue);
 }
 

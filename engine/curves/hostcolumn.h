@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/host/at_timedvaluevisitor.h"
 #include "engine/curves/column.h"
 #include "engine/curves/hold.h"
 

@@ -2,6 +2,7 @@
 
 #include "core/host/mo_unconnecteddisplay.h"
 #include "core/host/tu_node.h"
+#include "engine/curves/column.h"
 #include "engine/session/projectcommon.h"
 #include "engine/session/scenecommands.h"
 
@@ -98,7 +99,7 @@ void Scene::expireAll()
     expireWeakPointers();
     forEachFrom(m_graph.root(), [](Node& node) { node.host().expireWeakPointers(); });
     for (TUTimedValue* column : std::as_const(m_columns))
-        column->expireWeakPointers();
+        Column::of(column)->expire();
     m_unconnectedDisplay->expireWeakPointers();
 }
 

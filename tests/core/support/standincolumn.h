@@ -2,7 +2,7 @@
 
 #include "core/host/at_columnmarker.h"
 #include "core/host/sc_scene.h"
-#include "core/host/tu_timedvalue.h"
+#include "core/host/at_timedvaluevisitor.h"
 #include "tests/core/support/standinnode.h"
 
 #include <map>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/host/tu_timedvalue.h"
+#include "core/host/at_timedvaluevisitor.h"
 
 /// A function of time of no engine, with a key at every frame and no control points of a known kind.
 class StandInCurve : public AT_FncTimedValue {
