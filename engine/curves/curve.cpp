@@ -6,29 +6,11 @@
 
 namespace brindle::engine {
 
-namespace {
-
-constexpr double frameLimit = 1e9;
-
-bool isSound(const CurvePoint& point)
-{
-    return Curve::isFrame(point.frame) && std::isfinite(point.value) && std::isfinite(point.anchor) &&
-           std::isfinite(point.leftX) && std::isfinite(point.leftY) && std::isfinite(point.rightX) &&
-           std::isfinite(point.rightY) && point.continuity >= 0 && point.continuity <= 2;
-}
-
-} // namespace
-
-bool Curve::isFrame(double frame)
-{
-    return std::abs(frame) <= frameLimit;
-}
-
 double Curve::evaluate(double frame) const
 {
-    if (m_points.isEmpty())
+    if (points().isEmpty())
         return 0;
-    const auto [before, after] = m_points.around(frame);
+    const auto [before, after] = points().around(frame);
     if (!before)
         return after->value;
     if (!after || before->constSegment || before->frame == frame)
@@ -36,40 +18,11 @@ double Curve::evaluate(double frame) const
     return BezierSegment(*before, *after).valueAt(frame);
 }
 
-CurvePoint& Curve::make(CurvePoint point, CurveLog& log)
-{
-    point.identity = ++m_identities;
-    log.push_back({CurveChange::Made, point, point.frame});
-    return m_points.insert(point);
-}
-
-void Curve::take(double frame, CurveLog& log)
-{
-    log.push_back({CurveChange::Taken, m_points.take(frame), frame});
-}
-
-/// Gives one of the points the fields of another one at the same frame.
-void Curve::change(const CurvePoint& there, const CurvePoint& point, CurveLog& log)
-{
-    if (there == point)
-        return;
-    log.push_back({CurveChange::Edited, there, point.frame});
-    m_points.edit(there) = point;
-}
-
-void Curve::relocate(double from, double to, CurveLog& log)
-{
-    CurvePoint point = m_points.take(from);
-    log.push_back({CurveChange::Moved, point, to});
-    point.frame = to;
-    m_points.insert(point);
-}
-
 Curve::Edit Curve::splice(double frame, bool constantSegment, CurveLog& log)
 {
     if (!isFrame(frame))
         return Edit::Refused;
-    const auto [before, after] = m_points.around(frame);
+    const auto [before, after] = points().around(frame);
     if (before && before->frame == frame)
         return Edit::Nothing;
 
@@ -122,20 +75,12 @@ void Curve::spliceInto(CurvePoint& point, const CurvePoint& before, const CurveP
     change(after, right, log);
 }
 
-Curve::Edit Curve::erase(double frame, CurveLog& log)
-{
-    if (!m_points.find(frame))
-        return Edit::Refused;
-    take(frame, log);
-    return Edit::Done;
-}
-
 /// Draws the handles of the point at a frame, and those that face it, back to their neighbours.
 void Curve::hold(double frame, CurveLog& log)
 {
-    const CurvePoint* before = m_points.before(frame);
-    const CurvePoint* after = m_points.around(frame).after;
-    const CurvePoint& there = *m_points.find(frame);
+    const CurvePoint* before = points().before(frame);
+    const CurvePoint* after = points().around(frame).after;
+    const CurvePoint& there = *points().find(frame);
     CurvePoint point = there;
     if (before && before->rightX > frame) {
         CurvePoint facing = *before;
@@ -156,8 +101,8 @@ void Curve::hold(double frame, CurveLog& log)
 
 Curve::Edit Curve::move(double frame, double newFrame, double value, CurveLog& log)
 {
-    const CurvePoint* there = m_points.find(frame);
-    if (!there || !isFrame(newFrame) || !std::isfinite(value) || (newFrame != frame && m_points.find(newFrame)))
+    const CurvePoint* there = points().find(frame);
+    if (!there || !isFrame(newFrame) || !std::isfinite(value) || (newFrame != frame && points().find(newFrame)))
         return Edit::Refused;
     if (newFrame == frame && value == there->value)
         return Edit::Nothing;
@@ -177,196 +122,42 @@ Curve::Edit Curve::move(double frame, double newFrame, double value, CurveLog& l
 
 Curve::Edit Curve::setValue(double frame, double value, CurveLog& log)
 {
-    const CurvePoint* there = m_points.find(frame);
-    if (!there || !std::isfinite(value))
-        return Edit::Refused;
-    if (there->value == value)
+    if (const CurvePoint* there = points().find(frame); there && there->value == value)
         return Edit::Nothing;
-    CurvePoint point = *there;
-    point.value = value;
-    change(*there, point, log);
-    return Edit::Done;
+    return edit(frame, log, [value](CurvePoint& point) { point.value = value; });
 }
 
 Curve::Edit Curve::setLeftHandle(double frame, double x, double y, CurveLog& log)
 {
-    const CurvePoint* there = m_points.find(frame);
-    if (!there || !std::isfinite(x) || !std::isfinite(y))
+    if (!std::isfinite(x) || !std::isfinite(y))
         return Edit::Refused;
-    const CurvePoint* before = m_points.before(frame);
-    CurvePoint point = *there;
-    point.setLeftHandle(std::min(before ? std::max(x, before->frame) : x, frame), y);
-    change(*there, point, log);
-    return Edit::Done;
+    const CurvePoint* before = points().before(frame);
+    return edit(frame, log, [&](CurvePoint& point) {
+        point.setLeftHandle(std::min(before ? std::max(x, before->frame) : x, frame), y);
+    });
 }
 
 Curve::Edit Curve::setRightHandle(double frame, double x, double y, CurveLog& log)
 {
-    const CurvePoint* there = m_points.find(frame);
-    if (!there || !std::isfinite(x) || !std::isfinite(y))
+    if (!std::isfinite(x) || !std::isfinite(y))
         return Edit::Refused;
-    const CurvePoint* after = m_points.around(frame).after;
-    CurvePoint point = *there;
-    point.setRightHandle(std::max(after ? std::min(x, after->frame) : x, frame), y);
-    change(*there, point, log);
-    return Edit::Done;
-}
-
-Curve::Edit Curve::setConstSegment(double frame, bool constantSegment, CurveLog& log)
-{
-    const CurvePoint* there = m_points.find(frame);
-    if (!there)
-        return Edit::Refused;
-    CurvePoint point = *there;
-    point.constSegment = constantSegment;
-    change(*there, point, log);
-    return Edit::Done;
-}
-
-Curve::Edit Curve::setContinuity(double frame, int continuity, CurveLog& log)
-{
-    const CurvePoint* there = m_points.find(frame);
-    if (!there || continuity < 0 || continuity > 2)
-        return Edit::Refused;
-    CurvePoint point = *there;
-    point.continuity = continuity;
-    change(*there, point, log);
-    return Edit::Done;
-}
-
-Curve::Edit Curve::scale(double factor, CurveLog& log)
-{
-    if (!std::isfinite(factor))
-        return Edit::Refused;
-    std::vector<CurvePoint> scaled;
-    bool sound = true;
-    m_points.forEach([&](CurvePoint point) {
-        const double leftY = point.leftHandleY() * factor;
-        const double rightY = point.rightHandleY() * factor;
-        point.value = point.anchor = point.value * factor;
-        point.leftY = leftY;
-        point.rightY = rightY;
-        sound = sound && isSound(point);
-        scaled.push_back(point);
+    const CurvePoint* after = points().around(frame).after;
+    return edit(frame, log, [&](CurvePoint& point) {
+        point.setRightHandle(std::max(after ? std::min(x, after->frame) : x, frame), y);
     });
-    if (!sound)
-        return Edit::Refused;
-    const auto before = log.size();
-    for (const auto& point : scaled)
-        change(*m_points.find(point.frame), point, log);
-    return log.size() == before ? Edit::Nothing : Edit::Done;
 }
 
 Curve::Edit Curve::shift(int at, int delta, CurveLog& log)
 {
-    std::vector<double> gone;
-    std::vector<double> moved;
-    const double begin = static_cast<double>(at) + 1;
-    const double end = delta < 0 ? begin - delta : begin;
-    m_points.forEach([&](const CurvePoint& point) {
-        if (point.frame >= end)
-            moved.push_back(point.frame);
-        else if (point.frame >= begin)
-            gone.push_back(point.frame);
-    });
-    if (gone.empty() && (moved.empty() || delta == 0))
-        return Edit::Nothing;
-    if (!moved.empty() && (!isFrame(moved.back() + delta) || !isFrame(moved.front() + delta)))
-        return Edit::Refused;
-
-    for (const double frame : gone)
-        take(frame, log);
-    if (delta > 0)
-        std::reverse(moved.begin(), moved.end()); // never onto one that has still to move
-    for (const double frame : moved) {
-        if (m_points.find(frame + delta)) { // two frames that the sum can't tell apart: one of the points goes
-            take(frame, log);
-            continue;
-        }
-        const CurvePoint& there = *m_points.find(frame);
-        CurvePoint point = there;
-        point.leftX += delta;
-        point.rightX += delta;
-        change(there, point, log);
-        relocate(frame, frame + delta, log);
+    const Edit edit = PointCurve::shift(at, delta, log);
+    if (edit == Edit::Done && delta < 0) {
+        const double begin = static_cast<double>(at) + 1;
+        const auto [before, after] = points().around(begin);
+        const CurvePoint* first = before && before->frame == begin ? before : after;
+        if (first)
+            hold(first->frame, log);
     }
-    if (delta < 0 && !moved.empty())
-        hold(moved.front() + delta, log);
-    return Edit::Done;
-}
-
-bool Curve::put(const CurvePoint& point)
-{
-    if (!isSound(point))
-        return false;
-    CurvePoint given = point;
-    given.frame += 0.0;
-    if (const CurvePoint* there = m_points.find(point.frame)) {
-        given.identity = there->identity;
-        m_points.edit(*there) = given;
-    } else {
-        given.identity = ++m_identities;
-        m_points.insert(given);
-    }
-    return true;
-}
-
-Curve::Kept Curve::keep(double frame) const
-{
-    const auto [before, after] = m_points.around(frame);
-    Kept kept;
-    kept.frame = frame;
-    kept.stands = before && before->frame == frame;
-    for (const CurvePoint* point : {before, kept.stands ? nullptr : after}) {
-        if (point)
-            kept.points[static_cast<std::size_t>(kept.count++)] = *point;
-    }
-    return kept;
-}
-
-void Curve::restore(const Kept& kept)
-{
-    if (!kept.stands && m_points.find(kept.frame))
-        m_points.take(kept.frame);
-    for (int index = 0; index < kept.count; ++index) {
-        const CurvePoint& point = kept.points[static_cast<std::size_t>(index)];
-        if (m_points.find(point.frame))
-            put(point);
-    }
-}
-
-void Curve::revert(CurveLog& log)
-{
-    for (; !log.empty(); log.pop_back()) {
-        const CurveChange& change = log.back();
-        switch (change.kind) {
-        case CurveChange::Made:
-            m_points.take(change.frame);
-            break;
-        case CurveChange::Taken: {
-            CurvePoint point = change.before;
-            point.identity = ++m_identities;
-            m_points.insert(point);
-            break;
-        }
-        case CurveChange::Edited: {
-            // The point may have been taken and brought back since, as another one.
-            CurvePoint& there = m_points.edit(*m_points.find(change.frame));
-            const auto identity = there.identity;
-            there = change.before;
-            there.identity = identity;
-            break;
-        }
-        case CurveChange::Moved: {
-            CurvePoint point = m_points.take(change.frame);
-            const auto identity = point.identity;
-            point = change.before;
-            point.identity = identity;
-            m_points.insert(point);
-            break;
-        }
-        }
-    }
+    return edit;
 }
 
 } // namespace brindle::engine

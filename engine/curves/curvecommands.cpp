@@ -1,4 +1,5 @@
 #include "engine/curves/beziercolumn.h"
+#include "engine/curves/curveedit.h"
 
 namespace {
 
@@ -6,33 +7,10 @@ using brindle::engine::BezierColumn;
 using brindle::engine::Curve;
 using brindle::engine::CurveLog;
 
-/// Stands for a command on a column of another engine, or on none.
-class RefusedCommand final : public CO_Command {
-public:
-    Status execute() override { return kFail; }
-    Status unexecute() override { return kNoop; }
-};
-
-template <typename Edit>
-std::unique_ptr<CO_Command> editOwn(BezierColumn* column, Edit function)
-{
-    if (column)
-        return column->editCommand(std::move(function));
-    return std::make_unique<RefusedCommand>();
-}
-
 template <typename Edit>
 std::unique_ptr<CO_Command> edit(TUBezierTimedValue* column, Edit function)
 {
-    return editOwn(dynamic_cast<BezierColumn*>(column), std::move(function));
-}
-
-std::unique_ptr<CO_Command> spliceCommand(TUBezierTimedValue* column, double frame, bool makeKey, bool constantSegment)
-{
-    auto* own = dynamic_cast<BezierColumn*>(column);
-    return editOwn(own, [own, frame, makeKey, constantSegment](Curve& curve, CurveLog& log) {
-        return makeKey ? own->splice(curve, frame, constantSegment, log) : Curve::Edit::Nothing;
-    });
+    return brindle::engine::editCommandOn<BezierColumn>(column, std::move(function));
 }
 
 } // namespace
@@ -40,7 +18,7 @@ std::unique_ptr<CO_Command> spliceCommand(TUBezierTimedValue* column, double fra
 namespace tu_timedvalue::bezier {
 
 SpliceCmd::SpliceCmd(TUBezierTimedValue* column, double frame, bool makeKey, bool constantSegment)
-    : CO_EngineCommand(spliceCommand(column, frame, makeKey, constantSegment))
+    : CO_EngineCommand(brindle::engine::spliceCommandOn<BezierColumn>(column, frame, makeKey, constantSegment))
 {}
 
 RemovePointCmd::RemovePointCmd(TUBezierTimedValue* column, double frame)

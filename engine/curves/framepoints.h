@@ -1,23 +1,77 @@
-#include "engine/curves/curvepoints.h"
+#pragma once
 
 #include <algorithm>
+#include <cstddef>
+#include <vector>
 
 namespace brindle::engine {
 
-namespace {
+/// Control points in the order of their frames, no two at the same frame.
+///
+/// They lie in blocks of bounded size behind a table of the blocks' first frames: finding is logarithmic, inserting and
+/// taking anywhere move no more than a block. Pointers and references hold until the next insertion or removal. A
+/// `Point` has a `frame`.
+template <typename Point>
+class FramePoints {
+public:
+    struct Neighbours {
+        const Point* before; ///< The last point at or before the frame, or null.
+        const Point* after;  ///< The first point behind the frame, or null.
+    };
 
-constexpr std::size_t blockSize = 128;
+    int size() const { return m_size; }
+    bool isEmpty() const { return m_size == 0; }
+    const Point& at(int index) const; ///< `index` below size().
+    const Point& first() const { return m_blocks.front().front(); }
+    const Point& last() const { return m_blocks.back().back(); }
 
-} // namespace
+    Neighbours around(double frame) const;
+    const Point* find(double frame) const;   ///< At exactly this frame, or null.
+    const Point* before(double frame) const; ///< The last one ahead of the frame, or null.
+    /// One of the points, to be written. Its frame must stay.
+    Point& edit(const Point& point) { return const_cast<Point&>(point); }
 
-bool CurvePoints::holds(int block, double frame) const
+    Point& insert(const Point& point); ///< No point may stand at its frame.
+    Point take(double frame);          ///< A point must stand there.
+
+    template <typename Function>
+    void forEach(Function function) const
+    {
+        for (const auto& block : m_blocks) {
+            for (const auto& point : block)
+                function(point);
+        }
+    }
+
+private:
+    using Block = std::vector<Point>;
+
+    static constexpr std::size_t blockSize = 128;
+
+    Neighbours neighboursAt(std::size_t block, std::size_t place) const;
+    int blockOf(double frame) const; ///< The block whose range holds the frame, -1 ahead of all.
+    bool holds(int block, double frame) const;
+    int placeIn(int block, double frame) const; ///< The last point at or before the frame; -1 ahead of all.
+    void joinSmall(int block);
+
+    std::vector<Block> m_blocks; // none is empty
+    std::vector<double> m_firstFrames;
+    mutable std::vector<int> m_starts; // the places of the blocks' first points; empty when out of date
+    mutable int m_recentBlock = 0;     // what was asked for last
+    mutable int m_recentPlace = 0;
+    int m_size = 0;
+};
+
+template <typename Point>
+bool FramePoints<Point>::holds(int block, double frame) const
 {
     const auto index = static_cast<std::size_t>(block);
     return index < m_firstFrames.size() && m_firstFrames[index] <= frame &&
            (index + 1 == m_firstFrames.size() || frame < m_firstFrames[index + 1]);
 }
 
-int CurvePoints::blockOf(double frame) const
+template <typename Point>
+int FramePoints<Point>::blockOf(double frame) const
 {
     // Successive frames of a loop over a curve mostly lie in the same block.
     const int recent = m_recentBlock;
@@ -27,7 +81,8 @@ int CurvePoints::blockOf(double frame) const
     return m_recentBlock = static_cast<int>(behind - m_firstFrames.begin()) - 1;
 }
 
-int CurvePoints::placeIn(int index, double frame) const
+template <typename Point>
+int FramePoints<Point>::placeIn(int index, double frame) const
 {
     const Block& block = m_blocks[index];
     const auto isPlace = [&](int place) {
@@ -41,11 +96,12 @@ int CurvePoints::placeIn(int index, double frame) const
             return m_recentPlace = place;
     }
     const auto after = std::upper_bound(block.begin(), block.end(), frame,
-                                        [](double wanted, const CurvePoint& point) { return wanted < point.frame; });
+                                        [](double wanted, const Point& point) { return wanted < point.frame; });
     return m_recentPlace = static_cast<int>(after - block.begin()) - 1;
 }
 
-const CurvePoint& CurvePoints::at(int index) const
+template <typename Point>
+const Point& FramePoints<Point>::at(int index) const
 {
     if (m_starts.empty()) {
         int start = 0;
@@ -58,10 +114,11 @@ const CurvePoint& CurvePoints::at(int index) const
     return m_blocks[block][index - m_starts[block]];
 }
 
-CurvePoints::Neighbours CurvePoints::neighboursAt(std::size_t block, std::size_t place) const
+template <typename Point>
+typename FramePoints<Point>::Neighbours FramePoints<Point>::neighboursAt(std::size_t block, std::size_t place) const
 {
     const Block& points = m_blocks[block];
-    const CurvePoint* after = nullptr;
+    const Point* after = nullptr;
     if (place + 1 < points.size())
         after = &points[place + 1];
     else if (block + 1 < m_blocks.size())
@@ -69,7 +126,8 @@ CurvePoints::Neighbours CurvePoints::neighboursAt(std::size_t block, std::size_t
     return {&points[place], after};
 }
 
-CurvePoints::Neighbours CurvePoints::around(double frame) const
+template <typename Point>
+typename FramePoints<Point>::Neighbours FramePoints<Point>::around(double frame) const
 {
     // Most questions are about the place that was asked for last.
     const auto recentBlock = static_cast<std::size_t>(m_recentBlock);
@@ -85,15 +143,17 @@ CurvePoints::Neighbours CurvePoints::around(double frame) const
     return neighboursAt(static_cast<std::size_t>(index), static_cast<std::size_t>(placeIn(index, frame)));
 }
 
-const CurvePoint* CurvePoints::find(double frame) const
+template <typename Point>
+const Point* FramePoints<Point>::find(double frame) const
 {
-    const CurvePoint* point = around(frame).before;
+    const Point* point = around(frame).before;
     return point && point->frame == frame ? point : nullptr;
 }
 
-const CurvePoint* CurvePoints::before(double frame) const
+template <typename Point>
+const Point* FramePoints<Point>::before(double frame) const
 {
-    const CurvePoint* point = around(frame).before;
+    const Point* point = around(frame).before;
     if (!point || point->frame < frame)
         return point;
     const int index = blockOf(frame);
@@ -102,7 +162,8 @@ const CurvePoint* CurvePoints::before(double frame) const
     return index > 0 ? &m_blocks[index - 1].back() : nullptr;
 }
 
-CurvePoint& CurvePoints::insert(const CurvePoint& point)
+template <typename Point>
+Point& FramePoints<Point>::insert(const Point& point)
 {
     m_starts.clear();
     ++m_size;
@@ -133,12 +194,13 @@ CurvePoint& CurvePoints::insert(const CurvePoint& point)
     return *inserted;
 }
 
-CurvePoint CurvePoints::take(double frame)
+template <typename Point>
+Point FramePoints<Point>::take(double frame)
 {
     const int index = blockOf(frame);
     Block& block = m_blocks[index];
     const auto place = block.begin() + placeIn(index, frame);
-    const CurvePoint taken = *place;
+    const Point taken = *place;
     block.erase(place);
     --m_size;
     m_starts.clear();
@@ -152,7 +214,8 @@ CurvePoint CurvePoints::take(double frame)
     return taken;
 }
 
-void CurvePoints::joinSmall(int index)
+template <typename Point>
+void FramePoints<Point>::joinSmall(int index)
 {
     if (index + 1 >= static_cast<int>(m_blocks.size()))
         return;
