@@ -2,6 +2,7 @@
 
 #include "core/host/math_point.h"
 #include "core/host/tu_timedvalue.h"
+#include "engine/enginepart.h"
 
 #include <map>
 #include <memory>
@@ -92,8 +93,8 @@ public:
     virtual ~Column();
 
     /// Null for null and for a column of another engine.
-    static Column* of(TUTimedValue* timedValue) { return dynamic_cast<Column*>(timedValue); }
-    static const Column* of(const TUTimedValue* timedValue) { return dynamic_cast<const Column*>(timedValue); }
+    static Column* of(TUTimedValue* timedValue) { return enginePart<Column>(timedValue); }
+    static const Column* of(const TUTimedValue* timedValue) { return of(const_cast<TUTimedValue*>(timedValue)); }
 
     static std::unique_ptr<TUTimedValue> asTimedValue(std::unique_ptr<Column> column);
 

@@ -44,7 +44,8 @@ void readColumn(const JsonPlace& place, ColumnList& columns)
     const ColumnKind& kind = columnKindAt(place.field("type"));
     place.requireOnly({"name", "type", "anonymous", "order"}, kind.fields);
     const JsonPlace name = place.field("name");
-    std::unique_ptr<Column> column = kind.make(name.text(), place.has("anonymous") && place.field("anonymous").flag());
+    const auto anonymous = place.ifField("anonymous");
+    std::unique_ptr<Column> column = kind.make(name.text(), anonymous && anonymous->flag());
     column->read(place);
     std::unique_ptr<TUTimedValue> given = Column::asTimedValue(std::move(column));
     if (!columns.insert(given, -1))
@@ -57,12 +58,11 @@ void linkColumn(const JsonPlace& place, TUTimedValue& column, const DrivenAttrib
     const int count = found == driven.end() ? 0 : static_cast<int>(found->second.size());
     std::vector<int> order(static_cast<std::size_t>(count));
     std::iota(order.begin(), order.end(), 0);
-    if (place.has("order")) {
-        const JsonPlace places = place.field("order");
-        places.requireSize(count);
+    if (const auto places = place.ifField("order")) {
+        places->requireSize(count);
         std::vector<bool> seen(order.size());
         for (int i = 0; i < count; ++i) {
-            const JsonPlace at = places.item(i);
+            const JsonPlace at = places->item(i);
             order[i] = at.integer(0, count - 1);
             if (seen[order[i]])
                 at.fail(QStringLiteral("is there twice"));

@@ -1,147 +1,165 @@
 #include "engine/folder/jsonplace.h"
 
 #include "engine/engine.h"
-#include "engine/folder/jsonscan.h"
+
+#include <QStringList>
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
-#include <vector>
 
 namespace brindle::engine {
 
-JsonFile::JsonFile(const QString& path, const QByteArray& content) : m_path(path), m_content(content)
+namespace {
+
+/// "/p/x.json" is damaged at line 3, column 4: illegal value. Both count from 1, the column in characters.
+[[noreturn]] void failAt(const QString& path, const QByteArray& text, qsizetype offset, bool withColumn,
+                         const QString& reason)
 {
-    QJsonParseError error;
-    m_document = QJsonDocument::fromJson(content, &error);
-    if (content.isEmpty())
-        throw FolderFailure{quoted(path) + " is empty"};
-    if (error.error != QJsonParseError::NoError)
-        fail(error.offset, true, error.errorString());
-    if (!m_document.isObject())
-        fail(0, true, QStringLiteral("it is not an object"));
+    const qsizetype lineStart = offset > 0 ? text.lastIndexOf('\n', offset - 1) + 1 : 0;
+    const auto begin = text.cbegin();
+    QString sentence =
+        quoted(path) + " is damaged at line " + QString::number(std::count(begin, begin + lineStart, '\n') + 1);
+    if (withColumn) {
+        const auto startsCharacter = [](char byte) { return (static_cast<unsigned char>(byte) & 0xc0) != 0x80; };
+        const auto column = std::count_if(begin + lineStart, begin + offset, startsCharacter) + 1;
+        sentence += ", column " + QString::number(column);
+    }
+    throw FolderFailure{sentence + ": " + shown(reason)};
 }
 
-void JsonFile::fail(qsizetype offset, bool withColumn, const QString& reason) const
+} // namespace
+
+JsonTree JsonFile::parsed(const QString& path, const QByteArray& content)
 {
-    const json_scan::Position position = json_scan::positionOf(m_content, offset);
-    QString text = quoted(m_path) + " is damaged at line " + QString::number(position.line);
-    if (withColumn)
-        text += ", column " + QString::number(position.column);
-    throw FolderFailure{text + ": " + shown(reason)};
+    if (content.isEmpty())
+        throw FolderFailure{quoted(path) + " is empty"};
+    try {
+        return JsonTree(content);
+    } catch (const JsonTree::Fault& fault) {
+        failAt(path, content, fault.offset, true, fault.reason);
+    }
+}
+
+JsonFile::JsonFile(const QString& path, const QByteArray& content) : m_path(path), m_tree(parsed(path, content))
+{
+    if (!m_tree.isObject(m_tree.root()))
+        failAt(path, content, 0, true, QStringLiteral("it is not an object"));
+    if (const JsonTree::Value* name = m_tree.repeatedName())
+        failAt(path, content, name->begin, true,
+               QStringLiteral("the field \"%1\" is there twice").arg(m_tree.text(*name)));
 }
 
 JsonPlace JsonFile::root() const
 {
-    return JsonPlace(*this, nullptr, nullptr, {}, -1, m_document.object());
+    return JsonPlace(*this, m_tree.root());
 }
 
-void JsonFile::requireNoFieldTwice() const
+QString JsonPlace::pathText() const
 {
-    if (m_fieldsSeen == json_scan::fieldCount(m_content))
-        return;
-    QString name;
-    const qsizetype offset = json_scan::offsetOfRepeatedField(m_content, name);
-    if (offset >= 0)
-        fail(offset, true, QStringLiteral("the field \"%1\" is there twice").arg(name));
-}
-
-JsonPlace::JsonPlace(const JsonFile& file, const JsonPlace* parent, const char* field, QString key, int index,
-                     const QJsonValue& value)
-    : m_file(&file),
-      m_parent(parent),
-      m_field(field),
-      m_key(std::move(key)),
-      m_index(index),
-      m_value(value)
-{
-    if (m_value.isArray())
-        m_array = m_value.toArray();
-    else if (m_value.isObject())
-        m_object = m_value.toObject();
+    QString path;
+    const Value* at = &tree().root();
+    while (at != m_value) {
+        // The value is in the last one that begins ahead of it or is it.
+        const std::span<const Value> content = tree().content(*at);
+        const auto behind =
+            std::upper_bound(content.begin(), content.end(), m_value->begin,
+                             [](std::uint32_t begin, const Value& value) { return begin < value.begin; });
+        const auto index = behind - content.begin() - 1;
+        if (tree().isList(*at)) {
+            path += u'[' + QString::number(index) + u']';
+        } else {
+            const QString name = tree().text(content[static_cast<std::size_t>(index) - 1]);
+            if (name.contains(u'.'))
+                path += "[\"" + name + "\"]";
+            else
+                path += (path.isEmpty() ? QString() : QStringLiteral(".")) + name;
+        }
+        at = &content[static_cast<std::size_t>(index)];
+    }
+    return path;
 }
 
 void JsonPlace::fail(const QString& reason) const
 {
-    std::vector<json_scan::Step> steps;
-    for (const JsonPlace* place = this; place->m_parent; place = place->m_parent)
-        steps.push_back({place->name(), place->m_index});
-    std::reverse(steps.begin(), steps.end());
-    QString path;
-    for (const json_scan::Step& step : steps) {
-        if (step.index >= 0)
-            path += u'[' + QString::number(step.index) + u']';
-        else if (step.name.contains(u'.'))
-            path += "[\"" + step.name + "\"]";
-        else
-            path += (path.isEmpty() ? QString() : QStringLiteral(".")) + step.name;
-    }
-    m_file->fail(json_scan::offsetOf(m_file->m_content, steps), false,
-                 path.isEmpty() ? QStringLiteral("the file ") + reason : path + u' ' + reason);
+    const QString path = pathText();
+    failAt(m_file->m_path, tree().bytes(), m_value->begin, false,
+           path.isEmpty() ? QStringLiteral("the file ") + reason : path + u' ' + reason);
 }
 
-QString JsonPlace::name() const
+std::span<const JsonPlace::Value> JsonPlace::objectContent() const
 {
-    return m_field ? QString::fromLatin1(m_field) : m_key;
-}
-
-const QJsonObject& JsonPlace::object() const
-{
-    if (!m_value.isObject())
+    if (!tree().isObject(*m_value))
         fail(QStringLiteral("is not an object"));
-    return m_object;
+    return tree().content(*m_value);
 }
 
-JsonPlace JsonPlace::field(const char* name) const
+const JsonPlace::Value* JsonPlace::find(std::string_view name) const
 {
-    const QJsonValue value = object().value(QLatin1String(name));
-    if (value.isUndefined())
-        fail(QStringLiteral("has no field \"%1\"").arg(QLatin1String(name)));
-    return JsonPlace(*m_file, this, name, {}, -1, value);
-}
-
-JsonPlace JsonPlace::field(const QString& name) const
-{
-    return JsonPlace(*m_file, this, nullptr, name, -1, object().value(name));
-}
-
-bool JsonPlace::has(const char* name) const
-{
-    return object().contains(QLatin1String(name));
-}
-
-void JsonPlace::requireOnly(std::initializer_list<const char*> names, std::span<const char* const> more) const
-{
-    const auto known = [names, more](const QString& field) {
-        const auto isField = [&](const char* name) { return field == QLatin1String(name); };
-        return std::any_of(names.begin(), names.end(), isField) || std::any_of(more.begin(), more.end(), isField);
-    };
-    for (auto field = object().constBegin(); field != m_object.constEnd(); ++field) {
-        if (!known(field.key()))
-            this->field(field.key()).fail(QStringLiteral("is an unknown field"));
+    const std::span<const Value> content = objectContent();
+    for (std::size_t at = 0; at < content.size(); at += 2) {
+        if (tree().isSame(content[at], name))
+            return &content[at + 1];
     }
-    m_file->m_fieldsSeen += m_object.size();
+    return nullptr;
 }
 
-QStringList JsonPlace::keys() const
+JsonPlace JsonPlace::field(std::string_view name) const
 {
-    const QStringList keys = object().keys();
-    m_file->m_fieldsSeen += keys.size();
-    return keys;
+    const Value* value = find(name);
+    if (!value)
+        fail(QStringLiteral("has no field \"%1\"").arg(QLatin1String(name.data(), qsizetype(name.size()))));
+    return JsonPlace(*m_file, *value);
+}
+
+std::optional<JsonPlace> JsonPlace::ifField(std::string_view name) const
+{
+    const Value* value = find(name);
+    return value ? std::optional(JsonPlace(*m_file, *value)) : std::nullopt;
+}
+
+void JsonPlace::requireOnly(std::initializer_list<std::string_view> names, std::span<const char* const> more) const
+{
+    const std::span<const Value> content = objectContent();
+    const Value* unknown = nullptr;
+    for (std::size_t at = 0; at < content.size(); at += 2) {
+        const Value& name = content[at];
+        const auto isIt = [&](std::string_view known) { return tree().isSame(name, known); };
+        if (std::any_of(names.begin(), names.end(), isIt) || std::any_of(more.begin(), more.end(), isIt))
+            continue;
+        if (!unknown || tree().text(name) < tree().text(*unknown))
+            unknown = &name;
+    }
+    if (unknown)
+        JsonPlace(*m_file, *(unknown + 1)).fail(QStringLiteral("is an unknown field"));
+}
+
+std::vector<JsonPlace> JsonPlace::fields() const
+{
+    const std::span<const Value> content = objectContent();
+    std::vector<JsonPlace> fields;
+    fields.reserve(content.size() / 2);
+    for (std::size_t at = 1; at < content.size(); at += 2)
+        fields.push_back(JsonPlace(*m_file, content[at]));
+    return fields;
+}
+
+QString JsonPlace::key() const
+{
+    return tree().text(*(m_value - 1));
 }
 
 int JsonPlace::size() const
 {
-    if (!m_value.isArray())
+    if (!tree().isList(*m_value))
         fail(QStringLiteral("is not a list"));
-    return static_cast<int>(m_array.size());
+    return static_cast<int>(m_value->size);
 }
 
 JsonPlace JsonPlace::item(int index) const
 {
     if (index >= size())
         fail(QStringLiteral("has no item [%1]").arg(index));
-    return JsonPlace(*m_file, this, nullptr, {}, index, m_array.at(index));
+    return JsonPlace(*m_file, tree().content(*m_value)[static_cast<std::size_t>(index)]);
 }
 
 void JsonPlace::requireSize(int wanted) const
@@ -152,21 +170,26 @@ void JsonPlace::requireSize(int wanted) const
 
 QString JsonPlace::text() const
 {
-    if (!m_value.isString())
+    if (!tree().isText(*m_value))
         fail(QStringLiteral("is not a text"));
-    return m_value.toString();
+    return tree().text(*m_value);
+}
+
+bool JsonPlace::is(std::string_view text) const
+{
+    return tree().isText(*m_value, text);
 }
 
 bool JsonPlace::flag() const
 {
-    if (!m_value.isBool())
+    if (!tree().isFlag(*m_value))
         fail(QStringLiteral("is not true or false"));
-    return m_value.toBool();
+    return tree().flag(*m_value);
 }
 
 int JsonPlace::integer(int lowest, int highest) const
 {
-    const double value = m_value.toDouble(std::nan(""));
+    const double value = tree().isNumber(*m_value) ? m_value->number : std::nan("");
     if (!(value >= lowest && value <= highest && value == std::floor(value)))
         fail(QStringLiteral("is not a whole number from %1 to %2").arg(lowest).arg(highest));
     return static_cast<int>(value);
@@ -174,20 +197,22 @@ int JsonPlace::integer(int lowest, int highest) const
 
 double JsonPlace::number() const
 {
-    if (!m_value.isDouble() || !std::isfinite(m_value.toDouble()))
+    if (!tree().isNumber(*m_value))
         fail(QStringLiteral("is not a number"));
-    return m_value.toDouble();
+    return m_value->number;
 }
 
 int JsonPlace::oneOf(std::span<const char* const> texts) const
 {
-    const QString value = text();
-    QStringList names;
-    for (const char* text : texts) {
-        if (value == QLatin1String(text))
-            return static_cast<int>(names.size());
-        names.append(quoted(QLatin1String(text)));
+    if (!tree().isText(*m_value))
+        fail(QStringLiteral("is not a text"));
+    for (std::size_t at = 0; at < texts.size(); ++at) {
+        if (is(texts[at]))
+            return static_cast<int>(at);
     }
+    QStringList names;
+    for (const char* text : texts)
+        names.append(quoted(QLatin1String(text)));
     fail(QStringLiteral("is not ") + names.join(QStringLiteral(" or ")));
 }
 

@@ -1,18 +1,17 @@
 #pragma once
 
 #include "engine/folder/folderio.h"
+#include "engine/folder/jsontree.h"
 
 #include <QByteArray>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QJsonValue>
 #include <QString>
-#include <QStringList>
 
 #include <initializer_list>
 #include <limits>
+#include <optional>
 #include <span>
+#include <string_view>
+#include <vector>
 
 namespace brindle::engine {
 
@@ -21,45 +20,41 @@ class JsonPlace;
 /// A file of JSON that is being read. It outlives the places in it.
 class JsonFile {
 public:
-    /// Throws `FolderFailure` with line and column when the content is no JSON object.
+    /// Throws `FolderFailure` with line and column when the content is no JSON object, or when an object in it has a
+    /// field twice: JSON would silently drop one of the values.
     JsonFile(const QString& path, const QByteArray& content);
 
     JsonPlace root() const;
     QString path() const { return m_path; }
 
-    /// Throws when an object of the file has a field twice: JSON would silently drop one of the values. To be called
-    /// when every object has been asked for its fields (`requireOnly`, `keys`).
-    void requireNoFieldTwice() const;
-
 private:
     friend class JsonPlace;
 
-    [[noreturn]] void fail(qsizetype offset, bool withColumn, const QString& reason) const;
+    static JsonTree parsed(const QString& path, const QByteArray& content);
 
     QString m_path;
-    QByteArray m_content;
-    QJsonDocument m_document;
-    mutable qsizetype m_fieldsSeen = 0;
+    JsonTree m_tree;
 };
 
 /// A value in a file, which knows where it stands: each function throws a `FolderFailure` that names the file, the line
 /// and the path ("nodes[3].type") when the value is not what is asked for.
-///
-/// It points at the place that it was got from, which must outlive it.
 class JsonPlace {
 public:
-    JsonPlace field(const char* name) const;
-    bool has(const char* name) const;
-    /// An object without other fields than these.
-    void requireOnly(std::initializer_list<const char*> names, std::span<const char* const> more = {}) const;
-    QStringList keys() const;
-    JsonPlace field(const QString& name) const; ///< One of `keys`.
+    JsonPlace field(std::string_view name) const;
+    bool has(std::string_view name) const { return find(name) != nullptr; }
+    /// A field that may be missing.
+    std::optional<JsonPlace> ifField(std::string_view name) const;
+    /// An object without other fields than these. Of several, the first by name is told.
+    void requireOnly(std::initializer_list<std::string_view> names, std::span<const char* const> more = {}) const;
+    std::vector<JsonPlace> fields() const; ///< The values of all fields of an object, in the order of the file.
+    QString key() const;                   ///< The name of a field, of which this is the value.
 
     int size() const; ///< The number of items of an array.
     JsonPlace item(int index) const;
     void requireSize(int size) const; ///< A list of this many items.
 
     QString text() const;
+    bool is(std::string_view text) const; ///< Whether it is that text.
     bool flag() const;
     int integer(int lowest = std::numeric_limits<int>::min(), int highest = std::numeric_limits<int>::max()) const;
     double number() const;                               ///< Finite.
@@ -74,21 +69,17 @@ public:
 
 private:
     friend class JsonFile;
+    using Value = JsonTree::Value;
 
-    JsonPlace(const JsonFile& file, const JsonPlace* parent, const char* field, QString key, int index,
-              const QJsonValue& value);
+    JsonPlace(const JsonFile& file, const Value& value) : m_file(&file), m_value(&value) {}
 
-    QString name() const;
-    const QJsonObject& object() const;
+    const JsonTree& tree() const { return m_file->m_tree; }
+    std::span<const Value> objectContent() const;
+    const Value* find(std::string_view name) const;
+    QString pathText() const;
 
     const JsonFile* m_file;
-    const JsonPlace* m_parent;
-    const char* m_field; ///< Null where `m_key` or `m_index` says where it is.
-    QString m_key;
-    int m_index;
-    QJsonValue m_value;
-    QJsonArray m_array; ///< The value in its form, made once for the many questions to it.
-    QJsonObject m_object;
+    const Value* m_value;
 };
 
 } // namespace brindle::engine

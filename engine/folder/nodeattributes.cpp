@@ -92,22 +92,18 @@ void NodeAttributeReader::read(const JsonPlace& place, Node& node)
 {
     const AttributeSet& attributes = node.attributes();
     const QString type = node.host().typeName();
-    if (place.has("values")) {
-        const JsonPlace values = place.field("values");
-        for (const QString& path : values.keys()) {
-            const JsonPlace value = values.field(path);
-            const int at = attributes.find(path);
+    if (const auto values = place.ifField("values")) {
+        for (const JsonPlace& value : values->fields()) {
+            const int at = attributes.find(value.key());
             if (at < 0 || !hasValue(attributes.at(at)))
                 value.fail(QStringLiteral("is no attribute of a node of type \"%1\"").arg(type));
             readValue(value, attributes.at(at));
         }
     }
-    if (place.has("columns")) {
-        const JsonPlace columns = place.field("columns");
+    if (const auto columns = place.ifField("columns")) {
         std::vector<std::pair<int, const TUTimedValue*>> links;
-        for (const QString& path : columns.keys()) {
-            const JsonPlace name = columns.field(path);
-            const int at = attributes.find(path);
+        for (const JsonPlace& name : columns->fields()) {
+            const int at = attributes.find(name.key());
             if (at < 0 || !attributes.at(at).socket())
                 name.fail(QStringLiteral("is no attribute of a node of type \"%1\" that a column can drive").arg(type));
             const TUTimedValue* column = m_scene.timedValues()->findTimedValue(name.text(), 0);
@@ -115,7 +111,7 @@ void NodeAttributeReader::read(const JsonPlace& place, Node& node)
                 name.fail(QStringLiteral("is not the name of a column"));
             links.emplace_back(at, column);
         }
-        // A parsed object has lost the order of its fields.
+        // In the order of the attributes, in whatever order a person has put them.
         std::sort(links.begin(), links.end());
         for (const auto& [at, column] : links)
             m_driven[column].push_back(&attributes.at(at));

@@ -29,7 +29,8 @@ void writePicture(JsonWriter& json, const Picture& picture)
 Picture readPicture(const JsonPlace& place)
 {
     place.requireOnly({"name", "width", "height", "fovFit", "fov", "projection"});
-    const QString name = place.has("name") ? place.field("name").text() : QString();
+    const auto named = place.ifField("name");
+    const QString name = named ? named->text() : QString();
     const int width = place.field("width").integer(1);
     const int height = place.field("height").integer(1);
     const auto fit = static_cast<TUDbResolution::FovFit>(place.field("fovFit").oneOf({"HEIGHT", "WIDTH"}));
@@ -37,7 +38,7 @@ Picture readPicture(const JsonPlace& place)
         static_cast<TUDbResolution::Projection>(place.field("projection").oneOf({"PERSPECTIVE", "ORTHOGONAL"}));
     const Picture picture{SC_Resolution(name, width, height, fit, projection), place.field("fov").number()};
     if (!name.isEmpty() && Picture::named(name).resolution.width() == 0)
-        place.field("name").fail(QStringLiteral("is no named resolution"));
+        named->fail(QStringLiteral("is no named resolution"));
     if (!isAcceptable(picture))
         place.fail(QStringLiteral("is no resolution that a project can have"));
     return picture;
@@ -146,13 +147,11 @@ QStringList readProjectFile(const JsonFile& file, ProjectRecord& record)
     } else {
         root.requireOnly(
             {"format", "version", "lastChange", "resolution", "colourSpace", "textureDensity", "metrics", "scenes"});
-        if (root.has("lastChange"))
-            record.lastChange = root.field("lastChange").text();
+        if (const auto change = root.ifField("lastChange"))
+            record.lastChange = change->text();
         readSettings(root, record.settings);
     }
-    const QStringList sceneFiles = readSceneFiles(root.field("scenes"));
-    file.requireNoFieldTwice();
-    return sceneFiles;
+    return readSceneFiles(root.field("scenes"));
 }
 
 } // namespace brindle::engine

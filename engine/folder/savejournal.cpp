@@ -41,15 +41,15 @@ QString filePath(const JsonPlace& place, int deepest = std::numeric_limits<int>:
 
 std::optional<Checksum> readChecksum(const JsonPlace& file, const char* name)
 {
-    if (!file.has(name))
+    const auto place = file.ifField(name);
+    if (!place)
         return std::nullopt;
-    const JsonPlace place = file.field(name);
-    place.requireSize(2);
-    const double size = place.item(0).number();
-    const double crc = place.item(1).number();
+    place->requireSize(2);
+    const double size = place->item(0).number();
+    const double crc = place->item(1).number();
     constexpr double largest = 1LL << 53;
     if (!(size >= 0 && size <= largest && crc >= 0 && crc <= std::numeric_limits<std::uint32_t>::max()))
-        place.fail(QStringLiteral("is no size and checksum"));
+        place->fail(QStringLiteral("is no size and checksum"));
     return Checksum{qint64(size), std::uint32_t(crc)};
 }
 
@@ -102,7 +102,6 @@ SaveJournal SaveJournal::read(const QString& path, const QByteArray& text)
         for (int i = 0; i < files.size(); ++i)
             journal.files.push_back(readFile(files.item(i)));
     }
-    file.requireNoFieldTwice();
     return journal;
 }
 

@@ -42,10 +42,10 @@ public:
         for (int i = 0; i < columns.size(); ++i)
             linkColumn(columns.item(i), *m_columns.begin()[i], m_attributes.driven());
         readMarkers();
-        if (m_root.has("camera"))
-            m_scene.setDefaultCamera(nodeAt<TUCameraModule>(m_root.field("camera"), "a camera"));
-        if (m_root.has("display"))
-            m_scene.setDefaultDisplay(nodeAt<TUDisplayModule>(m_root.field("display"), "a display"));
+        if (const auto camera = m_root.ifField("camera"))
+            m_scene.setDefaultCamera(nodeAt<TUCameraModule>(*camera, "a camera"));
+        if (const auto display = m_root.ifField("display"))
+            m_scene.setDefaultDisplay(nodeAt<TUDisplayModule>(*display, "a display"));
     }
 
     /// Sets what a scene of version 1 had, when it could not be chosen.
@@ -72,14 +72,14 @@ private:
 
     void readMarkers()
     {
-        if (!m_root.has("markers"))
+        const auto list = m_root.ifField("markers");
+        if (!list)
             return;
-        const JsonPlace list = m_root.field("markers");
         SceneMarkers markers;
-        for (int i = 0; i < list.size(); ++i)
-            markers.push_back(readMarker(list.item(i)));
+        for (int i = 0; i < list->size(); ++i)
+            markers.push_back(readMarker(list->item(i)));
         if (!m_scene.restoreMarkers(std::move(markers)))
-            list.fail(QStringLiteral("are not in the order of their frames, or not within the scene"));
+            list->fail(QStringLiteral("are not in the order of their frames, or not within the scene"));
     }
 
     static SC_SceneMarker readMarker(const JsonPlace& place)
@@ -94,8 +94,8 @@ private:
         if (!form.match(colour.text()).hasMatch())
             colour.fail(QStringLiteral("is no colour \"#AARRGGBB\""));
         marker.colour = colour.text().mid(1).toUInt(nullptr, 16);
-        if (place.has("note"))
-            marker.note = place.field("note").text();
+        if (const auto note = place.ifField("note"))
+            marker.note = note->text();
         return marker;
     }
 
@@ -107,8 +107,8 @@ private:
         m_nodes.push_back(&node);
         if (Group* group = node.asGroup())
             m_groups.push_back(group);
-        if (place.has("enabled"))
-            node.setEnabled(place.field("enabled").flag());
+        if (const auto enabled = place.ifField("enabled"))
+            node.setEnabled(enabled->flag());
         m_attributes.read(place, node);
     }
 
@@ -171,8 +171,8 @@ private:
     static void readPorts(const JsonPlace& place, Node& node, PortSide side, const char* name)
     {
         if (!node.takesPorts(side)) {
-            if (place.has(name))
-                place.field(name).fail(QStringLiteral("can't be told of a node of this type"));
+            if (const auto ports = place.ifField(name))
+                ports->fail(QStringLiteral("can't be told of a node of this type"));
             return;
         }
         while (node.portCount(side) > 0)
@@ -213,11 +213,9 @@ private:
 
     static void readLinks(const JsonPlace& place, const Node& node)
     {
-        if (!place.has("links"))
-            return;
-        const JsonPlace links = place.field("links");
-        for (int i = 0; i < links.size(); ++i) {
-            const JsonPlace link = links.item(i);
+        const auto links = place.ifField("links");
+        for (int i = 0; links && i < links->size(); ++i) {
+            const JsonPlace link = links->item(i);
             Port* out = portAt(link.item(0), node, PortSide::Out);
             const JsonPlace name = link.item(1);
             const Node* target = node.parent() ? node.parent()->subNodes().find(name.text()) : nullptr;
@@ -289,7 +287,6 @@ void readScene(const JsonFile& file, QSet<QString>& names, ProjectMaker& maker)
     reader.read();
     if (version == 1)
         reader.chooseFirstDisplay();
-    file.requireNoFieldTwice();
 }
 
 } // namespace brindle::engine

@@ -3,6 +3,7 @@
 #include "core/host/sc_scene.h"
 #include "engine/attributes/attributeset.h"
 #include "engine/attributes/attributetable.h"
+#include "engine/enginepart.h"
 #include "engine/graph/group.h"
 #include "engine/graph/names.h"
 #include "engine/graph/portcommands.h"
@@ -10,8 +11,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cstddef>
-#include <typeinfo>
 
 namespace brindle::engine {
 
@@ -22,13 +21,6 @@ std::uint64_t nextSerial()
     static std::atomic<std::uint64_t> last = 0;
     return ++last;
 }
-
-/// How far the engine's part of a node lies behind the host's part in the nodes of a class.
-struct Way {
-    const std::type_info* type;
-    std::ptrdiff_t distance;
-};
-[[gnu::tls_model("initial-exec")]] constinit thread_local Way lastWay = {nullptr, 0};
 
 } // namespace
 
@@ -190,18 +182,7 @@ const AttributeSet& Node::attributes() const
 
 Node* engineNode(MO_Node* node)
 {
-    if (!node)
-        return nullptr;
-    // Within a class the way from the host's part of a node to the engine's is the same. Looking for it compares names
-    // of classes, so the last one is remembered.
-    const std::type_info* type = &typeid(*node);
-    if (type != lastWay.type) {
-        auto* own = dynamic_cast<Node*>(node);
-        if (!own)
-            return nullptr;
-        lastWay = {type, reinterpret_cast<char*>(own) - reinterpret_cast<char*>(node)};
-    }
-    return reinterpret_cast<Node*>(reinterpret_cast<char*>(node) + lastWay.distance);
+    return enginePart<Node>(node);
 }
 
 std::uint64_t nextWalkMark()

@@ -41,10 +41,8 @@ PreferenceFile::Values valuesIn(const QString& path)
     if (root.requireFormat(preferenceFormat, std::numeric_limits<int>::max()) > preferenceVersion)
         throw ForeignFile{quoted(path) + " is that of a newer version of the application"};
     root.requireOnly({"format", "version", "values"});
-    const JsonPlace entries = root.field("values");
-    for (const QString& name : entries.keys())
-        values.insert(name, entries.field(name).flag());
-    file.requireNoFieldTwice();
+    for (const JsonPlace& value : root.field("values").fields())
+        values.insert(value.key(), value.flag());
     return values;
 }
 
