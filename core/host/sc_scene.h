@@ -10,6 +10,7 @@
 #include <vector>
 
 class MO_Node;
+class PIO_Metadatas;
 class SC_SceneCommon;
 class SC_SceneMetrics;
 class TUCameraModule;
@@ -75,6 +76,7 @@ public:
     /// displays; null while it has none.
     virtual TUDisplayModule* findDefaultDisplay() const = 0;
     virtual UT_FrameRate frameRate() const = 0;
+    virtual PIO_Metadatas* metadatas() const { return nullptr; } ///< Null for a scene that keeps none.
 
     virtual int getNumberOfFrames() const = 0;
     /// Inserts `delta` frames before frame `at` + 1, or removes -`delta` frames that begin there when it is negative

@@ -1,5 +1,6 @@
 #include "core/scene/scene.h"
 
+#include "core/elements/metadatahandler.h"
 #include "core/frame/finite.h"
 #include "core/frame/found.h"
 #include "core/frame/undo.h"
@@ -133,6 +134,16 @@ Obj Scene::getUnitConverter() const
 {
     validate();
     return Obj(new SceneUnitConverter(scene()));
+}
+
+Obj Scene::getMetadata() const
+{
+    return Obj(newMetadata());
+}
+
+MetaDataHandler* Scene::newMetadata() const
+{
+    return new MetaDataHandler(&target());
 }
 
 // Fails unchecked, so a scene that is gone says this too: required as it is.

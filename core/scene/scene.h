@@ -20,6 +20,7 @@ namespace OMC {
 
 class FrameOptions;
 class GroupNode;
+class MetaDataHandler;
 class NodeList;
 
 /// A scene of the project: its timing, what it is seen through, the settings that it shares with the project, and its
@@ -42,6 +43,7 @@ class BRINDLE_CORE_EXPORT Scene : public EngineView<TUScene> {
     Q_PROPERTY(QVariant camera READ getCamera WRITE setCamera)
     Q_PROPERTY(QVariant camera_path READ getCameraPath WRITE setCameraPath)
     Q_PROPERTY(OMC::Obj unit_converter READ getUnitConverter)
+    Q_PROPERTY(OMC::Obj metadata READ getMetadata)
     Q_PROPERTY(std::vector<OMC::Obj> sounds READ getSounds)
     Q_PROPERTY(OMC::Obj top READ getTop)
     Q_PROPERTY(OMC::Obj nodes READ getNodes)
@@ -95,7 +97,9 @@ public:
     virtual void setCameraPath(const QVariant& camera);
     virtual QVariant getCameraPath() const; ///< The default camera's path, "NONE" without one; written as `getCamera`.
 
-    virtual Obj getUnitConverter() const;       ///< The way between fields and OpenGL units.
+    virtual Obj getUnitConverter() const; ///< The way between fields and OpenGL units.
+    virtual Obj getMetadata() const;      ///< The named values that the scene carries along.
+    MetaDataHandler* newMetadata() const;
     virtual std::vector<Obj> getSounds() const; ///< Not supported: reading it always fails.
     virtual Obj getTop() const;                 ///< The root group.
     GroupNode* newTop() const;                  ///< The same, for a caller that takes the wrapper itself.

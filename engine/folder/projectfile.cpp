@@ -10,7 +10,7 @@ namespace brindle::engine {
 namespace {
 
 constexpr char projectFormat[] = "brindle-project";
-constexpr int projectVersion = 2;
+constexpr int projectVersion = 3;
 
 void writePicture(JsonWriter& json, const Picture& picture)
 {

@@ -10,7 +10,7 @@ struct ProjectRecord;
 
 /// The form of "project.json": JSON with these fields.
 ///
-///     format, version  "brindle-project", 2
+///     format, version  "brindle-project", 3
 ///     lastChange       left out when it is empty
 ///     resolution       width and height in pixels, fovFit "HEIGHT" or "WIDTH", fov in degrees, projection
 ///                      "PERSPECTIVE" or "ORTHOGONAL"; name, left out when it has none

@@ -13,11 +13,12 @@ class ProjectMaker;
 
 /// The form of a scene in its file: JSON with these fields.
 ///
-///     format, version    "brindle-scene", 2
+///     format, version    "brindle-scene", 3
 ///     name               of the scene
 ///     frames, start, stop, frameRate
 ///     camera, display    the paths of the default ones: "Top/Camera"; left out where none is set
 ///     markers            name, frame, length, colour "#AARRGGBB", and note, left out when empty; the list likewise
+///     metadata           as MetadataList::write has them; left out where there are none
 ///     nodes              the root group and all below it, depth first, each group ahead of its content
 ///     columns            in the order of the exposure sheet
 ///
@@ -44,10 +45,11 @@ class ProjectMaker;
 /// Nodes are named by their group, links by the nodes' names, so that a change in one place of the scene is a change in
 /// one place of the file. Ids of the session are not kept.
 ///
-/// Version 1 has no camera, display and markers; such a scene gets its first display as the default one.
+/// Version 1 has no camera, display and markers; such a scene gets its first display as the default one. Version 2 has
+/// no metadata.
 
 inline constexpr char sceneFormat[] = "brindle-scene";
-inline constexpr int sceneVersion = 2;
+inline constexpr int sceneVersion = 3;
 
 QByteArray sceneText(const TUScene& scene);
 

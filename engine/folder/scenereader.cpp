@@ -42,6 +42,8 @@ public:
         for (int i = 0; i < columns.size(); ++i)
             linkColumn(columns.item(i), *m_columns.begin()[i], m_attributes.driven());
         readMarkers();
+        if (const auto metadata = m_root.ifField("metadata"))
+            m_scene.metadataList().read(*metadata);
         if (const auto camera = m_root.ifField("camera"))
             m_scene.setDefaultCamera(nodeAt<TUCameraModule>(*camera, "a camera"));
         if (const auto display = m_root.ifField("display"))
@@ -254,7 +256,7 @@ SceneRecord readRecord(const JsonPlace& root, int version)
         root.requireOnly({"format", "version", "name", "frames", "start", "stop", "frameRate", "nodes", "columns"});
     else
         root.requireOnly({"format", "version", "name", "frames", "start", "stop", "frameRate", "camera", "display",
-                          "markers", "nodes", "columns"});
+                          "markers", "metadata", "nodes", "columns"});
     SceneRecord record;
     record.name = root.field("name").text();
     record.frameCount = root.field("frames").integer(1, SceneTiming::maxCount);

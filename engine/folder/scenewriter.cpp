@@ -6,6 +6,7 @@
 #include "engine/folder/jsonwriter.h"
 #include "engine/folder/nodeattributes.h"
 #include "engine/graph/group.h"
+#include "engine/session/scenemetadata.h"
 
 namespace brindle::engine {
 
@@ -27,6 +28,8 @@ public:
         m_json.key("frameRate").number(m_scene.frameRate().fps());
         writeViews(*m_scene.sceneCommon());
         writeMarkers(m_scene.sceneCommon()->sceneMarkers());
+        if (const auto* metadata = dynamic_cast<const MetadataList*>(m_scene.metadatas()))
+            metadata->write(m_json);
         m_json.key("nodes").beginArray();
         if (Group* root = engineGroup(m_scene.getRootGroup()))
             forEachFrom(*root, [this](const Node& node) { writeNode(node); });

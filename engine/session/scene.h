@@ -5,14 +5,15 @@
 #include "engine/graph/scenegraph.h"
 #include "engine/session/changemanager.h"
 #include "engine/session/scenemarkers.h"
+#include "engine/session/scenemetadata.h"
 #include "engine/session/scenetiming.h"
 
 namespace brindle::engine {
 
 class ProjectCommon;
 
-/// A scene of a project, which it belongs to: timing, markers, node graph, columns, and the nodes that it is seen
-/// through.
+/// A scene of a project, which it belongs to: timing, markers, metadata, node graph, columns, and the nodes that
+/// it is seen through.
 ///
 /// The setters change it at once and record nothing: commands, and who reads a project, call them.
 class Scene final : public TUScene, public SC_SceneCommon, public ColumnListOwner {
@@ -23,6 +24,8 @@ public:
     SceneGraph& graph() { return m_graph; }
     ColumnList& columnList() override { return m_columns; }
     ChangeManager& changes() { return m_changes; }
+    MetadataList& metadataList() { return m_metadata; }
+    const MetadataList& metadataList() const { return m_metadata; }
     const SceneTiming& timing() const { return m_timing; }
     void setTiming(const SceneTiming& timing);
 
@@ -57,6 +60,7 @@ public:
     const SC_SceneMetrics* metrics() const override;
     TUDisplayModule* findDefaultDisplay() const override;
     UT_FrameRate frameRate() const override { return UT_FrameRate(m_timing.rate); }
+    PIO_Metadatas* metadatas() const override { return const_cast<MetadataList*>(&m_metadata); }
 
     int getNumberOfFrames() const override { return m_timing.count; }
     void setNumberOfFrames(int at, int delta, bool rippleMarkers, bool) override;
@@ -77,6 +81,7 @@ private:
     SceneTiming m_timing;
     SceneMarkers m_markers;
     ChangeManager m_changes;
+    MetadataList m_metadata{m_changes};
     TUCameraModule* m_camera = nullptr;
     TUDisplayModule* m_display = nullptr;
     std::unique_ptr<TUDisplayModule> m_unconnectedDisplay;

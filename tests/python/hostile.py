@@ -105,7 +105,7 @@ def dead_objects(app):
 
 
 KEPT = {"application", "locked block", "project", "resolution", "named resolution", "history", "bracket", "scenes",
-        "scene", "aspect", "units", "center", "unit converter", "nodes of the scene", "copied nodes", "display",
+        "scene", "aspect", "units", "center", "unit converter", "metadata", "metadata pair", "nodes of the scene", "copied nodes", "display",
         "composite", "dynamic in-ports", *support.VALUES}
 
 

@@ -90,6 +90,7 @@ def samples(app):
         angle.set_value(frame, value)
     column = angle.column
     composite = nodes["Top/Composite"]
+    scene.metadata["Sample-Data"] = "text"
     into_group = group.ports_in.create("peg")
     into_group.link(peg)
     inner.ports_in[0].link(group.multi_port_in.ports_out[0])
@@ -107,6 +108,8 @@ def samples(app):
         "units": scene.units,
         "center": scene.center,
         "unit converter": scene.unit_converter,
+        "metadata": scene.metadata,
+        "metadata pair": scene.metadata["Sample-Data"],
         "nodes of the scene": nodes,
         "nodes of a group": group.nodes,
         "copied nodes": nodes.copy(),

@@ -8,7 +8,7 @@ import support
 UNEXPECTED = "An unexpected error has occurred."
 KEPT_BY_CLOSING = {"application", "locked block", *support.VALUES}
 KEPT = {"project", "resolution", "named resolution", "history", "bracket", "scenes", "aspect", "units", "center",
-        "unit converter", "scene", "nodes of the scene", "copied nodes", "display", "composite",
+        "unit converter", "metadata", "metadata pair", "scene", "nodes of the scene", "copied nodes", "display", "composite",
         "dynamic in-ports", *KEPT_BY_CLOSING}
 NODES = {"peg", "camera", "display", "read", "group", "composite", "multi-port in", "multi-port out"}
 # Members that still answer after the object is gone, because they don't ask the project.
@@ -52,7 +52,7 @@ ARGUMENTS = {
     "set_localvalue": (1,), "reset_value": (1,), "offset_value": (1, 1), "get_text_value": (1,),
     "set_text_value": (1, "1"), "get_entry": (1,), "set_entry": (1, 1), "scale": (1,), "keyframe_create": (1,),
     "keyframe_remove": (1,), "keyframe_exists": (1,), "keyframe_clear": (1, 2),
-    "create_point": (1, 1, 1, 1, 1, 1), "save_as": ("x",), "move_to": ("x",), "move": ("x",),
+    "create_point": (1, 1, 1, 1, 1, 1), "save_as": ("x",), "create_metadata_pair_at_idx": (0,), "move_to": ("x",), "move": ("x",),
 }
 
 

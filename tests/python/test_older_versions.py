@@ -12,7 +12,7 @@ import pytest
 import support
 
 SAMPLES = support.ROOT / "tests" / "data" / "projects"
-CURRENT = "v2"
+CURRENT = "v3"
 
 
 @pytest.fixture
@@ -26,7 +26,7 @@ def sample(tmp_path):
 
 
 def test_there_is_a_sample_of_every_version(app, folder):
-    assert sorted(path.name for path in SAMPLES.iterdir()) == ["v1", "v2"]
+    assert sorted(path.name for path in SAMPLES.iterdir()) == ["v1", "v2", "v3"]
     for version in SAMPLES.iterdir():
         for content in support.files(version).values():
             assert f'"version": {version.name[1:]},'.encode() in content
@@ -34,7 +34,7 @@ def test_there_is_a_sample_of_every_version(app, folder):
 
 
 def check_walk(scene):
-    """What both samples have in the scene "Walk"."""
+    """What all samples have in the scene "Walk"."""
     nodes = scene.nodes
     assert [node.path for node in nodes] == [
         "Top/Display", "Top/Composite", "Top/Body", "Top/Arm", "Top/Main d'œuvre", "Top/Hand",
@@ -95,12 +95,13 @@ def test_version_1_gets_what_a_new_project_has_beside(sample, app):
             assert settings(old.project, scene) == new
 
 
-def test_version_1_is_saved_in_the_current_version_and_has_all_of_it(sample):
-    folder = sample("v1")
+@pytest.mark.parametrize("version", ["v1", "v2"])
+def test_an_older_version_is_saved_in_the_current_one_and_has_all_of_it(sample, version):
+    folder = sample(version)
     with brindle.open(folder) as app:
         first = support.saved(app, folder)
     assert all(f'"version": {CURRENT[1:]},'.encode() in content for content in first.values())
-    assert first.keys() == support.files(SAMPLES / "v1").keys()
+    assert first.keys() == support.files(SAMPLES / version).keys()
     with brindle.open(folder) as app:
         check_walk(app.scene)
         check_run(list(app.scenes)[1])
@@ -114,20 +115,37 @@ def test_version_1_is_as_it_was_while_it_is_read_only(sample):
     assert support.files(folder) == support.files(SAMPLES / "v1")
 
 
+def check_second_version(walk, run):
+    """What the samples have since version 2."""
+    size = brindle.application().project.resolution
+    assert (size.x, size.y, size.default_name) == (720, 500, "")
+    assert (walk.frame_count, walk.frame_start, walk.frame_stop, walk.framerate) == (50, 3, 40, 25.0)
+    assert walk.colorspace == "Display P3"
+    assert (walk.aspect.x, walk.units.x, walk.units.y, walk.units.z) == (3.0, 16, 24, 8)
+    assert (walk.center.x, walk.center.y) == (3, -2)
+    assert (walk.camera_path, walk.display_name) == ("Top/Camera", "Display")
+    assert (run.camera_path, run.display) == ("NONE", None)
+    check_walk(walk)
+    check_run(run)
+
+
+def test_version_2_opens_with_all_that_is_in_it(sample):
+    folder = sample("v2")
+    with brindle.open(folder) as app:
+        check_second_version(*app.scenes)
+        assert not len(app.scene.metadata)
+        assert not app.project.dirty
+    assert support.files(folder) == support.files(SAMPLES / "v2"), "opening changes nothing"
+
+
 def test_the_current_version_opens_with_all_that_is_in_it_and_is_saved_as_it_stands(sample):
     folder = sample(CURRENT)
     with brindle.open(folder) as app:
         walk, run = app.scenes
-        size = app.project.resolution
-        assert (size.x, size.y, size.default_name) == (720, 500, "")
-        assert (walk.frame_count, walk.frame_start, walk.frame_stop, walk.framerate) == (50, 3, 40, 25.0)
-        assert walk.colorspace == "Display P3"
-        assert (walk.aspect.x, walk.units.x, walk.units.y, walk.units.z) == (3.0, 16, 24, 8)
-        assert (walk.center.x, walk.center.y) == (3, -2)
-        assert (walk.camera_path, walk.display_name) == ("Top/Camera", "Display")
-        assert (run.camera_path, run.display) == ("NONE", None)
-        check_walk(walk)
-        check_run(run)
+        check_second_version(walk, run)
+        assert walk.metadata.map() == {"shot": "SQ010_0040", "takes": 3, "seconds": 2.5, "approved": True,
+                                       "Note: \"main\" d'œuvre": "two\nlines"}
+        assert (walk.metadata["shot"].creator, walk.metadata["shot"].version) == ("breakdown", "1.2")
         assert support.saved(app, folder) == support.files(SAMPLES / CURRENT)
         app.scene.frame_count = 70
         assert support.saved(app, folder) != support.files(SAMPLES / CURRENT)

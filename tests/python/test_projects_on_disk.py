@@ -147,18 +147,18 @@ def test_a_file_of_garbage_is_damaged(other, saved_folder, file, format_, name):
 
 
 @pytest.mark.parametrize("file", ["project.json", SCENE])
-@pytest.mark.parametrize("version", [3, 4, 2**31 - 1])
+@pytest.mark.parametrize("version", [4, 5, 2**31 - 1])
 def test_a_newer_file_names_its_version(other, saved_folder, file, version):
     path = saved_folder / file
-    path.write_text(path.read_text().replace('"version": 2', f'"version": {version}'))
-    sentence = f'"{path}" has format version {version}, and this version of the application reads versions up to 2.'
+    path.write_text(path.read_text().replace('"version": 3', f'"version": {version}'))
+    sentence = f'"{path}" has format version {version}, and this version of the application reads versions up to 3.'
     assert open_error(saved_folder) == sentence
 
 
 @pytest.mark.parametrize("version", ["0", "-1", '"1"', "1.5", "2147483648", "null", "[1]"])
 def test_a_version_that_is_none_is_damage(other, saved_folder, version):
     path = saved_folder / SCENE
-    path.write_text(path.read_text().replace('"version": 2', f'"version": {version}'))
+    path.write_text(path.read_text().replace('"version": 3', f'"version": {version}'))
     assert open_error(saved_folder).startswith(f'"{path}" is damaged at line 3: version is not a whole number')
 
 

@@ -31,6 +31,15 @@ class UndoMachine(UndoModel):
     def framerate(self, rate):
         self.do("Set Frame Rate", lambda: setattr(self.scene, "framerate", rate))
 
+    @rule(key=NAME, value=st.one_of(st.none(), st.booleans(), st.integers(-9, 9), NUMBER, NAME, st.just([1])))
+    def metadata(self, key, value):
+        self.do(f"Set Scene Metadata :{key}", lambda: self.scene.metadata.set(key, value))
+
+    @rule(index=INDEX, field=st.sampled_from(["creator", "version"]), text=NAME)
+    def metadata_field(self, index, field, text):
+        if pair := pick(self.scene.metadata.list(), index):
+            self.do(f"Set Scene Metadata :{pair.key}", lambda: setattr(pair, field, text))
+
     # Nodes.
 
     @rule(type_=TYPE, name=NAME, index=INDEX)

@@ -1,5 +1,6 @@
 #include "core/scene/scene.h"
 
+#include "core/elements/metadatahandler.h"
 #include "core/nodes/groupnode.h"
 #include "core/nodes/nodelist.h"
 #include "core/scene/scenelist.h"
@@ -62,6 +63,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .property("camera", "CameraNode | None", "NodesLike | None")
             .property("camera_path", "str", "NodesLike | None")
             .property("unit_converter", "SceneUnitConverter")
+            .property<&Scene::newMetadata>("metadata")
             .property("sounds", "list[Sound]")
             .property<&Scene::newTop>("top")
             .property<&Scene::newNodes>("nodes")

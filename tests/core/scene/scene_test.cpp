@@ -102,6 +102,7 @@ TEST_F(SceneTest, ThePropertiesStandInTheirOrder)
                                                                               "camera",
                                                                               "camera_path",
                                                                               "unit_converter",
+                                                                              "metadata",
                                                                               "sounds",
                                                                               "top",
                                                                               "nodes",

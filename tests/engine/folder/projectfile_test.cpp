@@ -9,7 +9,7 @@ namespace {
 
 const QByteArray soundText = R"({
   "format": "brindle-project",
-  "version": 2,
+  "version": 3,
   "lastChange": "Rename Arm",
   "resolution": {
     "name": "HD_720",
@@ -57,9 +57,9 @@ struct ProjectDamage {
 };
 
 constexpr ProjectDamage projectDamages[] = {
-    {"NewerVersion", "\"version\": 2", "\"version\": 3",
-     "has format version 3, and this version of the application reads versions up to 2"},
-    {"FieldsOfTheNextVersion", "\"version\": 2", "\"version\": 1",
+    {"NewerVersion", "\"version\": 3", "\"version\": 4",
+     "has format version 4, and this version of the application reads versions up to 3"},
+    {"FieldsOfTheNextVersion", "\"version\": 3", "\"version\": 1",
      "is damaged at line 13: colourSpace is an unknown field"},
     {"LastChangeIsNumber", "\"Rename Arm\"", "4", "is damaged at line 4: lastChange is not a text"},
     {"NoResolution", "\"resolution\"", "\"resolutions\"", "is damaged at line 5: resolutions is an unknown field"},

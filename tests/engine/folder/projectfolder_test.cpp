@@ -387,7 +387,7 @@ TEST_F(ProjectFolderTest, DamageOfTheProjectFileIsTold)
         {R"({"format": null})", "is damaged at line 1: format is not a text."},
         {R"({"format": "x"})", "is damaged at line 1: format is not \"brindle-project\"."},
         {R"({"format": "brindle-project", "version": 99, "scenes": 1})",
-         "has format version 99, and this version of the application reads versions up to 2."},
+         "has format version 99, and this version of the application reads versions up to 3."},
         {R"({"format": "brindle-project", "version": 1})", "is damaged at line 1: the file has no field \"scenes\"."},
         {R"({"format": "brindle-project", "version": 1, "scenes": {}})", "is damaged at line 1: scenes is not a list."},
         {R"({"format": "brindle-project", "version": 1, "scenes": []})", "is damaged at line 1: scenes has no scene."},

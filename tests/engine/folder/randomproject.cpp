@@ -2,6 +2,7 @@
 
 #include "core/host/at_attr.h"
 #include "core/host/cel_colorspace.h"
+#include "core/host/pio_metadata.h"
 #include "core/host/sc_advancedflags.h"
 #include "core/host/sc_projectcmds.h"
 #include "core/host/sc_scenemarker.h"
@@ -58,7 +59,7 @@ void RandomProject::change(int steps)
                             &RandomProject::linkColumn,     &RandomProject::editColumn,    &RandomProject::editColumn,
                             &RandomProject::editColumn,     &RandomProject::changeScene,   &RandomProject::removeNode,
                             &RandomProject::changeSettings, &RandomProject::changeMarkers, &RandomProject::changeViews,
-                            &RandomProject::changeScenes};
+                            &RandomProject::changeScenes,   &RandomProject::changeMetadata};
     for (; steps > 0; --steps)
         (this->*all[below(std::size(all))])();
 }
@@ -269,6 +270,27 @@ void RandomProject::changeMarkers()
         m_project.run(new SC_SceneCmds::SetSceneMarkerCmd(scene, place, marker));
     else
         m_project.run(new SC_SceneCmds::RemoveSceneMarkerCmd(scene, place));
+}
+
+void RandomProject::changeMetadata()
+{
+    SC_SceneCommon* scene = m_project.scene().sceneCommon();
+    const int count = m_project.scene().metadatas()->count();
+    if (count > 0 && below(4) == 0) {
+        m_project.run(new RemoveSceneMetadataCmd(scene, below(count)));
+        return;
+    }
+    PIO_Metadata* entry = nullptr;
+    PIO_MetadataFactory::impl()->create(static_cast<PIO_Metadata::Type>(below(4)), name(), &entry);
+    if (below(2))
+        entry->setCreator(name());
+    if (below(2))
+        entry->setVersion(name() + QStringLiteral("\n\t\u0001"));
+    m_project.run(new AddSceneMetadataCmd(scene, entry));
+    m_project.run(new SetBoolValueCmd(common(), entry, below(2)));
+    m_project.run(new SetIntValueCmd(common(), entry, below(1000) - 500));
+    m_project.run(new SetDoubleValueCmd(common(), entry, number()));
+    m_project.run(new SetGenericValueCmd(common(), entry, name()));
 }
 
 void RandomProject::changeViews()

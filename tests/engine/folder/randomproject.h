@@ -33,6 +33,7 @@ private:
     void changeSettings();
     void changeMarkers();
     void changeViews();
+    void changeMetadata();
     void changeScenes();
     void removeNode();
 

@@ -47,7 +47,7 @@ TEST_F(SceneFileTest, ANewProjectIsThreeNodesInPlainText)
     saved();
     EXPECT_EQ(get(path() + "/project.json"), R"({
   "format": "brindle-project",
-  "version": 2,
+  "version": 3,
   "resolution": {
     "name": "HD_1080",
     "width": 1920,
@@ -73,7 +73,7 @@ TEST_F(SceneFileTest, ANewProjectIsThreeNodesInPlainText)
 )");
     EXPECT_EQ(get(path() + "/scenes/Scene-1.json"), R"({
   "format": "brindle-scene",
-  "version": 2,
+  "version": 3,
   "name": "Scene-1",
   "frames": 60,
   "start": 1,

@@ -9,7 +9,7 @@ namespace {
 
 const QByteArray projectText = R"({
   "format": "brindle-project",
-  "version": 2,
+  "version": 3,
   "lastChange": "Rename Arm",
   "resolution": {
     "name": "HD_720",
@@ -37,7 +37,7 @@ const QByteArray projectText = R"({
 
 const QByteArray sceneText = R"({
   "format": "brindle-scene",
-  "version": 2,
+  "version": 3,
   "name": "Walk",
   "frames": 48,
   "start": 1,
@@ -175,7 +175,7 @@ struct SceneDamage {
 };
 
 constexpr SceneDamage sceneDamages[] = {
-    {"NoComma", "\"version\": 2,", "\"version\": 2", "is damaged at line 4, column 4: unterminated object."},
+    {"NoComma", "\"version\": 3,", "\"version\": 3", "is damaged at line 4, column 4: unterminated object."},
     {"BareWord", "48", "none", "is damaged at line 5, column 15: illegal value."},
     {"NumberTooLarge", "12.5", "1e999", "is damaged at line 8, column 21: illegal number."},
     {"FieldTwice", "\"stop\": 24", "\"start\": 2,\n  \"stop\": 24",
@@ -184,11 +184,11 @@ constexpr SceneDamage sceneDamages[] = {
      "is damaged at line 61, column 21: the field \"angle\" is there twice."},
     {"OtherFormat", "brindle-scene", "brindle-project", "is damaged at line 2: format is not \"brindle-scene\"."},
     {"FormatIsNumber", "\"brindle-scene\"", "5", "is damaged at line 2: format is not a text."},
-    {"NewerVersion", "\"version\": 2", "\"version\": 3, \"mood\": 3",
-     "has format version 3, and this version of the application reads versions up to 2."},
-    {"VersionIsZero", "\"version\": 2", "\"version\": 0",
+    {"NewerVersion", "\"version\": 3", "\"version\": 4, \"mood\": 3",
+     "has format version 4, and this version of the application reads versions up to 3."},
+    {"VersionIsZero", "\"version\": 3", "\"version\": 0",
      "is damaged at line 3: version is not a whole number from 1 to 2147483647."},
-    {"NoVersion", "  \"version\": 2,\n", "", "is damaged at line 1: the file has no field \"version\"."},
+    {"NoVersion", "  \"version\": 3,\n", "", "is damaged at line 1: the file has no field \"version\"."},
     {"UnknownField", "\"frames\"", "\"colour\": 1, \"frames\"", "is damaged at line 5: colour is an unknown field."},
     {"NameIsEmpty", "\"name\": \"Walk\"", "\"name\": \"\"", "is damaged at line 4: name is empty."},
     {"NameIsList", "\"name\": \"Walk\"", "\"name\": []", "is damaged at line 4: name is not a text."},
@@ -202,7 +202,7 @@ constexpr SceneDamage sceneDamages[] = {
      "is damaged at line 7: stop is not a whole number from 25 to 48."},
     {"RateIsZero", "12.5", "0", "is damaged at line 8: frameRate is not above 0."},
     {"RateIsText", "12.5", "\"12.5\"", "is damaged at line 8: frameRate is not a number."},
-    {"FieldsOfTheNextVersion", "\"version\": 2", "\"version\": 1", "is damaged at line 9: camera is an unknown field."},
+    {"FieldsOfTheNextVersion", "\"version\": 3", "\"version\": 1", "is damaged at line 9: camera is an unknown field."},
     {"CameraIsNumber", "\"Top/Eye\"", "7", "is damaged at line 9: camera is not a text."},
     {"CameraIsMissing", "\"Top/Eye\"", "\"Top/Nose\"", "is damaged at line 9: camera is not the path of a camera."},
     {"CameraIsADisplay", "\"Top/Eye\"", "\"Top/Film\"", "is damaged at line 9: camera is not the path of a camera."},

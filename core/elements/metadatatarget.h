@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/elements/metadatastore.h"
+#include "core/frame/baseobject.h"
+#include "core/frame/weakhandle.h"
+
+namespace OMC {
+
+/// What a wrapper of metadata belongs to: a scene.
+class BRINDLE_CORE_EXPORT MetaDataTarget {
+public:
+    explicit MetaDataTarget(TUScene* scene);
+
+    bool isGone() const;
+    std::unique_ptr<MetaDataStore> store() const; ///< The owner must be there.
+
+private:
+    WeakHandle<TUScene> m_scene;
+};
+
+/// A wrapper of the metadata of a target. `Base` is the class below it.
+template <typename Base>
+class MetaDataView : public Base {
+protected:
+    explicit MetaDataView(const MetaDataTarget& target) : m_target(target) {}
+
+    void validate() const override
+    {
+        if (m_target.isGone())
+            BaseObject::throwInvalid();
+        BaseObject::validateThreadLock();
+    }
+    /// The metadata of the target; throws as `validate` does.
+    std::unique_ptr<MetaDataStore> store() const
+    {
+        validate();
+        return m_target.store();
+    }
+    const MetaDataTarget& target() const { return m_target; }
+
+private:
+    MetaDataTarget m_target;
+};
+
+} // namespace OMC

@@ -1,0 +1,116 @@
+"""Metadata of scenes: what a script reads and writes, what the undo list calls it, and what a project keeps of it."""
+
+import brindle
+import pytest
+
+import support
+
+SEVERAL = "More than one metadata was found with supplied name -- please remove one and try again."
+
+
+@pytest.fixture
+def metadata(scene):
+    return scene.metadata
+
+
+def test_a_missing_key_gives_a_pair_without_a_value(metadata):
+    pair = metadata["x"]
+    assert (pair.key, pair.exists, pair.type, pair.value) == ("x", False, "NULL", None)
+    assert support.message_of(lambda: pair.creator) == "Unable to find metadata."
+    assert str(pair) == "MetaDataPair(Scene, Scene-1, x)" and str(metadata) == "MetadataHandler(Scene, Scene-1)"
+    assert "x" not in metadata and not len(metadata) and list(metadata) == []
+
+
+def test_it_reads_like_a_dictionary(metadata):
+    metadata["shot"] = "SQ010"
+    metadata["takes"] = 3
+    metadata.set("seconds", 2.5)
+    metadata["approved"].value = True
+    assert metadata.map() == {"approved": True, "seconds": 2.5, "shot": "SQ010", "takes": 3}
+    assert [(pair.key, pair.type) for pair in metadata] == [("shot", "TEXT"), ("takes", "DOUBLE"),
+                                                            ("seconds", "DOUBLE"), ("approved", "BOOL")]
+    assert [pair.value for pair in metadata.list()] == ["SQ010", 3, 2.5, True]
+    assert metadata[1].key == metadata.create_metadata_pair_at_idx(1).key == metadata.get(1).key == "takes"
+    assert type(metadata[1].value) is int and metadata[3].value is True
+    assert "SHOT" in metadata and metadata.contains("Shot") and 3 not in metadata
+    assert metadata["shot"].creator == "brindle"
+    assert [pair.key for pair in metadata[1:3]] == ["takes", "seconds"]
+
+
+EDITS = {
+    "a new value": (lambda m: m.set("a", 1), ":a", {"Shot": "x", "a": 1}),
+    "a value of the same kind": (lambda m: m.set("shot", "y"), ":shot", {"Shot": "y"}),
+    "a value of another kind": (lambda m: m.set("shot", 1.5), ":shot", {"shot": 1.5}),
+    "the value at an index": (lambda m: m.set(0, False), ":Shot", {"Shot": False}),
+    "no value": (lambda m: m.set("SHOT", None), ":SHOT", {}),
+    "a removal": (lambda m: m.remove("shot"), ":shot", {}),
+    "a value that no entry takes": (lambda m: m.set("shot", [1]), ":shot", {}),
+    "a creator": (lambda m: setattr(m["shot"], "creator", "me"), ":shot", {"Shot": "x"}),
+    "a version": (lambda m: setattr(m["shot"], "version", "2"), ":shot", {"Shot": "x"}),
+    "a name of any letters": (lambda m: m.set("é \n%1\u0000", "v"), ":é \n%1\u0000", {"Shot": "x", "é \n%1\u0000": "v"}),
+}
+
+
+@pytest.mark.parametrize("name", EDITS)
+def test_a_change_is_one_entry_that_undoes_and_redoes(app, folder, history, metadata, name):
+    call, label, values = EDITS[name]
+    metadata["Shot"] = "x"
+    metadata["Shot"].creator = "breakdown"
+    history.clear()
+    before = support.saved(app, folder)
+    call(metadata)
+    assert history.list() == [f"Set Scene Metadata {label}"]
+    assert metadata.map() == values
+    after = support.saved(app, folder)
+    for _ in range(2):
+        history.undo(1)
+        assert support.saved(app, folder) == before
+        history.redo(1)
+        assert support.saved(app, folder) == after
+    with brindle.open(folder) as again:
+        assert again.scene.metadata.map() == values
+
+
+REFUSALS = {
+    "an empty name": (lambda m: m.set("", 1), "Failed to create the metadata."),
+    "no number": (lambda m: m.set("shot", float("nan")), "Failed to update the metadata."),
+    "an infinite number": (lambda m: m.set("new", float("inf")), "Failed to update the metadata."),
+    "the creator of nothing": (lambda m: setattr(m["x"], "creator", "me"),
+                               "Unable to find the original metadata value."),
+    "the version of nothing": (lambda m: setattr(m["x"], "version", "1"),
+                               "Unable to find the original metadata value."),
+    "an index behind the last": (lambda m: m[1], "Index is out of range."),
+    "an index ahead of the first": (lambda m: m.set(-1, 1), "Index is out of range."),
+}
+
+
+@pytest.mark.parametrize("name", REFUSALS)
+def test_a_refusal_leaves_everything(state, metadata, name):
+    call, message = REFUSALS[name]
+    metadata["shot"] = "x"
+    before = state()
+    assert support.message_of(call, metadata) == message
+    assert state() == before
+
+
+def test_several_entries_of_a_name_are_read_and_not_written(app, folder, scene):
+    """As a file may have them that another program wrote."""
+    scene.metadata["a"] = 1
+    scene.metadata["b"] = "two"
+    support.saved(app, folder)
+    app.close()
+    path = folder / "scenes" / "Scene-1.json"
+    path.write_text(path.read_text().replace('"name": "b"', '"name": "A"'))
+    with brindle.open(folder) as again:
+        metadata = again.scene.metadata
+        pair = metadata["a"]
+        assert (pair.type, pair.value, pair.exists, len(metadata)) == ("MULTIPLE", [1, "two"], True, 2)
+        assert support.message_of(setattr, pair, "value", 3) == SEVERAL
+        assert support.message_of(metadata.remove, "A") == SEVERAL
+        assert again.project.history.size_total == 0
+
+
+def test_removing_what_is_not_there_is_no_error_and_no_entry(history, metadata):
+    metadata.remove("x")
+    metadata["x"] = None
+    assert history.list() == []
