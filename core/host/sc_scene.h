@@ -15,6 +15,7 @@ class SC_SceneCommon;
 class SC_SceneMetrics;
 class TUCameraModule;
 class TUDisplayModule;
+class TUElementMgr;
 class TUGroup;
 class TUScene;
 class TUTimedValue;
@@ -99,6 +100,7 @@ public:
     virtual CO_CommandManager* commandManager() const = 0;
     virtual TUSceneChangeManager* changeManager() const = 0;
     virtual SC_TimedValueListInterface* timedValues() const = 0; ///< The TUScene itself.
+    virtual TUElementMgr* elementManager() const { return nullptr; } ///< That of the project.
     virtual TUGroup* rootGroup() const = 0;
     virtual const SC_SceneMetrics* metrics() const = 0; ///< Those of the project.
     /// The camera through which the scene is seen, or null while none is set. The flag is always false.

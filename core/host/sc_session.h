@@ -21,6 +21,7 @@ class SC_SessionContext;
 class SCP_PythonEngine;
 class TUDbAccess;
 class TUDbSceneData;
+class TUElementMgr;
 class TUScene;
 class TUSceneChangeManager;
 
@@ -112,6 +113,7 @@ public:
     virtual CO_CommandManager* commandManager() const = 0;
     virtual SC_SceneManager* sceneManager() const = 0;
     virtual TUDbSceneData* dbSceneData() const = 0;
+    virtual TUElementMgr* elementManager() const { return nullptr; } ///< Null for a project without elements.
     /// The database that the project lies in; null for a project in a folder, as all of the open engine's are.
     virtual TUDbAccess* dbAccessPriv() const { return nullptr; }
 

@@ -138,6 +138,11 @@ void Column::tellLinked() const
         tellChanged(*socket->attr());
 }
 
+std::unique_ptr<CO_Command> Column::renameDrawingCommand(const QString&, const QString&)
+{
+    return nullptr;
+}
+
 void Column::expire()
 {
     m_self.expireWeakPointers();

@@ -125,6 +125,12 @@ public:
     virtual NumberValues* numbers() = 0;                         ///< Null for a kind whose values are no numbers.
     virtual PositionValues* positions() { return nullptr; }      ///< Null for a kind whose values are no positions.
 
+    /// The element whose drawings it shows; -1 for none.
+    virtual int elementId() const { return -1; }
+    virtual bool showsDrawing(const QString&) const { return false; } ///< Whether a cell names this drawing of it.
+    /// Follows a drawing of its element that gets another name. Null when no cell names it.
+    virtual std::unique_ptr<CO_Command> renameDrawingCommand(const QString& from, const QString& to);
+
     /// Follows frames that come into the scene, or go with all that lies on them. Null when nothing lies there.
     virtual std::unique_ptr<CO_Command> shiftFramesCommand(const FrameShift& shift) = 0;
     /// Takes what lies on `count` frames behind frame `at`; all else stays where it is. Null when nothing lies there.

@@ -73,13 +73,13 @@ void FolderTransaction::set(const QString& path, Target target)
 
 void FolderTransaction::write(const QString& path, const QByteArray& content)
 {
-    set(path, {content, {}});
+    set(path, {content, {}, nullptr});
 }
 
 void FolderTransaction::remove(const QString& path)
 {
     if (!m_places.contains(path))
-        set(path, {});
+        set(path, Target());
 }
 
 void FolderTransaction::move(const QString& from, const QString& to)
@@ -87,7 +87,12 @@ void FolderTransaction::move(const QString& from, const QString& to)
     if (from == to)
         return;
     remove(from);
-    set(to, {std::nullopt, from});
+    set(to, {std::nullopt, from, nullptr});
+}
+
+void FolderTransaction::copy(const Folder& from, const QString& name, const QString& to)
+{
+    set(to, {std::nullopt, name, &from});
 }
 
 void FolderTransaction::commit()
@@ -142,9 +147,10 @@ SaveJournal FolderTransaction::plan() const
         if (target.content)
             file.after = Checksum::of(*target.content);
         else if (!target.isRemoved())
-            file.after = m_folder.checksum(target.source);
+            file.after = (target.copied ? *target.copied : m_folder).checksum(target.source);
         if (!file.after && !target.isRemoved())
-            throw FolderFailure{quoted(m_folder.pathOf(target.source)) + " is missing"};
+            throw FolderFailure{quoted((target.copied ? *target.copied : m_folder).pathOf(target.source)) +
+                                " is missing"};
         if (target.isRemoved() && m_folder.kindOf(path) == FileKind::Nothing)
             continue;
         journal.files.push_back(file);
@@ -160,6 +166,9 @@ void FolderTransaction::stage(const SaveJournal& journal) const
         const Target& target = targetOf(file.path);
         if (target.content)
             m_folder.writeNew(save_stage::part(number), *target.content, file.path, m_folder.modeOf(file.path));
+        else if (target.copied)
+            m_folder.writeNew(save_stage::part(number), target.copied->read(target.source), file.path,
+                              target.copied->modeOf(target.source));
         else if (!target.isRemoved())
             m_folder.link(target.source, save_stage::part(number), file.path);
         if (file.before)

@@ -33,6 +33,10 @@ public:
     /// Gives a file another place, with the content that it has on disk, which isn't read into memory.
     void move(const QString& from, const QString& to);
 
+    /// Gives a file a copy of one that stands in a folder, this one or another, which outlives the change. That isn't
+    /// read into memory before its turn.
+    void copy(const Folder& from, const QString& name, const QString& to);
+
     /// Throws `FolderFailure`; the folder is then as before. Only a disk that can't even take back what was moved
     /// leaves a change that waits for `folder_recovery`.
     void commit();
@@ -42,6 +46,7 @@ private:
     struct Target {
         std::optional<QByteArray> content;
         QString source;
+        const Folder* copied = nullptr; ///< The folder of a source that is copied.
         bool isRemoved() const { return !content && source.isEmpty(); }
     };
 

@@ -1,30 +1,13 @@
 #include "engine/folder/scenefilenames.h"
 
-#include <QSet>
+#include "engine/folder/safenames.h"
 
 namespace brindle::engine {
 
 namespace {
 
-constexpr qsizetype longestName = 200; // bytes of UTF-8, of the 255 that file systems take
 constexpr QLatin1String folder("scenes/");
 constexpr QLatin1String ending(".json");
-
-QString safeName(const QString& name)
-{
-    QString safe;
-    qsizetype bytes = 0;
-    for (const char32_t character : name.toUcs4()) {
-        const bool kept = QChar::isLetterOrNumber(character) || character == U'-' || character == U'_' ||
-                          character == U' ' || (character == U'.' && !safe.isEmpty());
-        const QString text = kept ? QString::fromUcs4(&character, 1) : QStringLiteral("_");
-        bytes += text.toUtf8().size();
-        if (bytes > longestName)
-            break;
-        safe += text;
-    }
-    return safe.isEmpty() ? QStringLiteral("_") : safe;
-}
 
 } // namespace
 
@@ -33,12 +16,9 @@ QStringList sceneFileNames(const QStringList& sceneNames)
     QStringList files;
     QSet<QString> taken;
     for (const QString& name : sceneNames) {
-        const QString safe = safeName(name);
-        QString unique = safe;
-        for (int number = 2; taken.contains(unique.toCaseFolded()); ++number)
-            unique = safe + u'-' + QString::number(number);
-        taken.insert(unique.toCaseFolded());
-        files.append(folder + unique + ending);
+        const QString file = safe_names::unique(safe_names::made(name), taken);
+        taken.insert(safe_names::folded(file));
+        files.append(folder + file + ending);
     }
     return files;
 }

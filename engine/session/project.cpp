@@ -4,7 +4,7 @@
 
 namespace brindle::engine {
 
-Project::Project(const QString& path) : m_path(path), m_common(newId()) {}
+Project::Project(const QString& path) : m_common(newId(), path) {}
 
 Project::~Project() = default;
 

@@ -25,8 +25,8 @@ public:
     std::vector<TUScene*> scenes() const { return m_common.scenes().scenes(); }
 
     SC_Id id() const override { return m_common.id(); }
-    QString path() const override { return m_path; }
-    void setPath(const QString& path) { m_path = path; }
+    QString path() const override { return m_common.path(); }
+    void setPath(const QString& path) { m_common.setPath(path); }
     /// The lock of the project's folder; not held by a project that is read only, or was never on disk.
     ProjectLock& lock() { return m_lock; }
     bool isReadOnly() const override { return m_readOnly; }
@@ -38,7 +38,6 @@ public:
     QString lastChange() const override { return m_common.history().lastChange(); }
 
 private:
-    QString m_path;
     ProjectLock m_lock;
     bool m_readOnly = false;
     ProjectCommon m_common;

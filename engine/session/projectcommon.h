@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/host/sc_session.h"
+#include "engine/elements/elementmanager.h"
 #include "engine/history/commandmanager.h"
 #include "engine/session/colorspaces.h"
 #include "engine/session/metrics.h"
@@ -13,16 +14,22 @@ namespace brindle::engine {
 /// An id that no project and no scene of the process has had: what a script holds of one never finds another one.
 SC_Id newId();
 
-/// The part of a project that its scenes share. The undo list is destroyed before the scenes that it refers to.
+/// The part of a project that its scenes share. The undo list is destroyed before the scenes and elements that it
+/// refers to.
 class ProjectCommon final : public SC_ProjectCommon {
 public:
-    explicit ProjectCommon(const SC_Id& id) : m_id(id) {}
+    ProjectCommon(const SC_Id& id, const QString& path) : m_id(id), m_path(path) {}
     ~ProjectCommon() override { expireWeakPointers(); }
+
+    const QString& path() const { return m_path; } ///< The absolute path of the project's folder.
+    void setPath(const QString& path) { m_path = path; }
 
     SceneManager& scenes() { return m_scenes; }
     const SceneManager& scenes() const { return m_scenes; }
     CommandManager& history() { return m_history; }
     const CommandManager& history() const { return m_history; }
+    ElementManager& elements() { return m_elements; }
+    const ElementManager& elements() const { return m_elements; }
 
     const ProjectSettings& settings() const { return m_settings; }
     /// At once and not undoable: commands call it, with settings that are acceptable.
@@ -32,6 +39,7 @@ public:
     CO_CommandManager* commandManager() const override { return const_cast<CommandManager*>(&m_history); }
     SC_SceneManager* sceneManager() const override { return const_cast<SceneManager*>(&m_scenes); }
     TUDbSceneData* dbSceneData() const override { return const_cast<DbSceneData*>(&m_dbSceneData); }
+    TUElementMgr* elementManager() const override { return const_cast<ElementManager*>(&m_elements); }
 
     const SC_Resolution* resolution() const override { return &m_settings.picture.resolution; }
     double defaultFov() const override { return m_settings.picture.fov; }
@@ -42,10 +50,12 @@ public:
 
 private:
     SC_Id m_id;
+    QString m_path;
     ProjectSettings m_settings;
     Metrics m_metrics{m_settings};
     ColorSpaceManager m_colorSpaces;
     DbSceneData m_dbSceneData;
+    ElementManager m_elements{*this};
     SceneManager m_scenes;
     CommandManager m_history;
 };

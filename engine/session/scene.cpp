@@ -108,6 +108,11 @@ SC_ProjectCommon* Scene::projectCommon() const
     return &m_project;
 }
 
+TUElementMgr* Scene::elementManager() const
+{
+    return m_project.elementManager();
+}
+
 CO_CommandManager* Scene::commandManager() const
 {
     return m_project.commandManager();

@@ -68,6 +68,7 @@ public:
     bool setStopFrame(int frame) override;
 
     SC_TimedValueListInterface* timedValues() const override { return const_cast<Scene*>(this); }
+    TUElementMgr* elementManager() const override;
     TUGroup* rootGroup() const override { return &const_cast<SceneGraph&>(m_graph).root(); }
     TUCameraModule* camera(bool) const override { return m_camera; }
     int getStartFrame() const override { return m_timing.start; }

@@ -1,0 +1,229 @@
+#include "engine/elements/contentstore.h"
+
+#include "engine/folder/foldertransaction.h"
+
+#include <unistd.h>
+
+namespace brindle::engine {
+
+namespace {
+
+constexpr QLatin1String removedFolder(".brindle-removed");
+
+bool isRemoved(const QString& place)
+{
+    return place.startsWith(removedFolder + u'/');
+}
+
+} // namespace
+
+DrawingContent::~DrawingContent()
+{
+    m_store.dropped(*this);
+}
+
+QByteArray DrawingContent::bytes() const
+{
+    if (!isOnDisk())
+        return m_bytes;
+    const Folder* folder = m_store.folder();
+    if (!folder)
+        throw FolderFailure{quoted(m_place) + " is missing"};
+    bool isMissing = false;
+    const QByteArray bytes = folder->read(m_place, &isMissing);
+    if (isMissing)
+        throw FolderFailure{quoted(folder->pathOf(m_place)) + " is missing"};
+    return bytes;
+}
+
+bool DrawingContent::isThere() const
+{
+    const Folder* folder = m_store.folder();
+    return !isOnDisk() || (folder && folder->kindOf(m_place) == FileKind::File);
+}
+
+ContentStore::ContentStore() : m_process(::getpid()) {}
+
+ContentStore::~ContentStore()
+{
+    clearRemoved();
+}
+
+ContentPointer ContentStore::fromBytes(const QByteArray& bytes)
+{
+    std::shared_ptr<DrawingContent> content(new DrawingContent(*this));
+    content->m_bytes = bytes;
+    return content;
+}
+
+ContentPointer ContentStore::fromFile(const QString& place)
+{
+    m_places.insert(place);
+    return make(place, true);
+}
+
+ContentPointer ContentStore::fromForeignFile(const QString& place)
+{
+    return make(place, false);
+}
+
+std::shared_ptr<DrawingContent> ContentStore::make(const QString& place, bool isSaved)
+{
+    std::shared_ptr<DrawingContent> content(new DrawingContent(*this));
+    content->m_place = place;
+    content->m_isSaved = isSaved;
+    m_onDisk.insert(content.get());
+    return content;
+}
+
+void ContentStore::open(const Folder& folder, bool isOwn)
+{
+    m_folder = folder;
+    m_isOwn = isOwn;
+    clearRemoved();
+}
+
+const Folder& ContentStore::requireWritable() const
+{
+    if (!m_folder)
+        throw FolderFailure{QStringLiteral("the project is in no folder yet")};
+    if (!m_isOwn)
+        throw FolderFailure{quoted(m_folder->path()) + " is open read-only"};
+    return *m_folder;
+}
+
+void ContentStore::addTo(FolderTransaction& save, const Folder& folder, bool isElsewhere, const Plan& shown)
+{
+    m_moves.clear();
+    QHash<const DrawingContent*, QStringList> places;
+    for (const Shown& file : shown)
+        places[file.content.get()].append(file.place);
+
+    for (DrawingContent* content : m_onDisk) {
+        QStringList targets = places.value(content);
+        if (targets.isEmpty()) {
+            keep(save, *content, isElsewhere);
+            continue;
+        }
+        const bool stays = !isElsewhere && targets.removeOne(content->m_place);
+        if (stays && !content->m_isSaved && folder.kindOf(content->m_place) != FileKind::File)
+            throw FolderFailure{quoted(folder.pathOf(content->m_place)) + " is missing"};
+        const QString first = stays ? content->m_place : targets.takeFirst();
+        m_moves.emplace_back(content, first);
+        if (!stays) {
+            requireFree(folder, first, isElsewhere);
+            if (isElsewhere || !content->m_isSaved)
+                save.copy(*m_folder, content->m_place, first);
+            else
+                save.move(content->m_place, first);
+        }
+        for (const QString& place : targets) {
+            requireFree(folder, place, isElsewhere);
+            save.copy(*m_folder, content->m_place, place);
+        }
+    }
+    for (const Shown& file : shown) {
+        if (file.content->isOnDisk())
+            continue;
+        requireFree(folder, file.place, isElsewhere);
+        save.write(file.place, file.content->m_bytes);
+    }
+    if (!isElsewhere) {
+        for (const QString& place : m_abandoned)
+            save.remove(place);
+    }
+}
+
+/// Takes along what only the undo list holds. One whose file has gone can't be brought back, whatever is done.
+void ContentStore::keep(FolderTransaction& save, DrawingContent& content, bool isElsewhere)
+{
+    if (!content.m_isSaved || (!isElsewhere && isRemoved(content.m_place)) ||
+        m_folder->kindOf(content.m_place) != FileKind::File)
+        return;
+    const QString place = removedFolder + u'/' + QString::number(++m_lastRemoved);
+    if (isElsewhere)
+        save.copy(*m_folder, content.m_place, place);
+    else
+        save.move(content.m_place, place);
+    m_moves.emplace_back(&content, place);
+}
+
+void ContentStore::requireFree(const Folder& folder, const QString& place, bool isElsewhere) const
+{
+    if ((isElsewhere || !m_places.contains(place)) && folder.kindOf(place) != FileKind::Nothing)
+        throw FolderFailure{quoted(folder.pathOf(place)) + " is in the way: it is not a file of the project"};
+}
+
+std::vector<ContentPointer> ContentStore::saved(const Folder& folder, const Plan& shown)
+{
+    const bool isElsewhere = !m_folder || !m_folder->isSameAs(folder);
+    if (isElsewhere) {
+        clearRemoved();
+        m_folder = folder;
+        m_isOwn = true;
+    }
+    m_places.clear();
+    m_abandoned.clear();
+    for (const auto& [content, place] : m_moves) {
+        content->m_place = place;
+        content->m_isSaved = true;
+    }
+    m_moves.clear();
+
+    std::vector<ContentPointer> standing;
+    standing.reserve(shown.size());
+    for (const Shown& file : shown) {
+        auto* content = const_cast<DrawingContent*>(file.content.get());
+        if (!content->isOnDisk()) {
+            content->m_bytes.clear();
+            content->m_place = file.place;
+            content->m_isSaved = true;
+            m_onDisk.insert(content);
+        }
+        standing.push_back(content->m_place == file.place ? file.content : make(file.place, true));
+    }
+    for (const DrawingContent* content : m_onDisk) {
+        if (content->m_isSaved)
+            m_places.insert(content->m_place);
+    }
+    return standing;
+}
+
+void ContentStore::dropped(DrawingContent& content)
+{
+    if (m_onDisk.erase(&content) == 0 || !content.m_isSaved)
+        return;
+    if (!isRemoved(content.m_place)) {
+        m_abandoned.insert(content.m_place);
+        return;
+    }
+    m_places.remove(content.m_place);
+    if (!isOurs())
+        return;
+    try {
+        m_folder->remove(content.m_place);
+    } catch (const FolderFailure&) { // The folder goes as a whole when the project is closed.
+    }
+}
+
+/// What waits goes with the project, or with its process; a process that was forked off leaves it.
+void ContentStore::clearRemoved() const
+{
+    if (!isOurs())
+        return;
+    try {
+        if (m_folder->kindOf(removedFolder) != FileKind::Folder)
+            return;
+        for (const QString& name : m_folder->entries(removedFolder))
+            m_folder->remove(removedFolder + u'/' + name);
+        m_folder->removeFolder(removedFolder);
+    } catch (const FolderFailure&) { // The next process that opens the project clears it.
+    }
+}
+
+bool ContentStore::isOurs() const
+{
+    return m_folder && m_isOwn && m_process == ::getpid();
+}
+
+} // namespace brindle::engine

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "core/host/tu_elementmgr.h"
+#include "engine/elements/contentstore.h"
+#include "engine/elements/element.h"
+#include "engine/elements/elementlocks.h"
+
+#include <QHash>
+#include <QSet>
+#include <QString>
+
+#include <map>
+#include <memory>
+#include <vector>
+
+class CO_Command;
+
+namespace brindle::engine {
+
+class Column;
+class ProjectCommon;
+
+/// The elements of a project, which it owns, and which it belongs to.
+///
+/// Files have nothing to do with it but at a save: it is the project's `ProjectFiles` that then tell of its drawings.
+class ElementManager final : public TUElementMgr {
+public:
+    explicit ElementManager(ProjectCommon& project);
+    ~ElementManager() override;
+
+    Element* find(int id) const; ///< Null where there is none.
+    ContentStore& contents() { return m_contents; }
+    const ContentStore& contents() const { return m_contents; }
+    const std::vector<const TUElement*>& elements() const { return m_order; }
+
+    /// Adds an element whose id no other has. It gets its folder's name when it has none yet.
+    Element& insert(std::unique_ptr<Element> element);
+    std::unique_ptr<Element> take(Element& element);
+    /// Sets all fields, whose name is free; gives those before.
+    ElementFields exchangeFields(Element& element, const ElementFields& fields);
+    /// Whether an element may have the name: no other one that isn't deleted has it.
+    bool isFreeName(const QString& name, const Element* own) const;
+    /// What `createElement` has made of this id, which the caller owns from now on; null where it made none.
+    std::unique_ptr<Element> takeMade(int id);
+
+    bool isShown(const Element& element, const QString& drawing) const; ///< By a column of the project.
+    /// The commands by which the columns follow a drawing that gets another name.
+    std::vector<std::unique_ptr<CO_Command>> renameCommands(const Element& element, const QString& from,
+                                                            const QString& to) const;
+    void tellChanged() const; ///< Tells the scenes that pictures may have changed.
+
+    Iterator elementBegin() const override { return m_order.data(); }
+    Iterator elementEnd() const override { return m_order.data() + m_order.size(); }
+    const TUElement& elementById(int id) const override;
+    const TUElement& elementByName(const QString& name, int) const override;
+
+    const TUElement& createElement(const QString& name, int scanType, double fieldChart, int pixmapFormat,
+                                   int vectorType, bool useTemporaryFolder) override;
+    bool isInTempDirectory(int) const override { return false; }
+    bool getLock(const TUElement& element) override;
+    bool hasLock(int id) const override { return m_locks.isHeld(id); }
+    bool releaseLock(const TUElement& element) override;
+    bool isElementDeleted(int id) const override;
+    bool elementIsLinkedToTimedValue(int id) const override;
+    bool canDeleteElements(const std::set<int>& ids, std::set<int>& deletable, MSG_Text& reasons) const override;
+
+    EM_ElementInfo* getElementDrawingInfoById(int id) const override { return find(id); }
+    VFS_Path elementFolder(int id, int) const override;
+    int getDrawingOpacity(int id) const override;
+    QString fileExt(int id) const override;
+    EM_DrawingId getDrawingId(int id, const QString& timing, bool isNew) const override;
+    QString getDrawingTiming(int id, EM_DrawingId drawing) const override;
+    int getDrawingType(int id, EM_DrawingId drawing) const override;
+    int getDrawingVersion(int id, EM_DrawingId drawing) const override;
+    double getDrawingScaleFactor(int id, EM_DrawingId drawing) const override;
+    QString nextUnusedNumericTiming(int id) const override;
+    VFS_Path drawingFilenamePart(int id, EM_DrawingId drawing, EM_LayerId layer, bool, int) const override;
+
+private:
+    /// Calls a function with each scene and column of the project that shows drawings of the element.
+    template <typename Function>
+    void forColumnsOf(const Element& element, Function function) const;
+    const Drawing* drawing(int id, EM_DrawingId drawing) const;
+
+    ProjectCommon& m_project;
+    ContentStore m_contents; ///< Outlives the elements.
+    std::map<int, std::unique_ptr<Element>> m_elements;
+    std::vector<const TUElement*> m_order; ///< By their ids.
+    QMultiHash<QString, Element*> m_byName;
+    QSet<QString> m_folders; ///< Physical names, folded.
+    std::map<int, std::unique_ptr<Element>> m_made;
+    ElementLocks m_locks;
+    int m_lastId = 0; ///< The highest id that an element has had.
+};
+
+/// The engine's elements behind what the host shows of them; null for null and for those of another engine.
+ElementManager* engineElements(TUElementMgr* manager);
+
+} // namespace brindle::engine
