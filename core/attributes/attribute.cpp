@@ -334,11 +334,7 @@ AT_Attr* Attribute::attribFromFullPath(MO_Node* node, const QString& fullPath)
 
 AT_Attr* Attribute::memberNamed(const AT_ComplexAttr* attribute, QStringView keyword)
 {
-    if (!attribute)
-        return nullptr;
-    const auto found = std::find_if(attribute->attrsBegin(), attribute->attrsEnd(),
-                                    [&](const AT_Attr* member) { return member->meta().keyword() == keyword; });
-    return found == attribute->attrsEnd() ? nullptr : *found;
+    return attribute ? attribute->memberNamed(keyword) : nullptr;
 }
 
 void Attribute::deriveRangeQVariant(SC_SceneCommon* scene, const QVariant& value, int& start, int& end, bool& isRange)

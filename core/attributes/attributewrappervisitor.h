@@ -31,7 +31,8 @@ using AttributeWrappers =
                           AttributeWrapper<AT_DoubleAttr, DoubleAttribute>,
                           AttributeWrapper<AT_StringAttr, TextAttribute>, AttributeWrapper<AT_EnumAttrBase, Attribute>,
                           AttributeWrapper<AT_ColorAttr, Attribute>, AttributeWrapper<AT_Position2dAttr, Attribute>,
-                          AttributeWrapper<AT_Position3dAttr, Attribute>, AttributeWrapper<AT_SimpleAttr, Attribute>,
+                          AttributeWrapper<AT_Position3dAttr, Attribute>, AttributeWrapper<AT_DynGroupAttr, Attribute>,
+                          AttributeWrapper<AT_SimpleAttr, Attribute>,
                           AttributeWrapper<AT_ComplexAttr, Attribute>, AttributeWrapper<AT_Attr, Attribute>>;
 static_assert(std::is_same_v<AttributeWrappers::Kinds, AT_AttrKinds>, "each kind of attribute has its row, in order");
 

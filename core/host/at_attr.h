@@ -5,9 +5,13 @@
 
 #include <QMap>
 #include <QString>
+#include <QStringView>
 
+#include <algorithm>
 #include <type_traits>
+#include <vector>
 
+class AT_Attr;
 class AT_AttrVisitor;
 class CO_Command;
 class MO_Node;
@@ -18,11 +22,36 @@ class TUTvSocket;
 /// The facts of an attribute, apart from its value.
 class BRINDLE_HOST_EXPORT AT_AttrMeta {
 public:
-    virtual ~AT_AttrMeta() = default;
-    virtual QString keyword() const = 0;
-    virtual QString displayName() const = 0;
-    virtual bool isDynamic() const = 0;
-    virtual bool isNodeDirtyOnChange() const = 0; ///< A change makes what the node shows outdated.
+    /// The bits of the flag word that the object model reads. The others are the engine's own.
+    enum Flag : unsigned int {
+        kDirtyOnChange = 1, ///< A change makes what the node shows outdated; so does `kDirtyBelowOnChange`.
+        kDirtyBelowOnChange = 2,
+        kSaved = 4,  ///< It is kept with the project.
+        kDynamic = 8 ///< It was added to its node.
+    };
+
+    AT_AttrMeta(const QString& keyword, const QString& displayName, unsigned int flags)
+        : m_keyword(keyword),
+          m_displayName(displayName),
+          m_flags(flags)
+    {}
+
+    const QString& keyword() const { return m_keyword; }
+    const QString& displayName() const { return m_displayName; } ///< An empty one stands for the keyword.
+    unsigned int flags() const { return m_flags; }
+    bool isDynamic() const { return m_flags & kDynamic; }
+    bool isNodeDirtyOnChange() const { return m_flags & (kDirtyOnChange | kDirtyBelowOnChange); }
+
+private:
+    QString m_keyword;
+    QString m_displayName;
+    unsigned int m_flags;
+};
+
+/// An attribute in a list of those below another one, or of a node.
+struct AT_AttrDesc {
+    AT_Attr* attr = nullptr;
+    QString parentPath; ///< The keywords between it and the top of the list, dotted; empty right below.
 };
 
 /// A parameter of a node. It belongs to its node and lives as long. One that leaves its node earlier expires its weak
@@ -40,6 +69,11 @@ public:
     virtual QString textAt(double frame) const = 0;
     /// The command that sets what the text says at a frame, or null when the text can't be read. The caller owns it.
     virtual CO_Command* setTextCommand(double frame, const QString& text) = 0;
+
+    /// Append the attributes inside this one, at all levels, each ahead of those inside it: all of them, or those that
+    /// a column can drive. The last two arguments are always 0.
+    void getFullAttrList(std::vector<AT_AttrDesc>& list) const;
+    void getTVAttrList(std::vector<AT_AttrDesc>& list, int, int) const;
 };
 
 class BRINDLE_HOST_EXPORT AT_SimpleAttr : public AT_Attr {};
@@ -50,6 +84,14 @@ public:
     using AttrIterator = AT_Attr* const*;
     virtual AttrIterator attrsBegin() const = 0;
     virtual AttrIterator attrsEnd() const = 0;
+    unsigned int nAttrs() const { return static_cast<unsigned int>(attrsEnd() - attrsBegin()); }
+    /// The one of that keyword, or null.
+    virtual AT_Attr* memberNamed(QStringView keyword) const
+    {
+        const auto found = std::find_if(
+            attrsBegin(), attrsEnd(), [keyword](const AT_Attr* member) { return member->meta().keyword() == keyword; });
+        return found == attrsEnd() ? nullptr : *found;
+    }
 
     /// Parts a dotted path: "position.x" gives "position" and "x". False when the path has no further level.
     static bool splitNames(const QString& path, QString& first, QString& rest);
@@ -99,6 +141,12 @@ public:
     virtual int localValue() const = 0;
 };
 
+/// A group that was added to a node, for attributes that are added to it.
+class BRINDLE_HOST_EXPORT AT_DynGroupAttr : public AT_ComplexAttr {
+public:
+    static QString TypeString(); ///< The name of its type.
+};
+
 class BRINDLE_HOST_EXPORT AT_ColorAttr : public AT_ComplexAttr {};
 class BRINDLE_HOST_EXPORT AT_Position2dAttr : public AT_ComplexAttr {};
 class BRINDLE_HOST_EXPORT AT_Position3dAttr : public AT_ComplexAttr {};
@@ -132,7 +180,7 @@ struct AT_AttrKindList {
 /// class is one of them.
 using AT_AttrKinds =
     AT_AttrKindList<AT_BoolAttr, AT_IntAttr, AT_DoubleAttr, AT_StringAttr, AT_EnumAttrBase, AT_ColorAttr,
-                    AT_Position2dAttr, AT_Position3dAttr, AT_SimpleAttr, AT_ComplexAttr, AT_Attr>;
+                    AT_Position2dAttr, AT_Position3dAttr, AT_DynGroupAttr, AT_SimpleAttr, AT_ComplexAttr, AT_Attr>;
 
 /// Called by AT_Attr::accept with the attribute's own class. The visit of a class, unless it is overridden, calls that
 /// of the nearest class of the list that it derives from; the one of AT_Attr does nothing.

@@ -9,6 +9,7 @@
 #include <vector>
 
 class AT_Attr;
+struct AT_AttrDesc;
 class MO_Module;
 class MO_ModuleVisitor;
 class MO_Node;
@@ -78,6 +79,8 @@ public:
     virtual AT_Attr* findAttributeByKeyword(const QString& keyword) const = 0; ///< One of the top level, or null.
     virtual AttrIterator attrsBegin() const = 0;
     virtual AttrIterator attrsEnd() const = 0;
+    /// Appends all attributes of the node, at all levels, each ahead of those inside it.
+    void getFullAttrList(std::vector<AT_AttrDesc>& list) const;
 };
 
 /// A node that computes something: every node but a group.

@@ -8,11 +8,19 @@ QString literalText(std::u16string_view text)
 }
 
 AttributeMeta::AttributeMeta(const AttributeSpec& spec, const AttributeMeta* parent)
-    : m_spec(spec),
-      m_keyword(literalText(spec.keyword)),
-      m_displayName(literalText(spec.displayName)),
-      m_fullKeyword(parent ? parent->m_fullKeyword + '.' + m_keyword : m_keyword),
-      m_newValue(spec.kind.newValue(spec))
+    : AttributeMeta(spec,
+                    AT_AttrMeta(literalText(spec.keyword), literalText(spec.displayName),
+                                spec.dirtyOnChange ? kSaved | kDirtyOnChange : kSaved),
+                    spec.linkable, parent)
+{}
+
+AttributeMeta::AttributeMeta(const AttributeSpec& type, const AT_AttrMeta& names, bool linkable,
+                             const AttributeMeta* parent)
+    : AT_AttrMeta(names),
+      m_spec(type),
+      m_linkable(linkable),
+      m_fullKeyword(parent ? parent->m_fullKeyword + '.' + keyword() : keyword()),
+      m_newValue(type.kind.newValue(type))
 {}
 
 QString AttributeMeta::typeText() const

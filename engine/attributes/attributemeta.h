@@ -30,27 +30,24 @@ struct AttributeSpec {
     std::span<const AttributeSpec> members = {};
 };
 
-/// The facts of the attributes at one place of a node type's table. They live as long as the process.
+/// The facts of an attribute: of those at one place of a node type's table, which live as long as the process, or of one
+/// that was added to a node.
 class AttributeMeta final : public AT_AttrMeta {
 public:
     AttributeMeta(const AttributeSpec& spec, const AttributeMeta* parent);
-
-    QString keyword() const override { return m_keyword; }
-    QString displayName() const override { return m_displayName; }
-    bool isDynamic() const override { return false; }
-    bool isNodeDirtyOnChange() const override { return m_spec.dirtyOnChange; }
+    /// Of an attribute that was added: of a type, under names and flags of its own.
+    AttributeMeta(const AttributeSpec& type, const AT_AttrMeta& names, bool linkable, const AttributeMeta* parent);
 
     const AttributeSpec& spec() const { return m_spec; }
     const AttributeKind& kind() const { return m_spec.kind; }
     const QString& fullKeyword() const { return m_fullKeyword; } ///< "position.x".
     QString typeText() const;
-    bool isLinkable() const { return m_spec.linkable; }
+    bool isLinkable() const { return m_linkable; }
     const AttributeValue& newValue() const { return m_newValue; } ///< The value that a new node stores.
 
 private:
     const AttributeSpec& m_spec;
-    QString m_keyword;
-    QString m_displayName;
+    bool m_linkable;
     QString m_fullKeyword;
     AttributeValue m_newValue;
 };

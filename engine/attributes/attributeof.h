@@ -20,7 +20,10 @@ public:
     SC_SceneCommon* sceneCommon() const final { return m_node.sceneCommon(); }
     TUTvSocket* socket() const override { return nullptr; }
     void accept(AT_AttrVisitor& visitor) final { visitor.visit(static_cast<Base&>(*this)); }
-    QString displayText() const final { return m_meta.displayName(); }
+    QString displayText() const final
+    {
+        return m_meta.displayName().isEmpty() ? m_meta.keyword() : m_meta.displayName();
+    }
     QString typeText() const final { return m_meta.typeText(); }
 
 private:

@@ -1,3 +1,5 @@
+#include "core/host/at_dynamicattr.h"
+#include "engine/attributes/addedattribute.h"
 #include "engine/attributes/attributetable.h"
 #include "engine/attributes/complexattribute.h"
 #include "engine/attributes/enumattribute.h"
@@ -6,7 +8,9 @@
 
 #include <QHash>
 
+#include <algorithm>
 #include <limits>
+#include <vector>
 
 namespace brindle::engine {
 
@@ -17,6 +21,7 @@ constexpr double unbounded = std::numeric_limits<double>::max();
 using Keyword = std::u16string_view;
 using Title = std::u16string_view;
 using Colour = ComplexAttribute<AT_ColorAttr>;
+using Position2d = ComplexAttribute<AT_Position2dAttr>;
 using Position3d = ComplexAttribute<AT_Position3dAttr>;
 
 constexpr AttributeSpec number(Keyword keyword, Title title, double defaultValue = 0, double step = 0.1)
@@ -152,6 +157,33 @@ constexpr AttributeSpec colourCard[] = {compound<Colour>(u"colour", u"Colour", u
 constexpr AttributeSpec blur[] = {in(u"pixels", bounded(number(u"radius", u"Radius", 0, 1), 0, unbounded))};
 constexpr AttributeSpec cutter[] = {onOff(u"inverted", u"Inverted", false)};
 
+constexpr AttributeSpec wholeNumber(Keyword keyword, Title title)
+{
+    return {.keyword = keyword,
+            .displayName = title,
+            .typeText = u"INT",
+            .kind = attributeKind<IntAttribute>,
+            .linkable = true,
+            .minimum = std::numeric_limits<int>::min(),
+            .maximum = std::numeric_limits<int>::max(),
+            .step = 1};
+}
+
+/// The types of attributes that can be added to a node, by their type texts. Keywords, titles and whether a column can
+/// drive it are given with each attribute; its values are bounded by what their type can hold.
+constexpr AttributeSpec addedTypes[] = {
+    onOff({}, {}, false),
+    wholeNumber({}, {}),
+    number({}, {}),
+    text({}, {}),
+    compound<Colour>({}, {}, u"COLOUR", colourMembers),
+    compound<Position2d>({}, {}, u"POSITION_2D", std::span(positionMembers).first<2>()),
+    compound<Position3d>({}, {}, u"POSITION_3D", positionMembers),
+    compound<Position3d>({}, {}, u"SCALE_3D", scaleMembers),
+    compound<Position3d>({}, {}, u"ROTATION_3D", rotationMembers),
+    compound<GroupAttribute>({}, {}, u"DYNAMIC_GROUP", {}),
+};
+
 struct TypeSpecs {
     std::u16string_view type;
     std::span<const AttributeSpec> specs;
@@ -176,4 +208,35 @@ const AttributeTable& attributeTable(const QString& nodeType)
     return found == tables.constEnd() ? none : **found;
 }
 
+const AttributeSpec* findAddedType(QStringView name)
+{
+    const auto* found = std::find_if(std::begin(addedTypes), std::end(addedTypes),
+                                     [name](const AttributeSpec& type) { return literalText(type.typeText) == name; });
+    return found == std::end(addedTypes) ? nullptr : found;
+}
+
 } // namespace brindle::engine
+
+class AT_AttrFactory {
+public:
+    explicit AT_AttrFactory(const brindle::engine::AttributeSpec& type) : type(type) {}
+    const brindle::engine::AttributeSpec& type;
+};
+
+const QMap<QString, const AT_AttrFactory*>& AT_AttrFactorySingleton()
+{
+    static const QMap<QString, const AT_AttrFactory*> factories = [] {
+        static const std::vector<AT_AttrFactory> made(std::begin(brindle::engine::addedTypes),
+                                                      std::end(brindle::engine::addedTypes));
+        QMap<QString, const AT_AttrFactory*> byName;
+        for (const AT_AttrFactory& factory : made)
+            byName.insert(brindle::engine::literalText(factory.type.typeText), &factory);
+        return byName;
+    }();
+    return factories;
+}
+
+QString AT_DynGroupAttr::TypeString()
+{
+    return QStringLiteral("DYNAMIC_GROUP");
+}

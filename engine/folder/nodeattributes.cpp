@@ -1,6 +1,7 @@
 #include "engine/folder/nodeattributes.h"
 
 #include "core/host/sc_scene.h"
+#include "engine/attributes/addedattribute.h"
 #include "engine/attributes/attributemeta.h"
 #include "engine/folder/jsonplace.h"
 #include "engine/folder/jsonwriter.h"
@@ -50,6 +51,65 @@ void readValue(const JsonPlace& place, AT_Attr& attr)
         place.fail(QStringLiteral("is a value that the attribute can't have"));
 }
 
+/// The flag word of an attribute that a script adds; others are told in the file.
+constexpr unsigned int addedFlags = AT_AttrMeta::kDirtyOnChange | AT_AttrMeta::kSaved | AT_AttrMeta::kDynamic;
+
+void writeAdded(JsonWriter& json, const AddedLevel& level)
+{
+    for (int place = 0; place < level.addedCount(); ++place) {
+        const AddedAttribute& attribute = level.added(place);
+        const AttributeMeta& meta = attribute.meta();
+        json.beginObject();
+        json.key("path").text(meta.fullKeyword());
+        json.key("type").text(meta.typeText());
+        if (!meta.displayName().isEmpty())
+            json.key("title").text(meta.displayName());
+        if (meta.isLinkable())
+            json.key("linkable").flag(true);
+        if (meta.flags() != addedFlags)
+            json.key("flags").integer(meta.flags());
+        json.endObject();
+        if (const auto* group = dynamic_cast<const GroupAttribute*>(&attribute.attr()))
+            writeAdded(json, group->level());
+    }
+}
+
+/// The group that an added attribute is in, by its path; null for the top level.
+GroupAttribute* readGroup(const JsonPlace& place, const QString& path, const AttributeSet& attributes)
+{
+    const qsizetype point = path.lastIndexOf(u'.');
+    if (point < 0)
+        return nullptr;
+    auto* group = dynamic_cast<GroupAttribute*>(attributes.findAdded(QStringView(path).first(point)));
+    if (!group)
+        place.fail(QStringLiteral("is not inside a group that was added ahead of it"));
+    return group;
+}
+
+void readAdded(const JsonPlace& place, MO_Node& node, AttributeSet& attributes)
+{
+    place.requireOnly({"path", "type", "title", "linkable", "flags"});
+    const JsonPlace pathPlace = place.field("path");
+    const QString path = pathPlace.text();
+    GroupAttribute* group = readGroup(pathPlace, path, attributes);
+    const AttributeMeta* parent = group ? &metaOf(*group) : nullptr;
+    const QString keyword = path.mid(path.lastIndexOf(u'.') + 1);
+    if (!canAdd(keyword, parent))
+        pathPlace.fail(QStringLiteral("is not a path that an attribute can have"));
+    if (attributes.findAdded(path) || (!group && attributes.findTop(path)))
+        pathPlace.fail(QStringLiteral("is the path of another attribute of the node"));
+    const JsonPlace typePlace = place.field("type");
+    const AttributeSpec* type = findAddedType(typePlace.text());
+    if (!type)
+        typePlace.fail(QStringLiteral("is no type of attribute that a node can be given"));
+    const QString title = place.has("title") ? place.field("title").text() : QString();
+    const bool linkable = place.has("linkable") && place.field("linkable").flag();
+    const unsigned int flags =
+        place.has("flags") ? static_cast<unsigned int>(place.field("flags").integer(0)) : addedFlags;
+    attributes.insert(
+        group, std::make_unique<AddedAttribute>(node, *type, AT_AttrMeta(keyword, title, flags), linkable, parent), -1);
+}
+
 } // namespace
 
 void NodeAttributeWriter::write(JsonWriter& json, const Node& node)
@@ -62,6 +122,11 @@ void NodeAttributeWriter::write(JsonWriter& json, const Node& node)
         if (!std::exchange(open, true))
             json.key(name).beginObject();
     };
+    if (attributes.hasAdded()) {
+        json.key("added").beginArray();
+        writeAdded(json, *attributes.added());
+        json.endArray();
+    }
     m_linked.clear();
     for (int place = 0; place < attributes.count(); ++place) {
         AT_Attr& attr = attributes.at(place);
@@ -90,8 +155,12 @@ void NodeAttributeWriter::write(JsonWriter& json, const Node& node)
 
 void NodeAttributeReader::read(const JsonPlace& place, Node& node)
 {
-    const AttributeSet& attributes = node.attributes();
+    AttributeSet& attributes = node.attributes();
     const QString type = node.host().typeName();
+    if (const auto added = place.ifField("added")) {
+        for (int i = 0; i < added->size(); ++i)
+            readAdded(added->item(i), node.host(), attributes);
+    }
     if (const auto values = place.ifField("values")) {
         for (const JsonPlace& value : values->fields()) {
             const int at = attributes.find(value.key());

@@ -15,9 +15,9 @@ class Node;
 /// The attributes that are driven by each column, in the order of the graph and the nodes' attributes.
 using DrivenAttributes = std::unordered_map<const TUTimedValue*, std::vector<AT_Attr*>>;
 
-/// Writes the attributes of nodes, each in two fields: "values", the local values by dotted path ("position.x"), and
-/// "columns", the names of the linked columns by path. Values that a new node of the type has are left out, an option
-/// is kept as its text.
+/// Writes the attributes of nodes, each in three fields: "added", those that were added to the node, each group ahead
+/// of its content; "values", the local values by dotted path ("position.x"); and "columns", the names of the linked
+/// columns by path. Values that a new node of the type has are left out, an option is kept as its text.
 class NodeAttributeWriter {
 public:
     void write(JsonWriter& json, const Node& node);

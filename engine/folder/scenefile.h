@@ -29,6 +29,8 @@ class ProjectMaker;
 ///     place              [x, y, z] in the node view
 ///     enabled            false; left out when true
 ///     inPorts, outPorts  of a node that takes ports: [id, "IMAGE"], with "MATTE" behind it for a matte port
+///     added              attributes that were added to the node: [{"path": "meta.take", "type": "INT"}, ...], with
+///                        "title", the display name, "linkable", true, and "flags", where they aren't 13
 ///     values             local values of attributes that a new node doesn't have: {"position.x": 3.5}
 ///     columns            names of linked columns: {"position.x": "ATV-0001"}
 ///     links              to nodes of the same group, by out-port and in the order of linking:

@@ -104,7 +104,7 @@ private:
     void readNode(const JsonPlace& place)
     {
         place.requireOnly(
-            {"name", "type", "depth", "place", "enabled", "inPorts", "outPorts", "values", "columns", "links"});
+            {"name", "type", "depth", "place", "enabled", "inPorts", "outPorts", "added", "values", "columns", "links"});
         Node& node = m_nodes.empty() ? readRoot(place) : readSubNode(place);
         m_nodes.push_back(&node);
         if (Group* group = node.asGroup())

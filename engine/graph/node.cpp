@@ -173,7 +173,7 @@ CO_Command* Node::addInPortCommand(unsigned int index)
     return newInPortCommand(*this, index).release();
 }
 
-const AttributeSet& Node::attributes() const
+AttributeSet& Node::attributes() const
 {
     if (!m_attributes)
         m_attributes = std::make_unique<AttributeSet>(m_host, attributeTable(sharedText(m_type.name)));

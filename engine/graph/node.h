@@ -76,7 +76,7 @@ public:
     CO_Command* addInPortCommand(unsigned int index) override;
 
     /// The attributes are made when they are first asked for: many nodes of a scene are never looked at.
-    const AttributeSet& attributes() const;
+    AttributeSet& attributes() const;
     bool hasAttributes() const { return m_attributes != nullptr; } ///< Whether they have been asked for.
 
     /// The mark that a walk left here, one for walks of each direction.

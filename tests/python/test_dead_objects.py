@@ -50,7 +50,8 @@ ARGUMENTS = {
     "redo": (1,), "begin": ("x",), "bracket": ("x",), "frame_insert": (1, 1), "frame_remove": (1, 1),
     "to_field": (1,), "to_ogl": (1,), "link": ("x",), "insert": (None,), "value": (1,), "set_value": (1, 1),
     "set_localvalue": (1,), "reset_value": (1,), "offset_value": (1, 1), "get_text_value": (1,),
-    "set_text_value": (1, "1"), "get_entry": (1,), "set_entry": (1, 1), "scale": (1,), "keyframe_create": (1,),
+    "set_text_value": (1, "1"), "create_dynamic_attr": ("x", "INT"), "remove_dynamic_attr": ("x",),
+    "get_entry": (1,), "set_entry": (1, 1), "scale": (1,), "keyframe_create": (1,),
     "keyframe_remove": (1,), "keyframe_exists": (1,), "keyframe_clear": (1, 2),
     "create_point": (1, 1, 1, 1, 1, 1), "save_as": ("x",), "create_metadata_pair_at_idx": (0,), "move_to": ("x",), "move": ("x",),
 }

@@ -201,6 +201,21 @@ class UndoMachine(UndoModel):
         elif attribute is not None:
             self.do("Set Attribute Value", lambda: attribute.set_value(frame, value))
 
+    @rule(index=INDEX, name=st.sampled_from(["take", "meta.take", "meta.place", "meta.a.b", "angle", "position.x", "", "ä.%1"]),
+          type_=st.sampled_from(["INT", "double", "BOOL", "STRING", "POSITION_3D", "COLOUR", "DYNAMIC_GROUP", "NOTHING"]),
+          title=NAME, linkable=st.booleans())
+    def create_attribute(self, index, name, type_, title, linkable):
+        if node := self.node(index):
+            self.do("Create Dynamic Attribute",
+                    lambda: node.attributes.create_dynamic_attr(name, type_, title, linkable))
+
+    @rule(index=INDEX, which=INDEX, by_name=st.booleans())
+    def remove_attribute(self, index, which, by_name):
+        attribute = pick((each for each in self.attributes() if each.dynamic or which % 7 == 0), index)
+        if attribute is not None:
+            value = attribute.full_keyword if by_name else attribute
+            self.do("Remove Dynamic Attribute", lambda: attribute.node().attributes.remove_dynamic_attr(value))
+
     # Columns.
 
     @rule(index=INDEX, which=INDEX, form=st.sampled_from(["object", "name", "column_name", "link"]))

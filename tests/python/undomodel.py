@@ -134,10 +134,16 @@ class UndoModel(RuleBasedStateMachine):
     def cable(self, index):
         return pick([cable for port in self.ports(False) for cable in port.cables], index)
 
-    def attributes(self, kind):
+    def attributes(self, kind=None):
+        """The attributes of a class, at all levels; all of them without one."""
+
+        def at_and_below(attributes):
+            for attribute in attributes:
+                yield attribute
+                yield from at_and_below(attribute.subattributes or [])
+
         for node in self.nodes():
-            for attribute in node.attributes:
-                yield from (part for part in [attribute, *(attribute.subattributes or [])] if type(part) is kind)
+            yield from (each for each in at_and_below(node.attributes) if kind is None or type(each) is kind)
 
     def column(self, index):
         found = {}

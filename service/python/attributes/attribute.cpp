@@ -73,7 +73,10 @@ const Family family([]() -> std::vector<ClassTable> {
         Class<AttributeList>()
             .items("AnyAttribute")
             .keys<&keywordsOf>()
-            .method<"contains", Form<&AttributeList::contains, "attribute: Attribute | str">>(),
+            .method<"contains", Form<&AttributeList::contains, "attribute: Attribute | str">>()
+            .method<"create_dynamic_attr",
+                    Form<&AttributeList::createDynamicAttr, "name, type, parent='', linkable=False -> AnyAttribute">>()
+            .method<"remove_dynamic_attr", Form<&AttributeList::removeDynamicAttr, "attribute: Attribute | str">>(),
     };
 });
 

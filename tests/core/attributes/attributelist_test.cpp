@@ -186,3 +186,122 @@ TEST_F(AttributeListTest, AListOfARemovedNodeIsInvalid)
     EXPECT_EQ(failureOf([&] { walking->__atend__(); }), invalid);
     EXPECT_EQ(failureOf([&] { AttributeList(nullptr, {}, AttributeList::AllOfLevel).size(); }), invalid);
 }
+
+namespace {
+
+class FilteredListTest : public AttributeListTest {
+protected:
+    FilteredListTest()
+    {
+        all.createDynamicAttr("meta.take", "INT", "Take", true);
+        all.createDynamicAttr("meta.note", "STRING", "", false);
+        all.createDynamicAttr("place", "POSITION_2D", "Place", false);
+        manager().clearHistory();
+    }
+
+    AttributeList list(AttributeList::AttrTypeFilter filter, const QStringList& path = {}) const
+    {
+        return AttributeList(peg, path, filter);
+    }
+};
+
+} // namespace
+
+TEST_F(FilteredListTest, EachFilterHoldsItsAttributes)
+{
+    using Paths = std::vector<std::string>;
+    EXPECT_EQ(walk(list(AttributeList::DynamicOfLevel)), (Paths{"meta", "place"}));
+    EXPECT_EQ(walk(list(AttributeList::DynamicOfLevel, {"meta"})), (Paths{"meta.take", "meta.note"}));
+    EXPECT_EQ(walk(list(AttributeList::DynamicOfLevel, {"position"})), Paths{});
+    EXPECT_EQ(walk(list(AttributeList::Timed, {"meta"})), Paths{"meta.take"});
+    EXPECT_EQ(walk(list(AttributeList::Full, {"meta"})), (Paths{"meta.take", "meta.note"}));
+    const Paths timed = walk(list(AttributeList::Timed));
+    EXPECT_EQ(std::count(timed.begin(), timed.end(), "pivot.x"), 0) << "no column drives a pivot";
+    EXPECT_EQ(timed.back(), "meta.take");
+    const Paths full = walk(list(AttributeList::Full));
+    EXPECT_EQ(Paths(full.begin(), full.begin() + 3), (Paths{"position", "position.x", "position.y"}));
+    EXPECT_EQ(full.back(), "place.y");
+    EXPECT_EQ(list(AttributeList::Full).size(), full.size());
+    EXPECT_EQ(list(AttributeList::DynamicOfLevel).size(), 2u);
+}
+
+TEST_F(FilteredListTest, AnItemIsFoundByIndexAndByNameWhereItPassesTheFilter)
+{
+    EXPECT_EQ(pathIn(list(AttributeList::DynamicOfLevel).get(1)), "place");
+    EXPECT_EQ(pathIn(list(AttributeList::Full).get(1)), "position.x");
+    EXPECT_EQ(pathIn(list(AttributeList::Timed, {"meta"}).get(0)), "meta.take");
+    const struct {
+        const char* name;
+        const char* dynamic;
+        const char* timed;
+        const char* full;
+    } rows[] = {
+        {"meta", "meta", "meta", "nothing"},
+        {"meta.take", "meta.take", "meta.take", "meta.take"},
+        {"meta.note", "meta.note", "meta.note", "nothing"},
+        {"angle", "nothing", "angle", "angle"},
+        {"nowhere", "nothing", "nothing", "nothing"},
+    };
+    for (const auto& [name, dynamic, timed, full] : rows) {
+        EXPECT_EQ(pathIn(list(AttributeList::DynamicOfLevel).get(QString(name))), dynamic) << name;
+        EXPECT_EQ(pathIn(list(AttributeList::Timed).get(QString(name))), timed) << name;
+        EXPECT_EQ(pathIn(list(AttributeList::Full).get(QString(name))), full) << name;
+    }
+    const QVariant x = QVariant::fromValue(all.get(QString("position.x")));
+    EXPECT_TRUE(list(AttributeList::Full).contains(x));
+    EXPECT_FALSE(list(AttributeList::DynamicOfLevel).contains(x));
+    EXPECT_FALSE(list(AttributeList::Full, {"meta"}).contains(x));
+}
+
+TEST_F(FilteredListTest, EachFilterRefusesAnIndexInItsOwnWords)
+{
+    EXPECT_EQ(failureOf([&] { list(AttributeList::DynamicOfLevel).get(2); }), "Index is out of range.");
+    for (const int index : {-1, 2, 1000}) {
+        EXPECT_EQ(failureOf([&] { list(AttributeList::Full, {"meta"}).get(index); }), "Index out of range.");
+        EXPECT_EQ(failureOf([&] { list(AttributeList::Timed, {"meta"}).get(index); }), "Index out of range.");
+    }
+}
+
+TEST_F(FilteredListTest, AnIteratingListFindsNothingByName)
+{
+    const Obj handle = all.__iter__();
+    auto& iterator = *objectIn<AttributeList>(handle);
+    EXPECT_EQ(failureOf([&] { iterator.get(QString("angle")); }), "This action is not supported.");
+    EXPECT_EQ(failureOf([&] { iterator.get(QString("position.x")); }),
+              "Getting a subattribute by name in this list-type is not supported.");
+}
+
+TEST_F(FilteredListTest, ADynamicAttributeTellsItsGroupsFlags)
+{
+    all.createDynamicAttr("group.part", "INT", "", true);
+    EXPECT_EQ(engineAttribute("group")->meta().flags(), 14u);
+    EXPECT_EQ(engineAttribute("group.part")->meta().flags(), 13u);
+    EXPECT_EQ(engineAttribute("meta")->meta().flags(), 14u);
+    all.createDynamicAttr("quiet.part", "INT", "", false);
+    EXPECT_EQ(engineAttribute("quiet")->meta().flags(), 13u);
+}
+
+TEST_F(FilteredListTest, WithoutASceneNothingIsAddedOrTaken)
+{
+    AttributedNode node;
+    StandInSimple own(node, "own");
+    own.details = AT_AttrMeta("own", "", 13);
+    node.attributes = {&own};
+    AttributeList list(&node, {}, AttributeList::AllOfLevel);
+    EXPECT_EQ(failureOf([&] { list.createDynamicAttr("new", "INT", "", false); }), "An unexpected error occurred.");
+    EXPECT_EQ(failureOf([&] { list.removeDynamicAttr("own"); }), "An unexpected error occurred.");
+}
+
+TEST_F(FilteredListTest, ARefusedRemovalSaysSo)
+{
+    StandInSceneCommon scene;
+    RefusingManager refusing;
+    scene.commands = &refusing;
+    AttributedNode node(&scene);
+    StandInSimple own(node, "own");
+    own.details = AT_AttrMeta("own", "", 13);
+    node.attributes = {&own};
+    AttributeList list(&node, {}, AttributeList::AllOfLevel);
+    EXPECT_EQ(failureOf([&] { list.removeDynamicAttr("own"); }), "Failed to remove the attribute.");
+    EXPECT_EQ(failureOf([&] { list.createDynamicAttr("new", "INT", "", false); }), "Failed to create the attribute.");
+}

@@ -8,18 +8,6 @@
 
 // Attributes of no engine, on a node of no engine: what the open engine's never lack or lose.
 
-class StandInMeta : public AT_AttrMeta {
-public:
-    explicit StandInMeta(const QString& keyword) : name(keyword) {}
-    QString keyword() const override { return name; }
-    QString displayName() const override { return name; }
-    bool isDynamic() const override { return dynamic; }
-    bool isNodeDirtyOnChange() const override { return true; }
-
-    QString name;
-    bool dynamic = false;
-};
-
 class StandInSocket : public TUTvSocket {
 public:
     AT_Attr* attr() const override { return nullptr; }
@@ -38,7 +26,7 @@ public:
 template <typename Base>
 class StandInAttribute : public Base {
 public:
-    StandInAttribute(MO_Node& node, const QString& keyword) : owner(node), details(keyword) {}
+    StandInAttribute(MO_Node& node, const QString& keyword) : owner(node), details(keyword, keyword, AT_AttrMeta::kDirtyOnChange) {}
 
     MO_Node* node() const override { return &owner; }
     const AT_AttrMeta& meta() const override { return details; }
@@ -51,7 +39,7 @@ public:
     CO_Command* setTextCommand(double, const QString&) override { return nullptr; }
 
     MO_Node& owner;
-    StandInMeta details;
+    AT_AttrMeta details;
     mutable StandInSocket plug;
     bool linkable = false;
 };

@@ -109,7 +109,7 @@ TEST_F(AttributeSetTest, TheLocalValuesOfEveryKindAreCopied)
     int copied = 0;
     for (const char* type : {"PEG", "READ", "CAMERA", "COMPOSITE", "WRITE", "COLOR_CARD", "BLUR", "CUTTER"}) {
         const AttributeSet from(*peg, attributeTable(type));
-        const AttributeSet to(*peg, attributeTable(type));
+        AttributeSet to(*peg, attributeTable(type));
         for (int place = 0; place < from.count(); ++place) {
             AT_Attr& attr = from.at(place);
             if (dynamic_cast<AT_ComplexAttr*>(&attr))

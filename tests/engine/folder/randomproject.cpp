@@ -1,6 +1,6 @@
 #include "tests/engine/folder/randomproject.h"
 
-#include "core/host/at_attr.h"
+#include "core/host/at_dynamicattr.h"
 #include "core/host/cel_colorspace.h"
 #include "core/host/pio_metadata.h"
 #include "core/host/sc_advancedflags.h"
@@ -53,13 +53,15 @@ public:
 void RandomProject::change(int steps)
 {
     using Step = void (RandomProject::*)();
-    constexpr Step all[] = {&RandomProject::addNode,        &RandomProject::addNode,       &RandomProject::addPort,
-                            &RandomProject::link,           &RandomProject::link,          &RandomProject::place,
-                            &RandomProject::setValue,       &RandomProject::setValue,      &RandomProject::linkColumn,
-                            &RandomProject::linkColumn,     &RandomProject::editColumn,    &RandomProject::editColumn,
-                            &RandomProject::editColumn,     &RandomProject::changeScene,   &RandomProject::removeNode,
-                            &RandomProject::changeSettings, &RandomProject::changeMarkers, &RandomProject::changeViews,
-                            &RandomProject::changeScenes,   &RandomProject::changeMetadata};
+    constexpr Step all[] = {
+        &RandomProject::addNode,        &RandomProject::addNode,       &RandomProject::addPort,
+        &RandomProject::link,           &RandomProject::link,          &RandomProject::place,
+        &RandomProject::addAttribute,   &RandomProject::addAttribute,  &RandomProject::removeAttribute,
+        &RandomProject::setValue,       &RandomProject::setValue,      &RandomProject::linkColumn,
+        &RandomProject::linkColumn,     &RandomProject::editColumn,    &RandomProject::editColumn,
+        &RandomProject::editColumn,     &RandomProject::changeScene,   &RandomProject::removeNode,
+        &RandomProject::changeSettings, &RandomProject::changeMarkers, &RandomProject::changeViews,
+        &RandomProject::changeScenes,   &RandomProject::changeMetadata};
     for (; steps > 0; --steps)
         (this->*all[below(std::size(all))])();
 }
@@ -109,8 +111,8 @@ AT_Attr* RandomProject::attribute()
     if (of->attrsBegin() == of->attrsEnd())
         return nullptr;
     AT_Attr* attr = of->attrsBegin()[below(static_cast<int>(of->attrsEnd() - of->attrsBegin()))];
-    if (const auto* complex = dynamic_cast<const AT_ComplexAttr*>(attr))
-        attr = complex->attrsBegin()[below(static_cast<int>(complex->attrsEnd() - complex->attrsBegin()))];
+    while (const auto* complex = dynamic_cast<const AT_ComplexAttr*>(attr))
+        attr = complex->nAttrs() > 0 ? complex->attrsBegin()[below(static_cast<int>(complex->nAttrs()))] : nullptr;
     return attr;
 }
 
@@ -161,6 +163,38 @@ void RandomProject::place()
     m_project.run(new tu_node::SetXYZCmd(of, numbers[below(5)], numbers[below(5)], numbers[below(5)]));
     m_project.run(new tu_node::EnabledNodeCmd(of, below(3) > 0));
     m_project.run(new tu_node::SetInstanceNameCmd(of, name()));
+}
+
+void RandomProject::addAttribute()
+{
+    MO_Node* to = node();
+    const QStringList types = AT_AttrFactorySingleton().keys();
+    const QString type = below(3) ? types.at(below(static_cast<int>(types.size()))) : AT_DynGroupAttr::TypeString();
+    const AT_AttrMeta meta(name(), below(2) ? name() : QString(), below(4) ? 13 : 14);
+    const bool linkable = below(2);
+    std::vector<AT_AttrDesc> all;
+    to->getFullAttrList(all);
+    std::erase_if(all, [](const AT_AttrDesc& desc) { return !dynamic_cast<AT_DynGroupAttr*>(desc.attr); });
+    if (all.empty() || below(3) == 0)
+        m_project.run(new tu_node::CreateAttrCmd(to, meta, type, linkable));
+    else
+        m_project.run(new Attr::DynGroup::CreateAttrCmd(
+            dynamic_cast<AT_DynGroupAttr*>(all[static_cast<std::size_t>(below(static_cast<int>(all.size())))].attr),
+            meta, type, linkable));
+}
+
+void RandomProject::removeAttribute()
+{
+    MO_Node* from = node();
+    if (from->attrsBegin() == from->attrsEnd())
+        return;
+    AT_Attr* attr = from->attrsBegin()[below(static_cast<int>(from->attrsEnd() - from->attrsBegin()))];
+    auto* group = dynamic_cast<AT_DynGroupAttr*>(attr);
+    if (group && group->nAttrs() > 0 && below(2))
+        m_project.run(
+            new Attr::DynGroup::RemoveAttrCmd(group, group->attrsBegin()[below(static_cast<int>(group->nAttrs()))]));
+    else
+        m_project.run(new tu_node::RemoveAttrCmd(from, attr));
 }
 
 void RandomProject::setValue()

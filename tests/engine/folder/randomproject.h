@@ -26,6 +26,8 @@ private:
     void addPort();
     void link();
     void place();
+    void addAttribute();
+    void removeAttribute();
     void setValue();
     void linkColumn();
     void editColumn();

@@ -31,10 +31,13 @@ public:
             (*member)->accept(*this);
         m_out << ')';
     }
-    void visit(AT_BoolAttr& attr) override { m_out << ' ' << attr.localValue(); }
-    void visit(AT_IntAttr& attr) override { m_out << ' ' << attr.localValue(); }
-    void visit(AT_DoubleAttr& attr) override { m_out << ' ' << bits(attr.localValue()); }
-    void visit(AT_StringAttr& attr) override { m_out << " \"" << attr.localValue() << '"'; }
+    void visit(AT_BoolAttr& attr) override { m_out << ' ' << attr.meta().keyword() << ' ' << attr.localValue(); }
+    void visit(AT_IntAttr& attr) override { m_out << ' ' << attr.meta().keyword() << ' ' << attr.localValue(); }
+    void visit(AT_DoubleAttr& attr) override { m_out << ' ' << attr.meta().keyword() << ' ' << bits(attr.localValue()); }
+    void visit(AT_StringAttr& attr) override
+    {
+        m_out << ' ' << attr.meta().keyword() << " \"" << attr.localValue() << '"';
+    }
     void visit(AT_EnumAttrBase& attr) override { m_out << ' ' << attr.localValue(); }
 
 private:
