@@ -27,6 +27,10 @@ public:
     CM_Palette& operator=(const CM_Palette&) = delete;
     ~CM_Palette();
 
+    /// The palette of a file, read under the identity that the file tells. Null, with one sentence that names the file,
+    /// when it can't be read.
+    static std::shared_ptr<CM_Palette> Open(const CM_PalettePathI& path, QString& error);
+
     UT_Id GetID() const;
     QString GetName() const;
     void SetName(const QString& name);

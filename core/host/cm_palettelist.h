@@ -24,7 +24,7 @@ public:
     UT_Id GetID() const;
     QString GetPath() const; ///< The folder of the project or of the element.
     Type type() const;
-    State state() const; ///< Deleted from the moment that its project is closed or its element removed.
+    State state() const; ///< Deleted from the moment that its element is removed.
     bool IsLoadedFromDisk() const;
     /// Reads the list's file if that has not been done; no file is an empty list. False when it can't be read: the list
     /// is then empty, and the log has one sentence that names the file and the place. The file stays as it is until the
@@ -50,7 +50,8 @@ public:
     void Modify();
 
     class Private;
-    Private& engine() const { return *d; } ///< What the engine keeps of it.
+    explicit CM_PaletteList(std::unique_ptr<Private> made); ///< The engine's own.
+    Private& engine() const { return *d; }                  ///< What the engine keeps of it.
 
 private:
     std::unique_ptr<Private> d;

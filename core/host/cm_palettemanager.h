@@ -46,6 +46,10 @@ public:
     bool LockPaletteList(const std::shared_ptr<CM_PaletteList>& list, QString* holder);
     bool UnlockPaletteList(const std::shared_ptr<CM_PaletteList>& list);
 
+    /// Whether another process has the lock, and who (`holder`). It costs one question to the file system.
+    bool IsHeldByOther(const std::shared_ptr<CM_Palette>& palette, QString* holder) const;
+    bool IsHeldByOther(const std::shared_ptr<CM_PaletteList>& list, QString* holder) const;
+
     bool PaletteExists(const CM_PalettePathI& path) const; ///< As a file, or on a list.
     /// A path of a palette that doesn't exist: the given one (with or without ".plt"), or with "_1", "_2", ... behind
     /// the name.

@@ -2,7 +2,7 @@
 
 #include "core/host/export.h"
 
-class QString;
+#include <QString>
 
 /// The application's preferences, by name.
 class BRINDLE_HOST_EXPORT PR_Preference {
@@ -10,6 +10,8 @@ public:
     virtual ~PR_Preference() = default;
     virtual bool getBoolValue(const QString& name, bool defaultValue) const = 0;
     virtual void setBoolValue(const QString& name, bool value) = 0;
+    virtual QString getStringValue(const QString& name, const QString& defaultValue) const = 0;
+    virtual void setStringValue(const QString& name, const QString& value) = 0;
 };
 
 /// The preferences of the user who runs the application. They are kept from one run to the next.

@@ -187,6 +187,15 @@ bool JsonPlace::flag() const
     return tree().flag(*m_value);
 }
 
+QVariant JsonPlace::flagOrText() const
+{
+    if (tree().isFlag(*m_value))
+        return tree().flag(*m_value);
+    if (!tree().isText(*m_value))
+        fail(QStringLiteral("is not true, false or a text"));
+    return tree().text(*m_value);
+}
+
 int JsonPlace::integer(int lowest, int highest) const
 {
     const double value = tree().isNumber(*m_value) ? m_value->number : std::nan("");

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QVariant>
 
 #include <initializer_list>
 #include <limits>
@@ -56,6 +57,7 @@ public:
     QString text() const;
     bool is(std::string_view text) const; ///< Whether it is that text.
     bool flag() const;
+    QVariant flagOrText() const;
     int integer(int lowest = std::numeric_limits<int>::min(), int highest = std::numeric_limits<int>::max()) const;
     double number() const;                               ///< Finite.
     int oneOf(std::span<const char* const> texts) const; ///< Which of the texts it is.

@@ -135,17 +135,6 @@ void requireOrHint(ProjectLock& lock, const Folder& folder)
     }
 }
 
-/// The open project is the folder that its lock was taken in. Another one may have taken its place at the path.
-void requireSameFolder(const ProjectLock& lock, const Folder& folder)
-{
-    const Folder* own = lock.folder();
-    if (!own || own->isSameAs(folder))
-        return;
-    const QString place = own->place();
-    throw FolderFailure{quoted(folder.path()) + " is another folder by now; that of the open project " +
-                        (place.isEmpty() ? QStringLiteral("was removed") : "has moved to " + quoted(place))};
-}
-
 bool holdsProject(const Folder& folder)
 {
     return folder_recovery::isCommitted(folder) || folder.kindOf(projectFile) != FileKind::Nothing;
@@ -216,7 +205,7 @@ bool ProjectFolder::write(const ProjectRecord& record, const std::vector<TUScene
         requirePath();
         requireFolder(m_path);
         const Folder folder(m_path);
-        requireSameFolder(lock, folder);
+        lock.requireSame(folder);
         const FolderLock writing(folder, FolderLock::Writing);
         lock.require(folder);
         if (folder_recovery::isInterrupted(folder))

@@ -1,14 +1,20 @@
 #include "engine/palettes/palette.h"
 
 #include "core/host/msg_scope.h"
-#include "engine/folder/folderio.h"
+#include "engine/palettes/palettefiles.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
 
+#include <sys/stat.h>
+
+using brindle::engine::Checksum;
 using brindle::engine::FolderFailure;
+using brindle::engine::HolderLock;
 using brindle::engine::PaletteRecord;
+using brindle::engine::quoted;
 
 namespace {
 
@@ -29,7 +35,40 @@ QByteArray takeSized(const QByteArray& stream, qsizetype& place)
     return stream.mid(end + 1, size);
 }
 
+/// The lock's file stands beside the palette's.
+HolderLock lockOf(const CM_PalettePathFile& path)
+{
+    const QString name = QFileInfo(path.filename(true)).fileName();
+    return HolderLock(name + QLatin1String(".lock"), name);
+}
+
+void log(const QString& sentence)
+{
+    MSG_Scope(sentence, MSG_Scope::kError);
+}
+
 } // namespace
+
+qint64 brindle::engine::changeTime(const QString& path)
+{
+    struct stat info = {};
+    if (::stat(QFile::encodeName(path), &info) != 0)
+        return 0;
+    return qint64(info.st_mtim.tv_sec) * 1'000'000'000 + info.st_mtim.tv_nsec;
+}
+
+CM_Palette::Private::Private(const QString& file)
+    : path(file),
+      name(QFileInfo(path.filename(false)).fileName()),
+      lock(lockOf(path))
+{}
+
+void CM_Palette::Private::setFile(const QString& file)
+{
+    lock.release();
+    path = CM_PalettePathFile(file);
+    lock = lockOf(path);
+}
 
 void CM_Palette::Private::setRecord(PaletteRecord record)
 {
@@ -51,13 +90,62 @@ bool CM_Palette::Private::insert(const Entry& entry, std::size_t index)
     return true;
 }
 
-CM_Palette::CM_Palette(const CM_PalettePathI& path) : d(new Private)
+bool CM_Palette::Private::read()
 {
-    d->path = std::make_unique<CM_PalettePathFile>(path.filename(true));
-    d->name = GetDiskName();
+    using namespace brindle::engine;
+    const PaletteSource source(file(), id);
+    KnownFiles read;
+    read.changedAt = changeTime(source.path());
+    bool missing = false;
+    const QByteArray bytes = source.read(&missing);
+    if (missing)
+        return false;
+    read.file = Checksum::of(bytes);
+    known = read; // Also of a file that can't be understood.
+    setRecord(readPaletteFile(file(), bytes, [&](const QString& texture) {
+        bool isMissing = false;
+        const QByteArray png = source.readTexture(texture, &isMissing);
+        auto bitmap = BM_Bitmap::FromPng(png);
+        const QString shownAs = quoted(textureFolder() + u'/' + texture);
+        if (isMissing)
+            log(shownAs + QStringLiteral(" is missing; the texture is kept without a picture."));
+        else if (!bitmap)
+            log(shownAs +
+                QStringLiteral(" is no PNG file of up to %1 x %1 pixels; the texture is kept without a picture.")
+                    .arg(BM_Bitmap::largestSide));
+        else
+            read.pictures[UT_Id::FromString(texture.left(16)).value()] = {bitmap, Checksum::of(png)};
+        return bitmap;
+    }));
+    known = std::move(read);
+    return true;
+}
+
+CM_Palette::CM_Palette(const CM_PalettePathI& path) : d(new Private(path.filename(true)))
+{
+    d->id = UT_Id::Generate();
+}
+
+CM_Palette::CM_Palette(const CM_PalettePathI& path, const UT_Id& id) : d(new Private(path.filename(true)))
+{
+    d->id = id;
+    d->content = Private::Content::Unread;
 }
 
 CM_Palette::~CM_Palette() = default;
+
+std::shared_ptr<CM_Palette> CM_Palette::Open(const CM_PalettePathI& path, QString& error)
+{
+    auto palette = std::make_shared<CM_Palette>(path);
+    try {
+        if (palette->d->read())
+            return palette;
+        error = quoted(palette->d->file()) + QStringLiteral(" is missing.");
+    } catch (const FolderFailure& failure) {
+        error = failure.reason + u'.';
+    }
+    return nullptr;
+}
 
 UT_Id CM_Palette::GetID() const
 {
@@ -76,12 +164,12 @@ void CM_Palette::SetName(const QString& name)
 
 QString CM_Palette::GetDiskName() const
 {
-    return QFileInfo(d->path->filename(false)).fileName();
+    return QFileInfo(d->path.filename(false)).fileName();
 }
 
 const CM_PalettePathI& CM_Palette::GetPath() const
 {
-    return *d->path;
+    return d->path;
 }
 
 CM_Palette::Type CM_Palette::GetType() const
@@ -92,6 +180,16 @@ CM_Palette::Type CM_Palette::GetType() const
 void CM_Palette::SetType(Type type)
 {
     d->type = type;
+}
+
+CM_Palette::State CM_Palette::state() const
+{
+    return d->state;
+}
+
+bool CM_Palette::IsLocked() const
+{
+    return d->lock.isHeld();
 }
 
 bool CM_Palette::IsLoadedFromDisk() const
@@ -106,32 +204,22 @@ bool CM_Palette::IsFileNotFound() const
 
 bool CM_Palette::Load()
 {
-    using namespace brindle::engine;
     if (IsLoadedFromDisk())
         return d->content == Private::Content::Read;
+    const UT_Id expected = d->id;
     try {
-        bool missing = false;
-        const QByteArray content = folder_io::read(d->file(), &missing);
-        if (missing) {
-            d->content = Private::Content::Missing;
-            MSG_Scope(quoted(d->file()) + QStringLiteral(" is missing."), MSG_Scope::kError);
-            return false;
-        }
-        const UT_Id expected = d->id;
-        const QString folder = d->textureFolder() + u'/';
-        PaletteRecord record = readPaletteFile(d->file(), content, [&folder](const QString& file) {
-            bool isMissing = false;
-            return BM_Bitmap::FromPng(folder_io::read(folder + file, &isMissing));
-        });
-        d->setRecord(std::move(record));
-        d->id = expected; // The list's word holds: a copy of a file is another palette.
-        d->content = Private::Content::Read;
-        return true;
+        d->content = d->read() ? Private::Content::Read : Private::Content::Missing;
+        if (d->content == Private::Content::Missing)
+            log(quoted(d->file()) + QStringLiteral(" is missing."));
     } catch (const FolderFailure& failure) {
         d->content = Private::Content::Damaged;
-        MSG_Scope(failure.reason + u'.', MSG_Scope::kError);
-        return false;
+        log(failure.reason + u'.');
     }
+    d->id = expected; // The list's word holds: a copy of a file is another palette.
+    if (!d->known)
+        d->known.emplace();
+    d->known->text = Checksum::of(d->text());
+    return d->content == Private::Content::Read;
 }
 
 const std::vector<CM_Palette::Entry>& CM_Palette::colors() const

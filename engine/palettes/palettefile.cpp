@@ -4,6 +4,9 @@
 #include "engine/folder/jsonwriter.h"
 #include "engine/palettes/linescanner.h"
 
+#include <QFile>
+
+#include <algorithm>
 #include <charconv>
 #include <iterator>
 #include <unordered_set>
@@ -15,7 +18,15 @@ namespace {
 constexpr int newestVersion = 1;
 constexpr const char* format = "brindle-palette";
 constexpr const char* colourTypes[] = {"solid", "linear", "radial"}; ///< By CM_Color::Type.
-constexpr const char* paletteTypes[] = {"colour", "pencil_texture"}; ///< By CM_Palette::Type.
+struct PaletteType {
+    CM_Palette::Type type;
+    const char* word;
+};
+constexpr PaletteType paletteTypes[] = {
+    {CM_Palette::kColour, "colour"},
+    {CM_Palette::kPencilTexture, "pencil_texture"},
+    {CM_Palette::kHidden, "hidden"},
+};
 constexpr const char* textureWord = "texture";
 constexpr const char* tilings[] = {"single", "tile"};
 
@@ -129,7 +140,7 @@ void readHead(LineScanner& line, PaletteRecord& palette)
     line.next();
     line.oneOf({"palette"});
     palette.id = readId(line);
-    palette.type = static_cast<CM_Palette::Type>(line.oneOf({paletteTypes[0], paletteTypes[1]}));
+    palette.type = paletteTypes[line.oneOf({paletteTypes[0].word, paletteTypes[1].word, paletteTypes[2].word})].type;
     palette.name = line.text();
 }
 
@@ -146,7 +157,9 @@ QByteArray paletteFileText(const PaletteRecord& palette)
     appendWord(out, std::to_string(newestVersion).c_str());
     out += "\npalette ";
     appendId(out, palette.id);
-    appendWord(out, paletteTypes[palette.type]);
+    const auto type = std::find_if(std::begin(paletteTypes), std::end(paletteTypes),
+                                   [&](const PaletteType& row) { return row.type == palette.type; });
+    appendWord(out, type->word);
     appendText(out, palette.name);
     out += '\n';
     for (const CM_Palette::Entry& entry : palette.entries) {
@@ -172,6 +185,17 @@ PaletteRecord readPaletteFile(const QString& path, const QByteArray& content, co
             line.fail(QStringLiteral("an entry above has the same identity"));
     }
     return palette;
+}
+
+UT_Id identityInPaletteFile(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return UT_Id();
+    constexpr qint64 longestLine = 64;
+    if (!file.readLine(longestLine).startsWith(format))
+        return UT_Id();
+    return UT_Id::FromString(QString::fromLatin1(file.readLine(longestLine)).section(u' ', 1, 1));
 }
 
 } // namespace brindle::engine

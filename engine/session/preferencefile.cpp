@@ -17,7 +17,7 @@ namespace brindle::engine {
 namespace {
 
 constexpr char preferenceFormat[] = "brindle-preferences";
-constexpr int preferenceVersion = 1;
+constexpr int preferenceVersion = 2;
 
 /// Why a file is not read, though it isn't damaged.
 struct ForeignFile {
@@ -42,8 +42,16 @@ PreferenceFile::Values valuesIn(const QString& path)
         throw ForeignFile{quoted(path) + " is that of a newer version of the application"};
     root.requireOnly({"format", "version", "values"});
     for (const JsonPlace& value : root.field("values").fields())
-        values.insert(value.key(), value.flag());
+        values.insert(value.key(), value.flagOrText());
     return values;
+}
+
+void writeValue(JsonWriter& json, const QVariant& value)
+{
+    if (value.typeId() == QMetaType::Bool)
+        json.flag(value.toBool());
+    else
+        json.text(value.toString());
 }
 
 QByteArray textOf(const PreferenceFile::Values& values)
@@ -54,7 +62,7 @@ QByteArray textOf(const PreferenceFile::Values& values)
     json.key("version").integer(preferenceVersion);
     json.key("values").beginObject();
     for (auto value = values.begin(); value != values.end(); ++value)
-        json.key(value.key()).flag(value.value());
+        writeValue(json.key(value.key()), value.value());
     json.endObject();
     json.endObject();
     return json.result();

@@ -2,13 +2,16 @@
 
 #include <QMap>
 #include <QString>
+#include <QVariant>
 
 namespace brindle::engine {
 
 /// The file in which a user's preferences are kept: JSON with these fields.
 ///
-///     format, version  "brindle-preferences", 1
-///     values           the preferences that were ever set, by name: true or false
+///     format, version  "brindle-preferences", 2
+///     values           the preferences that were ever set, by name: true, false or a text
+///
+/// Version 1 has no texts.
 ///
 /// A write replaces the file in one step, and leaves what other processes wrote meanwhile. A damaged file is moved to
 /// the same name with ".damaged" behind it (and a number where that is taken) before another one takes its place; one
@@ -16,7 +19,7 @@ namespace brindle::engine {
 /// log.
 class PreferenceFile {
 public:
-    using Values = QMap<QString, bool>;
+    using Values = QMap<QString, QVariant>; ///< Each a bool or a QString.
 
     /// An empty path is no file: nothing is read, and nothing is written.
     explicit PreferenceFile(const QString& path) : m_path(path) {}

@@ -31,12 +31,13 @@ Preferences::Preferences(const QString& path) : m_file(path)
     for (auto value = read.begin(); value != read.end(); ++value)
         m_values.insert(value.key(), value.value());
     m_saved = m_values;
-    m_constantSegment = m_values.value(constantSegmentName.toString());
+    m_constantSegment = getBoolValue(constantSegmentName.toString(), false);
 }
 
 bool Preferences::getBoolValue(const QString& name, bool defaultValue) const
 {
-    return m_values.value(name, defaultValue);
+    const QVariant value = m_values.value(name);
+    return value.typeId() == QMetaType::Bool ? value.toBool() : defaultValue;
 }
 
 void Preferences::setBoolValue(const QString& name, bool value)
@@ -44,6 +45,17 @@ void Preferences::setBoolValue(const QString& name, bool value)
     m_values.insert(name, value);
     if (name == constantSegmentName)
         m_constantSegment = value;
+}
+
+QString Preferences::getStringValue(const QString& name, const QString& defaultValue) const
+{
+    const QVariant value = m_values.value(name);
+    return value.typeId() == QMetaType::QString ? value.toString() : defaultValue;
+}
+
+void Preferences::setStringValue(const QString& name, const QString& value)
+{
+    m_values.insert(name, value);
 }
 
 void Preferences::save()

@@ -5,13 +5,14 @@
 
 #include <QHash>
 #include <QString>
+#include <QVariant>
 
 namespace brindle::engine {
 
 /// The preferences of a user: read from their file when they are first asked for, written back by `save`.
 ///
 /// "RIPPLE_SCENE_MARKERS" is true, "EXTEND_DRAWING_EXPOSURE" and "SP_CONSTANT_SEGMENT" are false. A preference that was
-/// never set and has no default of its own is what the caller says.
+/// never set and has no default of its own, or has a value of another type, is what the caller says.
 ///
 /// Setting one costs no write: a preference that is changed for the length of an operation and set back is not written
 /// at all. The session saves them when a project is saved and when it ends.
@@ -22,6 +23,8 @@ public:
 
     bool getBoolValue(const QString& name, bool defaultValue) const override;
     void setBoolValue(const QString& name, bool value) override;
+    QString getStringValue(const QString& name, const QString& defaultValue) const override;
+    void setStringValue(const QString& name, const QString& value) override;
 
     /// Writes those that differ from what was read or saved last. A failure is a line in the log, and the next save
     /// tries again.
@@ -31,8 +34,8 @@ public:
 
 private:
     PreferenceFile m_file;
-    QHash<QString, bool> m_values;
-    QHash<QString, bool> m_saved; ///< As the file has them, and the defaults.
+    QHash<QString, QVariant> m_values;
+    QHash<QString, QVariant> m_saved; ///< As the file has them, and the defaults.
     bool m_constantSegment = false;
 };
 

@@ -4,7 +4,26 @@
 
 namespace brindle::engine {
 
-Project::Project(const QString& path) : m_common(newId(), path) {}
+namespace {
+
+std::vector<PaletteStore::ElementFolder> elementFolders(const ElementManager& elements)
+{
+    std::vector<PaletteStore::ElementFolder> folders;
+    for (const TUElement* element : elements.elements()) {
+        if (!element->isDeleted())
+            folders.push_back({element->id(), elements.elementFolder(element->id(), 0).ToString()});
+    }
+    return folders;
+}
+
+} // namespace
+
+Project::Project(const QString& path) : m_common(newId(), path)
+{
+    palettes().setPath(path);
+    palettes().setLock(m_lock);
+    palettes().setElementFolders([this] { return elementFolders(m_common.elements()); });
+}
 
 Project::~Project() = default;
 
@@ -33,6 +52,18 @@ void Project::setRecord(const ProjectRecord& record)
 ProjectRecord Project::record() const
 {
     return {m_common.settings(), lastChange()};
+}
+
+void Project::setPath(const QString& path)
+{
+    m_common.setPath(path);
+    palettes().setPath(path);
+}
+
+void Project::setReadOnly(bool readOnly)
+{
+    m_readOnly = readOnly;
+    palettes().setReadOnly(readOnly);
 }
 
 SC_SceneBase* Project::sceneAt(int index) const

@@ -23,14 +23,16 @@ public:
     void setRecord(const ProjectRecord& record) override;
     ProjectRecord record() const; ///< The part that is saved beside the scenes.
     std::vector<TUScene*> scenes() const { return m_common.scenes().scenes(); }
+    std::vector<ProjectFiles*> files() { return {&m_common.palettes()}; } ///< What is saved with the scenes.
+    PaletteStore& palettes() { return m_common.palettes(); }
 
     SC_Id id() const override { return m_common.id(); }
     QString path() const override { return m_common.path(); }
-    void setPath(const QString& path) { m_common.setPath(path); }
+    void setPath(const QString& path);
     /// The lock of the project's folder; not held by a project that is read only, or was never on disk.
     ProjectLock& lock() { return m_lock; }
     bool isReadOnly() const override { return m_readOnly; }
-    void setReadOnly(bool readOnly) { m_readOnly = readOnly; }
+    void setReadOnly(bool readOnly);
     SC_ProjectCommon* projectCommon() const override { return const_cast<ProjectCommon*>(&m_common); }
     CommandManager& history() { return m_common.history(); }
     SC_SceneBase* sceneAt(int index) const override;

@@ -3,6 +3,7 @@
 #include "core/host/sc_session.h"
 #include "engine/elements/elementmanager.h"
 #include "engine/history/commandmanager.h"
+#include "engine/palettes/palettestore.h"
 #include "engine/session/colorspaces.h"
 #include "engine/session/metrics.h"
 #include "engine/session/projectsettings.h"
@@ -26,6 +27,7 @@ public:
 
     SceneManager& scenes() { return m_scenes; }
     const SceneManager& scenes() const { return m_scenes; }
+    PaletteStore& palettes() { return m_palettes; }
     CommandManager& history() { return m_history; }
     const CommandManager& history() const { return m_history; }
     ElementManager& elements() { return m_elements; }
@@ -54,8 +56,9 @@ private:
     ProjectSettings m_settings;
     Metrics m_metrics{m_settings};
     ColorSpaceManager m_colorSpaces;
-    DbSceneData m_dbSceneData;
     ElementManager m_elements{*this};
+    PaletteStore m_palettes;
+    DbSceneData m_dbSceneData{m_palettes};
     SceneManager m_scenes;
     CommandManager m_history;
 };

@@ -63,7 +63,8 @@ bool ProjectManager::saveProject(QString& error)
                 QStringLiteral(" is open read-only; it can be saved in another folder.");
         return false;
     }
-    if (!ProjectFolder(m_project->path()).write(m_project->record(), m_project->scenes(), m_project->lock(), error))
+    if (!ProjectFolder(m_project->path())
+             .write(m_project->record(), m_project->scenes(), m_project->lock(), error, m_project->files()))
         return false;
     m_project->history().setClean();
     savePreferencesOfUser();
@@ -81,7 +82,7 @@ bool ProjectManager::saveProjectAs(const QString& path, QString& error)
         m_project->setPath(folder.path());
         return saveProject(error);
     }
-    if (!folder.createForSave(m_project->record(), m_project->scenes(), m_project->lock(), error))
+    if (!folder.createForSave(m_project->record(), m_project->scenes(), m_project->lock(), error, m_project->files()))
         return false;
     m_project->setPath(folder.path());
     m_project->setReadOnly(false);
@@ -112,6 +113,8 @@ void ProjectManager::closeProject()
     const SCP_PythonEngine::HaltScope halt;
     // The session has no project any more while this one goes.
     const std::unique_ptr<Project> closing = std::move(m_project);
+    if (closing)
+        closing->palettes().close();
     announceSessionChange();
 }
 
@@ -125,6 +128,7 @@ SC_Project* ProjectManager::replaceProject(std::unique_ptr<Project> project)
     const SCP_PythonEngine::HaltScope halt;
     closeProject();
     m_project = std::move(project);
+    m_project->palettes().makeCurrent();
     announceSessionChange();
     return m_project.get();
 }

@@ -18,10 +18,18 @@ struct NamedResolution {
 /// The one that has exactly this name, or null.
 const NamedResolution* findNamedResolution(QStringView name);
 
-/// The named resolutions of the open engine: the same for all projects.
+class PaletteStore;
+
+/// The tables of the open engine: the named resolutions, which are the same for all projects, and where palettes lie.
 class DbSceneData final : public TUDbSceneData {
 public:
+    explicit DbSceneData(const PaletteStore& palettes) : m_palettes(palettes) {}
+
     std::vector<TUDbResolution::UsaResolutionTable> namedResolutions() const override;
+    CM_LocationType getLocationRelativeToElement(const QString& folder) const override;
+
+private:
+    const PaletteStore& m_palettes;
 };
 
 } // namespace brindle::engine

@@ -39,7 +39,7 @@ protected:
 
 const QByteArray oneValue = R"({
   "format": "brindle-preferences",
-  "version": 1,
+  "version": 2,
   "values": {
     "RIPPLE_SCENE_MARKERS": false
   }
@@ -124,7 +124,7 @@ TEST_F(PreferenceFileTest, EachDamagedFileIsKeptUnderANameOfItsOwn)
 
 TEST_F(PreferenceFileTest, AFileOfANewerVersionIsLeftAlone)
 {
-    const QByteArray newer = R"({"format": "brindle-preferences", "version": 2, "values": {"A": "text"}})";
+    const QByteArray newer = R"({"format": "brindle-preferences", "version": 3, "values": {"A": "text"}})";
     put(newer);
     const PreferenceFile file(path());
     const QString why = "\"" + path() + "\" is that of a newer version of the application.\n";
@@ -161,4 +161,14 @@ TEST_F(PreferenceFileTest, TheUsersFileIsInTheConfigurationFolder)
         qunsetenv("XDG_CONFIG_HOME");
     else
         qputenv("XDG_CONFIG_HOME", before);
+}
+
+TEST_F(PreferenceFileTest, TextsAreKeptAsWellAndVersionOneHasNone)
+{
+    put(R"({"format": "brindle-preferences", "version": 1, "values": {"A": true}})");
+    const PreferenceFile file(path());
+    EXPECT_TRUE(file.read().value("A").toBool());
+    EXPECT_TRUE(file.update({{"FOLDER", QStringLiteral("/p \"q\"")}}));
+    EXPECT_EQ(file.read(), (PreferenceFile::Values{{"A", true}, {"FOLDER", QStringLiteral("/p \"q\"")}}));
+    EXPECT_TRUE(content(path()).contains("\"version\": 2"));
 }

@@ -100,7 +100,7 @@ QByteArrayList keptInASession()
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
     const auto kept = [] {
         const auto values = brindle::engine::PreferenceFile(brindle::engine::PreferenceFile::pathOfUser()).read();
-        return values.contains("OTHER") ? QByteArray(values.value("OTHER") ? "true" : "false") : QByteArray("nothing");
+        return values.contains("OTHER") ? QByteArray(values.value("OTHER").toBool() ? "true" : "false") : QByteArray("nothing");
     };
     QByteArrayList all;
     QString error;

@@ -1,5 +1,7 @@
 #include "engine/session/resolutions.h"
 
+#include "engine/palettes/palettestore.h"
+
 #include "tests/engine/support/memoryproject.h"
 
 #include <QSet>
@@ -45,7 +47,8 @@ TEST(ResolutionsTest, TheTableHasTheCommonFormats)
         {"UHD_8K", 7680, 4320, 24},  {"DCI_2K", 2048, 1080, 24}, {"DCI_4K", 4096, 2160, 24},
         {"FILM_2K", 2048, 1556, 24}, {"PAL", 720, 576, 25},      {"NTSC", 720, 486, 30000.0 / 1001.0},
     };
-    brindle::engine::DbSceneData data;
+    const brindle::engine::PaletteStore palettes;
+    brindle::engine::DbSceneData data(palettes);
     for (const auto& [name, width, height, fps] : formats) {
         const brindle::engine::NamedResolution* row = brindle::engine::findNamedResolution(QString(name));
         ASSERT_TRUE(row) << name;
@@ -64,7 +67,8 @@ TEST(ResolutionsTest, TheTableHasTheCommonFormats)
 
 TEST(ResolutionsTest, EachRowHasANameOfItsOwn)
 {
-    brindle::engine::DbSceneData data;
+    const brindle::engine::PaletteStore palettes;
+    brindle::engine::DbSceneData data(palettes);
     QSet<QString> names;
     for (const Row& row : TUDbResolution::getResolutions(data, false)) {
         EXPECT_FALSE(names.contains(row.name())) << row.name().toStdString();
