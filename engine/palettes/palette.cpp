@@ -90,6 +90,13 @@ bool CM_Palette::Private::insert(const Entry& entry, std::size_t index)
     return true;
 }
 
+void CM_Palette::Private::rememberText()
+{
+    if (!known)
+        known.emplace();
+    known->text = Checksum::of(text());
+}
+
 bool CM_Palette::Private::read()
 {
     using namespace brindle::engine;
@@ -113,10 +120,13 @@ bool CM_Palette::Private::read()
             log(shownAs +
                 QStringLiteral(" is no PNG file of up to %1 x %1 pixels; the texture is kept without a picture.")
                     .arg(BM_Bitmap::largestSide));
-        else
-            read.pictures[UT_Id::FromString(texture.left(16)).value()] = {bitmap, Checksum::of(png)};
         return bitmap;
     }));
+    for (const Entry& entry : entries) {
+        const auto texture = CM_CastToTexture(entry);
+        if (texture && texture->GetBitmap())
+            read.pictures[entry->GetID().value()] = {texture->GetBitmap(), Checksum::of(texture->GetBitmap()->Png())};
+    }
     known = std::move(read);
     return true;
 }
@@ -138,8 +148,10 @@ std::shared_ptr<CM_Palette> CM_Palette::Open(const CM_PalettePathI& path, QStrin
 {
     auto palette = std::make_shared<CM_Palette>(path);
     try {
-        if (palette->d->read())
+        if (palette->d->read()) {
+            palette->d->rememberText();
             return palette;
+        }
         error = quoted(palette->d->file()) + QStringLiteral(" is missing.");
     } catch (const FolderFailure& failure) {
         error = failure.reason + u'.';
@@ -216,9 +228,7 @@ bool CM_Palette::Load()
         log(failure.reason + u'.');
     }
     d->id = expected; // The list's word holds: a copy of a file is another palette.
-    if (!d->known)
-        d->known.emplace();
-    d->known->text = Checksum::of(d->text());
+    d->rememberText();
     return d->content == Private::Content::Read;
 }
 

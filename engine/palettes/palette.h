@@ -45,6 +45,7 @@ public:
     bool insert(const Entry& entry, std::size_t index);
     /// Reads the file under the identity that it has itself. Throws `FolderFailure`; false where there is no file.
     bool read();
+    void rememberText(); ///< What it says now counts as unchanged.
 
     UT_Id id;
     CM_PalettePathFile path;

@@ -117,7 +117,10 @@ CM_Palette::Entry readEntry(LineScanner& line, const TextureSource& textures)
     const QString name = line.text();
     if (kind == std::ssize(colourTypes)) {
         const bool tile = line.oneOf({tilings[0], tilings[1]});
-        return std::make_shared<CM_Texture>(name, id, textures(line.text()), tile);
+        const QString file = line.text();
+        if (file.isEmpty() || file.contains(u'/') || file.contains(QChar(0)))
+            line.fail(QStringLiteral("the name of the texture's file is none of a file"));
+        return std::make_shared<CM_Texture>(name, id, textures(file), tile);
     }
     const auto type = static_cast<CM_Color::Type>(kind);
     auto colour = std::make_shared<CM_Color>(type, name, id);

@@ -346,6 +346,12 @@ bool PaletteStore::isNamed(const UT_Id& palette) const
 
 void PaletteStore::close()
 {
+    for (const auto& known : m_known) {
+        if (const Palette palette = known.lock())
+            palette->engine().lock.release();
+    }
+    for (const List& list : m_lists)
+        list->engine().lock.release();
     if (m_isReadOnly || !m_lock || !m_lock->isOn(m_path))
         return;
     for (const auto& known : m_known) {

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QImage>
 #include <QImageReader>
+#include <QtEndian>
 
 namespace {
 
@@ -26,6 +27,20 @@ QImage decoded(const QByteArray& bytes, bool& isPng)
     isPng = reader.format() == "png";
     const QSize size = reader.size();
     return size.isValid() && !fits(size.width(), size.height()) ? QImage() : reader.read();
+}
+
+/// The size in the head of a PNG that has its end; 0 x 0 for anything else. A PNG begins with its signature and the
+/// chunk "IHDR", which begins with width and height, and ends with the chunk "IEND" (PNG specification, section 5).
+QSize sizeOfPng(const QByteArray& png)
+{
+    constexpr qsizetype widthPlace = 16;
+    constexpr qsizetype heightPlace = 20;
+    const bool isWhole = png.startsWith("\x89PNG\r\n\x1a\n") && png.sliced(8).indexOf("IHDR") == 4 &&
+                         png.lastIndexOf("IEND") > heightPlace;
+    if (!isWhole)
+        return {0, 0};
+    const auto side = [&](qsizetype place) { return qFromBigEndian<qint32>(png.constData() + place); };
+    return {side(widthPlace), side(heightPlace)};
 }
 
 QByteArray pngOf(const QImage& image)
@@ -54,9 +69,7 @@ std::shared_ptr<const BM_Bitmap> BM_Bitmap::FromFile(const QString& path)
 
 std::shared_ptr<const BM_Bitmap> BM_Bitmap::FromPng(const QByteArray& png)
 {
-    QBuffer buffer;
-    buffer.setData(png);
-    const QSize size = QImageReader(&buffer, "png").size();
+    const QSize size = sizeOfPng(png);
     if (!fits(size.width(), size.height()))
         return nullptr;
     return std::shared_ptr<const BM_Bitmap>(

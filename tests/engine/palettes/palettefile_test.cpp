@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using namespace brindle::engine;
 
 namespace {
@@ -121,6 +123,8 @@ TEST(PaletteFileTest, DamageIsASentenceThatNamesTheLine)
          "\"/p/Hero.plt\" is damaged at line 3: a position is not between the one before it and 1"},
         {withLine("0c8e4f6fb1a90d22 linear \"Sky\" nan ffd9b8ff"),
          "\"/p/Hero.plt\" is damaged at line 3: \"nan\" is no number"},
+        {withLine("0c8e4f6fb1a90d22 texture \"A\" tile \"../a.png\""),
+         "\"/p/Hero.plt\" is damaged at line 3: the name of the texture's file is none of a file"},
         {withLine("0c8e4f6fb1a90d22 solid \"A\" ffd9b8ff\n0c8e4f6fb1a90d22 solid \"B\" ffd9b8ff"),
          "\"/p/Hero.plt\" is damaged at line 4: an entry above has the same identity"},
     };
@@ -134,4 +138,26 @@ TEST(PaletteFileTest, EveryFileThatIsCutShortIsAPaletteOrASentence)
         const bool isWhole = size > 0 && example[size - 1] == '\n' && example.left(size).count('\n') >= 2;
         EXPECT_EQ(failure(example.left(size)).isEmpty(), isWhole) << size;
     }
+}
+
+TEST(PaletteFileTest, EveryFileWithOtherBytesIsAPaletteThatCanBeWrittenOrASentence)
+{
+    std::mt19937 random(7);
+    const auto below = [&](qsizetype count) {
+        return static_cast<qsizetype>(random() % static_cast<std::size_t>(count));
+    };
+    int palettes = 0;
+    constexpr int rounds = 20'000;
+    for (int round = 0; round < rounds; ++round) {
+        QByteArray content = example;
+        for (qsizetype changes = 1 + below(3); changes > 0; --changes)
+            content[below(content.size())] = static_cast<char>(below(2) == 0 ? below(256) : " \"\n\\0123fx"[below(10)]);
+        if (!failure(content).isEmpty())
+            continue;
+        ++palettes;
+        const QByteArray written = paletteFileText(read(content));
+        ASSERT_EQ(paletteFileText(read(written)), written) << content.constData();
+    }
+    EXPECT_GT(palettes, rounds / 20);
+    EXPECT_LT(palettes, rounds);
 }
