@@ -6,10 +6,12 @@
 #include <QColor>
 #include <QString>
 
+#include <memory>
 #include <vector>
 
 class AT_Attr;
 struct AT_AttrDesc;
+class MO_Backdrop;
 class MO_Module;
 class MO_ModuleVisitor;
 class MO_Node;
@@ -121,6 +123,9 @@ public:
     virtual MO_Node* subNode(const QString& name) const = 0; ///< A direct sub-node by its name, or null.
     /// All nodes below the group, depth first, each group ahead of its content; the group itself is left out.
     virtual void getRecursiveSubNodeList(std::vector<MO_Node*>& nodes) const = 0;
+
+    /// The backdrops, in the order in which they were added.
+    virtual const std::vector<std::shared_ptr<MO_Backdrop>>& backdrops() const = 0;
 
     /// The node inside that faces the group's in-ports, or null while there is none.
     virtual TUMultiPortIn* getOutMultiPort() const = 0;

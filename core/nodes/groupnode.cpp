@@ -4,6 +4,7 @@
 #include "core/host/mo_node.h"
 #include "core/host/sc_scene.h"
 #include "core/host/tu_node.h"
+#include "core/nodes/backdroplist.h"
 #include "core/nodes/nodelist.h"
 
 #include <algorithm>
@@ -97,6 +98,17 @@ NodeList* GroupNode::newNodes() const
 {
     TUGroup* group = target().group();
     return group ? new NodeList(group) : nullptr;
+}
+
+Obj GroupNode::getBackdrops() const
+{
+    return Obj(newBackdrops());
+}
+
+BackdropList* GroupNode::newBackdrops() const
+{
+    TUGroup* group = target().group();
+    return group ? new BackdropList(group) : nullptr;
 }
 
 TUGroup* GroupNode::getGroup() const

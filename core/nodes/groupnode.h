@@ -6,6 +6,7 @@ class TUGroup;
 
 namespace OMC {
 
+class BackdropList;
 class NodeList;
 
 /// A node that holds nodes, and the two nodes inside it that face its ports.
@@ -15,6 +16,7 @@ class BRINDLE_CORE_EXPORT GroupNode : public Node {
     Q_PROPERTY(OMC::Obj multi_port_in READ getMultiPortIn)
     Q_PROPERTY(OMC::Obj multi_port_out READ getMultiPortOut)
     Q_PROPERTY(OMC::Obj nodes READ getNodes)
+    Q_PROPERTY(OMC::Obj backdrops READ getBackdrops)
 
 public:
     explicit GroupNode(TUGroup* group);
@@ -27,8 +29,11 @@ public:
     /// The node inside that faces the out-ports; it is made when there is none, as an undoable step. Null when the
     /// engine refuses it.
     virtual Obj getMultiPortOut() const;
-    virtual Obj getNodes() const; ///< The nodes directly in the group.
-    NodeList* newNodes() const;   ///< The same, for a caller that takes the list itself; null where there is none.
+    virtual Obj getNodes() const;     ///< The nodes directly in the group.
+    NodeList* newNodes() const;       ///< The same, for a caller that takes the list itself; null where there is none.
+    virtual Obj getBackdrops() const; ///< The coloured rectangles behind the nodes of the group.
+    BackdropList*
+    newBackdrops() const; ///< The same, for a caller that takes the list itself; null where there is none.
 
     TUGroup* getGroup() const; ///< The engine group, or null once it is gone.
 };

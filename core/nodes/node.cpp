@@ -10,6 +10,7 @@
 #include "core/nodes/multiportlist.h"
 #include "core/nodes/node_coordinates.h"
 #include "core/nodes/nodemove.h"
+#include "core/nodes/nodesubselectionlist.h"
 #include "core/nodes/nodewrappervisitor.h"
 #include "core/scene/scene.h"
 
@@ -252,6 +253,16 @@ void Node::setEnabled(bool enabled)
         .execute(new tu_node::EnabledNodeCmd(&node, enabled), tr("Enable ") + node.instanceName());
 }
 
+Obj Node::getSubselections() const
+{
+    return Obj(newSubselections());
+}
+
+NodeSubselectionList* Node::newSubselections() const
+{
+    return new NodeSubselectionList(getNode());
+}
+
 bool Node::getValid() const
 {
     return getNode() != nullptr;
@@ -296,8 +307,13 @@ MO_Node* Node::getNode() const
 void Node::validate() const
 {
     if (isGone())
-        throw Exception(tr("Node is no longer valid. Node may have been moved or deleted."));
+        throwNodeGone();
     validateThreadLock();
+}
+
+void Node::throwNodeGone()
+{
+    throw Exception(tr("Node is no longer valid. Node may have been moved or deleted."));
 }
 
 std::string Node::textAs(const char* className) const

@@ -13,6 +13,7 @@ namespace OMC {
 
 class AttributeList;
 class Node_Coordinates;
+class NodeSubselectionList;
 class PortList;
 
 /// A node of a scene's graph. An object follows its node through a rename and is invalid for ever once the node is
@@ -38,6 +39,7 @@ class BRINDLE_CORE_EXPORT Node : public EngineView<MO_Node> {
     Q_PROPERTY(QVariant position READ getPosition WRITE setPosition)
     Q_PROPERTY(bool enabled READ getEnabled WRITE setEnabled)
     Q_PROPERTY(bool valid READ getValid)
+    Q_PROPERTY(OMC::Obj subselections READ getSubselections)
 
 public:
     /// The wrapper for an engine node, which the caller owns (as a rule through an Obj); null for null.
@@ -84,6 +86,11 @@ public:
     virtual void setEnabled(bool enabled);
     virtual bool getValid() const; ///< Whether the node is still there; never fails.
 
+    /// The handles of the node's gizmo that a person can pick; a list of an invalid node fails at its first use.
+    Obj getSubselections() const;
+    /// The same, for a caller that takes the wrapper itself.
+    NodeSubselectionList* newSubselections() const;
+
     /// Moves the node to a group; all forms of `moveTo` end here.
     virtual void moveNode(TUGroup* group, int x, int y);
 
@@ -92,6 +99,9 @@ public:
     bool operator==(const Obj& other) const { return __eq__(other); }
 
     MO_Node* getNode() const; ///< The engine node, or null once it is gone.
+
+    /// Throws the sentence for a node that is gone.
+    [[noreturn]] static void throwNodeGone();
 
 protected:
     friend class NodeWrapperVisitor;

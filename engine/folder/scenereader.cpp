@@ -1,14 +1,14 @@
 #include "engine/folder/scenefile.h"
 
 #include "engine/curves/columnlist.h"
+#include "engine/folder/backdroptext.h"
+#include "engine/folder/colourtext.h"
 #include "engine/folder/columntext.h"
 #include "engine/folder/jsonplace.h"
 #include "engine/folder/projectfolder.h"
 #include "engine/graph/links.h"
 #include "engine/graph/scenegraph.h"
 #include "engine/session/scene.h"
-
-#include <QRegularExpression>
 
 namespace brindle::engine {
 
@@ -91,11 +91,7 @@ private:
         marker.name = place.field("name").text();
         marker.frame = place.field("frame").integer(1, SceneTiming::maxCount);
         marker.length = place.field("length").integer(1, SceneTiming::maxCount);
-        const JsonPlace colour = place.field("colour");
-        static const QRegularExpression form(QStringLiteral("\\A#[0-9A-F]{8}\\z"));
-        if (!form.match(colour.text()).hasMatch())
-            colour.fail(QStringLiteral("is no colour \"#AARRGGBB\""));
-        marker.colour = colour.text().mid(1).toUInt(nullptr, 16);
+        marker.colour = readColour(place.field("colour"));
         if (const auto note = place.ifField("note"))
             marker.note = note->text();
         return marker;
@@ -103,12 +99,16 @@ private:
 
     void readNode(const JsonPlace& place)
     {
-        place.requireOnly(
-            {"name", "type", "depth", "place", "enabled", "inPorts", "outPorts", "added", "values", "columns", "links"});
+        place.requireOnly({"name", "type", "depth", "place", "enabled", "inPorts", "outPorts", "added", "values",
+                           "columns", "links", "backdrops"});
         Node& node = m_nodes.empty() ? readRoot(place) : readSubNode(place);
         m_nodes.push_back(&node);
-        if (Group* group = node.asGroup())
+        if (Group* group = node.asGroup()) {
             m_groups.push_back(group);
+            readBackdrops(place, *group);
+        } else if (const auto backdrops = place.ifField("backdrops")) {
+            backdrops->fail(QStringLiteral("can't be told of a node of this type"));
+        }
         if (const auto enabled = place.ifField("enabled"))
             node.setEnabled(enabled->flag());
         m_attributes.read(place, node);

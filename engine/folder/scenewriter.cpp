@@ -2,6 +2,8 @@
 
 #include "core/host/sc_scene.h"
 #include "core/host/sc_scenemarker.h"
+#include "engine/folder/backdroptext.h"
+#include "engine/folder/colourtext.h"
 #include "engine/folder/columntext.h"
 #include "engine/folder/jsonwriter.h"
 #include "engine/folder/nodeattributes.h"
@@ -61,7 +63,7 @@ private:
             m_json.key("name").text(marker.name);
             m_json.key("frame").integer(marker.frame);
             m_json.key("length").integer(marker.length);
-            m_json.key("colour").text(u'#' + QString::number(marker.colour, 16).toUpper().rightJustified(8, u'0'));
+            m_json.key("colour").text(colourText(marker.colour));
             if (!marker.note.isEmpty())
                 m_json.key("note").text(marker.note);
             m_json.endObject();
@@ -86,6 +88,8 @@ private:
         writePorts(node, PortSide::Out, "outPorts");
         m_attributes.write(m_json, node);
         writeLinks(node);
+        if (const Group* group = node.asGroup())
+            writeBackdrops(m_json, *group);
         m_json.endObject();
     }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/host/mo_backdrop.h"
 #include "engine/graph/hostnode.h"
 #include "engine/graph/subnodes.h"
 
@@ -16,6 +17,10 @@ public:
     Node* multiPortOut() const { return m_multiPortOut; } ///< Faces the group's out-ports.
     void noteMultiPort(Node& node, bool present);         ///< A sub-node came or went.
 
+    using Backdrops = std::vector<std::shared_ptr<MO_Backdrop>>;
+    Backdrops& backdropList() { return m_backdrops; }
+    const Backdrops& backdrops() const override { return m_backdrops; }
+
     NodeIterator subNodesBegin() const override { return m_subNodes.begin(); }
     NodeIterator subNodesEnd() const override { return m_subNodes.end(); }
     unsigned int nSubNodes() const override { return static_cast<unsigned int>(m_subNodes.size()); }
@@ -29,6 +34,7 @@ private:
     SubNodes m_subNodes;
     Node* m_multiPortIn = nullptr;
     Node* m_multiPortOut = nullptr;
+    Backdrops m_backdrops;
 };
 
 /// The engine's group behind a host group, or null for null and for a group that is not the engine's.

@@ -25,6 +25,15 @@ bool isMultiPort(const Node& node)
     return node.type().nodeClass == NodeClass::MultiPortIn || node.type().nodeClass == NodeClass::MultiPortOut;
 }
 
+void copyBackdrops(const Group& from, Group& to)
+{
+    for (const std::shared_ptr<MO_Backdrop>& backdrop : from.backdrops()) {
+        auto copy = std::make_shared<MO_Backdrop>(&to, to.sceneCommon());
+        copy->setProperties(backdrop->properties());
+        to.backdropList().push_back(std::move(copy));
+    }
+}
+
 std::unique_ptr<MO_Node> newNodeLike(const Node& node)
 {
     const NodePosition& place = node.position();
@@ -38,6 +47,8 @@ std::unique_ptr<MO_Node> newNodeLike(const Node& node)
     copy.setEnabled(node.isEnabled());
     if (node.hasAttributes())
         copyValues(node.attributes(), copy.attributes());
+    if (const Group* group = node.asGroup())
+        copyBackdrops(*group, *copy.asGroup());
     return host;
 }
 

@@ -11,7 +11,7 @@ namespace brindle::engine {
 using NodeCopies = std::unordered_map<const Node*, Node*>;
 
 /// A new node like another one, in no scene and no group: of its type, with its name, place, enabled flag, local
-/// values, ports (under their ids) and, for a group, all that is in it with the links in there. The attributes are
+/// values, ports (under their ids) and, for a group, its backdrops and all that is in it with the links in there. The attributes are
 /// linked to no column. The node and those in it are added to `copies`.
 ///
 /// A multi-port node comes without ports: it shows those of the group that it is put in.

@@ -32,6 +32,12 @@ constexpr NodeType makingInPorts(NodeType type)
     return type;
 }
 
+constexpr NodeType withHandles(int count, NodeType type)
+{
+    type.handleCount = count;
+    return type;
+}
+
 constexpr NodeType compositing(NodeType type)
 {
     type.portMode = MO_DynamicInPorts;
@@ -50,19 +56,26 @@ constexpr NodeType multiPortOutType =
 
 constexpr NodeClass module = NodeClass::Module;
 
+constexpr int pegHandles = 7;    // Position, rotation, scale in x, in y and in both, skew, pivot.
+constexpr int cameraHandles = 4; // Position, rotation, zoom, pivot.
+constexpr int frameHandles = 4;  // The corners of a picture.
+
 constexpr std::array nodeTypes{
     fixed(u"READ", u"Drawing", NodeClass::Element, {peg}, {image}, u"Shows the drawings of an element."),
-    fixed(u"PEG", u"Peg", NodeClass::Peg, {peg}, {peg}, u"Moves, scales and turns what is linked below it."),
-    fixed(u"CAMERA", u"Camera", NodeClass::Camera, {peg}, {}, u"The view of the scene that becomes its picture."),
+    withHandles(pegHandles, fixed(u"PEG", u"Peg", NodeClass::Peg, {peg}, {peg},
+                                  u"Moves, scales and turns what is linked below it.")),
+    withHandles(cameraHandles, fixed(u"CAMERA", u"Camera", NodeClass::Camera, {peg}, {},
+                                     u"The view of the scene that becomes its picture.")),
     fixed(u"DISPLAY", u"Display", NodeClass::Display, {image}, {image}, u"Shows the picture that it is fed."),
     compositing(fixed(u"COMPOSITE", u"Composite", module, {image}, {image}, u"Lays pictures over each other.")),
     fixed(u"WRITE", u"Write", module, {image}, {image}, u"Writes the picture that it is fed to image files."),
     groupType,
     multiPortInType,
     multiPortOutType,
-    fixed(u"COLOR_CARD", u"Colour-Card", module, {}, {image}, u"A picture of one colour."),
+    withHandles(frameHandles, fixed(u"COLOR_CARD", u"Colour-Card", module, {}, {image}, u"A picture of one colour.")),
     fixed(u"BLUR", u"Blur", module, {image}, {image}, u"Blurs the picture that it is fed."),
-    fixed(u"CUTTER", u"Cutter", module, {matte, image}, {image}, u"Cuts a picture by a matte."),
+    withHandles(frameHandles,
+                fixed(u"CUTTER", u"Cutter", module, {matte, image}, {image}, u"Cuts a picture by a matte.")),
 };
 
 } // namespace

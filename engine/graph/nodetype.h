@@ -36,6 +36,7 @@ struct NodeType {
     std::array<PortSpec, 2> inPorts = {};
     int outPortCount = 0;
     std::array<PortSpec, 1> outPorts = {};
+    int handleCount = 0; ///< Handles of the gizmo that a person can pick; 0 for a type without a gizmo.
 
     bool takesInPorts() const
     {

@@ -84,6 +84,10 @@ void SceneGraph::leave(Node& top)
         countDisplay(node, -1);
         node.m_graph = nullptr;
         node.host().expireWeakPointers();
+        if (const Group* group = node.asGroup()) {
+            for (const std::shared_ptr<MO_Backdrop>& backdrop : group->backdrops())
+                backdrop->expireWeakPointers();
+        }
     });
 }
 

@@ -19,7 +19,8 @@ const Operators& operatorsOf(PyObject* self)
 
 Py_ssize_t length(PyObject* self)
 {
-    return guarded([&] { return operatorsOf(self).length(objectOf(self)); });
+    // A list whose size is -1, which Python's len() doesn't know, has no items.
+    return guarded([&] { return std::max<Py_ssize_t>(operatorsOf(self).length(objectOf(self)), 0); });
 }
 
 /// The bound of a slice as Python counts, from 0. From the end it is negative and stays so; ahead of the first item it

@@ -11,6 +11,7 @@ KEPT = {"project", "resolution", "named resolution", "history", "bracket", "scen
         "unit converter", "metadata", "metadata pair", "scene", "nodes of the scene", "copied nodes", "display", "composite",
         "dynamic in-ports", *KEPT_BY_CLOSING}
 NODES = {"peg", "camera", "display", "read", "group", "composite", "multi-port in", "multi-port out"}
+HANDLES = {"subselections", "subselection"}
 # Members that still answer after the object is gone, because they don't ask the project.
 ANSWERS = {
     ("project", "str"): "'Brindle Base Project'",
@@ -25,6 +26,9 @@ ANSWERS = {
     ("scene", "sounds"): "Sounds are not yet supported in the Python DOM.",
     ("history", "set"): "Unable to set a value in the history.",
     (None, "position"): "<brindle.Node_Coordinates, no longer valid>",
+    (None, "subselections"): "<brindle.NodeSubselectionList, no longer valid>",
+    ("backdrop", "str"): "'Backdrop()'",
+    ("backdrop", "match"): "Invalid argument at index 0.",
     ("fixed in-ports", "dynamic"): "False", ("fixed out-ports", "dynamic"): "False",
     ("dynamic in-ports", "dynamic"): "True", ("dynamic out-ports", "dynamic"): "True",
     (None, "unlink of an attribute"): "False", (None, "link of an attribute"): "False",
@@ -40,6 +44,7 @@ LISTS = {
     "dynamic in-ports": "Port lists cannot be set.", "fixed out-ports": "Port lists cannot be set.",
     "dynamic out-ports": "Port lists cannot be set.", "cables": "Cable lists cannot be set.",
     "flat cables": "Flat Cable lists cannot be set.", "attributes": "Attribute List cannot be set.",
+    "backdrops": "Unable to set item in container.", "subselections": "Unable to set item in container.",
     "subattributes": "Attribute List cannot be set.", "copied attributes": "Attribute List cannot be set.",
     "control points": "Unable to set item in container.",
 }
@@ -48,7 +53,7 @@ UNTOUCHED = {"objectName", "copy", "valid", "close", "__exit__", "save", "save_a
 ARGUMENTS = {
     "get": (0,), "set": (0, None), "create": ("PEG",), "find": ("x",), "undo": (1,),
     "redo": (1,), "begin": ("x",), "bracket": ("x",), "frame_insert": (1, 1), "frame_remove": (1, 1),
-    "to_field": (1,), "to_ogl": (1,), "link": ("x",), "insert": (None,), "value": (1,), "set_value": (1, 1),
+    "to_field": (1,), "to_ogl": (1,), "link": ("x",), "match": (None,), "insert": (None,), "value": (1,), "set_value": (1, 1),
     "set_localvalue": (1,), "reset_value": (1,), "offset_value": (1, 1), "get_text_value": (1,),
     "set_text_value": (1, "1"), "create_dynamic_attr": ("x", "INT"), "remove_dynamic_attr": ("x",),
     "get_entry": (1,), "set_entry": (1, 1), "scale": (1,), "keyframe_create": (1,),
@@ -107,7 +112,7 @@ def expected(name, call):
             return ANSWERS[key]
     if call in ("set", "__setitem__") and name in LISTS:
         return LISTS[name]
-    return support.NODE_GONE if name in NODES else support.GONE
+    return support.NODE_GONE if name in NODES | HANDLES else support.GONE
 
 
 def gone_by_removing(app):

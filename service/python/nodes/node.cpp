@@ -1,10 +1,14 @@
 #include "core/attributes/attributelist.h"
+#include "core/nodes/backdrop.h"
+#include "core/nodes/backdroplist.h"
 #include "core/nodes/cameranode.h"
 #include "core/nodes/displaynode.h"
 #include "core/nodes/groupnode.h"
 #include "core/nodes/multiportnode.h"
 #include "core/nodes/node_coordinates.h"
 #include "core/nodes/nodelist.h"
+#include "core/nodes/nodesubselection.h"
+#include "core/nodes/nodesubselectionlist.h"
 #include "core/nodes/pegnode.h"
 #include "core/nodes/portlist.h"
 #include "core/nodes/readnode.h"
@@ -13,6 +17,19 @@
 namespace brindle::python {
 
 namespace {
+
+void match(OMC::Backdrop& backdrop, const OMC::Obj& other)
+{
+    const auto* model = OMC::objectIn<OMC::Backdrop>(other);
+    if (!model)
+        OMC::BaseObject::throwInvalidArgument(0);
+    backdrop.match(*model);
+}
+
+int sizeOf(const OMC::NodeSubselectionList& handles)
+{
+    return handles.handleCount();
+}
 
 QStringList pathsOf(const OMC::NodeList& nodes)
 {
@@ -32,6 +49,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .property<&Node::newPortsIn>("ports_in", "InPortList | MultiInPortList")
             .property<&Node::newPortsOut>("ports_out", "PortList[OutPort] | MultiPortList[OutPort]")
             .property<&Node::newPosition>("position", "Node_Coordinates", "PointLike")
+            .property<&Node::newSubselections>("subselections")
             .method<"parent_scene", Form<&Node::parentScene, "-> Scene">>()
             .method<"parent_group", Form<&Node::parentGroup, "-> GroupNode">>()
             .method<"move_to", Form<pick<const QString&, int, int>(&Node::moveTo), "target, x=0, y=0">,
@@ -40,7 +58,8 @@ const Family family([]() -> std::vector<ClassTable> {
         Class<GroupNode>()
             .property("multi_port_in", "Node | None")
             .property("multi_port_out", "Node | None")
-            .property<&GroupNode::newNodes>("nodes", "NodeList"),
+            .property<&GroupNode::newNodes>("nodes", "NodeList")
+            .property<&GroupNode::newBackdrops>("backdrops"),
         Class<PegNode>(),
         Class<CameraNode>(),
         Class<DisplayNode>(),
@@ -48,6 +67,21 @@ const Family family([]() -> std::vector<ClassTable> {
         Class<MultiPortNode>(),
         Class<MultiPortInNode>(),
         Class<MultiPortOutNode>(),
+        Class<Backdrop>()
+            .property("title_font_colour", "Colour", "ColourLike")
+            .property("description_font_colour", "Colour", "ColourLike")
+            .property("colour", "Colour", "ColourLike")
+            .method<"match", Form<&match, "other: Backdrop">>()
+            .method<"contained_nodes", Form<&Backdrop::containedNodes, "-> list[Node]">>(),
+        Class<BackdropList>()
+            .items("Backdrop")
+            .method<"contains", Form<&BackdropList::contains, "backdrop: Backdrop">>()
+            .method<"create",
+                    Form<&BackdropList::create,
+                         "value: str | Backdrop | AllocatedRect2D | Sequence[object] | None=None -> Backdrop">>()
+            .method<"remove", Form<&BackdropList::remove, "backdrop: Backdrop">>(),
+        Class<NodeSubselection>(),
+        Class<NodeSubselectionList>().items("NodeSubselection").method<"size", Form<&sizeOf>>(),
         Class<NodeList>()
             .alias("NodesLike", "Node | NodeList | str | int | Sequence[object]",
                    "A node or several: objects, paths, names or indexes, or a list of these.")

@@ -44,7 +44,7 @@ TEST_F(GroupNodeTest, ItsPropertiesComeBehindThoseOfANode)
     bool extendNative = false;
     bool filter = false;
     const std::vector<std::string> names = group.getDir(extendNative, filter);
-    const std::vector<std::string> own = {"valid", "multi_port_in", "multi_port_out", "nodes"};
+    const std::vector<std::string> own = {"subselections", "multi_port_in", "multi_port_out", "nodes", "backdrops"};
     ASSERT_GE(names.size(), own.size());
     EXPECT_EQ(std::vector<std::string>(names.end() - own.size(), names.end()), own);
 }

@@ -51,8 +51,9 @@ TEST_F(NodeTest, ItsPropertiesComeInOneOrder)
 {
     bool extendNative = false;
     bool filter = false;
-    const std::vector<std::string> expected = {"objectName", "attributes", "ports_in", "ports_out", "name",
-                                               "path",       "type",       "position", "enabled",   "valid"};
+    const std::vector<std::string> expected = {"objectName", "attributes", "ports_in",     "ports_out",
+                                               "name",       "path",       "type",         "position",
+                                               "enabled",    "valid",      "subselections"};
     EXPECT_EQ(wrapper->getDir(extendNative, filter), expected);
 }
 

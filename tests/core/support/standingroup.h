@@ -32,8 +32,10 @@ public:
     MO_Node* subNode(unsigned int index) const override { return index < subNodes.size() ? subNodes[index] : nullptr; }
     MO_Node* subNode(const QString&) const override { return nullptr; }
     void getRecursiveSubNodeList(std::vector<MO_Node*>& nodes) const override { nodes = subNodes; }
+    const std::vector<std::shared_ptr<MO_Backdrop>>& backdrops() const override { return backdropList; }
     TUMultiPortIn* getOutMultiPort() const override { return nullptr; }
     TUMultiPortOut* getInMultiPort() const override { return nullptr; }
 
     std::vector<MO_Node*> subNodes;
+    std::vector<std::shared_ptr<MO_Backdrop>> backdropList;
 };

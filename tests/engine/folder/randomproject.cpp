@@ -2,6 +2,7 @@
 
 #include "core/host/at_dynamicattr.h"
 #include "core/host/cel_colorspace.h"
+#include "core/host/mo_backdrop.h"
 #include "core/host/pio_metadata.h"
 #include "core/host/sc_advancedflags.h"
 #include "core/host/sc_projectcmds.h"
@@ -54,14 +55,14 @@ void RandomProject::change(int steps)
 {
     using Step = void (RandomProject::*)();
     constexpr Step all[] = {
-        &RandomProject::addNode,        &RandomProject::addNode,       &RandomProject::addPort,
-        &RandomProject::link,           &RandomProject::link,          &RandomProject::place,
-        &RandomProject::addAttribute,   &RandomProject::addAttribute,  &RandomProject::removeAttribute,
-        &RandomProject::setValue,       &RandomProject::setValue,      &RandomProject::linkColumn,
-        &RandomProject::linkColumn,     &RandomProject::editColumn,    &RandomProject::editColumn,
-        &RandomProject::editColumn,     &RandomProject::changeScene,   &RandomProject::removeNode,
-        &RandomProject::changeSettings, &RandomProject::changeMarkers, &RandomProject::changeViews,
-        &RandomProject::changeScenes,   &RandomProject::changeMetadata};
+        &RandomProject::addNode,        &RandomProject::addNode,        &RandomProject::addPort,
+        &RandomProject::link,           &RandomProject::link,           &RandomProject::place,
+        &RandomProject::addAttribute,   &RandomProject::addAttribute,   &RandomProject::removeAttribute,
+        &RandomProject::setValue,       &RandomProject::setValue,       &RandomProject::linkColumn,
+        &RandomProject::linkColumn,     &RandomProject::editColumn,     &RandomProject::editColumn,
+        &RandomProject::editColumn,     &RandomProject::changeScene,    &RandomProject::removeNode,
+        &RandomProject::changeSettings, &RandomProject::changeMarkers,  &RandomProject::changeViews,
+        &RandomProject::changeScenes,   &RandomProject::changeMetadata, &RandomProject::changeBackdrops};
     for (; steps > 0; --steps)
         (this->*all[below(std::size(all))])();
 }
@@ -325,6 +326,29 @@ void RandomProject::changeMetadata()
     m_project.run(new SetIntValueCmd(common(), entry, below(1000) - 500));
     m_project.run(new SetDoubleValueCmd(common(), entry, number()));
     m_project.run(new SetGenericValueCmd(common(), entry, name()));
+}
+
+void RandomProject::changeBackdrops()
+{
+    TUGroup* owner = group();
+    MO_BackdropProperties properties;
+    properties.rect = {number(), number(), number(), number()};
+    properties.title = {name(), name(), 1.0 + below(40), QColor::fromRgba(m_random())};
+    properties.description.text = name();
+    properties.colour = QColor::fromRgba(m_random());
+    const auto& backdrops = owner->backdrops();
+    MO_Backdrop* backdrop = backdrops.empty()
+                                ? nullptr
+                                : backdrops[static_cast<std::size_t>(below(static_cast<int>(backdrops.size())))].get();
+    if (!backdrop || below(2)) {
+        auto added = std::make_shared<MO_Backdrop>(owner, owner->sceneCommon());
+        added->setProperties(properties);
+        m_project.run(new tu_backdrop::AddBackdropCmd(owner, added));
+    } else if (below(3)) {
+        m_project.run(new tu_backdrop::SetPropertiesCmd(backdrop, properties));
+    } else {
+        m_project.run(new tu_backdrop::RemoveBackdropCmd(owner, backdrop));
+    }
 }
 
 void RandomProject::changeViews()

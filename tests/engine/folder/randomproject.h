@@ -34,6 +34,7 @@ private:
     void changeScene();
     void changeSettings();
     void changeMarkers();
+    void changeBackdrops();
     void changeViews();
     void changeMetadata();
     void changeScenes();

@@ -1,5 +1,7 @@
 #include "tests/engine/support/memoryproject.h"
 
+#include "core/host/mo_backdrop.h"
+
 #include <QTextStream>
 
 namespace {
@@ -90,6 +92,13 @@ QString MemoryProject::dump()
             dumpPort(out, "in", *node->inPort(i));
         for (unsigned int i = 0; i < node->nOutPorts(); ++i)
             dumpPort(out, "out", *node->outPort(i));
+        if (const TUGroup* group = const_cast<MO_Node*>(node)->group()) {
+            for (const std::shared_ptr<MO_Backdrop>& backdrop : group->backdrops()) {
+                const MO_BackdropProperties& properties = backdrop->properties();
+                out << "  backdrop " << properties.title.text << ' ' << properties.rect.left << ' '
+                    << properties.colour.name(QColor::HexArgb) << '\n';
+            }
+        }
     }
     out << "columns";
     for (auto column = scene().timedValuesBegin(); column != scene().timedValuesEnd(); ++column)
