@@ -44,7 +44,8 @@ concept KindOfAttribute = requires(Class& attr, const Class& present, const Attr
 struct AttributeKind {
     std::size_t size;
     std::size_t alignment;
-    bool isSwitch; ///< On or off. A column that drives nothing else holds each value up to the next key.
+    bool isPosition; ///< Three numbers for the axes in space: positions, or angles of rotation.
+    bool isSwitch;   ///< On or off. A column that drives nothing else holds each value up to the next key.
     AT_Attr* (*make)(void* place, MO_Node& node, const AttributeMeta& meta, const AttributeMembers& members);
     AttributeValue (*newValue)(const AttributeSpec& spec);
     AttributeValue (*stored)(const AT_Attr& attr);
@@ -56,6 +57,7 @@ template <KindOfAttribute Class>
 inline constexpr AttributeKind attributeKind{
     .size = sizeof(Class),
     .alignment = alignof(Class),
+    .isPosition = std::derived_from<Class, AT_Position3dAttr>,
     .isSwitch = std::derived_from<Class, AT_BoolAttr>,
     .make = [](void* place, MO_Node& node, const AttributeMeta& meta, const AttributeMembers& members) -> AT_Attr* {
         if constexpr (std::derived_from<Class, AT_ComplexAttr>)

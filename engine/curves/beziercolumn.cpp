@@ -4,7 +4,7 @@ namespace brindle::engine {
 
 namespace {
 
-constexpr const char* continuities[] = {"CORNER", "STRAIGHT", "SMOOTH"};
+constexpr const char* bezierContinuities[] = {"CORNER", "STRAIGHT", "SMOOTH"};
 
 } // namespace
 
@@ -30,7 +30,7 @@ void BezierPointFormat::write(JsonWriter& json, const CurvePoint& point)
     for (const double number :
          {point.frame, point.value, point.leftX, point.leftHandleY(), point.rightX, point.rightHandleY()})
         json.number(number);
-    json.text(continuities[point.continuity]);
+    json.text(bezierContinuities[point.continuity]);
 }
 
 BezierCtrlPt BezierPointFormat::read(const JsonPlace& place, int& index)
@@ -38,7 +38,7 @@ BezierCtrlPt BezierPointFormat::read(const JsonPlace& place, int& index)
     BezierCtrlPt point;
     for (double* number : {&point.frame, &point.value, &point.leftX, &point.leftY, &point.rightX, &point.rightY})
         *number = place.item(index++).number();
-    point.continuity = place.item(index++).oneOf(continuities);
+    point.continuity = place.item(index++).oneOf(bezierContinuities);
     return point;
 }
 

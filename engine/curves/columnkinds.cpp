@@ -1,6 +1,9 @@
 #include "engine/curves/columnkinds.h"
 
 #include "engine/curves/beziercolumn.h"
+#include "engine/curves/easecolumn.h"
+#include "engine/curves/motioncolumn.h"
+#include "engine/curves/velocitycolumn.h"
 #include "engine/folder/jsonplace.h"
 
 #include <algorithm>
@@ -9,7 +12,7 @@ namespace brindle::engine {
 
 namespace {
 
-constexpr const ColumnKind* kinds[] = {&bezierKind};
+constexpr const ColumnKind* kinds[] = {&path3dKind, &bezierKind, &easeKind, &velocityKind, &quaternionKind};
 
 } // namespace
 

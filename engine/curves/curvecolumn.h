@@ -153,7 +153,14 @@ public:
     }
     /// Writes a point as it is given (its identity apart), in place of one at its frame, and leaves its neighbours
     /// alone: how a project is read. False when a number is not finite or out of bounds.
-    bool putPoint(const HostPoint& point) { return m_curve.put(Format::kept(point)); }
+    bool putPoint(const HostPoint& point)
+    {
+        if constexpr (requires { m_curve.canHave(point.value); }) {
+            if (!m_curve.canHave(point.value))
+                return false;
+        }
+        return m_curve.put(Format::kept(point));
+    }
 
     bool fits(const AttributeMeta& attribute) const override { return attribute.isLinkable() && !this->owner(); }
     NumberValues* numbers() override { return this; }
@@ -166,6 +173,8 @@ public:
     std::unique_ptr<Column> copy(const QString& name, bool anonymous) const override;
     void write(JsonWriter& json) const override;
     void read(const JsonPlace& place) override;
+    void writePoints(JsonWriter& json) const; ///< The field "points" alone.
+    void readPoints(const JsonPlace& points);
 
     /// The command that makes an edit of the curve, `CurveEdit edit(CurveT&, Log&)`.
     template <typename Edit>
@@ -429,7 +438,14 @@ void CurveColumn<Host, CurveT, Format>::write(JsonWriter& json) const
 {
     json.key("hold");
     Hold::write(json);
-    json.key("points").beginArray();
+    json.key("points");
+    writePoints(json);
+}
+
+template <typename Host, typename CurveT, typename Format>
+void CurveColumn<Host, CurveT, Format>::writePoints(JsonWriter& json) const
+{
+    json.beginArray();
     m_curve.points().forEach([&json](const Point& point) {
         json.beginArray(JsonWriter::Inline);
         Format::write(json, point);
@@ -444,7 +460,12 @@ template <typename Host, typename CurveT, typename Format>
 void CurveColumn<Host, CurveT, Format>::read(const JsonPlace& place)
 {
     Hold::read(place.field("hold"));
-    const JsonPlace points = place.field("points");
+    readPoints(place.field("points"));
+}
+
+template <typename Host, typename CurveT, typename Format>
+void CurveColumn<Host, CurveT, Format>::readPoints(const JsonPlace& points)
+{
     std::optional<double> last;
     for (int i = 0; i < points.size(); ++i) {
         const JsonPlace pointPlace = points.item(i);

@@ -29,7 +29,11 @@ public:
     const Point* find(double frame) const;   ///< At exactly this frame, or null.
     const Point* before(double frame) const; ///< The last one ahead of the frame, or null.
     /// One of the points, to be written. Its frame must stay.
-    Point& edit(const Point& point) { return const_cast<Point&>(point); }
+    Point& edit(const Point& point)
+    {
+        ++m_changes;
+        return const_cast<Point&>(point);
+    }
 
     Point& insert(const Point& point); ///< No point may stand at its frame.
     Point take(double frame);          ///< A point must stand there.
@@ -42,6 +46,20 @@ public:
                 function(point);
         }
     }
+
+    /// Calls a function with each of the points, to be written. The frames must stay.
+    template <typename Function>
+    void editAll(Function function)
+    {
+        ++m_changes;
+        for (auto& block : m_blocks) {
+            for (auto& point : block)
+                function(point);
+        }
+    }
+
+    /// A number that is another one after each change.
+    unsigned long long changes() const { return m_changes; }
 
 private:
     using Block = std::vector<Point>;
@@ -60,6 +78,7 @@ private:
     mutable int m_recentBlock = 0;     // what was asked for last
     mutable int m_recentPlace = 0;
     int m_size = 0;
+    unsigned long long m_changes = 0;
 };
 
 template <typename Point>
@@ -165,6 +184,7 @@ const Point* FramePoints<Point>::before(double frame) const
 template <typename Point>
 Point& FramePoints<Point>::insert(const Point& point)
 {
+    ++m_changes;
     m_starts.clear();
     ++m_size;
     if (m_blocks.empty()) {
@@ -197,6 +217,7 @@ Point& FramePoints<Point>::insert(const Point& point)
 template <typename Point>
 Point FramePoints<Point>::take(double frame)
 {
+    ++m_changes;
     const int index = blockOf(frame);
     Block& block = m_blocks[index];
     const auto place = block.begin() + placeIn(index, frame);

@@ -76,6 +76,12 @@ protected:
     /// Gives one of the points the fields of another one at the same frame.
     void change(const Point& there, const Point& point, Log& log);
     void relocate(double from, double to, Log& log);
+    /// Writes all points by `function(Point&)`, past the log.
+    template <typename Function>
+    void editAll(Function function)
+    {
+        m_points.editAll(function);
+    }
 
 private:
     FramePoints<Point> m_points;

@@ -79,7 +79,7 @@ public:
 };
 
 constexpr const char* nameFields[] = {"names"};
-constexpr ColumnKind nameKind{TUTimedValue::kTiming, "TIMING", nameFields, &makeColumn<NameColumn>};
+constexpr ColumnKind nameKind{TUTimedValue::kTiming, "NAMES", nameFields, &makeColumn<NameColumn>};
 
 NameColumn::NameColumn(const QString& name, bool anonymous) : HostColumn(nameKind, name, anonymous) {}
 
@@ -150,7 +150,7 @@ TEST_F(ColumnKindsTest, AColumnOfAnotherKindIsSavedAsItsKindSays)
     const QByteArray wanted = R"(
     {
       "name": "names",
-      "type": "TIMING",
+      "type": "NAMES",
       "names": [
         [1, "a"],
         [7, "b"]
@@ -172,13 +172,16 @@ TEST_F(ColumnKindsTest, AColumnOfAnotherKindIsInTheSceneAsOthersAre)
 
 TEST_F(ColumnKindsTest, AFileOfAKindThatIsUnknownIsRefusedWithItsPlace)
 {
-    const JsonFile file("scene.json", "{\"name\": \"c\", \"type\": \"TIMING\"}");
+    const JsonFile file("scene.json", "{\"name\": \"c\", \"type\": \"NAMES\"}");
     ColumnList columns(*scene().sceneCommon());
     try {
         readColumn(file.root(), columns);
         FAIL() << "it was read";
     } catch (const FolderFailure& failure) {
-        EXPECT_TRUE(failure.reason.contains("is not \"BEZIER\"")) << failure.reason.toStdString();
+        QStringList words;
+        for (const ColumnKind* kind : columnKinds())
+            words.append('"' + QString(kind->word) + '"');
+        EXPECT_TRUE(failure.reason.contains("type is not " + words.join(" or "))) << failure.reason.toStdString();
     }
 }
 

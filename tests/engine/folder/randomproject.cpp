@@ -8,6 +8,9 @@
 #include "core/host/sc_projectcmds.h"
 #include "core/host/sc_scenemarker.h"
 #include "core/host/tu_timedvalue.h"
+#include "engine/curves/column.h"
+#include "engine/curves/columnkinds.h"
+#include "tests/engine/support/columnedits.h"
 
 #include <QLocale>
 
@@ -228,26 +231,24 @@ void RandomProject::linkColumn()
         m_project.run(new tu_tv_socket::UnlinkCmd(attr->socket(), 0));
 }
 
+void RandomProject::addColumn()
+{
+    const auto kinds = brindle::engine::columnKinds();
+    const auto* kind = kinds[static_cast<std::size_t>(below(static_cast<int>(kinds.size())))];
+    auto made = brindle::engine::Column::asTimedValue(kind->make(name(), below(2)));
+    m_project.run(new SC_SceneCmds::AddTimedValueCmd(m_project.scene().sceneCommon(), made.release(), -1, -1));
+    editColumn();
+}
+
 void RandomProject::editColumn()
 {
-    auto* bezier = dynamic_cast<TUBezierTimedValue*>(column());
-    if (!bezier)
-        return;
-    namespace edit = tu_timedvalue::bezier;
-    const double frame = below(4) ? below(70) : std::fmod(number(), 1e6);
-    m_project.run(new edit::SpliceCmd(bezier, frame, true, below(3) == 0));
-    m_project.run(new edit::SetPointCmd2(bezier, frame, frame, number()));
-    m_project.run(new edit::SetLeftHandleGlobalCmd(bezier, frame, frame - below(30) * 0.3, number()));
-    m_project.run(new edit::SetRightHandleGlobalCmd(bezier, frame, frame + below(30) * 0.3, number()));
-    m_project.run(new edit::SetContinuityCmd(bezier, frame, below(3), 0));
-    if (below(5) == 0)
-        m_project.run(new tu_timedvalue::fnc2d::SetStepCmd(bezier, 1 + below(4)));
-    if (below(5) == 0)
-        m_project.run(new tu_timedvalue::fnc2d::SetStopCmd(bezier, 1 + below(90)));
-    if (below(5) == 0)
-        m_project.run(new tu_timedvalue::timedvalue::RenameCmd(bezier, name()));
-    if (below(8) == 0)
-        m_project.run(new edit::RemovePointCmd(bezier, frame));
+    TUTimedValue* edited = column();
+    for (int edits = 8; edited && edits > 0; --edits) {
+        if (auto command = randomEdit(*edited, m_random))
+            m_project.run(command.release());
+    }
+    if (edited && below(5) == 0)
+        m_project.run(new tu_timedvalue::timedvalue::RenameCmd(edited, name()));
 }
 
 void RandomProject::changeScene()

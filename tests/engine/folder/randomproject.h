@@ -30,6 +30,7 @@ private:
     void removeAttribute();
     void setValue();
     void linkColumn();
+    void addColumn();
     void editColumn();
     void changeScene();
     void changeSettings();

@@ -303,8 +303,6 @@ constexpr SceneDamage sceneDamages[] = {
     {"LinkOfTwoKinds", "[0, \"Screen\", 0]", "[0, \"Rig\", 0]",
      "is damaged at line 100: nodes[6].links[0] joins ports that can't be linked."},
     {"LinkIsShort", "[0, \"Hand\", 0]", "[0, \"Hand\"]", "is damaged at line 69: nodes[3].links[0] has no item [2]."},
-    {"ColumnOfNoType", "\"type\": \"BEZIER\"", "\"type\": \"SOUND\"",
-     "is damaged at line 119: columns[0].type is not \"BEZIER\"."},
     {"ColumnWithoutName", "\"name\": \"X\"", "\"name\": \"\"", "is damaged at line 118: columns[0].name is empty."},
     {"HoldIsZero", "[1, 20, 2]", "[1, 20, 0]",
      "is damaged at line 121: columns[0].hold[2] is not a whole number from 1 to 2147483647."},

@@ -1,8 +1,10 @@
 #include "core/host/dd_deletesequence.h"
 #include "core/host/sc_projectcmds.h"
 #include "core/host/sc_scenemarker.h"
+#include "engine/curves/columnkinds.h"
 #include "engine/folder/projectfile.h"
 #include "engine/folder/scenefile.h"
+#include "tests/engine/support/columnedits.h"
 #include "tests/engine/support/columnproject.h"
 
 #include <algorithm>
@@ -186,20 +188,16 @@ private:
 
     bool changeColumn(brindle::engine::Scene& scene)
     {
-        if (scene.timedValueCount() < 3)
-            return run(new AddTimedValueCmd(
-                scene.sceneCommon(),
-                new brindle::engine::BezierColumn(QStringLiteral("C%1").arg(scene.timedValueCount())), -1, -1));
-        const auto place = static_cast<std::ptrdiff_t>(below(3));
-        auto* column = dynamic_cast<brindle::engine::BezierColumn*>(scene.timedValuesBegin()[place]);
-        switch (below(4)) {
-        case 0:
-            return run(new tu_timedvalue::fnc2d::SetStepCmd(column, number() / 16));
-        case 1:
-            return run(new tu_timedvalue::fnc2d::SetStopCmd(column, number()));
-        default:
-            return run(column->setValueCommand(number() / 2.0, real()).release());
+        const auto kinds = brindle::engine::columnKinds();
+        if (scene.timedValueCount() < static_cast<int>(kinds.size())) {
+            const auto place = static_cast<std::size_t>(scene.timedValueCount());
+            auto made = kinds[place]->make(QStringLiteral("C%1").arg(place), false);
+            return run(new AddTimedValueCmd(scene.sceneCommon(),
+                                            brindle::engine::Column::asTimedValue(std::move(made)).release(), -1, -1));
         }
+        TUTimedValue* column = scene.timedValuesBegin()[below(static_cast<unsigned int>(scene.timedValueCount()))];
+        auto command = randomEdit(*column, m_random);
+        return command && run(command.release());
     }
 
     bool change()
