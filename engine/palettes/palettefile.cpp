@@ -30,9 +30,12 @@ constexpr PaletteType paletteTypes[] = {
 constexpr const char* textureWord = "texture";
 constexpr const char* tilings[] = {"single", "tile"};
 
+constexpr char hexadecimal[] = "0123456789abcdef";
+
 void appendId(std::string& out, const UT_Id& id)
 {
-    out += id.AsString().toStdString();
+    for (int shift = 60; shift >= 0; shift -= 4)
+        out += hexadecimal[(id.value() >> shift) & 15];
 }
 
 void appendText(std::string& out, const QString& text)
@@ -57,11 +60,10 @@ void appendNumber(std::string& out, double number)
 
 void appendRgba(std::string& out, const CM_Rgba& rgba)
 {
-    constexpr char digits[] = "0123456789abcdef";
     out += ' ';
     for (const int channel : {rgba.red(), rgba.green(), rgba.blue(), rgba.alpha()}) {
-        out += digits[channel >> 4];
-        out += digits[channel & 15];
+        out += hexadecimal[channel >> 4];
+        out += hexadecimal[channel & 15];
     }
 }
 

@@ -118,7 +118,6 @@ bool CM_PaletteList::Load()
         for (const PaletteListRecord::Palette& palette : record.palettes)
             d->insert(std::make_shared<CM_Palette>(CM_PalettePathFile(palette.file), palette.id), d->palettes.size());
         d->saved = record.palettes;
-        PaletteStore::adopt(*this);
         return true;
     } catch (const FolderFailure& failure) {
         d->isDamaged = true;

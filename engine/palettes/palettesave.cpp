@@ -39,10 +39,10 @@ bool picturesDiffer(const CM_Palette::Private& palette, const KnownFiles& known)
     return unchanged != known.pictures.size();
 }
 
-bool isChanged(const CM_Palette::Private& palette)
+/// `text` is what the palette says now.
+bool isChanged(const CM_Palette::Private& palette, const QByteArray& text)
 {
-    return !palette.known || palette.known->text != Checksum::of(palette.text()) ||
-           picturesDiffer(palette, *palette.known);
+    return !palette.known || palette.known->text != Checksum::of(text) || picturesDiffer(palette, *palette.known);
 }
 
 /// The name of a file in a folder that it lies below.
@@ -56,7 +56,7 @@ QString nameIn(const QString& folder, const QString& file)
 bool PaletteSave::isUntouched(const CM_Palette& palette)
 {
     const CM_Palette::Private& own = palette.engine();
-    return own.content == Content::Unread || (own.content != Content::Read && !isChanged(own));
+    return own.content == Content::Unread || (own.content != Content::Read && !isChanged(own, own.text()));
 }
 
 void PaletteSave::add(const std::shared_ptr<CM_Palette>& palette)
@@ -65,7 +65,8 @@ void PaletteSave::add(const std::shared_ptr<CM_Palette>& palette)
     if (isUntouched(*palette))
         return;
     const QString name = nameIn(m_folder.path(), own.file());
-    if (!isChanged(own)) {
+    const QByteArray text = own.text();
+    if (!isChanged(own, text)) {
         const qint64 changedAt = changeTime(own.file());
         if (changedAt == own.known->changedAt && changedAt != 0)
             return;
@@ -86,7 +87,7 @@ void PaletteSave::add(const std::shared_ptr<CM_Palette>& palette)
     KnownFiles before = own.known.value_or(KnownFiles());
     if (own.content == Content::Damaged)
         before.file.reset();
-    write(palette, name, before);
+    write(palette, name, text, before);
 }
 
 void PaletteSave::addCopy(const std::shared_ptr<CM_Palette>& palette, const QString& from)
@@ -99,7 +100,7 @@ void PaletteSave::addCopy(const std::shared_ptr<CM_Palette>& palette, const QStr
         copy(palette, name);
         return;
     }
-    write(palette, name, KnownFiles());
+    write(palette, name, own.text(), KnownFiles());
     const PaletteSource source(own.file(), own.id);
     for (const CM_Palette::Entry& entry : own.entries) {
         if (entry->GetKind() != CM_BaseColorObj::kTexture || pictureOf(entry))
@@ -112,10 +113,10 @@ void PaletteSave::addCopy(const std::shared_ptr<CM_Palette>& palette, const QStr
     }
 }
 
-void PaletteSave::write(const std::shared_ptr<CM_Palette>& palette, const QString& name, const KnownFiles& before)
+void PaletteSave::write(const std::shared_ptr<CM_Palette>& palette, const QString& name, const QByteArray& text,
+                        const KnownFiles& before)
 {
     const CM_Palette::Private& own = palette->engine();
-    const QByteArray text = own.text();
     KnownFiles now;
     now.text = Checksum::of(text);
     now.file = now.text;

@@ -41,7 +41,8 @@ private:
         bool isWritten;
     };
 
-    void write(const std::shared_ptr<CM_Palette>& palette, const QString& name, const KnownFiles& before);
+    void write(const std::shared_ptr<CM_Palette>& palette, const QString& name, const QByteArray& text,
+               const KnownFiles& before);
     void copy(const std::shared_ptr<CM_Palette>& palette, const QString& name);
     void copyTextures(const Folder& folder, const QString& name, const QString& to);
     QString keepOther(const QString& name);

@@ -94,14 +94,16 @@ void PaletteStore::remember(const Palette& palette)
     known.push_back(palette);
 }
 
-void PaletteStore::adopt(const CM_PaletteList& list)
+/// Palettes that the list names and that were removed without a save are put back.
+void PaletteStore::read(CM_PaletteList& list)
 {
-    if (!currentStore)
+    if (list.IsLoadedFromDisk())
         return;
+    list.Load();
     for (const Palette& palette : list.palettes()) {
-        remember(palette);
+        m_known.push_back(palette);
         const QString file = palette->engine().file();
-        if (currentStore->m_isReadOnly || QFileInfo::exists(file))
+        if (m_isReadOnly || QFileInfo::exists(file))
             continue;
         attemptOrLog([&] {
             if (palette_files::putBack(file, palette->GetID()))
@@ -167,7 +169,7 @@ const std::vector<PaletteStore::List>& PaletteStore::lists()
     m_lists = std::move(lists);
     for (const List& list : m_lists) {
         list->engine().state = CM_PaletteList::kLive;
-        list->Load();
+        read(*list);
     }
     return m_lists;
 }

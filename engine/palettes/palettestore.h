@@ -49,8 +49,6 @@ public:
     static QString placeOnDisk(const QString& path);
     /// A palette of the open project, on a list or about to be.
     static void remember(const Palette& palette);
-    /// A list that was read: palettes that it names and that were removed without a save are put back.
-    static void adopt(const CM_PaletteList& list);
 
     QString path() const { return m_path; }
     /// The project's folder; its palettes go along.
@@ -81,6 +79,7 @@ public:
     void close();
 
 private:
+    void read(CM_PaletteList& list);
     bool isInProject(const CM_Palette& palette) const;
     std::vector<Palette> listed() const;
     void addList(FolderTransaction& save, const Folder& folder, const List& list, bool isElsewhere);

@@ -49,6 +49,110 @@ TEST_F(PaletteStoreTest, AListComesBackInItsOrderWithIdentitiesNamesAndColours)
     EXPECT_EQ(files(), saved);
 }
 
+TEST_F(PaletteStoreTest, AListThatIsEmptyAgainHasTheFileThatItHadAtFirst)
+{
+    const auto listFile = [&] { return get(library() + "palette-list.json"); };
+    add("Skin");
+    save();
+    remove(palette("Skin"));
+    save();
+    EXPECT_FALSE(QFile::exists(library() + "palette-list.json"));
+
+    add("Cloth");
+    save();
+    reopen();
+    const QByteArray saved = listFile();
+    const Palette cloth = palette("Cloth");
+    remove(cloth);
+    save();
+    EXPECT_TRUE(listFile().contains("\"palettes\": []"));
+    ASSERT_TRUE(list()->InsertPalette(cloth, 0));
+    save();
+    EXPECT_EQ(listFile(), saved);
+}
+
+TEST_F(PaletteStoreTest, ADamagedListIsToldAndStaysAndIsKeptAsideOnceTheProjectHasAnother)
+{
+    add("Skin");
+    save();
+    close();
+    const QString file = library() + "palette-list.json";
+    const QByteArray damaged = get(file).chopped(5);
+    put(file, damaged);
+    open();
+    EXPECT_TRUE(logged([&] { EXPECT_EQ(list()->Size(), 0); }).startsWith("Error: \"" + file + "\" is damaged"));
+    save();
+    EXPECT_EQ(get(file), damaged);
+    add("Cloth");
+    EXPECT_EQ(logged([&] { save(); }), "Error: \"" + file + "\" could not be read: the file is kept in \"" + library() +
+                                           "palette-list-other.json\".");
+    EXPECT_EQ(get(library() + "palette-list-other.json"), damaged);
+    reopen();
+    EXPECT_EQ(list()->Size(), 1);
+}
+
+TEST_F(PaletteStoreTest, AListThatAnotherProgramChangedIsKeptAside)
+{
+    add("Skin");
+    save();
+    const QString file = library() + "palette-list.json";
+    const QByteArray theirs = get(file).replace("Skin.plt", "Hide.plt");
+    put(file, theirs);
+    save();
+    EXPECT_EQ(get(file), theirs);
+    add("Cloth");
+    EXPECT_TRUE(logged([&] { save(); }).contains("palette-list-other.json"));
+    EXPECT_EQ(get(library() + "palette-list-other.json"), theirs);
+}
+
+TEST_F(PaletteStoreTest, APaletteIsOnAListOnce)
+{
+    const Palette skin = add("Skin");
+    EXPECT_FALSE(list()->InsertPalette(skin, 0));
+    EXPECT_FALSE(list()->InsertPalette(nullptr, 0));
+    EXPECT_FALSE(list()->InsertPalette(std::make_shared<CM_Palette>(skin->GetPath()), 0));
+    const auto cloth = std::make_shared<CM_Palette>(CM_PalettePathFile(library() + "Cloth"));
+    EXPECT_FALSE(list()->InsertPalette(cloth, 2));
+    EXPECT_FALSE(list()->InsertPalette(cloth, -2));
+    EXPECT_TRUE(list()->InsertPalette(cloth, 0));
+    EXPECT_EQ(list()->GetPaletteIndex(skin->GetID()), 1);
+    EXPECT_EQ(list()->GetPaletteByPath(library() + "Cloth.plt"), cloth);
+    EXPECT_EQ(cloth->state(), CM_Palette::kLive);
+    EXPECT_TRUE(list()->RemovePalette(cloth->GetID()));
+    EXPECT_FALSE(list()->RemovePalette(cloth->GetID()));
+    EXPECT_EQ(cloth->state(), CM_Palette::kDeleted);
+    EXPECT_EQ(list()->GetPaletteIndex(cloth->GetID()), -1);
+    Palette holder;
+    EXPECT_EQ(list()->GetColor(skin->GetColorId(0), &holder), skin->GetColor(0));
+    EXPECT_EQ(holder, skin);
+}
+
+TEST_F(PaletteStoreTest, AProjectThatHasMovedTakesItsPalettesAlong)
+{
+    add("Skin");
+    save();
+    remove(add("Gone"));
+    ASSERT_TRUE(QDir().rename(path(), path("moved")));
+    palette("Skin")->GetColor(0)->Rename("Red");
+    QString error;
+    EXPECT_FALSE(manager().SavePalette(palette("Skin"), &error));
+    EXPECT_EQ(error, "\"" + path() + "\" cannot be read: no such file or directory.");
+    ASSERT_TRUE(projects().saveProjectAs(path("moved"), error)) << error.toStdString();
+    EXPECT_EQ(palette("Skin")->GetPath().filename(true), path("moved/palette-library/Skin.plt"));
+    EXPECT_TRUE(get(path("moved/palette-library/Skin.plt")).contains("\"Red\""));
+}
+
+TEST_F(PaletteStoreTest, ChangesAreToldUntilTheListenerGoes)
+{
+    std::vector<UT_Id> told;
+    auto listener = manager().listen([&](const CM_ColorUpdateData& change) { told.push_back(change.palette); });
+    manager().notify({{}, UT_Id(5), {}});
+    EXPECT_EQ(told, std::vector<UT_Id>{UT_Id(5)});
+    listener.reset();
+    manager().notify({{}, UT_Id(6), {}});
+    EXPECT_EQ(told.size(), 1u);
+}
+
 TEST_F(PaletteStoreTest, ThePaletteOfAColourAndTheListOfAPaletteAreFound)
 {
     const Palette skin = add("Skin");
