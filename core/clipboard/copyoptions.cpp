@@ -1,0 +1,47 @@
+#include "core/clipboard/copyoptions.h"
+
+#include "core/frame/optionfields.h"
+
+namespace OMC {
+
+namespace {
+
+constexpr options::Field<CopyOptions> copyFields[] = {
+    {"add_modelling_dir", &CopyOptions::addModellingDir},
+    {"add_scan_files", &CopyOptions::addScanFiles},
+    {"include_default_camera_name", &CopyOptions::includeDefaultCameraName},
+    {"start_frame_src", &CopyOptions::startFrameSrc},
+    {"num_frame_src", &CopyOptions::numFrameSrc},
+};
+
+} // namespace
+
+CopyOptions::CopyOptions(const CopyOptions& other) : BaseObject()
+{
+    *this = other;
+}
+
+CopyOptions::CopyOptions(const QVariant& value)
+{
+    options::read<CopyOptions>(*this, value, copyFields, copyFields);
+}
+
+CopyOptions& CopyOptions::operator=(const CopyOptions& other)
+{
+    addModellingDir = other.addModellingDir;
+    addScanFiles = other.addScanFiles;
+    includeDefaultCameraName = other.includeDefaultCameraName;
+    startFrameSrc = other.startFrameSrc;
+    numFrameSrc = other.numFrameSrc;
+    return *this;
+}
+
+std::string CopyOptions::__str__() const
+{
+    using options::word;
+    const QStringList words = {word(addModellingDir), word(addScanFiles), word(includeDefaultCameraName),
+                               word(startFrameSrc), word(numFrameSrc)};
+    return QStringLiteral("CopyOptions([%1])").arg(words.join(u',')).toStdString();
+}
+
+} // namespace OMC

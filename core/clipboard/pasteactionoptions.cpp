@@ -1,0 +1,48 @@
+#include "core/clipboard/pasteactionoptions.h"
+
+#include "core/frame/optionfields.h"
+
+namespace OMC {
+
+namespace {
+
+constexpr options::Field<PasteActionOptions> actionFields[] = {
+    {"groups", &PasteActionOptions::groups},
+    {"effects", &PasteActionOptions::effects},
+    {"composites", &PasteActionOptions::composites},
+};
+
+} // namespace
+
+PasteActionOptions::PasteActionOptions(bool groups, bool effects, bool composites)
+    : groups(groups),
+      effects(effects),
+      composites(composites)
+{}
+
+PasteActionOptions::PasteActionOptions(const PasteActionOptions& other)
+    : BaseObject(),
+      groups(other.groups),
+      effects(other.effects),
+      composites(other.composites)
+{}
+
+PasteActionOptions::PasteActionOptions(const QVariant& value)
+{
+    options::read<PasteActionOptions>(*this, value, actionFields, actionFields);
+}
+
+PasteActionOptions& PasteActionOptions::operator=(const PasteActionOptions& other)
+{
+    groups = other.groups;
+    effects = other.effects;
+    composites = other.composites;
+    return *this;
+}
+
+std::string PasteActionOptions::__str__() const
+{
+    return {};
+}
+
+} // namespace OMC

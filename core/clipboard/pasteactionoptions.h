@@ -1,0 +1,35 @@
+#pragma once
+
+#include "core/frame/baseobject.h"
+
+#include <QMetaType>
+#include <QVariant>
+
+namespace OMC {
+
+/// The kinds of nodes whose animation an action template carries over, besides drawings, pegs and cameras.
+///
+/// A plain value that travels inside a QVariant by copy.
+class BRINDLE_CORE_EXPORT PasteActionOptions : public BaseObject {
+    Q_OBJECT
+    BRINDLE_COPYABLE(PasteActionOptions)
+
+public:
+    PasteActionOptions() = default;
+    PasteActionOptions(bool groups, bool effects, bool composites);
+    PasteActionOptions(const PasteActionOptions& other);
+    /// Reads a dictionary of the fields below by their names, or a text of their values in this order. What isn't told
+    /// keeps its default.
+    explicit PasteActionOptions(const QVariant& value);
+    PasteActionOptions& operator=(const PasteActionOptions& other);
+
+    std::string __str__() const override; ///< Required: an empty text.
+
+    bool groups = true;     ///< Groups.
+    bool effects = true;    ///< Nodes that change a picture.
+    bool composites = true; ///< Composites.
+};
+
+} // namespace OMC
+
+Q_DECLARE_METATYPE(OMC::PasteActionOptions)

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "core/frame/baseobject.h"
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <span>
+#include <string_view>
+#include <variant>
+
+/// The forms that all objects of options share: they are read from a dictionary or from a positional text, and print
+/// themselves as such a text.
+namespace OMC::options {
+
+/// A field of an object of options: a flag, a whole number, or a text that goes through its setter.
+template <typename Options>
+struct Field {
+    std::string_view key;
+    std::variant<bool Options::*, int Options::*, void (Options::*)(const QString&)> member;
+};
+
+/// The values in a positional text, in lower case, without blanks and double quotes.
+///
+/// Required: a text with brackets is cut to its last i characters, i being the place of the last "[", and then to the
+/// first j, j being the place of the last "]". That isn't the text between the brackets.
+BRINDLE_CORE_EXPORT QStringList pieces(const QString& text);
+
+inline QString word(bool flag)
+{
+    return flag ? QStringLiteral("True") : QStringLiteral("False");
+}
+inline QString word(int number)
+{
+    return QString::number(number);
+}
+inline QString word(const QString& text)
+{
+    return QLatin1Char('"') + text + QLatin1Char('"');
+}
+
+template <typename Options, typename Flag, typename Number, typename Text>
+void set(Options& options, const Field<Options>& field, Flag flag, Number number, Text text)
+{
+    if (const auto* asFlag = std::get_if<bool Options::*>(&field.member))
+        options.*(*asFlag) = flag();
+    else if (const auto* asNumber = std::get_if<int Options::*>(&field.member))
+        options.*(*asNumber) = number();
+    else
+        (options.*std::get<void (Options::*)(const QString&)>(field.member))(text());
+}
+
+/// Writes the fields that a value tells: a dictionary by its keys in any case of letters, whose unknown keys are passed
+/// over, or a text by the positions. Fields that it doesn't tell, and those of any other value, stay as they are.
+template <typename Options>
+void read(Options& options, const QVariant& value, std::span<const Field<Options>> keys,
+          std::span<const Field<Options>> positions)
+{
+    if (value.typeId() == QMetaType::QVariantMap) {
+        const auto& map = *static_cast<const QVariantMap*>(value.constData());
+        for (auto entry = map.begin(); entry != map.end(); ++entry) {
+            const std::string key = entry.key().toLower().toStdString();
+            for (const Field<Options>& field : keys) {
+                if (field.key == key)
+                    set(
+                        options, field, [&] { return entry->toBool(); }, [&] { return entry->toInt(); },
+                        [&] { return entry->toString(); });
+            }
+        }
+    } else if (value.typeId() == QMetaType::QString) {
+        const QStringList values = pieces(value.toString());
+        const auto count = std::min(positions.size(), static_cast<std::size_t>(values.size()));
+        for (std::size_t place = 0; place < count; ++place) {
+            const QString& piece = values.at(static_cast<qsizetype>(place));
+            set(
+                options, positions[place], [&] { return piece == QLatin1String("true"); },
+                [&] { return piece.toInt(nullptr, 10); }, [&] { return piece; });
+        }
+    }
+}
+
+} // namespace OMC::options
