@@ -2,6 +2,7 @@
 
 #include "core/columns/beziercolumn.h"
 #include "core/columns/beziercontrolpoint.h"
+#include "core/columns/expressioncolumn.h"
 #include "core/host/at_timedvaluevisitor.h"
 
 namespace OMC {
@@ -41,6 +42,7 @@ public:
 template <typename Base>
 using VisitColumnClasses = VisitEach<Base,                                                               //
                                      ColumnClass<TUTimedValue, Column, NoControlPoints>,                 //
+                                     ColumnClass<TUExprTimedValue, ExpressionColumn, NoControlPoints>,   //
                                      ColumnClass<AT_FncTimedValue, KeyframeableColumn, NoControlPoints>, //
                                      ColumnClass<TUBezierTimedValue, BezierColumn, BezierControlPoint>>;
 

@@ -2,6 +2,7 @@
 
 #include "core/host/at_fnc3dtimedvalue.h"
 #include "core/host/tu_easetimedvalue.h"
+#include "core/host/tu_exprtimedvalue.h"
 #include "core/host/tu_timedvalue.h"
 #include "core/host/tu_velobasedtimedvalue.h"
 
@@ -10,6 +11,7 @@ class BRINDLE_HOST_EXPORT AT_TimedValueVisitor {
 public:
     virtual ~AT_TimedValueVisitor() = default;
     virtual void visit(TUTimedValue&) {}
+    virtual void visit(TUExprTimedValue& column) { visit(static_cast<TUTimedValue&>(column)); }
     virtual void visit(AT_FncTimedValue& column) { visit(static_cast<TUTimedValue&>(column)); }
     virtual void visit(TUFnc2DTimedValue& column) { visit(static_cast<AT_FncTimedValue&>(column)); }
     virtual void visit(TUBezierTimedValue& column) { visit(static_cast<TUFnc2DTimedValue&>(column)); }

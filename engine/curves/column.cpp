@@ -4,6 +4,7 @@
 #include "core/host/mo_node.h"
 #include "core/host/sc_scene.h"
 #include "engine/attributes/attributemeta.h"
+#include "engine/curves/columnlist.h"
 
 #include <unordered_set>
 
@@ -134,6 +135,13 @@ void Column::tellLinked() const
 {
     if (m_owner)
         m_owner->tellLinked();
+    tellOwnLinks();
+    if (m_list)
+        m_list->readers().tell(m_name);
+}
+
+void Column::tellOwnLinks() const
+{
     for (const auto& [order, socket] : m_links)
         tellChanged(*socket->attr());
 }

@@ -4,6 +4,8 @@
 #include "core/host/tu_timedvalue.h"
 #include "engine/enginepart.h"
 
+#include <QStringList>
+
 #include <map>
 #include <memory>
 #include <vector>
@@ -116,8 +118,9 @@ public:
     bool isTaken(Socket::Order order) const { return m_links.contains(order); }
     std::vector<MO_Node*> nodes() const;
     bool drivesOnlySwitches() const { return m_switches > 0 && m_switches == linkCount(); }
-    /// Tells each linked node, and the scene, that values changed.
+    /// Tells each linked node, and the scene, that values changed; and those of the columns that read this one's.
     void tellLinked() const;
+    void tellOwnLinks() const; ///< The same without the columns that read it.
     /// Makes all weak pointers to the column, and to its part, read null: it leaves the scene.
     void expire();
 
@@ -130,6 +133,8 @@ public:
     virtual bool showsDrawing(const QString&) const { return false; } ///< Whether a cell names this drawing of it.
     /// Follows a drawing of its element that gets another name. Null when no cell names it.
     virtual std::unique_ptr<CO_Command> renameDrawingCommand(const QString& from, const QString& to);
+    /// The names of the columns from whose values the column's own are computed.
+    virtual QStringList sources() const { return {}; }
 
     /// Follows frames that come into the scene, or go with all that lies on them. Null when nothing lies there.
     virtual std::unique_ptr<CO_Command> shiftFramesCommand(const FrameShift& shift) = 0;
@@ -143,6 +148,7 @@ public:
     virtual void read(const JsonPlace& place) = 0;
 
 protected:
+    ColumnList* list() const { return m_list; } ///< Null while it is in none.
     void setOwner(Column& owner) { m_owner = &owner; }
 
 private:
@@ -156,6 +162,7 @@ private:
     const ColumnKind& m_kind;
     Column* m_owner = nullptr;
     SC_SceneCommon* m_scene = nullptr;
+    ColumnList* m_list = nullptr;
     QString m_name;
     bool m_anonymous = false;
     int m_place = 0; // where the list last had it

@@ -2,6 +2,7 @@
 
 #include "engine/curves/beziercolumn.h"
 #include "engine/curves/easecolumn.h"
+#include "engine/curves/expressioncolumn.h"
 #include "engine/curves/motioncolumn.h"
 #include "engine/curves/velocitycolumn.h"
 #include "engine/folder/jsonplace.h"
@@ -12,7 +13,8 @@ namespace brindle::engine {
 
 namespace {
 
-constexpr const ColumnKind* kinds[] = {&path3dKind, &bezierKind, &easeKind, &velocityKind, &quaternionKind};
+constexpr const ColumnKind* kinds[] = {&path3dKind,     &bezierKind,   &easeKind,
+                                       &expressionKind, &velocityKind, &quaternionKind};
 
 } // namespace
 

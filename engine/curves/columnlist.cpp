@@ -22,6 +22,7 @@ struct ColumnList::Private {
     std::vector<TUTimedValue*> order;
     QHash<QString, Column*> byName;
     mutable QHash<QString, int> lastNumbers;
+    ColumnReaders readers;
 
     /// A column's place, sought from where it last was: columns ahead of it have gone more often than come.
     int placeOf(const Column& column) const
@@ -41,7 +42,7 @@ struct ColumnList::Private {
     }
 };
 
-ColumnList::ColumnList(SC_SceneCommon& scene) : d(new Private{scene, {}, {}, {}}) {}
+ColumnList::ColumnList(SC_SceneCommon& scene) : d(new Private{scene, {}, {}, {}, {}}) {}
 
 ColumnList::~ColumnList()
 {
@@ -85,6 +86,9 @@ bool ColumnList::insert(std::unique_ptr<TUTimedValue>& timedValue, int position)
     column->m_scene = &d->scene;
     d->byName.insert(column->name(), column);
     d->order.insert(d->order.begin() + column->m_place, timedValue.release());
+    column->m_list = this;
+    d->readers.add(*column);
+    d->readers.nameChanged(column->name());
     return true;
 }
 
@@ -97,7 +101,10 @@ std::unique_ptr<TUTimedValue> ColumnList::take(TUTimedValue* timedValue, int& po
     d->order.erase(d->order.begin() + position);
     d->byName.remove(column->name());
     column->m_scene = nullptr;
+    column->m_list = nullptr;
     column->expire();
+    d->readers.remove(*column);
+    d->readers.nameChanged(column->name());
     return std::unique_ptr<TUTimedValue>(timedValue);
 }
 
@@ -108,10 +115,18 @@ bool ColumnList::rename(TUTimedValue* timedValue, const QString& name)
         return false;
     if (const Column* other = d->byName.value(name))
         return other == column;
-    d->byName.remove(column->name());
+    const QString before = column->name();
+    d->byName.remove(before);
     column->setName(name);
     d->byName.insert(name, column);
+    d->readers.nameChanged(before);
+    d->readers.nameChanged(name);
     return true;
+}
+
+ColumnReaders& ColumnList::readers()
+{
+    return d->readers;
 }
 
 QString ColumnList::freeName(const QString& prefix) const

@@ -2,6 +2,7 @@
 
 #include "core/host/sc_scene.h"
 #include "core/host/tu_timedvalue.h"
+#include "engine/curves/columnreaders.h"
 
 #include <memory>
 
@@ -33,6 +34,8 @@ public:
     bool rename(TUTimedValue* column, const QString& name); ///< False when the name is taken or empty.
     /// A name that no column has, and that it gave to nobody before: the prefix and a number ("ATV-0001").
     QString freeName(const QString& prefix) const;
+
+    ColumnReaders& readers();
 
 private:
     struct Private;

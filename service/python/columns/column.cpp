@@ -5,6 +5,7 @@
 #include "core/columns/beziercontrolpoint.h"
 #include "core/columns/columnvalue.h"
 #include "core/columns/controlpointlist.h"
+#include "core/columns/expressioncolumn.h"
 #include "core/columns/keyframeablecolumn.h"
 #include "service/python/family.h"
 
@@ -41,6 +42,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .method<"keyframe_exists", Form<&KeyframeableColumn::keyframeExists, "frames: FramesLike">>()
             .method<"keyframe_clear", Form<&KeyframeableColumn::keyframeClear, "start, end">>()
             .method<"keyframe_list", Form<&KeyframeableColumn::keyframeList>>(),
+        Class<ExpressionColumn>().items("float"),
         Class<BezierColumn>()
             .items("BezierColumnValue")
             .method<"create_point",
