@@ -4,6 +4,7 @@
 #include "core/frame/global.h"
 #include "core/host/co_command.h"
 #include "core/host/sc_session.h"
+#include "core/palettes/palettelistlist.h"
 #include "core/scene/history.h"
 #include "core/scene/projectresolution.h"
 
@@ -47,6 +48,16 @@ Obj Project::getHistory() const
 Obj Project::getResolution() const
 {
     return Obj(new ProjectResolution(findTarget()));
+}
+
+Obj Project::getPaletteLists() const
+{
+    return Obj(new PaletteListList(&target()));
+}
+
+Obj Project::getPalettes() const
+{
+    return PaletteListList(&target()).projectPalettes();
 }
 
 } // namespace OMC

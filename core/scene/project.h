@@ -7,7 +7,8 @@ class SC_ProjectCommon;
 
 namespace OMC {
 
-/// The open project: whether it has changed, its undo history and its resolution. Invalid once the project is closed.
+/// The open project: whether it has changed, its undo history, its resolution and its palettes. Invalid once the
+/// project is closed.
 class BRINDLE_CORE_EXPORT Project : public EngineView<SC_ProjectCommon> {
     Q_OBJECT
     BRINDLE_COPYABLE(Project)
@@ -15,6 +16,8 @@ class BRINDLE_CORE_EXPORT Project : public EngineView<SC_ProjectCommon> {
     Q_PROPERTY(bool dirty_previously READ getDirtyPreviously)
     Q_PROPERTY(OMC::Obj history READ getHistory)
     Q_PROPERTY(OMC::Obj resolution READ getResolution)
+    Q_PROPERTY(OMC::Obj palette_lists READ getPaletteLists)
+    Q_PROPERTY(OMC::Obj palettes READ getPalettes)
 
 public:
     explicit Project(SC_ProjectCommon* project);
@@ -25,6 +28,8 @@ public:
     virtual bool getDirtyPreviously() const; ///< Whether the undo list has anything to undo.
     virtual Obj getHistory() const;          ///< The undo list.
     virtual Obj getResolution() const;       ///< The size of the picture.
+    virtual Obj getPaletteLists() const;     ///< The palette lists: the project's own, and those of elements.
+    virtual Obj getPalettes() const;         ///< The project's palettes.
 };
 
 } // namespace OMC

@@ -63,6 +63,8 @@ struct Operators {
     bool equalsValues = false; ///< Any value may equal the object; else only objects of its kind.
     QStringList (*keys)(const OMC::BaseObject*) = nullptr; ///< The keys that a completer offers.
     const char* itemType = nullptr;                        ///< The type of the items, as Python writes it.
+    QString (*shown)(const OMC::BaseObject*) = nullptr;    ///< What repr() shows, in the place of str().
+    bool alwaysTrue = false;                               ///< bool() doesn't ask for the length.
 };
 
 /// How copy, pickle and repr() read a value class and make it again: its state is plain numbers and texts. A class
@@ -217,6 +219,24 @@ public:
         m_table.operators.keys = [](const OMC::BaseObject* object) -> QStringList {
             return std::invoke(Keys, static_cast<const T&>(*object));
         };
+        return *this;
+    }
+
+    /// What repr() shows of an object, in the place of str(): `Text(const T&)` gives it. Where that fails, the object
+    /// is no longer valid.
+    template <auto Text>
+    Class& shownAs()
+    {
+        m_table.operators.shown = [](const OMC::BaseObject* object) -> QString {
+            return Text(static_cast<const T&>(*object));
+        };
+        return *this;
+    }
+
+    /// Makes the objects true, also those without items.
+    Class& alwaysTrue()
+    {
+        m_table.operators.alwaysTrue = true;
         return *this;
     }
 

@@ -184,11 +184,17 @@ PyObject* text(PyObject* self)
     return guarded([&] { return toPython(objectOf(self)->__str__()); });
 }
 
+int isTrue(PyObject*)
+{
+    return 1;
+}
+
 /// Never fails: a repr is what a person sees of an object that has gone, too.
 PyObject* representation(PyObject* self)
 {
     const char* type = Py_TYPE(self)->tp_name;
-    const Ref description(text(self));
+    const auto shown = operatorsOf(self).shown;
+    const Ref description(shown ? guarded([&] { return toPython(shown(objectOf(self))); }) : text(self));
     if (description)
         return PyUnicode_FromFormat("<%s: %U>", type, description.get());
     PyErr_Clear();
@@ -279,6 +285,7 @@ std::vector<PyType_Slot> operatorSlots(const Operators& operators)
     add(operators.calledMethod, Py_tp_call, &callMethodOf);
     add(operators.next, Py_tp_iter, &iterate);
     add(operators.equals, Py_tp_richcompare, &compare);
+    add(operators.alwaysTrue, Py_nb_bool, &isTrue);
     return slotList;
 }
 

@@ -77,6 +77,8 @@ def main(folder, report):
     out = os.open(report, os.O_WRONLY | os.O_CREAT | os.O_TRUNC)
     originals = support.files(folder)
     for file, content in originals.items():
+        if not file.endswith(".json"):
+            continue
         document = json.loads(content)
         for path in places(document):
             for value in (*VALUES, REMOVED, TWICE):

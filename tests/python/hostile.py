@@ -106,7 +106,7 @@ def dead_objects(app):
 
 KEPT = {"application", "locked block", "project", "resolution", "named resolution", "history", "bracket", "scenes",
         "scene", "aspect", "units", "center", "unit converter", "metadata", "metadata pair", "nodes of the scene", "copied nodes", "display",
-        "composite", "dynamic in-ports", *support.VALUES}
+        "composite", "dynamic in-ports", "palette lists", "palettes", "palette", "solid colour", "gradient", "texture", *support.VALUES}
 
 
 class Sweep:

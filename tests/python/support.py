@@ -41,6 +41,8 @@ VALUES = {
     "rectangle": (lambda: brindle.AllocatedRect2D(1, 2, 3, 4), "AllocatedRect2D(1, 2, 3, 4)"),
     "whole rectangle": (lambda: brindle.AllocatedRect2DI(1, 2, 3, 4), "AllocatedRect2DI(1, 2, 3, 4)"),
     "colour": (lambda: brindle.Colour(1, 2, 3, 4), "Colour(1, 2, 3, 4)"),
+    "gradient position": (lambda: brindle.PaletteGradientPosition(12.5, [1, 2, 3]),
+                          "PaletteGradientPosition(12.5, [1, 2, 3, 255])"),
     "transformation": (lambda: brindle.Transformation(), "<brindle.Transformation: not set, depth 0>"),
     "copy options": (lambda: brindle.CopyOptions(), None),
     "paste options": (lambda: brindle.PasteOptions(), None),
@@ -98,6 +100,10 @@ def samples(app):
     into_group.link(peg)
     inner.ports_in[0].link(group.multi_port_in.ports_out[0])
     outside = peg.ports_out[0]
+    palettes = app.project.palettes
+    palette = palettes.create("Colour", "")
+    gradient = palette.create_linear_gradient_colour("Sample-Gradient", [255, 0, 0], 0, [0, 0, 255], 100)
+    texture = palette.create_texture("Sample-Texture", ROOT / "tests/data/texture.png")
     return {
         "application": app,
         "project": app.project,
@@ -153,6 +159,12 @@ def samples(app):
         "keyframe": column[10],
         "control point": column.control_points.list()[1],
         "control points": column.control_points,
+        "palette lists": app.project.palette_lists,
+        "palettes": palettes,
+        "palette": palette,
+        "solid colour": palette[0],
+        "gradient": gradient,
+        "texture": texture,
         "locked block": app.locked(),
         **{name: make() for name, (make, _) in VALUES.items()},
     }

@@ -9,7 +9,8 @@ UNEXPECTED = "An unexpected error has occurred."
 KEPT_BY_CLOSING = {"application", "locked block", *support.VALUES}
 KEPT = {"project", "resolution", "named resolution", "history", "bracket", "scenes", "aspect", "units", "center",
         "unit converter", "metadata", "metadata pair", "scene", "nodes of the scene", "copied nodes", "display", "composite",
-        "dynamic in-ports", *KEPT_BY_CLOSING}
+        "dynamic in-ports", "palette lists", "palettes", "palette", "solid colour", "gradient", "texture",
+        *KEPT_BY_CLOSING}
 NODES = {"peg", "camera", "display", "read", "group", "composite", "multi-port in", "multi-port out"}
 HANDLES = {"subselections", "subselection"}
 # Members that still answer after the object is gone, because they don't ask the project.
@@ -34,6 +35,13 @@ ANSWERS = {
     (None, "unlink of an attribute"): "False", (None, "link of an attribute"): "False",
     ("column", "get_current_index"): "1",
     ("control point", "value="): "NOT YET IMPLEMENTED",
+    ("texture", "size"): "0", ("texture", "__len__"): "0", ("texture", "list"): "[]",
+    ("texture", "get"): "Unable to retrieve item in container.",
+    ("texture", "__getitem__"): "Unable to retrieve item in container.",
+    ("palette", "get_string_from_type"): "'Colour'", ("palette", "get_type_from_string"): "0",
+    ("palette lists", "get_string_from_location_type"): "'SCENE'",
+    ("palette lists", "get_location_type_from_string"): "83",
+    (None, "get_string_from_colour_type"): "'solid_colour'", (None, "get_colour_type_from_string"): "0",
     ("control points", "get"): "Unable to retrieve item in container.",
     ("control points", "__getitem__"): "Unable to retrieve item in container.",
 }
@@ -46,7 +54,8 @@ LISTS = {
     "flat cables": "Flat Cable lists cannot be set.", "attributes": "Attribute List cannot be set.",
     "backdrops": "Unable to set item in container.", "subselections": "Unable to set item in container.",
     "subattributes": "Attribute List cannot be set.", "copied attributes": "Attribute List cannot be set.",
-    "control points": "Unable to set item in container.",
+    "control points": "Unable to set item in container.", "texture": "Unable to set item in container.",
+    "palette lists": "Palette lists cannot be set, object is read only.",
 }
 UNTOUCHED = {"objectName", "copy", "valid", "close", "__exit__", "save", "save_as"}
 
@@ -58,12 +67,22 @@ ARGUMENTS = {
     "set_text_value": (1, "1"), "create_dynamic_attr": ("x", "INT"), "remove_dynamic_attr": ("x",),
     "get_entry": (1,), "set_entry": (1, 1), "scale": (1,), "keyframe_create": (1,),
     "keyframe_remove": (1,), "keyframe_exists": (1,), "keyframe_clear": (1, 2),
+    "create_solid_colour": ("x",), "create_linear_gradient_colour": ("x", [0, 0, 0], 0, [1, 1, 1], 1),
+    "create_radial_gradient_colour": ("x", [0, 0, 0], 0, [1, 1, 1], 1), "create_texture": ("x", "y"),
+    "append": (None,), "acquire": (None,), "reorder": (None, 0), "interpolate": (1,), "add": ([0, 0, 0],),
+    "change_texture": ("x",), "clone": (None,), "duplicate": (None,), "palette_containing_colour": (None,),
+    "move_palette_up": (None,), "move_palette_down": (None,), "element_palette_list": (None,),
+    "find_folder": ("scene",), "find_palette": ("scene", "x"), "find_texture": ("scene", "x"),
+    "list_palettes": ("scene",), "get_string_from_type": (0,), "get_type_from_string": ("colour",),
+    "get_string_from_location_type": (83,), "get_location_type_from_string": ("scene",),
+    "get_string_from_colour_type": (0,), "get_colour_type_from_string": ("solid",),
     "create_point": (1, 1, 1, 1, 1, 1), "save_as": ("x",), "create_metadata_pair_at_idx": (0,), "move_to": ("x",), "move": ("x",),
 }
 
-
+OTHER_ARGUMENTS = {("palette", "insert"): (None, 0), ("palettes", "create"): ("Colour", "x")}
 REMOVED = {brindle.SceneList: (None,), brindle.CableList: (None,), brindle.FlatCableList: (None,),
-           brindle.MultiPortList: (0,), brindle.MultiInPortList: (0,), brindle.ControlPointList: (1,)}
+           brindle.MultiPortList: (0,), brindle.MultiInPortList: (0,), brindle.ControlPointList: (1,),
+           brindle.Palette: (None,), brindle.PaletteList: (None,), brindle.PaletteListList: (None,)}
 
 
 def calls(name, sample):
@@ -84,6 +103,8 @@ def calls(name, sample):
                     arguments = arguments[:-1] + ("x",)
                 if name == "history" and member["name"] == "set":
                     arguments = (0, "x")
+                if (name, member["name"]) in OTHER_ARGUMENTS:
+                    arguments = OTHER_ARGUMENTS[name, member["name"]]
                 if isinstance(sample, brindle.OutPort) and member["name"] == "unlink":
                     arguments = ("x",)
                 if member["name"] in ("contains", "remove"):

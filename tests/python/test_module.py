@@ -31,6 +31,7 @@ SNAKE_CASE = [
 MEMBERS = {
     "Point2d": ("x", "y"), "Point3d": ("x", "y", "z"), "Rect2D": ("width", "height"), "Rect2DI": ("width", "height"),
     "AllocatedRect2D": ("x", "y"), "AllocatedRect2DI": ("x", "y"), "FrameOptions": ("ripple_markers", "extend_exposure"),
+    "PaletteGradientPosition": ("position",),
 }
 
 # Classes that hold nothing yet, and that nothing gives.

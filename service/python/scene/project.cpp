@@ -10,7 +10,11 @@ namespace {
 const Family family([]() -> std::vector<ClassTable> {
     using namespace OMC;
     return {
-        Class<Project>().property("history", "History").property("resolution", "ProjectResolution"),
+        Class<Project>()
+            .property("history", "History")
+            .property("resolution", "ProjectResolution")
+            .property("palette_lists", "PaletteListList")
+            .property("palettes", "PaletteList"),
         Class<ProjectResolution>().property("names", "dict[str, ProjectNamedResolution]"),
         Class<ProjectNamedResolution>(),
     };

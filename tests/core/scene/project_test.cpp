@@ -54,7 +54,8 @@ TEST_F(ProjectWrapperTest, ThePropertiesStandInTheirOrder)
     bool extendNative = false;
     bool filter = false;
     EXPECT_EQ(wrapper.getDir(extendNative, filter),
-              (std::vector<std::string>{"objectName", "dirty", "dirty_previously", "history", "resolution"}));
+              (std::vector<std::string>{"objectName", "dirty", "dirty_previously", "history", "resolution",
+                                        "palette_lists", "palettes"}));
 }
 
 TEST_F(ProjectWrapperTest, TheHistoryIsThatOfTheProject)
