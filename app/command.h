@@ -12,6 +12,7 @@ int runScript(const QList<QByteArray>& arguments);
 int newProject(const QList<QByteArray>& arguments);
 int projectInfo(const QList<QByteArray>& arguments);
 int openDesk(const QList<QByteArray>& arguments);
+int showPalette(const QList<QByteArray>& arguments);
 
 /// How a command is called, for its help and for who misuses it.
 struct Usage {
@@ -37,6 +38,12 @@ inline constexpr Usage deskUsage = {
 inline constexpr Usage newUsage = {"new", "DIR", "Makes a new project folder.", ""};
 inline constexpr Usage infoUsage = {"info", "DIR",
                                     "Tells what is in a project, also in one that another process has open.", ""};
+inline constexpr Usage paletteUsage = {
+    "palette", "[--import FILE.gpl] [--out FILE.png] [--export FILE.gpl] FILE",
+    "Shows a palette: on a terminal as blocks of its colours, with ids and names.",
+    "  --import FILE  Makes the palette of a GIMP palette; it must not be there yet.\n"
+    "  --out FILE     Draws the palette as a picture instead.\n"
+    "  --export FILE  Writes the solid colours, and those of gradients, as a GIMP palette.\n"};
 
 constexpr int done = 0;
 constexpr int failed = 1;

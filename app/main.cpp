@@ -1,9 +1,11 @@
 #include "app/command.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <clocale>
+#include <iterator>
+#include <memory>
 
 namespace app {
 
@@ -12,10 +14,34 @@ namespace {
 struct Command {
     const Usage& usage;
     int (*run)(const QList<QByteArray>&);
+    const char* drawing = nullptr; ///< The option with which it draws text, which needs fonts, and so Qt's platform.
 };
 
-constexpr Command commands[] = {
-    {runUsage, &runScript}, {deskUsage, &openDesk}, {newUsage, &newProject}, {infoUsage, &projectInfo}};
+constexpr Command commands[] = {{runUsage, &runScript},
+                                {deskUsage, &openDesk},
+                                {newUsage, &newProject},
+                                {infoUsage, &projectInfo},
+                                {paletteUsage, &showPalette, "--out"}};
+
+const Command* commandNamed(const QByteArray& name)
+{
+    const auto* found = std::find_if(std::begin(commands), std::end(commands),
+                                     [&name](const Command& command) { return name == command.usage.name; });
+    return found == std::end(commands) ? nullptr : found;
+}
+
+std::unique_ptr<QCoreApplication> applicationFor(const QList<QByteArray>& arguments, int& count, char** values)
+{
+    const Command* command = arguments.isEmpty() ? nullptr : commandNamed(arguments.first());
+    if (!command || !command->drawing || !arguments.contains(command->drawing))
+        return std::make_unique<QCoreApplication>(count, values);
+    // A platform without a screen. What it says of the person's desktop is of no interest here.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const auto handler = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    auto application = std::make_unique<QGuiApplication>(count, values);
+    qInstallMessageHandler(handler);
+    return application;
+}
 
 QString help()
 {
@@ -41,10 +67,8 @@ int execute(QList<QByteArray> arguments)
         print("brindle " BRINDLE_VERSION "\n");
         return done;
     }
-    for (const Command& command : commands) {
-        if (name == command.usage.name)
-            return command.run(arguments);
-    }
+    if (const Command* command = commandNamed(name))
+        return command->run(arguments);
     return fail(QString("There is no command \"%1\"; brindle --help lists them.").arg(QString::fromUtf8(name)),
                 misused);
 }
@@ -57,8 +81,9 @@ int main(int count, char** arguments)
 {
     // The arguments are all our own: Qt would take some of them for itself.
     int own = std::min(count, 1);
-    const QCoreApplication application(own, arguments);
+    const QList<QByteArray> given(arguments + own, arguments + count);
+    const auto application = app::applicationFor(given, own, arguments);
     // Qt takes on the person's locale for all; numbers in texts and scripts keep their ".".
     std::setlocale(LC_NUMERIC, "C");
-    return app::execute(QList<QByteArray>(arguments + own, arguments + count));
+    return app::execute(given);
 }
