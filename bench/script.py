@@ -21,6 +21,7 @@ import time
 import brindle
 
 import operations
+import palettes
 from floors import objects
 from measure import Samples, silence
 
@@ -213,6 +214,7 @@ def main():
     with tempfile.TemporaryDirectory(prefix="brindle-bench-") as root:
         short_operations(f"{root}/short")
         fits()
+        palettes.measure(samples, root)
         with brindle.create(f"{root}/10") as app:
             create_nodes(app.scene, 10)
             search(app, 10)
