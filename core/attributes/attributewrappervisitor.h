@@ -30,10 +30,12 @@ using AttributeWrappers =
     AttributeWrapperTable<AttributeWrapper<AT_BoolAttr, BoolAttribute>, AttributeWrapper<AT_IntAttr, IntAttribute>,
                           AttributeWrapper<AT_DoubleAttr, DoubleAttribute>,
                           AttributeWrapper<AT_StringAttr, TextAttribute>, AttributeWrapper<AT_EnumAttrBase, Attribute>,
-                          AttributeWrapper<AT_ColorAttr, Attribute>, AttributeWrapper<AT_Position2dAttr, Attribute>,
+                          AttributeWrapper<AT_ElementAttr, Attribute>, AttributeWrapper<AT_TimingAttr, Attribute>,
+                          AttributeWrapper<AT_DrawingAttr, Attribute>, AttributeWrapper<AT_ColorAttr, Attribute>,
+                          AttributeWrapper<AT_Position2dAttr, Attribute>,
                           AttributeWrapper<AT_Position3dAttr, Attribute>, AttributeWrapper<AT_DynGroupAttr, Attribute>,
-                          AttributeWrapper<AT_SimpleAttr, Attribute>,
-                          AttributeWrapper<AT_ComplexAttr, Attribute>, AttributeWrapper<AT_Attr, Attribute>>;
+                          AttributeWrapper<AT_SimpleAttr, Attribute>, AttributeWrapper<AT_ComplexAttr, Attribute>,
+                          AttributeWrapper<AT_Attr, Attribute>>;
 static_assert(std::is_same_v<AttributeWrappers::Kinds, AT_AttrKinds>, "each kind of attribute has its row, in order");
 
 /// The visits of the rows of a table.

@@ -16,6 +16,8 @@ class AT_AttrVisitor;
 class CO_Command;
 class MO_Node;
 class SC_SceneCommon;
+class TUElementTimedValue;
+class TUSeqTimedValue;
 class TUTimedValue;
 class TUTvSocket;
 
@@ -147,6 +149,38 @@ public:
     static QString TypeString(); ///< The name of its type.
 };
 
+/// The element that a node shows: that of its drawing column.
+class BRINDLE_HOST_EXPORT AT_ElementAttr : public AT_SimpleAttr {
+public:
+    virtual TUElementTimedValue* linkedElementTimedValue() const = 0; ///< Null when not linked.
+    virtual int getElementId() const = 0;                             ///< Negative for none.
+};
+
+/// The drawing that a node shows at a frame, by its name: that of its timing column.
+class BRINDLE_HOST_EXPORT AT_TimingAttr : public AT_SimpleAttr {
+public:
+    virtual QString value(double frame) const = 0; ///< Null where no drawing is shown.
+};
+
+/// What a node shows: the drawings of an element. In element mode a drawing column gives both the element and the
+/// drawing at a frame. In timing mode the element is that of its AT_ElementAttr, and the drawing that of its
+/// AT_TimingAttr.
+class BRINDLE_HOST_EXPORT AT_DrawingAttr : public AT_ComplexAttr {
+public:
+    virtual bool getElementMode() const = 0; ///< As the first frame has it.
+    virtual AT_BoolAttr* elementModeAttr() const = 0;
+    /// The attribute that has the link to the column of drawings: the AT_ElementAttr, or the AT_TimingAttr.
+    virtual AT_Attr* drawingAttr() const = 0;
+    virtual TUTimedValue* linkedTimedValue() const = 0; ///< The column that it is linked to, or null.
+    virtual TUSeqTimedValue* linkedSeqTimedValue() const = 0;
+
+    virtual int getElementId() const = 0; ///< Negative for none.
+    virtual QString getElementName() const = 0;
+    virtual QString timingName() const = 0;                    ///< The name of the linked column.
+    virtual QString value(double frame) const = 0;             ///< The name of the drawing; null where none is shown.
+    virtual double drawingScaleFactor(double frame) const = 0; ///< That of the drawing; 1 where none is shown.
+};
+
 class BRINDLE_HOST_EXPORT AT_ColorAttr : public AT_ComplexAttr {};
 class BRINDLE_HOST_EXPORT AT_Position2dAttr : public AT_ComplexAttr {};
 class BRINDLE_HOST_EXPORT AT_Position3dAttr : public AT_ComplexAttr {};
@@ -178,9 +212,9 @@ struct AT_AttrKindList {
 
 /// All classes of attributes that a visitor tells apart, each ahead of those that it derives from. An attribute's own
 /// class is one of them.
-using AT_AttrKinds =
-    AT_AttrKindList<AT_BoolAttr, AT_IntAttr, AT_DoubleAttr, AT_StringAttr, AT_EnumAttrBase, AT_ColorAttr,
-                    AT_Position2dAttr, AT_Position3dAttr, AT_DynGroupAttr, AT_SimpleAttr, AT_ComplexAttr, AT_Attr>;
+using AT_AttrKinds = AT_AttrKindList<AT_BoolAttr, AT_IntAttr, AT_DoubleAttr, AT_StringAttr, AT_EnumAttrBase,
+                                     AT_ElementAttr, AT_TimingAttr, AT_DrawingAttr, AT_ColorAttr, AT_Position2dAttr,
+                                     AT_Position3dAttr, AT_DynGroupAttr, AT_SimpleAttr, AT_ComplexAttr, AT_Attr>;
 
 /// Called by AT_Attr::accept with the attribute's own class. The visit of a class, unless it is overridden, calls that
 /// of the nearest class of the list that it derives from; the one of AT_Attr does nothing.

@@ -3,6 +3,7 @@
 #include "core/host/at_fnc3dtimedvalue.h"
 #include "core/host/tu_easetimedvalue.h"
 #include "core/host/tu_exprtimedvalue.h"
+#include "core/host/tu_seqtimedvalue.h"
 #include "core/host/tu_timedvalue.h"
 #include "core/host/tu_velobasedtimedvalue.h"
 
@@ -17,6 +18,9 @@ public:
     virtual void visit(TUBezierTimedValue& column) { visit(static_cast<TUFnc2DTimedValue&>(column)); }
     virtual void visit(TUEaseTimedValue& column) { visit(static_cast<TUFnc2DTimedValue&>(column)); }
     virtual void visit(TUVeloBasedTimedValue& column) { visit(static_cast<TUFnc2DTimedValue&>(column)); }
+    virtual void visit(TUSeqTimedValue& column) { visit(static_cast<TUTimedValue&>(column)); }
+    virtual void visit(TUElementTimedValue& column) { visit(static_cast<TUSeqTimedValue&>(column)); }
+    virtual void visit(TUTimingTimedValue& column) { visit(static_cast<TUSeqTimedValue&>(column)); }
     virtual void visit(AT_Fnc3dTimedValue& column) { visit(static_cast<AT_FncTimedValue&>(column)); }
     virtual void visit(AT_Path3dTimedValue& column) { visit(static_cast<AT_Fnc3dTimedValue&>(column)); }
     virtual void visit(AT_QuaternionPathTimedValue& column) { visit(static_cast<AT_Path3dTimedValue&>(column)); }

@@ -10,6 +10,7 @@
 #include <set>
 
 class TUElementMgr;
+class TUSeqTimedValue;
 
 /// The undoable changes of elements and their drawings. Each fails, and changes nothing, for an element or a drawing
 /// that there is not, for a value that it doesn't take, and for the manager of another engine. Files follow with the
@@ -106,6 +107,15 @@ public:
     /// element. It is made where it isn't there, and so is the layer, with the name that the source's has.
     static CO_Command* Create(TUElementMgr* manager, const CA_CelKey& source, const CA_CelKey& target,
                               const QString& name);
+    /// Copies the drawing that a column shows at a frame under the next free number, and exposes the copy there, up to
+    /// the next exposure. Null where no drawing is shown. The second argument is always 0, the last one 1.
+    static CO_Command* Create(TUSeqTimedValue* column, int, double frame, int count);
+    /// Exposes a drawing of its own on each frame from `start` to `end`: the prefix and a number that counts them from
+    /// 1, past those that there are. With `emptyOnly` frames that show a drawing keep it. What is shown behind `end`
+    /// stays. Null for frames that the column can't have, and where no frame is to be filled. The second argument is
+    /// always 0.
+    static CO_Command* CreateWithFillDuplicate(TUSeqTimedValue* column, int, int start, int end, const QString& prefix,
+                                               bool emptyOnly);
 
 private:
     using CO_EngineCommand::CO_EngineCommand;

@@ -18,6 +18,9 @@ struct AttributeSpec;
 /// in its members has none of its own.
 using AttributeValue = std::variant<std::monostate, bool, int, double, QString>;
 
+/// What kind of values a column gives that drives an attribute of a kind.
+enum class DrivenBy { Nothing, Numbers, Drawings, Timings };
+
 /// The attributes inside an attribute. They are made after it.
 struct AttributeMembers {
     AT_ComplexAttr::AttrIterator first = nullptr;
@@ -44,8 +47,9 @@ concept KindOfAttribute = requires(Class& attr, const Class& present, const Attr
 struct AttributeKind {
     std::size_t size;
     std::size_t alignment;
-    bool isPosition; ///< Three numbers for the axes in space: positions, or angles of rotation.
-    bool isSwitch;   ///< On or off. A column that drives nothing else holds each value up to the next key.
+    DrivenBy drivenBy; ///< An attribute itself may still refuse columns (AttributeMeta::isLinkable).
+    bool isPosition;   ///< Three numbers for the axes in space: positions, or angles of rotation.
+    bool isSwitch;     ///< On or off. A column that drives nothing else holds each value up to the next key.
     AT_Attr* (*make)(void* place, MO_Node& node, const AttributeMeta& meta, const AttributeMembers& members);
     AttributeValue (*newValue)(const AttributeSpec& spec);
     AttributeValue (*stored)(const AT_Attr& attr);
@@ -57,6 +61,13 @@ template <KindOfAttribute Class>
 inline constexpr AttributeKind attributeKind{
     .size = sizeof(Class),
     .alignment = alignof(Class),
+    .drivenBy =
+        [] {
+            if constexpr (requires { Class::drivenBy; })
+                return Class::drivenBy;
+            else
+                return DrivenBy::Nothing;
+        }(),
     .isPosition = std::derived_from<Class, AT_Position3dAttr>,
     .isSwitch = std::derived_from<Class, AT_BoolAttr>,
     .make = [](void* place, MO_Node& node, const AttributeMeta& meta, const AttributeMembers& members) -> AT_Attr* {

@@ -2,6 +2,7 @@
 #include "engine/attributes/addedattribute.h"
 #include "engine/attributes/attributetable.h"
 #include "engine/attributes/complexattribute.h"
+#include "engine/attributes/drawingattribute.h"
 #include "engine/attributes/enumattribute.h"
 #include "engine/attributes/numberattribute.h"
 #include "engine/attributes/textattribute.h"
@@ -95,6 +96,13 @@ constexpr AttributeSpec text(Keyword keyword, Title title)
     return {.keyword = keyword, .displayName = title, .typeText = u"STRING", .kind = attributeKind<TextAttribute>};
 }
 
+template <typename Kind>
+constexpr AttributeSpec exposed(Keyword keyword, Title title, std::u16string_view typeText)
+{
+    return {
+        .keyword = keyword, .displayName = title, .typeText = typeText, .kind = attributeKind<Kind>, .linkable = true};
+}
+
 constexpr AttributeSpec choice(Keyword keyword, Title title, std::span<const EnumOption> options)
 {
     return {.keyword = keyword,
@@ -122,7 +130,8 @@ constexpr AttributeSpec rotationMembers[] = {degrees(u"x", u"Angle x"), degrees(
                                              degrees(u"z", u"Angle z")};
 constexpr AttributeSpec pivotMembers[] = {unlinkable(fields(u"x", u"Pivot x")), unlinkable(fields(u"y", u"Pivot y")),
                                           unlinkable(fields(u"z", u"Pivot z"))};
-constexpr AttributeSpec drawingMembers[] = {text(u"element", u"Element"), text(u"timing", u"Timing"),
+constexpr AttributeSpec drawingMembers[] = {exposed<ElementAttribute>(u"element", u"Element", u"ELEMENT"),
+                                            exposed<TimingAttribute>(u"timing", u"Timing", u"TIMING"),
                                             onOff(u"element_mode", u"Element Mode", true)};
 constexpr AttributeSpec colourMembers[] = {channel(u"red", u"Red"), channel(u"green", u"Green"),
                                            channel(u"blue", u"Blue"), channel(u"alpha", u"Alpha")};

@@ -32,26 +32,8 @@ CO_Command* ComplexAttribute<Base>::setTextCommand(double frame, const QString& 
     return commands.release();
 }
 
-QString DrawingAttribute::textAt(double frame) const
-{
-    const AT_Attr* timing = this->timing();
-    return timing ? timing->textAt(frame) : QString();
-}
-
-CO_Command* DrawingAttribute::setTextCommand(double frame, const QString& text)
-{
-    AT_Attr* timing = this->timing();
-    return timing ? timing->setTextCommand(frame, text) : nullptr;
-}
-
-AT_Attr* DrawingAttribute::timing() const
-{
-    const auto found =
-        std::find_if(attrsBegin(), attrsEnd(), [](const AT_Attr* attr) { return attr->meta().keyword() == u"timing"; });
-    return found == attrsEnd() ? nullptr : *found;
-}
-
 template class ComplexAttribute<AT_ComplexAttr>;
+template class ComplexAttribute<AT_DrawingAttr>;
 template class ComplexAttribute<AT_ColorAttr>;
 template class ComplexAttribute<AT_Position2dAttr>;
 template class ComplexAttribute<AT_Position3dAttr>;

@@ -26,19 +26,8 @@ private:
     AttributeMembers m_members;
 };
 
-/// The attribute of a read node that chooses its drawings. Its text is that of its timing.
-class DrawingAttribute final : public ComplexAttribute<AT_ComplexAttr> {
-public:
-    using ComplexAttribute::ComplexAttribute;
-
-    QString textAt(double frame) const override;
-    CO_Command* setTextCommand(double frame, const QString& text) override;
-
-private:
-    AT_Attr* timing() const;
-};
-
 extern template class ComplexAttribute<AT_ComplexAttr>;
+extern template class ComplexAttribute<AT_DrawingAttr>;
 extern template class ComplexAttribute<AT_ColorAttr>;
 extern template class ComplexAttribute<AT_Position2dAttr>;
 extern template class ComplexAttribute<AT_Position3dAttr>;

@@ -17,6 +17,7 @@ namespace brindle::engine {
 template <typename Base>
 class NumberAttribute : public AttributeOf<Base> {
 public:
+    static constexpr DrivenBy drivenBy = DrivenBy::Numbers;
     using Value = typename Base::ValueType;
 
     NumberAttribute(MO_Node& node, const AttributeMeta& meta);

@@ -5,6 +5,7 @@
 #include "engine/curves/expressioncolumn.h"
 #include "engine/curves/motioncolumn.h"
 #include "engine/curves/velocitycolumn.h"
+#include "engine/exposure/exposurecolumn.h"
 #include "engine/folder/jsonplace.h"
 
 #include <algorithm>
@@ -13,8 +14,8 @@ namespace brindle::engine {
 
 namespace {
 
-constexpr const ColumnKind* kinds[] = {&path3dKind,     &bezierKind,   &easeKind,
-                                       &expressionKind, &velocityKind, &quaternionKind};
+constexpr const ColumnKind* kinds[] = {&drawingKind,    &path3dKind, &bezierKind,   &easeKind,
+                                       &expressionKind, &timingKind, &velocityKind, &quaternionKind};
 
 } // namespace
 

@@ -162,7 +162,10 @@ public:
         return m_curve.put(Format::kept(point));
     }
 
-    bool fits(const AttributeMeta& attribute) const override { return attribute.isLinkable() && !this->owner(); }
+    bool fits(const AttributeMeta& attribute) const override
+    {
+        return attribute.isLinkable() && attribute.kind().drivenBy == DrivenBy::Numbers && !this->owner();
+    }
     NumberValues* numbers() override { return this; }
     bool valueAt(double frame, double& value) const override;
     bool setValueAt(double frame, double value, bool constantSegment) override;

@@ -67,11 +67,10 @@ TEST_F(AttributeTest, TheMethodThatSetsAValueIsListedThoughAccessorsAreNot)
 
 TEST_F(AttributeTest, AWrapperIsMadeForTheAttributesKind)
 {
-    MO_Node* read = add("READ", "Read");
     MO_Node* card = add("COLOR_CARD", "Card");
     EXPECT_TRUE(objectIn<DoubleAttribute>(wrapped("angle")));
     EXPECT_TRUE(objectIn<BoolAttribute>(wrapped("full_transform")));
-    EXPECT_TRUE(objectIn<TextAttribute>(wrapped("drawing.element", read)));
+    EXPECT_TRUE(objectIn<TextAttribute>(wrapped("path", add("WRITE", "Write"))));
     EXPECT_TRUE(objectIn<IntAttribute>(wrapped("colour.red", card)));
     const Obj position = wrapped("position");
     ASSERT_TRUE(objectIn<Attribute>(position));

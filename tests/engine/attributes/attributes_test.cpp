@@ -181,7 +181,7 @@ TEST_F(AttributesTest, TextsSetValuesUndoably)
         {"PEG", "full_transform", "TRUE", "true"},
         {"READ", "visible", "0", "false"},
         {"READ", "opacity", "1000", "100"},
-        {"READ", "drawing", "d-1", "d-1"},
+        {"READ", "drawing.timing", "d-1", "d-1"},
         {"COLOR_CARD", "colour", "1,2,3,4", "1, 2, 3, 4"},
         {"COMPOSITE", "mode", "ADD", "ADD"},
         {"WRITE", "path", " a b ", " a b "},

@@ -35,7 +35,7 @@ TEST_F(AttributeTablesTest, EachNodeTypeHasItsAttributes)
         {"PEG", position + ' ' + scale +
                     " rotation:ROTATION_3D(x:DOUBLE* y:DOUBLE* z:DOUBLE*) angle:DOUBLE* skew:DOUBLE* " + pivot +
                     " full_transform:BOOL"},
-        {"READ", "drawing:DRAWING(element:STRING timing:STRING element_mode:BOOL*) opacity:DOUBLE* visible:BOOL* " +
+        {"READ", "drawing:DRAWING(element:ELEMENT* timing:TIMING* element_mode:BOOL*) opacity:DOUBLE* visible:BOOL* " +
                      position + ' ' + scale + " angle:DOUBLE* " + pivot},
         {"CAMERA", position + ' ' + scale + " angle:DOUBLE* " + pivot},
         {"COLOR_CARD", "colour:COLOUR(red:INT* green:INT* blue:INT* alpha:INT*)"},

@@ -286,9 +286,10 @@ constexpr SceneDamage sceneDamages[] = {
      "is damaged at line 87: nodes[5].values.mode is a value that the attribute can't have."},
     {"ColumnIsMissing", "\"position.y\": \"X\"", "\"position.y\": \"Y\"",
      "is damaged at line 66: nodes[3].columns[\"position.y\"] is not the name of a column."},
-    {"ColumnOnATextAttribute", "\"values\": {\n        \"drawing.element\": \"A\",\n        \"opacity\": 50\n      }",
-     "\"columns\": {\"drawing.element\": \"X\"}",
-     "is damaged at line 95: nodes[6].columns[\"drawing.element\"] is no attribute of a node of type \"READ\" that a "
+    {"ColumnOnAnAttributeOfAnotherKind",
+     "\"values\": {\n        \"drawing.element\": \"A\",\n        \"opacity\": 50\n      }",
+     "\"columns\": {\"pivot.x\": \"X\"}",
+     "is damaged at line 95: nodes[6].columns[\"pivot.x\"] is no attribute of a node of type \"READ\" that a "
      "column can drive."},
     {"LinkToAMissingNode", "[0, \"Hand\", 0]", "[0, \"Foot\", 0]",
      "is damaged at line 69: nodes[3].links[0][1] is not the name of a node of the group."},

@@ -184,7 +184,7 @@ TEST_F(DragDropTest, AMovedNodeIsANewOneOfTheSameKind)
     run(new tu_node::EnabledNodeCmd(drawing, false));
     dynamic_cast<AT_DoubleAttr&>(*attribute(drawing, "opacity")).setLocalValue(12.5);
     dynamic_cast<AT_BoolAttr&>(*attribute(drawing, "visible")).setLocalValue(false);
-    dynamic_cast<AT_StringAttr&>(*attribute(drawing, "drawing", "element")).setLocalValue("walk");
+    run(attribute(drawing, "drawing", "element")->setTextCommand(1, "walk"));
     UT_SharedWeakPtrBase pointer;
     pointer.assign(drawing);
     const std::vector<MO_Node*> moved = moveUndoably({drawing}, body);
@@ -200,7 +200,7 @@ TEST_F(DragDropTest, AMovedNodeIsANewOneOfTheSameKind)
     EXPECT_FALSE(now->isEnabled());
     EXPECT_EQ(dynamic_cast<AT_DoubleAttr&>(*attribute(now, "opacity")).localValue(), 12.5);
     EXPECT_FALSE(dynamic_cast<AT_BoolAttr&>(*attribute(now, "visible")).localValue());
-    EXPECT_EQ(dynamic_cast<AT_StringAttr&>(*attribute(now, "drawing", "element")).localValue(), "walk");
+    EXPECT_EQ(attribute(now, "drawing", "element")->textAt(1), "walk");
     EXPECT_EQ(names(top()), QStringList({"Display", "Composite", "Body"}));
 }
 

@@ -33,11 +33,16 @@ public:
     }
     void visit(AT_BoolAttr& attr) override { m_out << ' ' << attr.meta().keyword() << ' ' << attr.localValue(); }
     void visit(AT_IntAttr& attr) override { m_out << ' ' << attr.meta().keyword() << ' ' << attr.localValue(); }
-    void visit(AT_DoubleAttr& attr) override { m_out << ' ' << attr.meta().keyword() << ' ' << bits(attr.localValue()); }
+    void visit(AT_DoubleAttr& attr) override
+    {
+        m_out << ' ' << attr.meta().keyword() << ' ' << bits(attr.localValue());
+    }
     void visit(AT_StringAttr& attr) override
     {
         m_out << ' ' << attr.meta().keyword() << " \"" << attr.localValue() << '"';
     }
+    void visit(AT_ElementAttr& attr) override { m_out << " \"" << attr.textAt(1) << '"'; }
+    void visit(AT_TimingAttr& attr) override { m_out << " \"" << attr.textAt(1) << '"'; }
     void visit(AT_EnumAttrBase& attr) override { m_out << ' ' << attr.localValue(); }
 
 private:

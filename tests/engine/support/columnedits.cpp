@@ -1,6 +1,7 @@
 #include "tests/engine/support/columnedits.h"
 
 #include "core/host/at_timedvaluevisitor.h"
+#include "core/host/em_commands.h"
 #include "engine/curves/column.h"
 
 #include <limits>
@@ -180,6 +181,35 @@ public:
             break;
         default:
             visit(static_cast<AT_FncTimedValue&>(column));
+        }
+    }
+
+    void visit(TUSeqTimedValue& column) override
+    {
+        static const QStringList names{"a", "b", "", "12", "\U0001F600 x"};
+        QStringList given;
+        for (unsigned int count = below(5); count > 0; --count)
+            given.append(names[static_cast<int>(below(5))]);
+        auto commands = std::make_unique<CO_AndCommand>();
+        CO_Command* command = nullptr;
+        switch (below(6)) {
+        case 0:
+            column.clear(frame(), static_cast<int>(below(6)) - 1, below(2), &command);
+            made.reset(command);
+            break;
+        case 1:
+            made.reset(column.spliceCommand(frame(), false));
+            break;
+        case 2:
+            made.reset(DuplicateDrawingCmd::CreateWithFillDuplicate(&column, 0, static_cast<int>(frame()),
+                                                                    static_cast<int>(frame()), "LT", below(2)));
+            break;
+        case 3:
+            made.reset(DuplicateDrawingCmd::Create(&column, 0, frame(), 1));
+            break;
+        default:
+            column.createSetValueCmd(nullptr, frame(), given, 0, *commands);
+            made = std::move(commands);
         }
     }
 

@@ -1,0 +1,325 @@
+#include "engine/exposure/exposures.h"
+
+#include "engine/curves/frameshift.h"
+
+#include <QSet>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace brindle::engine {
+
+/// A list of exposures in the making: it leaves out empty ones that change nothing.
+class Exposures::Sheet {
+public:
+    explicit Sheet(std::size_t size) { m_exposures.reserve(size); }
+
+    /// Adds an exposure behind the others; a drawing always begins one.
+    void add(int frame, const QString& drawing)
+    {
+        if (!drawing.isEmpty() || showsDrawing())
+            m_exposures.push_back({frame, drawing});
+    }
+    /// Lets a drawing be shown from a frame on; one that is shown there already goes on.
+    void show(int frame, const QString& drawing)
+    {
+        if (drawing != shown())
+            add(frame, drawing);
+    }
+    void add(std::span<const Exposure> exposures)
+    {
+        for (const Exposure& exposure : exposures)
+            add(exposure.frame, exposure.drawing);
+    }
+
+    bool showsDrawing() const { return !m_exposures.empty() && !m_exposures.back().drawing.isEmpty(); }
+    QString shown() const { return m_exposures.empty() ? QString() : m_exposures.back().drawing; }
+    const std::vector<Exposure>& exposures() const { return m_exposures; }
+
+private:
+    std::vector<Exposure> m_exposures;
+};
+
+namespace {
+
+bool isWithin(std::span<const FrameSpan> ranges, int frame)
+{
+    return std::any_of(ranges.begin(), ranges.end(),
+                       [frame](const FrameSpan& range) { return frame >= range.first && frame < range.end; });
+}
+
+/// The frames of all ranges, ascending, each once.
+std::vector<int> framesOf(std::span<const FrameSpan> ranges)
+{
+    std::vector<int> frames;
+    for (const FrameSpan& range : ranges) {
+        for (int frame = std::max(range.first, 1); frame < std::min(range.end, Exposures::lastFrame + 1); ++frame)
+            frames.push_back(frame);
+    }
+    std::sort(frames.begin(), frames.end());
+    frames.erase(std::unique(frames.begin(), frames.end()), frames.end());
+    return frames;
+}
+
+} // namespace
+
+std::size_t Exposures::placeFrom(int frame) const
+{
+    const auto found = std::lower_bound(m_all.begin(), m_all.end(), frame,
+                                        [](const Exposure& exposure, int at) { return exposure.frame < at; });
+    return static_cast<std::size_t>(found - m_all.begin());
+}
+
+QString Exposures::at(int frame) const
+{
+    const auto behind = std::upper_bound(m_all.begin(), m_all.end(), frame,
+                                         [](int at, const Exposure& exposure) { return at < exposure.frame; });
+    return behind == m_all.begin() || std::prev(behind)->drawing.isEmpty() ? QString() : std::prev(behind)->drawing;
+}
+
+bool Exposures::isKey(int frame) const
+{
+    const std::size_t place = placeFrom(frame);
+    return place < m_all.size() && m_all[place].frame == frame && !m_all[place].drawing.isEmpty();
+}
+
+int Exposures::nextKey(int frame, const std::function<bool(const QString&)>& shows) const
+{
+    for (std::size_t place = frame < lastFrame ? placeFrom(frame + 1) : m_all.size(); place < m_all.size(); ++place) {
+        const QString& drawing = m_all[place].drawing;
+        if (!drawing.isEmpty() && (!shows || shows(drawing)))
+            return m_all[place].frame;
+    }
+    return 0;
+}
+
+bool Exposures::shows(const QString& drawing) const
+{
+    return !drawing.isEmpty() && std::any_of(m_all.begin(), m_all.end(),
+                                             [&](const Exposure& exposure) { return exposure.drawing == drawing; });
+}
+
+QString Exposures::freeNumber() const
+{
+    int highest = 0;
+    for (const Exposure& exposure : m_all)
+        highest = std::max(highest, exposure.drawing.toInt());
+    return QString::number(static_cast<qint64>(highest) + 1);
+}
+
+QStringList Exposures::drawings() const
+{
+    QStringList drawings;
+    QSet<QString> known;
+    for (const Exposure& exposure : m_all) {
+        if (exposure.drawing.isEmpty() || known.contains(exposure.drawing))
+            continue;
+        known.insert(exposure.drawing);
+        drawings.append(exposure.drawing);
+    }
+    return drawings;
+}
+
+int Exposures::frameCount(int sceneLength) const
+{
+    if (m_all.empty())
+        return 0;
+    const Exposure& last = m_all.back();
+    return last.drawing.isEmpty() ? last.frame - 1 : std::max(last.frame, sceneLength);
+}
+
+void Exposures::exchange(Change& change)
+{
+    const auto first = m_all.begin() + static_cast<std::ptrdiff_t>(change.place);
+    const std::size_t shared = std::min(change.count, change.exposures.size());
+    std::swap_ranges(first, first + static_cast<std::ptrdiff_t>(shared), change.exposures.begin());
+    const auto behind = first + static_cast<std::ptrdiff_t>(shared);
+    const auto rest = change.exposures.begin() + static_cast<std::ptrdiff_t>(shared);
+    const std::size_t count = change.exposures.size();
+    if (count > change.count) {
+        m_all.insert(behind, std::make_move_iterator(rest), std::make_move_iterator(change.exposures.end()));
+        change.exposures.erase(rest, change.exposures.end());
+    } else if (count < change.count) {
+        const auto end = behind + static_cast<std::ptrdiff_t>(change.count - shared);
+        change.exposures.insert(change.exposures.end(), std::make_move_iterator(behind), std::make_move_iterator(end));
+        m_all.erase(behind, end);
+    }
+    change.count = count;
+}
+
+bool Exposures::append(int frame, const QString& drawing)
+{
+    const bool follows = m_all.empty() ? frame >= 1 : frame > m_all.back().frame;
+    const bool changes = !drawing.isEmpty() || (!m_all.empty() && !m_all.back().drawing.isEmpty());
+    if (!follows || !changes || frame > lastFrame)
+        return false;
+    m_all.push_back({frame, drawing});
+    return true;
+}
+
+Exposures::Change Exposures::exposed(int frame, const QStringList& drawings) const
+{
+    Change change{placeFrom(frame), 0, {}};
+    const int end = frame + static_cast<int>(drawings.size());
+    QString shown = change.place > 0 ? m_all[change.place - 1].drawing : QString();
+    auto present = m_all.begin() + static_cast<std::ptrdiff_t>(change.place);
+    for (const QString& drawing : drawings) {
+        const bool isHere = present != m_all.end() && present->frame == frame;
+        if (drawing != shown || (isHere && !drawing.isEmpty() && present->drawing == drawing)) {
+            change.exposures.push_back({frame, drawing});
+            shown = drawing;
+        }
+        if (isHere)
+            ++present;
+        ++frame;
+    }
+    // An empty exposure behind nothing would be one too many.
+    if (shown.isEmpty() && present != m_all.end() && present->drawing.isEmpty())
+        ++present;
+    Q_ASSERT(present == m_all.end() || present->frame >= end);
+    change.count = static_cast<std::size_t>(present - m_all.begin()) - change.place;
+    const std::span<const Exposure> before(m_all.data() + change.place, change.count);
+    if (std::equal(before.begin(), before.end(), change.exposures.begin(), change.exposures.end()))
+        return {};
+    return change;
+}
+
+Exposures::Change Exposures::exposedOnly(int frame, const QStringList& drawings) const
+{
+    const int end = frame + static_cast<int>(drawings.size());
+    Sheet sheet(m_all.size() + static_cast<std::size_t>(drawings.size()));
+    sheet.add(std::span(m_all).first(placeFrom(frame)));
+    for (const QString& drawing : drawings) {
+        if (isKey(frame) && at(frame) == drawing)
+            sheet.add(frame, drawing);
+        else
+            sheet.show(frame, drawing);
+        ++frame;
+    }
+    const std::size_t behind = placeFrom(end);
+    if (behind == m_all.size() || m_all[behind].frame != end)
+        sheet.show(end, at(end));
+    sheet.add(std::span(m_all).subspan(behind));
+    return changeTo(sheet);
+}
+
+Exposures::Change Exposures::withKeys(std::span<const FrameSpan> ranges) const
+{
+    const std::vector<int> frames = framesOf(ranges);
+    Sheet sheet(m_all.size() + frames.size());
+    auto present = m_all.begin();
+    const auto addUpTo = [&](int frame) {
+        for (; present != m_all.end() && present->frame <= frame; ++present)
+            sheet.add(present->frame, present->drawing);
+    };
+    for (const int frame : frames) {
+        addUpTo(frame);
+        if (sheet.showsDrawing() && sheet.exposures().back().frame != frame)
+            sheet.add(frame, sheet.shown());
+    }
+    addUpTo(lastFrame);
+    return changeTo(sheet);
+}
+
+Exposures::Change Exposures::withoutKeys(std::span<const FrameSpan> ranges, bool duplicatesOnly) const
+{
+    Sheet sheet(m_all.size());
+    for (const Exposure& exposure : m_all) {
+        const bool isTaken = !exposure.drawing.isEmpty() && isWithin(ranges, exposure.frame) &&
+                             (!duplicatesOnly || exposure.drawing == sheet.shown());
+        if (!isTaken)
+            sheet.add(exposure.frame, exposure.drawing);
+    }
+    return changeTo(sheet);
+}
+
+Exposures::Change Exposures::filled(std::span<const FrameSpan> ranges) const
+{
+    Sheet sheet(m_all.size());
+    // An empty stretch may be filled in part: it begins anew behind what is filled.
+    for (auto present = m_all.begin(); present != m_all.end(); ++present) {
+        if (!present->drawing.isEmpty()) {
+            sheet.add(present->frame, present->drawing);
+            continue;
+        }
+        const int end = std::next(present) == m_all.end() ? lastFrame + 1 : std::next(present)->frame;
+        const QString held = sheet.shown();
+        for (int frame = present->frame; frame < end;) {
+            const bool isFilled = isWithin(ranges, frame);
+            sheet.show(frame, isFilled ? held : QString());
+            int next = end;
+            for (const FrameSpan& range : ranges) {
+                for (const int border : {range.first, range.end}) {
+                    if (border > frame)
+                        next = std::min(next, border);
+                }
+            }
+            frame = next;
+        }
+    }
+    return changeTo(sheet);
+}
+
+Exposures::Change Exposures::without(const QStringList& drawings) const
+{
+    Sheet sheet(m_all.size());
+    for (const Exposure& exposure : m_all)
+        sheet.add(exposure.frame, drawings.contains(exposure.drawing) ? QString() : exposure.drawing);
+    return changeTo(sheet);
+}
+
+Exposures::Change Exposures::renamed(const QString& from, const QString& to) const
+{
+    Sheet sheet(m_all.size());
+    for (const Exposure& exposure : m_all)
+        sheet.add(exposure.frame, exposure.drawing == from ? to : exposure.drawing);
+    return changeTo(sheet);
+}
+
+Exposures::Change Exposures::shifted(const FrameShift& shift, int sceneLength, bool extends) const
+{
+    const int at = shift.at;
+    const int behind = shift.delta < 0 ? at - shift.delta + 1 : at + 1; // the first frame that moves
+    Sheet sheet(m_all.size() + 2);
+    sheet.add(std::span(m_all).first(placeFrom(at + 1)));
+    if (shift.delta > 0 && !extends)
+        sheet.show(at + 1, QString());
+    const std::size_t moved = placeFrom(behind);
+    const bool goesOn = behind <= sceneLength && (moved == m_all.size() || m_all[moved].frame != behind);
+    if (goesOn)
+        sheet.show(behind + shift.delta, this->at(behind));
+    for (const Exposure& exposure : std::span(m_all).subspan(moved)) {
+        if (exposure.frame + shift.delta <= lastFrame)
+            sheet.add(exposure.frame + shift.delta, exposure.drawing);
+    }
+    return changeTo(sheet);
+}
+
+Exposures::Change Exposures::cleared(int at, int count, int sceneLength) const
+{
+    const int behind = at + count + 1;
+    Sheet sheet(m_all.size() + 1);
+    sheet.add(std::span(m_all).first(placeFrom(at + 1)));
+    const std::size_t rest = placeFrom(behind);
+    if (behind <= sceneLength && (rest == m_all.size() || m_all[rest].frame != behind))
+        sheet.show(behind, this->at(behind));
+    sheet.add(std::span(m_all).subspan(rest));
+    return changeTo(sheet);
+}
+
+Exposures::Change Exposures::changeTo(const Sheet& sheet) const
+{
+    const std::vector<Exposure>& after = sheet.exposures();
+    const auto [here, there] = std::mismatch(m_all.begin(), m_all.end(), after.begin(), after.end());
+    auto lastHere = m_all.end();
+    auto lastThere = after.end();
+    while (lastHere != here && lastThere != there && *std::prev(lastHere) == *std::prev(lastThere)) {
+        --lastHere;
+        --lastThere;
+    }
+    return {static_cast<std::size_t>(here - m_all.begin()), static_cast<std::size_t>(lastHere - here),
+            std::vector<Exposure>(there, lastThere)};
+}
+
+} // namespace brindle::engine
