@@ -26,7 +26,7 @@ public:
     virtual std::shared_ptr<CM_BaseColorObj> Clone(bool newId) const = 0;
 
     UT_Id GetID() const { return m_id; }
-    QString GetColorName() const { return m_name; }
+    const QString& GetColorName() const { return m_name; }
     void Rename(const QString& name) { m_name = name; }
 
 protected:

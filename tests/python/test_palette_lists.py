@@ -299,6 +299,18 @@ def test_a_move_that_fails_leaves_the_palette_on_the_list(library, palettes, ref
     assert palettes[0].valid and palettes[0].name == "Hero"
 
 
+def test_an_undo_that_finds_a_file_in_its_way_says_so_and_can_be_repeated(app, library, palettes):
+    palettes.remove(0)
+    (library / "Hero.plt").write_text("somebody else's")
+    message = support.message_of(app.project.history.undo)
+    assert message.startswith("Failed to move the palette ") and str(library / "Hero.plt") in message
+    assert len(palettes) == 2 and app.project.history.list() == ["Remove Palette"]
+    assert (library / "Hero.plt").read_text() == "somebody else's" and aside(library) == ["Hero.plt"]
+    (library / "Hero.plt").unlink()
+    app.project.history.undo()
+    assert palettes.palette_names() == ["Hero", "Villain", "Props"] and aside(library) == []
+
+
 def test_all_palettes_are_removed_and_come_back_in_their_order(app, library, palettes, changes):
     ids = [palette.id for palette in palettes]
     changes(palettes.clear, "Clear Palette List")

@@ -445,6 +445,19 @@ def test_a_palette_comes_back_as_it_was_saved(app, folder, palette, picture):
         assert [(colour.id, shared.seen(colour)) for colour in again] == before
 
 
+@pytest.mark.parametrize("damage, found", [(lambda file: file.unlink(), False),
+                                           (lambda file: file.write_bytes(file.read_bytes()[:-5]), True)],
+                         ids=["missing", "cut short"])
+def test_a_palette_whose_file_cannot_be_read_is_empty(app, folder, palette, damage, found):
+    app.save()
+    app.close()
+    damage(folder / "palette-library" / "Hero.plt")
+    with brindle.open(folder) as opened:
+        again = opened.project.palettes[0]
+        assert (len(again), again.valid, again.loaded, again.found) == (0, True, True, found)
+        assert again.name == "Hero"
+
+
 def test_a_change_is_undone_across_a_save(app, folder, palette):
     history = app.project.history
     app.save()
