@@ -70,7 +70,8 @@ def test_every_row_of_the_native_side_has_its_benchmark():
 
 
 def test_every_row_of_the_python_side_is_measured_by_the_script():
-    sources = "".join((BENCH / name).read_text() for name in ("script.py", "operations.py", "floors/objects.py"))
+    names = ("script.py", "operations.py", "palettes.py", "floors/objects.py")
+    sources = "".join((BENCH / name).read_text() for name in names)
     measured = set(re.findall(r'"([\w ._]+)(?:\{keyed\})?(?:/(?:\{size\}|\d+))?"', sources))
     measured |= {f"{name} keyed" for name in re.findall(r'"([\w ]+)\{keyed\}/', sources)}
     asked = {key.split("/")[0] for row in rows.PYTHON for key in (row.key, row.floor) if key}

@@ -197,11 +197,28 @@ def test_a_disk_that_fills_up_leaves_the_project_and_the_next_save_works(project
             assert message.startswith(f'Cannot save the project: "{folder}/')
             assert message.endswith(": no space left on device.")
             assert support.files(folder) == before and history.list() == labels and app.project.dirty
-            assert sorted(path.name for path in folder.iterdir()) == [support.LOCK, "palette-library", "project.json", "scenes"]
+            names = [support.LOCK, "palette-library", "project.json", "scenes"]
+            assert sorted(path.name for path in folder.iterdir()) == names
         filler.unlink()
         app.save()
     with brindle.open(folder) as app:
         assert len(app.scene.nodes.find({"name": "^A peg"})) == 12
+
+
+def test_a_disk_that_is_full_leaves_the_palettes_as_they_are(project, small_disk):
+    folder = small_disk / "project"
+    shutil.copytree(project, folder)
+    with brindle.open(folder) as app:
+        palettes, history = app.project.palettes, app.project.history
+        before = support.files(folder)
+        filler = small_disk / "filler"
+        filler.write_bytes(b"x" * os.statvfs(small_disk).f_bsize * os.statvfs(small_disk).f_bavail)
+        for make in (lambda: palettes.create("Colour", "New"), lambda: palettes.clone(palettes[0])):
+            message = support.message_of(make)
+            assert str(folder) in message and message.endswith("no space left on device.")
+            assert len(palettes) == 1 and history.list() == [] and support.files(folder) == before
+        filler.unlink()
+        assert palettes.create("Colour", "New").name == "New" and history.list() == ["Create Palette"]
 
 
 def test_a_full_disk_lets_a_project_be_opened_read_only(project, small_disk):
