@@ -17,9 +17,12 @@ std::string ControlPointList::__str__() const
     return tr("ControlPointList(%1)[%2]").arg(target().getName(), QString::number(size())).toStdString();
 }
 
+// Required: the size for a 3D path is the number of its velocity's points, while the items are the path's own.
 std::size_t ControlPointList::size() const
 {
-    const auto* curve = columnCast<TUFnc2DTimedValue>(&target());
+    const TUFnc2DTimedValue* curve = columnCast<TUFnc2DTimedValue>(&target());
+    if (const auto* path = columnCast<AT_Fnc3dTimedValue>(&target()))
+        curve = path->velocity();
     return curve ? static_cast<std::size_t>(std::max(curve->pointCount(), 0)) : 0;
 }
 

@@ -169,6 +169,18 @@ void KeyframeableColumn::keyframelistFromVariant(const QVariant& value, QList<do
     }
 }
 
+// Required: a value that is refused raises no error.
+template <typename Command>
+void KeyframeableColumn::setHold(int value, const QString& label)
+{
+    TUFnc2DTimedValue& column = curve();
+    CO_CommandManager& manager = undo::manager(target().sceneCommon());
+    CO_Command* command = new Command(&column, value);
+    if (auto* path = columnCast<AT_Fnc3dTimedValue>(&target()))
+        command = new tu_timedvalue::path3d::Path3DVeloCmd(path, command);
+    manager.execute(command, label);
+}
+
 int KeyframeableColumn::getHoldStartFrame() const
 {
     return curve().start();
@@ -176,9 +188,7 @@ int KeyframeableColumn::getHoldStartFrame() const
 
 void KeyframeableColumn::setHoldStartFrame(int frame)
 {
-    auto& column = curve();
-    undo::manager(column.sceneCommon())
-        .execute(new tu_timedvalue::fnc2d::SetStartCmd(&column, frame), tr("Set Start Frame for Hold"));
+    setHold<tu_timedvalue::fnc2d::SetStartCmd>(frame, tr("Set Start Frame for Hold"));
 }
 
 int KeyframeableColumn::getHoldStopFrame() const
@@ -188,9 +198,7 @@ int KeyframeableColumn::getHoldStopFrame() const
 
 void KeyframeableColumn::setHoldStopFrame(int frame)
 {
-    auto& column = curve();
-    undo::manager(column.sceneCommon())
-        .execute(new tu_timedvalue::fnc2d::SetStopCmd(&column, frame), tr("Set Stop Frame for Hold"));
+    setHold<tu_timedvalue::fnc2d::SetStopCmd>(frame, tr("Set Stop Frame for Hold"));
 }
 
 int KeyframeableColumn::getHoldStep() const
@@ -200,9 +208,7 @@ int KeyframeableColumn::getHoldStep() const
 
 void KeyframeableColumn::setHoldStep(int step)
 {
-    auto& column = curve();
-    undo::manager(column.sceneCommon())
-        .execute(new tu_timedvalue::fnc2d::SetStepCmd(&column, step), tr("Set Step for Hold"));
+    setHold<tu_timedvalue::fnc2d::SetStepCmd>(step, tr("Set Step for Hold"));
 }
 
 int KeyframeableColumn::numberOfPoints() const
@@ -218,7 +224,10 @@ AT_FncTimedValue& KeyframeableColumn::function() const
 
 TUFnc2DTimedValue& KeyframeableColumn::curve() const
 {
-    return found(columnCast<TUFnc2DTimedValue>(&target()), unexpected::ErrorOccurred);
+    if (auto* curve = columnCast<TUFnc2DTimedValue>(&target()))
+        return *curve;
+    const auto& path = found(columnCast<AT_Fnc3dTimedValue>(&target()), unexpected::ErrorOccurred);
+    return found(path.velocity(), [] { return tr("No velocity column set"); });
 }
 
 } // namespace OMC

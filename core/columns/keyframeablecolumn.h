@@ -10,6 +10,8 @@ namespace OMC {
 /// A column that is a function of time with keyframes. Frames are given as a number or a list of them, nested to any
 /// depth.
 ///
+/// Hold values and the number of points of a 3D path are those of its velocity column.
+///
 /// Numeric texts pass as frames. All bad frames are told in one message, one a line, and then nothing has changed.
 class BRINDLE_CORE_EXPORT KeyframeableColumn : public Column {
     Q_OBJECT
@@ -47,11 +49,14 @@ public:
     int getHoldStep() const; ///< How many frames a step lasts; a value that the engine refuses is left.
     void setHoldStep(int step);
 
-    int numberOfPoints() const; ///< The number of control points.
+    int numberOfPoints() const; ///< The number of control points; of a 3D path, those of its velocity.
 
 private:
     AT_FncTimedValue& function() const;
-    TUFnc2DTimedValue& curve() const; ///< Throws where the function is no curve of values.
+    /// The curve that has the points and is held: the column, or the velocity of a 3D path. Throws for another kind.
+    TUFnc2DTimedValue& curve() const;
+    template <typename Command>
+    void setHold(int value, const QString& label);
 };
 
 } // namespace OMC

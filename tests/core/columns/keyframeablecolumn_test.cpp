@@ -273,3 +273,19 @@ TEST_F(KeyframeableColumnTest, AnotherFunctionOfTimeHasTheGeneralClass)
                                                                          [&] { general->keyframeClear(1, 5); }})
         EXPECT_EQ(failureOf(call), unexpected);
 }
+
+TEST_F(KeyframeableColumnTest, APathWithoutAVelocitySaysSo)
+{
+    StandInPath path(curve->sceneCommon());
+    KeyframeableColumn column(&path);
+    const std::initializer_list<std::function<void()>> calls{
+        [&] { column.getHoldStartFrame(); },  [&] { column.getHoldStopFrame(); },  [&] { column.getHoldStep(); },
+        [&] { column.setHoldStartFrame(2); }, [&] { column.setHoldStopFrame(2); }, [&] { column.setHoldStep(2); },
+        [&] { column.numberOfPoints(); }};
+    for (const auto& call : calls)
+        EXPECT_EQ(failureOf(call), "No velocity column set");
+    EXPECT_TRUE(labels().isEmpty());
+    const Obj points = column.getControlPoints();
+    EXPECT_EQ(objectIn<ControlPointList>(points)->size(), 0u);
+    EXPECT_TRUE(objectIn<ControlPointList>(points)->list().empty());
+}

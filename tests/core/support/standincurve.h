@@ -3,16 +3,17 @@
 #include "core/host/at_timedvaluevisitor.h"
 
 /// A function of time of no engine, with a key at every frame and no control points of a known kind.
-class StandInCurve : public AT_FncTimedValue {
+template <typename Base>
+class StandInFunction : public Base {
 public:
-    explicit StandInCurve(SC_SceneCommon* scene = nullptr) : scene(scene) {}
+    explicit StandInFunction(SC_SceneCommon* scene = nullptr) : scene(scene) {}
 
-    timedValueType type() const override { return kVeloBased; }
+    TUTimedValue::timedValueType type() const override { return TUTimedValue::kVeloBased; }
     QString getName() const override { return QStringLiteral("Stand-in"); }
     QString getDisplayName() const override { return getName(); }
     bool isAnonymous() const override { return false; }
     SC_SceneCommon* sceneCommon() const override { return scene; }
-    void accept(AT_TimedValueVisitor& visitor) override { visitor.visit(static_cast<AT_FncTimedValue&>(*this)); }
+    void accept(AT_TimedValueVisitor& visitor) override { visitor.visit(static_cast<Base&>(*this)); }
     void getValueForXsheet(double, int, QString*, bool&, bool&, bool&, bool&) const override {}
     int setValuesFromXsheet(double, int, const QString&, int) override { return 1; }
     unsigned int getNumLinks() const override { return 0; }
@@ -57,4 +58,21 @@ private:
         if (commands != None)
             *command = new Command(commands == Failing ? CO_Command::kFail : CO_Command::kOk);
     }
+};
+
+using StandInCurve = StandInFunction<AT_FncTimedValue>;
+
+/// A path in space without control points and without a velocity.
+class StandInPath : public StandInFunction<AT_Path3dTimedValue> {
+public:
+    using StandInFunction::StandInFunction;
+
+    TUVeloBasedTimedValue* velocity() const override { return nullptr; }
+    bool getValue(double, double&, double&, double&) const override { return false; }
+    int pathSize() const override { return 0; }
+    CatmullCtrlPt path(int) const override { return {}; }
+    double computeControlPointTime(int) const override { return 0; }
+    bool keyAt(double, CatmullCtrlPt&) const override { return false; }
+    bool keyBefore(double, CatmullCtrlPt&) const override { return false; }
+    bool keyAfter(double, CatmullCtrlPt&) const override { return false; }
 };

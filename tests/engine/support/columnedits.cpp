@@ -2,6 +2,7 @@
 
 #include "core/host/at_timedvaluevisitor.h"
 #include "core/host/em_commands.h"
+#include "core/host/sc_scene.h"
 #include "engine/curves/column.h"
 
 #include <limits>
@@ -13,6 +14,16 @@ public:
     explicit RandomEdit(std::mt19937& random) : m_random(random) {}
 
     using AT_TimedValueVisitor::visit;
+
+    void visit(TUExprTimedValue& column) override
+    {
+        const SC_TimedValueListInterface& columns = *column.sceneCommon()->timedValues();
+        QString name = columns.timedValuesBegin()[below(static_cast<unsigned>(columns.timedValueCount()))]->getName();
+        name.replace(u'\\', "\\\\").replace(u'"', "\\\"");
+        const QString texts[] = {QString(), "frame * 2", "1 +", "value(\"" + name + "\")",
+                                 "value(\"" + name + "\", frame - 1) / 3"};
+        made = std::make_unique<tu_timedvalue::expr::SetExprCmd>(&column, texts[below(std::size(texts))]);
+    }
 
     void visit(AT_FncTimedValue& column) override
     {
