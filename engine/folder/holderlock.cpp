@@ -1,5 +1,6 @@
 #include "engine/folder/holderlock.h"
 
+#include "core/host/msg_scope.h"
 #include "engine/engine.h"
 
 #include <QFile>
@@ -159,6 +160,20 @@ void HolderLock::require(const Folder& folder)
     m_folder = std::move(kept);
     m_file = std::move(file);
     m_process = ::getpid();
+}
+
+void HolderLock::follow(const QString& path)
+{
+    if (!isHeld() || isOn(path))
+        return;
+    release();
+    try {
+        const Folder folder(path);
+        const FolderLock alone(folder, FolderLock::Writing);
+        require(folder);
+    } catch (const FolderFailure& failure) {
+        MSG_Scope(failure.reason + u'.', MSG_Scope::kError);
+    }
 }
 
 void HolderLock::release()

@@ -34,6 +34,9 @@ public:
     ///
     /// To be called within a `FolderLock` for writing: two processes never look for a dead one's lock at once.
     void require(const Folder& folder);
+    /// The folder may have another path by now: holds the lock of the one that is there, where that is another. A
+    /// failure is a line in the log, and no lock is held then.
+    void follow(const QString& path);
     /// Waits a little for those who have a `FolderLock`: not to be called within one of the same folder.
     void release();
 

@@ -65,9 +65,8 @@ CM_Palette::Private::Private(const QString& file)
 
 void CM_Palette::Private::setFile(const QString& file)
 {
-    lock.release();
     path = CM_PalettePathFile(file);
-    lock = lockOf(path);
+    lock.follow(path.path().ToString());
 }
 
 void CM_Palette::Private::setRecord(PaletteRecord record)

@@ -37,8 +37,8 @@ void CM_PaletteList::Private::setFolder(const QString& folder)
 {
     if (folder == path)
         return;
-    lock.release();
     path = folder;
+    lock.follow(library());
 }
 
 PaletteListRecord CM_PaletteList::Private::record() const

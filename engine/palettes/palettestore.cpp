@@ -130,16 +130,20 @@ void PaletteStore::setPath(const QString& path)
     for (auto list = m_elementLists.begin(); list != m_elementLists.end(); ++list)
         elementLists.insert(moved(list.key(), before, path), list.value());
     m_elementLists = std::move(elementLists);
-    const auto moveList = [&](const List& list) {
-        if (!list)
-            return;
+    for (const List& list : allLists()) {
         list->engine().setFolder(moved(list->GetPath(), before, path));
         for (PaletteListRecord::Palette& entry : list->engine().saved)
             entry.file = moved(entry.file, before, path);
-    };
-    moveList(m_projectList);
-    for (const List& list : m_elementLists)
-        moveList(list);
+    }
+}
+
+/// Also those of elements that are removed, and may come back.
+std::vector<PaletteStore::List> PaletteStore::allLists() const
+{
+    std::vector<List> lists(m_elementLists.begin(), m_elementLists.end());
+    lists.push_back(m_projectList);
+    std::erase(lists, nullptr);
+    return lists;
 }
 
 std::vector<PaletteStore::ElementFolder> PaletteStore::elementFolders() const
@@ -216,8 +220,8 @@ void PaletteStore::addTo(FolderTransaction& save, const Folder& folder, bool isE
     m_told.clear();
     m_isElsewhere = isElsewhere;
     m_save = std::make_unique<PaletteSave>(save, folder);
-    if (isElsewhere)
-        lists(); // All of the project's, also those that nobody has asked for.
+    if (isElsewhere || !m_lists.empty())
+        lists(); // Elsewhere, all of the project's are needed, also those that nobody has asked for.
     for (const List& list : m_lists)
         addList(save, folder, list, isElsewhere);
     std::vector<Palette> others;
@@ -320,12 +324,12 @@ void PaletteStore::forgetFilesOfRemoved()
 void PaletteStore::savePalette(const Palette& palette)
 {
     PaletteStore* store = currentStore;
+    if (store && store->m_isReadOnly)
+        return;
     if (!store || !store->isInProject(*palette)) {
         saveInTheirFolders({palette});
         return;
     }
-    if (store->m_isReadOnly)
-        return;
     const Folder folder(store->m_path);
     if (store->m_lock)
         store->m_lock->requireSame(folder);
@@ -340,21 +344,23 @@ void PaletteStore::savePalette(const Palette& palette)
 /// Whether a list of the project on disk has the palette.
 bool PaletteStore::isNamed(const UT_Id& palette) const
 {
-    return std::any_of(m_lists.begin(), m_lists.end(), [&](const List& list) {
+    const std::vector<List> lists = allLists();
+    return std::any_of(lists.begin(), lists.end(), [&](const List& list) {
         const auto& saved = list->engine().saved;
         return std::any_of(saved.begin(), saved.end(), [&](const auto& entry) { return entry.id == palette; });
     });
 }
 
-void PaletteStore::close()
+void PaletteStore::close(const HolderLock& next)
 {
     for (const auto& known : m_known) {
         if (const Palette palette = known.lock())
             palette->engine().lock.release();
     }
-    for (const List& list : m_lists)
+    for (const List& list : allLists())
         list->engine().lock.release();
-    if (m_isReadOnly || !m_lock || !m_lock->isOn(m_path))
+    const bool isOwn = m_lock && (m_lock->isOn(m_path) || next.isOn(m_path));
+    if (m_isReadOnly || !isOwn)
         return;
     for (const auto& known : m_known) {
         const Palette palette = known.lock();
@@ -364,7 +370,7 @@ void PaletteStore::close()
         if (identityInPaletteFile(file) == palette->GetID())
             attemptOrLog([&] { palette_files::moveToDeleted(file); });
     }
-    for (const List& list : m_lists) {
+    for (const List& list : allLists()) {
         for (const PaletteListRecord::Palette& entry : list->engine().saved) {
             if (m_claimed.contains(entry.id.value()) && !QFileInfo::exists(entry.file))
                 attemptOrLog([&] { palette_files::putBack(entry.file, entry.id); });

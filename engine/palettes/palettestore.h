@@ -75,8 +75,9 @@ public:
     /// The palette's files have moved to ".deleted", or back.
     void claim(const UT_Id& palette) { m_claimed.insert(palette.value()); }
     void unclaim(const UT_Id& palette) { m_claimed.erase(palette.value()); }
-    /// Puts the files back to what the saved lists name. The last call.
-    void close();
+    /// Gives all locks back, and puts the files back to what the saved lists name. The last call. `next` is the lock of
+    /// the project that takes the place of this one, which has this one's lock where that is opened anew.
+    void close(const HolderLock& next);
 
 private:
     void read(CM_PaletteList& list);
@@ -85,6 +86,7 @@ private:
     void addList(FolderTransaction& save, const Folder& folder, const List& list, bool isElsewhere);
     static void saveInTheirFolders(const std::vector<Palette>& palettes);
     void forgetFilesOfRemoved();
+    std::vector<List> allLists() const;
     bool isNamed(const UT_Id& palette) const;
 
     QString m_path;

@@ -110,11 +110,17 @@ bool ProjectManager::hasMovedTo(const QString& path) const
 
 void ProjectManager::closeProject()
 {
+    closeProject(ProjectLock());
+}
+
+/// `next` is the lock of the project that takes its place.
+void ProjectManager::closeProject(const ProjectLock& next)
+{
     const SCP_PythonEngine::HaltScope halt;
     // The session has no project any more while this one goes.
     const std::unique_ptr<Project> closing = std::move(m_project);
     if (closing)
-        closing->palettes().close();
+        closing->palettes().close(next);
     announceSessionChange();
 }
 
@@ -126,7 +132,7 @@ SC_Project* ProjectManager::findProject(const SC_Id& id) const
 SC_Project* ProjectManager::replaceProject(std::unique_ptr<Project> project)
 {
     const SCP_PythonEngine::HaltScope halt;
-    closeProject();
+    closeProject(project->lock());
     m_project = std::move(project);
     m_project->palettes().makeCurrent();
     announceSessionChange();

@@ -21,6 +21,7 @@ public:
 private:
     ProjectFolder folderAt(const QString& path, const QString& howToDiscard) const;
     bool hasMovedTo(const QString& path) const;
+    void closeProject(const ProjectLock& next);
     SC_Project* replaceProject(std::unique_ptr<Project> project);
 
     std::unique_ptr<Project> m_project;

@@ -105,6 +105,27 @@ TEST_F(PaletteLockTest, ClosingTheProjectGivesItsLocksBack)
     EXPECT_FALSE(kept->IsLocked());
 }
 
+TEST_F(PaletteLockTest, ALockGoesAlongWithTheProject)
+{
+    const Palette skin = palette("Skin");
+    manager().LockPalette(skin, nullptr);
+    manager().LockPaletteList(list(), nullptr);
+    QString error;
+    ASSERT_TRUE(projects().saveProjectAs(path("copy"), error)) << error.toStdString();
+    EXPECT_TRUE(skin->IsLocked());
+    EXPECT_TRUE(QFile::exists(path("copy/palette-library/Skin.plt.lock")));
+    EXPECT_FALSE(QFile::exists(library() + "Skin.plt.lock"));
+    EXPECT_FALSE(QFile::exists(library() + "palette-list.json.lock"));
+
+    ASSERT_TRUE(QFile::rename(path("copy"), path("moved")));
+    ASSERT_TRUE(projects().saveProjectAs(path("moved"), error)) << error.toStdString();
+    EXPECT_TRUE(skin->IsLocked());
+    EXPECT_TRUE(manager().UnlockPalette(skin));
+    EXPECT_TRUE(manager().UnlockPaletteList(list()));
+    EXPECT_FALSE(QFile::exists(path("moved/palette-library/Skin.plt.lock")));
+    EXPECT_FALSE(QFile::exists(path("moved/palette-library/palette-list.json.lock")));
+}
+
 TEST_F(PaletteLockTest, WhatAnotherProcessHoldsIsToldAndNotWritten)
 {
     Holder other(path("project/palette-library"), "Skin.plt");

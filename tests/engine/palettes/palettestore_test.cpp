@@ -263,6 +263,21 @@ TEST_F(PaletteStoreTest, ClosingWithoutASavePutsTheFilesBackToWhatTheListOnDiskN
     EXPECT_EQ(now, saved);
 }
 
+TEST_F(PaletteStoreTest, OpeningTheOpenProjectAnewPutsTheFilesBackAsClosingDoes)
+{
+    add("Skin");
+    save();
+    const Files saved = files();
+    remove(palette("Skin"));
+    add("New");
+    open();
+    EXPECT_EQ(list()->Size(), 1);
+    Files now = files();
+    now.remove("palette-library/.deleted/");
+    EXPECT_TRUE(now.remove("palette-library/.deleted/New.plt"));
+    EXPECT_EQ(now, saved);
+}
+
 TEST_F(PaletteStoreTest, OpeningPutsBackWhatAKilledProcessRemoved)
 {
     const Palette skin = add("Skin");
