@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QImageReader>
 #include <QtEndian>
@@ -15,18 +16,6 @@ bool fits(qint64 width, qint64 height)
 {
     return width > 0 && height > 0 && width <= BM_Bitmap::largestSide && height <= BM_Bitmap::largestSide &&
            width * height <= mostPixels;
-}
-
-/// The picture in an image file's bytes; null when there is none, or it is too large. `isPng` tells the format.
-QImage decoded(const QByteArray& bytes, bool& isPng)
-{
-    QBuffer buffer;
-    buffer.setData(bytes);
-    QImageReader reader(&buffer);
-    reader.setAutoTransform(true);
-    isPng = reader.format() == "png";
-    const QSize size = reader.size();
-    return size.isValid() && !fits(size.width(), size.height()) ? QImage() : reader.read();
 }
 
 /// The size in the head of a PNG that has its end; 0 x 0 for anything else. A PNG begins with its signature and the
@@ -43,6 +32,18 @@ QSize sizeOfPng(const QByteArray& png)
     return {side(widthPlace), side(heightPlace)};
 }
 
+/// The picture in an image file's bytes; null when there is none, or it is too large. `isPng` tells the format.
+QImage decoded(const QByteArray& bytes, bool& isPng)
+{
+    QBuffer buffer;
+    buffer.setData(bytes);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    isPng = reader.format() == "png";
+    const QSize size = isPng ? sizeOfPng(bytes) : reader.size(); // Of a damaged one libpng would print its own line.
+    return size.isValid() && !fits(size.width(), size.height()) ? QImage() : reader.read();
+}
+
 QByteArray pngOf(const QImage& image)
 {
     QBuffer buffer;
@@ -55,7 +56,7 @@ QByteArray pngOf(const QImage& image)
 std::shared_ptr<const BM_Bitmap> BM_Bitmap::FromFile(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) // A pipe would keep the process waiting.
         return nullptr;
     const QByteArray bytes = file.readAll();
     bool isPng = false;
