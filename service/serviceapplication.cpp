@@ -1,5 +1,6 @@
 #include "service/serviceapplication.h"
 
+#include "core/elements/elementlist.h"
 #include "core/scene/project.h"
 #include "core/scene/scenelist.h"
 
@@ -28,6 +29,12 @@ OMC::Obj ServiceApplication::getScenes() const
 OMC::Obj ServiceApplication::getScene() const
 {
     return OMC::SceneList(project()).get(0);
+}
+
+OMC::Obj ServiceApplication::getElements() const
+{
+    project();
+    return new OMC::ElementList;
 }
 
 SC_ProjectManager& ServiceApplication::projectManager() const

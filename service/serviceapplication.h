@@ -16,6 +16,7 @@ class ServiceApplication : public OMC::Application {
     Q_PROPERTY(OMC::Obj project READ getProject)
     Q_PROPERTY(OMC::Obj scenes READ getScenes)
     Q_PROPERTY(OMC::Obj scene READ getScene)
+    Q_PROPERTY(OMC::Obj elements READ getElements)
 
 public:
     explicit ServiceApplication(SC_SessionContext* session);
@@ -26,6 +27,8 @@ public:
     OMC::Obj getProject() const override; ///< The open project, a Project.
     OMC::Obj getScenes() const override;  ///< The project's scenes, a SceneList.
     OMC::Obj getScene() const;            ///< The project's first scene.
+
+    OMC::Obj getElements() const; ///< The project's elements.
 
     /// The manager of the project, which is still the one that this application was made for; throws otherwise.
     SC_ProjectManager& projectManager() const;

@@ -126,3 +126,10 @@ class BRINDLE_HOST_EXPORT SetDrawingContentCmd final : public CO_EngineCommand {
 public:
     SetDrawingContentCmd(TUElementMgr* manager, const CA_CelKey& drawing, const QByteArray& content);
 };
+
+/// The same with the content of a file anywhere.
+class BRINDLE_HOST_EXPORT ImportDrawingCmd {
+public:
+    /// Null, with one sentence in `error`, where the file can't be read, or is no whole file of the element's format.
+    static CO_Command* Create(TUElementMgr* manager, const CA_CelKey& drawing, const QString& path, QString& error);
+};

@@ -9,6 +9,7 @@
 #include "engine/session/scene.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace brindle::engine {
 
@@ -68,6 +69,11 @@ bool ElementManager::isFreeName(const QString& name, const Element* own) const
 {
     const auto [first, last] = m_byName.equal_range(name);
     return std::none_of(first, last, [own](const Element* other) { return other != own && !other->isDeleted(); });
+}
+
+bool ElementManager::isFreeFolder(const QString& physicalName) const
+{
+    return !m_folders.contains(safe_names::folded(physicalName));
 }
 
 std::unique_ptr<Element> ElementManager::takeMade(int id)
@@ -137,7 +143,8 @@ const TUElement& ElementManager::createElement(const QString& name, int scanType
 {
     const ElementFields fields{name, scanType, fieldChart, pixmapFormat, vectorType};
     // What isn't saved is in memory: there is no temporary folder.
-    if (useTemporaryFolder || !isAcceptable(fields) || !isFreeName(name, nullptr))
+    if (useTemporaryFolder || !isAcceptable(fields) || !isFreeName(name, nullptr) ||
+        m_lastId == std::numeric_limits<int>::max())
         return noElement;
     const int id = ++m_lastId;
     return *m_made.emplace(id, std::make_unique<Element>(*this, id, fields)).first->second;

@@ -20,9 +20,8 @@ namespace brindle::engine {
 class Column;
 class ProjectCommon;
 
-/// The elements of a project, which it owns, and which it belongs to.
-///
-/// Files have nothing to do with it but at a save: it is the project's `ProjectFiles` that then tell of its drawings.
+/// The elements of a project, which it owns, and which it belongs to. Their files follow when the project is saved
+/// (`ElementFiles`).
 class ElementManager final : public TUElementMgr {
 public:
     explicit ElementManager(ProjectCommon& project);
@@ -40,6 +39,8 @@ public:
     ElementFields exchangeFields(Element& element, const ElementFields& fields);
     /// Whether an element may have the name: no other one that isn't deleted has it.
     bool isFreeName(const QString& name, const Element* own) const;
+    /// Whether no element has a folder of the name, also where capital letters are not told apart.
+    bool isFreeFolder(const QString& physicalName) const;
     /// What `createElement` has made of this id, which the caller owns from now on; null where it made none.
     std::unique_ptr<Element> takeMade(int id);
 

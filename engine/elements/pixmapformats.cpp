@@ -40,6 +40,13 @@ const TUPixmapFormat* pixmapFormatOf(int id)
                                                                     : nullptr;
 }
 
+int pixmapFormatNamed(const QString& name)
+{
+    const auto found =
+        std::find_if(table().begin(), table().end(), [&name](const Row& row) { return row.format.name() == name; });
+    return found == table().end() ? -1 : found->format.id();
+}
+
 } // namespace brindle::engine
 
 TUPixmapFormatList::TUPixmapFormatList(int uses)

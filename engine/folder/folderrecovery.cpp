@@ -105,20 +105,57 @@ Found inspect(const Folder& folder)
     return found;
 }
 
+QString parentOf(const QString& name)
+{
+    return name.left(std::max<qsizetype>(name.lastIndexOf(u'/'), 0));
+}
+
 void syncFolders(const Folder& folder, const SaveJournal& journal)
 {
     QSet<QString> names;
-    for (const SaveJournal::File& file : journal.files)
-        names.insert(file.path.left(std::max<qsizetype>(file.path.lastIndexOf(u'/'), 0)));
-    for (const QString& name : names) {
-        if (folder.kindOf(name) == FileKind::Folder)
-            folder.sync(name);
+    for (const SaveJournal::File& file : journal.files) {
+        QString name = parentOf(file.path);
+        while (!name.isEmpty() && !names.contains(name) && folder.kindOf(name) != FileKind::Folder)
+            name = parentOf(name);
+        names.insert(name);
     }
+    for (const QString& name : names)
+        folder.sync(name);
 }
 
 QString toldOf(const Found& found)
 {
     return QStringLiteral("the save that was interrupted there is damaged (") + found.damage + u')';
+}
+
+/// Removes the folders that files have left which were the last ones in them.
+void removeEmptied(const Folder& folder, const SaveJournal& journal)
+{
+    QSet<QString> seen;
+    for (const SaveJournal::File& file : journal.files) {
+        if (file.after)
+            continue;
+        for (QString name = parentOf(file.path); !name.isEmpty() && !seen.contains(name); name = parentOf(name)) {
+            seen.insert(name);
+            try {
+                folder.removeFolder(name);
+            } catch (const FolderFailure&) { // Something else is in it, or above it.
+                break;
+            }
+        }
+    }
+}
+
+/// Makes the folders on the way to a file again, which went with the last file in them.
+void requireParents(const Folder& folder, const QString& path)
+{
+    for (qsizetype slash = path.indexOf(u'/'); slash >= 0; slash = path.indexOf(u'/', slash + 1)) {
+        const QString name = path.left(slash);
+        if (folder.kindOf(name) != FileKind::Nothing)
+            continue;
+        folder.makeFolder(name);
+        folder.sync(parentOf(name));
+    }
 }
 
 [[noreturn]] void putAside(const Folder& folder, const Found& found)
@@ -190,6 +227,7 @@ void moveForward(const Folder& folder, const SaveJournal& journal)
         else if (folder.kindOf(save_stage::part(number)) == FileKind::File)
             folder.rename(save_stage::part(number), file.path);
     }
+    removeEmptied(folder, journal);
     syncFolders(folder, journal);
 }
 
@@ -202,9 +240,10 @@ void moveBack(const Folder& folder, const SaveJournal& journal)
             continue;
         if (file.after && now == file.after && folder.kindOf(save_stage::part(number)) == FileKind::Nothing)
             folder.rename(file.path, save_stage::part(number));
-        if (file.before)
+        if (file.before) {
+            requireParents(folder, file.path);
             folder.rename(save_stage::kept(number), file.path);
-        else if (now == file.after)
+        } else if (now == file.after)
             folder.remove(file.path);
     }
     syncFolders(folder, journal);

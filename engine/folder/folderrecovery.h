@@ -24,7 +24,7 @@ void recover(const Folder& folder);
 /// may not change it. A damaged change counts for nothing, and the log says so.
 QHash<QString, QString> waiting(const Folder& folder);
 
-/// The steps, for the change itself.
+/// The steps, for the change itself. Forward, a folder goes with the last file that goes from it.
 void moveForward(const Folder& folder, const SaveJournal& journal);
 void moveBack(const Folder& folder, const SaveJournal& journal);
 void removeStage(const Folder& folder);

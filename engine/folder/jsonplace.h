@@ -50,6 +50,7 @@ public:
     std::vector<JsonPlace> fields() const; ///< The values of all fields of an object, in the order of the file.
     QString key() const;                   ///< The name of a field, of which this is the value.
 
+    bool isList() const { return tree().isList(*m_value); }
     int size() const; ///< The number of items of an array.
     JsonPlace item(int index) const;
     void requireSize(int size) const; ///< A list of this many items.

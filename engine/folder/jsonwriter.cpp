@@ -25,11 +25,11 @@ void JsonWriter::separate()
     m_first = false;
 }
 
-void JsonWriter::beginObject()
+void JsonWriter::beginObject(Layout layout)
 {
     separate();
     m_out += '{';
-    m_layouts += 'l';
+    m_layouts += layout == Inline ? 'i' : 'l';
     m_first = true;
 }
 

@@ -7,8 +7,8 @@
 
 namespace brindle::engine {
 
-/// Writes JSON that diffs well: a value a line, indented by two spaces, the order as called; arrays that are begun
-/// inline stay on one line. The same calls give the same bytes.
+/// Writes JSON that diffs well: a value a line, indented by two spaces, the order as called; arrays and objects
+/// that are begun inline stay on one line. The same calls give the same bytes.
 ///
 /// Numbers take the shortest form that reads back as the same double; only the sign of a negative zero goes, which
 /// readers of JSON lose anyway. A text is UTF-8; half a surrogate pair, which UTF-8 has no form for, is written as an
@@ -17,7 +17,7 @@ class JsonWriter {
 public:
     enum Layout { Lines, Inline };
 
-    void beginObject();
+    void beginObject(Layout layout = Lines);
     void endObject() { end('}'); }
     void beginArray(Layout layout = Lines);
     void endArray() { end(']'); }

@@ -1,5 +1,6 @@
 #include "engine/folder/projectfile.h"
 
+#include "engine/elements/elementfile.h"
 #include "engine/folder/jsonplace.h"
 #include "engine/folder/jsonwriter.h"
 #include "engine/folder/projectfolder.h"
@@ -131,6 +132,8 @@ QByteArray projectFileText(const ProjectRecord& record, const QStringList& scene
     json.endObject();
     json.key("metrics");
     writeMetrics(json, settings);
+    if (record.hasElements)
+        json.key("elements").text(elementFileName);
     json.key("scenes").beginArray();
     for (const QString& file : sceneFiles)
         json.text(file);
@@ -145,8 +148,11 @@ QStringList readProjectFile(const JsonFile& file, ProjectRecord& record)
     if (root.requireFormat(projectFormat, projectVersion) == 1) {
         root.requireOnly({"format", "version", "scenes"});
     } else {
-        root.requireOnly(
-            {"format", "version", "lastChange", "resolution", "colourSpace", "textureDensity", "metrics", "scenes"});
+        root.requireOnly({"format", "version", "lastChange", "resolution", "colourSpace", "textureDensity", "metrics",
+                          "elements", "scenes"});
+        record.hasElements = root.has("elements");
+        if (record.hasElements)
+            root.field("elements").oneOf({elementFileName});
         if (const auto change = root.ifField("lastChange"))
             record.lastChange = change->text();
         readSettings(root, record.settings);

@@ -17,6 +17,7 @@ struct ProjectRecord;
 ///     colourSpace      its name
 ///     textureDensity   bitmap and vector: factors of the resolution
 ///     metrics          aspectRatio [x, y], fieldChart [x, y, z], center [x, y]
+///     elements         "elements.json" (elements/elementfile.h), left out where there are no elements
 ///     scenes           the files of the scenes, in the project's order
 ///
 /// Version 1 has the scenes alone; such a project gets the settings of a new one.

@@ -1,6 +1,7 @@
 #include "engine/folder/projectfolder.h"
 
 #include "core/host/sc_scene.h"
+#include "engine/elements/elementfile.h"
 #include "engine/folder/folderrecovery.h"
 #include "engine/folder/foldertransaction.h"
 #include "engine/folder/jsonplace.h"
@@ -187,9 +188,9 @@ void ProjectFolder::makeProject(const ProjectRecord& record, const std::vector<T
 }
 
 bool ProjectFolder::create(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
-                           QString& error) const
+                           QString& error, const std::vector<ProjectFiles*>& others) const
 {
-    return attempt("create", error, [&] { makeProject(record, scenes, lock, {}); });
+    return attempt("create", error, [&] { makeProject(record, scenes, lock, others); });
 }
 
 bool ProjectFolder::createForSave(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
@@ -240,10 +241,13 @@ void ProjectFolder::readProject(ProjectMaker& maker, ProjectLock* lock) const
     ProjectRecord record;
     const QStringList files = readProjectFile(project, record);
     maker.setRecord(record);
+    if (record.hasElements)
+        maker.addElements(read(QLatin1String(elementFileName)));
     QSet<QString> names;
     for (const QString& file : files)
         readScene(read(file), names, maker);
     requireConsent();
+    maker.opened(folder, lock);
 }
 
 bool ProjectFolder::read(ProjectMaker& maker, ProjectLock& lock, QString& error) const

@@ -10,6 +10,8 @@ class TUScene;
 
 namespace brindle::engine {
 
+class Folder;
+class JsonFile;
 class ProjectFiles;
 class ProjectLock;
 
@@ -26,6 +28,7 @@ struct SceneRecord {
 struct ProjectRecord {
     ProjectSettings settings;
     QString lastChange; ///< The label of the change that led to what is saved; empty when there was none.
+    bool hasElements = false;
 };
 
 /// Takes what opening reads, the record first.
@@ -36,6 +39,10 @@ public:
     /// A new scene at the end of the project, with an empty root group, no column and nothing on the undo list. Null
     /// when the record can't be taken; its values are checked already, the name is not empty and no other scene's.
     virtual TUScene* addScene(const SceneRecord& record) = 0;
+    /// Makes the elements of their file, ahead of the scenes. Throws `FolderFailure`.
+    virtual void addElements(const JsonFile& file) = 0;
+    /// All has been read. `isOwn`: with the project's lock, so that it can be saved there.
+    virtual void opened(const Folder& folder, bool isOwn) = 0;
 };
 
 /// A project on disk: a folder of text files with "project.json", which lists the scenes, and a file a scene.
@@ -66,8 +73,8 @@ public:
 
     /// Makes a new project of these scenes in a folder that holds no project; a folder that is missing is made, with
     /// those above it. The error begins with "Cannot create the project".
-    bool create(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,
-                QString& error) const;
+    bool create(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock, QString& error,
+                const std::vector<ProjectFiles*>& others = {}) const;
     /// The same for a project that goes on in another folder, with all its other files: the error begins with "Cannot
     /// save the project".
     bool createForSave(const ProjectRecord& record, const std::vector<TUScene*>& scenes, ProjectLock& lock,

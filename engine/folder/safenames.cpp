@@ -17,6 +17,12 @@ bool isPlain(const QString& name)
            });
 }
 
+bool isKept(char32_t character, bool isFirst)
+{
+    return QChar::isLetterOrNumber(character) || character == U'-' || character == U'_' || character == U' ' ||
+           (character == U'.' && !isFirst);
+}
+
 } // namespace
 
 QString made(const QString& name)
@@ -26,15 +32,25 @@ QString made(const QString& name)
     QString safe;
     qsizetype bytes = 0;
     for (const char32_t character : name.toUcs4()) {
-        const bool kept = QChar::isLetterOrNumber(character) || character == U'-' || character == U'_' ||
-                          character == U' ' || (character == U'.' && !safe.isEmpty());
-        const QString text = kept ? QString::fromUcs4(&character, 1) : QStringLiteral("_");
+        const QString text = isKept(character, safe.isEmpty()) ? QString::fromUcs4(&character, 1) : QStringLiteral("_");
         bytes += text.toUtf8().size();
         if (bytes > longestName)
             break;
         safe += text;
     }
     return safe.isEmpty() ? QStringLiteral("_") : safe;
+}
+
+bool isSafe(const QString& name)
+{
+    constexpr qsizetype longest = longestName + 10; // with its number
+    bool isFirst = true;
+    for (const char32_t character : name.toUcs4()) {
+        if (!isKept(character, isFirst))
+            return false;
+        isFirst = false;
+    }
+    return !isFirst && name.isValidUtf16() && name.toUtf8().size() <= longest;
 }
 
 QString folded(const QString& name)

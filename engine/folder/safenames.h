@@ -10,6 +10,10 @@ namespace brindle::engine::safe_names {
 /// "_". It is cut where it is too long for a file system.
 QString made(const QString& name);
 
+/// Whether a name could have been made so, with a number behind it or without: it leads to nothing but a file of its
+/// folder that isn't hidden.
+bool isSafe(const QString& name);
+
 /// A name as a file system sees it that doesn't tell capital letters apart, nor the two ways to write an accent.
 QString folded(const QString& name);
 

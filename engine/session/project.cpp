@@ -1,5 +1,6 @@
 #include "engine/session/project.h"
 
+#include "engine/elements/elementfile.h"
 #include "engine/session/scene.h"
 
 namespace brindle::engine {
@@ -49,9 +50,19 @@ void Project::setRecord(const ProjectRecord& record)
     m_common.history().setChangeBefore(record.lastChange);
 }
 
+void Project::addElements(const JsonFile& file)
+{
+    readElements(file, m_common.elements());
+}
+
+void Project::opened(const Folder& folder, bool isOwn)
+{
+    m_common.elementFiles().opened(folder, isOwn, !m_common.elements().elements().empty());
+}
+
 ProjectRecord Project::record() const
 {
-    return {m_common.settings(), lastChange()};
+    return {m_common.settings(), lastChange(), !m_common.elements().elements().empty()};
 }
 
 void Project::setPath(const QString& path)

@@ -21,9 +21,12 @@ public:
     void addFirstScene(); ///< "Scene-1", which a new project has.
     TUScene* addScene(const SceneRecord& record) override;
     void setRecord(const ProjectRecord& record) override;
+    void addElements(const JsonFile& file) override;
+    void opened(const Folder& folder, bool isOwn) override;
     ProjectRecord record() const; ///< The part that is saved beside the scenes.
     std::vector<TUScene*> scenes() const { return m_common.scenes().scenes(); }
-    std::vector<ProjectFiles*> files() { return {&m_common.palettes()}; } ///< What is saved with the scenes.
+    /// What is saved with the scenes.
+    std::vector<ProjectFiles*> files() { return {&m_common.elementFiles(), &m_common.palettes()}; }
     PaletteStore& palettes() { return m_common.palettes(); }
 
     SC_Id id() const override { return m_common.id(); }

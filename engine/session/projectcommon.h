@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/host/sc_session.h"
+#include "engine/elements/elementfiles.h"
 #include "engine/elements/elementmanager.h"
 #include "engine/history/commandmanager.h"
 #include "engine/palettes/palettestore.h"
@@ -32,6 +33,7 @@ public:
     const CommandManager& history() const { return m_history; }
     ElementManager& elements() { return m_elements; }
     const ElementManager& elements() const { return m_elements; }
+    ElementFiles& elementFiles() { return m_elementFiles; }
 
     const ProjectSettings& settings() const { return m_settings; }
     /// At once and not undoable: commands call it, with settings that are acceptable.
@@ -57,6 +59,7 @@ private:
     Metrics m_metrics{m_settings};
     ColorSpaceManager m_colorSpaces;
     ElementManager m_elements{*this};
+    ElementFiles m_elementFiles{m_elements};
     PaletteStore m_palettes;
     DbSceneData m_dbSceneData{m_palettes};
     SceneManager m_scenes;

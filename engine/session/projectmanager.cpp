@@ -21,7 +21,7 @@ SC_Project* ProjectManager::createProject(const QString& path, QString& error, c
     const ProjectFolder folder = folderAt(path, howToDiscard);
     auto project = std::make_unique<Project>(folder.path());
     project->addFirstScene();
-    if (!folder.create(project->record(), project->scenes(), project->lock(), error))
+    if (!folder.create(project->record(), project->scenes(), project->lock(), error, project->files()))
         return nullptr;
     return replaceProject(std::move(project));
 }

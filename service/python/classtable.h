@@ -52,6 +52,7 @@ struct Operators {
     PyObject* (*itemByIndex)(OMC::BaseObject*, int) = nullptr;
     PyObject* (*itemByKey)(OMC::BaseObject*, const QString&) = nullptr;
     void (*setItem)(PyObject* self, PyObject* key, PyObject* value) = nullptr;
+    bool isNumbered = false; ///< An index is a number that the item has, and no place: there are no slices.
     bool (*contains)(PyObject* self, PyObject* value) = nullptr;
     bool containsTextOnly = false; ///< Other values are looked for by going through the list.
     PyObject* (*call)(OMC::BaseObject*, const QString&) = nullptr;
@@ -237,6 +238,13 @@ public:
     Class& alwaysTrue()
     {
         m_table.operators.alwaysTrue = true;
+        return *this;
+    }
+
+    /// Says that an index is a number that the item has, and no place in the list.
+    Class& numbered()
+    {
+        m_table.operators.isNumbered = true;
         return *this;
     }
 

@@ -68,7 +68,7 @@ PyObject* subscript(PyObject* self, PyObject* key)
         if (PyIndex_Check(key) && operators.itemByIndex)
             return convertAndCall([key] { return From<int>::read(key, 0); },
                                   [&](int index) { return operators.itemByIndex(heldObject(self), index); });
-        if (PySlice_Check(key))
+        if (PySlice_Check(key) && !operators.isNumbered)
             return itemsOf(self, key);
         throwArgument(0, operators.itemByKey ? "int or str" : "int", key);
     });

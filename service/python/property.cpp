@@ -64,6 +64,7 @@ const PropertyType& propertyType(const QMetaProperty& meta)
         {QMetaType::Int, "int", &readAs<int>},
         {QMetaType::UInt, "int", &readAs<unsigned int>},
         {QMetaType::ULong, "int", &readAs<unsigned long>},
+        {QMetaType::LongLong, "int", &readAs<long long>},
         {QMetaType::Bool, "bool", &readAs<bool>},
         {QMetaType::Double, "float", &readAs<double>},
         {QMetaType::Float, "float", &readAs<float>},

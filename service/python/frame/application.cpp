@@ -37,6 +37,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .property("project", "Project")
             .property("scenes", "SceneList")
             .property("scene", "Scene")
+            .property("elements", "ElementList")
             .method<"save", Form<&save, "path: str | PathLike[str] | None=None">>(
                 "Writes the project folder whole or not at all; with the path of another folder, does what save_as "
                 "does.")

@@ -50,7 +50,8 @@ QString FolderTest::writeError(const QString& path, brindle::engine::Project& pr
     QString error;
     brindle::engine::ProjectLock ownForTheSave;
     brindle::engine::ProjectLock& lock = project.lock().isHeld() ? project.lock() : ownForTheSave;
-    const bool written = brindle::engine::ProjectFolder(path).write(project.record(), project.scenes(), lock, error);
+    const bool written =
+        brindle::engine::ProjectFolder(path).write(project.record(), project.scenes(), lock, error, project.files());
     EXPECT_EQ(written, error.isEmpty());
     return error;
 }
@@ -59,7 +60,8 @@ QString FolderTest::createError(const QString& path, brindle::engine::Project& p
 {
     QString error;
     brindle::engine::ProjectLock lock;
-    const bool created = brindle::engine::ProjectFolder(path).create(project.record(), project.scenes(), lock, error);
+    const bool created =
+        brindle::engine::ProjectFolder(path).create(project.record(), project.scenes(), lock, error, project.files());
     EXPECT_EQ(created, error.isEmpty());
     return error;
 }
