@@ -5,6 +5,7 @@
 #include "core/host/sc_scene.h"
 #include "core/host/sc_scenemarker.h"
 #include "core/host/sc_session.h"
+#include "core/host/tu_elementmgr.h"
 #include "engine/engine.h"
 
 #include <QDirIterator>
@@ -99,6 +100,22 @@ QString resolutionLine(const SC_ProjectCommon& project)
         .arg(name, QString::number(resolution->width()), QString::number(resolution->height()));
 }
 
+QString elementsLine(const SC_ProjectCommon& project)
+{
+    const TUElementMgr* manager = project.elementManager();
+    std::size_t elements = 0;
+    std::size_t deleted = 0;
+    std::size_t drawings = 0;
+    for (auto element = manager->elementBegin(); element != manager->elementEnd(); ++element) {
+        ++((*element)->isDeleted() ? deleted : elements);
+        if (!(*element)->isDeleted())
+            drawings += manager->getElementDrawingInfoById((*element)->id())->getMap().size();
+    }
+    return QString("Elements: %1 with %2%3\n")
+        .arg(QString::number(elements), counted(drawings, "drawing"),
+             deleted > 0 ? QString(", and %1 deleted").arg(deleted) : QString());
+}
+
 /// The size of the project's files; hidden ones are no part of it.
 QString sizeLine(const QString& folder)
 {
@@ -156,7 +173,8 @@ int projectInfo(const QList<QByteArray>& arguments)
         text += QString("All %1 scenes: %2, %3\n")
                     .arg(QString::number(project->sceneCount()), counted(total.frames, "frame"), contents(total));
     const QString last = brindle::engine::shown(project->lastChange().simplified());
-    print(text + QString("Last change: %1\n").arg(last.isEmpty() ? QString("none") : last) + sizeLine(project->path()));
+    print(text + QString("Last change: %1\n").arg(last.isEmpty() ? QString("none") : last) + elementsLine(common) +
+          sizeLine(project->path()));
     return done;
 }
 

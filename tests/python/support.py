@@ -3,7 +3,9 @@
 import collections
 import os
 import pathlib
+import struct
 import subprocess
+import zlib
 
 import brindle
 
@@ -17,6 +19,8 @@ DEEP = bool(os.environ.get("BRINDLE_TEST_DEEP"))
 MEMORY = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
 
 LOCK = ".brindle-lock"
+# What an undo can bring back, while the project is open.
+REMOVED = ".brindle-removed"
 
 GONE = "Object is no longer valid."
 NODE_GONE = "Node is no longer valid. Node may have been moved or deleted."
@@ -58,10 +62,18 @@ VALUES = {
 
 
 def files(folder):
-    """Every file under a folder with its content, but for the lock of who has the project open."""
+    """Every file under a folder with its content, but for what is there only while the project is open."""
     folder = pathlib.Path(folder)
     return {str(path.relative_to(folder)): path.read_bytes() for path in sorted(folder.rglob("*"))
-            if path.is_file() and path.name != LOCK}
+            if path.is_file() and path.name != LOCK and path.parent.name != REMOVED}
+
+
+def png(grey=0):
+    """A picture of one pixel."""
+    def chunk(name, data):
+        return struct.pack(">I", len(data)) + name + data + struct.pack(">I", zlib.crc32(name + data))
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", 1, 1, 8, 0, 0, 0, 0))
+            + chunk(b"IDAT", zlib.compress(bytes([0, grey]))) + chunk(b"IEND", b""))
 
 
 def saved(app, folder):
@@ -96,6 +108,8 @@ def samples(app):
     column = angle.column
     composite = nodes["Top/Composite"]
     scene.metadata["Sample-Data"] = "text"
+    element = app.elements.create("Sample-Element")
+    drawing = element.drawings.create("1")
     into_group = group.ports_in.create("peg")
     into_group.link(peg)
     inner.ports_in[0].link(group.multi_port_in.ports_out[0])
@@ -165,6 +179,10 @@ def samples(app):
         "solid colour": palette[0],
         "gradient": gradient,
         "texture": texture,
+        "elements": app.elements,
+        "element": element,
+        "drawings": element.drawings,
+        "drawing": drawing,
         "locked block": app.locked(),
         **{name: make() for name, (make, _) in VALUES.items()},
     }

@@ -10,7 +10,7 @@ KEPT_BY_CLOSING = {"application", "locked block", *support.VALUES}
 KEPT = {"project", "resolution", "named resolution", "history", "bracket", "scenes", "aspect", "units", "center",
         "unit converter", "metadata", "metadata pair", "scene", "nodes of the scene", "copied nodes", "display", "composite",
         "dynamic in-ports", "palette lists", "palettes", "palette", "solid colour", "gradient", "texture",
-        *KEPT_BY_CLOSING}
+        "elements", "element", "drawings", "drawing", *KEPT_BY_CLOSING}
 NODES = {"peg", "camera", "display", "read", "group", "composite", "multi-port in", "multi-port out"}
 HANDLES = {"subselections", "subselection"}
 # Members that still answer after the object is gone, because they don't ask the project.
@@ -34,6 +34,8 @@ ANSWERS = {
     ("dynamic in-ports", "dynamic"): "True", ("dynamic out-ports", "dynamic"): "True",
     (None, "unlink of an attribute"): "False", (None, "link of an attribute"): "False",
     ("column", "get_current_index"): "1",
+    ("element", "str"): "'Element(1)'",
+    ("element", "format_list"): "['PNG', 'JPEG', 'TIFF', 'TGA', 'BMP', 'EXR', 'PSD']",
     ("control point", "value="): "NOT YET IMPLEMENTED",
     ("texture", "size"): "0", ("texture", "__len__"): "0", ("texture", "list"): "[]",
     ("texture", "get"): "Unable to retrieve item in container.",
@@ -55,7 +57,8 @@ LISTS = {
     "backdrops": "Unable to set item in container.", "subselections": "Unable to set item in container.",
     "subattributes": "Attribute List cannot be set.", "copied attributes": "Attribute List cannot be set.",
     "control points": "Unable to set item in container.", "texture": "Unable to set item in container.",
-    "palette lists": "Palette lists cannot be set, object is read only.",
+    "palette lists": "Palette lists cannot be set, object is read only.", "elements": "Unable to set the Element List",
+    "drawings": "Unable to set a Element Drawing List",
 }
 UNTOUCHED = {"objectName", "copy", "valid", "close", "__exit__", "save", "save_as"}
 
@@ -77,9 +80,12 @@ ARGUMENTS = {
     "get_string_from_location_type": (83,), "get_location_type_from_string": ("scene",),
     "get_string_from_colour_type": (0,), "get_colour_type_from_string": ("solid",),
     "create_point": (1, 1, 1, 1, 1, 1), "save_as": ("x",), "create_metadata_pair_at_idx": (0,), "move_to": ("x",), "move": ("x",),
+    "import_file": ("x",),
 }
 
-OTHER_ARGUMENTS = {("palette", "insert"): (None, 0), ("palettes", "create"): ("Colour", "x")}
+OTHER_ARGUMENTS = {("palette", "insert"): (None, 0), ("palettes", "create"): ("Colour", "x"),
+                   ("element", "duplicate"): ("x",), ("drawing", "duplicate"): ("x",), ("elements", "contains"): ("x",),
+                   ("drawings", "contains"): ("x",)}
 REMOVED = {brindle.SceneList: (None,), brindle.CableList: (None,), brindle.FlatCableList: (None,),
            brindle.MultiPortList: (0,), brindle.MultiInPortList: (0,), brindle.ControlPointList: (1,),
            brindle.Palette: (None,), brindle.PaletteList: (None,), brindle.PaletteListList: (None,)}

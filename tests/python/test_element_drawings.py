@@ -1,11 +1,11 @@
 """Drawings of an element: made, renamed, versioned, copied, imported, removed; and their files, which follow a save."""
 
 import re
-import struct
-import zlib
 
 import brindle
 import pytest
+
+from support import png
 
 
 @pytest.fixture
@@ -31,13 +31,6 @@ def drawings(element):
 
 def fails(sentence):
     return pytest.raises(brindle.Error, match="^" + re.escape(sentence) + "$")
-
-
-def png(colour=0):
-    def chunk(name, data):
-        return struct.pack(">I", len(data)) + name + data + struct.pack(">I", zlib.crc32(name + data))
-    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", 1, 1, 8, 0, 0, 0, 0))
-            + chunk(b"IDAT", zlib.compress(bytes([0, colour]))) + chunk(b"IEND", b""))
 
 
 def files(folder):

@@ -22,7 +22,8 @@ def test_info_tells_what_is_in_a_project(project):
         "Colour space: sRGB",
         'Scene "Scene-1": 60 frames (1 to 60) at 24 fps, 12 nodes, 1 column, 0 markers',
         "Last change: Add Multi-Port-Out",
-        f"Size: {size / 1024:.2f} KiB in 5 files",
+        "Elements: 1 with 1 drawing",
+        f"Size: {size / 1024:.2f} KiB in 6 files",
     ], "")
     assert support.files(project) == before and support.LOCK not in os.listdir(project)
 
@@ -48,6 +49,12 @@ def test_info_follows_what_was_saved_last(project):
         assert info(project)[1][4] == "Last change: Set Frame Rate", "only what is saved counts"
         app.save()
         assert info(project)[1][4] == "Last change: Walk cycle"
+        app.elements.create(["a", "b"])
+        app.elements["a"].drawings.create(["1", "2"])
+        app.elements.remove("Sample-Element")
+        app.save()
+        assert info(project)[1][5] == "Elements: 2 with 2 drawings, and 1 deleted"
+        history.undo(3)
         history.clear()
         app.save()
         assert info(project)[1][4] == "Last change: Walk cycle"
@@ -73,7 +80,7 @@ def test_whatever_is_in_a_name_stays_on_its_line(tmp_path):
     scene = folder / "scenes" / "Scene-1.json"
     scene.write_text(scene.read_text().replace('"Scene-1"', r'"Scene\u0000\n1"'))
     code, lines, error = info(folder)
-    assert (code, len(lines), error) == (0, 6, "")
+    assert (code, len(lines), error) == (0, 7, "")
     assert lines[0] == f"Project: {tmp_path}/walk\\ncycle"
     assert lines[3].startswith(r'Scene "Scene\u0000\n1": 60 frames')
     assert lines[4] == r"Last change: Linking skew of Arm to a\u0000b\u001b[31m"
@@ -95,7 +102,7 @@ def test_hidden_files_are_no_part_of_the_project(project):
     (project / ".git" / "index").write_text("x" * 5000)
     assert info(project) == before
     (project / "notes.txt").write_text("mine")
-    assert info(project)[1][-1].endswith(" in 6 files")
+    assert info(project)[1][-1].endswith(" in 7 files")
 
 
 def test_info_works_while_the_project_is_open_and_where_nothing_can_be_written(project):
