@@ -51,6 +51,8 @@ PYTHON = (
     Row("the same among 10,000 nodes", "set_value/10000", "floor set_value/10000", "C API: set_value", most=4000 * NS,
         aim=2000 * NS),
     Row("evaluate a curve of 10,000 keys", "evaluate/10000", "floor value/10000", "C API: value", aim=300 * NS),
+    Row("evaluate an expression of two columns", "evaluate expression", "floor method call", "C API: method call",
+        aim=1000 * NS),
     Row("iterate 10,000 nodes by name, a node", "iterate/10000", "floor iterate/10000", "C API: wrapper, string",
         aim=400 * NS),
     Row("a palette of 10,000 colours: by id", "palette by id", aim=500 * NS),

@@ -20,6 +20,7 @@ import time
 
 import brindle
 
+import columns
 import operations
 import palettes
 from floors import objects
@@ -215,6 +216,7 @@ def main():
         short_operations(f"{root}/short")
         fits()
         palettes.measure(samples, root)
+        columns.measure(samples, root)
         with brindle.create(f"{root}/10") as app:
             create_nodes(app.scene, 10)
             search(app, 10)
