@@ -1,6 +1,7 @@
 #include "engine/folder/jsonwriter.h"
 
 #include <charconv>
+#include <cmath>
 
 namespace brindle::engine {
 
@@ -133,6 +134,10 @@ void JsonWriter::integer(long long value)
 
 void JsonWriter::number(double value)
 {
+    // Most numbers are whole and short. From here on the shortest form of some has an exponent.
+    constexpr double longer = 100'000;
+    if (std::abs(value) < longer && value == std::trunc(value))
+        return integer(static_cast<long long>(value));
     separate();
     char buffer[32];
     m_out.append(buffer, std::to_chars(buffer, buffer + sizeof buffer, value == 0 ? 0.0 : value).ptr);

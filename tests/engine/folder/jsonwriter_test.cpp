@@ -6,6 +6,7 @@
 #include <QJsonDocument>
 
 #include <bit>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -97,6 +98,12 @@ TEST(JsonWriterTest, NumbersAreShortAndReadBackToTheSameBits)
     };
     for (const auto& [number, expected] : numbers)
         EXPECT_EQ(textOf(number), "[" + std::string(expected) + "]\n");
+
+    for (const double number : {99999.0, 100000.0, -100000.0, 123456.0, 2e5, 1e6, 12345.5, -1.0, -99999.0}) {
+        char shortest[32] = {};
+        std::to_chars(shortest, shortest + sizeof shortest, number);
+        EXPECT_EQ(textOf(number), '[' + std::string(shortest) + "]\n");
+    }
 
     std::mt19937_64 random(3);
     for (int i = 0; i < 20000; ++i) {
