@@ -1,10 +1,12 @@
 #include "core/palettes/palette.h"
 
+#include "core/elements/element.h"
 #include "core/geometry/colour.h"
 #include "core/host/sc_session.h"
 #include "core/palettes/palettebasecolour.h"
 #include "core/palettes/palettecommands.h"
 #include "core/palettes/paletteedit.h"
+#include "core/palettes/paletteelement.h"
 #include "core/palettes/palettelist.h"
 #include "core/palettes/palettelocation.h"
 
@@ -189,6 +191,11 @@ void Palette::release() const
 {
     if (engine().IsLocked() && !paletteedit::manager().UnlockPalette(m_palette))
         throw Exception(tr("Unable to release Palette."));
+}
+
+Obj Palette::element() const
+{
+    return Obj(palettelocation::newElement(getElementId()));
 }
 
 Obj Palette::paletteList() const

@@ -77,6 +77,7 @@ public:
     QStringList colourNames() const;        ///< The names of all colours and textures.
     bool contains(const Obj& colour) const; ///< Whether a colour or texture of that id is in the palette.
 
+    Obj element() const;     ///< The element in whose folder the file lies, or null.
     Obj paletteList() const; ///< The list that the palette is on; fails where it is on none.
 
     /// Adds a solid colour at an index, or at the end for -1. Without a name it is "Default", without a colour black;

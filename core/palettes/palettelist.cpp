@@ -1,11 +1,13 @@
 #include "core/palettes/palettelist.h"
 
+#include "core/elements/element.h"
 #include "core/frame/global.h"
 #include "core/frame/undo.h"
 #include "core/host/sc_session.h"
 #include "core/palettes/palette.h"
 #include "core/palettes/palettebasecolour.h"
 #include "core/palettes/paletteedit.h"
+#include "core/palettes/paletteelement.h"
 #include "core/palettes/palettelistcommands.h"
 #include "core/palettes/palettelocation.h"
 
@@ -40,6 +42,23 @@ QString typeNameOf(int type)
     }
 }
 
+/// The name of a palette, which its file tells.
+QString nameOf(CM_Palette& palette)
+{
+    if (!palette.IsLoadedFromDisk())
+        palette.Load();
+    return palette.GetName();
+}
+
+/// The first palette of a name, or null.
+std::shared_ptr<CM_Palette> firstNamed(const CM_PaletteList& list, const QString& name)
+{
+    const auto& palettes = list.palettes();
+    const auto named = std::find_if(palettes.begin(), palettes.end(),
+                                    [&name](const auto& palette) { return nameOf(*palette) == name; });
+    return named == palettes.end() ? nullptr : *named;
+}
+
 } // namespace
 
 /// How `clone` and `duplicate` differ.
@@ -67,13 +86,13 @@ void PaletteList::validate() const
         validateThreadLock();
         if (!m_list->IsLoadedFromDisk())
             m_list->Load();
-        if (m_list->state() == CM_PaletteList::kDeleted)
-            throw Exception(tr("PaletteList is no longer valid."));
-        if (m_list->type() == CM_PaletteList::kHidden)
-            throw Exception(tr("Unable to access a hidden palette list."));
-    } else {
-        throwInvalid();
     }
+    if (m_list->state() == CM_PaletteList::kDeleted)
+        throw Exception(tr("PaletteList is no longer valid."));
+    if (m_list->type() == CM_PaletteList::kHidden)
+        throw Exception(tr("Unable to access a hidden palette list."));
+    if (isGone())
+        throwInvalid();
 }
 
 CM_PaletteList& PaletteList::engine() const
@@ -136,6 +155,11 @@ void PaletteList::release() const
         throw Exception(tr("Unable to release PaletteList."));
 }
 
+Obj PaletteList::element() const
+{
+    return Obj(palettelocation::newElement(getElementId()));
+}
+
 // --- Its palettes ---------------------------------------------------------------------------------------------------
 
 std::size_t PaletteList::size() const
@@ -153,10 +177,8 @@ Palette* PaletteList::newItem(const QString& idOrName) const
     const CM_PaletteList& list = engine();
     if (const auto palette = list.GetPalette(UT_Id::FromString(idOrName)))
         return wrapperOf(palette);
-    const auto& palettes = list.palettes();
-    const auto named = std::find_if(palettes.begin(), palettes.end(),
-                                    [&](const auto& palette) { return palette->GetName() == idOrName; });
-    return named == palettes.end() ? nullptr : wrapperOf(*named);
+    const auto named = firstNamed(list, idOrName);
+    return named ? wrapperOf(named) : nullptr;
 }
 
 Obj PaletteList::get(int index) const
@@ -181,21 +203,15 @@ QStringList PaletteList::paletteNames() const
 {
     QStringList names;
     for (const std::shared_ptr<CM_Palette>& palette : engine().palettes())
-        names.append(palette->GetName());
+        names.append(nameOf(*palette));
     return names;
 }
 
 Obj PaletteList::find(const QString& name, bool byPath) const
 {
     const CM_PaletteList& list = engine();
-    if (byPath) {
-        const auto palette = list.GetPaletteByPath(name);
-        return palette ? Obj(wrapperOf(palette)) : Obj();
-    }
-    const auto& palettes = list.palettes();
-    const auto named = std::find_if(palettes.begin(), palettes.end(),
-                                    [&name](const auto& palette) { return palette->GetName() == name; });
-    return named == palettes.end() ? Obj() : Obj(wrapperOf(*named));
+    const auto palette = byPath ? list.GetPaletteByPath(name) : firstNamed(list, name);
+    return palette ? Obj(wrapperOf(palette)) : Obj();
 }
 
 bool PaletteList::contains(const Obj& object) const
@@ -249,13 +265,10 @@ Obj PaletteList::create(const QString& type, const QString& name, bool overwrite
     CM_PalettePathFile file(folder + u'/' + used);
     if (name.isEmpty())
         file = CM_PalettePathGen::GetInstance()->Generate(file.filename(false), list.GetPath());
-    const CM_PaletteManager& palettes = paletteedit::manager();
+    if (!overwrite && paletteedit::manager().PaletteExists(file))
+        throw Exception(
+            tr("Failed to create the new palette with name: %1, it already exists in file path.").arg(name));
     const auto replaced = list.GetPaletteByPath(file.filename(true));
-    if (palettes.PaletteExists(file)) {
-        if (!overwrite)
-            throw Exception(
-                tr("Failed to create the new palette with name: %1, it already exists in file path.").arg(name));
-    }
     const auto made = std::make_shared<CM_Palette>(file);
     made->AddDefaultColor();
     made->SetType(static_cast<CM_Palette::Type>(number));

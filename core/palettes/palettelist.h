@@ -62,6 +62,7 @@ public:
     /// The first palette of a name, or the one whose file is at a path; null when there is none.
     Obj find(const QString& name, bool byPath) const;
     bool contains(const Obj& palette) const; ///< Whether a palette is on the list.
+    Obj element() const;                     ///< The element whose list it is, or null.
     /// The first palette with a colour, found by the colour's id; null when there is none.
     Obj paletteContainingColour(const QVariant& colour) const;
 

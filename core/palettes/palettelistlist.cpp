@@ -3,6 +3,7 @@
 #include "core/host/sc_session.h"
 #include "core/palettes/palette.h"
 #include "core/palettes/paletteedit.h"
+#include "core/palettes/paletteelement.h"
 #include "core/palettes/palettelist.h"
 #include "core/palettes/palettelocation.h"
 
@@ -25,6 +26,8 @@ struct Place {
 /// None for a value that tells no place.
 std::optional<Place> folderIn(const QVariant& value)
 {
+    if (const std::optional<int> element = palettelocation::elementIn(value))
+        return Place{CM_Element, *element};
     if (const auto* palette = objectFrom<Palette>(value)) {
         const int element = palette->getElementId();
         return Place{element < 0 ? palettelocation::locationNamed(palette->getLocation()) : CM_Element, element};
@@ -94,11 +97,26 @@ Obj PaletteListList::projectPalettes() const
     return Obj(new PaletteList(list, findTarget()));
 }
 
+Obj PaletteListList::elementPaletteList(const QVariant& value) const
+{
+    validate();
+    const std::optional<int> element = palettelocation::elementIn(value);
+    const QString folder = element ? palettelocation::elementFolder(*findTarget(), *element) : QString();
+    if (folder.isEmpty())
+        return Obj();
+    for (const std::shared_ptr<CM_PaletteList>& list : paletteedit::manager().paletteLists()) {
+        if (list->type() == CM_PaletteList::kElement && list->GetPath() == folder)
+            return Obj(new PaletteList(list, findTarget()));
+    }
+    return Obj();
+}
+
 QString PaletteListList::findFolder(const QVariant& value) const
 {
     validate();
-    const int location = palettelocation::locationNamed(value.toString());
-    return CM_PalettePathProject(findTarget(), location, {}).path().ToString();
+    const std::optional<int> element = palettelocation::elementIn(value);
+    const int location = element ? int(CM_Element) : palettelocation::locationNamed(value.toString());
+    return CM_PalettePathProject(findTarget(), location, {}, element.value_or(-1)).path().ToString();
 }
 
 Obj PaletteListList::findPalette(const QVariant& value, const QString& name) const

@@ -18,8 +18,8 @@ namespace OMC {
 class PaletteList;
 
 /// The palette lists of a project: its own, and then those of the elements that have one. It also tells where palettes
-/// lie on disk: places are "ENVIRONMENT", "JOB", "SCENE", "ELEMENT" and "EXTERNAL", in any case of letters; any other
-/// text is "BACKUP".
+/// lie on disk: places are "ENVIRONMENT", "JOB", "SCENE", "ELEMENT" and "EXTERNAL", in any case of letters, or an
+/// element; any other text is "BACKUP".
 class BRINDLE_CORE_EXPORT PaletteListList : public CountedList<EngineView<SC_ProjectCommon, ListObj>, IterableObj> {
     Q_OBJECT
     BRINDLE_COPYABLE(PaletteListList)
@@ -36,9 +36,10 @@ public:
     std::vector<Obj> list() const override;          ///< All lists.
     bool contains(const Obj& list) const;            ///< Whether a palette list is one of the project's.
 
-    Obj projectPalettes() const; ///< The project's own list.
+    Obj projectPalettes() const;                           ///< The project's own list.
+    Obj elementPaletteList(const QVariant& element) const; ///< The list of an element, or null.
 
-    /// The folder of the palettes at a place, given as its name; empty for a place without a folder.
+    /// The folder of the palettes at a place, given as its name or an element; empty for a place without a folder.
     QString findFolder(const QVariant& place) const;
     /// The palette with a file of a name at a place, or at that of another palette; null when there is none.
     Obj findPalette(const QVariant& place, const QString& name) const;

@@ -1,6 +1,8 @@
 """Palette lists, their files, and the list of the lists."""
 
 import os
+import pathlib
+import shutil
 
 import brindle
 import pytest
@@ -59,6 +61,7 @@ def test_a_list_tells_of_itself(app, folder, palettes):
     assert (palettes.path, palettes.type, palettes.element_id) == (str(folder), "SCENE", -1)
     assert (palettes.valid, palettes.loaded, palettes.locked) == (True, True, False)
     assert len(palettes.id) == 16 and palettes.id == app.project.palettes.id
+    assert palettes.element() is None
     assert str(palettes) == f"PaletteList({folder}) [3]"
 
 
@@ -437,6 +440,64 @@ def test_the_palette_of_a_texture_s_file_is_found(tmp_path, app, lists, palettes
     assert lists.find_texture("scene", name).name == lists.find_texture(palettes["Villain"], name).name == "Villain"
     for place, wanted in (("scene", "x.png"), (palettes["Hero"], name), ("job", name), (None, name)):
         assert lists.find_texture(place, wanted) is None
+
+
+# --- Elements -------------------------------------------------------------------------------------------------------
+
+@pytest.fixture
+def arm(app, palettes):
+    """An element with a palette list of its own, a copy of the project's."""
+    app.save()
+    element = app.elements.create("Arm")
+    library = pathlib.Path(element.folder_complete) / "palette-library"
+    shutil.copytree(pathlib.Path(palettes.path) / "palette-library", library)
+    app.project.history.clear()
+    return element
+
+
+def test_an_element_s_list_is_found(lists, arm, palettes):
+    assert len(lists) == 2
+    found = lists.element_palette_list(arm)
+    assert (found.type, found.element_id, found.path) == ("ELEMENT", arm.id, arm.folder_complete)
+    assert found.element().id == arm.id and found.id == lists[1].id
+    assert found in lists and lists.get(found.id).id == found.id
+    for odd in (None, "Arm", arm.id, palettes):
+        assert lists.element_palette_list(odd) is None
+
+
+def test_a_palette_of_another_list_is_set_as_a_copy_with_new_colours(lists, arm, palettes, changes):
+    sleeves = lists.element_palette_list(arm)
+    palettes.remove(palettes["Hero"])
+    changes(lambda: palettes.set(-1, sleeves["Hero"]), "Set Palette")
+    assert palettes.palette_names() == ["Villain", "Hero"]
+    assert shared.seen(palettes[1][0]) == shared.seen(sleeves["Hero"][0])
+    assert palettes[1].id != sleeves["Hero"].id and palettes[1][0].id != sleeves["Hero"][0].id
+
+
+def test_an_element_without_palettes_has_no_list(app, lists):
+    assert lists.element_palette_list(app.elements.create("Leg")) is None
+
+
+def test_palettes_of_an_element_s_folder_tell_so(app, lists, palettes, changes):
+    arm = app.elements.create("Arm")
+    folder = lists.find_folder(arm)
+    assert folder == f"{arm.folder_complete}/palette-library"
+    sleeve = changes(lambda: palettes.create("Colour", "Sleeve", path=folder), "Create Palette")
+    assert (sleeve.location, sleeve.element_id, sleeve.element().id) == ("ELEMENT", arm.id, arm.id)
+    assert lists.find_palette(arm, "Sleeve").id == lists.find_palette(sleeve, "Sleeve").id == sleeve.id
+    assert lists.find_palette(arm, "Hero") is None
+    assert [palette.name for palette in lists.list_palettes(arm)] == ["Sleeve"]
+    sleeve.name = "Cuff"
+    assert sleeve.element_id == arm.id
+
+
+def test_an_element_that_is_gone_is_refused(app, lists):
+    arm = app.elements.create("Arm")
+    app.project.history.undo()
+    for call in (lists.element_palette_list, lists.find_folder, lists.list_palettes,
+                 lambda element: lists.find_palette(element, "x"), lambda element: lists.find_texture(element, "x")):
+        with pytest.raises(brindle.Error):
+            call(arm)
 
 
 # --- The end --------------------------------------------------------------------------------------------------------

@@ -63,6 +63,7 @@ def test_a_palette_tells_of_itself(folder, palettes, palette):
     assert (palette.name, palette.type, palette.location, palette.element_id) == ("Hero", "Colour", "SCENE", -1)
     assert (palette.valid, palette.loaded, palette.found, palette.locked) == (True, True, True, False)
     assert len(palette.id) == 16 and int(palette.id, 16) > 0
+    assert palette.element() is None
     assert palette.palette_list().id == palettes.id
     assert str(palette) == f"Palette({palette.path}) [3]"
     assert repr(palette) == '<brindle.Palette: "Hero", 3 colours>'
@@ -440,7 +441,7 @@ def test_a_palette_comes_back_as_it_was_saved(app, folder, palette, picture):
     app.save()
     app.close()
     with brindle.open(folder) as opened:
-        again = opened.project.palettes[told[0]]
+        again = opened.project.palettes[told[1]]
         assert (again.id, again.name, again.type, again.path) == told
         assert [(colour.id, shared.seen(colour)) for colour in again] == before
 

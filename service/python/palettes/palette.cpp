@@ -135,6 +135,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .method<"release", Form<&Palette::release>>()
             .method<"colour_names", Form<&Palette::colourNames>>()
             .method<"contains", Form<&Palette::contains, "colour: BaseObject | None">>()
+            .method<"element", Form<&Palette::element, "-> Element | None">>()
             .method<"palette_list", Form<&Palette::paletteList, "-> PaletteList">>()
             .method<"create_solid_colour", Form<&Palette::createSolidColour,
                                                 "name, colour: ColourLike | None=None, index=-1 -> PaletteColour">>()
@@ -163,6 +164,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .method<"palette_names", Form<&PaletteList::paletteNames>>()
             .method<"find", Form<&PaletteList::find, "name, by_path=False -> Palette | None">>()
             .method<"contains", Form<&PaletteList::contains, "palette: BaseObject | None">>()
+            .method<"element", Form<&PaletteList::element, "-> Element | None">>()
             .method<"palette_containing_colour",
                     Form<&PaletteList::paletteContainingColour, "colour: object -> Palette | None">>()
             .method<"create",
@@ -182,6 +184,8 @@ const Family family([]() -> std::vector<ClassTable> {
                           StaticForm<&PaletteListList::getStringFromLocationType, "type">>()
             .method<"contains", Form<&PaletteListList::contains, "palettes: BaseObject | None">>()
             .method<"project_palettes", Form<&PaletteListList::projectPalettes, "-> PaletteList">>()
+            .method<"element_palette_list",
+                    Form<&PaletteListList::elementPaletteList, "element: object -> PaletteList | None">>()
             .method<"find_folder", Form<&PaletteListList::findFolder, "place: object">>()
             .method<"find_palette", Form<&PaletteListList::findPalette, "place: object, name -> Palette | None">>()
             .method<"find_texture", Form<&PaletteListList::findTexture, "place: object, name -> Palette | None">>()
