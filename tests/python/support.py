@@ -108,7 +108,7 @@ def samples(app):
     column = angle.column
     composite = nodes["Top/Composite"]
     scene.metadata["Sample-Data"] = "text"
-    element = app.elements.create("Sample-Element")
+    element = app.elements.create("Sample-Element" + "-again" * len(app.elements))
     drawing = element.drawings.create("1")
     into_group = group.ports_in.create("peg")
     into_group.link(peg)
