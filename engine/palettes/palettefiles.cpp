@@ -1,7 +1,8 @@
 #include "engine/palettes/palettefiles.h"
 
+#include "core/host/msg_scope.h"
 #include "core/host/ut_path.h"
-#include "engine/folder/folderio.h"
+#include "engine/folder/folderrecovery.h"
 #include "engine/palettes/palettefile.h"
 #include "engine/palettes/palettestore.h"
 
@@ -23,6 +24,22 @@ void moveOne(const QString& from, const QString& to)
 {
     if (!tufile::MoveDir(from, to))
         throw FolderFailure{quoted(from) + " cannot be moved to " + quoted(to)};
+}
+
+/// Ends a save of a folder of palettes whose process was killed. That of a project is ended when the project is opened,
+/// and who may only read a project ends nothing.
+void endInterruptedSave(const QString& folder)
+{
+    const PaletteStore* store = PaletteStore::current();
+    if ((store && store->isReadOnly()) || !QFileInfo::exists(folder + u'/' + save_stage::folder))
+        return;
+    try {
+        const Folder opened(folder);
+        const FolderLock alone(opened, FolderLock::Writing);
+        folder_recovery::recover(opened);
+    } catch (const FolderFailure& failure) {
+        MSG_Scope(failure.reason + u'.', MSG_Scope::kError);
+    }
 }
 
 } // namespace
@@ -89,6 +106,7 @@ bool palette_files::putBack(const QString& file, const UT_Id& id)
 
 PaletteSource::PaletteSource(const QString& file, const UT_Id& id) : m_path(file)
 {
+    endInterruptedSave(QFileInfo(file).path());
     if (QFileInfo::exists(PaletteStore::placeOnDisk(file)))
         return;
     if (const QString removed = palette_files::removedFile(file, id); !removed.isEmpty())

@@ -66,8 +66,8 @@ void PaletteSave::add(const std::shared_ptr<CM_Palette>& palette)
         return;
     const QString name = nameIn(m_folder.path(), own.file());
     const QByteArray text = own.text();
+    const qint64 changedAt = changeTime(own.file());
     if (!isChanged(own, text)) {
-        const qint64 changedAt = changeTime(own.file());
         if (changedAt == own.known->changedAt && changedAt != 0)
             return;
         if (changedAt != 0) {
@@ -84,7 +84,9 @@ void PaletteSave::add(const std::shared_ptr<CM_Palette>& palette)
     }
     if (const QString folder = QFileInfo(own.file()).path(); QFileInfo::exists(folder))
         own.lock.requireFree(Folder(folder));
-    KnownFiles before = own.known.value_or(KnownFiles());
+    KnownFiles before;
+    if (own.known && changedAt != 0) // Without its file, its textures may be gone as well.
+        before = *own.known;
     if (own.content == Content::Damaged)
         before.file.reset();
     write(palette, name, text, before);

@@ -121,6 +121,15 @@ TEST_F(PalettePathTest, TheListOfARemovedElementIsDeletedUntilTheElementIsBack)
     EXPECT_EQ(manager().paletteLists().size(), 2u);
     EXPECT_EQ(manager().paletteLists().back(), own);
     EXPECT_EQ(own->state(), CM_PaletteList::kLive);
+
+    const auto palette = std::make_shared<CM_Palette>(CM_PalettePathProject(common(), CM_Element, "Sleeve", arm));
+    palette->AddDefaultColor();
+    ASSERT_TRUE(own->InsertPalette(palette, -1));
+    save();
+    common()->commandManager()->unexecute(1);
+    EXPECT_EQ(manager().paletteLists().size(), 1u);
+    close();
+    EXPECT_TRUE(QFile::exists(palette->GetPath().filename(true)));
 }
 
 TEST_F(PalettePathTest, NewPathsAreNobodysElse)

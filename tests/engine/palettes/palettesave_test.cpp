@@ -14,6 +14,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using brindle::engine::Checksum;
+using brindle::engine::SaveJournal;
+namespace save_stage = brindle::engine::save_stage;
+
 class PaletteSaveTest : public PaletteProjectTest {
 public:
     PaletteSaveTest()
@@ -88,8 +92,11 @@ TEST_F(PaletteSaveTest, TexturesAreKeptWithTheOtherVersion)
 
 TEST_F(PaletteSaveTest, APaletteWhoseFileIsGoneIsWrittenAnew)
 {
+    palette("Skin")->AddColor(texture("Wood", 2));
+    save();
     const Files saved = files();
     QFile::remove(file());
+    QDir(library() + "Skin_textures").removeRecursively();
     EXPECT_EQ(logged([&] { save(); }),
               "Error: " + inQuotes(file()) + " was removed by another program; it is written anew.");
     EXPECT_EQ(files(), saved);
@@ -255,6 +262,38 @@ TEST_F(PaletteSaveTest, AReadOnlyProjectWritesNothing)
     EXPECT_EQ(files(), before);
     open("copy");
     EXPECT_EQ(names(*palette("Made")), QStringList("Default"));
+}
+
+TEST_F(PaletteSaveTest, AnInterruptedSaveIsReadAsItHappened)
+{
+    addAt(path("shared/Prop"));
+    save();
+    close();
+    // The state in which a process is killed between the journal and the move of the new file to its place.
+    const auto interrupt = [&](const QString& folder, const QString& name) {
+        const QByteArray old = get(folder + u'/' + name);
+        const QByteArray saved = QByteArray(old).replace("\"Default\"", "\"Saved\"");
+        QDir().mkpath(folder + u'/' + save_stage::folder);
+        put(folder + u'/' + save_stage::part(0), saved);
+        put(folder + u'/' + save_stage::kept(0), old);
+        SaveJournal journal;
+        journal.files.push_back({name, Checksum::of(old), Checksum::of(saved)});
+        put(folder + u'/' + save_stage::journal, journal.text());
+    };
+    interrupt(path(), "palette-library/Skin.plt");
+    interrupt(path("shared"), "Prop.plt");
+    const Files before = FolderTest::filesOf(path("."));
+    QString error;
+    ASSERT_TRUE(projects().openProjectReadOnly(path(), error)) << error.toStdString();
+    EXPECT_EQ(names(*palette("Skin")), QStringList("Saved"));
+    EXPECT_EQ(FolderTest::filesOf(path(".")), before);
+    close();
+
+    open();
+    EXPECT_EQ(names(*palette("Skin")), QStringList("Saved"));
+    EXPECT_EQ(names(*palette("Prop")), QStringList("Saved"));
+    EXPECT_FALSE(QFile::exists(path("project/.brindle-save")));
+    EXPECT_FALSE(QFile::exists(path("shared/.brindle-save")));
 }
 
 TEST_F(PaletteSaveTest, PalettesWhoseSaveIsKilledAreTheOldOrTheNewOnesToTheByte)
