@@ -21,6 +21,7 @@ import time
 import brindle
 
 import columns
+import elements
 import operations
 import palettes
 from floors import objects
@@ -217,6 +218,7 @@ def main():
         fits()
         palettes.measure(samples, root)
         columns.measure(samples, root)
+        elements.measure(samples, root)
         with brindle.create(f"{root}/10") as app:
             create_nodes(app.scene, 10)
             search(app, 10)

@@ -1,6 +1,7 @@
 #include "engine/elements/elementlocks.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <utility>
 
@@ -10,6 +11,12 @@ ElementLocks::~ElementLocks()
 {
     while (!m_locks.empty())
         release(m_locks.begin()->first);
+}
+
+void ElementLocks::requireFree(int element, const QString& path) const
+{
+    if (!isHeld(element) && folder_io::kindOf(path) == FileKind::Folder)
+        ProjectLock().requireFree(Folder(path));
 }
 
 void ElementLocks::require(int element, const QString& path)
@@ -38,8 +45,10 @@ bool ElementLocks::release(int element)
         return false;
     const QString place = held->second.isHeld() ? held->second.folder()->place() : QString();
     m_locks.erase(held);
-    if (!place.isEmpty()) // One that was made for the lock alone goes with it.
+    if (!place.isEmpty()) { // Folders that were made for the lock alone go with it.
         folder_io::tryRemoveFolder(place);
+        folder_io::tryRemoveFolder(QFileInfo(place).path());
+    }
     return true;
 }
 

@@ -18,6 +18,8 @@ public:
     ElementLocks& operator=(const ElementLocks&) = delete;
     ~ElementLocks();
 
+    /// Throws `FolderFailure` where another process has the lock of a folder, which it names. It takes nothing.
+    void requireFree(int element, const QString& folder) const;
     /// Throws `FolderFailure` where another process has it, or the folder, which is made, can't be written.
     void require(int element, const QString& folder);
     bool isHeld(int element) const;

@@ -156,7 +156,12 @@ bool ElementManager::getLock(const TUElement& element)
     if (!own)
         return false;
     try {
-        m_locks.require(own->id(), m_contents.requireWritable().place() + u'/' + own->folder());
+        // Who holds it is told first, also to those who could not take it anyway.
+        const Folder* project = m_contents.folder();
+        const QString folder = (project ? project->place() : m_project.path()) + u'/' + own->folder();
+        m_locks.requireFree(own->id(), folder);
+        m_contents.requireWritable();
+        m_locks.require(own->id(), folder);
         return true;
     } catch (const FolderFailure& failure) {
         MSG_Scope(QStringLiteral("Cannot lock element ") + quoted(own->name()) + QLatin1String(": ") + failure.reason +
