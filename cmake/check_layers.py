@@ -24,14 +24,15 @@ QT_VALUES = {
 
 # Longest folder first: folder -> (project headers it may include, foreign headers it may not, Qt it may include).
 PYTHON = r"Python\.h|structmember\.h"
+LIBRARIES = r"2geom/.*|Imath/.*|muParser.*\.h"
 QML = r"Qt(Qml|Quick).*|QJS.*|QQml.*"
 LAYERS = (
-    ("core/host/", ("core/host/",), rf"{PYTHON}|2geom/.*|Imath/.*", QT_VALUES),
-    ("core/", ("core/", "qtscript/"), rf"{PYTHON}|2geom/.*|Imath/.*", None),
+    ("core/host/", ("core/host/",), rf"{PYTHON}|{LIBRARIES}", QT_VALUES),
+    ("core/", ("core/", "qtscript/"), rf"{PYTHON}|{LIBRARIES}", None),
     ("engine/", ("engine/", "core/host/"), PYTHON, None),
-    ("qtscript/", ("qtscript/",), rf"{PYTHON}|2geom/.*|Imath/.*", None),
-    ("service/", ("service/", "core/"), r"2geom/.*|Imath/.*", None),
-    ("app/", ("app/", "service/", "core/") + ENGINE_PUBLIC, rf"{PYTHON}|2geom/.*|Imath/.*", None),
+    ("qtscript/", ("qtscript/",), rf"{PYTHON}|{LIBRARIES}", None),
+    ("service/", ("service/", "core/"), LIBRARIES, None),
+    ("app/", ("app/", "service/", "core/") + ENGINE_PUBLIC, rf"{PYTHON}|{LIBRARIES}", None),
 )
 
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*(?:"([^"]+)"|<([^>]+)>)')
