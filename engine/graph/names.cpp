@@ -2,6 +2,8 @@
 
 #include "core/host/mo_node.h"
 
+#include <algorithm>
+
 namespace brindle::engine {
 
 namespace {
@@ -23,6 +25,10 @@ bool isLoneSurrogate(const QString& text, qsizetype place)
 
 bool isValidNodeName(const QString& name)
 {
+    // Most names are of signs that need no closer look.
+    const auto isPlain = [](QChar sign) { return sign > u' ' && sign < u'\x7f' && sign != u'/'; };
+    if (!name.isEmpty() && std::all_of(name.cbegin(), name.cend(), isPlain))
+        return true;
     return TUModuleNameValidator::getValidName(name) == name;
 }
 
