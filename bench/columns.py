@@ -1,32 +1,57 @@
-"""What the value of a column at a frame costs, with the column in hand."""
+"""Columns: the value at a frame of each kind, and a list of many columns."""
 
-import json
-import pathlib
+import math
 
 import brindle
 
-FORMULA = 'value("X") * 2 + value("Y", frame - 3)'
+SIZE = 10_000
+KEYS = 20
 
 
-def make(folder):
-    """A project with two animated attributes, and a third one that an expression of them drives."""
-    with brindle.create(folder) as app:
-        for name in ("X", "Y", "Sum"):
-            angle = app.scene.nodes.create("PEG", name).attributes["angle"]
-            angle.set_value(1, 0.0)
-            angle.set_value(20, 5.0)
-            angle.column.name = name
-        app.save()
-    file = next(pathlib.Path(folder, "scenes").iterdir())
-    scene = json.loads(file.read_text())
-    at = [column["name"] for column in scene["columns"]].index("Sum")
-    scene["columns"][at] = {"name": "Sum", "type": "EXPR", "expression": FORMULA}
-    file.write_text(json.dumps(scene))
+FORMULA = 'value("BEZIER") * 2 + value("EASE", frame - 3)'
+
+
+def keyed(columns):
+    """A column of each kind with keys, by the name under which it is evaluated."""
+    bezier, ease, velocity, path, turn = (columns.create(kind, kind) for kind in (
+        "BEZIER", "EASE", "VELOBASED", "3D_PATH", "QUATERNION_PATH"))
+    for key in range(KEYS):
+        frame, value = 1 + 3 * key, 10 * math.sin(key)
+        bezier[frame] = value
+        ease[frame] = value
+        velocity.create_point(frame, key * key)
+        path.create_point(frame, value, 10 * math.cos(key), key)
+        turn.create_point(frame, 9 * key, 5 * value, 30)
+    expression = columns.create("EXPR", "EXPR")
+    expression.text = FORMULA
+    return {"expression": expression, "bezier": bezier, "ease": ease, "velocity": velocity, "path": path, "turn": turn}
 
 
 def measure(samples, root):
-    folder = f"{root}/columns"
-    make(folder)
-    with brindle.open(folder) as app:
-        column = app.scene.nodes["Top/Sum"].attributes["angle"].column
-        samples.in_turn({"evaluate expression": ("column.get_entry(10)", 1)}, {"column": column})
+    with brindle.create(f"{root}/columns") as app:
+        columns, history = app.scene.columns, app.project.history
+        names = keyed(columns)
+        # Places and rotations at two frames in turn, so that none is remembered from the read before.
+        for kind in ("path", "turn"):
+            names |= {f"{kind}1": names[kind].get_entry(17), f"{kind}2": names[kind].get_entry(32)}
+        samples.in_turn({
+            "evaluate bezier": ("bezier.get_entry(17)", 1),
+            "evaluate ease": ("ease.get_entry(17)", 1),
+            "evaluate velocity": ("velocity.get_entry(17)", 1),
+            "evaluate expression": ("expression.get_entry(17)", 1),
+            "evaluate path": ("path1.x; path2.x", 2),
+            "evaluate rotation": ("turn1.x; turn2.x", 2),
+        }, names)
+        del names
+        for _ in range(5):
+            history.clear()
+            history.begin("columns")
+            with samples.timed("columns create"):
+                create = columns.create
+                for index in range(SIZE):
+                    create("BEZIER", f"C{index}")
+            history.end()
+            with samples.timed("columns undo"):
+                history.undo(1)
+        history.redo(1)
+        samples.in_turn({"column by name": ("columns[name]", 1)}, {"columns": columns, "name": f"C{SIZE // 2}"})

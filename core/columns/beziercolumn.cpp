@@ -1,10 +1,9 @@
 #include "core/columns/beziercolumn.h"
 
 #include "core/columns/beziercolumnvalue.h"
-#include "core/columns/beziercontinuity.h"
-#include "core/columns/bezieredit.h"
-
-#include <cmath>
+#include "core/columns/columnedit.h"
+#include "core/columns/continuitywords.h"
+#include "core/frame/finite.h"
 
 namespace OMC {
 
@@ -18,16 +17,14 @@ std::string BezierColumn::__str__() const
 QVariant BezierColumn::getEntry(double frame, int) const
 {
     const auto& column = bezier();
-    if (!std::isfinite(frame))
-        throwInvalidArgument(0);
+    requireFinite(frame, 0);
     return column.evaluate(frame);
 }
 
 void BezierColumn::setEntry(double frame, QVariant value, int)
 {
     auto& column = bezier();
-    if (!std::isfinite(frame))
-        throwInvalidArgument(0);
+    requireFinite(frame, 0);
     BezierColumnValue(&column, frame).setValue(value);
 }
 
@@ -46,12 +43,10 @@ void BezierColumn::createPoint(double frame, double value, double handleLeftX, d
 {
     auto& column = bezier();
     const double numbers[] = {frame, value, handleLeftX, handleLeftY, handleRightX, handleRightY};
-    for (unsigned int argument = 0; argument < std::size(numbers); ++argument) {
-        if (!std::isfinite(numbers[argument]))
-            throwInvalidArgument(argument);
-    }
+    for (unsigned int argument = 0; argument < std::size(numbers); ++argument)
+        requireFinite(numbers[argument], argument);
     const QString word = continuity.toUpper();
-    const int number = beziercontinuity::numberFor(word);
+    const int number = continuitywords::numberFor(word, continuitywords::bezierCount);
     if (number < 0)
         throw Exception(tr("Invalid continuity value %1. Accepted values are : %2 ")
                             .arg(word, QStringLiteral("STRAIGHT, CORNER, SMOOTH")));
@@ -62,7 +57,7 @@ void BezierColumn::createPoint(double frame, double value, double handleLeftX, d
     const bool hasBefore = column.pointBefore(frame, before);
     const bool isNew = !hasBefore || before.frame != frame;
     const bool hasAfter = column.pointAfter(frame, after);
-    BezierEdit edit(column, tr("Set Bezier Point "));
+    ColumnEdit edit(column, tr("Set Bezier Point ") + column.getDisplayName());
     edit.run(new cmd::SpliceCmd(&column, frame, true));
     // The splice turned the handles that face the new point, to keep the shape of a curve that changes anyway. A curve
     // that is written point by point has the handles that it was given, whatever the order of the points.
@@ -71,7 +66,7 @@ void BezierColumn::createPoint(double frame, double value, double handleLeftX, d
     if (isNew && hasAfter)
         edit.run(new cmd::SetLeftHandleGlobalCmd(&column, after.frame, after.leftX, after.leftY));
     edit.run(new cmd::SetPointCmd2(&column, frame, frame, value));
-    edit.pointAt(frame);
+    pointAt(column, frame);
     edit.run(new cmd::SetLeftHandleGlobalCmd(&column, frame, handleLeftX, handleLeftY));
     edit.run(new cmd::SetRightHandleGlobalCmd(&column, frame, handleRightX, handleRightY));
     edit.run(new cmd::SetConstSegCmd(&column, frame, constSegment));

@@ -1,82 +1,49 @@
 #include "core/columns/beziercolumnvalue.h"
 
-#include "core/columns/beziercontinuity.h"
-#include "core/columns/bezieredit.h"
-#include "core/columns/columncast.h"
+#include "core/columns/columnedit.h"
+#include "core/columns/continuitywords.h"
+#include "core/frame/finite.h"
 
 #include <cmath>
 
 namespace OMC {
 
-namespace cmd = tu_timedvalue::bezier;
-
-namespace {
-
-/// Differences of values under this are none.
-constexpr double valueTolerance = 0.0001;
-
-double finite(double number)
-{
-    if (!std::isfinite(number))
-        BaseObject::throwInvalidArgument(0);
-    return number;
-}
-
-double valueFromVariant(const QVariant& variant)
-{
-    bool read = false;
-    double value = 0;
-    if (const QObject* object = BaseObject::QVariantToPointer(variant)) {
-        const auto* other = dynamic_cast<const ColumnValue*>(object);
-        if (other)
-            value = other->getValue().toDouble(&read);
-    } else {
-        value = variant.toDouble(&read);
-    }
-    if (!read)
-        throw Exception(BezierColumnValue::tr("Invalid type set on column value."));
-    return finite(value);
-}
-
-} // namespace
-
-BezierColumnValue::BezierColumnValue(TUTimedValue* timedValue, double frame) : m_timedValue(timedValue), m_frame(frame)
-{}
+namespace beziercmd = tu_timedvalue::bezier;
 
 std::string BezierColumnValue::__str__() const
 {
-    return tr("BezierColumnValue(\"%1\", %2)").arg(place().column.getName(), QString::number(m_frame)).toStdString();
+    return tr("BezierColumnValue(\"%1\", %2)").arg(column().getName(), QString::number(frame())).toStdString();
 }
 
 double BezierColumnValue::getFrame() const
 {
-    place();
-    return m_frame;
+    column();
+    return frame();
 }
 
 QVariant BezierColumnValue::getValue() const
 {
-    return place().column.evaluate(m_frame);
+    return column().evaluate(frame());
 }
 
 void BezierColumnValue::setValue(const QVariant& variant)
 {
     const Place here = place();
     TUBezierTimedValue& column = here.column;
-    const double value = valueFromVariant(variant);
-    if (here.isKey && std::abs(value - column.evaluate(m_frame)) < valueTolerance)
+    const double value = numberFrom(variant);
+    if (here.isKey && std::abs(value - column.evaluate(frame())) < valueTolerance)
         return;
 
-    BezierEdit edit(column, tr("Set Bezier Point "));
+    ColumnEdit edit(column, tr("Set Bezier Point ") + column.getDisplayName());
     if (!here.isKey)
-        edit.run(new cmd::SpliceCmd(&column, m_frame, true));
-    const double delta = value - edit.pointAt(m_frame).value;
-    edit.run(new cmd::SetPointCmd2(&column, m_frame, m_frame, value));
-    const BezierCtrlPt point = edit.pointAt(m_frame);
+        edit.run(new beziercmd::SpliceCmd(&column, frame(), true));
+    const double delta = value - pointAt(column, frame()).value;
+    edit.run(new beziercmd::SetPointCmd2(&column, frame(), frame(), value));
+    const BezierCtrlPt point = pointAt(column, frame());
     if (std::abs(delta) <= valueTolerance)
         return;
-    edit.run(new cmd::SetLeftHandleGlobalCmd(&column, m_frame, point.leftX, point.leftY + delta));
-    edit.run(new cmd::SetRightHandleGlobalCmd(&column, m_frame, point.rightX, point.rightY + delta));
+    edit.run(new beziercmd::SetLeftHandleGlobalCmd(&column, frame(), point.leftX, point.leftY + delta));
+    edit.run(new beziercmd::SetRightHandleGlobalCmd(&column, frame(), point.rightX, point.rightY + delta));
 }
 
 bool BezierColumnValue::getKey() const
@@ -90,14 +57,14 @@ void BezierColumnValue::setKey(bool key)
     if (key == here.isKey)
         return;
     if (key) {
-        BezierEdit edit(here.column, tr("Set Bezier Point "));
-        edit.run(new cmd::SpliceCmd(&here.column, m_frame, true));
-        edit.pointAt(m_frame);
+        ColumnEdit edit(here.column, tr("Set Bezier Point ") + here.column.getDisplayName());
+        edit.run(new beziercmd::SpliceCmd(&here.column, frame(), true));
+        pointAt(here.column, frame());
     } else {
-        BezierEdit edit(here.column, tr("Remove Bezier Point "));
-        edit.run(new cmd::RemovePointCmd(&here.column, m_frame));
+        ColumnEdit edit(here.column, tr("Remove Bezier Point ") + here.column.getDisplayName());
+        edit.run(new beziercmd::RemovePointCmd(&here.column, frame()));
         BezierCtrlPt point;
-        if (here.column.pointAt(m_frame, point))
+        if (here.column.pointAt(frame(), point))
             unexpected::fail(unexpected::Error);
     }
 }
@@ -113,28 +80,28 @@ void BezierColumnValue::setConstSegment(bool constSegment)
     const Place key = keyPlace();
     if (constSegment == key.point.constSegment)
         return;
-    BezierEdit edit(key.column, tr("Set Constant Segment on "));
-    edit.run(new cmd::SetConstSegCmd(&key.column, m_frame, constSegment));
+    ColumnEdit edit(key.column, tr("Set Constant Segment on ") + key.column.getDisplayName());
+    edit.run(new beziercmd::SetConstSegCmd(&key.column, frame(), constSegment));
 }
 
 QString BezierColumnValue::getContinuity() const
 {
     const Place here = place();
-    return beziercontinuity::wordFor(here.hasPoint ? here.point.continuity : -1);
+    return continuitywords::wordFor(here.hasPoint ? here.point.continuity : -1, continuitywords::bezierCount);
 }
 
 void BezierColumnValue::setContinuity(const QString& continuity)
 {
     const Place key = keyPlace();
-    const int number = beziercontinuity::numberFor(continuity);
+    const int number = continuitywords::numberFor(continuity, continuitywords::bezierCount);
     if (number < 0)
         throw Exception(tr("Invalid continuity value %1. Accepted values are : %2 ")
                             .arg(continuity, QStringLiteral("STRAIGHT, CORNER, SMOOTH")));
     if (number == key.point.continuity)
         return;
     // Required: the label is the constant segment's.
-    BezierEdit edit(key.column, tr("Set Constant Segment on "));
-    edit.run(new cmd::SetContinuityCmd(&key.column, m_frame, number, 0));
+    ColumnEdit edit(key.column, tr("Set Constant Segment on ") + key.column.getDisplayName());
+    edit.run(new beziercmd::SetContinuityCmd(&key.column, frame(), number, 0));
 }
 
 double BezierColumnValue::getHandleLeftX() const
@@ -145,7 +112,8 @@ double BezierColumnValue::getHandleLeftX() const
 void BezierColumnValue::setHandleLeftX(double x)
 {
     const Place key = keyPlace();
-    if (finite(x) != key.point.leftX)
+    requireFinite(x, 0);
+    if (x != key.point.leftX)
         setLeftHandle(key, x, key.point.leftY);
 }
 
@@ -157,7 +125,8 @@ double BezierColumnValue::getHandleLeftY() const
 void BezierColumnValue::setHandleLeftY(double y)
 {
     const Place key = keyPlace();
-    if (finite(y) != key.point.leftY)
+    requireFinite(y, 0);
+    if (y != key.point.leftY)
         setLeftHandle(key, key.point.leftX, y);
 }
 
@@ -169,7 +138,8 @@ double BezierColumnValue::getHandleRightX() const
 void BezierColumnValue::setHandleRightX(double x)
 {
     const Place key = keyPlace();
-    if (finite(x) != key.point.rightX)
+    requireFinite(x, 0);
+    if (x != key.point.rightX)
         setRightHandle(key, x, key.point.rightY);
 }
 
@@ -181,70 +151,37 @@ double BezierColumnValue::getHandleRightY() const
 void BezierColumnValue::setHandleRightY(double y)
 {
     const Place key = keyPlace();
-    if (finite(y) != key.point.rightY)
+    requireFinite(y, 0);
+    if (y != key.point.rightY)
         setRightHandle(key, key.point.rightX, y);
 }
 
-// Required: on a keyframe it is that keyframe itself, and never steps further back.
 Obj BezierColumnValue::getKeyframePrevious() const
 {
-    const Place here = place();
-    if (!here.hasPoint)
-        return {};
-    return here.isKey ? Obj(copy()) : Obj(new BezierColumnValue(&here.column, here.point.frame));
+    return previousOf(*this);
 }
 
-// Required: ahead of the first keyframe there is none.
 Obj BezierColumnValue::getKeyframeNext() const
 {
-    const Place here = place();
-    BezierCtrlPt next;
-    if (!here.hasPoint || !here.column.pointAfter(here.point.frame, next))
-        return {};
-    return Obj(new BezierColumnValue(&here.column, next.frame));
-}
-
-BezierColumnValue::Place BezierColumnValue::place() const
-{
-    TUTimedValue* timedValue = m_timedValue.get();
-    if (!timedValue)
-        throwInvalid();
-    auto* column = columnCast<TUBezierTimedValue>(timedValue);
-    if (!column)
-        throwUnexpected();
-    Place here{*column, {}, false, false};
-    here.hasPoint = column->pointBefore(m_frame, here.point);
-    here.isKey = here.hasPoint && here.point.frame == m_frame;
-    return here;
+    return nextOf(*this);
 }
 
 // Required: the constant segment's text stands for continuity and handles too.
 BezierColumnValue::Place BezierColumnValue::keyPlace() const
 {
-    const Place here = place();
-    if (!here.isKey)
-        throw Exception(tr("Constant Segment can only be set on a keyframe."));
-    return here;
-}
-
-BezierCtrlPt BezierColumnValue::governingPoint() const
-{
-    const Place here = place();
-    if (!here.hasPoint)
-        throwUnexpected();
-    return here.point;
+    return FramedValue::keyPlace(tr("Constant Segment can only be set on a keyframe."));
 }
 
 void BezierColumnValue::setLeftHandle(const Place& key, double x, double y)
 {
-    BezierEdit edit(key.column, tr("Set left handle on "));
-    edit.run(new cmd::SetLeftHandleGlobalCmd(&key.column, m_frame, x, y));
+    ColumnEdit edit(key.column, tr("Set left handle on ") + key.column.getDisplayName());
+    edit.run(new beziercmd::SetLeftHandleGlobalCmd(&key.column, frame(), x, y));
 }
 
 void BezierColumnValue::setRightHandle(const Place& key, double x, double y)
 {
-    BezierEdit edit(key.column, tr("Set right handle on "));
-    edit.run(new cmd::SetRightHandleGlobalCmd(&key.column, m_frame, x, y));
+    ColumnEdit edit(key.column, tr("Set right handle on ") + key.column.getDisplayName());
+    edit.run(new beziercmd::SetRightHandleGlobalCmd(&key.column, frame(), x, y));
 }
 
 } // namespace OMC

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "core/columns/columnvalue.h"
-#include "core/frame/weakhandle.h"
-#include "core/host/tu_timedvalue.h"
+#include "core/columns/framedvalue.h"
 
 namespace OMC {
 
@@ -10,7 +8,7 @@ namespace OMC {
 /// those of the keyframe before. Setting the value makes a keyframe; the rest is set on keyframes alone.
 ///
 /// Handles are in frames (x) and in the column's values (y). Threads are the column's care.
-class BRINDLE_CORE_EXPORT BezierColumnValue : public ColumnValue {
+class BRINDLE_CORE_EXPORT BezierColumnValue : public FramedValue<TUBezierTimedValue> {
     Q_OBJECT
     BRINDLE_COPYABLE(BezierColumnValue)
     Q_PROPERTY(bool key READ getKey WRITE setKey)
@@ -24,7 +22,7 @@ class BRINDLE_CORE_EXPORT BezierColumnValue : public ColumnValue {
     Q_PROPERTY(OMC::Obj keyframe_next READ getKeyframeNext)
 
 public:
-    BezierColumnValue(TUTimedValue* timedValue, double frame);
+    using FramedValue::FramedValue;
 
     std::string __str__() const override;
 
@@ -54,21 +52,9 @@ public:
     Obj getKeyframeNext() const;     ///< The keyframe behind the frame, or null.
 
 private:
-    /// The column, and its last point at or before the frame.
-    struct Place {
-        TUBezierTimedValue& column;
-        BezierCtrlPt point;
-        bool hasPoint;
-        bool isKey; ///< The point stands at the frame.
-    };
-    Place place() const;
     Place keyPlace() const;
-    BezierCtrlPt governingPoint() const;
     void setLeftHandle(const Place& key, double x, double y);
     void setRightHandle(const Place& key, double x, double y);
-
-    WeakHandle<TUTimedValue> m_timedValue;
-    double m_frame;
 };
 
 } // namespace OMC

@@ -1,14 +1,12 @@
 #pragma once
 
-#include "core/columns/controlpoint.h"
-#include "core/frame/weakhandle.h"
-#include "core/host/tu_timedvalue.h"
+#include "core/columns/curvecontrolpoint.h"
 
 namespace OMC {
 
 /// A control point of a bezier column, to be read; invalid once the point is gone, also when another takes its frame.
 /// Handles are in frames (x) and in the column's values (y).
-class BRINDLE_CORE_EXPORT BezierControlPoint : public ControlPoint {
+class BRINDLE_CORE_EXPORT BezierControlPoint : public CurveControlPoint<TUBezierTimedValue> {
     Q_OBJECT
     Q_PROPERTY(bool const_segment READ getConstSegment)
     Q_PROPERTY(QString continuity READ getContinuity)
@@ -20,8 +18,7 @@ class BRINDLE_CORE_EXPORT BezierControlPoint : public ControlPoint {
     BRINDLE_COPYABLE(BezierControlPoint)
 
 public:
-    BezierControlPoint(TUBezierTimedValue* timedValue, double frame);
-    BezierControlPoint(TUBezierTimedValue& timedValue, const BezierCtrlPt& point); ///< A point that stands there.
+    using CurveControlPoint::CurveControlPoint;
 
     /// A new object for the point at a place, or at a frame; null where there is none.
     static BezierControlPoint* at(TUBezierTimedValue& timedValue, quint64 index);
@@ -38,15 +35,6 @@ public:
     double getHandleLeftY() const;  ///< The left handle, in the column's values.
     double getHandleRightX() const; ///< The right handle, in frames.
     double getHandleRightY() const; ///< The right handle, in the column's values.
-
-protected:
-    void validate() const override;
-
-private:
-    BezierCtrlPt controlPoint() const; ///< Checked to be the very one.
-
-    WeakHandle<TUTimedValue> m_timedValue;
-    unsigned long long m_identity = 0;
 };
 
 } // namespace OMC

@@ -2,7 +2,13 @@
 
 #include "core/columns/beziercolumn.h"
 #include "core/columns/beziercontrolpoint.h"
+#include "core/columns/easecolumn.h"
+#include "core/columns/easecontrolpoint.h"
 #include "core/columns/expressioncolumn.h"
+#include "core/columns/path3dcontrolpoint.h"
+#include "core/columns/quaternioncolumn.h"
+#include "core/columns/velobasedcolumn.h"
+#include "core/columns/velobasedcontrolpoint.h"
 #include "core/host/at_timedvaluevisitor.h"
 
 namespace OMC {
@@ -40,10 +46,15 @@ public:
 
 /// All classes with a wrapper of their own; a column of another class gets that of the more general one.
 template <typename Base>
-using VisitColumnClasses = VisitEach<Base,                                                               //
-                                     ColumnClass<TUTimedValue, Column, NoControlPoints>,                 //
-                                     ColumnClass<TUExprTimedValue, ExpressionColumn, NoControlPoints>,   //
-                                     ColumnClass<AT_FncTimedValue, KeyframeableColumn, NoControlPoints>, //
-                                     ColumnClass<TUBezierTimedValue, BezierColumn, BezierControlPoint>>;
+using VisitColumnClasses = VisitEach<Base,                                                                       //
+                                     ColumnClass<TUTimedValue, Column, NoControlPoints>,                         //
+                                     ColumnClass<TUExprTimedValue, ExpressionColumn, NoControlPoints>,           //
+                                     ColumnClass<AT_FncTimedValue, KeyframeableColumn, NoControlPoints>,         //
+                                     ColumnClass<TUBezierTimedValue, BezierColumn, BezierControlPoint>,          //
+                                     ColumnClass<TUEaseTimedValue, EaseColumn, EaseControlPoint>,                //
+                                     ColumnClass<TUVeloBasedTimedValue, VeloBasedColumn, VeloBasedControlPoint>, //
+                                     ColumnClass<AT_Fnc3dTimedValue, Path3DColumn, NoControlPoints>,             //
+                                     ColumnClass<AT_Path3dTimedValue, Path3DColumn, Path3DControlPoint>,         //
+                                     ColumnClass<AT_QuaternionPathTimedValue, QuaternionColumn, Path3DControlPoint>>;
 
 } // namespace OMC

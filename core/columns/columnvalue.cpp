@@ -1,5 +1,7 @@
 #include "core/columns/columnvalue.h"
 
+#include "core/frame/finite.h"
+
 namespace OMC {
 
 std::string ColumnValue::__str__() const
@@ -20,6 +22,22 @@ QVariant ColumnValue::getValue() const
 void ColumnValue::setValue(const QVariant&)
 {
     throwUnexpected();
+}
+
+double ColumnValue::numberFrom(const QVariant& variant)
+{
+    bool read = false;
+    double value = 0;
+    if (const QObject* object = QVariantToPointer(variant)) {
+        if (const auto* other = dynamic_cast<const ColumnValue*>(object))
+            value = other->getValue().toDouble(&read);
+    } else {
+        value = variant.toDouble(&read);
+    }
+    if (!read)
+        throw Exception(tr("Invalid type set on column value."));
+    requireFinite(value, 0);
+    return value;
 }
 
 } // namespace OMC

@@ -19,6 +19,12 @@ public:
     /// The value there; takes a number, or another column value, whose value it takes.
     virtual QVariant getValue() const;
     virtual void setValue(const QVariant& value);
+
+protected:
+    /// Differences of values under this are none.
+    static constexpr double valueTolerance = 0.0001;
+    /// The number in a script's argument: a number, or the value of another value object. Throws for all else.
+    static double numberFrom(const QVariant& variant);
 };
 
 } // namespace OMC

@@ -16,6 +16,7 @@ class SC_SceneMetrics;
 class TUCameraModule;
 class TUDisplayModule;
 class TUElementMgr;
+class TUSceneCreateTimedValueParams;
 class TUGroup;
 class TUScene;
 class TUTimedValue;
@@ -62,6 +63,10 @@ public:
 
     /// The column of that name, or null. The second argument is always 0.
     virtual TUTimedValue* findTimedValue(const QString& name, int) const = 0;
+
+    /// Makes a new column at the end, with its element and its node where the request says so; one undo entry. Null,
+    /// and nothing changes, for a kind that the scene can't have, and for a name that is taken.
+    virtual TUTimedValue* createTimedValue(const TUSceneCreateTimedValueParams&) { return nullptr; }
 };
 
 /// A scene: its timing, its node graph and its columns. Frames count from 1.
@@ -99,7 +104,7 @@ public:
 
     virtual CO_CommandManager* commandManager() const = 0;
     virtual TUSceneChangeManager* changeManager() const = 0;
-    virtual SC_TimedValueListInterface* timedValues() const = 0; ///< The TUScene itself.
+    virtual SC_TimedValueListInterface* timedValues() const = 0;     ///< The TUScene itself.
     virtual TUElementMgr* elementManager() const { return nullptr; } ///< That of the project.
     virtual TUGroup* rootGroup() const = 0;
     virtual const SC_SceneMetrics* metrics() const = 0; ///< Those of the project.

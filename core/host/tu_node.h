@@ -12,6 +12,7 @@ class MO_Node;
 class MO_Port;
 class TUGroup;
 class TUScene;
+class TUTimedValue;
 
 /// The undoable changes of nodes and their links. Each fails, and changes nothing, when the node is in no scene.
 namespace tu_node {
@@ -103,5 +104,9 @@ BRINDLE_HOST_EXPORT bool removeNodes(TUScene* scene, const std::set<MO_Node*>& n
                                      bool bridge);
 /// The same, with the first field of the strategy as a flag.
 BRINDLE_HOST_EXPORT bool removeNodes(TUScene* scene, const std::set<MO_Node*>& nodes, bool deleteTimedValues);
+
+/// Removes columns, with their links. One undo entry, labelled "Delete Columns". False when nothing was removed: a
+/// column of another scene, or one that belongs to another column.
+BRINDLE_HOST_EXPORT bool removeColumns(TUScene* scene, const std::set<TUTimedValue*>& columns);
 
 } // namespace SU_CleanUpCommands

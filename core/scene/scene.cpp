@@ -1,5 +1,6 @@
 #include "core/scene/scene.h"
 
+#include "core/columns/columnlist.h"
 #include "core/elements/metadatahandler.h"
 #include "core/frame/finite.h"
 #include "core/frame/found.h"
@@ -170,6 +171,17 @@ Obj Scene::getNodes() const
 NodeList* Scene::newNodes() const
 {
     return new NodeList(&target(), false);
+}
+
+Obj Scene::getColumns() const
+{
+    return Obj(newColumns());
+}
+
+ColumnList* Scene::newColumns() const
+{
+    validate();
+    return new ColumnList(scene());
 }
 
 Obj Scene::getCompositions() const

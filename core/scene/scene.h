@@ -18,6 +18,7 @@ class TUScene;
 
 namespace OMC {
 
+class ColumnList;
 class FrameOptions;
 class GroupNode;
 class MetaDataHandler;
@@ -47,6 +48,7 @@ class BRINDLE_CORE_EXPORT Scene : public EngineView<TUScene> {
     Q_PROPERTY(std::vector<OMC::Obj> sounds READ getSounds)
     Q_PROPERTY(OMC::Obj top READ getTop)
     Q_PROPERTY(OMC::Obj nodes READ getNodes)
+    Q_PROPERTY(OMC::Obj columns READ getColumns)
     Q_PROPERTY(OMC::Obj compositions READ getCompositions)
     Q_PROPERTY(QVariant display READ getDisplay WRITE setDisplay)
     Q_PROPERTY(QVariant display_name READ getDisplayName WRITE setDisplayName)
@@ -105,6 +107,8 @@ public:
     GroupNode* newTop() const;                  ///< The same, for a caller that takes the wrapper itself.
     virtual Obj getNodes() const;               ///< All nodes of the scene, at any depth.
     NodeList* newNodes() const;
+    virtual Obj getColumns() const; ///< The columns of the scene.
+    ColumnList* newColumns() const;
     virtual Obj getCompositions() const; ///< Not supported: reading it always fails.
 
     /// The default display, or null; written with a node in any form, or null to unset it.

@@ -248,6 +248,27 @@ bool SU_CleanUpCommands::removeNodes(TUScene* scene, const std::set<MO_Node*>& n
         QStringLiteral("Delete Nodes"));
 }
 
+bool SU_CleanUpCommands::removeColumns(TUScene* scene, const std::set<TUTimedValue*>& columns)
+{
+    auto* own = dynamic_cast<brindle::engine::Scene*>(scene);
+    if (!own || columns.empty())
+        return false;
+    // In the order of the scene, from the end forwards, which is the quickest; not in that of the pointers.
+    auto steps = std::make_unique<CO_AndCommand>();
+    std::size_t leaving = 0;
+    for (auto column = own->timedValuesEnd(); column != own->timedValuesBegin() && leaving < columns.size();) {
+        TUTimedValue* candidate = *--column;
+        if (!columns.contains(candidate))
+            continue;
+        ++leaving;
+        for (unsigned int link = 0; link < candidate->getNumLinks(); ++link)
+            steps->add(new tu_tv_socket::UnlinkCmd(candidate->linkedAttr(link)->socket(), 0));
+        steps->add(new brindle::engine::TakeColumn(own->columnList(), *candidate));
+    }
+    return leaving == columns.size() &&
+           own->commandManager()->execute(steps.release(), QStringLiteral("Delete Columns"));
+}
+
 bool SU_CleanUpCommands::removeNodes(TUScene* scene, const std::set<MO_Node*>& nodes, bool deleteTimedValues)
 {
     DeleteStrategy strategy;

@@ -52,6 +52,8 @@ public:
     Iterator timedValuesEnd() const override { return m_columns.end(); }
     TUTimedValue* findTimedValue(const QString& name, int) const override { return m_columns.find(name); }
 
+    TUTimedValue* createTimedValue(const TUSceneCreateTimedValueParams& request) override;
+
     SC_SceneCommon* sceneCommon() const override { return const_cast<Scene*>(this); }
     SC_ProjectCommon* projectCommon() const override;
     CO_CommandManager* commandManager() const override;

@@ -106,6 +106,16 @@ def samples(app):
     for frame, value in ((1, 0.0), (10, 9.0), (20, -5.0)):
         angle.set_value(frame, value)
     column = angle.column
+    columns = scene.columns
+
+    def sample_column(type_, *point):
+        made = columns[f"Sample-{type_}"] or columns.create(type_, f"Sample-{type_}")
+        made.create_point(1, *point)
+        return made
+
+    ease, velocity = sample_column("EASE", 0, 0, 0, 0, 0), sample_column("VELOBASED", 0)
+    expression = columns["Sample-EXPR"] or columns.create("EXPR", "Sample-EXPR")
+    path, turn = sample_column("3D_PATH", 1, 2, 3), sample_column("QUATERNION_PATH", 1, 2, 3)
     composite = nodes["Top/Composite"]
     scene.metadata["Sample-Data"] = "text"
     element = app.elements.create("Sample-Element" + "-again" * len(app.elements))
@@ -183,6 +193,21 @@ def samples(app):
         "element": element,
         "drawings": element.drawings,
         "drawing": drawing,
+        "columns": columns,
+        "ease column": ease,
+        "ease value": ease[1],
+        "ease point": ease.control_points.list()[0],
+        "velocity column": velocity,
+        "velocity value": velocity[1],
+        "velocity point": velocity.control_points.list()[0],
+        "path column": path,
+        "velocity of a path": path.velocity_column,
+        "path value": path[1],
+        "path position": path[1].value,
+        "path point": path.control_points.list()[0],
+        "position of a path point": path.control_points.list()[0].value,
+        "rotation column": turn,
+        "expression column": expression,
         "locked block": app.locked(),
         **{name: make() for name, (make, _) in VALUES.items()},
     }

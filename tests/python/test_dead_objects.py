@@ -8,9 +8,9 @@ import support
 UNEXPECTED = "An unexpected error has occurred."
 KEPT_BY_CLOSING = {"application", "locked block", *support.VALUES}
 KEPT = {"project", "resolution", "named resolution", "history", "bracket", "scenes", "aspect", "units", "center",
-        "unit converter", "metadata", "metadata pair", "scene", "nodes of the scene", "copied nodes", "display", "composite",
-        "dynamic in-ports", "palette lists", "palettes", "palette", "solid colour", "gradient", "texture",
-        "elements", "element", "drawings", "drawing", *KEPT_BY_CLOSING}
+        "unit converter", "metadata", "metadata pair", "scene", "columns", "nodes of the scene", "copied nodes",
+        "display", "composite", "dynamic in-ports", "palette lists", "palettes", "palette", "solid colour", "gradient",
+        "texture", "elements", "element", "drawings", "drawing", *KEPT_BY_CLOSING}
 NODES = {"peg", "camera", "display", "read", "group", "composite", "multi-port in", "multi-port out"}
 HANDLES = {"subselections", "subselection"}
 # Members that still answer after the object is gone, because they don't ask the project.
@@ -33,10 +33,10 @@ ANSWERS = {
     ("fixed in-ports", "dynamic"): "False", ("fixed out-ports", "dynamic"): "False",
     ("dynamic in-ports", "dynamic"): "True", ("dynamic out-ports", "dynamic"): "True",
     (None, "unlink of an attribute"): "False", (None, "link of an attribute"): "False",
-    ("column", "get_current_index"): "1",
+    (None, "get_current_index"): "1",
     ("element", "str"): "'Element(1)'",
     ("element", "format_list"): "['PNG', 'JPEG', 'TIFF', 'TGA', 'BMP', 'EXR', 'PSD']",
-    ("control point", "value="): "NOT YET IMPLEMENTED",
+    ("control point", "value="): "NOT YET IMPLEMENTED", ("ease point", "value="): "NOT YET IMPLEMENTED",
     ("texture", "size"): "0", ("texture", "__len__"): "0", ("texture", "list"): "[]",
     ("texture", "get"): "Unable to retrieve item in container.",
     ("texture", "__getitem__"): "Unable to retrieve item in container.",
@@ -58,7 +58,7 @@ LISTS = {
     "subattributes": "Attribute List cannot be set.", "copied attributes": "Attribute List cannot be set.",
     "control points": "Unable to set item in container.", "texture": "Unable to set item in container.",
     "palette lists": "Palette lists cannot be set, object is read only.", "elements": "Unable to set the Element List",
-    "drawings": "Unable to set a Element Drawing List",
+    "drawings": "Unable to set a Element Drawing List", "columns": "Column Lists cannot be set.",
 }
 UNTOUCHED = {"objectName", "copy", "valid", "close", "__exit__", "save", "save_as"}
 
@@ -69,6 +69,7 @@ ARGUMENTS = {
     "set_localvalue": (1,), "reset_value": (1,), "offset_value": (1, 1), "get_text_value": (1,),
     "set_text_value": (1, "1"), "create_dynamic_attr": ("x", "INT"), "remove_dynamic_attr": ("x",),
     "get_entry": (1,), "set_entry": (1, 1), "scale": (1,), "keyframe_create": (1,),
+    "remove_point": (1,), "convert_to_separate": ("BEZIER_FITTER",), "set_value_axis": (1, 0),
     "keyframe_remove": (1,), "keyframe_exists": (1,), "keyframe_clear": (1, 2),
     "create_solid_colour": ("x",), "create_linear_gradient_colour": ("x", [0, 0, 0], 0, [1, 1, 1], 1),
     "create_radial_gradient_colour": ("x", [0, 0, 0], 0, [1, 1, 1], 1), "create_texture": ("x", "y"),
@@ -85,7 +86,9 @@ ARGUMENTS = {
 
 OTHER_ARGUMENTS = {("palette", "insert"): (None, 0), ("palettes", "create"): ("Colour", "x"),
                    ("element", "duplicate"): ("x",), ("drawing", "duplicate"): ("x",), ("elements", "contains"): ("x",),
-                   ("drawings", "contains"): ("x",)}
+                   ("drawings", "contains"): ("x",),
+                   ("columns", "linked_nodes"): ("x",), ("columns", "linked_attributes"): ("x",),
+                   ("velocity column", "create_point"): (1, 1), ("velocity of a path", "create_point"): (1, 1)}
 REMOVED = {brindle.SceneList: (None,), brindle.CableList: (None,), brindle.FlatCableList: (None,),
            brindle.MultiPortList: (0,), brindle.MultiInPortList: (0,), brindle.ControlPointList: (1,),
            brindle.Palette: (None,), brindle.PaletteList: (None,), brindle.PaletteListList: (None,)}
@@ -144,11 +147,12 @@ def expected(name, call):
 
 def gone_by_removing(app):
     app.scene.nodes.remove(sample_nodes(app), True)
+    app.scene.columns.remove([column.name for column in app.scene.columns.list()])
 
 
 def gone_by_removing_and_undoing(app):
-    app.scene.nodes.remove(sample_nodes(app), True)
-    app.project.history.undo(1)
+    gone_by_removing(app)
+    app.project.history.undo(2)
     assert sample_nodes(app)
 
 

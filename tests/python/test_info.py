@@ -20,7 +20,7 @@ def test_info_tells_what_is_in_a_project(project):
         f"Project: {project}",
         "Resolution: HD_1080, 1920 x 1080",
         "Colour space: sRGB",
-        'Scene "Scene-1": 60 frames (1 to 60) at 24 fps, 12 nodes, 1 column, 0 markers',
+        'Scene "Scene-1": 60 frames (1 to 60) at 24 fps, 12 nodes, 6 columns, 0 markers',
         "Last change: Add Multi-Port-Out",
         "Elements: 1 with 1 drawing",
         f"Size: {size / 1024:.2f} KiB in 6 files",

@@ -3,15 +3,36 @@
 #include "core/columns/beziercolumn.h"
 #include "core/columns/beziercolumnvalue.h"
 #include "core/columns/beziercontrolpoint.h"
+#include "core/columns/columnlist.h"
 #include "core/columns/columnvalue.h"
 #include "core/columns/controlpointlist.h"
+#include "core/columns/easecolumn.h"
+#include "core/columns/easecolumnvalue.h"
+#include "core/columns/easecontrolpoint.h"
 #include "core/columns/expressioncolumn.h"
 #include "core/columns/keyframeablecolumn.h"
+#include "core/columns/path3dcolumnvalue.h"
+#include "core/columns/path3dcontrolpoint.h"
+#include "core/columns/path3dxyzcolumnvalue.h"
+#include "core/columns/quaternioncolumn.h"
+#include "core/columns/velobasedcolumn.h"
+#include "core/columns/velobasedcolumnvalue.h"
+#include "core/columns/velobasedcontrolpoint.h"
 #include "service/python/family.h"
 
 namespace brindle::python {
 
 namespace {
+
+QStringList columnNames(const OMC::ColumnList& columns)
+{
+    QStringList names;
+    for (const OMC::Obj& item : columns.list()) {
+        if (const auto* column = OMC::objectIn<OMC::Column>(item))
+            names.append(column->getName());
+    }
+    return names;
+}
 
 const Family family([]() -> std::vector<ClassTable> {
     using namespace OMC;
@@ -51,10 +72,55 @@ const Family family([]() -> std::vector<ClassTable> {
         Class<BezierColumnValue>()
             .property("keyframe_previous", "BezierColumnValue | None")
             .property("keyframe_next", "BezierColumnValue | None"),
+        Class<EaseColumn>()
+            .items("EaseColumnValue")
+            .method<"create_point",
+                    Form<&EaseColumn::createPoint, "frame, value, ease_in, ease_in_angle, ease_out, ease_out_angle, "
+                                                   "const_segment=False, continuity='CORNER'">>(),
+        Class<EaseColumnValue>()
+            .property("keyframe_previous", "EaseColumnValue | None")
+            .property("keyframe_next", "EaseColumnValue | None"),
+        Class<VeloBasedColumn>()
+            .items("VeloBasedColumnValue")
+            .method<"create_point", Form<&VeloBasedColumn::createPoint, "frame, value">>(),
+        Class<VeloBasedColumnValue>()
+            .property("keyframe_previous", "VeloBasedColumnValue | None")
+            .property("keyframe_next", "VeloBasedColumnValue | None"),
+        Class<Path3DColumn>()
+            .items("Path3DColumnValue")
+            .property("velocity_column", "VeloBasedColumn")
+            .method<"create_point",
+                    Form<&Path3DColumn::createPoint, "frame, x, y, z, tension=0, continuity=0, bias=0">>()
+            .method<"remove_point", Form<&Path3DColumn::removePoint, "index">>()
+            .method<"convert_to_separate",
+                    Form<&Path3DColumn::convertToSeparate, "conversion='BEZIER_FITTER' -> list[BezierColumn]">>(),
+        Class<QuaternionColumn>(),
+        Class<Path3DColumnValue>()
+            .property("value", "Path3DXYZColumnValue", "PointLike | object")
+            .property("keyframe_previous", "Path3DColumnValue | None")
+            .property("keyframe_next", "Path3DColumnValue | None")
+            .method<"set_value_axis", Form<&Path3DColumnValue::setValueAxis, "value: object, axis=-1">>(),
+        Class<Path3DXYZColumnValue>(),
         Class<ControlPoint>().property("value", "Any", "object"),
         Class<BezierControlPoint>(),
+        Class<EaseControlPoint>(),
+        Class<VeloBasedControlPoint>(),
+        Class<Path3DControlPoint>().property("value", "Path3DControlPointValue", "object"),
+        Class<Path3DControlPointValue>(),
+        Class<ColumnList>()
+            .alias("ColumnsLike", "Column | str | int | Sequence[str]", "Columns: one, a name, an index or names.")
+            .items("Column")
+            .keys<&columnNames>()
+            .method<"create", Form<&ColumnList::create, "type, name='', options: dict[str, object] | None=None -> "
+                                                        "Column | None">>()
+            .method<"remove", Form<&ColumnList::remove, "selector: ColumnsLike">>()
+            .method<"find", Form<&ColumnList::find, "pattern -> list[Column]">>()
+            .method<"contains", Form<&ColumnList::contains, "selector: ColumnsLike">>()
+            .method<"linked_nodes", Form<&ColumnList::linkedNodes, "selector: ColumnsLike -> list[Node]">>()
+            .method<"linked_attributes",
+                    Form<&ColumnList::linkedAttributes, "selector: ColumnsLike -> list[AnyAttribute]">>(),
         Class<ControlPointList>()
-            .items("BezierControlPoint")
+            .items("ControlPoint")
             .method<"create", Form<&ControlPointList::create, "frames: FramesLike">>()
             .method<"remove", Form<&ControlPointList::remove, "frames: FramesLike">>(),
     };

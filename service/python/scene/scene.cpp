@@ -1,6 +1,7 @@
 #include "core/scene/scene.h"
 
 #include "core/elements/metadatahandler.h"
+#include "core/columns/columnlist.h"
 #include "core/nodes/groupnode.h"
 #include "core/nodes/nodelist.h"
 #include "core/scene/scenelist.h"
@@ -67,6 +68,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .property("sounds", "list[Sound]")
             .property<&Scene::newTop>("top")
             .property<&Scene::newNodes>("nodes")
+            .property<&Scene::newColumns>("columns")
             .property("compositions", "CompositionList")
             .property("display", "DisplayNode | None", "NodesLike | None")
             .property("display_name", "str | None", "NodesLike | None")
