@@ -108,6 +108,20 @@ TEST_F(PalettePathTest, AnElementHasAListOnceItIsAskedFor)
     save();
     EXPECT_TRUE(QFile::exists(folder(arm) + "/palette-library/Sleeve.plt"));
     EXPECT_TRUE(QFile::exists(folder(arm) + "/palette-library/palette-list.json"));
+
+    reopen();
+    ASSERT_EQ(manager().paletteLists().size(), 2u);
+    EXPECT_EQ(manager().paletteLists().back()->GetID(), own->GetID());
+    EXPECT_EQ(manager().SearchParentPalette(palette->GetColorId(0)), palette->GetID());
+    QString error;
+    ASSERT_TRUE(projects().saveProjectAs(path("copy"), error)) << error.toStdString();
+    EXPECT_TRUE(folder(arm).startsWith(path("copy")));
+    EXPECT_TRUE(QFile::exists(folder(arm) + "/palette-library/Sleeve.plt"));
+    EXPECT_EQ(manager().GetPalette(palette->GetID())->GetPath().filename(true),
+              folder(arm) + "/palette-library/Sleeve.plt");
+    const Files saved = FolderTest::filesOf(path("copy"));
+    save();
+    EXPECT_EQ(FolderTest::filesOf(path("copy")), saved);
 }
 
 TEST_F(PalettePathTest, TheListOfARemovedElementIsDeletedUntilTheElementIsBack)
