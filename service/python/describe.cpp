@@ -89,22 +89,23 @@ PyObject* describeClasses()
     for (const TypeRecord& record : allTypes()) {
         const ClassTable& table = record.table;
         const ClassText* declared = textsOf(table.metaObject);
-        classes.append(QVariantMap{{"name", table.name},
-                                   {"class", table.metaObject->className()},
-                                   {"place", QString(declared ? declared->place : nullptr)},
-                                   {"base", record.type->tp_base->tp_name},
-                                   {"text", table.text},
-                                   {"constructors", formTexts(table.constructors)},
-                                   {"properties", describeProperties(record)},
-                                   {"methods", describeMethods(table.methods)},
-                                   {"operators", operatorNames(table.operators)},
-                                   {"slices", bool(table.operators.length && table.operators.itemByIndex)},
-                                   {"byIndex", bool(table.operators.itemByIndex)},
-                                   {"byKey", bool(table.operators.itemByKey)},
-                                   {"keys", bool(table.operators.keys)},
-                                   {"items", QString(table.operators.itemType)},
-                                   {"aliases", describeAliases(table.aliases)},
-                                   {"calls", QString(table.operators.calledMethod)}});
+        classes.append(QVariantMap{
+            {"name", table.name},
+            {"class", table.metaObject->className()},
+            {"place", QString(declared ? declared->place : nullptr)},
+            {"base", record.type->tp_base->tp_name},
+            {"text", table.text},
+            {"constructors", formTexts(table.constructors)},
+            {"properties", describeProperties(record)},
+            {"methods", describeMethods(table.methods)},
+            {"operators", operatorNames(table.operators)},
+            {"slices", table.operators.length && table.operators.itemByIndex && !table.operators.isNumbered},
+            {"byIndex", bool(table.operators.itemByIndex)},
+            {"byKey", bool(table.operators.itemByKey)},
+            {"keys", bool(table.operators.keys)},
+            {"items", QString(table.operators.itemType)},
+            {"aliases", describeAliases(table.aliases)},
+            {"calls", QString(table.operators.calledMethod)}});
     }
     return toPython(classes);
 }
