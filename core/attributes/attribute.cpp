@@ -5,6 +5,7 @@
 #include "core/columns/column.h"
 #include "core/frame/undo.h"
 #include "core/host/at_attr.h"
+#include "core/host/mo_framerange.h"
 #include "core/host/mo_node.h"
 #include "core/host/sc_scene.h"
 #include "core/host/tu_timedvalue.h"
@@ -376,6 +377,20 @@ void Attribute::deriveRangeQVariant(SC_SceneCommon* scene, const QVariant& value
     default:
         break;
     }
+}
+
+MO_FrameRange Attribute::frameRange(SC_SceneCommon* scene, const QVariant& value)
+{
+    int start = 0;
+    int end = 0;
+    bool isRange = false;
+    deriveRangeQVariant(scene, value, start, end, isRange);
+    if (!isRange)
+        return MO_FrameRange(start);
+    constexpr int longest = std::numeric_limits<int>::max();
+    if (static_cast<long long>(end) - start > longest)
+        start = end - longest;
+    return MO_FrameRange(start, 0, end - start);
 }
 
 std::string Attribute::described(const QString& pattern) const

@@ -10,6 +10,7 @@ class AT_Attr;
 class AT_ComplexAttr;
 class CO_Command;
 class CO_CommandManager;
+class MO_FrameRange;
 class MO_Node;
 class SC_SceneCommon;
 class TUTimedValue;
@@ -89,6 +90,8 @@ public:
     /// Reads a frame ("10") or a range of frames ("[10, 20]", -1 for the scene's last) from a script's argument. What
     /// is neither leaves the three results as they are.
     static void deriveRangeQVariant(SC_SceneCommon* scene, const QVariant& value, int& start, int& end, bool& isRange);
+    /// The same as a range of frames; what is neither gives all frames.
+    static MO_FrameRange frameRange(SC_SceneCommon* scene, const QVariant& value);
 
 protected:
     /// The engine's attribute as one of class T; throws when it is none.

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <type_traits>
@@ -74,24 +75,24 @@ std::unique_ptr<CO_Command> setValueCommand(T& attr, double frame, const typenam
     return steps;
 }
 
-/// Adds an amount to an animated attribute over a range of frames, keys of its own included, and holds still what lies
-/// outside the range. Without a column, and over all frames, the local value changes.
+/// Changes the values of an animated attribute over a range of frames, keys of its own included, and holds still what
+/// lies outside the range. Without a column, and over all frames, the local value changes.
 template <typename T>
-class OffsetValueAllFramesCmd final : public CO_OrCommand {
+class ChangeValueAllFramesCmd : public CO_OrCommand {
 public:
     using Value = typename T::ValueType;
+    using Change = std::function<Value(Value)>;
 
-    OffsetValueAllFramesCmd(T& attr, Value delta, const MO_FrameRange& range)
+    ChangeValueAllFramesCmd(T& attr, const Change& change, const MO_FrameRange& range)
         : CO_OrCommand(true),
-          m_attr(attr),
-          m_delta(delta)
+          m_attr(attr)
     {
         const TUTvSocket* socket = attr.socket();
         TUTimedValue* column = socket ? socket->linkedTimedValue() : nullptr;
         const bool makesColumn = socket && !column && !range.isInfinite();
         CO_Command* make = makesColumn ? makeColumnCommand(attr, column) : nullptr;
         if (!column) {
-            add(new SetLocalValueCmd<T>(attr, offset(attr.localValue())));
+            add(new SetLocalValueCmd<T>(attr, change(attr.localValue())));
             return;
         }
         add(make);
@@ -107,9 +108,9 @@ public:
         for (const int frame : passive)
             addKey(frame, attr.value(frame));
         for (const int frame : edges)
-            addKey(frame, offset(attr.value(frame)));
+            addKey(frame, change(attr.value(frame)));
         for (int index = 0; m_curve && index < m_curve->pointCount(); ++index)
-            addPoint(m_curve->curvePoint(index), range);
+            addPoint(m_curve->curvePoint(index), change, range);
     }
 
     /// The first step that fails undoes those before it: half an offset is none.
@@ -126,17 +127,6 @@ public:
     }
 
 private:
-    Value offset(Value value) const
-    {
-        if constexpr (std::is_integral_v<Value>) {
-            using Limits = std::numeric_limits<Value>;
-            return static_cast<Value>(
-                std::clamp<long long>(static_cast<long long>(value) + m_delta, Limits::min(), Limits::max()));
-        } else {
-            return value + m_delta;
-        }
-    }
-
     bool hasKey(double frame) const { return m_curve && m_curve->isKey(frame); }
     bool isHeld(double frame) const { return m_curve && m_curve->isConstantAt(frame); }
 
@@ -150,10 +140,10 @@ private:
             add(new SetValueCmd<T>(m_attr, frame, value, isHeld(frame), true));
     }
 
-    void addPoint(const TUFnc2DPoint& point, const MO_FrameRange& range)
+    void addPoint(const TUFnc2DPoint& point, const Change& change, const MO_FrameRange& range)
     {
         if (isEnabled(range, point.frame))
-            add(new SetValueCmd<T>(m_attr, point.frame, offset(valueOf(point)), point.constSegment, true));
+            add(new SetValueCmd<T>(m_attr, point.frame, change(valueOf(point)), point.constSegment, true));
     }
 
     /// The key's own value. The column may show another one at its frame, where it holds its values.
@@ -177,9 +167,32 @@ private:
     }
 
     T& m_attr;
-    Value m_delta;
     TUTimedValue* m_column = nullptr;
     const TUFnc2DTimedValue* m_curve = nullptr; ///< The same, where it is a curve of values.
+};
+
+/// Adds an amount. A whole number stays within the whole numbers.
+template <typename T>
+class OffsetValueAllFramesCmd final : public ChangeValueAllFramesCmd<T> {
+public:
+    using Value = typename T::ValueType;
+
+    OffsetValueAllFramesCmd(T& attr, Value delta, const MO_FrameRange& range)
+        : ChangeValueAllFramesCmd<T>(
+              attr, [delta](Value value) { return sum(value, delta); }, range)
+    {}
+
+private:
+    static Value sum(Value value, Value delta)
+    {
+        if constexpr (std::is_integral_v<Value>) {
+            using Limits = std::numeric_limits<Value>;
+            return static_cast<Value>(
+                std::clamp<long long>(static_cast<long long>(value) + delta, Limits::min(), Limits::max()));
+        } else {
+            return value + delta;
+        }
+    }
 };
 
 } // namespace tu_attr

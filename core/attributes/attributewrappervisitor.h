@@ -1,8 +1,12 @@
 #pragma once
 
 #include "core/attributes/boolattribute.h"
+#include "core/attributes/colourattribute.h"
 #include "core/attributes/doubleattribute.h"
+#include "core/attributes/enumattribute.h"
 #include "core/attributes/intattribute.h"
+#include "core/attributes/position2dattribute.h"
+#include "core/attributes/position3dattribute.h"
 #include "core/attributes/textattribute.h"
 #include "core/host/at_attr.h"
 
@@ -26,16 +30,16 @@ template <typename... Rows>
 struct AttributeWrapperTable {
     using Kinds = AT_AttrKindList<typename Rows::Host...>;
 };
-using AttributeWrappers =
-    AttributeWrapperTable<AttributeWrapper<AT_BoolAttr, BoolAttribute>, AttributeWrapper<AT_IntAttr, IntAttribute>,
-                          AttributeWrapper<AT_DoubleAttr, DoubleAttribute>,
-                          AttributeWrapper<AT_StringAttr, TextAttribute>, AttributeWrapper<AT_EnumAttrBase, Attribute>,
-                          AttributeWrapper<AT_ElementAttr, Attribute>, AttributeWrapper<AT_TimingAttr, Attribute>,
-                          AttributeWrapper<AT_DrawingAttr, Attribute>, AttributeWrapper<AT_ColorAttr, Attribute>,
-                          AttributeWrapper<AT_Position2dAttr, Attribute>,
-                          AttributeWrapper<AT_Position3dAttr, Attribute>, AttributeWrapper<AT_DynGroupAttr, Attribute>,
-                          AttributeWrapper<AT_SimpleAttr, Attribute>, AttributeWrapper<AT_ComplexAttr, Attribute>,
-                          AttributeWrapper<AT_Attr, Attribute>>;
+using AttributeWrappers = AttributeWrapperTable<
+    AttributeWrapper<AT_BoolAttr, BoolAttribute>, AttributeWrapper<AT_IntAttr, IntAttribute>,
+    AttributeWrapper<AT_DoubleAttr, DoubleAttribute>, AttributeWrapper<AT_StringAttr, TextAttribute>,
+    AttributeWrapper<AT_EnumAttrBase, EnumAttribute>, AttributeWrapper<AT_ElementAttr, Attribute>,
+    AttributeWrapper<AT_TimingAttr, Attribute>, AttributeWrapper<AT_DrawingAttr, Attribute>,
+    AttributeWrapper<AT_ColorAttr, ColourAttribute>, AttributeWrapper<AT_Position2dAttr, Position2DAttribute>,
+    AttributeWrapper<AT_Scale3dAttr, Position3DAttribute>, AttributeWrapper<AT_Rotation3dAttr, Position3DAttribute>,
+    AttributeWrapper<AT_Position3dAttr, Position3DAttribute>, AttributeWrapper<AT_DynGroupAttr, Attribute>,
+    AttributeWrapper<AT_SimpleAttr, Attribute>, AttributeWrapper<AT_ComplexAttr, Attribute>,
+    AttributeWrapper<AT_Attr, Attribute>>;
 static_assert(std::is_same_v<AttributeWrappers::Kinds, AT_AttrKinds>, "each kind of attribute has its row, in order");
 
 /// The visits of the rows of a table.

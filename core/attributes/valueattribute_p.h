@@ -6,7 +6,6 @@
 #include "core/frame/undo.h"
 #include "core/host/pr_preference.h"
 
-#include <limits>
 #include <memory>
 
 /// The bodies of ValueAttribute and NumberAttribute, for the sources of the classes that derive from them.
@@ -117,14 +116,7 @@ void NumberAttribute<Engine>::offsetValue(const QVariant& range, Value delta)
     auto& attr = this->template typed<Engine>();
     requireUsable(delta, 1);
     CO_CommandManager& manager = undo::manager(attr.sceneCommon(), unexpected::ErrorHasOccurred);
-    int start = 0;
-    int end = 0;
-    bool isRange = false;
-    Attribute::deriveRangeQVariant(attr.sceneCommon(), range, start, end, isRange);
-    constexpr int longest = std::numeric_limits<int>::max();
-    if (isRange && static_cast<long long>(end) - start > longest)
-        start = end - longest;
-    const MO_FrameRange frames = isRange ? MO_FrameRange(start, 0, end - start) : MO_FrameRange(start);
+    const MO_FrameRange frames = Attribute::frameRange(attr.sceneCommon(), range);
     this->run(manager, new tu_attr::OffsetValueAllFramesCmd<Engine>(attr, delta, frames),
               Attribute::tr(valueRules<Engine>.offsetLabel), failedValue);
 }

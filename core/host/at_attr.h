@@ -1,6 +1,8 @@
 #pragma once
 
+#include "core/host/co_command.h"
 #include "core/host/export.h"
+#include "core/host/math_point.h"
 #include "core/host/ut_sharedweak.h"
 
 #include <QMap>
@@ -13,7 +15,7 @@
 
 class AT_Attr;
 class AT_AttrVisitor;
-class CO_Command;
+class CM_Rgba;
 class MO_Node;
 class SC_SceneCommon;
 class TUElementTimedValue;
@@ -141,6 +143,13 @@ class BRINDLE_HOST_EXPORT AT_EnumAttrBase : public AT_SimpleAttr {
 public:
     virtual QMap<int, QString> options() const = 0;
     virtual int localValue() const = 0;
+    class SetLocalValueCmd;
+};
+
+/// Fails for a number that is no option's.
+class BRINDLE_HOST_EXPORT AT_EnumAttrBase::SetLocalValueCmd final : public CO_EngineCommand {
+public:
+    SetLocalValueCmd(AT_EnumAttrBase* attr, int value);
 };
 
 /// A group that was added to a node, for attributes that are added to it.
@@ -181,9 +190,39 @@ public:
     virtual double drawingScaleFactor(double frame) const = 0; ///< That of the drawing; 1 where none is shown.
 };
 
-class BRINDLE_HOST_EXPORT AT_ColorAttr : public AT_ComplexAttr {};
-class BRINDLE_HOST_EXPORT AT_Position2dAttr : public AT_ComplexAttr {};
-class BRINDLE_HOST_EXPORT AT_Position3dAttr : public AT_ComplexAttr {};
+/// A colour, of four channels from 0 to 255.
+class BRINDLE_HOST_EXPORT AT_ColorAttr : public AT_ComplexAttr {
+public:
+    virtual AT_IntAttr* channel(int index) const = 0; ///< 0 is red, 1 green, 2 blue, 3 alpha; null beyond.
+    /// The last argument is always null.
+    void value(CM_Rgba& colour, double frame, const void*) const;
+    void localValue(CM_Rgba& colour) const;
+};
+
+/// An attribute with a number along each axis, which a column can drive one by one; or, where `socket` isn't null, a
+/// path in space as a whole. While a path with values is linked, it gives the value, and the axes keep theirs for
+/// later.
+class BRINDLE_HOST_EXPORT AT_AxesAttr : public AT_ComplexAttr {
+public:
+    using ValueType = Math::Point3d;
+
+    virtual int axisCount() const = 0;                ///< 2 or 3.
+    virtual AT_DoubleAttr* axis(int index) const = 0; ///< 0 is x, 1 is y, 2 is z; null beyond.
+    virtual Math::Point3d value(double frame) const = 0;
+    virtual Math::Point3d localValue() const = 0; ///< The local values of the axes; z is 0 where there is none.
+    /// Sets the place of the linked path at a frame, with a keyframe there; `constantSegment` holds it up to the next
+    /// one. False when there is no path, it refuses, or nothing changed (never with `force`).
+    virtual bool setValue(double frame, const Math::Point3d& value, bool constantSegment, bool force) = 0;
+
+    /// The last two arguments are always null.
+    void getValue(double frame, Math::Point3d& point, const void*, const void*) const { point = value(frame); }
+};
+
+class BRINDLE_HOST_EXPORT AT_Position2dAttr : public AT_AxesAttr {};    ///< In fields.
+class BRINDLE_HOST_EXPORT AT_Position3dAttr : public AT_AxesAttr {};    ///< In fields; a 3D path can drive it.
+class BRINDLE_HOST_EXPORT AT_Scale3dAttr : public AT_Position3dAttr {}; ///< Factors.
+/// Angles in degrees about x, y and z, in this order; a quaternion path can drive it.
+class BRINDLE_HOST_EXPORT AT_Rotation3dAttr : public AT_Position3dAttr {};
 
 /// The visits of an AT_AttrVisitor, one for each class of a list that ends in AT_Attr.
 template <typename... Kinds>
@@ -212,9 +251,10 @@ struct AT_AttrKindList {
 
 /// All classes of attributes that a visitor tells apart, each ahead of those that it derives from. An attribute's own
 /// class is one of them.
-using AT_AttrKinds = AT_AttrKindList<AT_BoolAttr, AT_IntAttr, AT_DoubleAttr, AT_StringAttr, AT_EnumAttrBase,
-                                     AT_ElementAttr, AT_TimingAttr, AT_DrawingAttr, AT_ColorAttr, AT_Position2dAttr,
-                                     AT_Position3dAttr, AT_DynGroupAttr, AT_SimpleAttr, AT_ComplexAttr, AT_Attr>;
+using AT_AttrKinds =
+    AT_AttrKindList<AT_BoolAttr, AT_IntAttr, AT_DoubleAttr, AT_StringAttr, AT_EnumAttrBase, AT_ElementAttr,
+                    AT_TimingAttr, AT_DrawingAttr, AT_ColorAttr, AT_Position2dAttr, AT_Scale3dAttr, AT_Rotation3dAttr,
+                    AT_Position3dAttr, AT_DynGroupAttr, AT_SimpleAttr, AT_ComplexAttr, AT_Attr>;
 
 /// Called by AT_Attr::accept with the attribute's own class. The visit of a class, unless it is overridden, calls that
 /// of the nearest class of the list that it derives from; the one of AT_Attr does nothing.

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "core/host/export.h"
+#include "core/host/math_point.h"
+#include "core/host/mo_basecontext.h"
 #include "core/host/ut_sharedweak.h"
 
 #include <QColor>
@@ -11,7 +13,15 @@
 
 class AT_Attr;
 struct AT_AttrDesc;
+class AT_DoubleAttr;
+class AT_Position3dAttr;
+class AT_Rotation3dAttr;
+class AT_Scale3dAttr;
+namespace Math {
+class Matrix4x4;
+}
 class MO_Backdrop;
+class MO_PortTransform;
 class MO_Module;
 class MO_ModuleVisitor;
 class MO_Node;
@@ -27,6 +37,11 @@ enum MO_PortMode {
     MO_DynamicInPortsOnly = 2,  ///< No out-ports: TUMultiPortOut.
     MO_DynamicOutPortsOnly = 3, ///< No in-ports: TUMultiPortIn.
     MO_DynamicPorts = 4         ///< Both: TUGroup.
+};
+
+/// How a node keeps its pictures.
+struct MO_CacheConfig {
+    bool enabled = false;
 };
 
 /// A node of the scene's graph. It belongs to its group; while only the undo list keeps it, weak pointers to it are
@@ -63,7 +78,14 @@ public:
     virtual bool isEnabled() const = 0;
     /// The node's colour in the node view; that of its type for a node without one of its own.
     virtual QColor getNodeColor() const = 0;
-    virtual void setDirty() = 0; ///< Marks the node's picture as outdated.
+    /// Shows a colour at once, ahead of the command that records it: neither saved nor undone by itself.
+    virtual void setNodeColor(const QColor& colour) = 0;
+    virtual void setDirty() = 0;                           ///< Marks the node's picture as outdated.
+    virtual bool isCacheable() const = 0;                  ///< Whether its pictures can be kept.
+    virtual const MO_CacheConfig& cacheConfig() const = 0; ///< Whether, and how, they are.
+    virtual bool canLock() const = 0;
+    virtual bool lock() const = 0; ///< Whether people's tools leave the node alone; scripts are not held by it.
+    virtual bool isShowTimelineThumbnails() const = 0; ///< Whether the timeline shows its pictures in small.
 
     virtual MO_PortMode portMode() const = 0;
     virtual unsigned int nInPorts() const = 0;
@@ -90,12 +112,40 @@ class BRINDLE_HOST_EXPORT MO_Module : public MO_Node {
 public:
     virtual int version() const = 0;
     virtual int versionMax() const = 0;
+    /// The transformation at the first out-port, or null where there is none to tell of. It belongs to the node, until
+    /// the next question or change.
+    virtual const MO_PortTransform* getPortTransformation(const MO_BaseContext& context) const = 0;
 };
 
-class BRINDLE_HOST_EXPORT TUPegModule : public MO_Module {};
+/// The attributes of a peg by which it moves what hangs on it. Position and pivot are in fields, angles in degrees.
+class BRINDLE_HOST_EXPORT MO_PegTransform {
+public:
+    virtual ~MO_PegTransform() = default;
+    virtual AT_Position3dAttr* position() const = 0;
+    virtual AT_DoubleAttr* rotationAngle() const = 0; ///< About z: the rotation in the plane.
+    virtual AT_Rotation3dAttr* rotation3d() const = 0;
+    virtual AT_DoubleAttr* skew() const = 0;
+    virtual AT_Scale3dAttr* scale() const = 0; ///< In the plane its x and y count.
+    virtual AT_Position3dAttr* pivot() const = 0;
+    virtual Math::Point3d pivotAt(const MO_BaseContext& context) const = 0; ///< The pivot that it turns about.
+    /// Whether it turns and scales in space, and not in the plane.
+    virtual bool usesFullTransform() const = 0;
+};
+
+class BRINDLE_HOST_EXPORT TUPegModule : public MO_Module {
+public:
+    virtual const MO_PegTransform& pegTransform() const = 0;
+};
 class BRINDLE_HOST_EXPORT TUCameraModule : public MO_Module {};
 class BRINDLE_HOST_EXPORT TUDisplayModule : public MO_Module {};
-class BRINDLE_HOST_EXPORT MO_ElementModule : public MO_Module {}; ///< Shows an element's drawings.
+/// Shows an element's drawings.
+class BRINDLE_HOST_EXPORT MO_ElementModule : public MO_Module {
+public:
+    /// What the node adds between a peg's pivot and its drawing: its own pivot, in fields, and its own transformation.
+    /// False, and both are left alone, where it adds nothing.
+    virtual bool getPivotForParent(const MO_BaseContext& context, Math::Point3d& pivot,
+                                   Math::Matrix4x4& matrix) const = 0;
+};
 class BRINDLE_HOST_EXPORT TUMultiPortIn : public MO_Module {
 public:
     /// A new one, which the caller owns.

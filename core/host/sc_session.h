@@ -9,6 +9,8 @@
 
 class CEL_ColorSpaceManager;
 class CO_CommandManager;
+class MO_Node;
+class PLUG_NetworkViewInterface;
 class SC_AdvancedFlags;
 class SC_Project;
 class SC_ProjectCommon;
@@ -24,6 +26,7 @@ class TUDbSceneData;
 class TUElementMgr;
 class TUScene;
 class TUSceneChangeManager;
+struct TURect;
 
 /// The way to the host's session from anywhere.
 class BRINDLE_HOST_EXPORT PLUG_Services {
@@ -33,6 +36,21 @@ public:
     /// Makes a session, which stays its owner's, the one that is given; null for none. A host that brings a session of
     /// its own installs it here.
     static void setSessionContext(SC_SessionContext* session);
+
+    /// The view that draws nodes, or null while there is none. An application that has one installs it here, and takes
+    /// it away again before it goes.
+    static PLUG_NetworkViewInterface* getNetworkViewInterface();
+    static void setNetworkViewInterface(PLUG_NetworkViewInterface* view);
+};
+
+/// A view that draws the node graph.
+class BRINDLE_HOST_EXPORT PLUG_NetworkViewInterface {
+public:
+    virtual ~PLUG_NetworkViewInterface() = default;
+    virtual void showNode(MO_Node* node) = 0; ///< Brings the node into view.
+    /// Fills in the box that the node is drawn in; it is left alone for a node that isn't drawn. The second argument is
+    /// always 0.
+    virtual void getNodeRect(const MO_Node* node, unsigned int, TURect& rect) const = 0;
 };
 
 /// The identity of a project or scene within a session.

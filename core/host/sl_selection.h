@@ -6,6 +6,7 @@
 #include <vector>
 
 class MO_Node;
+class SC_SessionContext;
 class TUSceneChangeManager;
 
 /// Selected nodes of a scene, in the order of selecting, each once. It keeps no node alive: one that leaves the scene
@@ -46,3 +47,12 @@ BRINDLE_HOST_EXPORT void clear(SL_Selection& selection);
 BRINDLE_HOST_EXPORT std::vector<MO_Node*> getNodes(const SL_Selection& selection);
 
 } // namespace SL_SelectionUtil
+
+namespace modulenetwork_utils {
+
+/// Puts the nodes of the selected groups in the place of those groups, with the links that lead through them; a name
+/// that is taken gets a number behind it. The nodes are then selected in the place of their groups. One undo entry for
+/// each group. False when there was none to take apart; the root group is none.
+BRINDLE_HOST_EXPORT bool selExplodeGroups(SC_SessionContext* session, SL_Selection* selection);
+
+} // namespace modulenetwork_utils

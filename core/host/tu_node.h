@@ -3,11 +3,13 @@
 #include "core/host/co_command.h"
 #include "core/host/export.h"
 
+#include <QColor>
 #include <QString>
 
 #include <memory>
 #include <set>
 
+class MO_Module;
 class MO_Node;
 class MO_Port;
 class TUGroup;
@@ -36,6 +38,29 @@ public:
 class BRINDLE_HOST_EXPORT EnabledNodeCmd final : public CO_EngineCommand {
 public:
     EnabledNodeCmd(MO_Node* node, bool enabled);
+};
+
+/// Sets the node's own colour in the node view; an invalid one takes it away.
+class BRINDLE_HOST_EXPORT SetNodeColorCmd final : public CO_EngineCommand {
+public:
+    SetNodeColorCmd(MO_Node* node, const QColor& colour);
+};
+
+/// Fails for a node whose pictures can't be kept.
+class BRINDLE_HOST_EXPORT CacheNodeCmd final : public CO_EngineCommand {
+public:
+    CacheNodeCmd(MO_Node* node, bool cached);
+};
+
+/// Fails for a node that can't be locked.
+class BRINDLE_HOST_EXPORT LockNodeCmd final : public CO_EngineCommand {
+public:
+    LockNodeCmd(MO_Node* node, bool locked);
+};
+
+class BRINDLE_HOST_EXPORT ShowHideTimelineThumb final : public CO_EngineCommand {
+public:
+    ShowHideTimelineThumb(MO_Node* node, bool shown);
 };
 
 /// Adds a new node, which it takes, behind the group's sub-nodes. A name that another sub-node has gets a number behind
@@ -88,6 +113,16 @@ public:
 };
 
 } // namespace tu_node
+
+namespace tu_module {
+
+/// Fails for a version that the module doesn't have, and for null.
+class BRINDLE_HOST_EXPORT SetVersionCmd final : public CO_EngineCommand {
+public:
+    SetVersionCmd(MO_Module* module, int version);
+};
+
+} // namespace tu_module
 
 /// Removing nodes with all that hangs on them.
 namespace SU_CleanUpCommands {

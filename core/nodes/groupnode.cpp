@@ -3,6 +3,8 @@
 #include "core/frame/undo.h"
 #include "core/host/mo_node.h"
 #include "core/host/sc_scene.h"
+#include "core/host/sc_session.h"
+#include "core/host/sl_selection.h"
 #include "core/host/tu_node.h"
 #include "core/nodes/backdroplist.h"
 #include "core/nodes/nodelist.h"
@@ -109,6 +111,22 @@ BackdropList* GroupNode::newBackdrops() const
 {
     TUGroup* group = target().group();
     return group ? new BackdropList(group) : nullptr;
+}
+
+QList<QVariant> GroupNode::explode()
+{
+    MO_Node& node = target();
+    const SC_SceneCommon* scene = node.sceneCommon();
+    if (!scene)
+        throw Exception(tr("An unknown exception has occurred."));
+    SL_Selection selection(scene->changeManager());
+    SL_SelectionUtil::clear(selection);
+    SL_SelectionUtil::addToSelection(selection, &node);
+    modulenetwork_utils::selExplodeGroups(PLUG_Services::getSessionContext(), &selection);
+    QList<QVariant> nodes;
+    for (MO_Node* content : SL_SelectionUtil::getNodes(selection))
+        nodes.append(toVariant(getWrapped(content)));
+    return nodes;
 }
 
 TUGroup* GroupNode::getGroup() const

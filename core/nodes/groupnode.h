@@ -2,6 +2,8 @@
 
 #include "core/nodes/node.h"
 
+#include <QList>
+
 class TUGroup;
 
 namespace OMC {
@@ -34,6 +36,10 @@ public:
     virtual Obj getBackdrops() const; ///< The coloured rectangles behind the nodes of the group.
     BackdropList*
     newBackdrops() const; ///< The same, for a caller that takes the list itself; null where there is none.
+
+    /// Puts the nodes of the group in its place, with the links that lead through it, and gives them. The group is gone
+    /// then, with its two multi-port nodes; all other nodes stay what they are.
+    QList<QVariant> explode();
 
     TUGroup* getGroup() const; ///< The engine group, or null once it is gone.
 };

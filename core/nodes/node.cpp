@@ -2,12 +2,19 @@
 
 #include "core/attributes/attributelist.h"
 #include "core/frame/undo.h"
+#include "core/geometry/colour.h"
 #include "core/geometry/point3d.h"
+#include "core/geometry/rectangles.h"
+#include "core/host/application.h"
+#include "core/host/mo_backdrop.h"
 #include "core/host/mo_node.h"
+#include "core/host/mo_port.h"
 #include "core/host/sc_scene.h"
 #include "core/host/tu_node.h"
 #include "core/nodes/groupnode.h"
+#include "core/nodes/inport.h"
 #include "core/nodes/multiportlist.h"
+#include "core/nodes/node_colour.h"
 #include "core/nodes/node_coordinates.h"
 #include "core/nodes/nodemove.h"
 #include "core/nodes/nodesubselectionlist.h"
@@ -16,6 +23,7 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <limits>
 
 namespace OMC {
@@ -39,6 +47,35 @@ TUGroup* groupAt(MO_Node& target)
     if (!group)
         throw Exception(Node::tr("Unable to find the target group."));
     return group;
+}
+
+/// The size of a node in the node view.
+struct Size {
+    unsigned int width = 80;
+    unsigned int height = 0;
+    bool isDrawn = false;
+};
+
+constexpr int undrawnBoxHeight = 32;
+
+/// Cuts a length to an integer; one that no view can have is 0.
+unsigned int cutLength(double length)
+{
+    return length >= 0 && length <= std::numeric_limits<int>::max() ? static_cast<unsigned int>(length) : 0;
+}
+
+/// Required: the heights differ between a batch, a program without a node view, and one with it.
+Size sizeOf(const MO_Node& node)
+{
+    if (ST_BatchParams::isBatchScripting() || ST_BatchParams::isBatchRendering() || ST_BatchParams::isBatchPython())
+        return {80, 80, false};
+    const PLUG_NetworkViewInterface* view = PLUG_Services::getNetworkViewInterface();
+    if (!view)
+        return {};
+    constexpr double far = std::numeric_limits<double>::max();
+    TURect box{.left = -far, .top = far, .right = far, .bottom = -far};
+    view->getNodeRect(&node, 0, box);
+    return {cutLength(box.right - box.left), cutLength(box.bottom - box.top), true};
 }
 
 } // namespace
@@ -261,6 +298,143 @@ Obj Node::getSubselections() const
 NodeSubselectionList* Node::newSubselections() const
 {
     return new NodeSubselectionList(getNode());
+}
+
+unsigned int Node::getWidth() const
+{
+    return sizeOf(target()).width;
+}
+
+unsigned int Node::getHeight() const
+{
+    return sizeOf(target()).height;
+}
+
+Obj Node::getRect() const
+{
+    return Obj(newRect());
+}
+
+// The engine's y: required, the box stands where the node view has it.
+AllocatedRect2D* Node::newRect() const
+{
+    const MO_Node& node = target();
+    const Size size = sizeOf(node);
+    // Required: where nothing draws the node, the box is lower than `height` says.
+    return new AllocatedRect2D(size.width, size.isDrawn ? size.height : undrawnBoxHeight, node.x(), node.y());
+}
+
+bool Node::getCached() const
+{
+    return target().cacheConfig().enabled;
+}
+
+void Node::setCached(bool cached)
+{
+    MO_Node& node = target();
+    // One label for both values, and a refusal is silent: required as it is.
+    undo::manager(node.sceneCommon())
+        .execute(new tu_node::CacheNodeCmd(&node, cached), tr("Cache ") + node.instanceName());
+}
+
+bool Node::getLocked() const
+{
+    return target().lock();
+}
+
+void Node::setLocked(bool locked)
+{
+    MO_Node& node = target();
+    if (!node.canLock())
+        throw Exception(std::string("This node cannot be locked."));
+    undo::manager(node.sceneCommon())
+        .execute(new tu_node::LockNodeCmd(&node, locked), (locked ? tr("Lock ") : tr("Unlock ")) + node.instanceName());
+}
+
+void Node::setColour(const QVariant& value)
+{
+    MO_Node& node = target();
+    int r = 255;
+    int g = 255;
+    int b = 255;
+    int a = 255;
+    Colour::QVariantToRGBAInt(value, r, g, b, a);
+    const auto byte = [](int channel) { return std::clamp(channel, 0, 255); };
+    const QColor colour(byte(r), byte(g), byte(b), byte(a));
+    // Required: the node shows the colour whatever becomes of the command.
+    node.setNodeColor(colour);
+    CO_CommandManager& manager = undo::manager(node.sceneCommon());
+    undo::run(manager, new tu_node::SetNodeColorCmd(&node, colour), tr("Set color position of ") + node.instanceName(),
+              tr("Failed to set the node's colour."));
+}
+
+// The colour of an invalid node is invalid itself and says so at its first use.
+QVariant Node::getColour() const
+{
+    return toVariant(newColour());
+}
+
+Node_Colour* Node::newColour() const
+{
+    return new Node_Colour(getNode());
+}
+
+bool Node::getCacheable() const
+{
+    return target().isCacheable();
+}
+
+int Node::getVersionMax() const
+{
+    const MO_Module* module = target().module();
+    return module ? module->versionMax() : -1;
+}
+
+void Node::setVersion(int version)
+{
+    MO_Node& node = target();
+    MO_Module* module = node.module();
+    if ((module ? module->version() : -1) == version)
+        return;
+    CO_CommandManager& manager = undo::manager(node.sceneCommon());
+    undo::run(manager, new tu_module::SetVersionCmd(module, version), tr("Set version of ") + node.instanceName(),
+              tr("Failed to set the node's version."));
+}
+
+int Node::getVersion() const
+{
+    const MO_Module* module = target().module();
+    return module ? module->version() : -1;
+}
+
+Obj Node::getMattePort() const
+{
+    MO_Node& node = target();
+    for (unsigned int index = 0; index < node.nInPorts(); ++index) {
+        const MO_Port* port = node.inPort(index);
+        if (port && port->isMattePort())
+            return Obj(new InPort(&node, port->id()));
+    }
+    return Obj();
+}
+
+void Node::setThumbnailTimeline(bool shown)
+{
+    MO_Node& node = target();
+    CO_CommandManager& manager = undo::manager(node.sceneCommon());
+    undo::run(manager, new tu_node::ShowHideTimelineThumb(&node, shown),
+              shown ? tr("Show Thumbnail") : tr("Hide Thumbnail"), tr("Failed to change the node's thumbnail state."));
+}
+
+bool Node::getThumbnailTimeline() const
+{
+    return target().isShowTimelineThumbnails();
+}
+
+// Of an invalid node too: required, it says that there is no such data before it looks for the node.
+Obj Node::getData() const
+{
+    throw Exception(tr("View and tool data is not currently supported."));
 }
 
 bool Node::getValid() const

@@ -11,7 +11,9 @@ class TUGroup;
 
 namespace OMC {
 
+class AllocatedRect2D;
 class AttributeList;
+class Node_Colour;
 class Node_Coordinates;
 class NodeSubselectionList;
 class PortList;
@@ -37,7 +39,19 @@ class BRINDLE_CORE_EXPORT Node : public EngineView<MO_Node> {
     Q_PROPERTY(QString path READ getPath WRITE setPath)
     Q_PROPERTY(QString type READ getType)
     Q_PROPERTY(QVariant position READ getPosition WRITE setPosition)
+    Q_PROPERTY(uint width READ getWidth)
+    Q_PROPERTY(uint height READ getHeight)
+    Q_PROPERTY(OMC::Obj rect READ getRect)
     Q_PROPERTY(bool enabled READ getEnabled WRITE setEnabled)
+    Q_PROPERTY(bool cached READ getCached WRITE setCached)
+    Q_PROPERTY(bool locked READ getLocked WRITE setLocked)
+    Q_PROPERTY(QVariant colour READ getColour WRITE setColour)
+    Q_PROPERTY(bool cacheable READ getCacheable)
+    Q_PROPERTY(int version_max READ getVersionMax)
+    Q_PROPERTY(int version READ getVersion WRITE setVersion)
+    Q_PROPERTY(OMC::Obj matte_port READ getMattePort)
+    Q_PROPERTY(bool thumbnail_timeline READ getThumbnailTimeline WRITE setThumbnailTimeline)
+    Q_PROPERTY(OMC::Obj data READ getData)
     Q_PROPERTY(bool valid READ getValid)
     Q_PROPERTY(OMC::Obj subselections READ getSubselections)
 
@@ -82,9 +96,31 @@ public:
     Node_Coordinates* newPosition() const;
     virtual void setPosition(const QVariant& position) const;
 
+    virtual unsigned int getWidth() const;  ///< Of the box in the node view, in its units; 80 where nothing shows it.
+    virtual unsigned int getHeight() const; ///< Likewise; 0 where nothing shows it, 80 in a batch.
+    /// The box in the node view, an AllocatedRect2D; its y is 32 greater than that of `position`.
+    virtual Obj getRect() const;
+    AllocatedRect2D* newRect() const; ///< The same, for a caller that takes the object itself.
+
     virtual bool getEnabled() const; ///< Whether the node takes part; a disabled node lets its input through.
     virtual void setEnabled(bool enabled);
-    virtual bool getValid() const; ///< Whether the node is still there; never fails.
+    virtual bool getCached() const; ///< Whether the node's pictures are kept; a node that makes none refuses silently.
+    virtual void setCached(bool cached);
+    virtual bool getLocked() const; ///< Whether people's tools leave the node alone; scripts are not held by it.
+    virtual void setLocked(bool locked);
+    /// The colour in the node view: Node_Colour when read, also of an invalid node; takes every form of a colour.
+    virtual void setColour(const QVariant& colour);
+    virtual QVariant getColour() const;
+    Node_Colour* newColour() const;
+    virtual bool getCacheable() const; ///< Whether the node's pictures can be kept.
+    virtual int getVersionMax() const; ///< The highest version of what the node computes; -1 for a group.
+    virtual void setVersion(int version);
+    virtual int getVersion() const;   ///< The version of what the node computes; -1 for a group.
+    virtual Obj getMattePort() const; ///< The first in-port that is a matte; null without one.
+    virtual void setThumbnailTimeline(bool shown);
+    virtual bool getThumbnailTimeline() const; ///< Whether the timeline shows the node's pictures in small.
+    virtual Obj getData() const;               ///< Not supported: reading it fails.
+    virtual bool getValid() const;             ///< Whether the node is still there; never fails.
 
     /// The handles of the node's gizmo that a person can pick; a list of an invalid node fails at its first use.
     Obj getSubselections() const;

@@ -1,6 +1,8 @@
 #include "core/nodes/outport.h"
 
 #include "core/frame/undo.h"
+#include "core/geometry/transformation.h"
+#include "core/host/mo_node.h"
 #include "core/host/sc_scene.h"
 #include "core/nodes/cable.h"
 #include "core/nodes/cablelist.h"
@@ -21,6 +23,22 @@ QVariant portsOf(const std::vector<MO_Port*>& destinations)
     for (const MO_Port* port : destinations)
         list.append(toVariant(new InPort(port->node(), port->id())));
     return list;
+}
+
+/// The port inside a group that really feeds an out-port of the group.
+const MO_Port* sourceInside(MO_Node& node, const MO_Port& port)
+{
+    const TUGroup* group = node.group();
+    const TUMultiPortOut* inside = group ? group->getInMultiPort() : nullptr;
+    if (!inside)
+        throw Exception(std::string("An unexpected error has occurred."));
+    const int place = node.outPortId(&port);
+    const MO_Port* in = place < 0 ? nullptr : inside->inPort(static_cast<unsigned int>(place));
+    const MO_Port* source = in ? in->realSrcPort() : nullptr;
+    MO_Node* sourceNode = source ? source->node() : nullptr;
+    if (!sourceNode || !sourceNode->module())
+        throw Exception(OutPort::tr("Failed to find corresponding port."));
+    return source;
 }
 
 QVariant nodesOf(const std::vector<MO_Port*>& destinations)
@@ -103,6 +121,24 @@ Obj OutPort::getCablesFlat() const
 {
     validate();
     return Obj(new FlatCableList(this));
+}
+
+Obj OutPort::transformation(int frame) const
+{
+    const MO_Port* port = getPort();
+    if (!port)
+        throwInvalid();
+    MO_Node* node = port->node();
+    if (!node)
+        throw Exception(std::string("An unexpected error has occurred."));
+    const MO_Module* module = node->module();
+    if (!module) {
+        port = sourceInside(*node, *port);
+        module = port->node()->module();
+    }
+    if (module->outPort(0) != port)
+        throw Exception(tr("Output transformation is only supported on the first output port."));
+    return Obj(new Transformation(module->getPortTransformation(MO_BaseContext(MO_FrameKey(frame), 0))));
 }
 
 MO_Port* OutPort::requiredPort() const

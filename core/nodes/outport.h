@@ -38,6 +38,10 @@ public:
     Obj getCables() const;     ///< The links from the port.
     Obj getCablesFlat() const; ///< The real connections from the port, through groups.
 
+    /// The Transformation at a frame of what the port gives, in OpenGL units: that of its node behind those above it.
+    /// Of a group, that of the node inside which feeds the port. Fails for another port than its node's first one.
+    Obj transformation(int frame) const;
+
 private:
     MO_Port* requiredPort() const;
     std::vector<MO_Port*> destinations() const;

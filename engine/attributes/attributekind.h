@@ -19,7 +19,7 @@ struct AttributeSpec;
 using AttributeValue = std::variant<std::monostate, bool, int, double, QString>;
 
 /// What kind of values a column gives that drives an attribute of a kind.
-enum class DrivenBy { Nothing, Numbers, Drawings, Timings };
+enum class DrivenBy { Nothing, Numbers, Positions, Rotations, Drawings, Timings };
 
 /// The attributes inside an attribute. They are made after it.
 struct AttributeMembers {
@@ -48,7 +48,6 @@ struct AttributeKind {
     std::size_t size;
     std::size_t alignment;
     DrivenBy drivenBy; ///< An attribute itself may still refuse columns (AttributeMeta::isLinkable).
-    bool isPosition;   ///< Three numbers for the axes in space: positions, or angles of rotation.
     bool isSwitch;     ///< On or off. A column that drives nothing else holds each value up to the next key.
     AT_Attr* (*make)(void* place, MO_Node& node, const AttributeMeta& meta, const AttributeMembers& members);
     AttributeValue (*newValue)(const AttributeSpec& spec);
@@ -68,7 +67,6 @@ inline constexpr AttributeKind attributeKind{
             else
                 return DrivenBy::Nothing;
         }(),
-    .isPosition = std::derived_from<Class, AT_Position3dAttr>,
     .isSwitch = std::derived_from<Class, AT_BoolAttr>,
     .make = [](void* place, MO_Node& node, const AttributeMeta& meta, const AttributeMembers& members) -> AT_Attr* {
         if constexpr (std::derived_from<Class, AT_ComplexAttr>)

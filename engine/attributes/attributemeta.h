@@ -30,8 +30,8 @@ struct AttributeSpec {
     std::span<const AttributeSpec> members = {};
 };
 
-/// The facts of an attribute: of those at one place of a node type's table, which live as long as the process, or of one
-/// that was added to a node.
+/// The facts of an attribute: of those at one place of a node type's table, which live as long as the process, or of
+/// one that was added to a node.
 class AttributeMeta final : public AT_AttrMeta {
 public:
     AttributeMeta(const AttributeSpec& spec, const AttributeMeta* parent);

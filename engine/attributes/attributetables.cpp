@@ -21,9 +21,10 @@ constexpr double unbounded = std::numeric_limits<double>::max();
 
 using Keyword = std::u16string_view;
 using Title = std::u16string_view;
-using Colour = ComplexAttribute<AT_ColorAttr>;
-using Position2d = ComplexAttribute<AT_Position2dAttr>;
-using Position3d = ComplexAttribute<AT_Position3dAttr>;
+using Position2d = AxesAttribute<AT_Position2dAttr>;
+using Position3d = AxesAttribute<AT_Position3dAttr>;
+using Scale3d = AxesAttribute<AT_Scale3dAttr>;
+using Rotation3d = AxesAttribute<AT_Rotation3dAttr>;
 
 constexpr AttributeSpec number(Keyword keyword, Title title, double defaultValue = 0, double step = 0.1)
 {
@@ -64,6 +65,12 @@ constexpr AttributeSpec degrees(Keyword keyword, Title title)
 constexpr AttributeSpec unlinkable(AttributeSpec spec)
 {
     spec.linkable = false;
+    return spec;
+}
+
+constexpr AttributeSpec linkable(AttributeSpec spec)
+{
+    spec.linkable = true;
     return spec;
 }
 
@@ -136,9 +143,11 @@ constexpr AttributeSpec drawingMembers[] = {exposed<ElementAttribute>(u"element"
 constexpr AttributeSpec colourMembers[] = {channel(u"red", u"Red"), channel(u"green", u"Green"),
                                            channel(u"blue", u"Blue"), channel(u"alpha", u"Alpha")};
 
-constexpr AttributeSpec position = compound<Position3d>(u"position", u"Position", u"POSITION_3D", positionMembers);
-constexpr AttributeSpec scale = compound<Position3d>(u"scale", u"Scale", u"SCALE_3D", scaleMembers);
-constexpr AttributeSpec rotation = compound<Position3d>(u"rotation", u"Rotation", u"ROTATION_3D", rotationMembers);
+constexpr AttributeSpec position =
+    linkable(compound<Position3d>(u"position", u"Position", u"POSITION_3D", positionMembers));
+constexpr AttributeSpec scale = compound<Scale3d>(u"scale", u"Scale", u"SCALE_3D", scaleMembers);
+constexpr AttributeSpec rotation =
+    linkable(compound<Rotation3d>(u"rotation", u"Rotation", u"ROTATION_3D", rotationMembers));
 constexpr AttributeSpec pivot = compound<Position3d>(u"pivot", u"Pivot", u"POSITION_3D", pivotMembers);
 constexpr AttributeSpec angle = degrees(u"angle", u"Angle");
 constexpr AttributeSpec skew = degrees(u"skew", u"Skew");
@@ -162,7 +171,7 @@ constexpr AttributeSpec read[] = {
 constexpr AttributeSpec camera[] = {position, scale, angle, pivot};
 constexpr AttributeSpec composite[] = {choice(u"mode", u"Mode", blendModes)};
 constexpr AttributeSpec write[] = {text(u"path", u"Path"), choice(u"format", u"Format", imageFormats)};
-constexpr AttributeSpec colourCard[] = {compound<Colour>(u"colour", u"Colour", u"COLOUR", colourMembers)};
+constexpr AttributeSpec colourCard[] = {compound<ColourAttribute>(u"colour", u"Colour", u"COLOUR", colourMembers)};
 constexpr AttributeSpec blur[] = {in(u"pixels", bounded(number(u"radius", u"Radius", 0, 1), 0, unbounded))};
 constexpr AttributeSpec cutter[] = {onOff(u"inverted", u"Inverted", false)};
 
@@ -185,11 +194,11 @@ constexpr AttributeSpec addedTypes[] = {
     wholeNumber({}, {}),
     number({}, {}),
     text({}, {}),
-    compound<Colour>({}, {}, u"COLOUR", colourMembers),
+    compound<ColourAttribute>({}, {}, u"COLOUR", colourMembers),
     compound<Position2d>({}, {}, u"POSITION_2D", std::span(positionMembers).first<2>()),
     compound<Position3d>({}, {}, u"POSITION_3D", positionMembers),
-    compound<Position3d>({}, {}, u"SCALE_3D", scaleMembers),
-    compound<Position3d>({}, {}, u"ROTATION_3D", rotationMembers),
+    compound<Scale3d>({}, {}, u"SCALE_3D", scaleMembers),
+    compound<Rotation3d>({}, {}, u"ROTATION_3D", rotationMembers),
     compound<GroupAttribute>({}, {}, u"DYNAMIC_GROUP", {}),
 };
 

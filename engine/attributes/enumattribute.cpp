@@ -15,6 +15,29 @@ QString textOf(const AttributeSpec& spec, int value)
     return QString();
 }
 
+/// Chooses an option. The old and the new one change places.
+class SetOption final : public CO_Command {
+public:
+    SetOption(AT_EnumAttrBase* attr, int value) : m_attr(dynamic_cast<EnumAttribute*>(attr)), m_value(value) {}
+
+    Status execute() override
+    {
+        if (!m_attr || !m_attr->hasOption(m_value))
+            return kFail;
+        const int before = m_attr->localValue();
+        if (!m_attr->setLocalValue(m_value))
+            return kNoop;
+        m_value = before;
+        tellChanged(*m_attr);
+        return kOk;
+    }
+    Status unexecute() override { return execute(); }
+
+private:
+    EnumAttribute* m_attr;
+    int m_value; // that it gets next
+};
+
 } // namespace
 
 EnumAttribute::EnumAttribute(MO_Node& node, const AttributeMeta& meta)
@@ -30,12 +53,16 @@ QMap<int, QString> EnumAttribute::options() const
     return options;
 }
 
-bool EnumAttribute::setLocalValue(int value)
+bool EnumAttribute::hasOption(int value) const
 {
     const auto& options = meta().spec().options;
-    const bool known = std::any_of(options.begin(), options.end(),
-                                   [value](const EnumOption& option) { return option.value == value; });
-    if (!known || value == m_local)
+    return std::any_of(options.begin(), options.end(),
+                       [value](const EnumOption& option) { return option.value == value; });
+}
+
+bool EnumAttribute::setLocalValue(int value)
+{
+    if (!hasOption(value) || value == m_local)
         return false;
     m_local = value;
     return true;
@@ -77,3 +104,7 @@ const EnumOption* EnumAttribute::optionOf(const QString& text) const
 }
 
 } // namespace brindle::engine
+
+AT_EnumAttrBase::SetLocalValueCmd::SetLocalValueCmd(AT_EnumAttrBase* attr, int value)
+    : CO_EngineCommand(std::make_unique<brindle::engine::SetOption>(attr, value))
+{}

@@ -11,6 +11,7 @@ public:
 
     QMap<int, QString> options() const override;
     int localValue() const override { return m_local; }
+    bool hasOption(int value) const;
     bool setLocalValue(int value);         ///< False when the value is as before or no option's.
     QString textAt(double) const override; ///< The present option's text.
     CO_Command* setTextCommand(double frame, const QString& text) override;

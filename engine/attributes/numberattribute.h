@@ -17,8 +17,8 @@ namespace brindle::engine {
 template <typename Base>
 class NumberAttribute : public AttributeOf<Base> {
 public:
-    static constexpr DrivenBy drivenBy = DrivenBy::Numbers;
     using Value = typename Base::ValueType;
+    static constexpr DrivenBy drivenBy = DrivenBy::Numbers;
 
     NumberAttribute(MO_Node& node, const AttributeMeta& meta);
 

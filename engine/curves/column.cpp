@@ -39,6 +39,7 @@ void Socket::restore(Column& column, Order order)
     unlink();
     m_column = &column;
     m_numbers = column.numbers();
+    m_positions = column.positions();
     m_order = order;
     column.add(*this);
 }
@@ -50,6 +51,7 @@ void Socket::unlink()
     m_column->remove(*this);
     m_column = nullptr;
     m_numbers = nullptr;
+    m_positions = nullptr;
 }
 
 Column::Column(TUTimedValue& self, const ColumnKind& kind, const QString& name, bool anonymous)
@@ -64,6 +66,7 @@ Column::~Column()
     for (const auto& [order, socket] : m_links) {
         socket->m_column = nullptr;
         socket->m_numbers = nullptr;
+        socket->m_positions = nullptr;
     }
 }
 

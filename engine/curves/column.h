@@ -66,7 +66,8 @@ public:
 
     const AttributeMeta& meta() const { return m_meta; }
     Column* column() const { return m_column; }
-    NumberValues* numbers() const { return m_numbers; } ///< The linked column's; null without one.
+    NumberValues* numbers() const { return m_numbers; }       ///< The linked column's; null without one.
+    PositionValues* positions() const { return m_positions; } ///< Likewise.
     Order order() const { return m_order; }             ///< The place of the present link.
 
     Order link(Column& column);                ///< At the end of the column's links. Cuts the link that was.
@@ -80,6 +81,7 @@ private:
     const AttributeMeta& m_meta;
     Column* m_column = nullptr;
     NumberValues* m_numbers = nullptr;
+    PositionValues* m_positions = nullptr;
     Order m_order = 0;
 };
 

@@ -250,7 +250,7 @@ void ExpressionColumn::getValueForXsheet(double frame, int, QString* text, bool&
 
 bool ExpressionColumn::fits(const AttributeMeta& attribute) const
 {
-    return attribute.isLinkable();
+    return attribute.isLinkable() && attribute.kind().drivenBy == DrivenBy::Numbers;
 }
 
 bool ExpressionColumn::valueAt(double frame, double& value) const

@@ -222,9 +222,9 @@ bool MotionColumn<Host>::keyAt(double frame, CatmullCtrlPt& point) const
 template <typename Host>
 bool MotionColumn<Host>::fits(const AttributeMeta& attribute) const
 {
-    const bool hasAngles = attribute.typeText() == QLatin1String("ROTATION_3D");
-    return attribute.isLinkable() && attribute.kind().isPosition &&
-           hasAngles == std::is_same_v<Host, AT_QuaternionPathTimedValue>;
+    constexpr DrivenBy values =
+        std::is_same_v<Host, AT_QuaternionPathTimedValue> ? DrivenBy::Rotations : DrivenBy::Positions;
+    return attribute.isLinkable() && attribute.kind().drivenBy == values;
 }
 
 template <typename Host>

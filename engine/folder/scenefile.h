@@ -28,6 +28,9 @@ class ProjectMaker;
 ///     depth              0 is the root group; a node is in the last one before it that is a level up
 ///     place              [x, y, z] in the node view
 ///     enabled            false; left out when true
+///     colour             the node's own one in the node view: "#AARRGGBB"; left out where it has none
+///     cached, locked, thumbnails
+///                        true; left out when false
 ///     inPorts, outPorts  of a node that takes ports: [id, "IMAGE"], with "MATTE" behind it for a matte port
 ///     added              attributes that were added to the node: [{"path": "meta.take", "type": "INT"}, ...], with
 ///                        "title", the display name, "linkable", true, and "flags", where they aren't 13

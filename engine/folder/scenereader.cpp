@@ -97,10 +97,29 @@ private:
         return marker;
     }
 
+    static void readMarks(const JsonPlace& place, Node& node)
+    {
+        NodeMarks marks;
+        if (const auto colour = place.ifField("colour"))
+            marks.colour = QColor::fromRgba(readColour(*colour));
+        const auto isSet = [&](const char* name) {
+            const auto mark = place.ifField(name);
+            return mark && mark->flag();
+        };
+        marks.cache.enabled = isSet("cached");
+        if (marks.cache.enabled && !node.isCacheable())
+            place.field("cached").fail(QStringLiteral("can't be told of a node of this type"));
+        marks.locked = isSet("locked");
+        if (marks.locked && !node.canLock())
+            place.field("locked").fail(QStringLiteral("can't be told of the root group"));
+        marks.thumbnails = isSet("thumbnails");
+        node.setMarks(marks);
+    }
+
     void readNode(const JsonPlace& place)
     {
-        place.requireOnly({"name", "type", "depth", "place", "enabled", "inPorts", "outPorts", "added", "values",
-                           "columns", "links", "backdrops"});
+        place.requireOnly({"name", "type", "depth", "place", "enabled", "colour", "cached", "locked", "thumbnails",
+                           "inPorts", "outPorts", "added", "values", "columns", "links", "backdrops"});
         Node& node = m_nodes.empty() ? readRoot(place) : readSubNode(place);
         m_nodes.push_back(&node);
         if (Group* group = node.asGroup()) {
@@ -111,6 +130,7 @@ private:
         }
         if (const auto enabled = place.ifField("enabled"))
             node.setEnabled(enabled->flag());
+        readMarks(place, node);
         m_attributes.read(place, node);
     }
 

@@ -71,6 +71,18 @@ private:
         m_json.endArray();
     }
 
+    void writeMarks(const NodeMarks& marks)
+    {
+        if (marks.colour.isValid())
+            m_json.key("colour").text(colourText(marks.colour.rgba()));
+        if (marks.cache.enabled)
+            m_json.key("cached").flag(true);
+        if (marks.locked)
+            m_json.key("locked").flag(true);
+        if (marks.thumbnails)
+            m_json.key("thumbnails").flag(true);
+    }
+
     void writeNode(const Node& node)
     {
         m_json.beginObject();
@@ -84,6 +96,7 @@ private:
         m_json.endArray();
         if (!node.isEnabled())
             m_json.key("enabled").flag(false);
+        writeMarks(node.marks());
         writePorts(node, PortSide::In, "inPorts");
         writePorts(node, PortSide::Out, "outPorts");
         m_attributes.write(m_json, node);

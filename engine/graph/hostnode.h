@@ -2,6 +2,7 @@
 
 #include "engine/attributes/attributeset.h"
 #include "engine/graph/node.h"
+#include "engine/transformations/nodetransformation.h"
 
 #include <type_traits>
 
@@ -50,8 +51,21 @@ public:
     bool isNameAcceptable(const QString& name) const override { return Node::isNameAcceptable(name); }
 
     bool isEnabled() const override { return Node::isEnabled(); }
-    QColor getNodeColor() const override { return QColor(nodeColour(Node::type().nodeClass)); }
-    void setDirty() override { Node::announceChange(); }
+    QColor getNodeColor() const override
+    {
+        return Node::shownColour().isValid() ? Node::shownColour() : QColor(nodeColour(Node::type().nodeClass));
+    }
+    void setNodeColor(const QColor& colour) override { Node::showColour(colour); }
+    void setDirty() override
+    {
+        forgetTransformations(*this);
+        Node::announceChange();
+    }
+    bool isCacheable() const override { return Node::isCacheable(); }
+    const MO_CacheConfig& cacheConfig() const override { return Node::marks().cache; }
+    bool canLock() const override { return Node::canLock(); }
+    bool lock() const override { return Node::marks().locked; }
+    bool isShowTimelineThumbnails() const override { return Node::marks().thumbnails; }
 
     MO_PortMode portMode() const override { return Node::type().portMode; }
     unsigned int nInPorts() const override { return static_cast<unsigned int>(portCount(PortSide::In)); }
@@ -72,11 +86,15 @@ public:
 
 /// A node that computes something. There is one version of each type.
 template <typename Host>
-class HostModule final : public HostNode<Host> {
+class HostModule : public HostNode<Host> {
 public:
     using HostNode<Host>::HostNode;
     int version() const override { return 1; }
     int versionMax() const override { return 1; }
+    const MO_PortTransform* getPortTransformation(const MO_BaseContext& context) const override
+    {
+        return transformationAt(*this, context.frame());
+    }
 };
 
 } // namespace brindle::engine

@@ -8,6 +8,7 @@
 #include "engine/graph/names.h"
 #include "engine/graph/portcommands.h"
 #include "engine/graph/scenegraph.h"
+#include "engine/transformations/nodetransformation.h"
 
 #include <algorithm>
 #include <atomic>
@@ -58,6 +59,30 @@ bool Node::setName(const QString& name)
         return false;
     m_name = name;
     return true;
+}
+
+void Node::setEnabled(bool enabled)
+{
+    m_enabled = enabled;
+    forgetTransformations(*this);
+}
+
+void Node::setMarks(const NodeMarks& marks)
+{
+    m_marks = marks;
+    m_shownColour = marks.colour;
+}
+
+bool Node::isCacheable() const
+{
+    switch (m_type.nodeClass) {
+    case NodeClass::Group:
+    case NodeClass::MultiPortIn:
+    case NodeClass::MultiPortOut:
+        return false;
+    default:
+        return hasImageOutput();
+    }
 }
 
 QString Node::path() const
@@ -139,6 +164,7 @@ void Node::insertPort(PortSide side, std::size_t place, std::unique_ptr<Port> po
     all.insert(all.begin() + static_cast<std::ptrdiff_t>(place), std::move(port));
     for (; place < all.size(); ++place)
         all[place]->m_place = place;
+    forgetTransformations(*this);
 }
 
 std::unique_ptr<Port> Node::takePort(PortSide side, std::size_t place)
@@ -149,6 +175,7 @@ std::unique_ptr<Port> Node::takePort(PortSide side, std::size_t place)
     port->m_owner = nullptr;
     for (; place < all.size(); ++place)
         all[place]->m_place = place;
+    forgetTransformations(*this);
     return port;
 }
 

@@ -16,6 +16,7 @@ namespace brindle::engine {
 class AttributeSet;
 class Group;
 class SceneGraph;
+class TransformationMemory;
 
 /// Position in the node view: y grows downwards, z orders what is drawn.
 struct NodePosition {
@@ -23,6 +24,14 @@ struct NodePosition {
     int y = 0;
     int z = 0;
     bool operator==(const NodePosition&) const = default;
+};
+
+/// What a person marks a node with. It changes nothing that the node computes.
+struct NodeMarks {
+    QColor colour; ///< In the node view; invalid for that of the type.
+    MO_CacheConfig cache;
+    bool locked = false;
+    bool thumbnails = false; ///< The timeline shows its pictures in small.
 };
 
 /// The common part of all nodes: name, place, ports and attributes. HostNode gives it the host class of its type.
@@ -57,7 +66,17 @@ public:
     const NodePosition& position() const { return m_position; }
     void setPosition(const NodePosition& position) { m_position = position; }
     bool isEnabled() const { return m_enabled; }
-    void setEnabled(bool enabled) { m_enabled = enabled; }
+    void setEnabled(bool enabled);
+
+    /// The marks that a person gives a node.
+    const NodeMarks& marks() const { return m_marks; }
+    void setMarks(const NodeMarks& marks);
+    /// The colour in the node view: one that was shown last (`showColour`), or the node's own. Invalid for that of its
+    /// type. Setting the marks shows the own one again.
+    const QColor& shownColour() const { return m_shownColour; }
+    void showColour(const QColor& colour) { m_shownColour = colour; }
+    bool isCacheable() const;
+    bool canLock() const { return m_parent != nullptr; }
 
     std::size_t portCount(PortSide side) const { return ports(side).size(); }
     Port* port(PortSide side, std::size_t place) const; ///< Null when there is none.
@@ -80,7 +99,10 @@ public:
     bool hasAttributes() const { return m_attributes != nullptr; } ///< Whether they have been asked for.
 
     /// The mark that a walk left here, one for walks of each direction.
-    std::uint64_t& mark(PortSide direction) const { return m_marks[direction == PortSide::In ? 0 : 1]; }
+    std::uint64_t& mark(PortSide direction) const { return m_walkMarks[direction == PortSide::In ? 0 : 1]; }
+
+    /// What the node remembers of its transformations; null while it remembers nothing.
+    std::unique_ptr<TransformationMemory>& transformationMemory() const { return m_transformations; }
 
 private:
     friend class Port;
@@ -102,6 +124,8 @@ private:
     QString m_name;
     NodePosition m_position;
     bool m_enabled = true;
+    NodeMarks m_marks;
+    QColor m_shownColour;
     std::vector<std::unique_ptr<Port>> m_inPorts;
     std::vector<std::unique_ptr<Port>> m_outPorts;
     unsigned int m_nextInId = 0;
@@ -109,8 +133,9 @@ private:
     std::size_t m_sources = 0;      ///< In-ports with a source.
     std::size_t m_destinations = 0; ///< Links of all out-ports.
     std::int64_t m_order = 0;       ///< Grows along the sub-nodes of a group; kept while the node is out of it.
-    mutable std::array<std::uint64_t, 2> m_marks = {}; ///< The walks that came here last, one a direction.
+    mutable std::array<std::uint64_t, 2> m_walkMarks = {}; ///< The walks that came here last, one a direction.
     mutable std::unique_ptr<AttributeSet> m_attributes;
+    mutable std::unique_ptr<TransformationMemory> m_transformations;
 };
 
 /// The engine's node behind a host node, or null for null and for a node that is not the engine's.

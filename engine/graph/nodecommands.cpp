@@ -69,6 +69,78 @@ void setEnabledOf(Node& node, const bool& enabled)
     node.setEnabled(enabled);
 }
 
+QColor colourOf(const Node& node)
+{
+    return node.marks().colour;
+}
+
+void setColourOf(Node& node, const QColor& colour)
+{
+    NodeMarks marks = node.marks();
+    marks.colour = colour;
+    node.setMarks(marks);
+}
+
+bool isCached(const Node& node)
+{
+    return node.marks().cache.enabled;
+}
+
+void setCached(Node& node, const bool& cached)
+{
+    NodeMarks marks = node.marks();
+    marks.cache.enabled = cached;
+    node.setMarks(marks);
+}
+
+bool isLocked(const Node& node)
+{
+    return node.marks().locked;
+}
+
+void setLocked(Node& node, const bool& locked)
+{
+    NodeMarks marks = node.marks();
+    marks.locked = locked;
+    node.setMarks(marks);
+}
+
+bool showsThumbnails(const Node& node)
+{
+    return node.marks().thumbnails;
+}
+
+void setThumbnails(Node& node, const bool& shown)
+{
+    NodeMarks marks = node.marks();
+    marks.thumbnails = shown;
+    node.setMarks(marks);
+}
+
+using ColourCommand = NodeValueCommand<QColor, colourOf, setColourOf>;
+using CachedCommand = NodeValueCommand<bool, isCached, setCached>;
+using LockedCommand = NodeValueCommand<bool, isLocked, setLocked>;
+using ThumbnailsCommand = NodeValueCommand<bool, showsThumbnails, setThumbnails>;
+
+/// The modules of the engine have one version each.
+class SetVersionCommand final : public CO_Command {
+public:
+    SetVersionCommand(MO_Module* module, int version) : m_module(module), m_version(version) {}
+
+    Status execute() override
+    {
+        const Node* node = engineNode(m_module);
+        if (!node || !node->graph() || m_version < 1 || m_version > m_module->versionMax())
+            return kFail;
+        return kNoop;
+    }
+    Status unexecute() override { return kNoop; }
+
+private:
+    MO_Module* m_module;
+    int m_version;
+};
+
 using PositionCommand = NodeValueCommand<NodePosition, positionOf, setPositionOf>;
 using EnabledCommand = NodeValueCommand<bool, enabledOf, setEnabledOf>;
 
@@ -202,8 +274,31 @@ EnabledNodeCmd::EnabledNodeCmd(MO_Node* node, bool enabled)
     : CO_EngineCommand(std::make_unique<brindle::engine::EnabledCommand>(node, [enabled](bool) { return enabled; }))
 {}
 
+SetNodeColorCmd::SetNodeColorCmd(MO_Node* node, const QColor& colour)
+    : CO_EngineCommand(
+          std::make_unique<brindle::engine::ColourCommand>(node, [colour](const QColor&) { return colour; }))
+{}
+
+CacheNodeCmd::CacheNodeCmd(MO_Node* node, bool cached)
+    : CO_EngineCommand(std::make_unique<brindle::engine::CachedCommand>(node && node->isCacheable() ? node : nullptr,
+                                                                        [cached](bool) { return cached; }))
+{}
+
+LockNodeCmd::LockNodeCmd(MO_Node* node, bool locked)
+    : CO_EngineCommand(std::make_unique<brindle::engine::LockedCommand>(node && node->canLock() ? node : nullptr,
+                                                                        [locked](bool) { return locked; }))
+{}
+
+ShowHideTimelineThumb::ShowHideTimelineThumb(MO_Node* node, bool shown)
+    : CO_EngineCommand(std::make_unique<brindle::engine::ThumbnailsCommand>(node, [shown](bool) { return shown; }))
+{}
+
 AddSubNodeCmd::AddSubNodeCmd(TUGroup* group, MO_Node* node)
     : CO_EngineCommand(std::make_unique<brindle::engine::AddSubNodeCommand>(group, node))
 {}
 
 } // namespace tu_node
+
+tu_module::SetVersionCmd::SetVersionCmd(MO_Module* module, int version)
+    : CO_EngineCommand(std::make_unique<brindle::engine::SetVersionCommand>(module, version))
+{}

@@ -45,6 +45,7 @@ std::unique_ptr<MO_Node> newNodeLike(const Node& node)
     copy.setName(node.name());
     copy.setPosition(place);
     copy.setEnabled(node.isEnabled());
+    copy.setMarks(node.marks());
     if (node.hasAttributes())
         copyValues(node.attributes(), copy.attributes());
     if (const Group* group = node.asGroup())

@@ -1,4 +1,5 @@
 #include "engine/graph/group.h"
+#include "engine/transformations/movingmodules.h"
 
 namespace brindle::engine {
 
@@ -10,13 +11,13 @@ MO_Module* newModule(const NodeType& type)
     case NodeClass::Module:
         return new HostModule<MO_Module>(type);
     case NodeClass::Peg:
-        return new HostModule<TUPegModule>(type);
+        return new PegModule(type);
     case NodeClass::Camera:
         return new HostModule<TUCameraModule>(type);
     case NodeClass::Display:
         return new HostModule<TUDisplayModule>(type);
     case NodeClass::Element:
-        return new HostModule<MO_ElementModule>(type);
+        return new ElementModule(type);
     case NodeClass::MultiPortIn:
         return TUMultiPortIn::create();
     case NodeClass::MultiPortOut:

@@ -2,6 +2,7 @@
 
 #include "engine/graph/links.h"
 #include "engine/graph/node.h"
+#include "engine/transformations/nodetransformation.h"
 
 namespace brindle::engine {
 
@@ -88,6 +89,7 @@ void Port::link(Port& out, Port& in, std::size_t place)
     out.m_destinations.insert(out.m_destinations.begin() + static_cast<std::ptrdiff_t>(place), &in);
     ++in.m_owner->m_sources;
     ++out.m_owner->m_destinations;
+    forgetTransformationsBehind(in);
 }
 
 std::size_t Port::unlink(Port& in)
@@ -106,6 +108,7 @@ std::size_t Port::unlink(Port& in)
     in.m_source = nullptr;
     --in.m_owner->m_sources;
     --out.m_owner->m_destinations;
+    forgetTransformationsBehind(in);
     return place;
 }
 

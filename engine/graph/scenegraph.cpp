@@ -47,6 +47,33 @@ void SceneGraph::rename(Node& node, const QString& name)
     countDisplay(node, +1);
 }
 
+std::vector<NodeSeat> SceneGraph::move(Group& from, Group& to, const std::vector<Node*>& nodes,
+                                       const std::vector<NodeSeat>& seats)
+{
+    std::vector<NodeSeat> before;
+    before.reserve(nodes.size());
+    for (const Node* node : nodes) {
+        countDisplay(*node, -1);
+        before.push_back({node->name(), node->m_order});
+    }
+    std::vector<std::unique_ptr<MO_Node>> hosts = from.subNodes().take(nodes);
+    for (std::size_t index = 0; index < nodes.size(); ++index) {
+        Node& node = *nodes[index];
+        if (seats.empty()) {
+            node.m_name = freeName(node.m_name, to);
+            to.subNodes().append(std::move(hosts[index]), node);
+        } else {
+            node.m_name = seats[index].name;
+            node.m_order = seats[index].order;
+        }
+    }
+    if (!seats.empty())
+        to.subNodes().putBack(std::move(hosts), nodes);
+    for (const Node* node : nodes)
+        countDisplay(*node, +1);
+    return before;
+}
+
 QString SceneGraph::generateName(const QString& base, const Group& group) const
 {
     return group.subNodes().freeName(base, [this](const QString& name) { return hasDisplay(name); });

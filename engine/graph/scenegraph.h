@@ -7,6 +7,12 @@
 
 namespace brindle::engine {
 
+/// What a node is in its group: its name, and its mark in the order of the nodes.
+struct NodeSeat {
+    QString name;
+    std::int64_t order;
+};
+
 /// The nodes of a scene: the root group "Top" with all that is in it. It belongs to the scene.
 ///
 /// A node that leaves the scene, with its group or alone, has its weak pointers expired: what scripts hold of it stays
@@ -29,6 +35,10 @@ public:
     std::vector<std::unique_ptr<MO_Node>> take(Group& group, const std::vector<Node*>& nodes);
     void putBack(Group& group, std::vector<std::unique_ptr<MO_Node>> hosts, const std::vector<Node*>& nodes);
     void rename(Node& node, const QString& name);
+    /// Moves nodes of one group, given in its order, to another without their leaving the scene: to seats that they had
+    /// there, or behind its nodes and under free names where none are given. Gives the seats that they had.
+    std::vector<NodeSeat> move(Group& from, Group& to, const std::vector<Node*>& nodes,
+                               const std::vector<NodeSeat>& seats);
 
     /// Displays are picked by their name alone, wherever they are.
     bool hasDisplay(const QString& name) const { return m_displays.contains(name); }

@@ -8,6 +8,7 @@
 namespace {
 
 SC_SessionContext* givenSession = nullptr;
+PLUG_NetworkViewInterface* givenView = nullptr;
 
 } // namespace
 
@@ -20,6 +21,16 @@ void PLUG_Services::setSessionContext(SC_SessionContext* session)
 {
     const SCP_PythonEngine::HaltScope halt;
     givenSession = session;
+}
+
+PLUG_NetworkViewInterface* PLUG_Services::getNetworkViewInterface()
+{
+    return givenView;
+}
+
+void PLUG_Services::setNetworkViewInterface(PLUG_NetworkViewInterface* view)
+{
+    givenView = view;
 }
 
 std::unique_ptr<SC_SessionContext> SC_SessionContext::create()

@@ -6,7 +6,7 @@ import pytest
 import support
 
 UNEXPECTED = "An unexpected error has occurred."
-KEPT_BY_CLOSING = {"application", "locked block", *support.VALUES}
+KEPT_BY_CLOSING = {"application", "enum option", "locked block", *support.VALUES}
 KEPT = {"project", "resolution", "named resolution", "history", "bracket", "scenes", "aspect", "units", "center",
         "unit converter", "metadata", "metadata pair", "scene", "columns", "nodes of the scene", "copied nodes",
         "display", "composite", "dynamic in-ports", "palette lists", "palettes", "palette", "solid colour", "gradient",
@@ -27,6 +27,8 @@ ANSWERS = {
     ("scene", "sounds"): "Sounds are not yet supported in the Python DOM.",
     ("history", "set"): "Unable to set a value in the history.",
     (None, "position"): "<brindle.Node_Coordinates, no longer valid>",
+    **{(node, "colour"): "<brindle.Node_Colour, no longer valid>" for node in NODES},
+    (None, "data"): "View and tool data is not currently supported.",
     (None, "subselections"): "<brindle.NodeSubselectionList, no longer valid>",
     ("backdrop", "str"): "'Backdrop()'",
     ("backdrop", "match"): "Invalid argument at index 0.",
@@ -73,6 +75,10 @@ ARGUMENTS = {
     "keyframe_remove": (1,), "keyframe_exists": (1,), "keyframe_clear": (1, 2),
     "create_solid_colour": ("x",), "create_linear_gradient_colour": ("x", [0, 0, 0], 0, [1, 1, 1], 1),
     "create_radial_gradient_colour": ("x", [0, 0, 0], 0, [1, 1, 1], 1), "create_texture": ("x", "y"),
+    "matrix": (1,), "pivot": (1,), "rotation": (1,), "skew": (1,), "translation": (1,), "transformation": (1,),
+    "set_matrix": (1, 2), "set_pivot": (1, 2), "set_rotation": (1, 2), "set_scale": (1, 2), "set_skew": (1, 2),
+    "set_translation": (1, 2), "apply_matrix": (1, 2), "apply_rotation": (1, 2), "apply_scale": (1, 2),
+    "apply_skew": (1, 2), "apply_translation": (1, 2),
     "append": (None,), "acquire": (None,), "reorder": (None, 0), "interpolate": (1,), "add": ([0, 0, 0],),
     "change_texture": ("x",), "clone": (None,), "duplicate": (None,), "palette_containing_colour": (None,),
     "move_palette_up": (None,), "move_palette_down": (None,), "element_palette_list": (None,),

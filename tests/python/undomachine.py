@@ -74,6 +74,59 @@ class UndoMachine(UndoModel):
         if node := self.node(index):
             self.do(f"Enable {node.name}", lambda: setattr(node, "enabled", enabled))
 
+    @rule(index=INDEX, what=st.sampled_from(["cached", "locked", "thumbnail_timeline"]), on=st.booleans())
+    def mark(self, index, what, on):
+        if node := self.node(index):
+            label = {"cached": f"Cache {node.name}", "locked": f"{'Lock' if on else 'Unlock'} {node.name}",
+                     "thumbnail_timeline": f"{'Show' if on else 'Hide'} Thumbnail"}[what]
+            self.do(label, lambda: setattr(node, what, on))
+
+    @rule(index=INDEX, value=st.lists(st.integers(-5, 300), min_size=3, max_size=4),
+          what=st.sampled_from(["colour", "r", "g", "b", "hex", "reset"]))
+    def node_colour(self, index, value, what):
+        if node := self.node(index):
+            label, call = {
+                "colour": (f"Set color position of {node.name}", lambda: setattr(node, "colour", value)),
+                "hex": ("Set Node Color", lambda: setattr(node.colour, "hex", "#0a0b0c" if value[0] else "nothing")),
+                "reset": ("Reset Node Color", lambda: node.colour.reset()),
+            }.get(what, ("Set Node Color", lambda: setattr(node.colour, what, value[0])))
+            self.do(label, call)
+
+    @rule(index=INDEX)
+    def explode(self, index):
+        group = pick(self.groups()[1:], index)
+        if group is not None:
+            self.do("Explode Group", group.explode)
+
+    @rule(index=INDEX, kind=st.sampled_from([brindle.CameraNode, brindle.DisplayNode]), active=st.booleans())
+    def active(self, index, kind, active):
+        node = pick((node for node in self.nodes() if isinstance(node, kind)), index)
+        if node is not None:
+            what = "camera" if kind is brindle.CameraNode else "display"
+            unset = "unsetting" if kind is brindle.CameraNode else "Unsetting"
+            label = f"Setting {node.path} as default {what}." if active else f"{unset} default {what}."
+            self.do(label, lambda: setattr(node, "active", active))
+
+    @rule(index=INDEX, frame=FRAME, value=st.lists(NUMBER, min_size=1, max_size=3),
+          range_=st.lists(FRAME, min_size=1, max_size=2),
+          what=st.sampled_from(["pivot", "rotation", "scale", "translation"]), add=st.booleans(), flag=st.booleans())
+    def peg_part(self, index, frame, value, range_, what, add, flag):
+        peg = pick((node for node in self.nodes() if isinstance(node, brindle.PegNode)), index)
+        if peg is not None and add and what != "pivot":
+            self.do(f"Changing peg {what}.", lambda: getattr(peg, f"apply_{what}")(range_, value))
+        elif peg is not None:
+            self.do(f"Changing peg {what}.", lambda: getattr(peg, f"set_{what}")(frame, value, flag))
+
+    @rule(index=INDEX, frame=FRAME, parts=st.lists(st.integers(-9, 9), min_size=4, max_size=4), add=st.booleans())
+    def peg_matrix(self, index, frame, parts, add):
+        peg = pick((node for node in self.nodes() if isinstance(node, brindle.PegNode)), index)
+        if peg is not None:
+            matrix = brindle.Matrix(parts[:2])
+            matrix.rotate_degrees(parts[2])
+            matrix.scale(parts[3] / 3, 1.5, 1)
+            self.do("Applying matrix to peg transformation.",
+                    lambda: peg.apply_matrix([frame, frame + 5], matrix) if add else peg.set_matrix(frame, matrix))
+
     @rule(index=INDEX, inside=st.sampled_from(["multi_port_in", "multi_port_out"]))
     def multi_port(self, index, inside):
         group = pick(self.groups()[1:], index)
@@ -201,8 +254,42 @@ class UndoMachine(UndoModel):
         elif attribute is not None:
             self.do("Set Attribute Value", lambda: attribute.set_value(frame, value))
 
-    @rule(index=INDEX, name=st.sampled_from(["take", "meta.take", "meta.place", "meta.a.b", "angle", "position.x", "", "ä.%1"]),
-          type_=st.sampled_from(["INT", "double", "BOOL", "STRING", "POSITION_3D", "COLOUR", "DYNAMIC_GROUP", "NOTHING"]),
+    @rule(index=INDEX, frame=FRAME, value=st.lists(NUMBER, min_size=1, max_size=3),
+          what=st.sampled_from(["value", "local", "offset", "reset", "reset local"]), flat=st.booleans())
+    def place(self, index, frame, value, what, flat):
+        attribute = pick(self.attributes(brindle.Position2DAttribute if flat else brindle.Position3DAttribute), index)
+        if attribute is not None:
+            label, call = {
+                "value": ("Set Attribute local value.", lambda: attribute.set_value(frame, value)),
+                "local": ("Set Attribute local value.", lambda: attribute.set_localvalue(value)),
+                "offset": ("Set Attribute local value.", lambda: attribute.offset_value([frame, frame + 9], value)),
+                "reset": ("Resetting local value.", lambda: attribute.reset_value(frame)),
+                "reset local": ("Resetting local value.", attribute.reset_localvalue),
+            }[what]
+            self.do(label, call)
+
+    @rule(index=INDEX, frame=FRAME, value=st.lists(st.integers(-20, 300), min_size=3, max_size=4),
+          what=st.sampled_from(["value", "local", "offset"]))
+    def colour(self, index, frame, value, what):
+        attribute = pick(self.attributes(brindle.ColourAttribute), index)
+        if attribute is not None:
+            label, call = {
+                "value": ("Set Attribute value.", lambda: attribute.set_value(frame, value)),
+                "local": ("Set Attribute local value.", lambda: attribute.set_localvalue(value)),
+                "offset": ("Offset Attribute value.", lambda: attribute.offset_value([frame, frame + 9], value)),
+            }[what]
+            self.do(label, call)
+
+    @rule(index=INDEX, choice=st.one_of(st.integers(-1, 12), st.sampled_from(["NORMAL", "PNG", "SCREEN", "3"])))
+    def choose(self, index, choice):
+        attribute = pick(self.attributes(brindle.EnumAttribute), index)
+        if attribute is not None:
+            self.do("Set Attribute local value.", lambda: attribute.set_value(1, choice))
+
+    @rule(index=INDEX, name=st.sampled_from(["take", "meta.take", "meta.place", "meta.a.b", "angle", "position.x", "",
+                                             "ä.%1"]),
+          type_=st.sampled_from(["INT", "double", "BOOL", "STRING", "POSITION_2D", "POSITION_3D", "COLOUR",
+                                 "DYNAMIC_GROUP", "NOTHING"]),
           title=NAME, linkable=st.booleans())
     def create_attribute(self, index, name, type_, title, linkable):
         if node := self.node(index):

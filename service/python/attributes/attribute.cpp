@@ -2,8 +2,13 @@
 
 #include "core/attributes/attributelist.h"
 #include "core/attributes/boolattribute.h"
+#include "core/attributes/colourattribute.h"
 #include "core/attributes/doubleattribute.h"
+#include "core/attributes/enumattribute.h"
+#include "core/attributes/enumattributeoption.h"
 #include "core/attributes/intattribute.h"
+#include "core/attributes/position2dattribute.h"
+#include "core/attributes/position3dattribute.h"
 #include "core/attributes/textattribute.h"
 #include "service/python/family.h"
 
@@ -28,6 +33,22 @@ template <typename T, Text SetValueNames>
 Class<T> resettableClass()
 {
     Class<T> table = valueClass<T, SetValueNames>();
+    table.template method<"reset_value", Form<&T::resetValue, "frame">>();
+    table.template method<"reset_localvalue", Form<&T::resetLocalvalue>>();
+    return table;
+}
+
+/// The methods of a class with a number along each axis.
+template <typename T, Text ValueNames, Text LocalNames>
+Class<T> axesClass()
+{
+    Class<T> table;
+    table.template method<"value", Form<&T::value, ValueNames>>();
+    table.template method<"localvalue", Form<&T::localvalue, LocalNames>>();
+    table.template method<"set_value", Form<&T::setValue, "frame, value: PointLike, adjust_column=False">>();
+    table.template method<"set_localvalue", Form<&T::setLocalvalue, "value: PointLike">>();
+    table.template method<"offset_value",
+                          Form<&T::offsetValue, "range: float | str | Sequence[float], delta: PointLike">>();
     table.template method<"reset_value", Form<&T::resetValue, "frame">>();
     table.template method<"reset_localvalue", Form<&T::resetLocalvalue>>();
     return table;
@@ -70,6 +91,22 @@ const Family family([]() -> std::vector<ClassTable> {
         valueClass<IntAttribute, "frame, value, adjust_column=False">()
             .method<"offset_value", Form<&IntAttribute::offsetValue, "range: float | str | Sequence[float], delta">>(),
         valueClass<TextAttribute, "frame, value">(),
+        Class<EnumAttribute>()
+            .property("options", "list[EnumAttributeOption]")
+            .method<"value", Form<&EnumAttribute::value, "frame -> EnumAttributeOption">>()
+            .method<"localvalue", Form<&EnumAttribute::localvalue, "-> EnumAttributeOption">>()
+            .method<"set_value", Form<&EnumAttribute::setValue, "frame, value: EnumAttributeOption | str | int">>()
+            .method<"set_localvalue", Form<&EnumAttribute::setLocalvalue, "value: EnumAttributeOption | str | int">>(),
+        Class<EnumAttributeOption>(),
+        Class<ColourAttribute>()
+            .method<"value", Form<&ColourAttribute::value, "frame -> Colour">>()
+            .method<"localvalue", Form<&ColourAttribute::localvalue, "-> Colour">>()
+            .method<"set_value", Form<&ColourAttribute::setValue, "frame, value: ColourLike, adjust_column=False">>()
+            .method<"set_localvalue", Form<&ColourAttribute::setLocalvalue, "value: ColourLike">>()
+            .method<"offset_value",
+                    Form<&ColourAttribute::offsetValue, "range: float | str | Sequence[float], delta: ColourLike">>(),
+        axesClass<Position2DAttribute, "frame -> Point2d", "-> Point2d">().property("default", "Point2d"),
+        axesClass<Position3DAttribute, "frame -> Point3d", "-> Point3d">().property("default", "Point3d"),
         Class<AttributeList>()
             .items("AnyAttribute")
             .keys<&keywordsOf>()

@@ -1,10 +1,12 @@
 #include "core/attributes/attributelist.h"
+#include "core/geometry/rectangles.h"
 #include "core/nodes/backdrop.h"
 #include "core/nodes/backdroplist.h"
 #include "core/nodes/cameranode.h"
 #include "core/nodes/displaynode.h"
 #include "core/nodes/groupnode.h"
 #include "core/nodes/multiportnode.h"
+#include "core/nodes/node_colour.h"
 #include "core/nodes/node_coordinates.h"
 #include "core/nodes/nodelist.h"
 #include "core/nodes/nodesubselection.h"
@@ -50,18 +52,46 @@ const Family family([]() -> std::vector<ClassTable> {
             .property<&Node::newPortsOut>("ports_out", "PortList[OutPort] | MultiPortList[OutPort]")
             .property<&Node::newPosition>("position", "Node_Coordinates", "PointLike")
             .property<&Node::newSubselections>("subselections")
+            .property<&Node::newRect>("rect")
+            .property<&Node::newColour>("colour", "Node_Colour", "ColourLike")
+            .property("matte_port", "InPort | None")
+            .property("data", "object")
             .method<"parent_scene", Form<&Node::parentScene, "-> Scene">>()
             .method<"parent_group", Form<&Node::parentGroup, "-> GroupNode">>()
             .method<"move_to", Form<pick<const QString&, int, int>(&Node::moveTo), "target, x=0, y=0">,
                     Form<pick<const Obj&, int, int>(&Node::moveTo), "target: Node | None, x=0, y=0">>(),
         Class<Node_Coordinates>(),
+        Class<Node_Colour>().method<"reset", Form<&Node_Colour::reset>>(),
         Class<GroupNode>()
             .property("multi_port_in", "Node | None")
             .property("multi_port_out", "Node | None")
             .property<&GroupNode::newNodes>("nodes", "NodeList")
-            .property<&GroupNode::newBackdrops>("backdrops"),
-        Class<PegNode>(),
-        Class<CameraNode>(),
+            .property<&GroupNode::newBackdrops>("backdrops")
+            .method<"explode", Form<&GroupNode::explode, "-> list[Node]">>(),
+        Class<PegNode>()
+            .method<"matrix", Form<&PegNode::matrix, "frame -> Matrix">>()
+            .method<"pivot", Form<&PegNode::pivot, "frame, in_use=False -> Point3d">>()
+            .method<"rotation", Form<&PegNode::rotation, "frame -> Vector3d">>()
+            .method<"scale", Form<&PegNode::scale, "frame -> Vector3d">>()
+            .method<"skew", Form<&PegNode::skew, "frame">>()
+            .method<"translation", Form<&PegNode::translation, "frame -> Vector3d">>()
+            .method<"set_matrix", Form<&PegNode::setMatrix, "frame, matrix: MatrixLike, adjust_column=False">>()
+            .method<"set_pivot", Form<&PegNode::setPivot, "frame, point: PointLike, keep_place=False">>()
+            .method<"set_rotation",
+                    Form<&PegNode::setRotation, "frame, value: float | PointLike, adjust_column=False">>()
+            .method<"set_scale", Form<&PegNode::setScale, "frame, value: PointLike, adjust_column=False">>()
+            .method<"set_skew", Form<&PegNode::setSkew, "frame, value: float, adjust_column=False">>()
+            .method<"set_translation", Form<&PegNode::setTranslation, "frame, value: PointLike, adjust_column=False">>()
+            .method<"apply_matrix",
+                    Form<&PegNode::applyMatrix, "range: float | str | Sequence[float], matrix: MatrixLike">>()
+            .method<"apply_rotation",
+                    Form<&PegNode::applyRotation, "range: float | str | Sequence[float], value: float | PointLike">>()
+            .method<"apply_scale",
+                    Form<&PegNode::applyScale, "range: float | str | Sequence[float], value: PointLike">>()
+            .method<"apply_skew", Form<&PegNode::applySkew, "range: float | str | Sequence[float], value">>()
+            .method<"apply_translation",
+                    Form<&PegNode::applyTranslation, "range: float | str | Sequence[float], value: PointLike">>(),
+        Class<CameraNode>().method<"matrix", Form<&CameraNode::matrix, "frame -> Matrix">>(),
         Class<DisplayNode>(),
         Class<ReadNode>(),
         Class<MultiPortNode>(),

@@ -37,7 +37,8 @@ const Family family([]() -> std::vector<ClassTable> {
             .property("destinations_flat", "list[InPort]")
             .property("destination_nodes_flat", "list[Node]")
             .method<"link", Form<&OutPort::link, "destination: PortLike -> Cable">>()
-            .method<"unlink", Form<&OutPort::unlink, "destination: InPort | NodesLike">>(),
+            .method<"unlink", Form<&OutPort::unlink, "destination: InPort | NodesLike">>()
+            .method<"transformation", Form<&OutPort::transformation, "frame -> Transformation">>(),
         Class<PortList>().items("Item"),
         Class<InPortList>().items("InPort").property("matte_port", "InPort | None"),
         Class<MultiPortList>()

@@ -26,10 +26,18 @@ public:
     bool isNameAcceptable(const QString&) const override { return false; }
     bool isEnabled() const override { return true; }
     void setDirty() override {}
+    void setNodeColor(const QColor&) override {}
+    bool isCacheable() const override { return true; }
+    const MO_CacheConfig& cacheConfig() const override { return cache; }
+    bool canLock() const override { return lockable; }
+    bool lock() const override { return false; }
+    bool isShowTimelineThumbnails() const override { return false; }
     bool isModeMultiInPort() const override { return false; }
     AT_Attr* findAttributeByKeyword(const QString&) const override { return nullptr; }
     typename Base::AttrIterator attrsBegin() const override { return nullptr; }
     typename Base::AttrIterator attrsEnd() const override { return nullptr; }
 
     SC_SceneCommon* scene;
+    MO_CacheConfig cache;
+    bool lockable = true;
 };

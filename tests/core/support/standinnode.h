@@ -97,6 +97,7 @@ public:
     TUGroup* group() override { return nullptr; }
     int version() const override { return 1; }
     int versionMax() const override { return 1; }
+    const MO_PortTransform* getPortTransformation(const MO_BaseContext&) const override { return transformation; }
     QColor getNodeColor() const override { return colour; }
     MO_PortMode portMode() const override { return mode; }
     unsigned int nInPorts() const override { return static_cast<unsigned int>(ins.size()); }
@@ -113,6 +114,7 @@ public:
     MO_PortMode mode = MO_FixedPorts;
     bool imageOutput = true;
     QColor colour;
+    const MO_PortTransform* transformation = nullptr;
     bool placesKnown = true; ///< False: the node tells no port's place.
     Ports ins;
     Ports outs;

@@ -25,7 +25,7 @@ protected:
 
 TEST_F(AttributeTablesTest, EachNodeTypeHasItsAttributes)
 {
-    const QString position = "position:POSITION_3D(x:DOUBLE* y:DOUBLE* z:DOUBLE*)";
+    const QString position = "position:POSITION_3D*(x:DOUBLE* y:DOUBLE* z:DOUBLE*)";
     const QString scale = "scale:SCALE_3D(x:DOUBLE* y:DOUBLE* z:DOUBLE*)";
     const QString pivot = "pivot:POSITION_3D(x:DOUBLE y:DOUBLE z:DOUBLE)";
     const struct {
@@ -33,7 +33,7 @@ TEST_F(AttributeTablesTest, EachNodeTypeHasItsAttributes)
         QString attributes;
     } rows[] = {
         {"PEG", position + ' ' + scale +
-                    " rotation:ROTATION_3D(x:DOUBLE* y:DOUBLE* z:DOUBLE*) angle:DOUBLE* skew:DOUBLE* " + pivot +
+                    " rotation:ROTATION_3D*(x:DOUBLE* y:DOUBLE* z:DOUBLE*) angle:DOUBLE* skew:DOUBLE* " + pivot +
                     " full_transform:BOOL"},
         {"READ", "drawing:DRAWING(element:ELEMENT* timing:TIMING* element_mode:BOOL*) opacity:DOUBLE* visible:BOOL* " +
                      position + ' ' + scale + " angle:DOUBLE* " + pivot},

@@ -7,6 +7,7 @@
 #include "core/host/sc_advancedflags.h"
 #include "core/host/sc_projectcmds.h"
 #include "core/host/sc_scenemarker.h"
+#include "core/host/sl_selection.h"
 #include "core/host/tu_timedvalue.h"
 #include "engine/curves/column.h"
 #include "engine/curves/columnkinds.h"
@@ -65,7 +66,8 @@ void RandomProject::change(int steps)
         &RandomProject::linkColumn,     &RandomProject::editColumn,     &RandomProject::editColumn,
         &RandomProject::editColumn,     &RandomProject::changeScene,    &RandomProject::removeNode,
         &RandomProject::changeSettings, &RandomProject::changeMarkers,  &RandomProject::changeViews,
-        &RandomProject::changeScenes,   &RandomProject::changeMetadata, &RandomProject::changeBackdrops};
+        &RandomProject::changeScenes,   &RandomProject::changeMetadata, &RandomProject::changeBackdrops,
+        &RandomProject::mark,           &RandomProject::explode};
     for (; steps > 0; --steps)
         (this->*all[below(std::size(all))])();
 }
@@ -167,6 +169,25 @@ void RandomProject::place()
     m_project.run(new tu_node::SetXYZCmd(of, numbers[below(5)], numbers[below(5)], numbers[below(5)]));
     m_project.run(new tu_node::EnabledNodeCmd(of, below(3) > 0));
     m_project.run(new tu_node::SetInstanceNameCmd(of, name()));
+}
+
+void RandomProject::mark()
+{
+    MO_Node* of = node();
+    const QColor colour = QColor::fromRgba(static_cast<unsigned int>(m_random()));
+    m_project.run(new tu_node::SetNodeColorCmd(of, below(3) ? colour : QColor()));
+    m_project.run(new tu_node::CacheNodeCmd(of, below(2)));
+    m_project.run(new tu_node::LockNodeCmd(of, below(2)));
+    m_project.run(new tu_node::ShowHideTimelineThumb(of, below(2)));
+}
+
+void RandomProject::explode()
+{
+    if (below(4) > 0)
+        return;
+    SL_Selection selection(m_project.scene().changeManager());
+    SL_SelectionUtil::addToSelection(selection, group());
+    modulenetwork_utils::selExplodeGroups(nullptr, &selection);
 }
 
 void RandomProject::addAttribute()

@@ -26,6 +26,8 @@ private:
     void addPort();
     void link();
     void place();
+    void mark();
+    void explode();
     void addAttribute();
     void removeAttribute();
     void setValue();
