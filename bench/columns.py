@@ -31,7 +31,7 @@ def measure(samples, root):
     with brindle.create(f"{root}/columns") as app:
         columns, history = app.scene.columns, app.project.history
         names = keyed(columns)
-        # Places and rotations at two frames in turn, so that none is remembered from the read before.
+        # All coordinates at two frames in turn: the path is evaluated anew for each frame.
         for kind in ("path", "turn"):
             names |= {f"{kind}1": names[kind].get_entry(17), f"{kind}2": names[kind].get_entry(32)}
         samples.in_turn({
@@ -39,8 +39,8 @@ def measure(samples, root):
             "evaluate ease": ("ease.get_entry(17)", 1),
             "evaluate velocity": ("velocity.get_entry(17)", 1),
             "evaluate expression": ("expression.get_entry(17)", 1),
-            "evaluate path": ("path1.x; path2.x", 2),
-            "evaluate rotation": ("turn1.x; turn2.x", 2),
+            "evaluate path": ("path1.x; path1.y; path1.z; path2.x; path2.y; path2.z", 6),
+            "evaluate rotation": ("turn1.x; turn1.y; turn1.z; turn2.x; turn2.y; turn2.z", 6),
         }, names)
         del names
         for _ in range(5):

@@ -31,6 +31,7 @@ void MotionPath::setPoints(const std::vector<PathPoint>& points)
     m_pieces.clear();
     m_pieces.resize(points.empty() ? 0 : points.size() - 1);
     m_hasKeyFrames = false;
+    ++m_changes;
 }
 
 // Places.
@@ -103,8 +104,13 @@ bool MotionPath::valueAt(double frame, Point3d& position) const
     position = {};
     if (m_points.empty())
         return false;
-    const auto [from, distance] = m_velocity.wayAt(frame);
-    position = positionOf(distance == 0 ? placeOf(from) : walk(from, distance));
+    const unsigned long long velocityChanges = m_velocity.points().changes();
+    if (m_recent.frame != frame || m_recent.changes != m_changes || m_recent.velocityChanges != velocityChanges) {
+        const auto [from, distance] = m_velocity.wayAt(frame);
+        m_recent = {frame, positionOf(distance == 0 ? placeOf(from) : walk(from, distance)), m_changes,
+                    velocityChanges};
+    }
+    position = m_recent.position;
     return true;
 }
 
@@ -186,6 +192,7 @@ double MotionPath::timeOf(int index) const
 /// The pieces that the control point at an index has a part in are made anew when they are asked for.
 void MotionPath::forget(int index)
 {
+    ++m_changes;
     for (int at = std::max(index - 2, 0); at < std::min(index + 2, static_cast<int>(m_pieces.size())); ++at)
         m_pieces[static_cast<std::size_t>(at)].reset();
 }

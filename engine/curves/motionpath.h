@@ -3,6 +3,8 @@
 #include "engine/curves/pathpiece.h"
 #include "engine/curves/velocitycurve.h"
 
+#include <limits>
+
 namespace brindle::engine {
 
 /// One elementary change of a path, with what takes it back.
@@ -108,6 +110,16 @@ private:
     mutable std::vector<double> m_keyFrames;                  ///< By control point; NaN for one that is no keyframe.
     mutable unsigned long long m_keyFramesOf = 0;             ///< The velocity's changes up to which that was true.
     mutable bool m_hasKeyFrames = false;
+    unsigned long long m_changes = 0; ///< Of the control points.
+
+    /// The last frame that was asked for: scripts read the three coordinates one after the other.
+    struct Recent {
+        double frame = std::numeric_limits<double>::quiet_NaN();
+        Math::Point3d position;
+        unsigned long long changes = 0;
+        unsigned long long velocityChanges = 0;
+    };
+    mutable Recent m_recent;
 };
 
 } // namespace brindle::engine
