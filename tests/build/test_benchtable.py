@@ -70,8 +70,7 @@ def test_every_row_of_the_native_side_has_its_benchmark():
 
 
 def test_every_row_of_the_python_side_is_measured_by_the_script():
-    names = ("script.py", "operations.py", "columns.py", "palettes.py", "floors/objects.py")
-    sources = "".join((BENCH / name).read_text() for name in names)
+    sources = "".join(file.read_text() for file in BENCH.rglob("*.py") if file.name != "rows.py")
     measured = set(re.findall(r'"([\w ._]+)(?:\{keyed\})?(?:/(?:\{size\}|\d+))?"', sources))
     measured |= {f"{name} keyed" for name in re.findall(r'"([\w ]+)\{keyed\}/', sources)}
     asked = {key.split("/")[0] for row in rows.PYTHON for key in (row.key, row.floor) if key}

@@ -60,6 +60,20 @@ def test_a_column_of_expressions(reopen):
             expression.get_entry(float("nan"))
 
 
+def test_a_new_column_is_empty_and_takes_a_text(app, scene):
+    made = scene.columns.create("EXPR", "Made")
+    assert type(made) is brindle.ExpressionColumn
+    assert (made.text, made[7]) == ("", 0.0)
+    made.text = "frame / 2"
+    angle = scene.nodes.create("PEG", "P").attributes["angle"]
+    angle.link(made)
+    assert angle.value(7) == 3.5
+    scene.columns.create("EXPR", "More").text = 'value("Made") + 1'
+    assert scene.columns["More"][7] == 4.5
+    app.project.history.undo(2)
+    assert (len(scene.columns), made[7]) == (1, 3.5)
+
+
 def test_setting_the_text_is_one_undo_step(reopen, folder):
     with reopen(A="frame") as app:
         history = app.project.history
