@@ -1,5 +1,7 @@
 """A palette of many colours: finding, going through, making, undoing, saving and loading them; one channel of one."""
 
+import os
+import pathlib
 import time
 
 import brindle
@@ -26,7 +28,7 @@ def measure(samples, root, repetitions=5):
                 fill(palette, SIZE)
         with samples.timed("palette undo"):
             history.undo()
-        history.redo()
+    history.redo()
     history.clear()
     middle = palette[SIZE // 2]
     names = {"palette": palette, "id": middle.id, "last": f"Colour {SIZE - 1}", "colour": middle, "history": history}
@@ -44,6 +46,12 @@ def measure(samples, root, repetitions=5):
         middle.r = (middle.r + 1) % 256
         with samples.timed("palette save", clock=time.perf_counter):
             app.save()
+        content = pathlib.Path(palette.path).read_bytes()
+        with samples.timed("floor palette save", clock=time.perf_counter):
+            with open(f"{folder}.copy", "wb") as copy:
+                copy.write(content)
+                copy.flush()
+                os.fsync(copy.fileno())
     del palette, middle, names
     app.close()
     for _ in range(repetitions):
