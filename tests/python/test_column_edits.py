@@ -279,3 +279,24 @@ def test_a_control_point_that_is_gone_or_replaced_says_so(rig):
 def test_a_slice_of_a_column_is_made_of_frames(rig, scene, cut, expected):
     scene.frame_count = 4
     assert [value.frame for value in rig["column"][cut]] == expected
+
+
+@pytest.mark.parametrize("kind", ["EASE", "VELOBASED", "3D_PATH", "QUATERNION_PATH"])
+def test_hold_values_of_every_kind_of_curve(app, folder, scene, kind):
+    column = scene.columns.create(kind, "Held")
+    column.keyframe_create([1, 5, 20])
+    history = app.project.history
+    history.clear()
+    before = support.saved(app, folder)
+    column.hold_start, column.hold_stop, column.hold_step = 2, 9, 3
+    assert (column.hold_start, column.hold_stop, column.hold_step) == (2, 9, 3)
+    assert history.list() == ["Set Start Frame for Hold", "Set Stop Frame for Hold", "Set Step for Hold"]
+    column.hold_step = -1
+    assert column.hold_step == 3
+    after = support.saved(app, folder)
+    history.undo(3)
+    assert support.saved(app, folder) == before
+    history.redo(3)
+    assert support.saved(app, folder) == after
+    assert column.control_point_size == len(column.control_points) == 3
+    assert [point.frame for point in column.control_points] == [1, 5, 20]
