@@ -46,6 +46,12 @@ double positionOf(float percent, unsigned int argument)
     return percent / 100.0;
 }
 
+/// Whether a name is the wanted one. Names of many colours differ at their ends most often, as numbered ones do.
+bool isSame(const QString& name, const QString& wanted)
+{
+    return name.size() == wanted.size() && (name.isEmpty() || name.back() == wanted.back()) && name == wanted;
+}
+
 /// The engine's colour of a colour or texture, as it is now; null for any other object.
 CM_Palette::Entry entryIn(const PaletteBaseColour* colour)
 {
@@ -227,8 +233,9 @@ PaletteBaseColour* Palette::newItem(const QString& idOrName) const
     if (const CM_Palette::Entry entry = palette.GetColorById(UT_Id::FromString(idOrName)))
         return wrapperOf(entry);
     const auto& entries = palette.colors();
-    const auto named = std::find_if(entries.begin(), entries.end(),
-                                    [&](const CM_Palette::Entry& entry) { return entry->GetColorName() == idOrName; });
+    const auto named = std::find_if(entries.begin(), entries.end(), [&](const CM_Palette::Entry& entry) {
+        return isSame(entry->GetColorName(), idOrName);
+    });
     return named == entries.end() ? nullptr : wrapperOf(*named);
 }
 
