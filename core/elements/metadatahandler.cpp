@@ -4,6 +4,8 @@
 
 namespace OMC {
 
+MetaDataHandler::MetaDataHandler(MO_Node* node) : FlaggedList(MetaDataTarget(node)) {}
+
 MetaDataHandler::MetaDataHandler(TUScene* scene) : FlaggedList(MetaDataTarget(scene)) {}
 
 std::string MetaDataHandler::__str__() const

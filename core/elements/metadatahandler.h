@@ -23,6 +23,7 @@ class BRINDLE_CORE_EXPORT MetaDataHandler : public FlaggedList<MetaDataView<List
     BRINDLE_COPYABLE(MetaDataHandler)
 
 public:
+    explicit MetaDataHandler(MO_Node* node);
     explicit MetaDataHandler(TUScene* scene);
 
     std::string __str__() const override;

@@ -2,6 +2,8 @@
 
 namespace OMC {
 
+MetaDataPair::MetaDataPair(MO_Node* node, const QString& key) : MetaDataPair(MetaDataTarget(node), key) {}
+
 MetaDataPair::MetaDataPair(TUScene* scene, const QString& key) : MetaDataPair(MetaDataTarget(scene), key) {}
 
 MetaDataPair::MetaDataPair(const MetaDataTarget& target, const QString& key) : MetaDataView(target), m_key(key) {}

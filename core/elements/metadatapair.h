@@ -20,6 +20,7 @@ class BRINDLE_CORE_EXPORT MetaDataPair : public MetaDataView<BaseObject> {
     Q_PROPERTY(bool exists READ getExists)
 
 public:
+    MetaDataPair(MO_Node* node, const QString& key);
     MetaDataPair(TUScene* scene, const QString& key);
     MetaDataPair(const MetaDataTarget& target, const QString& key);
 

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+class MO_Node;
 class TUScene;
 
 namespace OMC {
@@ -14,6 +15,7 @@ namespace OMC {
 class MetaDataStore {
 public:
     static std::unique_ptr<MetaDataStore> of(TUScene& scene);
+    static std::unique_ptr<MetaDataStore> of(MO_Node& node);
     virtual ~MetaDataStore() = default;
 
     virtual QString owner() const = 0; ///< "Scene, Scene-1".

@@ -6,16 +6,21 @@
 
 namespace OMC {
 
-/// What a wrapper of metadata belongs to: a scene.
+/// What a wrapper of metadata belongs to: a node or a scene.
 class BRINDLE_CORE_EXPORT MetaDataTarget {
 public:
+    enum Kind : quint32 { Node = 0, Scene = 1 };
+
+    explicit MetaDataTarget(MO_Node* node);
     explicit MetaDataTarget(TUScene* scene);
 
     bool isGone() const;
     std::unique_ptr<MetaDataStore> store() const; ///< The owner must be there.
 
 private:
+    WeakHandle<MO_Node> m_node;
     WeakHandle<TUScene> m_scene;
+    Kind m_kind;
 };
 
 /// A wrapper of the metadata of a target. `Base` is the class below it.

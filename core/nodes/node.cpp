@@ -1,6 +1,7 @@
 #include "core/nodes/node.h"
 
 #include "core/attributes/attributelist.h"
+#include "core/elements/metadatahandler.h"
 #include "core/frame/undo.h"
 #include "core/geometry/colour.h"
 #include "core/geometry/point3d.h"
@@ -435,6 +436,17 @@ bool Node::getThumbnailTimeline() const
 Obj Node::getData() const
 {
     throw Exception(tr("View and tool data is not currently supported."));
+}
+
+// The metadata of an invalid node are invalid themselves and say so at their first use.
+Obj Node::getMetadata() const
+{
+    return Obj(newMetadata());
+}
+
+MetaDataHandler* Node::newMetadata() const
+{
+    return new MetaDataHandler(getNode());
 }
 
 bool Node::getValid() const

@@ -14,6 +14,7 @@ namespace OMC {
 class AllocatedRect2D;
 class AttributeList;
 class Node_Colour;
+class MetaDataHandler;
 class Node_Coordinates;
 class NodeSubselectionList;
 class PortList;
@@ -52,6 +53,7 @@ class BRINDLE_CORE_EXPORT Node : public EngineView<MO_Node> {
     Q_PROPERTY(OMC::Obj matte_port READ getMattePort)
     Q_PROPERTY(bool thumbnail_timeline READ getThumbnailTimeline WRITE setThumbnailTimeline)
     Q_PROPERTY(OMC::Obj data READ getData)
+    Q_PROPERTY(OMC::Obj metadata READ getMetadata)
     Q_PROPERTY(bool valid READ getValid)
     Q_PROPERTY(OMC::Obj subselections READ getSubselections)
 
@@ -120,7 +122,9 @@ public:
     virtual void setThumbnailTimeline(bool shown);
     virtual bool getThumbnailTimeline() const; ///< Whether the timeline shows the node's pictures in small.
     virtual Obj getData() const;               ///< Not supported: reading it fails.
-    virtual bool getValid() const;             ///< Whether the node is still there; never fails.
+    virtual Obj getMetadata() const;           ///< The named values that the node carries along.
+    MetaDataHandler* newMetadata() const;
+    virtual bool getValid() const; ///< Whether the node is still there; never fails.
 
     /// The handles of the node's gizmo that a person can pick; a list of an invalid node fails at its first use.
     Obj getSubselections() const;

@@ -120,6 +120,7 @@ def samples(app):
     scene.metadata["Sample-Data"] = "text"
     element = app.elements.create("Sample-Element" + "-again" * len(app.elements))
     drawing = element.drawings.create("1")
+    peg.metadata["Sample-Data"] = 7
     into_group = group.ports_in.create("peg")
     into_group.link(peg)
     inner.ports_in[0].link(group.multi_port_in.ports_out[0])
@@ -143,6 +144,8 @@ def samples(app):
         "unit converter": scene.unit_converter,
         "metadata": scene.metadata,
         "metadata pair": scene.metadata["Sample-Data"],
+        "metadata of a node": peg.metadata,
+        "metadata pair of a node": peg.metadata["Sample-Data"],
         "nodes of the scene": nodes,
         "nodes of a group": group.nodes,
         "copied nodes": nodes.copy(),

@@ -1,4 +1,4 @@
-"""Metadata of scenes: what a script reads and writes, what the undo list calls it, and what a project keeps of it."""
+"""Metadata of scenes and nodes: what a script reads and writes, what the undo list calls it, and what a project keeps of it."""
 
 import brindle
 import pytest
@@ -114,3 +114,59 @@ def test_removing_what_is_not_there_is_no_error_and_no_entry(history, metadata):
     metadata.remove("x")
     metadata["x"] = None
     assert history.list() == []
+
+
+def test_a_node_keeps_its_metadata_in_attributes_of_its_own(app, folder, history, peg):
+    metadata = peg.metadata
+    assert str(metadata) == "MetadataHandler(Node, Top/Arm)" and not len(metadata) and "a" not in metadata
+    assert (metadata["a"].type, metadata["a"].value, metadata["a"].exists) == ("NULL", None, False)
+    values = {"approved": True, "takes": 3, "seconds": 2.5, "shot": "SQ010"}
+    for key, value in values.items():
+        before = support.saved(app, folder)
+        metadata[key] = value
+        assert history.list()[-1] == f"Set Node Metadata :{key}"
+        after = support.saved(app, folder)
+        history.undo(1)
+        assert support.saved(app, folder) == before
+        history.redo(1)
+        assert support.saved(app, folder) == after
+    assert metadata.map() == values and type(metadata["takes"].value) is int
+    assert {pair.key: pair.type for pair in metadata} == {"approved": "BOOL", "takes": "DOUBLE", "seconds": "DOUBLE",
+                                                          "shot": "TEXT"}
+    assert peg.attributes["meta.takes"].localvalue() == 3 and peg.attributes["meta.takes"].dynamic
+    assert "SHOT" not in metadata and "shot" in metadata
+    assert str(metadata["shot"]) == "MetaDataPair(Node, Top/Arm, shot)"
+    metadata["shot"] = 1.5
+    metadata["takes"].value = 4
+    metadata.remove("approved")
+    values = {"seconds": 2.5, "shot": 1.5, "takes": 4}
+    assert metadata.map() == values
+    app.save()
+    with brindle.open(folder) as again:
+        assert again.scene.nodes["Top/Arm"].metadata.map() == values
+
+
+def test_a_node_has_no_creators_and_refuses_what_it_cannot_keep(state, peg):
+    peg.metadata["shot"] = "x"
+    pair = peg.metadata["shot"]
+    creator = "Creator information on node metadata is not supported."
+    version = "Version information on node metadata is not supported."
+    failed = "Failed to modify metadata."
+    before = state()
+    for call, message in ((lambda: pair.creator, creator), (lambda: setattr(pair, "creator", "me"), creator),
+                          (lambda: pair.version, version), (lambda: setattr(pair, "version", "1"), version),
+                          (lambda: setattr(pair, "value", [1]), failed), (lambda: setattr(pair, "value", 2**40), failed),
+                          (lambda: setattr(pair, "value", float("nan")), failed),
+                          (lambda: peg.metadata.set("", 1), failed), (lambda: peg.metadata.set("a.b", 1), failed),
+                          (lambda: peg.metadata[1], "Index is out of range.")):
+        assert support.message_of(call) == message
+        assert state() == before
+    peg.metadata.remove("x")
+    assert state() == before
+
+
+def test_an_attribute_of_that_name_which_is_no_group_is_left_alone(state, peg):
+    peg.attributes.create_dynamic_attr("meta", "INT")
+    before = state()
+    assert support.message_of(peg.metadata.set, "a", 1) == "Failed to find metadata information."
+    assert not len(peg.metadata) and state() == before

@@ -35,6 +35,11 @@ class UndoMachine(UndoModel):
     def metadata(self, key, value):
         self.do(f"Set Scene Metadata :{key}", lambda: self.scene.metadata.set(key, value))
 
+    @rule(index=INDEX, key=NAME, value=st.one_of(st.none(), st.booleans(), st.integers(-9, 9), NUMBER, NAME, st.just([1])))
+    def node_metadata(self, index, key, value):
+        if node := self.node(index):
+            self.do(f"Set Node Metadata :{key}", lambda: node.metadata.set(key, value))
+
     @rule(index=INDEX, field=st.sampled_from(["creator", "version"]), text=NAME)
     def metadata_field(self, index, field, text):
         if pair := pick(self.scene.metadata.list(), index):

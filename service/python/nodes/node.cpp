@@ -1,4 +1,5 @@
 #include "core/attributes/attributelist.h"
+#include "core/elements/metadatahandler.h"
 #include "core/geometry/rectangles.h"
 #include "core/nodes/backdrop.h"
 #include "core/nodes/backdroplist.h"
@@ -50,6 +51,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .property<&Node::newAttributes>("attributes")
             .property<&Node::newPortsIn>("ports_in", "InPortList | MultiInPortList")
             .property<&Node::newPortsOut>("ports_out", "PortList[OutPort] | MultiPortList[OutPort]")
+            .property<&Node::newMetadata>("metadata")
             .property<&Node::newPosition>("position", "Node_Coordinates", "PointLike")
             .property<&Node::newSubselections>("subselections")
             .property<&Node::newRect>("rect")
