@@ -148,7 +148,7 @@ def stub_operators(module, entry):
         "__len__": ["def __len__(self) -> int: ..."],
         "__getitem__": ["@overload", found, "@overload", f"def __getitem__(self, key: slice) -> _list[{item}]: ..."]
         if entry["slices"] else [found],
-        "__setitem__": [f"def __setitem__(self, key: {key}, value: object) -> None: ..."],
+        "__setitem__": [f"def __setitem__(self, key: {key}{' | slice' * entry['sliceWrites']}, value: object) -> None: ..."],
         "__contains__": ["def __contains__(self, value: object) -> bool: ..."],
         "__call__": [f"def __call__(self, name: str) -> {item}: ..."],
         "__iter__": [f"def __iter__(self) -> Iterator[{item}]: ..."],

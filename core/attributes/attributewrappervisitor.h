@@ -3,11 +3,14 @@
 #include "core/attributes/boolattribute.h"
 #include "core/attributes/colourattribute.h"
 #include "core/attributes/doubleattribute.h"
+#include "core/attributes/drawingattribute.h"
+#include "core/attributes/elementattribute.h"
 #include "core/attributes/enumattribute.h"
 #include "core/attributes/intattribute.h"
 #include "core/attributes/position2dattribute.h"
 #include "core/attributes/position3dattribute.h"
 #include "core/attributes/textattribute.h"
+#include "core/attributes/timingattribute.h"
 #include "core/host/at_attr.h"
 
 #include <QString>
@@ -33,8 +36,8 @@ struct AttributeWrapperTable {
 using AttributeWrappers = AttributeWrapperTable<
     AttributeWrapper<AT_BoolAttr, BoolAttribute>, AttributeWrapper<AT_IntAttr, IntAttribute>,
     AttributeWrapper<AT_DoubleAttr, DoubleAttribute>, AttributeWrapper<AT_StringAttr, TextAttribute>,
-    AttributeWrapper<AT_EnumAttrBase, EnumAttribute>, AttributeWrapper<AT_ElementAttr, Attribute>,
-    AttributeWrapper<AT_TimingAttr, Attribute>, AttributeWrapper<AT_DrawingAttr, Attribute>,
+    AttributeWrapper<AT_EnumAttrBase, EnumAttribute>, AttributeWrapper<AT_ElementAttr, ElementAttribute>,
+    AttributeWrapper<AT_TimingAttr, TimingAttribute>, AttributeWrapper<AT_DrawingAttr, DrawingAttribute>,
     AttributeWrapper<AT_ColorAttr, ColourAttribute>, AttributeWrapper<AT_Position2dAttr, Position2DAttribute>,
     AttributeWrapper<AT_Scale3dAttr, Position3DAttribute>, AttributeWrapper<AT_Rotation3dAttr, Position3DAttribute>,
     AttributeWrapper<AT_Position3dAttr, Position3DAttribute>, AttributeWrapper<AT_DynGroupAttr, Attribute>,

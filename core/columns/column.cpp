@@ -151,6 +151,18 @@ void Column::set(int frame, const QVariant& value)
     setEntry(frame, value, -1);
 }
 
+void Column::setEach(int first, int step, const QVariantList& values)
+{
+    const undo::Scope scope(commandManager(), tr("Set Xsheet Entries"));
+    qint64 frame = first;
+    for (const QVariant& value : values) {
+        if (frame < std::numeric_limits<int>::min() || frame > std::numeric_limits<int>::max())
+            throwInvalidArgument(0);
+        set(static_cast<int>(frame), value);
+        frame += step;
+    }
+}
+
 // Required: the invalid values ahead of the entries. Scripts index the list behind them.
 QList<QVariant> Column::list() const
 {

@@ -60,6 +60,8 @@ public:
     QVariant get(int frame) const override;
     virtual void set(const QString& frame, const QVariant& value); ///< Writes the entry at a frame.
     virtual void set(int frame, const QVariant& value);
+    /// Writes the entries at frames from `first` on, by steps, in one undo entry: column[1:61] = values.
+    virtual void setEach(int first, int step, const QVariantList& values);
     /// As many empty values as the scene has frames, one more, and behind them the entries.
     virtual QList<QVariant> list() const;
 

@@ -2,8 +2,10 @@
 
 #include "core/columns/beziercolumn.h"
 #include "core/columns/beziercontrolpoint.h"
+#include "core/columns/drawingtimingcolumn.h"
 #include "core/columns/easecolumn.h"
 #include "core/columns/easecontrolpoint.h"
+#include "core/columns/elementcolumn.h"
 #include "core/columns/expressioncolumn.h"
 #include "core/columns/path3dcontrolpoint.h"
 #include "core/columns/quaternioncolumn.h"
@@ -49,6 +51,8 @@ template <typename Base>
 using VisitColumnClasses = VisitEach<Base,                                                                       //
                                      ColumnClass<TUTimedValue, Column, NoControlPoints>,                         //
                                      ColumnClass<TUExprTimedValue, ExpressionColumn, NoControlPoints>,           //
+                                     ColumnClass<TUElementTimedValue, ElementColumn, NoControlPoints>,           //
+                                     ColumnClass<TUTimingTimedValue, DrawingTimingColumn, NoControlPoints>,      //
                                      ColumnClass<AT_FncTimedValue, KeyframeableColumn, NoControlPoints>,         //
                                      ColumnClass<TUBezierTimedValue, BezierColumn, BezierControlPoint>,          //
                                      ColumnClass<TUEaseTimedValue, EaseColumn, EaseControlPoint>,                //

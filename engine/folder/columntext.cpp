@@ -1,5 +1,7 @@
 #include "engine/folder/columntext.h"
 
+#include "core/host/sc_scene.h"
+#include "core/host/tu_elementmgr.h"
 #include "engine/curves/column.h"
 #include "engine/curves/columnkinds.h"
 #include "engine/curves/columnlist.h"
@@ -47,9 +49,14 @@ void readColumn(const JsonPlace& place, ColumnList& columns)
     const auto anonymous = place.ifField("anonymous");
     std::unique_ptr<Column> column = kind.make(name.text(), anonymous && anonymous->flag());
     column->read(place);
+    const Column& own = *column;
     std::unique_ptr<TUTimedValue> given = Column::asTimedValue(std::move(column));
     if (!columns.insert(given, -1))
         name.fail(name.text().isEmpty() ? QStringLiteral("is empty") : QStringLiteral("is the name of another column"));
+    const int element = own.elementId();
+    const TUElementMgr* elements = own.scene()->elementManager();
+    if (element >= 0 && (!elements || elements->elementById(element).id() < 0))
+        place.field("element").fail(QStringLiteral("is not the id of an element"));
 }
 
 void linkColumn(const JsonPlace& place, TUTimedValue& column, const DrivenAttributes& driven)

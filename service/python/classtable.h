@@ -53,6 +53,8 @@ struct Operators {
     PyObject* (*itemByKey)(OMC::BaseObject*, const QString&) = nullptr;
     void (*setItem)(PyObject* self, PyObject* key, PyObject* value) = nullptr;
     bool isNumbered = false; ///< An index is a number that the item has, and no place: there are no slices.
+    /// Writes items from an index on, by steps: `list[first:stop:step] = values`.
+    void (*setSlice)(PyObject* self, Py_ssize_t first, Py_ssize_t step, PyObject* values) = nullptr;
     bool (*contains)(PyObject* self, PyObject* value) = nullptr;
     bool containsTextOnly = false; ///< Other values are looked for by going through the list.
     PyObject* (*call)(OMC::BaseObject*, const QString&) = nullptr;
@@ -438,6 +440,14 @@ void Class<T>::deriveOperators()
         };
     } else if constexpr (requires(int i, const std::string& v) { self(nullptr).set(i, v); }) {
         operators.setItem = &assignItem<unsigned int, std::string>;
+    }
+    if constexpr (requires(const QVariantList& values) { self(nullptr).setEach(1, 1, values); }) {
+        operators.setSlice = [](PyObject* list, Py_ssize_t first, Py_ssize_t step, PyObject* values) {
+            convertAndCall([values] { return variantFrom(values).toList(); },
+                           [&](const QVariantList& read) {
+                               self(heldObject(list)).setEach(static_cast<int>(first), static_cast<int>(step), read);
+                           });
+        };
     }
     if constexpr (
         requires(const QString& k) { self(nullptr).contains(k); } &&

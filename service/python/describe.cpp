@@ -100,6 +100,7 @@ PyObject* describeClasses()
             {"methods", describeMethods(table.methods)},
             {"operators", operatorNames(table.operators)},
             {"slices", table.operators.length && table.operators.itemByIndex && !table.operators.isNumbered},
+            {"sliceWrites", table.operators.setSlice != nullptr},
             {"byIndex", bool(table.operators.itemByIndex)},
             {"byKey", bool(table.operators.itemByKey)},
             {"keys", bool(table.operators.keys)},

@@ -1,5 +1,8 @@
 #include "service/python/operators.h"
 
+#include <cstdlib>
+#include <limits>
+
 namespace brindle::python {
 
 namespace {
@@ -74,11 +77,53 @@ PyObject* subscript(PyObject* self, PyObject* key)
     });
 }
 
+/// Writes the items of a slice. It may lie behind the last item, but has as many places as there are values.
+void assignSlice(PyObject* self, PyObject* slice, PyObject* values)
+{
+    const Operators& operators = operatorsOf(self);
+    const Py_ssize_t count = PyUnicode_Check(values) ? -1 : PySequence_Size(values);
+    if (count < 0) {
+        PyErr_Clear();
+        throwArgument(1, "a sequence", values);
+    }
+    Py_ssize_t start = 0;
+    Py_ssize_t stop = 0;
+    Py_ssize_t step = 0;
+    if (PySlice_Unpack(slice, &start, &stop, &step) < 0)
+        throw PythonError{};
+    const auto* parts = reinterpret_cast<PySliceObject*>(slice);
+    const Py_ssize_t end = operators.firstIndex + operators.length(objectOf(self));
+    if (start < 0)
+        start += end;
+    if (parts->start == Py_None)
+        start = step > 0 ? operators.firstIndex : end - 1;
+    if (stop < 0 && parts->stop != Py_None)
+        stop += end;
+    constexpr Py_ssize_t most = std::numeric_limits<int>::max();
+    if (start < operators.firstIndex || start > most || step > most || step < -most)
+        throwTypeError("The slice lies outside of %s", Py_TYPE(self)->tp_name);
+    if (parts->stop != Py_None) {
+        const Py_ssize_t distance = step > 0 ? stop - start : start - stop;
+        const Py_ssize_t size = std::abs(step);
+        const Py_ssize_t places = distance <= 0 ? 0 : (distance - 1) / size + 1;
+        if (places != count) {
+            PyErr_Format(PyExc_ValueError, "attempt to assign sequence of size %zd to slice of size %zd", count,
+                         places);
+            throw PythonError{};
+        }
+    }
+    operators.setSlice(self, start, step, values);
+}
+
 int assignSubscript(PyObject* self, PyObject* key, PyObject* value)
 {
     return guarded([&] {
         if (!value)
             throwTypeError("Items of %s can't be deleted", Py_TYPE(self)->tp_name);
+        if (PySlice_Check(key) && operatorsOf(self).setSlice) {
+            assignSlice(self, key, value);
+            return 0;
+        }
         if (!PyIndex_Check(key) && !PyUnicode_Check(key))
             throwArgument(0, "an index", key);
         operatorsOf(self).setItem(self, key, value);

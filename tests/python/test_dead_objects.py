@@ -29,7 +29,7 @@ ANSWERS = {
     (None, "position"): "<brindle.Node_Coordinates, no longer valid>",
     **{(node, "colour"): "<brindle.Node_Colour, no longer valid>" for node in NODES},
     (None, "data"): "View and tool data is not currently supported.",
-    (None, "metadata"): "<brindle.MetaDataHandler, no longer valid>",
+    ("scene", "metadata"): support.GONE, (None, "metadata"): "<brindle.MetaDataHandler, no longer valid>",
     (None, "subselections"): "<brindle.NodeSubselectionList, no longer valid>",
     ("backdrop", "str"): "'Backdrop()'",
     ("backdrop", "match"): "Invalid argument at index 0.",

@@ -4,12 +4,15 @@
 #include "core/attributes/boolattribute.h"
 #include "core/attributes/colourattribute.h"
 #include "core/attributes/doubleattribute.h"
+#include "core/attributes/drawingattribute.h"
+#include "core/attributes/elementattribute.h"
 #include "core/attributes/enumattribute.h"
 #include "core/attributes/enumattributeoption.h"
 #include "core/attributes/intattribute.h"
 #include "core/attributes/position2dattribute.h"
 #include "core/attributes/position3dattribute.h"
 #include "core/attributes/textattribute.h"
+#include "core/attributes/timingattribute.h"
 #include "service/python/family.h"
 
 namespace brindle::python {
@@ -107,6 +110,25 @@ const Family family([]() -> std::vector<ClassTable> {
                     Form<&ColourAttribute::offsetValue, "range: float | str | Sequence[float], delta: ColourLike">>(),
         axesClass<Position2DAttribute, "frame -> Point2d", "-> Point2d">().property("default", "Point2d"),
         axesClass<Position3DAttribute, "frame -> Point3d", "-> Point3d">().property("default", "Point3d"),
+        Class<DrawingAttribute>()
+            .property<&DrawingAttribute::getElement>("element", "Element | None")
+            .property("drawing", "ElementAttribute | TimingAttribute")
+            .property("timing", "Column | None")
+            .method<"value", Form<&DrawingAttribute::value, "frame">>()
+            .method<"localvalue", Form<&DrawingAttribute::localvalue>>()
+            .method<"set_value", Form<&DrawingAttribute::setValue, "frame, drawings: DrawingsLike">>()
+            .method<"set_localvalue", Form<&DrawingAttribute::setLocalvalue, "drawings: DrawingsLike">>()
+            .method<"set_element", Form<&DrawingAttribute::setElement, "element: Element | int">>()
+            .method<"scale_factor", Form<&DrawingAttribute::scaleFactor, "frame">>(),
+        Class<ElementAttribute>()
+            .property<&ElementAttribute::getElement>("element", "Element | None", "Element | int")
+            .method<"value", Form<&ElementAttribute::value, "frame">>()
+            .method<"set_value", Form<&ElementAttribute::setValue, "frame, drawings: DrawingsLike">>(),
+        Class<TimingAttribute>()
+            .method<"value", Form<&TimingAttribute::value, "frame">>()
+            .method<"localvalue", Form<&TimingAttribute::localvalue>>()
+            .method<"set_value", Form<&TimingAttribute::setValue, "frame, drawings: DrawingsLike">>()
+            .method<"set_localvalue", Form<&TimingAttribute::setLocalvalue, "drawings: DrawingsLike">>(),
         Class<AttributeList>()
             .items("AnyAttribute")
             .keys<&keywordsOf>()

@@ -6,9 +6,11 @@
 #include "core/columns/columnlist.h"
 #include "core/columns/columnvalue.h"
 #include "core/columns/controlpointlist.h"
+#include "core/columns/drawingtimingcolumn.h"
 #include "core/columns/easecolumn.h"
 #include "core/columns/easecolumnvalue.h"
 #include "core/columns/easecontrolpoint.h"
+#include "core/columns/elementcolumn.h"
 #include "core/columns/expressioncolumn.h"
 #include "core/columns/keyframeablecolumn.h"
 #include "core/columns/path3dcolumnvalue.h"
@@ -63,6 +65,46 @@ const Family family([]() -> std::vector<ClassTable> {
             .method<"keyframe_exists", Form<&KeyframeableColumn::keyframeExists, "frames: FramesLike">>()
             .method<"keyframe_clear", Form<&KeyframeableColumn::keyframeClear, "start, end">>()
             .method<"keyframe_list", Form<&KeyframeableColumn::keyframeList>>(),
+        Class<ElementColumn>()
+            .alias("FrameRangesLike", "int | dict[str, int] | Sequence[object]",
+                   "A frame, a dictionary of a first and a last frame ({\"from\": 2, \"to\": 4}), or a list of these.")
+            .items("ElementDrawing | str | None")
+            .property("drawings", "ElementDrawingList | None")
+            .property<&ElementColumn::getElement>("element", "Element | None", "Element | int")
+            .method<"get", Form<pick<int>(&ElementColumn::get), "frame -> ElementDrawing | str | None">,
+                    Form<pick<const QString&>(&Column::get), "frame -> ElementDrawing | str | None">>()
+            .method<"set", Form<pick<int, const QVariant&>(&ElementColumn::set), "frame, drawings: object">,
+                    Form<pick<const QString&, const QVariant&>(&Column::set), "frame, drawings: object">>()
+            .method<"attach_new_element",
+                    Form<&ElementColumn::attachNewElement, "name, scan_type='COLOR', field_chart=12.0, "
+                                                           "pixmap_format='PNG', vector_type='PNT' -> Element">>()
+            .method<"drawing", Form<&ElementColumn::drawing, "frame -> ElementDrawing | None">>()
+            .method<"generate", Form<&ElementColumn::generate, "frame, by_frame=False -> ElementDrawing">>()
+            .method<"drawing_type", Form<&ElementColumn::drawingType, "frame">>()
+            .method<"set_drawing_type", Form<&ElementColumn::setDrawingType, "frame, type">>()
+            .method<"drawing_version", Form<&ElementColumn::drawingVersion, "timing">>()
+            .method<"drawing_delete", Form<&ElementColumn::drawingDelete, "frames: FrameRangesLike">>()
+            .method<"drawing_duplicate",
+                    Form<&ElementColumn::drawingDuplicate, "frame -> ElementDrawing | str | None">>()
+            .method<"key_exposure_add", Form<&ElementColumn::keyExposureAdd, "frames: FrameRangesLike">>()
+            .method<"key_exposure_remove", Form<&ElementColumn::keyExposureRemove, "frames: FrameRangesLike">>()
+            .method<"key_exposure_remove_duplicate",
+                    Form<&ElementColumn::keyExposureRemoveDuplicate, "frames: FrameRangesLike">>()
+            .method<"key_exposure_next", Form<&ElementColumn::keyExposureNext,
+                                              "frame, marks: str | Sequence[str] | None = None -> int | None">>()
+            .method<"fill_empty", Form<&ElementColumn::fillEmpty, "start, end">>()
+            .method<"clear", Form<&ElementColumn::clear, "start, count, ripple=False">>(),
+        Class<DrawingTimingColumn>()
+            .items("str")
+            .method<"drawing_delete", Form<&DrawingTimingColumn::drawingDelete, "frame">>()
+            .method<"drawing_duplicate", Form<&DrawingTimingColumn::drawingDuplicate, "frame -> str">>()
+            .method<"fill_empty", Form<&DrawingTimingColumn::fill_empty, "start, end">>()
+            .method<"key_exposure_add", Form<&DrawingTimingColumn::keyExposureAdd, "frame">>()
+            .method<"key_exposure_remove",
+                    Form<&DrawingTimingColumn::keyExposureRemove, "frame, duplicates_only=False">>()
+            .method<"line_test_fill",
+                    Form<&DrawingTimingColumn::lineTestFill, "start, end, prefix, empty_only=False">>()
+            .method<"contains", Form<&DrawingTimingColumn::contains, "value: object">>(),
         Class<ExpressionColumn>().items("float"),
         Class<BezierColumn>()
             .items("BezierColumnValue")
