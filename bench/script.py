@@ -22,6 +22,7 @@ import brindle
 
 import columns
 import elements
+import exposures
 import operations
 import palettes
 from floors import objects
@@ -219,6 +220,7 @@ def main():
         palettes.measure(samples, root)
         columns.measure(samples, root)
         elements.measure(samples, root)
+        exposures.measure(samples, root)
         with brindle.create(f"{root}/10") as app:
             create_nodes(app.scene, 10)
             search(app, 10)

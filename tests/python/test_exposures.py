@@ -6,33 +6,15 @@ import brindle
 import pytest
 
 import support
+from exposuresheet import project_with_sheet
 
 UNUSABLE = "Unexpected argument -- unable to identify a drawing or a drawing name."
 
 
 @pytest.fixture
 def sheet(folder):
-    """An open project whose scene has a drawing column "Arm" of the element "Arm", linked to the node "Arm", one
-    without an element, linked to "Bare", and a timing column, linked to "Mouth"."""
-    with brindle.create(folder) as app:
-        element = app.elements.create("Arm")
-        for name in ("Arm", "Bare", "Mouth"):
-            app.scene.nodes.create("READ", name)
-        app.save()
-    path = folder / "scenes" / "Scene-1.json"
-    scene = json.loads(path.read_text())
-    scene["columns"] = [{"name": "Arm", "type": "DRAWING", "element": 1, "exposures": []},
-                        {"name": "Bare", "type": "DRAWING", "exposures": []},
-                        {"name": "Mouth", "type": "TIMING", "exposures": []}]
-    links = {"Arm": ("drawing.element", "Arm"), "Bare": ("drawing.element", "Bare"),
-             "Mouth": ("drawing.timing", "Mouth")}
-    for node in scene["nodes"]:
-        if node["name"] in links:
-            keyword, column = links[node["name"]]
-            node["columns"] = {keyword: column}
-    path.write_text(json.dumps(scene))
-    with brindle.open(folder) as app:
-        assert element
+    """The open project of the tests."""
+    with brindle.open(project_with_sheet(folder)) as app:
         yield app
 
 

@@ -4,6 +4,8 @@ import brindle
 from hypothesis import strategies as st
 from hypothesis.stateful import precondition, rule
 
+import support
+from exposuresheet import project_with_sheet
 from undomodel import NAME, UndoModel, pick
 
 INDEX = st.integers(0, 1000)
@@ -11,11 +13,23 @@ FRAME = st.integers(-3, 70)
 NUMBER = st.one_of(st.integers(-5, 5).map(float), st.floats(-1e6, 1e6), st.sampled_from([0.0, -0.0, 1e-300, 1e15]))
 TYPE = st.sampled_from(["PEG", "PEG", "READ", "CAMERA", "DISPLAY", "COMPOSITE", "WRITE", "GROUP", "GROUP", "COLOR_CARD",
                         "BLUR", "CUTTER", "MULTIPORT_IN", "MULTIPORT_OUT", "NOTHING"])
+DRAWING = st.sampled_from(["a", "b", "12", "", "x/y"])
 PORT = st.sampled_from([None, "image", "peg"])
 SOME_FRAMES = st.one_of(FRAME, st.lists(FRAME, max_size=4), st.floats(0, 60).map(lambda frame: round(frame, 2)))
 
 
 class UndoMachine(UndoModel):
+    def make_project(self):
+        """One with drawing columns and a timing column beside the samples."""
+        app = brindle.open(project_with_sheet(self.folder))
+        support.samples(app)
+        app.project.history.clear()
+        return app
+
+    def sheet(self, kind, index):
+        """A column of drawings, or none."""
+        return pick([attribute.column for attribute in self.attributes(kind) if attribute.column is not None], index)
+
     # The scene.
 
     @rule(count=st.integers(-1, 90))
@@ -44,6 +58,39 @@ class UndoMachine(UndoModel):
     def metadata_field(self, index, field, text):
         if pair := pick(self.scene.metadata.list(), index):
             self.do(f"Set Scene Metadata :{pair.key}", lambda: setattr(pair, field, text))
+
+    # Exposures.
+
+    @rule(index=INDEX, frame=FRAME, names=st.one_of(DRAWING, st.lists(DRAWING, max_size=5)))
+    def expose(self, index, frame, names):
+        if column := self.sheet(brindle.ElementAttribute, index):
+            self.do("Setting drawing(s) in drawing column.", lambda: column.set(frame, names))
+
+    @rule(index=INDEX, first=FRAME, last=FRAME, edit=st.sampled_from([
+        ("key_exposure_add", "Add Key Exposures"), ("key_exposure_remove", "Remove Key Exposures"),
+        ("key_exposure_remove_duplicate", "Remove Duplicate Key Exposures"), ("drawing_delete", "Delete Drawings")]))
+    def exposure_range(self, index, first, last, edit):
+        if column := self.sheet(brindle.ElementAttribute, index):
+            self.do(edit[1], lambda: getattr(column, edit[0])({"from": first, "to": last}))
+
+    @rule(index=INDEX, frame=FRAME, count=st.integers(0, 9), flag=st.booleans())
+    def exposure_edit(self, index, frame, count, flag):
+        if column := self.sheet(brindle.ElementAttribute, index):
+            self.do("Clearing drawing frames.", lambda: column.clear(frame, count, flag))
+            self.do("Fill Empty Cells", lambda: column.fill_empty(frame, frame + count))
+            self.do("Duplicate Drawing", lambda: column.drawing_duplicate(frame))
+            self.do("Generate Drawing", lambda: column.generate(frame, flag))
+
+    @rule(index=INDEX, frame=FRAME, count=st.integers(-1, 9), prefix=DRAWING, flag=st.booleans())
+    def line_test(self, index, frame, count, prefix, flag):
+        if column := self.sheet(brindle.TimingAttribute, index):
+            self.do("Line Test Fill", lambda: column.line_test_fill(frame, frame + count, prefix or "LT", flag))
+
+    @rule(index=INDEX, to=INDEX)
+    def shown_element(self, index, to):
+        if column := self.sheet(brindle.ElementAttribute, index):
+            element = pick(self.app.elements.list(), to)
+            self.do("Modifying Drawing's element.", lambda: setattr(column, "element", element or -1))
 
     # Nodes.
 
