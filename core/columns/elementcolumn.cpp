@@ -61,19 +61,22 @@ unsigned int ElementColumn::nFrames() const
 
 QVariant ElementColumn::get(int frame) const
 {
+    QString name;
+    if (ElementDrawing* drawing = newDrawingAt(frame, name))
+        return toVariant(drawing);
+    return name.isNull() ? QVariant() : QVariant(name);
+}
+
+ElementDrawing* ElementColumn::newDrawingAt(int frame, QString& name) const
+{
     const auto& column = elementColumn();
     bool isKey = false;
     bool isHeld = false;
     bool isBlank = false;
     bool isLocked = false;
-    QString name;
     column.getValueForXsheet(frame, 1, &name, isKey, isHeld, isBlank, isLocked);
-    if (name.isNull())
-        return {};
     const int element = column.elementId();
-    if (element < 0)
-        return name;
-    return toVariant(new ElementDrawing(element, name, QString()));
+    return name.isNull() || element < 0 ? nullptr : new ElementDrawing(element, name, QString());
 }
 
 void ElementColumn::set(int frame, const QVariant& drawings)

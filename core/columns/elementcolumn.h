@@ -42,8 +42,8 @@ public:
     void set(int frame, const QVariant& drawings) override;
 
     void setEach(int first, int step, const QVariantList& drawings) override;
-    /// The same as `get`, for a caller that takes the wrapper itself; null for a name alone.
-    ElementDrawing* newDrawingAt(double frame) const;
+    /// The same as `get`, for a caller that takes the wrapper itself; null where there is a name alone, or none.
+    ElementDrawing* newDrawingAt(int frame, QString& name) const;
 
     /// Makes an element and shows it in the column. The arguments are those of the element list's `create`.
     virtual Obj attachNewElement(const QString& name, const QString& scanType, double fieldChart,

@@ -207,10 +207,9 @@ CO_Command* DuplicateDrawingCmd::Create(TUSeqTimedValue* column, int, double fra
             commands->add(Create(elements, CA_CelKeyElement(element, id, layer),
                                  CA_CelKeyElement(element, EM_InvalidDrawingId, layer), name));
     }
-    commands->add(sheet->editCommand([cell, name](const Exposures& exposures) {
-                           return exposures.exposed(cell, {name});
-                       })
-                      .release());
+    commands->add(
+        sheet->editCommand([cell, name](const Exposures& exposures) { return exposures.exposed(cell, {name}); })
+            .release());
     return commands.release();
 }
 

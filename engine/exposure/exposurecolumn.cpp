@@ -91,13 +91,13 @@ void ExposureColumn<Host>::getValueForXsheet(double frame, int, QString* text, b
                                              bool& isLocked) const
 {
     const int cell = cellAt(frame);
-    const QString drawing = m_exposures.at(cell);
-    isKey = m_exposures.isKey(cell);
-    isBlank = drawing.isEmpty();
+    const Exposure* exposure = m_exposures.find(cell);
+    isBlank = !exposure || exposure->drawing.isEmpty();
+    isKey = !isBlank && exposure->frame == cell;
     isHeld = !isKey && !isBlank;
     isLocked = false;
     if (text)
-        *text = drawing;
+        *text = isBlank ? QString() : exposure->drawing;
 }
 
 template <typename Host>

@@ -71,11 +71,17 @@ std::size_t Exposures::placeFrom(int frame) const
     return static_cast<std::size_t>(found - m_all.begin());
 }
 
-QString Exposures::at(int frame) const
+const Exposure* Exposures::find(int frame) const
 {
     const auto behind = std::upper_bound(m_all.begin(), m_all.end(), frame,
                                          [](int at, const Exposure& exposure) { return at < exposure.frame; });
-    return behind == m_all.begin() || std::prev(behind)->drawing.isEmpty() ? QString() : std::prev(behind)->drawing;
+    return behind == m_all.begin() ? nullptr : &*std::prev(behind);
+}
+
+QString Exposures::at(int frame) const
+{
+    const Exposure* exposure = find(frame);
+    return exposure && !exposure->drawing.isEmpty() ? exposure->drawing : QString();
 }
 
 bool Exposures::isKey(int frame) const

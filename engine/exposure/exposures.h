@@ -43,8 +43,9 @@ public:
 
     const std::vector<Exposure>& all() const { return m_all; }
     bool isEmpty() const { return m_all.empty(); }
-    QString at(int frame) const; ///< The drawing that is shown, or a null text.
-    bool isKey(int frame) const; ///< Whether a drawing is exposed from this frame on.
+    QString at(int frame) const;           ///< The drawing that is shown, or a null text.
+    const Exposure* find(int frame) const; ///< The exposure that a frame lies in, or null.
+    bool isKey(int frame) const;           ///< Whether a drawing is exposed from this frame on.
     int nextKey(int frame) const { return nextKey(frame, nullptr); } ///< The first one behind the frame; 0 for none.
     int nextKey(int frame, const std::function<bool(const QString& drawing)>& shows) const;
     bool shows(const QString& drawing) const;

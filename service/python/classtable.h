@@ -250,6 +250,14 @@ public:
         return *this;
     }
 
+    /// The item at an index, in the place of `get`: `PyObject* Item(const T&, int)`.
+    template <auto Item>
+    Class& item()
+    {
+        m_table.operators.itemByIndex = [](OMC::BaseObject* object, int index) { return Item(self(object), index); };
+        return *this;
+    }
+
     /// Lets a call of the object stand for one of its methods.
     Class& calling(const char* method)
     {

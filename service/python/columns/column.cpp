@@ -20,6 +20,7 @@
 #include "core/columns/velobasedcolumn.h"
 #include "core/columns/velobasedcolumnvalue.h"
 #include "core/columns/velobasedcontrolpoint.h"
+#include "core/elements/elementdrawing.h"
 #include "service/python/family.h"
 
 namespace brindle::python {
@@ -34,6 +35,15 @@ QStringList columnNames(const OMC::ColumnList& columns)
             names.append(column->getName());
     }
     return names;
+}
+
+/// What a drawing column exposes at a frame, without a handle in between.
+PyObject* exposureAt(const OMC::ElementColumn& column, int frame)
+{
+    QString name;
+    if (OMC::ElementDrawing* drawing = column.newDrawingAt(frame, name))
+        return toPython(drawing);
+    return name.isNull() ? toPython(QVariant()) : toPython(name);
 }
 
 const Family family([]() -> std::vector<ClassTable> {
@@ -66,6 +76,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .method<"keyframe_clear", Form<&KeyframeableColumn::keyframeClear, "start, end">>()
             .method<"keyframe_list", Form<&KeyframeableColumn::keyframeList>>(),
         Class<ElementColumn>()
+            .item<&exposureAt>()
             .alias("FrameRangesLike", "int | dict[str, int] | Sequence[object]",
                    "A frame, a dictionary of a first and a last frame ({\"from\": 2, \"to\": 4}), or a list of these.")
             .items("ElementDrawing | str | None")
