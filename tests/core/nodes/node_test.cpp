@@ -51,12 +51,12 @@ TEST_F(NodeTest, ItsPropertiesComeInOneOrder)
 {
     bool extendNative = false;
     bool filter = false;
-    const std::vector<std::string> expected = {"objectName",  "attributes", "ports_in",     "ports_out",
-                                               "name",        "path",       "type",         "position",
-                                               "width",       "height",     "rect",         "enabled",
-                                               "cached",      "locked",     "colour",       "cacheable",
-                                               "version_max", "version",    "matte_port",   "thumbnail_timeline",
-                                               "data",        "valid",      "subselections"};
+    const std::vector<std::string> expected = {"objectName",  "attributes", "ports_in",   "ports_out",
+                                               "name",        "path",       "type",       "position",
+                                               "width",       "height",     "rect",       "enabled",
+                                               "cached",      "locked",     "colour",     "cacheable",
+                                               "version_max", "version",    "matte_port", "thumbnail_timeline",
+                                               "data",        "metadata",   "valid",      "subselections"};
     EXPECT_EQ(wrapper->getDir(extendNative, filter), expected);
 }
 
