@@ -3,6 +3,7 @@
 #include "qtscript/qscriptengine_p.h"
 #include "qtscript/scriptnames.h"
 
+#include <QJSManagedValue>
 #include <QMetaType>
 #include <QUrl>
 
@@ -17,19 +18,46 @@ const QString helperFile = QStringLiteral("qtscript-helpers");
 
 /// The parts of the engine that are written in the language itself.
 ///
-/// - caught: calls a function and tells whether it threw. An Error that is thrown and one that is returned look alike
-///   from C++.
 /// - scopeOf: the object through which the free names of a script are looked up that runs into an object of its own. It
 ///   has the object's own properties, and every name that the engine's global object lacks, so that what is assigned
 ///   without a declaration lands in the object. The error of an unknown name tells the place that asked for it, which
 ///   is the second line of its stack.
 /// - definitionOn: makes a variable of a script a property of the object.
-const QString helperText = QStringLiteral(R"((function(global) {
-    const apply = Reflect.apply, define = Object.defineProperty;
-    const has = Object.prototype.hasOwnProperty;
+/// - functionOf: a function that runs C++.
+///
+/// Some functions of the language go down into arrays natively, without counting the levels: an array that holds itself
+/// would take them to the end of the stack. They are replaced by ones that go through the engine at each level.
+const QString helperText = QStringLiteral(R"((function(global, invoker) {
+    const apply = Reflect.apply, define = Object.defineProperty, isArray = Array.isArray, TypeOf = TypeError;
+    const has = Object.prototype.hasOwnProperty, invoke = invoker.invoke;
+    const replace = (object, name, value) => define(object, name, {value, writable: true, configurable: true});
+    const joined = []; // The arrays whose text is being made: inside itself an array has none.
+    for (const name of ['join', 'toLocaleString']) {
+        const native = Array.prototype[name];
+        replace(Array.prototype, name, {[name](separator) {
+            for (let i = 0; i < joined.length; ++i) if (joined[i] === this) return '';
+            joined[joined.length] = this;
+            try { return apply(native, this, arguments) } finally { joined.length = joined.length - 1 }
+        }}[name]);
+    }
+    const textOfObject = Object.prototype.toString;
+    replace(Array.prototype, 'toString', {toString() {
+        return typeof this.join === 'function' ? this.join() : apply(textOfObject, this, []);
+    }}.toString);
+    const flatten = (result, array, depth) => {
+        for (let i = 0; i < array.length; ++i) {
+            if (!(i in array)) continue;
+            if (depth > 0 && isArray(array[i])) flatten(result, array[i], depth - 1);
+            else result[result.length] = array[i];
+        }
+        return result;
+    };
+    replace(Array.prototype, 'flat', {flat(depth = 1) {
+        if (this === null || this === undefined) throw new TypeOf('flat of ' + this);
+        return flatten([], this, +depth || 0);
+    }}.flat);
     const owns = (object, name) => apply(has, object, [name]);
     return {
-        caught: (f, self, list) => { try { return [0, apply(f, self, list)] } catch (e) { return [1, e] } },
         scopeOf: object => new Proxy(object, {
             has: (o, name) => typeof name !== 'symbol' && (owns(o, name) || !(name in global)),
             get: (o, name) => {
@@ -44,6 +72,7 @@ const QString helperText = QStringLiteral(R"((function(global) {
         defineProperty: (object, name, value, writable, enumerable, configurable) =>
             define(object, name, {value, writable, enumerable, configurable}),
         ownNames: object => Object.getOwnPropertyNames(object),
+        functionOf: f => function() { return invoke(f, this, arguments) },
     };
 }))");
 
@@ -69,8 +98,11 @@ bool isStrict(const QString& program)
 
 QScriptEngine::Private::Run::Run(Private& engine) : m_engine(engine), m_isAllowed(engine.depth < deepestRun)
 {
-    if (engine.depth == 0)
+    if (engine.depth == 0) {
         engine.self.clearExceptions();
+        engine.js.setInterrupted(false);
+        engine.aborted = false;
+    }
     ++engine.depth;
     if (!m_isAllowed)
         engine.thrown(engine.js.newErrorObject(
@@ -83,14 +115,37 @@ QScriptEngine::Private::Run::~Run()
         m_engine.js.setInterrupted(false);
 }
 
-QScriptEngine::Private::Private(QScriptEngine& engine) : self(engine)
+QJSValue ScriptInvoker::invoke(const QVariant& function, const QJSValue& self, const QJSValue& arguments)
 {
-    const QJSValue helpers = js.evaluate(helperText, helperFile).call({js.globalObject()});
-    callCaught = helpers.property(QStringLiteral("caught"));
+    if (function.metaType() != QMetaType::fromType<ScriptFunction>())
+        return {};
+    // It may be let go of while it runs.
+    const auto called = static_cast<const ScriptFunction*>(function.constData())->function;
+    QScriptEngine::Private& engine = *m_engine.d;
+    QScriptValueList values;
+    const quint32 count = arguments.property(QStringLiteral("length")).toUInt();
+    values.reserve(count);
+    for (quint32 i = 0; i < count; ++i)
+        values.append(engine.wrap(arguments.property(i)));
+    const QJSValue result = engine.unwrap((*called)(engine.wrap(self), values));
+    // What went wrong in there, and was left so, goes on in the script.
+    if (engine.hasException) {
+        engine.hasException = false;
+        engine.js.throwError(std::exchange(engine.exception, QJSValue()));
+    }
+    return result;
+}
+
+QScriptEngine::Private::Private(QScriptEngine& engine) : self(engine), invoker(engine)
+{
+    application.end();
+    QJSEngine::setObjectOwnership(&invoker, QJSEngine::CppOwnership);
+    const QJSValue helpers = js.evaluate(helperText, helperFile).call({js.globalObject(), js.newQObject(&invoker)});
     scopeOf = helpers.property(QStringLiteral("scopeOf"));
     definitionOn = helpers.property(QStringLiteral("definitionOn"));
     defineProperty = helpers.property(QStringLiteral("defineProperty"));
     ownNames = helpers.property(QStringLiteral("ownNames"));
+    functionOf = helpers.property(QStringLiteral("functionOf"));
 }
 
 QJSValue QScriptEngine::Private::unwrap(const QScriptValue& value) const
@@ -149,15 +204,19 @@ QScriptValue QScriptEngine::Private::runInto(const QJSValue& object, const QStri
 QScriptValue QScriptEngine::Private::call(const QJSValue& function, const QJSValue& object,
                                           const QJSValueList& arguments)
 {
-    QJSValue list = js.newArray(static_cast<uint>(arguments.size()));
-    for (qsizetype i = 0; i < arguments.size(); ++i)
-        list.setProperty(static_cast<quint32>(i), arguments[i]);
-    const QJSValue result = callCaught.call({function, object, list});
-    // The end of the stack, and an interruption, are thrown where nothing catches them.
-    if (!result.isArray())
-        return thrown(result);
-    const QJSValue value = result.property(1);
-    return result.property(0).toInt() == 0 ? wrap(value) : thrown(value);
+    // A managed value, because a plain one doesn't tell a thrown Error from one that is returned.
+    const QJSValue result = QJSManagedValue(function, &js).callWithInstance(object, arguments);
+    if (js.hasError())
+        return thrown(js.catchError());
+    if (js.isInterrupted())
+        return thrown(js.newErrorObject(QJSValue::GenericError, QStringLiteral("Interrupted")));
+    return wrap(result);
+}
+
+void QScriptEngine::Private::keepThrown()
+{
+    if (js.hasError())
+        thrown(js.catchError());
 }
 
 QScriptValue QScriptEngine::Private::thrown(const QJSValue& value, const QStringList& stack)
@@ -253,7 +312,27 @@ void QScriptEngine::clearExceptions()
 
 void QScriptEngine::abortEvaluation()
 {
+    d->aborted = true;
     d->js.setInterrupted(true);
+}
+
+bool QScriptEngine::wasAborted() const
+{
+    return d->aborted;
+}
+
+void QScriptEngine::throwError(const QString& message)
+{
+    throwValue(d->wrap(d->js.newErrorObject(QJSValue::GenericError, message)));
+}
+
+void QScriptEngine::throwValue(const QScriptValue& value)
+{
+    const QJSValue exception = d->unwrap(value);
+    if (isEvaluating())
+        d->js.throwError(exception);
+    else
+        d->thrown(exception);
 }
 
 bool QScriptEngine::isEvaluating() const
@@ -306,6 +385,12 @@ QScriptValue QScriptEngine::newQObject(QObject* object, ValueOwnership ownership
 QScriptValue QScriptEngine::create(int metaType, const void* data)
 {
     return d->wrap(d->js.toScriptValue(QVariant(QMetaType(metaType), data)));
+}
+
+QScriptValue QScriptEngine::newFunction(Function function)
+{
+    const ScriptFunction kept{std::make_shared<Function>(std::move(function))};
+    return d->wrap(d->functionOf.call({d->js.toScriptValue(QVariant::fromValue(kept))}));
 }
 
 void QScriptEngine::collectGarbage()

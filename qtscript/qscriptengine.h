@@ -6,12 +6,14 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 /// Runs scripts: the interface of Qt Script on Qt's own engine of today, QJSEngine.
 ///
-/// It lives on one thread, which needs a stack of 8 MiB, and needs a QCoreApplication. Names of files come back as they
-/// were given. An exception that nothing caught is kept until `clearExceptions` or the next run.
+/// One thread at a time uses it, with a stack of 8 MiB. It needs no QCoreApplication: where there is none, one is made
+/// for the moments in which Qt asks for it, and is gone again afterwards. Names of files come back as they were given.
+/// An exception that nothing caught is kept until `clearExceptions` or the next run.
 ///
 /// A script may run into a global object of its own (`setGlobalObject`): it finds the language's objects there beside
 /// that object's properties; its variables and functions become properties of that object, with which they stay one;
@@ -45,9 +47,15 @@ public:
     QStringList uncaughtExceptionBacktrace() const; ///< "name()@file:line", the innermost call first.
     void clearExceptions();
 
-    /// Ends the runs under way with an exception "Interrupted". Any thread may call it.
+    /// Ends the runs under way with an exception "Interrupted", which scripts can't catch. Any thread may call it, and
+    /// so may the handler of a signal.
     void abortEvaluation();
     bool isEvaluating() const;
+    bool wasAborted() const; ///< Whether `abortEvaluation` ended the last of the runs, or is about to.
+
+    /// Throws in the script that called the function of C++ under way; with none under way, the exception is uncaught.
+    void throwError(const QString& message);
+    void throwValue(const QScriptValue& value);
 
     QScriptValue globalObject() const;
     /// Sets the object that the next scripts run into. An invalid value brings the engine's own global object back.
@@ -62,11 +70,19 @@ public:
     /// The script's form of a value of a meta type: a plain value, an array, an object, or an opaque variant.
     QScriptValue create(int metaType, const void* data);
 
+    /// What a script's call of a function of C++ runs: gets `this` and the arguments, and gives the result. It may use
+    /// `throwError`; a C++ exception must not leave it.
+    using Function = std::function<QScriptValue(const QScriptValue& self, const QScriptValueList& arguments)>;
+    /// A function that runs C++. When no script holds it any more, the garbage collector destroys the function object,
+    /// in the middle of a run: its destructor must not use the engine.
+    QScriptValue newFunction(Function function);
+
     void collectGarbage();
 
 private:
     friend class QScriptValue;
     friend class QScriptValueIterator;
+    friend class ScriptInvoker;
 
     struct Private;
     std::unique_ptr<Private> d;

@@ -2,10 +2,33 @@
 
 #include "qtscript/qscriptengine.h"
 
+#include "qtscript/applicationscope.h"
+
 #include <QHash>
 #include <QJSEngine>
+#include <QObject>
 
+#include <atomic>
 #include <vector>
+
+/// A function of C++ as the engine keeps it: shared, inside a variant.
+struct ScriptFunction {
+    std::shared_ptr<QScriptEngine::Function> function;
+};
+Q_DECLARE_METATYPE(ScriptFunction)
+
+/// The way of a script's call to a function of C++.
+class ScriptInvoker : public QObject {
+    Q_OBJECT
+
+public:
+    explicit ScriptInvoker(QScriptEngine& engine) : m_engine(engine) {}
+
+    Q_INVOKABLE QJSValue invoke(const QVariant& function, const QJSValue& self, const QJSValue& arguments);
+
+private:
+    QScriptEngine& m_engine;
+};
 
 /// The state of an engine.
 struct QScriptEngine::Private {
@@ -36,6 +59,8 @@ struct QScriptEngine::Private {
     QScriptValue evaluate(const QString& program, const QString& fileName, int lineNumber);
     QScriptValue runInto(const QJSValue& object, const QString& program, const QString& fileName, int lineNumber);
     QScriptValue call(const QJSValue& function, const QJSValue& object, const QJSValueList& arguments);
+    /// Keeps what the last operation threw, if it did.
+    void keepThrown();
     QScriptValue thrown(const QJSValue& exception, const QStringList& stack = {});
 
     /// A call under way.
@@ -52,12 +77,14 @@ struct QScriptEngine::Private {
     QString fileNameOf(const QString& url) const { return fileNames.value(url, url); }
 
     QScriptEngine& self;
+    ScriptInvoker invoker;        ///< Ahead of the engine, which knows it until the end.
+    ApplicationScope application; ///< Until the engine is made.
     QJSEngine js;
-    QJSValue callCaught;
     QJSValue scopeOf;
     QJSValue definitionOn;
     QJSValue defineProperty;
     QJSValue ownNames;
+    QJSValue functionOf;
     QScriptValue global; ///< Invalid while scripts run into the engine's own.
 
     bool hasException = false;
@@ -66,6 +93,7 @@ struct QScriptEngine::Private {
     QStringList backtrace;
 
     int depth = 0;
+    std::atomic<bool> aborted = false;
     QHash<QString, QString> fileNames; ///< By URL.
     std::shared_ptr<void> alive = std::make_shared<char>();
 };

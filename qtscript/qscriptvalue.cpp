@@ -2,6 +2,8 @@
 
 #include "qtscript/qscriptengine_p.h"
 
+#include <QJSManagedValue>
+
 #include <cmath>
 
 QScriptValue::QScriptValue(QScriptEngine* engine, const QJSValue& value)
@@ -36,15 +38,21 @@ QVariant QScriptValue::toVariant() const
 
 QScriptValue QScriptValue::property(const QString& name) const
 {
-    if (!engine() || !m_value.isObject() || !m_value.hasProperty(name))
+    if (!engine() || !m_value.isObject())
         return {};
-    const QJSValue value = m_value.property(name);
+    QScriptEngine::Private& engine = *m_engine->d;
+    const QJSManagedValue object(m_value, &engine.js);
+    const bool isThere = object.hasProperty(name);
+    const QJSValue value = isThere ? object.property(name) : QJSValue();
+    engine.keepThrown();
+    if (!isThere)
+        return {};
     // An error tells where it was made: of a file the name as it was given, none where none was.
     if (m_value.isError() && (name == u"fileName" || name == u"lineNumber")) {
         const std::vector<QScriptEngine::Private::Place> places = QScriptEngine::Private::placesOf(m_value);
         if (!places.empty() && name == u"lineNumber")
             return QScriptValue(m_engine, QJSValue(places.front().line));
-        const QString file = m_engine->d->fileNameOf(places.empty() ? value.toString() : places.front().url);
+        const QString file = engine.fileNameOf(places.empty() ? value.toString() : places.front().url);
         if (name == u"fileName")
             return file.isEmpty() ? QScriptValue() : QScriptValue(m_engine, QJSValue(file));
     }
@@ -53,26 +61,53 @@ QScriptValue QScriptValue::property(const QString& name) const
 
 QScriptValue QScriptValue::property(quint32 index) const
 {
-    return property(QString::number(index));
+    if (!engine() || !m_value.isObject())
+        return {};
+    QScriptEngine::Private& engine = *m_engine->d;
+    const QJSManagedValue object(m_value, &engine.js);
+    const QJSValue value = object.property(index);
+    engine.keepThrown();
+    // Most are there, and aren't asked for twice.
+    if (value.isUndefined() && !object.hasProperty(index))
+        return {};
+    return QScriptValue(m_engine, value);
 }
 
 void QScriptValue::setProperty(const QString& name, const QScriptValue& value, PropertyFlags flags)
 {
     if (!engine() || !m_value.isObject())
         return;
-    if (!value.isValid()) {
-        m_value.deleteProperty(name);
-    } else if (flags.testFlag(KeepExistingFlags)) {
-        m_value.setProperty(name, m_engine->d->unwrap(value));
-    } else {
-        m_engine->d->defineProperty.call({m_value, name, m_engine->d->unwrap(value), !flags.testFlag(ReadOnly),
-                                          !flags.testFlag(SkipInEnumeration), !flags.testFlag(Undeletable)});
-    }
+    QScriptEngine::Private& engine = *m_engine->d;
+    QJSManagedValue object(m_value, &engine.js);
+    if (!value.isValid())
+        object.deleteProperty(name);
+    else if (flags.testFlag(KeepExistingFlags))
+        object.setProperty(name, engine.unwrap(value));
+    else
+        engine.defineProperty.call({m_value, name, engine.unwrap(value), !flags.testFlag(ReadOnly),
+                                    !flags.testFlag(SkipInEnumeration), !flags.testFlag(Undeletable)});
+    engine.keepThrown();
 }
 
 void QScriptValue::setProperty(quint32 index, const QScriptValue& value, PropertyFlags flags)
 {
-    setProperty(QString::number(index), value, flags);
+    if (!value.isValid() || !flags.testFlag(KeepExistingFlags)) {
+        setProperty(QString::number(index), value, flags);
+        return;
+    }
+    if (!engine() || !m_value.isObject())
+        return;
+    QScriptEngine::Private& engine = *m_engine->d;
+    QJSManagedValue(m_value, &engine.js).setProperty(index, engine.unwrap(value));
+    engine.keepThrown();
+}
+
+void QScriptValue::setPrototype(const QScriptValue& prototype)
+{
+    if (!engine() || !m_value.isObject())
+        return;
+    const QJSValue object = m_engine->d->unwrap(prototype);
+    m_value.setPrototype(object.isObject() ? object : QJSValue(QJSValue::NullValue));
 }
 
 QScriptValue QScriptValue::call(const QScriptValue& self, const QScriptValueList& arguments)

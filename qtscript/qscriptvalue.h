@@ -60,11 +60,15 @@ public:
     QVariant toVariant() const;
     QObject* toQObject() const { return isValid() ? m_value.toQObject() : nullptr; }
 
-    /// Invalid where the object has no such property, and for a plain value.
+    /// Invalid where the object has no such property, and for a plain value. What a getter or setter throws is the
+    /// engine's uncaught exception.
     QScriptValue property(const QString& name) const;
     QScriptValue property(quint32 index) const;
     void setProperty(const QString& name, const QScriptValue& value, PropertyFlags flags = KeepExistingFlags);
     void setProperty(quint32 index, const QScriptValue& value, PropertyFlags flags = KeepExistingFlags);
+
+    /// The object in which properties are looked up that this one lacks; no object takes it away.
+    void setPrototype(const QScriptValue& prototype);
 
     /// Calls the function. `self` is its `this`; the engine's global object stands for what is no object. What it
     /// throws is the result, and the engine's uncaught exception. Invalid for what is no function.

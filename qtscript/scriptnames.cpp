@@ -1,5 +1,7 @@
 #include "qtscript/scriptnames.h"
 
+#include "qtscript/applicationscope.h"
+
 #include <QHash>
 #include <QJSEngine>
 #include <QJSValueIterator>
@@ -18,6 +20,7 @@ QHash<QString, QJSValue> propertiesOf(const QJSValue& object)
 
 ScriptNames::ScriptNames(const QString& program, const QString& fileName, int lineNumber)
 {
+    const ApplicationScope application;
     QJSEngine engine;
     const QHash<QString, QJSValue> before = propertiesOf(engine.globalObject());
     // Functions and variables are declared ahead of the first statement, which ends the run.

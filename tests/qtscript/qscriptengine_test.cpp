@@ -153,3 +153,87 @@ TEST_F(QtScriptTest, CallsThatComeBackWithoutEndEndInAnError)
     EXPECT_FALSE(engine.isEvaluating());
     EXPECT_EQ(engine.evaluate("1").toNumber(), 1);
 }
+
+TEST_F(QtScriptTest, AFunctionOfCppGetsThisAndItsArguments)
+{
+    const QScriptValue add = engine.newFunction([this](const QScriptValue& self, const QScriptValueList& arguments) {
+        return QScriptValue(self.property("base").toNumber() + arguments.value(0).toNumber() + arguments.size());
+    });
+    EXPECT_TRUE(add.isFunction());
+    QScriptValue object = engine.evaluate("({base: 10})");
+    object.setProperty("add", add);
+    EXPECT_EQ(engine.evaluate("(function(o) { return o.add(5, 0, 0) })").call({}, {object}).toNumber(), 18);
+}
+
+TEST_F(QtScriptTest, WhatAFunctionOfCppThrowsIsTheScriptsToCatch)
+{
+    const QScriptValue fail = engine.newFunction([this](const QScriptValue&, const QScriptValueList& arguments) {
+        engine.throwError(arguments.value(0).toString());
+        return QScriptValue();
+    });
+    QScriptValue caught = engine.evaluate("(function(f) { try { f('no') } catch (e) { return e.message } })");
+    EXPECT_EQ(caught.call({}, {fail}).toString(), "no");
+    EXPECT_FALSE(engine.hasUncaughtException());
+    QScriptValue(fail).call({}, {"left"});
+    EXPECT_EQ(uncaught(), "Error: left");
+    engine.clearExceptions();
+    engine.throwError("outside of any run");
+    EXPECT_EQ(uncaught(), "Error: outside of any run");
+}
+
+TEST_F(QtScriptTest, AFunctionOfCppGoesWithTheLastScriptThatHoldsIt)
+{
+    auto held = std::make_shared<int>(1);
+    const std::weak_ptr<int> watched = held;
+    {
+        const QScriptValue function =
+            engine.newFunction([held](const QScriptValue&, const QScriptValueList&) { return QScriptValue(*held); });
+        held.reset();
+        EXPECT_EQ(QScriptValue(function).call().toNumber(), 1);
+    }
+    engine.collectGarbage();
+    EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(QtScriptTest, AnOpaqueValueOfCppTakesAPrototype)
+{
+    QScriptValue value = engine.create(qMetaTypeId<std::shared_ptr<int>>(), nullptr);
+    EXPECT_TRUE(value.isVariant());
+    value.setPrototype(engine.evaluate("({get twice() { return 'two' }})"));
+    EXPECT_EQ(value.property("twice").toString(), "two");
+    EXPECT_TRUE(value.isVariant());
+}
+
+TEST_F(QtScriptTest, ArraysThatHoldThemselvesOrLieDeepHaveATextOrAnError)
+{
+    const struct {
+        const char* program;
+        const char* text;
+    } rows[] = {
+        {"var a = [1]; a.push(a, 2); String(a)", "1,,2"},
+        {"var b = [1]; b.push(b); b.join('-')", "1-"},
+        {"var c = [1]; c.push(c); c.toLocaleString()", "1,"},
+        {"String([1, [2, [3]], null, undefined])", "1,2,3,,"},
+        {"JSON.stringify([1, [2, [3, [4]]]].flat())", "[1,2,[3,[4]]]"},
+        {"JSON.stringify([1, [2, [3, [4]]]].flat(Infinity))", "[1,2,3,4]"},
+        {"var d = []; for (var i = 0; i < 100000; ++i) d = [d]; String(d)",
+         "RangeError: Maximum call stack size exceeded."},
+        {"var e = []; e[0] = e; e.flat(Infinity)", "RangeError: Maximum call stack size exceeded."},
+        {"JSON.stringify(a)", "TypeError: Cannot convert circular structure to JSON"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(engine.evaluate(row.program).toString(), row.text) << row.program;
+}
+
+TEST_F(QtScriptTest, TheLastRunTellsWhetherItWasAborted)
+{
+    QScriptValue stop = engine.newFunction([this](const QScriptValue&, const QScriptValueList&) {
+        engine.abortEvaluation();
+        return QScriptValue();
+    });
+    engine.evaluate("(function(stop) { try { stop(); while (true); } catch (e) {} })").call({}, {stop});
+    EXPECT_TRUE(engine.wasAborted());
+    EXPECT_TRUE(engine.hasUncaughtException());
+    engine.evaluate("1");
+    EXPECT_FALSE(engine.wasAborted());
+}

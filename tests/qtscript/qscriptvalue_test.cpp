@@ -173,3 +173,14 @@ TEST_F(QtScriptTest, AnIteratorRemovesAndChangesWhatItStandsAt)
     }
     EXPECT_EQ(object.toVariant(), QVariant(QVariantMap{{"b", 20}, {"c", 30}}));
 }
+
+TEST_F(QtScriptTest, WhatAGetterOrSetterThrowsIsKept)
+{
+    QScriptValue object =
+        engine.evaluate("({get a() { throw new Error('get') }, set b(v) { throw new Error('set') }})");
+    object.property("a");
+    EXPECT_EQ(uncaught(), "Error: get");
+    engine.clearExceptions();
+    object.setProperty("b", 1);
+    EXPECT_EQ(uncaught(), "Error: set");
+}
