@@ -13,6 +13,7 @@ int newProject(const QList<QByteArray>& arguments);
 int projectInfo(const QList<QByteArray>& arguments);
 int openDesk(const QList<QByteArray>& arguments);
 int showPalette(const QList<QByteArray>& arguments);
+int preferences(const QList<QByteArray>& arguments);
 
 /// How a command is called, for its help and for who misuses it.
 struct Usage {
@@ -44,6 +45,12 @@ inline constexpr Usage paletteUsage = {
     "  --import FILE  Makes the palette of a GIMP palette; it must not be there yet.\n"
     "  --out FILE     Draws the palette as a picture instead.\n"
     "  --export FILE  Writes the solid colours, and those of gradients, as a GIMP palette.\n"};
+inline constexpr Usage preferencesUsage = {
+    "preferences", "[NAME | --set NAME VALUE | --reset NAME]",
+    "Lists the preferences of the person, shows one, sets one, or gives one its default again.",
+    "  --set NAME VALUE  Sets a preference. VALUE is read as its type; a new one is true or false, a whole number, a\n"
+    "                    number, a colour as #rrggbb or #rrggbbaa, and else a text.\n"
+    "  --reset NAME      Gives a preference its default.\n"};
 
 constexpr int done = 0;
 constexpr int failed = 1;

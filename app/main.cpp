@@ -21,7 +21,8 @@ constexpr Command commands[] = {{runUsage, &runScript},
                                 {deskUsage, &openDesk},
                                 {newUsage, &newProject},
                                 {infoUsage, &projectInfo},
-                                {paletteUsage, &showPalette, "--out"}};
+                                {paletteUsage, &showPalette, "--out"},
+                                {preferencesUsage, &preferences}};
 
 const Command* commandNamed(const QByteArray& name)
 {

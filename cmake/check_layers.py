@@ -28,16 +28,17 @@ LIBRARIES = r"2geom/.*|Imath/.*|muParser.*\.h"
 QML = r"Qt(Qml|Quick).*|QJS.*|QQml.*"
 LAYERS = (
     ("core/host/", ("core/host/",), rf"{PYTHON}|{LIBRARIES}", QT_VALUES),
-    ("core/", ("core/", "qtscript/"), rf"{PYTHON}|{LIBRARIES}", None),
+    ("core/", ("core/", "qtscript/"), rf"{PYTHON}|{QML}|{LIBRARIES}", None),
     ("engine/", ("engine/", "core/host/"), PYTHON, None),
     ("qtscript/", ("qtscript/",), rf"{PYTHON}|{LIBRARIES}", None),
+    ("javascript/", ("javascript/", "core/", "qtscript/"), rf"{PYTHON}|{LIBRARIES}", None),
     ("service/", ("service/", "core/"), LIBRARIES, None),
     ("app/", ("app/", "service/", "core/") + ENGINE_PUBLIC, rf"{PYTHON}|{LIBRARIES}", None),
 )
 
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*(?:"([^"]+)"|<([^>]+)>)')
 GENERATED = re.compile(r"(?:^|/)(?:moc_[^/]+\.cpp|[^/]+\.moc)$")
-PROJECT_FOLDERS = ("core/", "engine/", "qtscript/", "service/", "app/", "tests/", "bench/")
+PROJECT_FOLDERS = ("core/", "engine/", "qtscript/", "javascript/", "service/", "app/", "tests/", "bench/")
 
 
 def refusal(root, layer, quoted, angled):

@@ -35,6 +35,7 @@ MainWindow::MainWindow(SC_SessionContext& session, BAPP_ScriptConsole& console, 
       m_scripts(console),
       m_project(session),
       m_actions(m_project, m_scripts, dialogs, *this),
+      m_responder(session.actionManager()),
       m_run(tr("&Run Script...")),
       m_interrupt(tr("&Interrupt Script")),
       m_log(new LogPanel(showsDebug, this)),
@@ -45,6 +46,7 @@ MainWindow::MainWindow(SC_SessionContext& session, BAPP_ScriptConsole& console, 
     setCentralWidget(m_console);
     addLog();
     addMenus();
+    addSlots();
     connect(&m_run, &QAction::triggered, this, &MainWindow::runScript);
     connect(&m_interrupt, &QAction::triggered, m_console, &ConsolePanel::interrupt);
     connect(m_console, &ConsolePanel::leaveAsked, this, &MainWindow::leave);
@@ -86,6 +88,37 @@ void MainWindow::addMenus()
     QMenu* view = menuBar()->addMenu(tr("&View"));
     for (QDockWidget* dock : findChildren<QDockWidget*>())
         view->addAction(dock->toggleViewAction());
+}
+
+void MainWindow::addSlots()
+{
+    const auto isOpen = [this] { return m_project.isOpen(); };
+    const auto always = [] { return true; };
+    m_responder.add({"onActionSave()", [this] { return m_project.isOpen() && !m_project.isReadOnly(); },
+                     [this] { return m_actions.saveProject(); }});
+    m_responder.add({"onActionSaveAs()", isOpen, [this] { return m_actions.saveProjectAs(); }});
+    m_responder.add({"onActionUndo()", [this] { return m_project.undoLabel().has_value(); },
+                     [this] {
+                         m_project.undo();
+                         return true;
+                     }});
+    m_responder.add({"onActionRedo()", [this] { return m_project.redoLabel().has_value(); },
+                     [this] {
+                         m_project.redo();
+                         return true;
+                     }});
+    for (QDockWidget* dock : findChildren<QDockWidget*>()) {
+        QAction* toggle = dock->toggleViewAction();
+        // "log" is shown and hidden by "onActionToggleLog()".
+        QString name = dock->objectName();
+        name[0] = name[0].toUpper();
+        m_responder.add({"onActionToggle" + name + "()", always,
+                         [toggle] {
+                             toggle->trigger();
+                             return true;
+                         },
+                         [toggle] { return toggle->isChecked(); }});
+    }
 }
 
 void MainWindow::leave(int exitCode)

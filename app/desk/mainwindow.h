@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/desk/menuresponder.h"
 #include "app/desk/openproject.h"
 #include "app/desk/projectactions.h"
 #include "app/desk/scriptrunner.h"
@@ -48,6 +49,7 @@ protected:
 private:
     void addLog();
     void addMenus();
+    void addSlots();
     void runScript();
     void update();
     bool mayClose();
@@ -57,6 +59,7 @@ private:
     ScriptRunner m_scripts;
     OpenProject m_project;
     ProjectActions m_actions;
+    MenuResponder m_responder; ///< What scripts reach of the menus.
     QAction m_run;
     QAction m_interrupt;
     LogPanel* m_log; ///< Ahead of what may write to it.

@@ -94,5 +94,7 @@ namespace oswUtil {
 
 /// The folder of the application's libraries, without a slash at the end.
 BRINDLE_HOST_EXPORT QString getBinDir();
+/// The folder of the application's resources, without a slash at the end.
+BRINDLE_HOST_EXPORT QString getResourceDir();
 
 } // namespace oswUtil

@@ -7,10 +7,12 @@
 
 #include <memory>
 
+class AC_Manager;
 class CEL_ColorSpaceManager;
 class CO_CommandManager;
 class MO_Node;
 class PLUG_NetworkViewInterface;
+class PLUG_ScriptingInterface;
 class SC_AdvancedFlags;
 class SC_Project;
 class SC_ProjectCommon;
@@ -36,6 +38,8 @@ public:
     /// Makes a session, which stays its owner's, the one that is given; null for none. A host that brings a session of
     /// its own installs it here.
     static void setSessionContext(SC_SessionContext* session);
+    /// The host's Javascript, of the session; null where there is no session, or no Javascript.
+    static PLUG_ScriptingInterface* getScriptingInterface();
 
     /// The view that draws nodes, or null while there is none. An application that has one installs it here, and takes
     /// it away again before it goes.
@@ -78,6 +82,7 @@ public:
     virtual CO_CommandManager* commandManager() const = 0;   ///< The open project's, or null.
     virtual TUSceneChangeManager* changeManager() const = 0; ///< That of the open project's first scene, or null.
     virtual SCP_PythonEngine* pythonEngine() const = 0;      ///< Null in a plain interpreter.
+    virtual AC_Manager* actionManager() const { return nullptr; } ///< Null where the host has no actions.
 };
 
 /// Makes, opens, saves and closes project folders. A failure is one sentence in `error` that names the file and, in a

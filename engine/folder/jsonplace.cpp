@@ -187,13 +187,14 @@ bool JsonPlace::flag() const
     return tree().flag(*m_value);
 }
 
-QVariant JsonPlace::flagOrText() const
+bool JsonPlace::isFlag() const
 {
-    if (tree().isFlag(*m_value))
-        return tree().flag(*m_value);
-    if (!tree().isText(*m_value))
-        fail(QStringLiteral("is not true, false or a text"));
-    return tree().text(*m_value);
+    return tree().isFlag(*m_value);
+}
+
+bool JsonPlace::isText() const
+{
+    return tree().isText(*m_value);
 }
 
 int JsonPlace::integer(int lowest, int highest) const

@@ -58,7 +58,8 @@ public:
     QString text() const;
     bool is(std::string_view text) const; ///< Whether it is that text.
     bool flag() const;
-    QVariant flagOrText() const;
+    bool isFlag() const; ///< Whether it is true or false.
+    bool isText() const;
     int integer(int lowest = std::numeric_limits<int>::min(), int highest = std::numeric_limits<int>::max()) const;
     double number() const;                               ///< Finite.
     int oneOf(std::span<const char* const> texts) const; ///< Which of the texts it is.

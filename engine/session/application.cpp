@@ -141,3 +141,10 @@ QString oswUtil::getBinDir()
         return {};
     return QFileInfo(QFileInfo(QString::fromLocal8Bit(own.dli_fname)).canonicalFilePath()).path();
 }
+
+/// Beside the libraries, where the Python package has its place as well.
+QString oswUtil::getResourceDir()
+{
+    const QString libraries = getBinDir();
+    return libraries.isEmpty() ? libraries : libraries + QStringLiteral("/brindle");
+}

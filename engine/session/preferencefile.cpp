@@ -5,11 +5,15 @@
 #include "engine/folder/jsonplace.h"
 #include "engine/folder/jsonwriter.h"
 
+#include <QColor>
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QStandardPaths>
 
+#include <array>
+#include <cmath>
 #include <limits>
 
 namespace brindle::engine {
@@ -17,7 +21,46 @@ namespace brindle::engine {
 namespace {
 
 constexpr char preferenceFormat[] = "brindle-preferences";
-constexpr int preferenceVersion = 2;
+constexpr int preferenceVersion = 3;
+
+constexpr std::array notFinite = {"inf", "-inf", "nan"};
+constexpr std::array notFiniteValues = {std::numeric_limits<double>::infinity(),
+                                        -std::numeric_limits<double>::infinity(),
+                                        std::numeric_limits<double>::quiet_NaN()};
+
+/// Qt writes alpha ahead of the others.
+QColor colourIn(const JsonPlace& place)
+{
+    static const QRegularExpression form(QStringLiteral("^#([0-9a-f]{6})([0-9a-f]{2})$"));
+    const QRegularExpressionMatch match = form.match(place.text());
+    if (!match.hasMatch())
+        place.fail(QStringLiteral("is not a colour, as \"#ff8000ff\""));
+    return QColor(u'#' + match.captured(2) + match.captured(1));
+}
+
+QString textOf(const QColor& colour)
+{
+    const QString text = colour.name(QColor::HexArgb);
+    return u'#' + text.mid(3) + text.mid(1, 2);
+}
+
+QVariant valueIn(const JsonPlace& place)
+{
+    if (place.isFlag())
+        return place.flag();
+    if (place.isText())
+        return place.text();
+    if (place.fields().size() == 1) {
+        if (const auto whole = place.ifField("int"))
+            return whole->integer();
+        if (const auto number = place.ifField("double"))
+            return number->isText() ? notFiniteValues[static_cast<std::size_t>(number->oneOf(notFinite))]
+                                    : number->number();
+        if (const auto colour = place.ifField("colour"))
+            return colourIn(*colour);
+    }
+    place.fail(QStringLiteral("is not a value of a known kind"));
+}
 
 /// Why a file is not read, though it isn't damaged.
 struct ForeignFile {
@@ -42,16 +85,30 @@ PreferenceFile::Values valuesIn(const QString& path)
         throw ForeignFile{quoted(path) + " is that of a newer version of the application"};
     root.requireOnly({"format", "version", "values"});
     for (const JsonPlace& value : root.field("values").fields())
-        values.insert(value.key(), value.flagOrText());
+        values.insert(value.key(), valueIn(value));
     return values;
 }
 
 void writeValue(JsonWriter& json, const QVariant& value)
 {
-    if (value.typeId() == QMetaType::Bool)
+    if (value.typeId() == QMetaType::Bool) {
         json.flag(value.toBool());
-    else
+        return;
+    }
+    if (value.typeId() == QMetaType::QString) {
         json.text(value.toString());
+        return;
+    }
+    json.beginObject();
+    if (value.typeId() == QMetaType::Int)
+        json.key("int").integer(value.toInt());
+    else if (value.typeId() == QMetaType::QColor)
+        json.key("colour").text(textOf(value.value<QColor>()));
+    else if (const double number = value.toDouble(); std::isfinite(number))
+        json.key("double").number(number);
+    else
+        json.key("double").text(notFinite[std::isnan(number) ? 2 : number < 0 ? 1 : 0]);
+    json.endObject();
 }
 
 QByteArray textOf(const PreferenceFile::Values& values)
@@ -110,10 +167,10 @@ PreferenceFile::Values PreferenceFile::read() const
     return {};
 }
 
-bool PreferenceFile::update(const Values& values) const
+std::optional<PreferenceFile::Values> PreferenceFile::update(const Values& values, const QStringList& removed) const
 {
-    if (m_path.isEmpty() || values.isEmpty())
-        return true;
+    if (m_path.isEmpty())
+        return values;
     const QString failing = QStringLiteral("Cannot save the preferences");
     try {
         const QString folder = QFileInfo(m_path).absolutePath();
@@ -128,15 +185,17 @@ bool PreferenceFile::update(const Values& values) const
         }
         const Values before = all;
         all.insert(values);
+        for (const QString& name : removed)
+            all.remove(name);
         if (all != before)
             write(m_path, textOf(all));
-        return true;
+        return all;
     } catch (const FolderFailure& failure) {
         logFailure(failing, failure.reason);
     } catch (const ForeignFile& file) {
         logFailure(failing, file.reason);
     }
-    return false;
+    return std::nullopt;
 }
 
 } // namespace brindle::engine

@@ -3,16 +3,18 @@
 #include "core/host/pr_preference.h"
 #include "engine/session/preferencefile.h"
 
-#include <QHash>
 #include <QString>
-#include <QVariant>
+
+#include <map>
+#include <memory>
+#include <vector>
 
 namespace brindle::engine {
 
 /// The preferences of a user: read from their file when they are first asked for, written back by `save`.
 ///
-/// "RIPPLE_SCENE_MARKERS" is true, "EXTEND_DRAWING_EXPOSURE" and "SP_CONSTANT_SEGMENT" are false. A preference that was
-/// never set and has no default of its own, or has a value of another type, is what the caller says.
+/// Those that the application knows are there from the start, with a kind and a default (preferences.cpp). One that was
+/// never set and has no default of its own isn't there.
 ///
 /// Setting one costs no write: a preference that is changed for the length of an operation and set back is not written
 /// at all. The session saves them when a project is saved and when it ends.
@@ -20,22 +22,39 @@ class Preferences final : public PR_Preference {
 public:
     /// An empty path keeps them in memory only.
     explicit Preferences(const QString& path = {});
+    ~Preferences() override;
 
+    PR_PrefItem* find(const QString& name) const override;
+    ConstIterator constBegin() const override { return m_order.data(); }
+    ConstIterator constEnd() const override { return m_order.data() + m_order.size(); }
+
+    void setBoolValue(const QString& name, bool value) override { set(name, value); }
+    void setIntValue(const QString& name, int value) override { set(name, value); }
+    void setDoubleValue(const QString& name, double value) override { set(name, value); }
+    void setStringValue(const QString& name, const QString& value) override { set(name, value); }
+    void setRgbaValue(const QString& name, const QColor& value) override { set(name, value); }
     bool getBoolValue(const QString& name, bool defaultValue) const override;
-    void setBoolValue(const QString& name, bool value) override;
     QString getStringValue(const QString& name, const QString& defaultValue) const override;
-    void setStringValue(const QString& name, const QString& value) override;
 
-    /// Writes those that differ from what was read or saved last. A failure is a line in the log, and the next save
-    /// tries again.
-    void save();
+    /// Writes those that differ from what was read or saved last. After a failure the next save tries again.
+    bool save() override;
 
     bool constantSegment() const { return m_constantSegment; } ///< "SP_CONSTANT_SEGMENT".
 
 private:
+    template <typename Interface, typename Value>
+    class Item;
+    struct Entry;
+
+    QVariant valueOf(const QString& name) const; ///< Invalid for an unknown name.
+    void set(const QString& name, const QVariant& value);
+    void learn(const PreferenceFile::Values& inFile);
+    void noteChange(const QString& name);
+
     PreferenceFile m_file;
-    QHash<QString, QVariant> m_values;
-    QHash<QString, QVariant> m_saved; ///< As the file has them, and the defaults.
+    std::map<QString, std::unique_ptr<Entry>> m_entries;
+    std::vector<PR_PrefItem*> m_order;
+    PreferenceFile::Values m_saved; ///< As the file has them.
     bool m_constantSegment = false;
 };
 

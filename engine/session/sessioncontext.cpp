@@ -4,6 +4,7 @@
 #include "core/host/scp_pythonengine.h"
 #include "engine/engine.h"
 #include "engine/session/preferences.h"
+#include "engine/session/scripting.h"
 
 namespace {
 
@@ -53,6 +54,7 @@ SessionContext::SessionContext(std::unique_ptr<SCP_PythonEngine> python) : m_pyt
 SessionContext::~SessionContext()
 {
     m_projects.closeProject();
+    endScripting();
     if (PLUG_Services::getSessionContext() == this)
         PLUG_Services::setSessionContext(nullptr);
     savePreferencesOfUser();

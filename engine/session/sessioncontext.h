@@ -2,7 +2,9 @@
 
 #include "core/host/sc_session.h"
 #include "core/host/scp_pythonengine.h"
+#include "engine/session/actionmanager.h"
 #include "engine/session/projectmanager.h"
+#include "engine/session/projectresponder.h"
 
 #include <memory>
 
@@ -22,10 +24,13 @@ public:
     CO_CommandManager* commandManager() const override;
     TUSceneChangeManager* changeManager() const override;
     SCP_PythonEngine* pythonEngine() const override { return m_python.get(); }
+    AC_Manager* actionManager() const override { return const_cast<ActionManager*>(&m_actions); }
 
 private:
     ProjectManager m_projects;
     std::unique_ptr<SCP_PythonEngine> m_python;
+    ProjectResponder m_projectResponder{*this};
+    ActionManager m_actions{m_projectResponder};
 };
 
 } // namespace brindle::engine

@@ -1,5 +1,6 @@
 #include "tests/app/desk/support/desktest.h"
 
+#include "core/host/ac_manager.h"
 #include "core/host/co_command.h"
 
 #include <QDockWidget>
@@ -52,6 +53,28 @@ TEST_F(MainWindowTest, TheTitleTellsTheProjectAndWhetherItIsSaved)
     runEvents(0);
     EXPECT_FALSE(window->isWindowModified());
     EXPECT_EQ(dialogs.failures, QStringList());
+}
+
+TEST_F(MainWindowTest, AScriptPerformsWhatTheMenusDo)
+{
+    change();
+    type("print(app.actions.responders, app.actions.validate_action('onActionUndo()')['enabled'])");
+    type("print(app.actions.perform('onActionUndo()'), app.actions.perform('onActionUndo()'))");
+    EXPECT_EQ(labels(), QStringList());
+    type("print(app.actions.perform('onActionRedo()', 'desk'), app.actions.perform('onActionSave()'))");
+    runEvents(0);
+    EXPECT_FALSE(window->isWindowModified());
+    QDockWidget* log = window->findChild<QDockWidget*>("log");
+    const bool isShown = log->toggleViewAction()->isChecked();
+    type("print(app.actions.perform('onActionToggleLog()'), app.about.interactive)");
+    EXPECT_NE(log->toggleViewAction()->isChecked(), isShown);
+    EXPECT_EQ(labels().size(), 1);
+    AC_Manager& actions = *session().actionManager();
+    bool isEnabled = false;
+    bool isChecked = isShown;
+    EXPECT_EQ(actions.validate("onActionToggleLog()", "", isEnabled, isChecked), 0);
+    EXPECT_TRUE(isEnabled);
+    EXPECT_EQ(isChecked, !isShown);
 }
 
 TEST_F(MainWindowTest, TheMenuUndoesAndRedoesUnderTheLabelsOfTheHistory)

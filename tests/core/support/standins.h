@@ -34,12 +34,14 @@ public:
     CO_CommandManager* commandManager() const override { return commands; }
     TUSceneChangeManager* changeManager() const override { return changes; }
     SCP_PythonEngine* pythonEngine() const override { return python; }
+    AC_Manager* actionManager() const override { return actions; }
 
     SC_ProjectManager* projects = nullptr;
     SC_ProjectCommon* common = nullptr;
     CO_CommandManager* commands = nullptr;
     TUSceneChangeManager* changes = nullptr;
     SCP_PythonEngine* python = nullptr;
+    AC_Manager* actions = nullptr;
 
 private:
     SC_SessionContext* m_before;

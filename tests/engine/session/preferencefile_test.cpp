@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QColor>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <limits>
 
 namespace {
 
@@ -39,7 +42,7 @@ protected:
 
 const QByteArray oneValue = R"({
   "format": "brindle-preferences",
-  "version": 2,
+  "version": 3,
   "values": {
     "RIPPLE_SCENE_MARKERS": false
   }
@@ -124,7 +127,7 @@ TEST_F(PreferenceFileTest, EachDamagedFileIsKeptUnderANameOfItsOwn)
 
 TEST_F(PreferenceFileTest, AFileOfANewerVersionIsLeftAlone)
 {
-    const QByteArray newer = R"({"format": "brindle-preferences", "version": 3, "values": {"A": "text"}})";
+    const QByteArray newer = R"({"format": "brindle-preferences", "version": 4, "values": {"A": "text"}})";
     put(newer);
     const PreferenceFile file(path());
     const QString why = "\"" + path() + "\" is that of a newer version of the application.\n";
@@ -170,5 +173,34 @@ TEST_F(PreferenceFileTest, TextsAreKeptAsWellAndVersionOneHasNone)
     EXPECT_TRUE(file.read().value("A").toBool());
     EXPECT_TRUE(file.update({{"FOLDER", QStringLiteral("/p \"q\"")}}));
     EXPECT_EQ(file.read(), (PreferenceFile::Values{{"A", true}, {"FOLDER", QStringLiteral("/p \"q\"")}}));
-    EXPECT_TRUE(content(path()).contains("\"version\": 2"));
+    EXPECT_TRUE(content(path()).contains("\"version\": 3"));
+}
+
+TEST_F(PreferenceFileTest, EachKindOfValueIsReadBackAsItWas)
+{
+    const PreferenceFile file(path());
+    const double infinite = std::numeric_limits<double>::infinity();
+    const PreferenceFile::Values values = {{"FLAG", false},  {"WHOLE", -7},       {"NUMBER", 5.0},
+                                           {"UP", infinite}, {"DOWN", -infinite}, {"COLOUR", QColor(1, 2, 3, 4)}};
+    EXPECT_EQ(file.update(values), values);
+    EXPECT_EQ(file.read(), values);
+    EXPECT_TRUE(content(path()).contains("#01020304"));
+    EXPECT_EQ(file.read().value("NUMBER").typeId(), QMetaType::Double);
+}
+
+TEST_F(PreferenceFileTest, AValueOfNoKindIsDamage)
+{
+    for (const char* value : {"3", "[]", "{}", R"({"int": 1.5})", R"({"colour": "red"})", R"({"double": "x"})",
+                              R"({"int": 1, "double": 2})", R"({"other": 1})"}) {
+        put(QByteArray(R"({"format": "brindle-preferences", "version": 3, "values": {"A": )") + value + "}}");
+        const QString log = logged([&] { EXPECT_TRUE(PreferenceFile(path()).read().isEmpty()); });
+        EXPECT_TRUE(log.contains("values.A")) << value << log.toStdString();
+    }
+}
+
+TEST_F(PreferenceFileTest, NamesAreTakenOut)
+{
+    const PreferenceFile file(path());
+    file.update({{"A", true}, {"B", 1}});
+    EXPECT_EQ(file.update({{"C", 2}}, {"A", "NEVER"}), (PreferenceFile::Values{{"B", 1}, {"C", 2}}));
 }

@@ -100,7 +100,8 @@ QByteArrayList keptInASession()
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
     const auto kept = [] {
         const auto values = brindle::engine::PreferenceFile(brindle::engine::PreferenceFile::pathOfUser()).read();
-        return values.contains("OTHER") ? QByteArray(values.value("OTHER").toBool() ? "true" : "false") : QByteArray("nothing");
+        return values.contains("OTHER") ? QByteArray(values.value("OTHER").toBool() ? "true" : "false")
+                                        : QByteArray("nothing");
     };
     QByteArrayList all;
     QString error;
@@ -129,4 +130,43 @@ TEST(PreferencesDeathTest, TheyAreWrittenWithAProjectAndAtTheEndOfTheSession)
             std::_Exit(0);
         },
         testing::ExitedWithCode(0), "nothing true true false");
+}
+
+TEST(PreferencesTest, AnItemTellsItsKindAndGoesBackToItsDefault)
+{
+    brindle::engine::Preferences preferences;
+    preferences.setIntValue("WHOLE", 3);
+    preferences.setRgbaValue("COLOUR", QColor(1, 2, 3, 4));
+    EXPECT_EQ(preferences.find("WHOLE")->type(), PR_PrefItem::Int);
+    EXPECT_EQ(dynamic_cast<PR_RgbaItem&>(*preferences.find("COLOUR")).value(), (PR_Rgba{3, 2, 1, 4}));
+    preferences.setStringValue("WHOLE", "text");
+    EXPECT_EQ(preferences.find("WHOLE")->type(), PR_PrefItem::String);
+    preferences.find("WHOLE")->restoreDefault();
+    EXPECT_EQ(preferences.getStringValue("WHOLE", "other"), "");
+    preferences.setStringValue("RIPPLE_SCENE_MARKERS", "text");
+    EXPECT_TRUE(preferences.getBoolValue("RIPPLE_SCENE_MARKERS", true)) << "of another kind: the caller's";
+    preferences.find("RIPPLE_SCENE_MARKERS")->restoreDefault();
+    EXPECT_EQ(preferences.find("RIPPLE_SCENE_MARKERS")->type(), PR_PrefItem::Bool);
+    EXPECT_EQ(preferences.find("NEVER"), nullptr);
+}
+
+TEST(PreferencesTest, ASaveLearnsWhatOthersChangedAndTakesBackWhatIsAtItsDefault)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("preferences.json");
+    brindle::engine::Preferences one(path);
+    brindle::engine::Preferences other(path);
+    one.setIntValue("A", 1);
+    one.setBoolValue("RIPPLE_SCENE_MARKERS", false);
+    EXPECT_TRUE(one.save());
+    other.setIntValue("B", 2);
+    EXPECT_TRUE(other.save());
+    EXPECT_FALSE(other.getBoolValue("RIPPLE_SCENE_MARKERS", true));
+    EXPECT_NE(other.find("A"), nullptr);
+    other.find("RIPPLE_SCENE_MARKERS")->restoreDefault();
+    EXPECT_TRUE(other.save());
+    one.setIntValue("C", 3);
+    EXPECT_TRUE(one.save());
+    EXPECT_TRUE(one.getBoolValue("RIPPLE_SCENE_MARKERS", false));
+    EXPECT_FALSE(brindle::engine::PreferenceFile(path).read().contains("RIPPLE_SCENE_MARKERS"));
 }
