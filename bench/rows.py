@@ -110,6 +110,11 @@ PYTHON = (
         items=10_000, aim=0.05),
     Row("open 10,000 nodes with a key each", "open keyed/10000", "floor open keyed/10000", "Python: json.loads",
         items=10_000, most=0.5, aim=0.08),
+    Row("call a function of Javascript", "call javascript", aim=1000 * NS),
+    Row("1,000 numbers into Javascript", "list into javascript", aim=300_000 * NS),
+    Row("1,000 numbers out of Javascript", "list out of javascript", aim=500_000 * NS),
+    Row("read a node's name in Javascript", "property in javascript", aim=1000 * NS),
+    Row("first use of Javascript", "first javascript", aim=20 * MS),
     Row("python3 -c 'import brindle'", "import", "floor import", "python3 -c pass", most=0.15, aim=0.08),
 )
 

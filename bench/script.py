@@ -23,6 +23,7 @@ import brindle
 import columns
 import elements
 import exposures
+import javascript
 import operations
 import palettes
 from floors import objects
@@ -38,6 +39,7 @@ def short_operations(folder):
     """Operations whose cost has nothing to do with the size of the project, with the floors in the same rounds."""
     with brindle.create(folder) as app:
         samples.in_turn(objects.STATEMENTS | operations.STATEMENTS, objects.NAMES | operations.names(app))
+        samples.in_turn(javascript.STATEMENTS, javascript.names(app))
 
 
 def create_nodes(scene, count):
@@ -238,6 +240,7 @@ def main():
                 evaluate(app, size)
         key_each(brindle.create(f"{root}/keyed"), f"{root}/keyed", 10_000, REPETITIONS[10_000])
     start()
+    javascript.first_engine(samples)
     json.dump(samples.seconds, sys.stdout)
 
 

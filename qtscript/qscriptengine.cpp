@@ -29,7 +29,7 @@ const QString helperFile = QStringLiteral("qtscript-helpers");
 /// would take them to the end of the stack. They are replaced by ones that go through the engine at each level.
 const QString helperText = QStringLiteral(R"((function(global, invoker) {
     const apply = Reflect.apply, define = Object.defineProperty, isArray = Array.isArray, TypeOf = TypeError;
-    const has = Object.prototype.hasOwnProperty, invoke = invoker.invoke;
+    const has = Object.prototype.hasOwnProperty, invoke = invoker.invoke, read = invoker.read;
     const replace = (object, name, value) => define(object, name, {value, writable: true, configurable: true});
     const joined = []; // The arrays whose text is being made: inside itself an array has none.
     for (const name of ['join', 'toLocaleString']) {
@@ -72,6 +72,8 @@ const QString helperText = QStringLiteral(R"((function(global, invoker) {
         defineProperty: (object, name, value, writable, enumerable, configurable) =>
             define(object, name, {value, writable, enumerable, configurable}),
         ownNames: object => Object.getOwnPropertyNames(object),
+        defineAccessor: (object, name, getter, set) =>
+            define(object, name, {get() { return read(getter, this) }, set, enumerable: true, configurable: true}),
         functionOf: f => function() { return invoke(f, this, arguments) },
     };
 }))");
@@ -128,33 +130,56 @@ QJSValue ScriptInvoker::invoke(const QVariant& function, const QJSValue& self, c
     for (quint32 i = 0; i < count; ++i)
         values.append(engine.wrap(arguments.property(i)));
     const QJSValue result = engine.unwrap((*called)(engine.wrap(self), values));
-    // What went wrong in there, and was left so, goes on in the script.
-    if (engine.hasException) {
-        engine.hasException = false;
-        engine.js.throwError(std::exchange(engine.exception, QJSValue()));
-    }
+    goOnThrowing();
     return result;
+}
+
+QJSValue ScriptInvoker::read(int getter, const QVariant& self)
+{
+    const QJSValue result = m_engine.d->unwrap(m_getters[static_cast<std::size_t>(getter)](self));
+    goOnThrowing();
+    return result;
+}
+
+int ScriptInvoker::addGetter(QScriptEngine::Getter getter)
+{
+    m_getters.push_back(std::move(getter));
+    return static_cast<int>(m_getters.size()) - 1;
+}
+
+/// What went wrong in C++, and was left so, goes on in the script.
+void ScriptInvoker::goOnThrowing()
+{
+    QScriptEngine::Private& engine = *m_engine.d;
+    if (std::exchange(engine.hasException, false))
+        engine.js.throwError(std::exchange(engine.exception, QJSValue()));
 }
 
 QScriptEngine::Private::Private(QScriptEngine& engine) : self(engine), invoker(engine)
 {
     application.end();
     QJSEngine::setObjectOwnership(&invoker, QJSEngine::CppOwnership);
-    const QJSValue helpers = js.evaluate(helperText, helperFile).call({js.globalObject(), js.newQObject(&invoker)});
+    ownGlobal = js.globalObject();
+    const QJSValue helpers = js.evaluate(helperText, helperFile).call({ownGlobal, js.newQObject(&invoker)});
     scopeOf = helpers.property(QStringLiteral("scopeOf"));
     definitionOn = helpers.property(QStringLiteral("definitionOn"));
     defineProperty = helpers.property(QStringLiteral("defineProperty"));
     ownNames = helpers.property(QStringLiteral("ownNames"));
     functionOf = helpers.property(QStringLiteral("functionOf"));
+    defineAccessor = helpers.property(QStringLiteral("defineAccessor"));
 }
 
-QJSValue QScriptEngine::Private::unwrap(const QScriptValue& value) const
+QJSValue QScriptEngine::Private::unwrap(const QScriptValue& value)
 {
-    const bool isOurs = value.isValid() && (!value.m_engine || value.m_engine == &self);
-    return isOurs ? value.m_value : QJSValue();
+    if (!value.isValid() || (value.m_engine && value.m_engine != &self))
+        return {};
+    // A text of no engine is one that Qt's managed values can't take as an item of an array.
+    if (!value.m_engine && value.m_value.isString())
+        return js.toScriptValue(value.m_value.toString());
+    return value.m_value;
 }
 
-QJSValue QScriptEngine::Private::thisFor(const QScriptValue& value) const
+QJSValue QScriptEngine::Private::thisFor(const QScriptValue& value)
 {
     const QJSValue object = unwrap(value);
     return object.isObject() ? object : unwrap(self.globalObject());
@@ -323,7 +348,7 @@ bool QScriptEngine::wasAborted() const
 
 void QScriptEngine::throwError(const QString& message)
 {
-    throwValue(d->wrap(d->js.newErrorObject(QJSValue::GenericError, message)));
+    throwValue(newError(message));
 }
 
 void QScriptEngine::throwValue(const QScriptValue& value)
@@ -342,14 +367,22 @@ bool QScriptEngine::isEvaluating() const
 
 QScriptValue QScriptEngine::globalObject() const
 {
-    return d->global.isValid() ? d->global : d->wrap(d->js.globalObject());
+    return d->global.isValid() ? d->global : d->wrap(d->ownGlobal);
 }
 
 void QScriptEngine::setGlobalObject(const QScriptValue& object)
 {
     const QJSValue given = d->unwrap(object);
-    const bool isOwn = !given.isObject() || given.strictlyEquals(d->js.globalObject());
+    const bool isOwn = !given.isObject() || given.strictlyEquals(d->ownGlobal);
     d->global = isOwn ? QScriptValue() : object;
+}
+
+QScriptValue QScriptEngine::exchangeGlobalObject(const QScriptValue& object)
+{
+    QScriptValue before = d->global;
+    if (before.isValid() || object.isValid())
+        setGlobalObject(object);
+    return before;
 }
 
 QScriptValue QScriptEngine::nullValue()
@@ -391,6 +424,18 @@ QScriptValue QScriptEngine::newFunction(Function function)
 {
     const ScriptFunction kept{std::make_shared<Function>(std::move(function))};
     return d->wrap(d->functionOf.call({d->js.toScriptValue(QVariant::fromValue(kept))}));
+}
+
+void QScriptEngine::defineAccessor(const QScriptValue& object, const QString& name, Getter getter,
+                                   const QScriptValue& setter)
+{
+    const int index = d->invoker.addGetter(std::move(getter));
+    d->defineAccessor.call({d->unwrap(object), name, index, d->unwrap(setter)});
+}
+
+QScriptValue QScriptEngine::newError(const QString& message)
+{
+    return d->wrap(d->js.newErrorObject(QJSValue::GenericError, message));
 }
 
 void QScriptEngine::collectGarbage()

@@ -56,10 +56,13 @@ public:
     /// Throws in the script that called the function of C++ under way; with none under way, the exception is uncaught.
     void throwError(const QString& message);
     void throwValue(const QScriptValue& value);
+    QScriptValue newError(const QString& message);
 
     QScriptValue globalObject() const;
     /// Sets the object that the next scripts run into. An invalid value brings the engine's own global object back.
     void setGlobalObject(const QScriptValue& object);
+    /// Does the same and gives the value that sets back what was there.
+    QScriptValue exchangeGlobalObject(const QScriptValue& object);
 
     QScriptValue nullValue();
     QScriptValue undefinedValue();
@@ -76,6 +79,11 @@ public:
     /// A function that runs C++. When no script holds it any more, the garbage collector destroys the function object,
     /// in the middle of a run: its destructor must not use the engine.
     QScriptValue newFunction(Function function);
+    /// What a read of a property runs: gets the value of C++ that `this` holds, invalid for any other object.
+    using Getter = std::function<QScriptValue(const QVariant& self)>;
+    /// Gives an object, the prototype of opaque values, a property that C++ reads; the engine keeps the getter for
+    /// good. An invalid setter makes it read-only, else it is called with the value.
+    void defineAccessor(const QScriptValue& object, const QString& name, Getter getter, const QScriptValue& setter);
 
     void collectGarbage();
 

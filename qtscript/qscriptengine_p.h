@@ -25,8 +25,14 @@ public:
     explicit ScriptInvoker(QScriptEngine& engine) : m_engine(engine) {}
 
     Q_INVOKABLE QJSValue invoke(const QVariant& function, const QJSValue& self, const QJSValue& arguments);
+    Q_INVOKABLE QJSValue read(int getter, const QVariant& self);
+
+    int addGetter(QScriptEngine::Getter getter);
 
 private:
+    void goOnThrowing();
+
+    std::vector<QScriptEngine::Getter> m_getters;
     QScriptEngine& m_engine;
 };
 
@@ -53,8 +59,8 @@ struct QScriptEngine::Private {
 
     QScriptValue wrap(const QJSValue& value) { return QScriptValue(&self, value); }
     /// The value for the engine's use; undefined for an invalid one, and for an object of another engine.
-    QJSValue unwrap(const QScriptValue& value) const;
-    QJSValue thisFor(const QScriptValue& value) const;
+    QJSValue unwrap(const QScriptValue& value);
+    QJSValue thisFor(const QScriptValue& value);
 
     QScriptValue evaluate(const QString& program, const QString& fileName, int lineNumber);
     QScriptValue runInto(const QJSValue& object, const QString& program, const QString& fileName, int lineNumber);
@@ -85,6 +91,8 @@ struct QScriptEngine::Private {
     QJSValue defineProperty;
     QJSValue ownNames;
     QJSValue functionOf;
+    QJSValue defineAccessor;
+    QJSValue ownGlobal;
     QScriptValue global; ///< Invalid while scripts run into the engine's own.
 
     bool hasException = false;

@@ -52,6 +52,8 @@ QScriptValue QScriptValue::property(const QString& name) const
         const std::vector<QScriptEngine::Private::Place> places = QScriptEngine::Private::placesOf(m_value);
         if (!places.empty() && name == u"lineNumber")
             return QScriptValue(m_engine, QJSValue(places.front().line));
+        if (places.empty() && name == u"fileName" && !value.isString())
+            return {};
         const QString file = engine.fileNameOf(places.empty() ? value.toString() : places.front().url);
         if (name == u"fileName")
             return file.isEmpty() ? QScriptValue() : QScriptValue(m_engine, QJSValue(file));

@@ -2,10 +2,13 @@
 
 #include "qtscript/qscriptengine_p.h"
 
-QScriptValueIterator::QScriptValueIterator(const QScriptValue& object) : m_object(object)
+QScriptValueIterator::QScriptValueIterator(const QScriptValue& object) : m_object(object), m_names(namesOf(object)) {}
+
+QStringList QScriptValueIterator::namesOf(const QScriptValue& object)
 {
-    if (object.engine() && object.isObject())
-        m_names = object.m_engine->d->ownNames.call({object.m_value}).toVariant().toStringList();
+    if (!object.engine() || !object.isObject())
+        return {};
+    return object.m_engine->d->ownNames.call({object.m_value}).toVariant().toStringList();
 }
 
 QString QScriptValueIterator::name() const

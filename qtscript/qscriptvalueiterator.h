@@ -15,6 +15,8 @@
 class QTSCRIPT_EXPORT QScriptValueIterator {
 public:
     explicit QScriptValueIterator(const QScriptValue& object);
+    /// The names that an iterator would go over.
+    static QStringList namesOf(const QScriptValue& object);
 
     bool hasNext() const { return m_next < m_names.size(); }
     void next() { ++m_next; }

@@ -1,6 +1,7 @@
 #include "core/frame/scriptenginegenerator.h"
 #include "core/frame/vectorizationinterface.h"
 #include "service/python/bridges/functionhelper.h"
+#include "service/python/bridges/javascriptinterrupter.h"
 #include "service/python/session.h"
 #include "service/python/threadscopes.h"
 #include "service/scriptengine.h"
@@ -27,6 +28,7 @@ public:
 [[maybe_unused]] const bool installed = [] {
     python::installThreadHelper();
     python::installFunctionHelper();
+    python::installJavascriptInterrupter();
     OMC::ScriptEngineGeneratorInterface::setInstance(new Generator);
     OMC::VectorizationInterface::setGenerator(new VectorizationGenerator);
     return true;

@@ -1,8 +1,15 @@
 #include "service/serviceapplication.h"
 
+#include "core/bridges/javascript.h"
 #include "core/elements/elementlist.h"
 #include "core/scene/project.h"
 #include "core/scene/scenelist.h"
+#include "core/services/about.h"
+#include "core/services/actions.h"
+#include "core/services/preferences.h"
+#include "core/services/selection.h"
+#include "core/services/tool.h"
+#include "core/services/view.h"
 
 namespace brindle {
 
@@ -35,6 +42,42 @@ OMC::Obj ServiceApplication::getElements() const
 {
     project();
     return new OMC::ElementList;
+}
+
+OMC::Obj ServiceApplication::getJavascript() const
+{
+    project();
+    return new OMC::Javascript;
+}
+
+OMC::Obj ServiceApplication::getPreferences() const
+{
+    return new OMC::Preferences;
+}
+
+OMC::Obj ServiceApplication::getActions() const
+{
+    return new OMC::Actions;
+}
+
+OMC::Obj ServiceApplication::getAbout() const
+{
+    return new OMC::About;
+}
+
+OMC::Obj ServiceApplication::getViews() const
+{
+    return OMC::ViewMap::getInstance();
+}
+
+OMC::Obj ServiceApplication::getTools() const
+{
+    return new OMC::ToolList;
+}
+
+OMC::Obj ServiceApplication::getSelection() const
+{
+    return new OMC::Selection;
 }
 
 SC_ProjectManager& ServiceApplication::projectManager() const

@@ -17,6 +17,13 @@ class ServiceApplication : public OMC::Application {
     Q_PROPERTY(OMC::Obj scenes READ getScenes)
     Q_PROPERTY(OMC::Obj scene READ getScene)
     Q_PROPERTY(OMC::Obj elements READ getElements)
+    Q_PROPERTY(OMC::Obj javascript READ getJavascript)
+    Q_PROPERTY(OMC::Obj preferences READ getPreferences)
+    Q_PROPERTY(OMC::Obj actions READ getActions)
+    Q_PROPERTY(OMC::Obj about READ getAbout)
+    Q_PROPERTY(OMC::Obj views READ getViews)
+    Q_PROPERTY(OMC::Obj tools READ getTools)
+    Q_PROPERTY(OMC::Obj selection READ getSelection)
 
 public:
     explicit ServiceApplication(SC_SessionContext* session);
@@ -28,7 +35,14 @@ public:
     OMC::Obj getScenes() const override;  ///< The project's scenes, a SceneList.
     OMC::Obj getScene() const;            ///< The project's first scene.
 
-    OMC::Obj getElements() const; ///< The project's elements.
+    OMC::Obj getElements() const;    ///< The project's elements.
+    OMC::Obj getJavascript() const;  ///< The Javascript of the application.
+    OMC::Obj getPreferences() const; ///< The preferences of the person. On the main thread alone.
+    OMC::Obj getActions() const;     ///< The actions of menus and toolbars. On the main thread alone.
+    OMC::Obj getAbout() const;       ///< What the script runs in.
+    OMC::Obj getViews() const;       ///< The kinds of views, by name.
+    OMC::Obj getTools() const;       ///< The tools; there are none yet.
+    OMC::Obj getSelection() const;   ///< The selection, which holds nothing yet.
 
     /// The manager of the project, which is still the one that this application was made for; throws otherwise.
     SC_ProjectManager& projectManager() const;

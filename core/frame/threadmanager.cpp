@@ -5,6 +5,7 @@
 #include "core/frame/global.h"
 #include "core/frame/mainthreadjob.h"
 #include "core/frame/mainthreadstate.h"
+#include "core/frame/threadmanagerstate.h"
 #include "core/host/msg_scope.h"
 #include "core/host/sc_scene.h"
 #include "core/host/sc_session.h"
@@ -14,6 +15,8 @@
 #include <QThread>
 
 #include <algorithm>
+#include <atomic>
+#include <thread>
 
 namespace OMC {
 
@@ -23,6 +26,10 @@ enum class ThreadRole : quint8 { Unknown, Main, Other };
 
 /// Found out once a thread. Every operation of every object asks, so it is reached without a call.
 [[gnu::tls_model("initial-exec")]] constinit thread_local ThreadRole threadRole = ThreadRole::Unknown;
+
+/// The main thread where no QCoreApplication tells.
+std::atomic<std::thread::id> standIn;
+constinit bool hasStandIn = false;
 
 /// Counted on by each job that the main thread has come to.
 unsigned int jobIndex = 0;
@@ -38,9 +45,11 @@ QString translated(const char* text)
 
 [[gnu::noinline]] ThreadRole findRole()
 {
-    if (!QCoreApplication::instance())
+    const QCoreApplication* application = QCoreApplication::instance();
+    if (!application && !hasStandIn)
         throw Exception(translated("The application does not appear to be loaded."));
-    const bool isMain = QCoreApplication::instance()->thread() == QThread::currentThread();
+    const bool isMain = application ? application->thread() == QThread::currentThread()
+                                    : standIn.load() == std::this_thread::get_id();
     threadRole = isMain ? ThreadRole::Main : ThreadRole::Other;
     return threadRole;
 }
@@ -86,6 +95,14 @@ const PythonFunction& functionIn(const QVariant& value)
 
 } // namespace
 
+void ThreadManagerState::standInForApplication()
+{
+    if (std::exchange(hasStandIn, true))
+        return;
+    standIn = std::this_thread::get_id();
+    threadRole = ThreadRole::Unknown;
+}
+
 ThreadManager* ThreadManager::instance()
 {
     static ThreadManager manager;
@@ -95,7 +112,7 @@ ThreadManager* ThreadManager::instance()
 bool ThreadManager::mainThread()
 {
     // The short way ahead of everything that needs a frame on the stack: each operation of each object comes here.
-    if (QCoreApplication::instance() && threadRole != ThreadRole::Unknown) [[likely]]
+    if ((QCoreApplication::instance() || hasStandIn) && threadRole != ThreadRole::Unknown) [[likely]]
         return threadRole == ThreadRole::Main;
     return findRole() == ThreadRole::Main;
 }

@@ -15,6 +15,10 @@ public:
     static std::size_t notifyStates() { return manager().m_notifyStates.size(); }
     static unsigned int& jobIndex() { return manager().threadLockIndex(); }
 
+    /// Makes the calling thread the main thread of a process without a QCoreApplication, whose place it takes in each check: of a
+    /// plain interpreter. Later calls change nothing.
+    BRINDLE_CORE_EXPORT static void standInForApplication();
+
     /// Takes the application's lock for those who asked for it while the main thread was inside Python.
     static void takeUpDelayedLock()
     {

@@ -446,6 +446,12 @@ void Class<T>::deriveOperators()
                 throwArgument(1, From<OMC::Obj>::type, value);
             assignItem<QString, OMC::Obj>(list, key, value);
         };
+    } else if constexpr (requires(const QString& k, const QVariant& v) { self(nullptr).set(k, v); }) {
+        operators.setItem = [](PyObject* list, PyObject* key, PyObject* value) {
+            if (!From<QString>::accepts(key))
+                throwArgument(0, From<QString>::type, key);
+            assignItem<QString, QVariant>(list, key, value);
+        };
     } else if constexpr (requires(int i, const std::string& v) { self(nullptr).set(i, v); }) {
         operators.setItem = &assignItem<unsigned int, std::string>;
     }

@@ -1,5 +1,6 @@
 #include "service/python/errors.h"
 
+#include "core/bridges/javascriptbackend.h"
 #include "core/frame/baseobject.h"
 #include "core/frame/unexpected.h"
 #include "service/python/interpreter.h"
@@ -21,6 +22,29 @@ void raiseSentence(const std::string& sentence)
     const Ref text(PyUnicode_DecodeUTF8(sentence.data(), static_cast<Py_ssize_t>(sentence.size()), nullptr));
     if (text)
         PyErr_SetObject(errorType, text.get());
+}
+
+/// Raises what a function of Python raised again, which a script of Javascript called and let go. The places in scripts that it
+/// went through are a note of it.
+void raiseCauseOf(const OMC::JavascriptError& error)
+{
+    try {
+        std::rethrow_exception(error.cause());
+    } catch (...) {
+        raiseCurrentException();
+    }
+    PyObject* type = nullptr;
+    PyObject* value = nullptr;
+    PyObject* traceback = nullptr;
+    PyErr_Fetch(&type, &value, &traceback);
+    PyErr_NormalizeException(&type, &value, &traceback);
+    const QByteArray places = error.backtrace().join(QStringLiteral("\n  ")).toUtf8();
+    const Ref note(value && !places.isEmpty()
+                       ? PyObject_CallMethod(value, "add_note", "s", ("In Javascript:\n  " + places).constData())
+                       : nullptr);
+    // Without a note it is still the exception.
+    PyErr_Clear();
+    PyErr_Restore(type, value, traceback);
 }
 
 } // namespace
@@ -77,6 +101,11 @@ void raiseCurrentException() noexcept
     } catch (const PythonError&) {
     } catch (const ScriptException& exception) {
         exception.raise();
+    } catch (const OMC::JavascriptError& error) {
+        if (error.cause())
+            raiseCauseOf(error);
+        else
+            raiseSentence(error.message());
     } catch (const OMC::Exception& exception) {
         raiseSentence(exception.message());
     } catch (const std::bad_alloc&) {

@@ -1,26 +1,23 @@
 #include "service/python/session.h"
 
 #include "core/frame/pythonthread.h"
+#include "core/frame/threadmanagerstate.h"
 #include "service/python/enginegate.h"
 #include "service/python/errors.h"
 #include "service/python/interpreter.h"
 #include "service/python/wrapper.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
-#include <QThread>
 
-#include <clocale>
 #include <memory>
 
 namespace brindle::python {
 
 namespace {
 
-/// The open project of the process: in the host's session, or in one of our own where there is no host. The Qt
-/// application is made here when the process has none: it marks the main thread.
+/// The open project of the process: in the host's session, or in one of our own where there is no host. That one needs no
+/// QCoreApplication, and makes none: a script may make its QApplication before or after, or not at all.
 struct Session {
-    std::unique_ptr<QCoreApplication> qtApplication;
     std::unique_ptr<SC_SessionContext> context;
     Ref application;
     bool ended = false; ///< The interpreter is ending: nothing is opened any more.
@@ -37,16 +34,10 @@ SC_SessionContext& context()
     Session& current = session();
     if (current.ended)
         throw OMC::Exception(QStringLiteral("No project can be opened while the interpreter is ending."));
-    if (!QCoreApplication::instance()) {
-        static int argumentCount = 1;
-        static char name[] = "brindle";
-        static char* arguments[] = {name, nullptr};
-        current.qtApplication = std::make_unique<QCoreApplication>(argumentCount, arguments);
-        // Qt takes on the person's locale for all; Python and scripts count on "." in numbers.
-        std::setlocale(LC_NUMERIC, "C");
-    }
-    if (!PLUG_Services::getSessionContext())
+    if (!PLUG_Services::getSessionContext()) {
+        OMC::ThreadManagerState::standInForApplication();
         current.context = SC_SessionContext::create();
+    }
     return *PLUG_Services::getSessionContext();
 }
 
@@ -176,10 +167,6 @@ void shutDown()
     if (EngineGate::isCutOff())
         static_cast<void>(current.context.release());
     current.context.reset();
-    // Made by a thread that opened the first project, Qt's application can't be destroyed by another one.
-    if (current.qtApplication && current.qtApplication->thread() != QThread::currentThread())
-        static_cast<void>(current.qtApplication.release());
-    current.qtApplication.reset();
 }
 
 } // namespace brindle::python

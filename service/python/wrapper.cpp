@@ -62,7 +62,6 @@ PyObject* toPython(OMC::Obj&& handle)
         Py_RETURN_NONE;
     if (handle.hasRealOwner()) {
         object = object->copy();
-        object->setOwnership(OMC::OwnedByPython);
     } else {
         object = handle.releaseToPython();
     }
@@ -105,7 +104,9 @@ PyObject* adopt(const TypeEntry& entry, OMC::BaseObject* object)
         delete object;
         throw PythonError{};
     }
-    object->setOwnership(OMC::OwnedByPython);
+    // An object that there is once for all, whose copy is itself, stays its native owner's.
+    if (object->getOwnership() != OMC::OwnedByNative)
+        object->setOwnership(OMC::OwnedByPython);
     wrapper->object = object;
     wrapper->operators = entry.operators;
     wrapper->weakReferences = nullptr;
@@ -139,7 +140,8 @@ void deallocate(PyObject* self)
         PyObject_GC_UnTrack(self);
     if (wrapper->weakReferences)
         PyObject_ClearWeakRefs(self);
-    delete wrapper->object;
+    if (wrapper->object && wrapper->object->getOwnership() != OMC::OwnedByNative)
+        delete wrapper->object;
     if (Wrapper** spare = spareFor(type); spare && !*spare)
         *spare = wrapper;
     else

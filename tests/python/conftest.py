@@ -1,7 +1,12 @@
 """What the tests of the Python module share: a project of their own for each, and the sample objects of every class."""
 
+import os
 import pathlib
 import tempfile
+
+# The preferences of these tests are nobody's: they begin with a person who never set any.
+_config = tempfile.TemporaryDirectory()
+os.environ["XDG_CONFIG_HOME"] = _config.name
 
 import brindle
 import hypothesis

@@ -131,6 +131,16 @@ def samples(app):
     texture = palette.create_texture("Sample-Texture", ROOT / "tests/data/texture.png")
     return {
         "application": app,
+        "javascript": app.javascript,
+        "javascript object": app.javascript.eval("({list: [1, 2], call: function() { return 1 }})"),
+        "javascript script": app.javascript.load_string("var number = 1"),
+        "preferences": app.preferences,
+        "preference": app.preferences["SP_CONSTANT_SEGMENT"],
+        "actions": app.actions,
+        "about": app.about,
+        "views": app.views,
+        "tools": app.tools,
+        "selection": app.selection,
         "project": app.project,
         "resolution": app.project.resolution,
         "named resolution": app.project.resolution.names["PAL"],

@@ -6,7 +6,10 @@ import pytest
 import support
 
 UNEXPECTED = "An unexpected error has occurred."
-KEPT_BY_CLOSING = {"application", "enum option", "locked block", *support.VALUES}
+# What belongs to the session, or to the person.
+SESSION = {"javascript", "javascript object", "javascript script", "preferences", "preference", "actions", "about", "views",
+           "tools", "selection"}
+KEPT_BY_CLOSING = {"application", "enum option", "locked block", *SESSION, *support.VALUES}
 KEPT = {"project", "resolution", "named resolution", "history", "bracket", "scenes", "aspect", "units", "center",
         "unit converter", "metadata", "metadata pair", "scene", "columns", "nodes of the scene", "copied nodes",
         "display", "composite", "dynamic in-ports", "palette lists", "palettes", "palette", "solid colour", "gradient",

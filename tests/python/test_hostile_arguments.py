@@ -104,7 +104,8 @@ def test_every_call_survives_every_value(folder, tmp_path):
     done = support.run(support.PYTHON, program, folder, tmp_path / "report", SHARE, timeout=1500, cwd=tmp_path)
     last = (tmp_path / "report").read_text(errors="replace").strip()
     assert done.returncode == 0, f"the process ended with {done.returncode} in the call {last}\n{done.stderr[-2000:]}"
-    assert done.stdout == "0 objects left\n"
+    # The map of views, which there is once for all.
+    assert done.stdout == "1 objects left\n"
 
 
 @pytest.mark.parametrize("name", CASES)

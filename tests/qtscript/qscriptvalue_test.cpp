@@ -79,6 +79,19 @@ TEST_F(QtScriptTest, PropertiesAreSetReadAndRemoved)
     EXPECT_EQ(array.property(1u).toInt32(), 5);
 }
 
+TEST_F(QtScriptTest, AValueOfNoEngineMayBePutAnywhere)
+{
+    QScriptValue array = engine.newArray();
+    QScriptValue object = engine.newObject();
+    quint32 index = 0;
+    for (const QScriptValue& value : {QScriptValue("text"), QScriptValue(1.5), QScriptValue(true), QScriptValue("")}) {
+        array.setProperty(index++, value);
+        object.setProperty("a", value);
+        EXPECT_TRUE(object.property("a").strictlyEquals(value));
+    }
+    EXPECT_EQ(array.toVariant(), QVariant(QVariantList{"text", 1.5, true, ""}));
+}
+
 TEST_F(QtScriptTest, FlagsDecideWhatScriptsMayDo)
 {
     QScriptValue object = engine.newObject();

@@ -38,6 +38,13 @@ const Family family([]() -> std::vector<ClassTable> {
             .property("scenes", "SceneList")
             .property("scene", "Scene")
             .property("elements", "ElementList")
+            .property("javascript", "Javascript")
+            .property("preferences", "Preferences")
+            .property("actions", "Actions")
+            .property("about", "About")
+            .property("views", "ViewMap")
+            .property("tools", "ToolList")
+            .property("selection", "Selection")
             .method<"save", Form<&save, "path: str | PathLike[str] | None=None">>(
                 "Writes the project folder whole or not at all; with the path of another folder, does what save_as "
                 "does.")

@@ -1,0 +1,22 @@
+"""The example that checks names with a script of Javascript."""
+
+import brindle
+
+import support
+
+SCRIPT = support.ROOT / "examples" / "javascript" / "check_names.py"
+
+
+def test_it_tells_each_problem_and_fails_for_one(tmp_path):
+    folder = tmp_path / "walk"
+    with brindle.create(folder) as app:
+        app.scene.nodes.create("PEG", "P_Arm")
+        app.scene.nodes.create("PEG", "Hand")
+        app.scene.nodes.create("READ", "D_" + "x" * 30)
+        app.save()
+    done = support.run(support.PYTHON, SCRIPT, folder, "--longest", "16")
+    assert (done.returncode, done.stderr) == (1, "")
+    assert sorted(done.stdout.splitlines()) == [
+        f"Top/D_{'x' * 30} is longer than 16 letters", "Top/Hand should begin with P_"]
+    done = support.run(support.PYTHON, SCRIPT, folder, "--except", "Top/Hand")
+    assert (done.returncode, done.stdout, done.stderr) == (0, "", "")
