@@ -22,21 +22,22 @@ def number(value: float) -> str:
 
 
 class Panel:
-    """A window onto the plane: what is drawn is given in the coordinates of `box`, (left, bottom, right, top)."""
+    """A window onto the plane: what is drawn is given in the coordinates of `box`, (left, bottom, right, top). Without
+    a height in pixels both axes have the same scale."""
 
     def __init__(self, title: str, box: tuple[float, float, float, float], caption: str = "",
-                 width: float = 236) -> None:
+                 width: float = 236, height: float | None = None) -> None:
         self.title = title.split("\n")
         self.caption = caption.split("\n") if caption else []
         self.box = box
         self.width = width
         left, bottom, right, top = box
-        self.scale = width / (right - left)
-        self.height = self.scale * (top - bottom)
+        scale = width / (right - left)
+        self.height = height or scale * (top - bottom)
         self.lines: list[str] = []
         self.matrix = brindle.Matrix()
         self.matrix.translate(0, self.height, 0)
-        self.matrix.scale(self.scale, -self.scale, 1)
+        self.matrix.scale(scale, -self.height / (top - bottom), 1)
         self.matrix.translate(-left, -bottom, 0)
         self.grid()
 

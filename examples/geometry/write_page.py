@@ -27,19 +27,24 @@ def with_tables(text: str, tables: dict[str, str]) -> str:
     return text
 
 
-def main() -> int:
-    written = {IMAGES / f"{draw.__name__}.svg": draw() for draw in pictures.PICTURES}
-    written[PAGE] = with_tables(PAGE.read_text(), readers.tables())
+def bring_up_to_date(written: dict[pathlib.Path, str], script: str) -> int:
+    """Writes the files whose text isn't theirs any more; with --check it only names them. Gives the exit code."""
     stale = [path for path, text in written.items() if not path.exists() or path.read_text() != text]
     if "--check" in sys.argv[1:]:
         for path in stale:
-            print(f"{path.relative_to(ROOT)} is not up to date: run examples/geometry/write_page.py")
+            print(f"{path.relative_to(ROOT)} is not up to date: run {script}")
         return 1 if stale else 0
     for path in stale:
-        path.parent.mkdir(exist_ok=True)
+        path.parent.mkdir(parents=True, exist_ok=True)
         path.write_text(written[path])
         print(f"wrote {path.relative_to(ROOT)}")
     return 0
+
+
+def main() -> int:
+    written = {IMAGES / f"{draw.__name__}.svg": draw() for draw in pictures.PICTURES}
+    written[PAGE] = with_tables(PAGE.read_text(), readers.tables())
+    return bring_up_to_date(written, "examples/geometry/write_page.py")
 
 
 if __name__ == "__main__":
