@@ -14,8 +14,9 @@ import brindle
 import recolour
 import swatches
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-IMAGES = ROOT / "docs" / "images" / "palettes"
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "geometry"))
+
+from write_page import IMAGES, bring_up_to_date  # noqa: E402
 
 WIDTH, HEIGHT = 224, 84  # of a swatch, in pixels
 GAP = swatches.GAP
@@ -93,17 +94,8 @@ def draw_all() -> dict[str, str]:
 
 
 def main() -> int:
-    written = {IMAGES / f"{name}.svg": text for name, text in draw_all().items()}
-    stale = [path for path, text in written.items() if not path.exists() or path.read_text() != text]
-    if "--check" in sys.argv[1:]:
-        for path in stale:
-            print(f"{path.relative_to(ROOT)} is not up to date: run examples/palettes/write_palette_page.py")
-        return 1 if stale else 0
-    for path in stale:
-        path.parent.mkdir(exist_ok=True)
-        path.write_text(written[path])
-        print(f"wrote {path.relative_to(ROOT)}")
-    return 0
+    written = {IMAGES / "palettes" / f"{name}.svg": text for name, text in draw_all().items()}
+    return bring_up_to_date(written, "examples/palettes/write_palette_page.py")
 
 
 if __name__ == "__main__":
