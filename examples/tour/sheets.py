@@ -1,8 +1,9 @@
-"""Reads the two sheets that an animator has: the model sheet with the parts and pivots, and the timing sheet."""
+"""Reads what an animator has: the model sheet with the parts and pivots, the timing sheet and the exposure sheet."""
 
 import csv
 import json
 import pathlib
+from collections.abc import Iterator
 from dataclasses import dataclass
 
 
@@ -11,7 +12,7 @@ class Part:
     name: str
     parent: str | None
     pivot: tuple[float, float]  # in fields, y upwards
-    drawing: str | None
+    drawing: str | None  # the element that the part shows
     depth: int  # levels below the root part
     column: int  # place from left to right in the node view
 
@@ -22,6 +23,13 @@ class Key:
     attribute: str  # "angle", "position.x", ...
     frame: int
     value: float
+
+
+@dataclass
+class Exposure:
+    element: str
+    frame: int
+    drawing: str
 
 
 def read_rig(path: pathlib.Path) -> list[Part]:
@@ -43,13 +51,23 @@ def read_rig(path: pathlib.Path) -> list[Part]:
 
 
 def read_walk(path: pathlib.Path) -> list[Key]:
-    """The keys of the timing sheet: a line a frame, a column an attribute, an empty cell where there is no key."""
+    """The keys of the timing sheet: a column an attribute, an empty cell where there is no key."""
+    keys = []
+    for frame, heading, cell in cells(path):
+        part, attribute = heading.split(".", 1)
+        keys.append(Key(part, attribute, frame, float(cell)))
+    return keys
+
+
+def read_exposures(path: pathlib.Path) -> list[Exposure]:
+    """The exposures by their frames: a column an element, an empty cell where the drawing ahead holds on."""
+    return [Exposure(heading, frame, cell) for frame, heading, cell in cells(path)]
+
+
+def cells(path: pathlib.Path) -> Iterator[tuple[int, str, str]]:
+    """The filled cells of a sheet with a line a frame: frame, heading and text. The names of the poses are no cells."""
     with open(path, newline="") as sheet:
-        keys = []
         for line in csv.DictReader(sheet):
             for heading, cell in line.items():
-                if heading in ("frame", "pose") or cell == "":
-                    continue
-                part, attribute = heading.split(".", 1)
-                keys.append(Key(part, attribute, int(line["frame"]), float(cell)))
-    return keys
+                if heading not in ("frame", "pose") and cell != "":
+                    yield int(line["frame"]), heading, cell

@@ -1,4 +1,4 @@
-"""The tour: a walk cycle from a model sheet and a timing sheet, the way a script makes one.
+"""The tour: a walk cycle from a model sheet, a timing and an exposure sheet, the way a script makes one.
 
     ./run                       makes it in build/tour
     ./run examples/tour/tour.py FOLDER
@@ -22,7 +22,23 @@ def say(text: str) -> None:
     print(f"  {text}", flush=True)
 
 
-def build_rig(scene: brindle.Scene, parts: list[sheets.Part]) -> dict[str, brindle.Node]:
+def make_drawings(scene: brindle.Scene, parts: list[sheets.Part],
+                  exposures: list[sheets.Exposure]) -> dict[str, brindle.ElementColumn]:
+    """A drawing column for each element, which left and right parts share; one that is not on the sheet has one drawing."""
+    columns: dict[str, brindle.ElementColumn] = {}
+    for name in dict.fromkeys(part.drawing for part in parts if part.drawing):
+        column = scene.columns.create("DRAWING", name, {"createNode": False})
+        assert isinstance(column, brindle.ElementColumn) and column.element
+        column.element.vector_type = "PNT"
+        columns[name] = column
+    changing = {exposure.element for exposure in exposures}
+    for exposure in [*exposures, *(sheets.Exposure(name, 1, "1") for name in columns if name not in changing)]:
+        columns[exposure.element][exposure.frame] = exposure.drawing
+    return columns
+
+
+def build_rig(scene: brindle.Scene, parts: list[sheets.Part],
+              columns: dict[str, brindle.ElementColumn]) -> dict[str, brindle.Node]:
     """A peg and, where the part has a drawing, a read node each; children hang on their parent's peg."""
     composite = scene.nodes["Top/Composite"].ports_in
     assert isinstance(composite, brindle.MultiInPortList)  # Its ports come and go.
@@ -39,6 +55,7 @@ def build_rig(scene: brindle.Scene, parts: list[sheets.Part]) -> dict[str, brind
             read.position = [part.column * 140 + 60, part.depth * 90 - 555]
             read.ports_in[0].link(peg)
             composite.create().link(read)
+            read.attributes["drawing.element"].link(columns[part.drawing])
         pegs[part.name] = peg
     return pegs
 
@@ -49,8 +66,18 @@ def set_keys(pegs: dict[str, brindle.Node], keys: list[sheets.Key]) -> None:
         pegs[key.part].attributes[key.attribute].set_value(key.frame, key.value)
 
 
+def told_exposures(column: brindle.ElementColumn) -> list[str]:
+    """A few words for each key exposure of a column whose first frame has one."""
+    told = []
+    frame: int | None = 1
+    while frame is not None:
+        told.append(f"{column.get_entry(frame)} from {frame}")
+        frame = column.key_exposure_next(frame)
+    return told
+
+
 def state_of(scene: brindle.Scene) -> dict[str, object]:
-    """What the scene shows, for a comparison: every node, its links, and every key's attribute over all frames."""
+    """What the scene shows, for a comparison: every node, its links, and every linked attribute over all frames."""
     frames = range(1, scene.frame_count + 1)
     state: dict[str, object] = {}
     for node in scene.nodes:
@@ -72,16 +99,22 @@ def main(folder: pathlib.Path) -> None:
 
     parts = sheets.read_rig(HERE / "data" / "rig.json")
     keys = sheets.read_walk(HERE / "data" / "walk.csv")
+    exposures = sheets.read_exposures(HERE / "data" / "exposures.csv")
     app = brindle.create(folder / "walk-cycle")
     scene, history = app.scene, app.project.history
     scene.frame_count = 48
     say(f"made a project: scene {scene.name}, {scene.frame_count} frames at {scene.framerate:g} fps")
 
     history.begin("Walk cycle")
-    pegs = build_rig(scene, parts)
+    columns = make_drawings(scene, parts, exposures)
+    pegs = build_rig(scene, parts, columns)
     set_keys(pegs, keys)
     history.end()
     say(f"built {len(parts)} parts, {len(scene.nodes)} nodes, and set {len(keys)} keys as one step: {history.list()[-1]!r}")
+
+    count = sum(len(element.drawings) for element in app.elements)
+    say(f"exposed {count} drawings of {len(app.elements)} elements on the sheet")
+    say(f"the head blinks: {', '.join(told_exposures(columns['head'])[:5])}")
 
     knee = pegs["Shin-L"].attributes["angle"]
     for frame in (1, 5, 7, 9):
@@ -92,10 +125,10 @@ def main(folder: pathlib.Path) -> None:
 
     before = state_of(scene)
     history.undo(1)
-    say(f"undid it: {len(scene.nodes)} nodes left; the knee says: {error_of(knee)}")
+    say(f"undid it: {len(scene.nodes)} nodes and {len(app.elements)} elements left; the knee says: {error_of(knee)}")
     history.redo(1)
     check(state_of(scene) == before, "redoing gives the same scene")
-    say(f"did it again: {len(scene.nodes)} nodes, the same curves in every frame")
+    say(f"did it again: {len(scene.nodes)} nodes, the same curves and drawings in every frame")
 
     picture = folder / "graph.svg"
     picture.write_text(graph_svg.draw(scene))

@@ -52,6 +52,20 @@ def test_its_project_is_a_walk_that_can_be_opened(tour):
     assert 'Scene "Scene-1": 48 frames (1 to 48) at 24 fps' in text
 
 
+def test_its_parts_show_drawings_and_its_head_blinks(tour):
+    assert "  the head blinks: open from 1, half from 9, closed from 10, half from 12, open from 13" in (
+        tour[1][0].stdout.splitlines())
+    with brindle.open(tour[0] / "out" / "walk-cycle") as app:
+        reads = {node.name: node.attributes["drawing"] for node in app.scene.nodes if node.type == "READ"}
+        assert len(reads) == 16
+        assert all(drawing.value(frame) for drawing in reads.values() for frame in (1, 48))
+        assert {element.vector_type for element in app.elements} == {"PNT"}
+        assert reads["Hand-L"].column_name == reads["Hand-R"].column_name == "hand"
+        for name, expected in (("Head", ["open", "half", "closed", "closed", "half", "open"]), ("Neck", ["1"] * 6),
+                               ("Hand-L", ["relaxed"] * 5 + ["fist"])):
+            assert [reads[name].value(frame) for frame in range(8, 14)] == expected
+
+
 def test_it_runs_in_a_plain_interpreter_too(tour):
     done = support.run(support.PYTHON, tour[0] / "scripts" / "tour.py", tour[0] / "plain")
     assert (done.returncode, done.stderr) == (0, "")
