@@ -50,6 +50,23 @@ def test_an_image_a_frame_in_the_order_of_the_numbers(walk, scans):
         "10.png": support.png(0), "8.png": support.png(1), "9.png": support.png(2)}
 
 
+def test_an_import_is_one_entry_that_undo_takes_back_from_the_disk(walk, scans, monkeypatch):
+    monkeypatch.syspath_prepend(EXAMPLE.parent)
+    import import_images as example
+    with brindle.open(walk) as app:
+        history, before = app.project.history, support.saved(app, walk)
+        with history.bracket("Import Images"):
+            example.make_room(app.scene, 90, True)
+            node = example.import_images(app.scene, "Arm", *example.numbered_images(scans), 1, 30)
+            example.link_to_composite(app.scene, node, "Top/Composite")
+        assert history.list() == ["Import Images"]
+        after = support.saved(app, walk)
+        history.undo()
+        assert support.saved(app, walk) == before
+        history.redo()
+        assert support.saved(app, walk) == after != before
+
+
 def test_held_named_linked_and_in_a_longer_scene(walk, scans):
     assert run(walk, scans, "--hold", "2", "--start", "57", "--name", "Hand", "--composite", "Top/Composite",
                "--lengthen") == (0, "3 images on frames 57 to 62 of Top/Hand\n", "")
