@@ -38,7 +38,7 @@ A look-up by key, and a function that makes something, name what they find or ma
 from builtins import list as _list
 from collections.abc import Callable, Iterator, Sequence
 from os import PathLike
-from typing import Any, ClassVar, Generic, Literal, TypeAlias, TypeVar, overload
+from typing import Any, ClassVar, Generic, Literal, NoReturn, TypeAlias, TypeVar, overload
 
 from typing_extensions import Self
 
@@ -144,11 +144,20 @@ def stub_operators(module, entry):
     item = in_stub(module.items(entry)) or "Any"
     key = " | ".join(["int"] * entry["byIndex"] + ["str"] * entry["byKey"])
     found = f"def __getitem__(self, key: {key}) -> {item}: ..."
+
+    def narrows(name):
+        """The mark of an operator that takes fewer keys than that of a base class."""
+        sliced = name == "__getitem__" and not entry["slices"]
+        wider = any(name in base["operators"] and (sliced and base["slices"] or base["byIndex"] > entry["byIndex"])
+                    for base in module.bases(entry))
+        return "  # type: ignore[override]" if wider else ""
+
     written = {
         "__len__": ["def __len__(self) -> int: ..."],
         "__getitem__": ["@overload", found, "@overload", f"def __getitem__(self, key: slice) -> _list[{item}]: ..."]
-        if entry["slices"] else [found],
-        "__setitem__": [f"def __setitem__(self, key: {key}{' | slice' * entry['sliceWrites']}, value: object) -> None: ..."],
+        if entry["slices"] else [found + narrows("__getitem__")],
+        "__setitem__": [f"def __setitem__(self, key: {key}{' | slice' * entry['sliceWrites']}, value: object) -> None: ..."
+                        + narrows("__setitem__")],
         "__contains__": ["def __contains__(self, value: object) -> bool: ..."],
         "__call__": [f"def __call__(self, name: str) -> {item}: ..."],
         "__iter__": [f"def __iter__(self) -> Iterator[{item}]: ..."],
@@ -158,7 +167,7 @@ def stub_operators(module, entry):
     lines = [line for name in entry["operators"] if name not in inherited for line in written[name]]
     if entry["keys"]:
         lines.append("def _ipython_key_completions_(self) -> _list[str]: ...")
-    if entry["calls"]:
+    if entry["calls"] and not any(base["calls"] == entry["calls"] for base in module.bases(entry)):
         lines.append(f"__call__ = {entry['calls']}")
     return ["    " + line for line in lines]
 

@@ -81,7 +81,7 @@ public:
     /// The same as `getId`, for a look whether it is there; -1 once the project is closed.
     int findId() const { return m_guard.findProject() ? m_id : -1; }
 
-    /// The formats that an element can have.
+    /// The names of the formats that an element can have.
     static const TUPixmapFormatList& formatList();
 
 private:

@@ -92,7 +92,8 @@ private:
     UT_SharedWeakPtrBase::Block* m_block = nullptr;
 };
 
-inline void UT_SharedWeakPtrBase::assign(UT_SharedWeakBase* target)
+/// Always inlined: a copy of its own would be exported by every library that uses it.
+[[gnu::always_inline]] inline void UT_SharedWeakPtrBase::assign(UT_SharedWeakBase* target)
 {
     if (target && !target->m_block)
         target->m_block = new Block{1, target};

@@ -54,7 +54,9 @@ def check(folder, file):
     try:
         app = brindle.open(folder)
     except brindle.Error as error:
-        sentence = (rf'Cannot open the project: "{re.escape(str(folder))}(/{re.escape(file)})?'
+        # A change of what scenes refer to is told of a scene that refers to it.
+        named = re.escape(file) if file.startswith("scenes/") else r'[^"]+\.json'
+        sentence = (rf'Cannot open the project: "{re.escape(str(folder))}(/{named})?'
                     r'(" is damaged at line \d+.*|" has format version \d+, and .*|.*" is missing)\.')
         return None if re.fullmatch(sentence, str(error), re.DOTALL) else str(error)
     for node in app.scene.nodes:

@@ -120,6 +120,8 @@ def samples(app):
     scene.metadata["Sample-Data"] = "text"
     element = app.elements.create("Sample-Element" + "-again" * len(app.elements))
     drawing = element.drawings.create("1")
+    exposures = columns["Sample-DRAWING"] or columns.create("DRAWING", "Sample-DRAWING")
+    timing = columns["Sample-TIMING"] or columns.create("TIMING", "Sample-TIMING")
     peg.metadata["Sample-Data"] = 7
     into_group = group.ports_in.create("peg")
     into_group.link(peg)
@@ -198,6 +200,11 @@ def samples(app):
         "bool attribute": read.attributes["visible"],
         "int attribute": card.attributes["colour.red"],
         "text attribute": write.attributes["path"],
+        "drawing attribute": read.attributes["drawing"],
+        "element attribute": read.attributes["drawing.element"],
+        "timing attribute": read.attributes["drawing.timing"],
+        "exposures": exposures,
+        "timing column": timing,
         "column": column,
         "column value": column[5],
         "keyframe": column[10],

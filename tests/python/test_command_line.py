@@ -205,7 +205,7 @@ app.scene.frame_count = 12
 app.save()
 print(len(app.scene.nodes))
 """)
-    assert run("run", "--project", project, path) == (0, "12\n", "")
+    assert run("run", "--project", project, path) == (0, "13\n", "")
     with brindle.open(project) as app:
         assert app.scene.frame_count == 12
 

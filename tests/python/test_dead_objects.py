@@ -1,5 +1,7 @@
 """What has gone from the project says so at its next use, for ever, however it went."""
 
+import ast
+
 import brindle
 import pytest
 
@@ -71,7 +73,7 @@ UNTOUCHED = {"objectName", "copy", "valid", "close", "__exit__", "save", "save_a
 ARGUMENTS = {
     "get": (0,), "set": (0, None), "create": ("PEG",), "find": ("x",), "undo": (1,),
     "redo": (1,), "begin": ("x",), "bracket": ("x",), "frame_insert": (1, 1), "frame_remove": (1, 1),
-    "to_field": (1,), "to_ogl": (1,), "link": ("x",), "match": (None,), "insert": (None,), "value": (1,), "set_value": (1, 1),
+    "to_field": (1,), "to_ogl": (1,), "link": ("x",), "match": (None,), "set_element": (1,), "insert": (None,), "value": (1,), "set_value": (1, 1),
     "set_localvalue": (1,), "reset_value": (1,), "offset_value": (1, 1), "get_text_value": (1,),
     "set_text_value": (1, "1"), "create_dynamic_attr": ("x", "INT"), "remove_dynamic_attr": ("x",),
     "get_entry": (1,), "set_entry": (1, 1), "scale": (1,), "keyframe_create": (1,),
@@ -104,6 +106,13 @@ REMOVED = {brindle.SceneList: (None,), brindle.CableList: (None,), brindle.FlatC
            brindle.Palette: (None,), brindle.PaletteList: (None,), brindle.PaletteListList: (None,)}
 
 
+def required(form):
+    """A value for each argument that a form of a method must be given."""
+    given = ast.parse(f"def method{form}: ...").body[0].args
+    count = len(given.args) - len(given.defaults)
+    return tuple({"str": "x", "float": 1.0}.get(ast.unparse(argument.annotation), 1) for argument in given.args[:count])
+
+
 def calls(name, sample):
     """Everything that a script can do with an object, under a name."""
     for entry in brindle._describe():
@@ -117,7 +126,7 @@ def calls(name, sample):
                     yield member["name"] + "=", lambda m=member, v=value: setattr(sample, m["name"], v)
         for member in entry["methods"]:
             if member["name"] not in UNTOUCHED:
-                arguments = ARGUMENTS.get(member["name"], ())
+                arguments = ARGUMENTS.get(member["name"]) or required(member["forms"][0])
                 if name == "text attribute" and member["name"].startswith("set_"):
                     arguments = arguments[:-1] + ("x",)
                 if name == "history" and member["name"] == "set":

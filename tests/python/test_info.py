@@ -20,9 +20,9 @@ def test_info_tells_what_is_in_a_project(project):
         f"Project: {project}",
         "Resolution: HD_1080, 1920 x 1080",
         "Colour space: sRGB",
-        'Scene "Scene-1": 60 frames (1 to 60) at 24 fps, 12 nodes, 6 columns, 0 markers',
-        "Last change: Add Multi-Port-Out",
-        "Elements: 1 with 1 drawing",
+        'Scene "Scene-1": 60 frames (1 to 60) at 24 fps, 13 nodes, 8 columns, 0 markers',
+        "Last change: Create Dynamic Attribute",
+        "Elements: 2 with 1 drawing",
         f"Size: {size / 1024:.2f} KiB in 6 files",
     ], "")
     assert support.files(project) == before and support.LOCK not in os.listdir(project)
@@ -53,7 +53,7 @@ def test_info_follows_what_was_saved_last(project):
         app.elements["a"].drawings.create(["1", "2"])
         app.elements.remove("Sample-Element")
         app.save()
-        assert info(project)[1][5] == "Elements: 2 with 2 drawings, and 1 deleted"
+        assert info(project)[1][5] == "Elements: 3 with 2 drawings, and 1 deleted"
         history.undo(3)
         history.clear()
         app.save()
@@ -66,7 +66,7 @@ def test_the_last_change_is_that_of_the_file_while_all_is_undone(project):
         app.save()
         app.project.history.undo(1)
         app.save()
-    assert info(project)[1][4] == "Last change: Add Multi-Port-Out"
+    assert info(project)[1][4] == "Last change: Create Dynamic Attribute"
 
 
 def test_whatever_is_in_a_name_stays_on_its_line(tmp_path):

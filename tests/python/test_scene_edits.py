@@ -47,7 +47,7 @@ EDITS = {
                                       lambda r: r["in-port"].linked, False),
     "removed nodes": (lambda r: r["nodes of the scene"].remove(["Top/Sample-Read", r["camera"], [r["group"]]]),
                       ["Delete Nodes"],
-                      lambda r: len(r["nodes of the scene"]), 6),
+                      lambda r: len(r["nodes of the scene"]), 7),
     "a removed group with all in it": (lambda r: r["nodes of the scene"].remove(r["group"]), ["Delete Nodes"],
                                        lambda r: r["nodes of the scene"].find("Sample-Inner"), []),
     "a removed node and its column": (lambda r: r["nodes of the scene"].remove("Top/Sample-Peg", True),

@@ -70,7 +70,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .alias("FramesLike", "float | str | Sequence[object]", "A frame, or a list of frames and of such lists.")
             .property("control_points", "ControlPointList")
             .method<"keyframe_create", Form<&KeyframeableColumn::keyframeCreate,
-                                            "frames: FramesLike -> ControlPoint | list[ControlPoint]">>()
+                                            "frames: FramesLike -> AnyControlPoint | list[AnyControlPoint]">>()
             .method<"keyframe_remove", Form<&KeyframeableColumn::keyframeRemove, "frames: FramesLike">>()
             .method<"keyframe_exists", Form<&KeyframeableColumn::keyframeExists, "frames: FramesLike">>()
             .method<"keyframe_clear", Form<&KeyframeableColumn::keyframeClear, "start, end">>()
@@ -154,7 +154,9 @@ const Family family([]() -> std::vector<ClassTable> {
             .property("keyframe_next", "Path3DColumnValue | None")
             .method<"set_value_axis", Form<&Path3DColumnValue::setValueAxis, "value: object, axis=-1">>(),
         Class<Path3DXYZColumnValue>(),
-        Class<ControlPoint>().property("value", "Any", "object"),
+        Class<ControlPoint>()
+            .alias("AnyControlPoint", "ControlPoint", "A control point of the class that the kind of column decides.")
+            .property("value", "Any", "object"),
         Class<BezierControlPoint>(),
         Class<EaseControlPoint>(),
         Class<VeloBasedControlPoint>(),
@@ -173,7 +175,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .method<"linked_attributes",
                     Form<&ColumnList::linkedAttributes, "selector: ColumnsLike -> list[AnyAttribute]">>(),
         Class<ControlPointList>()
-            .items("ControlPoint")
+            .items("AnyControlPoint")
             .method<"create", Form<&ControlPointList::create, "frames: FramesLike">>()
             .method<"remove", Form<&ControlPointList::remove, "frames: FramesLike">>(),
     };

@@ -38,7 +38,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .method<"duplicate", Form<&Element::duplicate, "new_name -> Element">>()
             .method<"lock", Form<&Element::lock>>()
             .method<"release", Form<&Element::release>>()
-            .staticMethod<"format_list", StaticForm<&formats>>("The names of the formats that an element can have."),
+            .staticMethod<"format_list", StaticForm<&formats>>(),
         Class<ElementList>()
             .alias("ElementsLike", "Element | int | str | Sequence[object]",
                    "An element or several: objects, numbers, names, or a list of these.")

@@ -106,6 +106,7 @@ TEST_F(SceneTest, ThePropertiesStandInTheirOrder)
                                                                               "sounds",
                                                                               "top",
                                                                               "nodes",
+                                                                              "columns",
                                                                               "compositions",
                                                                               "display",
                                                                               "display_name",
