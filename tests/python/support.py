@@ -120,8 +120,10 @@ def samples(app):
     scene.metadata["Sample-Data"] = "text"
     element = app.elements.create("Sample-Element" + "-again" * len(app.elements))
     drawing = element.drawings.create("1")
-    exposures = columns["Sample-DRAWING"] or columns.create("DRAWING", "Sample-DRAWING")
-    timing = columns["Sample-TIMING"] or columns.create("TIMING", "Sample-TIMING")
+    for type_ in ("DRAWING", "TIMING"):
+        if columns[f"Sample-{type_}"] is None:
+            columns.create(type_, f"Sample-{type_}")
+    exposures, timing = columns["Sample-DRAWING"], columns["Sample-TIMING"]
     peg.metadata["Sample-Data"] = 7
     into_group = group.ports_in.create("peg")
     into_group.link(peg)
