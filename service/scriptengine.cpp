@@ -95,6 +95,10 @@ ScriptEngine::~ScriptEngine()
         return;
     const Stay inPython;
     PyGILState_Ensure();
+    // An interrupt from the terminal that came at the end of the last script is still to be raised; the end of the
+    // interpreter would print it as an error.
+    if (PyErr_CheckSignals() < 0)
+        PyErr_Clear();
     Py_FinalizeEx();
 }
 
