@@ -24,7 +24,9 @@ endif()
 
 if(BRINDLE_SANITIZE)
     list(JOIN BRINDLE_SANITIZE "," sanitizers)
-    add_compile_options(-fsanitize=${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    # GCC takes values for uninitialised that the sanitizers' own code reads.
+    add_compile_options(-fsanitize=${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer
+                        -Wno-maybe-uninitialized)
     add_link_options(-fsanitize=${sanitizers})
 endif()
 

@@ -2,11 +2,10 @@
 
 #include "core/attributes/attribute.h"
 #include "core/frame/obj.h"
+#include "core/geometry/point2d.h"
+#include "core/geometry/point3d.h"
 
 namespace OMC {
-
-class Point2d;
-class Point3d;
 
 /// An attribute with a number along each axis, which scripts read and write together. `Point` is what they get.
 ///

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "core/attributes/axesattribute.h"
-
-class AT_Position2dAttr;
+#include "core/host/at_attr.h"
 
 namespace OMC {
 

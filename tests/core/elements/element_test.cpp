@@ -89,7 +89,6 @@ TEST_F(ElementWrapperTest, ACopyShowsTheSameElement)
 TEST_F(ElementWrapperTest, ADrawingOfAWrongNameFailsAtItsFirstUse)
 {
     const int id = create("a");
-    Element(id).newDrawings();
     const ElementDrawing wrong(id, "nope", QString());
     EXPECT_EQ(failureOf([&] { wrong.getName(); }), "Object is no longer valid.");
     EXPECT_EQ(failureOf([&] { ElementDrawing(99, "1", "x").getName(); }), "Object is no longer valid.");

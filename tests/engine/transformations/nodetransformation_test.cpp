@@ -52,7 +52,8 @@ QString transformations(brindle::engine::Scene& scene, bool anew)
             if (!transform)
                 continue;
             text += node.path() + ' ' + QString::number(transform->isTransformationSet());
-            for (const double cell : transform->transformation().matrix(false).cells())
+            const Math::Matrix4x4 matrix = transform->transformation().matrix(false);
+            for (const double cell : matrix.cells())
                 text += ' ' + QString::number(cell, 'g', 17);
             text += '\n';
         }
