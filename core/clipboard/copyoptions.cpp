@@ -16,24 +16,9 @@ constexpr options::Field<CopyOptions> copyFields[] = {
 
 } // namespace
 
-CopyOptions::CopyOptions(const CopyOptions& other) : BaseObject()
-{
-    *this = other;
-}
-
 CopyOptions::CopyOptions(const QVariant& value)
 {
     options::read<CopyOptions>(*this, value, copyFields, copyFields);
-}
-
-CopyOptions& CopyOptions::operator=(const CopyOptions& other)
-{
-    addModellingDir = other.addModellingDir;
-    addScanFiles = other.addScanFiles;
-    includeDefaultCameraName = other.includeDefaultCameraName;
-    startFrameSrc = other.startFrameSrc;
-    numFrameSrc = other.numFrameSrc;
-    return *this;
 }
 
 std::string CopyOptions::__str__() const

@@ -16,11 +16,9 @@ class BRINDLE_CORE_EXPORT CopyOptions : public BaseObject {
 
 public:
     CopyOptions() = default;
-    CopyOptions(const CopyOptions& other);
     /// Reads a dictionary of the fields below by their names in snake case (`add_modelling_dir`), or a text of their
     /// values in this order. What isn't told keeps its default.
     explicit CopyOptions(const QVariant& value);
-    CopyOptions& operator=(const CopyOptions& other);
 
     std::string __str__() const override; ///< "CopyOptions([True,True,True,1,0])".
 

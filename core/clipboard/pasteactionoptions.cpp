@@ -20,24 +20,9 @@ PasteActionOptions::PasteActionOptions(bool groups, bool effects, bool composite
       composites(composites)
 {}
 
-PasteActionOptions::PasteActionOptions(const PasteActionOptions& other)
-    : BaseObject(),
-      groups(other.groups),
-      effects(other.effects),
-      composites(other.composites)
-{}
-
 PasteActionOptions::PasteActionOptions(const QVariant& value)
 {
     options::read<PasteActionOptions>(*this, value, actionFields, actionFields);
-}
-
-PasteActionOptions& PasteActionOptions::operator=(const PasteActionOptions& other)
-{
-    groups = other.groups;
-    effects = other.effects;
-    composites = other.composites;
-    return *this;
 }
 
 std::string PasteActionOptions::__str__() const

@@ -17,11 +17,9 @@ class BRINDLE_CORE_EXPORT PasteActionOptions : public BaseObject {
 public:
     PasteActionOptions() = default;
     PasteActionOptions(bool groups, bool effects, bool composites);
-    PasteActionOptions(const PasteActionOptions& other);
     /// Reads a dictionary of the fields below by their names, or a text of their values in this order. What isn't told
     /// keeps its default.
     explicit PasteActionOptions(const QVariant& value);
-    PasteActionOptions& operator=(const PasteActionOptions& other);
 
     std::string __str__() const override; ///< Required: an empty text.
 

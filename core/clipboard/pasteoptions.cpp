@@ -68,34 +68,9 @@ QString checkedWord(const QString& word, const QStringList& valid)
 
 } // namespace
 
-PasteOptions::PasteOptions(const PasteOptions& other) : BaseObject()
-{
-    *this = other;
-}
-
 PasteOptions::PasteOptions(const QVariant& value)
 {
     options::read<PasteOptions>(*this, value, positions, positions);
-}
-
-PasteOptions& PasteOptions::operator=(const PasteOptions& other)
-{
-    for (const Field& field : flags) {
-        const auto member = std::get<bool PasteOptions::*>(field.member);
-        this->*member = other.*member;
-    }
-    pasteFlagA = other.pasteFlagA;
-    pasteFlagB = other.pasteFlagB;
-    startFrameSrc = other.startFrameSrc;
-    numFrameSrc = other.numFrameSrc;
-    drawingExtendExposure = other.drawingExtendExposure;
-    drawingSubstitution = other.drawingSubstitution;
-    actionTemplate = other.actionTemplate;
-    m_columnMode = other.m_columnMode;
-    m_drawingAction = other.m_drawingAction;
-    m_drawingFileMode = other.m_drawingFileMode;
-    m_colorPaletteMode = other.m_colorPaletteMode;
-    return *this;
 }
 
 std::string PasteOptions::__str__() const

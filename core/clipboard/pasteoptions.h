@@ -23,13 +23,11 @@ class BRINDLE_CORE_EXPORT PasteOptions : public BaseObject {
 
 public:
     PasteOptions() = default;
-    PasteOptions(const PasteOptions& other);
     /// Reads a dictionary of the properties and of the fields below by their names in snake case (`extend_scene`), or a
     /// text of their values: the flags from `use_paste_special` to `camera_name_transfer`, the six properties, and
     /// `keyframe_mode`, `start_frame_src`, `num_frame_src`, `drawing_extend_exposure`, `drawing_substitution`,
     /// `action_template`. What isn't told keeps its default; a word that a property doesn't know fails.
     explicit PasteOptions(const QVariant& value);
-    PasteOptions& operator=(const PasteOptions& other);
 
     /// The fields by their positions, with two flags more than the positions that are read.
     ///

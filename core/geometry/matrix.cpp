@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 
 namespace OMC {
 
@@ -34,15 +33,6 @@ void requireVolume(bool projected)
 {
     if (!projected)
         throw Exception(Matrix::tr("The volume of the projection is empty."));
-}
-
-/// Cut off towards zero, at the ends of the whole numbers too; 0 for what is no number.
-int wholeNumber(double number)
-{
-    if (std::isnan(number))
-        return 0;
-    return static_cast<int>(
-        std::clamp<double>(number, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
 QVariant vectorVariant(const Math::Vector3d& vector)

@@ -8,19 +8,9 @@
 #include "core/host/mo_node.h"
 #include "core/nodes/node.h"
 
-#include <algorithm>
-#include <limits>
-
 namespace OMC {
 
 namespace {
-
-/// A coordinate without its fraction; one beyond the integers is the greatest or the least of them.
-int truncated(double coordinate)
-{
-    return static_cast<int>(
-        std::clamp<double>(coordinate, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
-}
 
 QVariant colourObject(const QColor& colour)
 {
@@ -60,7 +50,7 @@ void Backdrop::modify(const Change& change)
 
 int Backdrop::getTop() const
 {
-    return truncated(target().properties().rect.top);
+    return wholeNumber(target().properties().rect.top);
 }
 
 void Backdrop::setTop(int top)
@@ -70,7 +60,7 @@ void Backdrop::setTop(int top)
 
 int Backdrop::getBottom() const
 {
-    return truncated(target().properties().rect.bottom);
+    return wholeNumber(target().properties().rect.bottom);
 }
 
 void Backdrop::setBottom(int bottom)
@@ -80,7 +70,7 @@ void Backdrop::setBottom(int bottom)
 
 int Backdrop::getLeft() const
 {
-    return truncated(target().properties().rect.left);
+    return wholeNumber(target().properties().rect.left);
 }
 
 void Backdrop::setLeft(int left)
@@ -90,7 +80,7 @@ void Backdrop::setLeft(int left)
 
 int Backdrop::getRight() const
 {
-    return truncated(target().properties().rect.right);
+    return wholeNumber(target().properties().rect.right);
 }
 
 void Backdrop::setRight(int right)
@@ -101,7 +91,7 @@ void Backdrop::setRight(int right)
 int Backdrop::getWidth() const
 {
     const TURect& rect = target().properties().rect;
-    return truncated(rect.right - rect.left);
+    return wholeNumber(rect.right - rect.left);
 }
 
 void Backdrop::setWidth(int width)
@@ -112,7 +102,7 @@ void Backdrop::setWidth(int width)
 int Backdrop::getHeight() const
 {
     const TURect& rect = target().properties().rect;
-    return truncated(rect.bottom - rect.top);
+    return wholeNumber(rect.bottom - rect.top);
 }
 
 void Backdrop::setHeight(int height)

@@ -19,7 +19,7 @@ bool fits(qint64 width, qint64 height)
 }
 
 /// The size in the head of a PNG that has its end; 0 x 0 for anything else. A PNG begins with its signature and the
-/// chunk "IHDR", which begins with width and height, and ends with the chunk "IEND" (PNG specification, section 5).
+/// chunk "IHDR", which begins with width and height, and ends with the chunk "IEND" (RFC 2083, chapters 3 and 4).
 QSize sizeOfPng(const QByteArray& png)
 {
     constexpr qsizetype widthPlace = 16;
