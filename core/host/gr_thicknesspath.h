@@ -2,14 +2,13 @@
 
 #include "core/host/export.h"
 #include "core/host/gr_bezier.h"
-#include "core/host/ut_sharebase.h"
 
-#include <QExplicitlySharedDataPointer>
-
+#include <memory>
+#include <utility>
 #include <vector>
 
 class GR_ThicknessPath;
-using GR_ThicknessPathPtr = QExplicitlySharedDataPointer<const GR_ThicknessPath>;
+using GR_ThicknessPathPtr = std::shared_ptr<const GR_ThicknessPath>;
 
 /// How far the two edges of a line lie from its centre line at one place, in units of the drawing; each is 0 or more.
 struct GR_HalfWidths {
@@ -18,10 +17,6 @@ struct GR_HalfWidths {
 
     bool operator==(const GR_HalfWidths&) const = default;
 };
-
-/// The form that a line has beyond its last point. Other numbers may be read from files of other engines; a line with
-/// such a tip ends flat.
-enum GR_TipType { kRoundTip = 0, kFlatTip = 1, kBevelTip = 2 };
 
 /// The varying width of a line: keys along it, each with a half-width on the left and on the right of the centre line,
 /// seen in the direction of the stroke with axes x to the right and y up.
@@ -40,7 +35,7 @@ enum GR_TipType { kRoundTip = 0, kFlatTip = 1, kBevelTip = 2 };
 ///
 /// A path can be shared by strokes (see GR_ThicknessBinder). What a drawing or a binder holds never changes: who wants
 /// another path makes a copy, and changes it while nobody else holds it. Two paths are equal when all fields are.
-class BRINDLE_HOST_EXPORT GR_ThicknessPath final : public UT_ShareBase {
+class BRINDLE_HOST_EXPORT GR_ThicknessPath {
 public:
     /// The half-width of one side at a key, with the handles towards the start of the path (from) and towards its end
     /// (to). Positions of handles are counted as those of keys.
@@ -72,10 +67,9 @@ public:
     GR_ThicknessPath() = default;
     /// The same half-width on both sides from start to end: a key at 0 and one at 1.
     explicit GR_ThicknessPath(double thickness);
-    GR_ThicknessPath(const GR_ThicknessPath&) = default;
     /// A path with the keys in the order of their positions; of keys at one position, the last counts.
     /// std::invalid_argument for one that isn't usable.
-    static QExplicitlySharedDataPointer<GR_ThicknessPath> CreateWith(const std::vector<ThicknessKey>& keys);
+    static std::shared_ptr<GR_ThicknessPath> CreateWith(const std::vector<ThicknessKey>& keys);
 
     // --- Keys -------------------------------------------------------------------------------------------------------
     int numThicknessKeys() const { return static_cast<int>(m_keys.size()); }
@@ -129,7 +123,7 @@ public:
     /// the factor isn't above 0 or a result isn't finite.
     void transform(double factor, double offset);
 
-    bool operator==(const GR_ThicknessPath& other) const;
+    bool operator==(const GR_ThicknessPath&) const = default;
 
 private:
     GR_HalfWidths widthsBetween(const ThicknessKey& before, const ThicknessKey& after, double position) const;
