@@ -21,6 +21,10 @@ class GR_VectorStroke;
 /// The sides of a stroke, as seen along it from its tail to its head. The numbers are those of GR_DrawingAccess.
 enum class GR_StrokeSide : int { Right = 0, Left = 1 };
 
+/// The form that a line has beyond its last point. Other numbers may be read from files of other engines; a line with
+/// such a tip ends flat.
+enum GR_TipType { kRoundTip = 0, kFlatTip = 1, kBevelTip = 2 };
+
 /// The ends of a stroke.
 enum class GR_StrokeEnd : int { From = 0, To = 1 };
 
