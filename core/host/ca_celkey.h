@@ -25,16 +25,29 @@ private:
     EM_LayerId m_layer;
 };
 
+/// Names a cel that belongs to no element. A plain value.
+class BRINDLE_HOST_EXPORT CA_CelKeySpecial {
+public:
+    static CA_CelKeySpecial emptyCel() { return CA_CelKeySpecial(); } ///< The cel without a picture.
+    bool operator==(const CA_CelKeySpecial&) const = default;
+
+private:
+    CA_CelKeySpecial() = default;
+};
+
 /// Names what a cel is drawn from. A plain value.
 class BRINDLE_HOST_EXPORT CA_CelKey {
 public:
     CA_CelKey() : m_element(-1) {} ///< Of nothing.
     CA_CelKey(const CA_CelKeyElement& element) : m_element(element) {}
+    CA_CelKey(const CA_CelKeySpecial&) : m_element(-1), m_isSpecial(true) {}
 
-    bool isValid() const { return m_element.elementId() >= 0; }
+    bool isValid() const { return m_element.elementId() >= 0; } ///< Whether it names a drawing of an element.
+    bool isSpecial() const { return m_isSpecial; }              ///< Whether it names the empty cel.
     const CA_CelKeyElement& element() const { return m_element; }
     bool operator==(const CA_CelKey&) const = default;
 
 private:
     CA_CelKeyElement m_element;
+    bool m_isSpecial = false;
 };

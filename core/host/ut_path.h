@@ -2,6 +2,7 @@
 
 #include "core/host/export.h"
 
+#include <QByteArray>
 #include <QString>
 
 /// A path in the file system, as the engine hands it out.
@@ -30,6 +31,17 @@ public:
     void Up();
     void AddName(const QString& name); ///< One level down.
     void AddExtension(const QString& extension);
+
+private:
+    QString m_path;
+};
+
+/// A path in bytes of Latin-1, where the engine asks for one: other characters can't be told, and are "?".
+class BRINDLE_HOST_EXPORT UT_RelPath {
+public:
+    explicit UT_RelPath(const QByteArray& latin1) : m_path(QString::fromLatin1(latin1)) {}
+
+    const QString& ToString() const { return m_path; }
 
 private:
     QString m_path;

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "core/host/cel_cel.h"
+
+#include <QDateTime>
+#include <QMap>
+#include <QString>
+#include <QVariant>
+
+#include <optional>
+#include <vector>
+
+/// The format key of the handlers of 3D objects.
+inline constexpr char CELIO_3dFormat[] = "3D";
+
+/// How a picture is written. A plain value.
+class BRINDLE_HOST_EXPORT CELIO_WriteContext {
+public:
+    using Texts = QMap<QString, QString>;
+
+    /// `option` has what one format leaves open, as "key=value" separated by commas: "quality=90" (1 to 100),
+    /// "depth=half" or "depth=float", "compression=zip"; a key that the format doesn't know is a failure.
+    /// `colorProfile` is the ICC profile of the colours, empty for none. `texts` go into the file beside the picture
+    /// where its format has room for them. The open engine reads nothing of the last one.
+    CELIO_WriteContext(const QString& path, const QString& option, const QByteArray& colorProfile, const Texts* texts,
+                       const QVariant&)
+        : m_path(path),
+          m_option(option),
+          m_colorProfile(colorProfile),
+          m_texts(texts ? *texts : Texts())
+    {}
+
+    const QString& path() const { return m_path; }
+    const QString& option() const { return m_option; }
+    const QByteArray& colorProfile() const { return m_colorProfile; }
+    const Texts& texts() const { return m_texts; }
+
+    /// The representation that is written, where the cel has it; else the deepest pixels that it has.
+    const std::optional<CEL_Representation::CelFormat>& format() const { return m_format; }
+    void setFormat(CEL_Representation::CelFormat format) { m_format = format; }
+
+private:
+    QString m_path;
+    QString m_option;
+    QByteArray m_colorProfile;
+    Texts m_texts;
+    std::optional<CEL_Representation::CelFormat> m_format;
+};
+
+/// What reads and writes the files of a format.
+class BRINDLE_HOST_EXPORT CELIO_Handler {
+public:
+    virtual ~CELIO_Handler() = default;
+    virtual QString formatKey() const = 0; ///< "PNG", "OPENEXR"; CELIO_3dFormat for 3D objects.
+    virtual bool canWrite() const = 0;
+};
+
+/// Reads and writes files of pictures. Any thread may use it.
+class BRINDLE_HOST_EXPORT CELIO_Manager {
+public:
+    static CELIO_Manager* getInstance();
+
+    virtual ~CELIO_Manager() = default;
+
+    /// The handler of files with this ending, in any case of letters; null where there is none.
+    virtual CELIO_Handler* findHandler(const QString& suffix) const = 0;
+
+    /// Reads a picture: fills the list with its representations, and `modified` with when the file was changed. False,
+    /// with the reason in `error` and the list as it was, where that fails, as for a folder. `colorProfile` gets the
+    /// ICC profile that the file has.
+    virtual bool read(const QString& path, QDateTime& modified, const CEL_Context& context,
+                      std::vector<CEL_RepresentationPtr>& representations, QString* error,
+                      QByteArray* colorProfile) = 0;
+
+    /// Writes a picture in the format that a file's ending stands for, or in the one of this name ("PNG"), where that
+    /// isn't empty. The file is there whole or not at all, and one that stood there is replaced. False where that
+    /// fails; the log says why.
+    virtual bool write(CEL_Cel* cel, const CELIO_WriteContext& context, const QString& suffix,
+                       const QString& formatKey) = 0;
+};
