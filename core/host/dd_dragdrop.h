@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/host/dd_dropmode.h"
 #include "core/host/export.h"
 
 #include <memory>
@@ -43,11 +44,26 @@ private:
 
 namespace DD_SelectionUtil {
 
-/// Which nodes come along with the selected ones: by default those in selected groups, and no others.
+/// Which nodes take part, besides drawings, pegs, cameras and displays. A drag takes those in selected groups along,
+/// and no others; a paste over nodes that are there leaves out nodes of these kinds.
 class BRINDLE_HOST_EXPORT CompositionOptions {
 public:
     enum ArgDefault { DEFAULT };
-    explicit CompositionOptions(ArgDefault) {}
+    CompositionOptions(ArgDefault) {} ///< All of them.
+    CompositionOptions(bool groups, bool effects, bool composites)
+        : m_groups(groups),
+          m_effects(effects),
+          m_composites(composites)
+    {}
+
+    bool groups() const { return m_groups; }   ///< Groups, with what is in them.
+    bool effects() const { return m_effects; } ///< Nodes that change a picture.
+    bool composites() const { return m_composites; }
+
+private:
+    bool m_groups = true;
+    bool m_effects = true;
+    bool m_composites = true;
 };
 
 /// Makes the selected nodes those that are dragged.
@@ -60,12 +76,16 @@ BRINDLE_HOST_EXPORT void BuildSelection(TUScene* scene, const SL_Selection& sele
 enum class DD_DragMode { WholeNodes };
 
 /// A copy of the dragged nodes, made when the drag began. It holds its own data, so it can be dropped after the nodes
-/// were removed, and more than once. Copies of the object share the data.
+/// were removed, and more than once. Copies of the object share the data, which never changes.
+///
+/// One that is made to move nodes (CreateDragObject) remembers the columns and nodes that these were linked to; one
+/// that is made to copy them (DD_SystemExternalAPI) has columns, elements and palettes of its own.
 class BRINDLE_HOST_EXPORT DD_DragObject {
 public:
     DD_DragObject() = default;
 
     bool isValid() const { return d != nullptr; }
+    int numFrames() const; ///< The frames that were copied; 0 for nodes that are moved.
 
     struct Private;
     explicit DD_DragObject(std::shared_ptr<const Private> data) : d(std::move(data)) {}
@@ -73,32 +93,6 @@ public:
 
 private:
     std::shared_ptr<const Private> d;
-};
-
-/// How nodes are dropped, and which frames a deletion takes.
-class BRINDLE_HOST_EXPORT DD_DropMode {
-public:
-    /// `makesNodes`: what is dropped becomes new nodes. `takesDefaultCamera`: the scene's default camera is among the
-    /// nodes, and the one that is dropped for it becomes the default camera.
-    explicit DD_DropMode(bool makesNodes, bool takesDefaultCamera = false)
-        : m_makesNodes(makesNodes),
-          m_takesDefaultCamera(takesDefaultCamera)
-    {}
-
-    bool makesNodes() const { return m_makesNodes; }
-    bool takesDefaultCamera() const { return m_takesDefaultCamera; }
-
-    /// The frames that a deletion takes: so many behind this one. It is none until it is set.
-    int startDeleteFrame() const { return m_startDeleteFrame; }
-    void SetStartDeleteFrame(int frame) { m_startDeleteFrame = frame; }
-    int numFramesSrc() const { return m_numFramesSrc; }
-    void SetNumFramesSrc(int count) { m_numFramesSrc = count; }
-
-private:
-    bool m_makesNodes;
-    bool m_takesDefaultCamera;
-    int m_startDeleteFrame = 0;
-    int m_numFramesSrc = 0;
 };
 
 /// The steps of a drop. Each changes the scene undoably, and gives false when it failed and changed nothing. The nodes
@@ -117,6 +111,13 @@ BRINDLE_HOST_EXPORT DD_DragObject CreateDragObject(SC_SceneCommon* scene, const 
 BRINDLE_HOST_EXPORT bool DropDragObjectNewLayer(SC_SessionContext* session, SC_SceneCommon* scene, TUGroup* group,
                                                 const DD_DragObject& dragObject, const DD_DropMode& mode,
                                                 DD_Selection& dropped);
+
+/// The same of an object of copied nodes: columns, elements and palettes come along as the mode says, and the nodes are
+/// selected in `selected`, which held others. All that is dropped is one entry of the undo list. The four numbers are
+/// always 0.
+BRINDLE_HOST_EXPORT bool DropDragObjectNewLayer(SC_SessionContext* session, SC_SceneCommon* scene, TUGroup* group,
+                                                const DD_DragObject& dragObject, const DD_DropMode& mode,
+                                                DD_Selection& dropped, int, int, int, int, SL_Selection& selected);
 
 /// The composite that the group shows: the first one that feeds the multi-port node of its out-ports. It comes back
 /// null when there is none; none is made, for a group is shown only where someone linked it so.

@@ -88,4 +88,6 @@ class BRINDLE_HOST_EXPORT PR_CachedPreferences {
 public:
     /// "SP_CONSTANT_SEGMENT": a new keyframe holds its value up to the next one.
     static bool getSpConstantSegment();
+    /// "LIBRARY_PASTE_CREATE_NEW_DRAWING": a paste makes new drawings also where there are some of the same names.
+    static bool getLibraryPasteCreateNewDrawing();
 };

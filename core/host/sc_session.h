@@ -23,6 +23,7 @@ class SC_SceneManager;
 class SC_SceneMetrics;
 class SC_SessionContext;
 class SCP_PythonEngine;
+class SL_Selection;
 class TUDbAccess;
 class TUDbSceneData;
 class TUElementMgr;
@@ -137,6 +138,8 @@ public:
     virtual SC_SceneManager* sceneManager() const = 0;
     virtual TUDbSceneData* dbSceneData() const = 0;
     virtual TUElementMgr* elementManager() const { return nullptr; } ///< Null for a project without elements.
+    /// What a person, or a script, has selected in the project; null where the host has no selection.
+    virtual SL_Selection* getSelection() const { return nullptr; }
     /// The database that the project lies in; null for a project in a folder, as all of the open engine's are.
     virtual TUDbAccess* dbAccessPriv() const { return nullptr; }
 

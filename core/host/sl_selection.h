@@ -8,9 +8,10 @@
 class MO_Node;
 class SC_SessionContext;
 class TUSceneChangeManager;
+class TUTimedValue;
 
-/// Selected nodes of a scene, in the order of selecting, each once. It keeps no node alive: one that leaves the scene
-/// drops out of the selection for good.
+/// Selected nodes and columns of a scene, in the order of selecting, each once, and a range of frames. It keeps none of
+/// them alive: one that leaves the scene drops out of the selection for good.
 ///
 /// Whoever shows the scene is told of each change through the change manager, which outlives the selection.
 class BRINDLE_HOST_EXPORT SL_Selection {
@@ -32,6 +33,11 @@ public:
         SL_Selection* m_selection;
     };
 
+    /// `count` frames from `start` on. It is 1 and 0 until it is set; 0 frames stand for all.
+    void setFrameRange(int start, int count);
+    int startFrame() const;
+    int frameCount() const;
+
     struct Private;
     Private& data() const { return *d; } ///< The engine's.
 
@@ -41,10 +47,12 @@ private:
 
 namespace SL_SelectionUtil {
 
-/// Null is ignored, and so is a node that is selected already.
+/// Null is ignored, and so is what is selected already.
 BRINDLE_HOST_EXPORT void addToSelection(SL_Selection& selection, MO_Node* node);
-BRINDLE_HOST_EXPORT void clear(SL_Selection& selection);
+BRINDLE_HOST_EXPORT void addToSelection(SL_Selection& selection, TUTimedValue* column);
+BRINDLE_HOST_EXPORT void clear(SL_Selection& selection); ///< The range of frames stays.
 BRINDLE_HOST_EXPORT std::vector<MO_Node*> getNodes(const SL_Selection& selection);
+BRINDLE_HOST_EXPORT std::vector<TUTimedValue*> getColumns(const SL_Selection& selection);
 
 } // namespace SL_SelectionUtil
 

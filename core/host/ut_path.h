@@ -28,6 +28,10 @@ public:
     bool Exists() const;
     QString GetExtension() const; ///< Without its dot; empty where the name has none.
     QString GetBaseName() const;  ///< The last part without its extension.
+    QString GetFileName() const;  ///< The last part.
+    QString GetPath() const;      ///< All ahead of the last part: "/p/palette-library".
+    /// Makes the folder, with those above it. True also where it stands there already.
+    bool CreateFolder() const;
     void Up();
     void AddName(const QString& name); ///< One level down.
     void AddExtension(const QString& extension);

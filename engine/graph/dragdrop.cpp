@@ -320,6 +320,11 @@ void DD_SelectionUtil::BuildSelection(TUScene*, const SL_Selection& selection, D
     dragged.data().lost.clear();
 }
 
+int DD_DragObject::numFrames() const
+{
+    return 0;
+}
+
 DD_DragObject DD_System::CreateDragObject(SC_SceneCommon* scene, const DD_Selection& dragged, DD_DragMode)
 {
     const DD_Selection::Private& data = dragged.data();

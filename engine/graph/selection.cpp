@@ -2,8 +2,37 @@
 
 #include "core/host/mo_node.h"
 #include "core/host/sc_scene.h"
+#include "core/host/tu_timedvalue.h"
 
 #include <unordered_set>
+#include <utility>
+
+namespace {
+
+using Pointers = std::vector<UT_SharedWeakPtrBase>;
+
+void append(Pointers& pointers, UT_SharedWeakBase* target)
+{
+    UT_SharedWeakPtrBase pointer;
+    pointer.assign(target);
+    pointers.push_back(std::move(pointer));
+}
+
+/// What is left of it, each once.
+template <typename Target>
+std::vector<Target*> present(const Pointers& pointers)
+{
+    std::vector<Target*> targets;
+    std::unordered_set<const Target*> known;
+    for (const UT_SharedWeakPtrBase& pointer : pointers) {
+        auto* target = static_cast<Target*>(pointer.get());
+        if (target && known.insert(target).second)
+            targets.push_back(target);
+    }
+    return targets;
+}
+
+} // namespace
 
 struct SL_Selection::Private {
     void tell()
@@ -15,7 +44,10 @@ struct SL_Selection::Private {
     }
 
     TUSceneChangeManager* changes;
-    std::vector<UT_SharedWeakPtrBase> nodes; ///< As they were added; a node may be there more than once.
+    Pointers nodes; ///< As they were added; a node may be there more than once.
+    Pointers columns;
+    int start = 1;
+    int count = 0;
     int batches = 0;
     bool missed = false; ///< Something changed in the open batches.
 };
@@ -39,32 +71,54 @@ SL_Selection::BatchSelectionModeScope::~BatchSelectionModeScope()
         data.tell();
 }
 
+void SL_Selection::setFrameRange(int start, int count)
+{
+    d->start = start;
+    d->count = count;
+}
+
+int SL_Selection::startFrame() const
+{
+    return d->start;
+}
+
+int SL_Selection::frameCount() const
+{
+    return d->count;
+}
+
 void SL_SelectionUtil::addToSelection(SL_Selection& selection, MO_Node* node)
 {
     if (!node)
         return;
-    UT_SharedWeakPtrBase pointer;
-    pointer.assign(node);
-    selection.data().nodes.push_back(std::move(pointer));
+    append(selection.data().nodes, node);
+    selection.data().tell();
+}
+
+void SL_SelectionUtil::addToSelection(SL_Selection& selection, TUTimedValue* column)
+{
+    if (!column)
+        return;
+    append(selection.data().columns, column);
     selection.data().tell();
 }
 
 void SL_SelectionUtil::clear(SL_Selection& selection)
 {
-    if (selection.data().nodes.empty())
+    SL_Selection::Private& data = selection.data();
+    if (data.nodes.empty() && data.columns.empty())
         return;
-    selection.data().nodes.clear();
-    selection.data().tell();
+    data.nodes.clear();
+    data.columns.clear();
+    data.tell();
 }
 
 std::vector<MO_Node*> SL_SelectionUtil::getNodes(const SL_Selection& selection)
 {
-    std::vector<MO_Node*> nodes;
-    std::unordered_set<const MO_Node*> known;
-    for (const UT_SharedWeakPtrBase& pointer : selection.data().nodes) {
-        auto* node = static_cast<MO_Node*>(pointer.get());
-        if (node && known.insert(node).second)
-            nodes.push_back(node);
-    }
-    return nodes;
+    return present<MO_Node>(selection.data().nodes);
+}
+
+std::vector<TUTimedValue*> SL_SelectionUtil::getColumns(const SL_Selection& selection)
+{
+    return present<TUTimedValue>(selection.data().columns);
 }

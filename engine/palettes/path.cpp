@@ -21,6 +21,21 @@ QString UT_Path::GetBaseName() const
     return QFileInfo(m_path).completeBaseName();
 }
 
+QString UT_Path::GetFileName() const
+{
+    return QFileInfo(m_path).fileName();
+}
+
+QString UT_Path::GetPath() const
+{
+    return QFileInfo(m_path).path();
+}
+
+bool UT_Path::CreateFolder() const
+{
+    return !m_path.isEmpty() && QDir().mkpath(m_path);
+}
+
 void UT_Path::Up()
 {
     m_path = QFileInfo(m_path).path();

@@ -207,3 +207,8 @@ bool PR_CachedPreferences::getSpConstantSegment()
 {
     return brindle::engine::preferencesOfUser().constantSegment();
 }
+
+bool PR_CachedPreferences::getLibraryPasteCreateNewDrawing()
+{
+    return tuPref()->getBoolValue(QStringLiteral("LIBRARY_PASTE_CREATE_NEW_DRAWING"), false);
+}

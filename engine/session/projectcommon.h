@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/host/sc_session.h"
+#include "core/host/sl_selection.h"
 #include "engine/elements/elementfiles.h"
 #include "engine/elements/elementmanager.h"
 #include "engine/history/commandmanager.h"
@@ -44,6 +45,7 @@ public:
     SC_SceneManager* sceneManager() const override { return const_cast<SceneManager*>(&m_scenes); }
     TUDbSceneData* dbSceneData() const override { return const_cast<DbSceneData*>(&m_dbSceneData); }
     TUElementMgr* elementManager() const override { return const_cast<ElementManager*>(&m_elements); }
+    SL_Selection* getSelection() const override { return const_cast<SL_Selection*>(&m_selection); }
 
     const SC_Resolution* resolution() const override { return &m_settings.picture.resolution; }
     double defaultFov() const override { return m_settings.picture.fov; }
@@ -63,6 +65,7 @@ private:
     PaletteStore m_palettes;
     DbSceneData m_dbSceneData{m_palettes};
     SceneManager m_scenes;
+    SL_Selection m_selection{nullptr};
     CommandManager m_history;
 };
 
