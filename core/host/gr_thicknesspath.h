@@ -4,6 +4,7 @@
 #include "core/host/gr_bezier.h"
 
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -126,8 +127,6 @@ public:
     bool operator==(const GR_ThicknessPath&) const = default;
 
 private:
-    GR_HalfWidths widthsBetween(const ThicknessKey& before, const ThicknessKey& after, double position) const;
-
     std::vector<ThicknessKey> m_keys;
     bool m_closed = false;
     GR_Bezier2d m_tipFrom{GR_Bezier2d::maxDegree, Math::Constants::Closed, Math::Constants::Closed};
@@ -158,10 +157,10 @@ public:
     GR_HalfWidths halfWidths(double share) const;
     /// The greatest half-width that either side has within the part.
     double maxThickness() const;
-    /// The tip's curve at the start or the end of the stroke, as the path has it; null for none. A stroke that begins
-    /// or ends between the positions 0 and 1 has none there.
-    const GR_Bezier2d* tipFromBezier() const;
-    const GR_Bezier2d* tipToBezier() const;
+    /// The curve of the tip at the start or the end of the stroke, from its left edge to its right one; none where the
+    /// path has none, and where the stroke begins or ends between the positions 0 and 1.
+    std::optional<GR_Bezier2d> tipFromBezier() const;
+    std::optional<GR_Bezier2d> tipToBezier() const;
 
     /// For a stroke that is turned round: start and stop, and the tangents with them, change places.
     void reverse();
