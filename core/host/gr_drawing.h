@@ -11,6 +11,7 @@
 #include <vector>
 
 class CM_PaletteList;
+class GR_CompositeVectorDrawingObj;
 
 /// The palettes that a drawing's colours are found in. Drawings work without it: a colour that no palette knows stays
 /// an id.
@@ -25,8 +26,12 @@ private:
     PaletteInfo m_info;
 };
 
-/// What may stand in an art layer.
-class BRINDLE_HOST_EXPORT GR_DrawingBase : public UT_ShareBase {};
+/// What may stand in an art layer. Its drawing holds it counted, as all others do: one that has a single holder left is
+/// in no drawing.
+class BRINDLE_HOST_EXPORT GR_DrawingBase : public UT_ShareBase {
+public:
+    virtual GR_CompositeVectorDrawingObj* GetComposite() const = 0; ///< The drawing; null once that is gone.
+};
 
 /// The vector drawing of one art layer: layers in an order, bottom first.
 class BRINDLE_HOST_EXPORT GR_VectorDrawingObj : public GR_DrawingBase {
@@ -83,6 +88,9 @@ public:
     virtual void InfoChanged() = 0;
     virtual GR_ColorDict::PaletteInfo GetPaletteInfo() const = 0;
 
+    /// Whether it was taken out of its project: the project was closed, or the drawing left its element. False for one
+    /// that is in no element.
+    virtual bool IsGone() const = 0;
     virtual bool IsEmpty() const = 0;
     virtual bool IsDrawingModified() const = 0; ///< Since the project was saved or opened.
     virtual double GetMaxThickness() const = 0;
