@@ -32,13 +32,14 @@ LAYERS = (
     ("engine/", ("engine/", "core/host/"), PYTHON, None),
     ("qtscript/", ("qtscript/",), rf"{PYTHON}|{LIBRARIES}", None),
     ("javascript/", ("javascript/", "core/", "qtscript/"), rf"{PYTHON}|{LIBRARIES}", None),
+    ("svg/", ("svg/", "core/"), rf"{PYTHON}|{LIBRARIES}", None),
     ("service/", ("service/", "core/"), LIBRARIES, None),
     ("app/", ("app/", "service/", "core/") + ENGINE_PUBLIC, rf"{PYTHON}|{LIBRARIES}", None),
 )
 
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*(?:"([^"]+)"|<([^>]+)>)')
 GENERATED = re.compile(r"(?:^|/)(?:moc_[^/]+\.cpp|[^/]+\.moc)$")
-PROJECT_FOLDERS = ("core/", "engine/", "qtscript/", "javascript/", "service/", "app/", "tests/", "bench/")
+PROJECT_FOLDERS = ("core/", "engine/", "qtscript/", "javascript/", "svg/", "service/", "app/", "tests/", "bench/")
 
 
 def refusal(root, layer, quoted, angled):
