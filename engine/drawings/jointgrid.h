@@ -29,9 +29,9 @@ public:
     /// The place within reach that is nearest to a point; of several, the leftmost, then the lowest one.
     std::optional<Math::Point2d> nearby(const Math::Point2d& point) const;
 
-    /// The path with each end moved to the joint within reach, if there is one; the handles stay. Ends that are within
-    /// reach of each other meet where there is no joint, unless the whole path lies within reach of its first point.
-    /// A path without a curve stays as it is. The grid is not changed.
+    /// The path with each end moved to the joint within reach, if there is one; the handles stay. Where there is none,
+    /// a last point within reach of the first one moves there. A path that lies within reach of its first point as a
+    /// whole, and one without a curve, stay as they are. The grid is not changed.
     GR_BezierPath2d snapped(GR_BezierPath2d path) const;
 
 private:

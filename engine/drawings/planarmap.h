@@ -89,9 +89,10 @@ public:
     const Math::Box2d& box(int contour) const { return m_box[at(contour)]; } ///< The smallest about its curves.
     Math::Box2d innerBox(int contour) const; ///< The smallest about the points on the curve of its strokes.
     bool isOuter(int contour) const { return outerContour(componentOf(contour)) == contour; }
-    bool isClockwise(int contour) const { return !isDegenerate(contour) && area(contour) < 0; }
-    /// Whether its area is 0 to within 1e-12 of the square of its size.
-    bool isDegenerate(int contour) const;
+    bool isAnticlockwise(int contour) const { return m_turn[at(contour)] > 0; }
+    bool isClockwise(int contour) const { return m_turn[at(contour)] < 0; }
+    /// Whether its area is 0, to within 1e-12 of the square of its size: lines, or strokes that coincide.
+    bool isDegenerate(int contour) const { return m_turn[at(contour)] == 0; }
 
     // --- Components -------------------------------------------------------------------------------------------------
     int componentCount() const { return static_cast<int>(m_outer.size()); }
@@ -140,7 +141,7 @@ private:
     };
 
     static constexpr std::size_t at(int index) { return static_cast<std::size_t>(index); }
-    bool runsAround(int contour, const Math::Point2d& place) const;
+    bool endsInside(int stroke, int contour) const; ///< Whether both sides of the stroke are on the contour.
 
     std::vector<MapStroke> m_strokes;
     std::vector<int> m_byId; ///< The strokes in the order of their ids.
@@ -157,6 +158,7 @@ private:
     // By contour.
     Lists m_contours;
     std::vector<double> m_area;
+    std::vector<int> m_turn; ///< The sign of the area, also where that is too small for a double; 0: degenerate.
     std::vector<Math::Box2d> m_box;
     std::vector<int> m_componentOf;
     Lists m_children;

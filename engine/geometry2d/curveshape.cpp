@@ -88,7 +88,7 @@ Math::Box2d tightBox(const PlaneCurve& curve)
 {
     requireFinite(curve);
     Math::Box2d box(curve.from(), curve.to());
-    if (curve.degree < 2)
+    if (std::ranges::all_of(curve.used(), [&box](const auto& point) { return box.contains(point); }))
         return box;
     const UnitFrame frame(curve.used());
     const PlaneCurve slopes = frame.toUnit(curve).derivative();
