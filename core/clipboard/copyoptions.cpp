@@ -21,6 +21,11 @@ CopyOptions::CopyOptions(const QVariant& value)
     options::read<CopyOptions>(*this, value, copyFields, copyFields);
 }
 
+QVariantMap CopyOptions::fields() const
+{
+    return options::values<CopyOptions>(*this, copyFields);
+}
+
 std::string CopyOptions::__str__() const
 {
     using options::word;

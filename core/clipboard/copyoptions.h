@@ -20,6 +20,8 @@ public:
     /// values in this order. What isn't told keeps its default.
     explicit CopyOptions(const QVariant& value);
 
+    QVariantMap fields() const; ///< All of them by their names, as the constructor reads them.
+
     std::string __str__() const override; ///< "CopyOptions([True,True,True,1,0])".
 
     bool addModellingDir = true;          ///< Whether the modelling folder goes along.

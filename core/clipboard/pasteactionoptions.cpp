@@ -25,6 +25,11 @@ PasteActionOptions::PasteActionOptions(const QVariant& value)
     options::read<PasteActionOptions>(*this, value, actionFields, actionFields);
 }
 
+QVariantMap PasteActionOptions::fields() const
+{
+    return options::values<PasteActionOptions>(*this, actionFields);
+}
+
 std::string PasteActionOptions::__str__() const
 {
     return {};

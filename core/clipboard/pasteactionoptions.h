@@ -21,6 +21,8 @@ public:
     /// keeps its default.
     explicit PasteActionOptions(const QVariant& value);
 
+    QVariantMap fields() const; ///< All of them by their names, as the constructor reads them.
+
     std::string __str__() const override; ///< Required: an empty text.
 
     bool groups = true;     ///< Groups.

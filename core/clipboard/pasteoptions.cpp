@@ -56,6 +56,38 @@ constexpr auto positions = [] {
     return all;
 }();
 
+/// The words of the modes that share one store. They differ from mode to mode.
+const QStringList& columnWords()
+{
+    static const QStringList words = {QStringLiteral("ELEMENT_AS_ELEMENT_AND_TIMING_AS_TIMING"),
+                                      QStringLiteral("ALL_DRWGS_AS_ELEMENTS")};
+    return words;
+}
+
+const QStringList& writeWords()
+{
+    static const QStringList words = {QStringLiteral("INSERT"), QStringLiteral("OVERWRITE"),
+                                      QStringLiteral("DO_NOTHING")};
+    return words;
+}
+
+const QStringList& deleteWords()
+{
+    static const QStringList words = {QStringLiteral("REMOVE"), QStringLiteral("EMPTY"),
+                                      QStringLiteral("DELETE_NOTHING")};
+    return words;
+}
+
+/// The name of the mode that a word in the shared store is one of.
+QString sharedKey(const QString& word)
+{
+    if (writeWords().contains(word))
+        return QStringLiteral("write_mode");
+    if (deleteWords().contains(word))
+        return QStringLiteral("delete_mode");
+    return QStringLiteral("element_timing_column_mode");
+}
+
 /// A word in upper case; throws when it is not one of the valid ones.
 QString checkedWord(const QString& word, const QStringList& valid)
 {
@@ -73,6 +105,16 @@ PasteOptions::PasteOptions(const QVariant& value)
     options::read<PasteOptions>(*this, value, positions, positions);
 }
 
+QVariantMap PasteOptions::fields() const
+{
+    QVariantMap told = options::values<PasteOptions>(*this, positions);
+    told.insert(sharedKey(m_columnMode), m_columnMode);
+    told.insert(QStringLiteral("drawing_action"), m_drawingAction);
+    told.insert(QStringLiteral("drawing_file_mode"), m_drawingFileMode);
+    told.insert(QStringLiteral("color_palette_mode"), m_colorPaletteMode);
+    return told;
+}
+
 std::string PasteOptions::__str__() const
 {
     using options::word;
@@ -88,9 +130,7 @@ std::string PasteOptions::__str__() const
 
 void PasteOptions::setValidateTimingColumnMode(const QString& mode)
 {
-    static const QStringList valid = {QStringLiteral("ELEMENT_AS_ELEMENT_AND_TIMING_AS_TIMING"),
-                                      QStringLiteral("ALL_DRWGS_AS_ELEMENTS")};
-    m_columnMode = checkedWord(mode, valid);
+    m_columnMode = checkedWord(mode, columnWords());
 }
 
 void PasteOptions::setDrawingAction(const QString& action)
@@ -130,16 +170,12 @@ void PasteOptions::setColorPaletteMode(const QString& mode)
 
 void PasteOptions::setWriteMode(const QString& mode)
 {
-    static const QStringList valid = {QStringLiteral("INSERT"), QStringLiteral("OVERWRITE"),
-                                      QStringLiteral("DO_NOTHING")};
-    m_columnMode = checkedWord(mode, valid);
+    m_columnMode = checkedWord(mode, writeWords());
 }
 
 void PasteOptions::setDeleteMode(const QString& mode)
 {
-    static const QStringList valid = {QStringLiteral("REMOVE"), QStringLiteral("EMPTY"),
-                                      QStringLiteral("DELETE_NOTHING")};
-    m_columnMode = checkedWord(mode, valid);
+    m_columnMode = checkedWord(mode, deleteWords());
 }
 
 } // namespace OMC

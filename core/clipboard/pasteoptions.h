@@ -29,6 +29,9 @@ public:
     /// `action_template`. What isn't told keeps its default; a word that a property doesn't know fails.
     explicit PasteOptions(const QVariant& value);
 
+    /// What the constructor reads, by its names. Of the three words that share one store it has the one that is there.
+    QVariantMap fields() const;
+
     /// The fields by their positions, with two flags more than the positions that are read.
     ///
     /// Required: the text can't be read back.

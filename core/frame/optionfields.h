@@ -81,4 +81,19 @@ void read(Options& options, const QVariant& value, std::span<const Field<Options
     }
 }
 
+/// The flags and numbers among the fields, by their keys.
+template <typename Options>
+QVariantMap values(const Options& options, std::span<const Field<Options>> fields)
+{
+    QVariantMap told;
+    for (const Field<Options>& field : fields) {
+        const QString key = QString::fromLatin1(field.key.data(), static_cast<qsizetype>(field.key.size()));
+        if (const auto* flag = std::get_if<bool Options::*>(&field.member))
+            told.insert(key, options.*(*flag));
+        else if (const auto* number = std::get_if<int Options::*>(&field.member))
+            told.insert(key, options.*(*number));
+    }
+    return told;
+}
+
 } // namespace OMC::options

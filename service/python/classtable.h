@@ -90,6 +90,7 @@ struct ClassTable {
     OMC::BaseObject* (*construct)(const CallArguments& call) = nullptr;
     std::vector<FormText> constructors;
     ValueState state;
+    const char* copyHint = nullptr; ///< How objects are copied that Python can't copy: half a sentence.
     traverseproc traverse = nullptr; ///< For the garbage collector, where objects of the class hold Python objects.
     inquiry clear = nullptr;
 };
@@ -291,6 +292,13 @@ public:
             [](const OMC::BaseObject* object, const std::string& type) -> std::string {
                 return Represent(static_cast<const T&>(*object), type);
             }};
+        return *this;
+    }
+
+    /// Says how objects of the class are copied, which copy.copy() can't do: half a sentence.
+    Class& copiedBy(const char* hint)
+    {
+        m_table.copyHint = hint;
         return *this;
     }
 

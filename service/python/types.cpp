@@ -152,6 +152,8 @@ void addClass(PyObject* module, const ClassTable& classTable)
     const bool isValue = table.state.read || !table.members.empty() || (base && isValueType(baseType));
     if (isValue)
         record.methods.push_back(reduceMethod);
+    else if (!base)
+        record.methods.push_back(refuseMethod);
     record.methods.push_back({});
 
     static PyMemberDef members[] = {

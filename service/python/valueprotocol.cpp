@@ -77,10 +77,31 @@ PyObject* reduce(PyObject* self, PyObject*)
     });
 }
 
+/// What the class of an object, or a base class, says of copying it; null where none does.
+const char* copyHintFor(PyTypeObject* type)
+{
+    const ClassTable* table = &tableOf(type);
+    while (!table->copyHint && table->metaObject != &OMC::BaseObject::staticMetaObject)
+        table = &tableOf(typeFor(table->metaObject->superClass()).type);
+    return table->copyHint;
+}
+
+PyObject* refuse(PyObject* self, PyObject*)
+{
+    return guarded([&]() -> PyObject* {
+        const char* hint = copyHintFor(Py_TYPE(self));
+        throwTypeError("Python can neither copy nor pickle this %s%s%s.", shortName(Py_TYPE(self)->tp_name).c_str(),
+                       hint ? "; " : "", hint ? hint : "");
+    });
+}
+
 } // namespace
 
 const PyMethodDef reduceMethod = {"__reduce__", &reduce, METH_NOARGS,
                                   "__reduce__($self, /)\n--\n\nHow copy and pickle make an equal object."};
+
+const PyMethodDef refuseMethod = {"__reduce__", &refuse, METH_NOARGS,
+                                  "__reduce__($self, /)\n--\n\nFails: the object is neither copied nor pickled."};
 
 bool isValueType(PyTypeObject* type)
 {

@@ -24,6 +24,10 @@ std::string shortName(const std::string& type);
 /// `__reduce__`: how copy and pickle make an equal object, of a script's own class too, with what the script put on it.
 extern const PyMethodDef reduceMethod;
 
+/// `__reduce__` of everything else: one sentence that says that Python can't copy the object, and what can where the
+/// class's table tells it.
+extern const PyMethodDef refuseMethod;
+
 /// Makes an object of a class of its state; `__reduce__` names this function.
 PyObject* rebuildValue(PyObject* cls, PyObject* state);
 

@@ -8,6 +8,7 @@ import brindle
 import pytest
 
 import support
+from test_paste_options import FIELDS as OPTIONS
 
 CLASSES = brindle._describe()
 NAMES = [entry["name"] for entry in CLASSES]
@@ -31,7 +32,7 @@ SNAKE_CASE = [
 MEMBERS = {
     "Point2d": ("x", "y"), "Point3d": ("x", "y", "z"), "Rect2D": ("width", "height"), "Rect2DI": ("width", "height"),
     "AllocatedRect2D": ("x", "y"), "AllocatedRect2DI": ("x", "y"), "FrameOptions": ("ripple_markers", "extend_exposure"),
-    "PaletteGradientPosition": ("position",),
+    "PaletteGradientPosition": ("position",), **OPTIONS,
 }
 
 # Classes that hold nothing yet, and that nothing gives.

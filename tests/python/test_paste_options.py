@@ -1,5 +1,8 @@
 """The options of copying and pasting: their three forms, their texts, and the words that they take."""
 
+import copy
+import pickle
+
 import brindle
 import pytest
 
@@ -96,3 +99,53 @@ def test_a_copy_is_its_own(kind):
     assert str(options.copy()) == str(options)
     for value in (None, 5, [1], True):
         assert str(kind(value)) == str(options)
+
+
+FIELDS = {
+    "CopyOptions": {"add_modelling_dir": True, "add_scan_files": True, "include_default_camera_name": True,
+                    "start_frame_src": 1, "num_frame_src": 0},
+    "PasteActionOptions": {"groups": True, "effects": True, "composites": True},
+    "PasteOptions": {"use_paste_special": False, "extend_scene": False, "create_new_column": False,
+                     "add_remove_motion_keyframe": True, "add_remove_velocity_keyframe": True,
+                     "add_remove_angle_keyframe": True, "add_remove_skew_keyframe": True,
+                     "add_remove_scaling_keyframe": True, "force_beginning_end_keyframe": True,
+                     "offset_keyframes": False, "replace_expression_columns": True, "tv_preserve_name": False,
+                     "match_node_name": True, "full_transfer": True, "keyframe_mode": True,
+                     "camera_name_transfer": False, "start_frame_src": 1, "num_frame_src": 0,
+                     "drawing_extend_exposure": True, "drawing_substitution": True, "action_template": False},
+}
+
+
+@pytest.mark.parametrize("name, key", [(name, key) for name, fields in FIELDS.items() for key in fields])
+def test_each_field_is_read_and_written_by_its_key(name, key):
+    kind = getattr(brindle, name)
+    options, default = kind(), FIELDS[name][key]
+    assert getattr(options, key) is default or getattr(options, key) == default != True
+    other = not default if isinstance(default, bool) else 7
+    setattr(options, key, other)
+    made = kind({key: other})
+    assert getattr(made, key) == other and repr(made) == repr(options) == f"{name}({{'{key}': {other}}})"
+    with pytest.raises(TypeError):
+        setattr(options, key, "x")
+    assert getattr(options, key) == other
+
+
+MADE = [brindle.CopyOptions({"add_scan_files": False}), brindle.PasteActionOptions(True, False, False),
+        brindle.PasteOptions({"delete_mode": "empty", "drawing_action": "update_pivot", "extend_scene": True}),
+        brindle.PasteOptions({"drawing_file_mode": "share", "color_palette_mode": "link_to_original"}),
+        brindle.PasteOptions({"write_mode": "do_nothing"}),
+        brindle.PasteOptions({"element_timing_column_mode": "all_drwgs_as_elements", "num_frame_src": 3})]
+
+
+@pytest.mark.parametrize("options", MADE, ids=repr)
+def test_copies_pickles_and_reprs_have_every_field(options):
+    for again in (options.copy(), copy.copy(options), copy.deepcopy(options), pickle.loads(pickle.dumps(options)),
+                  eval(repr(options), vars(brindle))):
+        assert type(again) is type(options)
+        assert (repr(again), str(again)) == (repr(options), str(options))
+
+
+def test_what_no_option_is_called_can_not_be_written():
+    for options in MADE:
+        with pytest.raises(AttributeError):
+            options.use_paste_specials = True
