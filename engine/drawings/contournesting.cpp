@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ranges>
 #include <utility>
 
 namespace brindle::engine {
@@ -91,21 +92,30 @@ std::vector<int> parentsOfComponents(const PlanarMap& map, std::span<const int> 
     std::ranges::stable_sort(coming, {}, [&map](int contour) { return map.box(contour).minX(); });
     auto next = coming.begin();
 
-    // A sweep from left to right: open are the contours whose boxes it has entered, the smallest area first.
-    std::vector<int> open;
-    const auto byArea = [&map](int contour) { return std::pair(map.area(contour), contour); };
+    // A sweep from left to right: open are the contours whose boxes it has entered, the smallest area last:
+    // of contours within one another the smaller one comes later.
+    struct Open {
+        double area;
+        int contour;
+        double minY, maxY, maxX;
+    };
+    std::vector<Open> open;
+    const auto rank = [](const Open& one) { return std::pair(-one.area, -one.contour); };
     std::size_t sinceCleared = 0;
     for (const Query& query : queries(map)) {
-        for (; next != coming.end() && map.box(*next).minX() <= query.place.x; ++next)
-            open.insert(std::ranges::lower_bound(open, byArea(*next), {}, byArea), *next);
-        if (++sinceCleared > open.size()) {
-            std::erase_if(open, [&](int contour) { return map.box(contour).maxX() < query.place.x; });
+        for (; next != coming.end() && map.box(*next).minX() <= query.place.x; ++next) {
+            const Math::Box2d& box = map.box(*next);
+            const Open entered{map.area(*next), *next, box.minY(), box.maxY(), box.maxX()};
+            open.insert(std::ranges::lower_bound(open, rank(entered), {}, rank), entered);
+        }
+        if (++sinceCleared > open.size() / 8) {
+            std::erase_if(open, [&query](const Open& one) { return one.maxX < query.place.x; });
             sinceCleared = 0;
         }
-        for (const int contour : open) {
-            if (map.box(contour).contains(query.place) && map.componentOf(contour) != query.component &&
-                turnsAround(map, contour, query.place) != 0) {
-                parents[static_cast<std::size_t>(query.component)] = contour;
+        for (const Open& one : std::views::reverse(open)) {
+            if (one.minY <= query.place.y && query.place.y <= one.maxY && query.place.x <= one.maxX &&
+                map.componentOf(one.contour) != query.component && turnsAround(map, one.contour, query.place) != 0) {
+                parents[static_cast<std::size_t>(query.component)] = one.contour;
                 break;
             }
         }
