@@ -19,8 +19,6 @@ class DrawingLayerImplShared;
 /// Whoever begins while a session of the same drawing is open joins it; one end closes it for all. Threads are kept
 /// apart by the checks of the wrappers. A session whose project is closed is over, and leaves nothing.
 class BRINDLE_CORE_EXPORT DrawingAccessImpl : public QObject {
-    Q_OBJECT
-
 public:
     /// The one of the process, made at the first use.
     static DrawingAccessImpl& get();
