@@ -135,13 +135,13 @@ void Bezier::getBezierFromQVariant(const QVariant& value, std::vector<GR_Bezier2
 
 Obj Bezier::derivative() const
 {
-    return onCurve([&] { return Obj(new Bezier(getBezier().GetDerivative())); });
+    return orRefused([&] { return Obj(new Bezier(getBezier().GetDerivative())); });
 }
 
 Obj Bezier::evaluateAndRound(double parameter) const
 {
     requireFinite(parameter, 0);
-    return onCurve([&] { return Obj(new Point2d(getBezier().EvaluateAndRound(parameter))); });
+    return orRefused([&] { return Obj(new Point2d(getBezier().EvaluateAndRound(parameter))); });
 }
 
 void Bezier::straighten()
@@ -209,17 +209,17 @@ void Bezier::setToParameter(double parameter)
 
 bool Bezier::getLine() const
 {
-    return onCurve([&] { return getBezier().IsSegment(); });
+    return orRefused([&] { return getBezier().IsSegment(); });
 }
 
 bool Bezier::getCusp() const
 {
-    return onCurve([&] { return getBezier().GetCurveCharacteristic() == GR_Bezier2d::Cusp; });
+    return orRefused([&] { return getBezier().GetCurveCharacteristic() == GR_Bezier2d::Cusp; });
 }
 
 unsigned int Bezier::getInflections() const
 {
-    switch (onCurve([&] { return getBezier().GetCurveCharacteristic(); })) {
+    switch (orRefused([&] { return getBezier().GetCurveCharacteristic(); })) {
     case GR_Bezier2d::OneInflection:
         return 1;
     case GR_Bezier2d::TwoInflections:

@@ -102,7 +102,7 @@ struct CurveTraits<BezierPath> {
     /// Points beyond the last one are appended, as points on the curve.
     static void setPoints(GR_BezierPath2d& path, unsigned int first, const CurvePoints& points)
     {
-        onCurve([&] {
+        orRefused([&] {
             GR_BezierPath2d changed = path;
             for (const auto& point : points) {
                 if (first < changed.GetNumPoints())
@@ -147,7 +147,7 @@ void BezierPath::getBezierPathFromQVariant(const QVariant& value, BezierPath& pa
     }
     std::vector<GR_Bezier2d> curves;
     Bezier::getBezierFromQVariant(value, curves, degree);
-    onCurve([&] {
+    orRefused([&] {
         GR_BezierPath2d longer = path.getBezier();
         for (const GR_Bezier2d& curve : curves)
             longer.Append(curve);
@@ -173,7 +173,7 @@ Obj BezierPath::createOval(double x, double y, double rx, double ry, unsigned in
     requireFewEnough(arcs, 4);
     const double step = fullTurn / arcs;
     const double handle = std::tan(halfTurn / (arcs + arcs)) * handleFactor;
-    return onCurve([&] {
+    return orRefused([&] {
         GR_BezierPath2d path;
         double from = 0.0;
         for (unsigned int arc = 0; arc < arcs; ++arc) {
@@ -207,7 +207,7 @@ Obj BezierPath::createRectangle(double x1, double y1, double x2, double y2)
 Obj BezierPath::createBezierFit(const QVariant& value, bool closed, bool oneBezier)
 {
     const CurvePoints points = readCurvePoints(value);
-    return onCurve([&] {
+    return orRefused([&] {
         GR_BezierPath2d path;
         for (const auto& point : points)
             path.Append(*point, true);
@@ -263,7 +263,7 @@ void BezierPath::bezierSet(unsigned int index, const QVariant& value) const
     const std::vector<GR_Bezier2d> curves = readCurves(value);
     if (curves.size() > getBezierCount() - index)
         throwIndexOutOfRange();
-    onCurve([&] {
+    orRefused([&] {
         GR_BezierPath2d changed = getBezier();
         for (const GR_Bezier2d& curve : curves)
             changed.SetBezier(index++, curve);
@@ -281,14 +281,14 @@ bool BezierPath::pointOnCurve(unsigned int index) const
 void BezierPath::insertPoint(double parameter)
 {
     requireFinite(parameter, 0);
-    onCurve([&] { hostCurve().insertPoint(parameter); });
+    orRefused([&] { hostCurve().insertPoint(parameter); });
 }
 
 void BezierPath::erase(unsigned int first, unsigned int count)
 {
     if (count > size() || first > size() - count)
         throwIndexOutOfRange();
-    onCurve([&] { hostCurve().Erase(first, count); });
+    orRefused([&] { hostCurve().Erase(first, count); });
 }
 
 void BezierPath::clear()
@@ -298,12 +298,12 @@ void BezierPath::clear()
 
 void BezierPath::close()
 {
-    onCurve([&] { hostCurve().ClosePath(); });
+    orRefused([&] { hostCurve().ClosePath(); });
 }
 
 void BezierPath::straighten()
 {
-    onCurve([&] {
+    orRefused([&] {
         GR_BezierPath2d straight;
         for (unsigned int index = 0; index < getBezierCount(); ++index) {
             Bezier curve(getBezier().GetBezier(index));
@@ -319,14 +319,14 @@ void BezierPath::trim(unsigned int count)
     if (count < size())
         throw Exception(tr("Cannot trim path to fewer points than available."));
     requireFewEnough(count, 0);
-    onCurve([&] { hostCurve().trimNumPointsToSize(count); });
+    orRefused([&] { hostCurve().trimNumPointsToSize(count); });
 }
 
 double BezierPath::getPolygonLength(int index) const
 {
     if (index >= 0 && static_cast<std::size_t>(index) >= size())
         throwIndexOutOfRange();
-    return onCurve([&] {
+    return orRefused([&] {
         return index < 0 ? getBezier().GetPolygonLength()
                          : getBezier().GetSubPolygonLength(static_cast<unsigned int>(index));
     });
@@ -335,18 +335,18 @@ double BezierPath::getPolygonLength(int index) const
 bool BezierPath::containing(const QVariant& value) const
 {
     const Point2d point(value);
-    return onCurve([&] { return getBezier().IsContaining({point.x, point.y}, Math::Constants::NonZero); });
+    return orRefused([&] { return getBezier().IsContaining({point.x, point.y}, Math::Constants::NonZero); });
 }
 
 bool BezierPath::inside(const QVariant& other) const
 {
-    return onCurve(
+    return orRefused(
         [&] { return getBezier().IsInside(readCurve<BezierPath>(other).getBezier(), Math::Constants::NonZero); });
 }
 
 bool BezierPath::outside(const QVariant& other) const
 {
-    return onCurve(
+    return orRefused(
         [&] { return getBezier().IsOutside(readCurve<BezierPath>(other).getBezier(), Math::Constants::NonZero); });
 }
 
@@ -374,12 +374,12 @@ void BezierPath::setEmpty(bool empty)
 
 bool BezierPath::getDegenerate() const
 {
-    return onCurve([&] { return getBezier().IsDegenerate(); });
+    return orRefused([&] { return getBezier().IsDegenerate(); });
 }
 
 bool BezierPath::getPolyline() const
 {
-    return onCurve([&] { return getBezier().IsPolyline(); });
+    return orRefused([&] { return getBezier().IsPolyline(); });
 }
 
 unsigned int BezierPath::getPointsOnCurve() const
@@ -394,7 +394,7 @@ unsigned int BezierPath::getBezierCount() const
 
 Obj BezierPath::getBoundingBoxInner() const
 {
-    return onCurve([&] { return rectangleOf(getBezier().GetInnerBox()); });
+    return orRefused([&] { return rectangleOf(getBezier().GetInnerBox()); });
 }
 
 double BezierPath::getPolygonLength() const
@@ -404,12 +404,12 @@ double BezierPath::getPolygonLength() const
 
 double BezierPath::getPolygonArea() const
 {
-    return onCurve([&] { return getBezier().GetPolygonArea(); });
+    return orRefused([&] { return getBezier().GetPolygonArea(); });
 }
 
 bool BezierPath::getPolygonClockwise() const
 {
-    return onCurve([&] { return getBezier().IsClockwisePolygon(); });
+    return orRefused([&] { return getBezier().IsClockwisePolygon(); });
 }
 
 template class CurveList<BezierPath, GR_BezierPath2d>;

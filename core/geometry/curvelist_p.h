@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/frame/finite.h"
+#include "core/frame/refused.h"
 #include "core/geometry/curvelist.h"
 #include "core/geometry/matrix.h"
 #include "core/geometry/point2d.h"
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -22,18 +22,6 @@ namespace OMC {
 /// box, and how far from a point its nearest one is looked for.
 template <typename Curve>
 struct CurveTraits;
-
-/// Runs a call of the engine's curves. What they refuse (a point that is not finite, a path without a point, ...)
-/// becomes a failure of the object model with their sentence.
-template <typename Call>
-decltype(auto) onCurve(Call&& call)
-{
-    try {
-        return call();
-    } catch (const std::logic_error& refusal) {
-        throw Exception(QString::fromUtf8(refusal.what()));
-    }
-}
 
 using CurvePoints = std::vector<std::unique_ptr<Math::Point2d>>;
 
@@ -187,7 +175,7 @@ double CurveList<Curve, HostCurve>::closestPoint(const QVariant& value) const
 {
     Math::Point2d point;
     Point2d::ConvertQVariant(value, point.x, point.y);
-    return onCurve([&] {
+    return orRefused([&] {
         double radiusSquared = CurveTraits<Curve>::reach(getBezier(), point) * 1.25;
         double parameter = 0.0;
         if (!getBezier().GetClosestPoint(point, radiusSquared, parameter))
@@ -200,32 +188,32 @@ template <typename Curve, typename HostCurve>
 Obj CurveList<Curve, HostCurve>::evaluate(double parameter) const
 {
     requireFinite(parameter, 0);
-    return onCurve([&] { return Obj(new Point2d(getBezier().Evaluate(parameter))); });
+    return orRefused([&] { return Obj(new Point2d(getBezier().Evaluate(parameter))); });
 }
 
 template <typename Curve, typename HostCurve>
 Obj CurveList<Curve, HostCurve>::getFromTangent() const
 {
-    return onCurve([&] { return Obj(new Vector2d(getBezier().GetFromTangent())); });
+    return orRefused([&] { return Obj(new Vector2d(getBezier().GetFromTangent())); });
 }
 
 template <typename Curve, typename HostCurve>
 Obj CurveList<Curve, HostCurve>::getToTangent() const
 {
-    return onCurve([&] { return Obj(new Vector2d(getBezier().GetToTangent())); });
+    return orRefused([&] { return Obj(new Vector2d(getBezier().GetToTangent())); });
 }
 
 template <typename Curve, typename HostCurve>
 Obj CurveList<Curve, HostCurve>::getBoundingBox() const
 {
-    return onCurve([&] { return rectangleOf(CurveTraits<Curve>::box(getBezier())); });
+    return orRefused([&] { return rectangleOf(CurveTraits<Curve>::box(getBezier())); });
 }
 
 template <typename Curve, typename HostCurve>
 void CurveList<Curve, HostCurve>::multiply(const QVariant& matrix)
 {
     const Math::Matrix2x3 transform = Matrix::valueOf(matrix).getTransform2d();
-    onCurve([&] { hostCurve() *= transform; });
+    orRefused([&] { hostCurve() *= transform; });
 }
 
 template <typename Curve, typename HostCurve>
@@ -240,14 +228,14 @@ void CurveList<Curve, HostCurve>::round(double step)
     if (!(step > 0.0))
         throwInvalidArgument(0);
     requireFinite(step, 0);
-    onCurve([&] { hostCurve().Round(step); });
+    orRefused([&] { hostCurve().Round(step); });
 }
 
 template <typename Curve, typename HostCurve>
 Obj CurveList<Curve, HostCurve>::split(double parameter)
 {
     requireFinite(parameter, 0);
-    return onCurve([&] {
+    return orRefused([&] {
         auto parts = getBezier().Split(parameter);
         Obj behind(new Curve(parts.second));
         hostCurve() = std::move(parts.first);
@@ -260,7 +248,7 @@ Obj CurveList<Curve, HostCurve>::truncate(double from, double to) const
 {
     requireFinite(from, 0);
     requireFinite(to, 1);
-    return onCurve([&] {
+    return orRefused([&] {
         HostCurve stretch = getBezier();
         stretch.Truncate(from, to);
         return Obj(new Curve(stretch));
@@ -270,25 +258,25 @@ Obj CurveList<Curve, HostCurve>::truncate(double from, double to) const
 template <typename Curve, typename HostCurve>
 bool CurveList<Curve, HostCurve>::intersecting() const
 {
-    return onCurve([&] { return getBezier().IsIntersecting(); });
+    return orRefused([&] { return getBezier().IsIntersecting(); });
 }
 
 template <typename Curve, typename HostCurve>
 bool CurveList<Curve, HostCurve>::intersecting(const QVariant& other) const
 {
-    return onCurve([&] { return getBezier().IsIntersecting(readCurve<Curve>(other).getBezier()); });
+    return orRefused([&] { return getBezier().IsIntersecting(readCurve<Curve>(other).getBezier()); });
 }
 
 template <typename Curve, typename HostCurve>
 QList<QVariant> CurveList<Curve, HostCurve>::intersections() const
 {
-    return onCurve([&] { return pointValues(getBezier().GetIntersections()); });
+    return orRefused([&] { return pointValues(getBezier().GetIntersections()); });
 }
 
 template <typename Curve, typename HostCurve>
 QList<QVariant> CurveList<Curve, HostCurve>::intersections(const QVariant& other) const
 {
-    return onCurve([&] { return pointValues(getBezier().GetIntersections(readCurve<Curve>(other).getBezier())); });
+    return orRefused([&] { return pointValues(getBezier().GetIntersections(readCurve<Curve>(other).getBezier())); });
 }
 
 } // namespace OMC

@@ -58,6 +58,15 @@ VALUES = {
                "<brindle.Bezier: (0, 0) [0, 10] [10, 10] (0, 0)>"),
     "bezier path": (lambda: brindle.BezierPath.create_rectangle(),
                     "<brindle.BezierPath: (0, 0) (1, 0) (1, 1) (0, 1) (0, 0)>"),
+    "vector colour": (lambda: brindle.DrawingVectorColour("0123456789abcdef"),
+                      "<brindle.DrawingVectorColour: 0123456789abcdef>"),
+    "line style": (lambda: brindle.DrawingVectorLineStyle(),
+                   "<brindle.DrawingVectorLineStyle: No_Linestyle, 0, 0000000000000000>"),
+    "thickness": (lambda: brindle.DrawingVectorThickness(), "<brindle.DrawingVectorThickness: no path>"),
+    "thickness path": (lambda: brindle.DrawingVectorThicknessPath([[0, 1], [1, 2]]),
+                       "<brindle.DrawingVectorThicknessPath: 2 keys>"),
+    "thickness key": (lambda: brindle.DrawingVectorThicknessPathPoint(0.5, 2),
+                      "DrawingVectorThicknessPathPoint(0.5, 2)"),
 }
 
 
