@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/host/ca_celkey.h"
+#include "core/host/ca_celref.h"
 #include "core/host/export.h"
 #include "core/host/gr_drawing.h"
 
@@ -20,4 +20,21 @@ public:
 private:
     CA_CelKey m_cel;
     int m_art = -1;
+};
+
+/// The cels of the open project's drawings.
+///
+/// A cel that it gives shows what the drawing was when it was asked for: the vector drawing itself, which goes on
+/// changing, or the picture of that moment.
+class BRINDLE_HOST_EXPORT CA_CelCache {
+public:
+    /// The cel of a vector drawing that was opened already; none for all others.
+    static CA_CelPtr findItem(const CA_CelKey& key, const CEL_Context& context = CEL_Context());
+    /// The cel of a drawing, in the version that is shown. Of a drawing without a file it is an empty cel. None where
+    /// the key names no drawing of the project. Throws std::runtime_error with one sentence where its file can't be
+    /// read.
+    static CA_CelPtr insertItemBis(const CA_CelKey& key, const CEL_Context& context);
+    /// The same, where a drawing of an element of vector drawings has no file yet: it has an empty one from now on,
+    /// which no undo takes away. None for an element of pictures.
+    static CA_CelPtr createVectorDrawing(const CA_CelKey& key);
 };

@@ -9,13 +9,14 @@
 
 class TUSceneChangeManager;
 
-/// What an edit session changed, as one undoable step: it was done already when it is made, so the undo list takes it
-/// as executed. It refuses to run while a session is open on its drawing.
+/// What an edit session changed of the art layers of its drawing, as one undoable step. It was done already when it is
+/// made: its first execution does nothing. It refuses to run while a session is open on its drawing, and does nothing
+/// once that is gone for good.
 class BRINDLE_HOST_EXPORT DT_Command : public CO_EngineCommand {
 public:
     using CO_EngineCommand::CO_EngineCommand;
 
-    virtual bool IsEmpty() const = 0; ///< Nothing differs from before.
+    virtual bool IsEmpty() const = 0; ///< No layer and no stroke differs from before.
     /// The drawings count as changed since the last save; they also do without it.
     virtual void setAllDrawingsModified() = 0;
 };
@@ -26,8 +27,9 @@ public:
     virtual ~DT_SelectionManager() = default;
 };
 
-/// Collects what changes in the drawings of a session. The arguments: the selection, or null; who is told of changes by
-/// undo and redo, or null; always null; always 1.
+/// Collects what changes in the drawing of a session, and keeps it for the session: until `Release`, or until it goes,
+/// nothing else gives the drawing another content. Operations on other drawings are not collected. The arguments: the
+/// selection, or null; who is told of changes by undo and redo, or null; always null; always 1.
 class BRINDLE_HOST_EXPORT DT_UndoListener : public GR_DrawingAccessListener {
 public:
     DT_UndoListener(DT_SelectionManager* selection, TUSceneChangeManager* changes, void* holder, int);
@@ -35,8 +37,8 @@ public:
     DT_UndoListener& operator=(const DT_UndoListener&) = delete;
     ~DT_UndoListener() override;
 
-    /// Keeps, by value, how the composite drawing of this art layer is now. The key names it for undo; an invalid one
-    /// stands for a drawing in no element.
+    /// Keeps, by value, how the composite drawing of this art layer is now. The step finds the drawing again by itself,
+    /// whatever the key says.
     void SetCurrentDrawing(GR_VectorDrawingObj* drawing, const CA_CelKey& key);
     /// The step from then to now; the caller owns it. Null without a drawing. The listener is at its end.
     DT_Command* Release();

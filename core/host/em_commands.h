@@ -15,6 +15,9 @@ class TUSeqTimedValue;
 /// The undoable changes of elements and their drawings. Each fails, and changes nothing, for an element or a drawing
 /// that there is not, for a value that it doesn't take, and for the manager of another engine. Files follow with the
 /// next save of the project.
+///
+/// While an edit session is open on a drawing, what would take the drawing away or give it another content is refused,
+/// also where an undo would do that.
 
 /// Fails for a name that no element can have, or that another one has which isn't deleted. The folder keeps its name.
 class BRINDLE_HOST_EXPORT RenameElementCmd final : public CO_EngineCommand {

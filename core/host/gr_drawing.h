@@ -66,6 +66,8 @@ public:
     int fieldSize = 12;      ///< The number of fields across the drawing.
     double pointQuantum = 0; ///< The grid that a file keeps points on; 0: they are kept as they are.
 
+    bool operator==(const GR_CompositeDrawingInfo&) const = default;
+
 private:
     bool m_isPivotDefined = false;
     Math::Point2d m_pivot;
@@ -78,13 +80,16 @@ public:
     static constexpr int kArtCount = 4;
     enum Art : int { kUnderlay = 0, kColour = 1, kLine = 2, kOverlay = 3 };
 
-    /// An empty drawing in no element, with all four art layers.
+    /// An empty drawing in no element, with all four art layers. The dictionary is the caller's and outlives the
+    /// drawing; null stands for one of the drawing's own.
     static QExplicitlySharedDataPointer<GR_CompositeVectorDrawingObj> Create(GR_ColorDict* dict);
 
     virtual GR_DrawingBase* GetArt(int index) const = 0; ///< Null where the drawing lacks it.
     /// Null where nothing is noted. What is set here counts as a change of the drawing once it was told by
     /// InfoChanged().
     virtual GR_CompositeDrawingInfo* GetDrawingInfo() = 0;
+    /// Throws std::invalid_argument, and sets back what was set, for a pivot or a point quantum that is not finite, and
+    /// a quantum below 0.
     virtual void InfoChanged() = 0;
     virtual GR_ColorDict::PaletteInfo GetPaletteInfo() const = 0;
 

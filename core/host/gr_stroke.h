@@ -29,14 +29,15 @@ enum GR_TipType { kRoundTip = 0, kFlatTip = 1, kBevelTip = 2 };
 enum class GR_StrokeEnd : int { From = 0, To = 1 };
 
 /// Everything that a stroke is made of: a value, from which strokes are inserted, and of which they give copies.
-/// Coordinates are those of the drawing's art.
+/// Coordinates are those of the drawing's art. Copies share the path, which never changes: it stays where it is while
+/// one of them has it.
 class BRINDLE_HOST_EXPORT GR_StrokeData {
 public:
-    GR_StrokeData() = default;
-    explicit GR_StrokeData(const GR_BezierPath2d& path) : m_path(path) {}
+    GR_StrokeData() : GR_StrokeData(GR_BezierPath2d()) {}
+    explicit GR_StrokeData(const GR_BezierPath2d& path) : m_path(std::make_shared<const GR_BezierPath2d>(path)) {}
 
-    const GR_BezierPath2d& GetPath() const { return m_path; }
-    void SetPath(const GR_BezierPath2d& path) { m_path = path; }
+    const GR_BezierPath2d& GetPath() const { return *m_path; }
+    void SetPath(const GR_BezierPath2d& path) { m_path = std::make_shared<const GR_BezierPath2d>(path); }
 
     /// Null: the side has no colour.
     const GR_ColorPtr& GetColor(int side) const { return m_colours[side == 0 ? 0 : 1]; }
@@ -60,7 +61,7 @@ public:
     bool operator==(const GR_StrokeData& other) const;
 
 private:
-    GR_BezierPath2d m_path; ///< Of degree 3.
+    std::shared_ptr<const GR_BezierPath2d> m_path; ///< Of degree 3. Never null.
     GR_ColorPtr m_colours[2];
     GR_LineStyle m_lineStyle;
     GR_ThicknessBinder m_thickness;

@@ -2,6 +2,8 @@
 
 #include "engine/folder/foldertransaction.h"
 
+#include <utility>
+
 #include <unistd.h>
 
 namespace brindle::engine {
@@ -25,7 +27,7 @@ DrawingContent::~DrawingContent()
 QByteArray DrawingContent::bytes() const
 {
     if (!isOnDisk())
-        return m_bytes;
+        return m_value ? m_value->bytes() : m_bytes;
     const Folder* folder = m_store.folder();
     if (!folder)
         throw FolderFailure{quoted(m_place) + " is missing"};
@@ -34,6 +36,14 @@ QByteArray DrawingContent::bytes() const
     if (isMissing)
         throw FolderFailure{quoted(folder->pathOf(m_place)) + " is missing"};
     return bytes;
+}
+
+QString DrawingContent::shownPath() const
+{
+    if (!isOnDisk())
+        return QStringLiteral("the drawing");
+    const Folder* folder = m_store.folder();
+    return folder ? folder->pathOf(m_place) : m_place;
 }
 
 bool DrawingContent::isThere() const
@@ -53,6 +63,13 @@ ContentPointer ContentStore::fromBytes(const QByteArray& bytes)
 {
     std::shared_ptr<DrawingContent> content(new DrawingContent(*this));
     content->m_bytes = bytes;
+    return content;
+}
+
+ContentPointer ContentStore::fromValue(const ContentValuePointer& value)
+{
+    std::shared_ptr<DrawingContent> content(new DrawingContent(*this));
+    content->m_value = value;
     return content;
 }
 
@@ -126,7 +143,7 @@ void ContentStore::addTo(FolderTransaction& save, const Folder& folder, bool isE
         if (file.content->isOnDisk())
             continue;
         requireFree(folder, file.place, isElsewhere);
-        save.write(file.place, file.content->m_bytes);
+        save.write(file.place, file.content->bytes());
     }
     if (!isElsewhere) {
         for (const QString& place : m_abandoned)
@@ -176,11 +193,14 @@ std::vector<ContentPointer> ContentStore::saved(const Folder& folder, const Plan
         auto* content = const_cast<DrawingContent*>(file.content.get());
         if (!content->isOnDisk()) {
             content->m_bytes.clear();
+            content->m_known = std::exchange(content->m_value, nullptr);
             content->m_place = file.place;
             content->m_isSaved = true;
             m_onDisk.insert(content);
         }
         standing.push_back(content->m_place == file.place ? file.content : make(file.place, true));
+        if (standing.back() != file.content)
+            standing.back()->remember(content->value());
     }
     for (const DrawingContent* content : m_onDisk) {
         if (content->m_isSaved)

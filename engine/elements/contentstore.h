@@ -32,6 +32,8 @@ public:
     ~ContentStore(); ///< Clears what waited, where the project is this process's.
 
     ContentPointer fromBytes(const QByteArray& bytes);
+    /// One whose bytes are made of the value when it is saved, or asked for them.
+    ContentPointer fromValue(const ContentValuePointer& value);
     /// The content of a file of the saved project.
     ContentPointer fromFile(const QString& place);
     /// The content of a file that is said to stand at a place, and becomes the project's with the next save.

@@ -78,6 +78,8 @@ public:
 
     Status unexecute() override
     {
+        if (m_drawing->isUnderEdit())
+            return kFail;
         m_taken = drawings().take(*m_drawing);
         return changed();
     }
@@ -106,7 +108,7 @@ public:
 
     Status execute() override
     {
-        if (!drawing() || drawings().find(drawing()->id()) != drawing())
+        if (!drawing() || drawings().find(drawing()->id()) != drawing() || drawing()->isUnderEdit())
             return kFail;
         m_taken = drawings().take(*drawing());
         return changed();
@@ -197,6 +199,10 @@ public:
         if (!drawing()->hasVersion(m_version)) {
             const std::vector<DrawingFile> files = drawing()->files();
             for (const DrawingFile& file : files) {
+                if (!drawing()->takesContent(file.layer, m_version, file.content))
+                    return kFail;
+            }
+            for (const DrawingFile& file : files) {
                 if (file.version != drawing()->version)
                     continue;
                 drawing()->setContent(file.layer, m_version, file.content);
@@ -211,6 +217,10 @@ public:
     {
         if (m_version == drawing()->version)
             return kNoop;
+        for (const EM_LayerId layer : m_copied) {
+            if (drawing()->isUnderEdit(layer, drawing()->version))
+                return kFail;
+        }
         std::swap(drawing()->version, m_version);
         for (const EM_LayerId layer : std::exchange(m_copied, {}))
             drawing()->setContent(layer, m_version, nullptr);
@@ -263,6 +273,8 @@ public:
     {
         if (!m_drawing && !prepare())
             return kFail;
+        if (!m_drawing->takesContent(m_layer.id, m_drawing->version, m_content))
+            return kFail;
         if (m_addsLayer)
             element()->addLayer(m_layer);
         if (m_taken)
@@ -273,6 +285,8 @@ public:
 
     Status unexecute() override
     {
+        if (m_drawing->isUnderEdit())
+            return kFail;
         m_content = m_drawing->setContent(m_layer.id, m_drawing->version, nullptr);
         if (m_addsDrawing)
             m_taken = drawings().take(*m_drawing);
@@ -334,7 +348,10 @@ public:
 
     Status unexecute() override
     {
-        m_content = drawing()->setContent(m_layer, drawing()->version, m_content);
+        const int version = drawing()->version;
+        if (drawing()->isUnderEdit(m_layer, version) || !drawing()->takesContent(m_layer, version, m_content))
+            return kFail;
+        m_content = drawing()->setContent(m_layer, version, m_content);
         return changed();
     }
 

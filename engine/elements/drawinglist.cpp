@@ -40,6 +40,7 @@ Drawing& DrawingList::insert(std::unique_ptr<Drawing> drawing, const QString& st
     const auto place = std::upper_bound(m_map.begin(), m_map.end(), added.id(),
                                         [](EM_DrawingId id, const EM_DrawingInfo* other) { return id < other->id(); });
     m_map.insert(place, drawing.release());
+    added.setGone(false);
     return added;
 }
 
@@ -49,6 +50,7 @@ std::unique_ptr<Drawing> DrawingList::take(Drawing& drawing)
     // As a rule it is the last one, which an undo takes back.
     const auto place = m_map.back() == &drawing ? m_map.end() - 1 : std::find(m_map.begin(), m_map.end(), &drawing);
     m_map.erase(place);
+    drawing.setGone(true);
     return std::unique_ptr<Drawing>(&drawing);
 }
 

@@ -34,6 +34,15 @@ bool Element::hasFiles() const
     return false;
 }
 
+bool Element::isUnderEdit() const
+{
+    for (std::size_t place = 0; place < m_drawings.size(); ++place) {
+        if (m_drawings.at(place).isUnderEdit())
+            return true;
+    }
+    return false;
+}
+
 void Element::addLayer(const EM_LayerInfo& layer)
 {
     const auto place = std::upper_bound(m_layers.begin(), m_layers.end(), layer.id,

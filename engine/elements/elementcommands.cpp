@@ -33,6 +33,10 @@ public:
 
     Status unexecute() override
     {
+        for (const Element* element : m_added) {
+            if (element->isUnderEdit())
+                return kFail;
+        }
         for (Element* element : m_added)
             m_taken.push_back(m_elements->take(*element));
         m_added.clear();
@@ -56,6 +60,10 @@ public:
         MSG_Text reasons;
         if (m_ids.empty() || !m_elements.canDeleteElements(m_ids, deletable, reasons))
             return kFail;
+        for (const int id : m_ids) {
+            if (m_elements.find(id)->isUnderEdit())
+                return kFail;
+        }
         for (const int id : m_ids)
             m_taken.push_back(m_elements.take(*m_elements.find(id)));
         return kOk;
@@ -92,7 +100,7 @@ public:
         if (m_fields.name != now.name && !m_elements->isFreeName(m_fields.name, m_element))
             return kFail;
         const bool isOtherForm = m_fields.pixmapFormat != now.pixmapFormat || m_fields.vectorType != now.vectorType;
-        if (isOtherForm && m_element->hasFiles())
+        if (isOtherForm && (m_element->hasFiles() || m_element->isUnderEdit()))
             return kFail;
         return unexecute();
     }

@@ -47,7 +47,12 @@ void ElementFiles::saved(const Folder& folder)
     for (std::size_t place = 0; place < m_owners.size(); ++place) {
         const Owner& owner = m_owners[place];
         if (standing[place] != m_plan[place].content)
-            owner.drawing->setContent(owner.layer, owner.version, std::move(standing[place]));
+            owner.drawing->setStanding(owner.layer, owner.version, std::move(standing[place]));
+    }
+    for (const TUElement* entry : m_elements.elements()) {
+        const auto& element = static_cast<const Element&>(*entry);
+        for (std::size_t place = 0; place < element.drawings().size(); ++place)
+            element.drawings().at(place).saved();
     }
     m_plan.clear();
     m_owners.clear();

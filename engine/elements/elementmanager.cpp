@@ -17,6 +17,12 @@ namespace {
 
 const TUElement noElement;
 
+void setDrawingsGone(Element& element, bool areGone)
+{
+    for (std::size_t place = 0; place < element.drawings().size(); ++place)
+        element.drawings().at(place).setGone(areGone);
+}
+
 } // namespace
 
 ElementManager::ElementManager(ProjectCommon& project) : m_project(project) {}
@@ -41,6 +47,7 @@ Element& ElementManager::insert(std::unique_ptr<Element> element)
     m_order.insert(place, &added);
     m_lastId = std::max(m_lastId, added.id());
     m_elements.emplace(added.id(), std::move(element));
+    setDrawingsGone(added, false);
     tellChanged();
     return added;
 }
@@ -51,6 +58,7 @@ std::unique_ptr<Element> ElementManager::take(Element& element)
     m_byName.remove(element.name(), &element);
     m_order.erase(std::find(m_order.begin(), m_order.end(), &element));
     auto node = m_elements.extract(element.id());
+    setDrawingsGone(element, true);
     tellChanged();
     return std::move(node.mapped());
 }

@@ -1,0 +1,23 @@
+#include "engine/drawings/strokebounds.h"
+
+#include "engine/drawings/outline.h"
+
+namespace brindle::engine {
+
+double visibleThickness(const GR_StrokeData& stroke)
+{
+    const GR_LineStyle& style = stroke.GetLineStyle();
+    if (style.GetType() == GR_LineStyle::kHair)
+        return 0;
+    const GR_ThicknessBinder& binder = stroke.GetThicknessBinder();
+    return binder.thicknessPath() ? 2 * binder.maxThickness() : style.GetThickness();
+}
+
+Math::Box2d visibleBox(const GR_StrokeData& stroke)
+{
+    if (stroke.GetLineStyle().GetType() == GR_LineStyle::kHair)
+        return stroke.GetPath().GetBox();
+    return outlineBox(LineForm::of(stroke));
+}
+
+} // namespace brindle::engine
