@@ -83,24 +83,24 @@ bool LineForm::isClosed() const
 
 LineSpan::LineSpan(const PlaneCurve& curve, bool measured)
     : m_curve(curve),
+      m_slopes(curve.derivative()),
       m_from(fromTangent(curve)),
       m_to(-fromTangent(curve.reversed()))
 {
     if (!measured)
         return;
-    const PlaneCurve slopes = curve.derivative();
     constexpr double half = 0.5 / steps;
     for (int step = 0; step < steps; ++step) {
         const double middle = (2 * step + 1) * half;
-        double sum = gaussWeights[0] * speedAt(slopes, middle);
+        double sum = gaussWeights[0] * speedAt(m_slopes, middle);
         for (std::size_t i = 1; i < gaussPlaces.size(); ++i)
-            sum += gaussWeights[i] *
-                   (speedAt(slopes, middle - gaussPlaces[i] * half) + speedAt(slopes, middle + gaussPlaces[i] * half));
+            sum += gaussWeights[i] * (speedAt(m_slopes, middle - gaussPlaces[i] * half) +
+                                      speedAt(m_slopes, middle + gaussPlaces[i] * half));
         const auto at = static_cast<std::size_t>(step);
         m_lengths[at + 1] = m_lengths[at] + half * sum;
     }
     for (std::size_t step = 0; step <= steps; ++step)
-        m_speeds[step] = speedAt(slopes, static_cast<double>(step) / steps);
+        m_speeds[step] = speedAt(m_slopes, static_cast<double>(step) / steps);
 }
 
 double LineSpan::lengthUntil(double t) const
@@ -135,8 +135,11 @@ Math::Vector2d LineSpan::along(double t) const
         return m_from;
     if (t >= 1)
         return m_to;
-    const Math::Vector2d slope = m_curve.slopeAt(t);
-    const Math::Vector2d way = direction({}, {slope.x, slope.y});
+    const Math::Point2d slope = m_slopes.at(t);
+    const double square = slope.x * slope.x + slope.y * slope.y;
+    if (std::isnormal(square))
+        return Math::Vector2d{slope.x, slope.y} * (1 / std::sqrt(square));
+    const Math::Vector2d way = direction({}, slope);
     return way == Math::Vector2d{} ? m_from : way;
 }
 

@@ -56,6 +56,7 @@ private:
     static constexpr int steps = 8;
 
     PlaneCurve m_curve;
+    PlaneCurve m_slopes;
     std::array<double, steps + 1> m_lengths{}; ///< Up to each step.
     std::array<double, steps + 1> m_speeds{};
     Math::Vector2d m_from, m_to; ///< The directions at the ends.

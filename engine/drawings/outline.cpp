@@ -92,12 +92,12 @@ std::size_t chordsOfCurve(const PlaneCurve& curve, double tolerance)
     return static_cast<std::size_t>(std::clamp(count, 1.0, most));
 }
 
-double distanceToSegment(const Math::Point2d& point, const Math::Point2d& from, const Math::Point2d& to)
+bool isNearSegment(const Math::Point2d& point, const Math::Point2d& from, const Math::Point2d& to, double tolerance)
 {
     const Math::Vector2d way = to - from;
     const double square = way.dot(way);
     const double place = square > 0 ? std::clamp((point - from).dot(way) / square, 0.0, 1.0) : 0;
-    return (point - (from + way * place)).length();
+    return distanceSquared(point, from + way * place) <= tolerance * tolerance;
 }
 
 /// Makes one outline with one tolerance.
@@ -106,7 +106,8 @@ public:
     OutlineMaker(const LineForm& form, const LineSections& sections, double tolerance)
         : m_form(form),
           m_sections(sections),
-          m_tolerance(tolerance)
+          m_tolerance(tolerance),
+          m_mostPieces(mostOutlinePieces + 2 * static_cast<std::size_t>(sections.spanCount()))
     {}
 
     /// False when there are too many pieces.
@@ -125,7 +126,7 @@ public:
         LineSection last = start;
         for (int span = 0; span < count; ++span) {
             last = m_sections.at(span, 1);
-            addSpan(span, {0, start}, {1, last}, 0);
+            addSpan(span, {0, start}, cutAt(span, 0.5), {1, last}, 0);
             if (span + 1 == count)
                 break;
             start = m_sections.at(span + 1, 0);
@@ -144,43 +145,40 @@ public:
     }
 
     Outline takeOutline() { return std::move(m_outline); }
-    void acceptAnyNumber() { m_mostPieces = SIZE_MAX; }
 
 private:
     struct Cut {
         double t;
         LineSection section;
+        Math::Point2d left = section.left();
+        Math::Point2d right = section.right();
     };
 
-    void addSpan(int span, const Cut& from, const Cut& to, int depth)
+    Cut cutAt(int span, double t) const { return {t, m_sections.at(span, t)}; }
+
+    void addSpan(int span, const Cut& from, const Cut& middle, const Cut& to, int depth)
     {
         constexpr int deepest = 16;
         if (m_outline.pieceCount() > m_mostPieces)
             m_tooMany = true;
         if (m_tooMany)
             return;
-        const std::array<double, 3> shares{0.25, 0.5, 0.75};
-        std::array<LineSection, 3> between;
-        for (std::size_t i = 0; i < shares.size(); ++i)
-            between[i] = m_sections.at(span, std::lerp(from.t, to.t, shares[i]));
-        if (depth == deepest || isStraight(from.section, to.section, between)) {
-            const std::array<Math::Point2d, 4> quad{from.section.right(), to.section.right(), to.section.left(),
-                                                    from.section.left()};
-            m_outline.add(quad);
+        const Cut before = cutAt(span, std::lerp(from.t, middle.t, 0.5));
+        const Cut behind = cutAt(span, std::lerp(middle.t, to.t, 0.5));
+        if (depth == deepest ||
+            (isStraight(from, middle, to) && isStraight(from, before, to) && isStraight(from, behind, to))) {
+            m_outline.add(std::array{from.right, to.right, to.left, from.left});
             return;
         }
-        const Cut middle{std::lerp(from.t, to.t, 0.5), between[1]};
-        addSpan(span, from, middle, depth + 1);
-        addSpan(span, middle, to, depth + 1);
+        addSpan(span, from, before, middle, depth + 1);
+        addSpan(span, middle, behind, to, depth + 1);
     }
 
-    bool isStraight(const LineSection& from, const LineSection& to, std::span<const LineSection> between) const
+    bool isStraight(const Cut& from, const Cut& between, const Cut& to) const
     {
-        return std::ranges::all_of(between, [&](const LineSection& section) {
-            return distanceToSegment(section.place, from.place, to.place) <= m_tolerance &&
-                   distanceToSegment(section.left(), from.left(), to.left()) <= m_tolerance &&
-                   distanceToSegment(section.right(), from.right(), to.right()) <= m_tolerance;
-        });
+        return isNearSegment(between.section.place, from.section.place, to.section.place, m_tolerance) &&
+               isNearSegment(between.left, from.left, to.left, m_tolerance) &&
+               isNearSegment(between.right, from.right, to.right, m_tolerance);
     }
 
     void addCorner(const LineSection& before, const LineSection& behind)
@@ -197,7 +195,7 @@ private:
                 polygon.push_back(sector.centre + Math::Vector2d{way.x * std::cos(angle) - way.y * std::sin(angle),
                                                                  way.x * std::sin(angle) + way.y * std::cos(angle)});
             }
-            m_outline.add(polygon);
+            m_outline.addConvex(polygon);
         }
     }
 
@@ -218,7 +216,7 @@ private:
     const LineForm& m_form;
     const LineSections& m_sections;
     double m_tolerance;
-    std::size_t m_mostPieces = mostOutlinePieces;
+    std::size_t m_mostPieces; ///< The bound, and one piece and one corner for each span.
     bool m_tooMany = false;
     Outline m_outline;
 };
@@ -321,9 +319,7 @@ Outline outlineOf(const LineForm& form, double tolerance)
     constexpr double finest = 1e-9; // of the size
     for (tolerance = std::max(tolerance, finest * size);; tolerance *= 4) {
         OutlineMaker maker(form, sections, tolerance);
-        if (tolerance > size)
-            maker.acceptAnyNumber();
-        if (maker.make() || !std::isfinite(tolerance))
+        if (maker.make() || tolerance > size || !std::isfinite(tolerance))
             return maker.takeOutline();
     }
 }

@@ -20,9 +20,10 @@ public:
     /// Adds a polygon: a convex one as it is, or turned round; another one in triangles. Polygons without an area, and
     /// those that are so large that no double holds it, are left out.
     void add(std::span<const Math::Point2d> polygon);
+    /// Adds a polygon that is known to be convex.
+    void addConvex(std::span<const Math::Point2d> polygon);
 
 private:
-    void addConvex(std::span<const Math::Point2d> polygon);
     void addCrossed(std::span<const Math::Point2d> quad);
     void addTriangles(std::span<const Math::Point2d> polygon);
 
@@ -30,7 +31,7 @@ private:
     std::vector<std::size_t> m_ends; ///< Where each piece ends among the points.
 };
 
-/// More pieces than this come only of paths with more curves: there is one at least for each.
+/// Pieces beyond one for each part of the path and each corner, at most; the triangles of a tip come on top.
 constexpr std::size_t mostOutlinePieces = 65536;
 
 /// The outline of a line whose edges and centre are off by about `tolerance` at most, which is in units of the drawing,

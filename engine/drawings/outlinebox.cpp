@@ -4,25 +4,29 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <vector>
 
 namespace brindle::engine {
 
 namespace {
 
-/// Grows the box by the edges of the line within a span: by the places that a coordinate of an edge turns back at.
-/// Each is between three of the cuts; where it would leave the box, it is looked for by the golden section.
+/// Grows the box by the edges of the line within a span: by the cuts at some places, and by the places that a
+/// coordinate of an edge turns back at. Each of those is between three cuts; where it may leave the box, it is looked
+/// for by the golden section.
 class SpanBox {
 public:
     SpanBox(const LineSections& sections, int span, Math::Box2d& box) : m_sections(sections), m_span(span), m_box(box)
-    {}
-
-    void grow()
     {
         for (std::size_t i = 0; i < m_cuts.size(); ++i) {
             m_cuts[i] = m_sections.at(m_span, static_cast<double>(i) / (cutCount - 1));
             m_box.AddClosed(m_cuts[i].left());
             m_box.AddClosed(m_cuts[i].right());
         }
+    }
+
+    /// Quick when the box has the cuts of all spans.
+    void growByTurns()
+    {
         for (const auto edge : {&LineSection::left, &LineSection::right}) {
             for (double Math::Point2d::*coordinate : {&Math::Point2d::x, &Math::Point2d::y}) {
                 growBy(edge, coordinate, 1);
@@ -127,8 +131,12 @@ Math::Box2d outlineBox(const LineForm& form)
         box.AddClosed(startTip(form, sections.at(0, 0)).GetBox());
         box.AddClosed(endTip(form, sections.at(count - 1, 1)).GetBox());
     }
+    std::vector<SpanBox> spans;
+    spans.reserve(static_cast<std::size_t>(count));
     for (int span = 0; span < count; ++span)
-        SpanBox(sections, span, box).grow();
+        spans.emplace_back(sections, span, box);
+    for (SpanBox& span : spans)
+        span.growByTurns();
     return box;
 }
 
