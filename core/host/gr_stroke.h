@@ -28,6 +28,13 @@ enum GR_TipType { kRoundTip = 0, kFlatTip = 1, kBevelTip = 2 };
 /// The ends of a stroke.
 enum class GR_StrokeEnd : int { From = 0, To = 1 };
 
+/// An area as convex polygons, each counterclockwise and with an area. They may overlap: filled together by the
+/// non-zero rule they leave neither holes nor seams.
+struct GR_OutlinePieces {
+    std::vector<Math::Point2d> points; ///< Of all pieces, one after the other.
+    std::vector<int> ends;             ///< Behind the last point of each piece.
+};
+
 /// Everything that a stroke is made of: a value, from which strokes are inserted, and of which they give copies.
 /// Coordinates are those of the drawing's art. Copies share the path, which never changes: it stays where it is while
 /// one of them has it.
@@ -57,6 +64,11 @@ public:
     /// Whether the end was made by cutting the stroke where it crosses another one.
     bool isCut(GR_StrokeEnd end) const { return m_cut[static_cast<int>(end)]; }
     void setCut(GR_StrokeEnd end, bool isCut) { m_cut[static_cast<int>(end)] = isCut; }
+
+    /// The area that the line covers with its thickness and its tips, whatever its type, to within a tolerance, which
+    /// is in units of the drawing, finite and above 0 (else std::invalid_argument). Throws std::domain_error when a
+    /// point of the path is not finite.
+    GR_OutlinePieces GetOutline(double tolerance) const;
 
     bool operator==(const GR_StrokeData& other) const;
 
@@ -174,6 +186,11 @@ public:
 
     virtual GR_ColorPtr GetInsideColor() const = 0;  ///< Of the pair's own side. Null: no colour.
     virtual GR_ColorPtr GetOutsideColor() const = 0; ///< Of the stroke's other side.
+    /// What its area is painted with: the colour of the first side on the cycle that has one. Null: nothing.
+    virtual GR_ColorPtr GetFillColor() const = 0;
+    /// The closed paths that bound its area, by the even-odd rule: its own cycle, and those around what lies within.
+    /// None for one that goes around nothing, or around its strokes from outside.
+    virtual std::vector<GR_BezierPath2d> GetArea() const = 0;
 
     virtual const GR_Contour* GetParent() const = 0; ///< The smallest one that holds it; null at top level.
     virtual std::vector<const GR_Contour*> GetChildren() const = 0;

@@ -62,6 +62,23 @@ GR_ColorPtr LiveContour::GetOutsideColor() const
     return GetStroke()->GetStrokeData().GetColor(1 - static_cast<int>(GetSide()));
 }
 
+GR_ColorPtr LiveContour::GetFillColor() const
+{
+    return m_layer.paintOf(m_index);
+}
+
+std::vector<GR_BezierPath2d> LiveContour::GetArea() const
+{
+    std::vector<GR_BezierPath2d> area;
+    if (!map().isAnticlockwise(m_index))
+        return area;
+    area.push_back(contourPath(map(), m_index));
+    for (const int child : map().children(m_index))
+        if (map().isOuter(child) && !map().isDegenerate(child))
+            area.push_back(contourPath(map(), child));
+    return area;
+}
+
 const GR_Contour* LiveContour::GetParent() const
 {
     const int parent = map().parent(m_index);

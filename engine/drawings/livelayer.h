@@ -73,6 +73,8 @@ public:
     bool IsTopLevel() const override { return map().isTopLevel(m_index); }
     GR_ColorPtr GetInsideColor() const override;
     GR_ColorPtr GetOutsideColor() const override;
+    GR_ColorPtr GetFillColor() const override;
+    std::vector<GR_BezierPath2d> GetArea() const override;
     const GR_Contour* GetParent() const override;
     std::vector<const GR_Contour*> GetChildren() const override;
     std::vector<const GR_VectorStroke*> GetStrokesInside() const override;

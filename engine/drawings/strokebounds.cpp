@@ -21,3 +21,16 @@ Math::Box2d visibleBox(const GR_StrokeData& stroke)
 }
 
 } // namespace brindle::engine
+
+GR_OutlinePieces GR_StrokeData::GetOutline(double tolerance) const
+{
+    using namespace brindle::engine;
+    const Outline outline = outlineOf(LineForm::of(*this), tolerance);
+    GR_OutlinePieces pieces;
+    for (std::size_t i = 0; i < outline.pieceCount(); ++i) {
+        const std::span<const Math::Point2d> piece = outline.piece(i);
+        pieces.points.insert(pieces.points.end(), piece.begin(), piece.end());
+        pieces.ends.push_back(static_cast<int>(pieces.points.size()));
+    }
+    return pieces;
+}
