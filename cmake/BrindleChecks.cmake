@@ -5,6 +5,7 @@ file(GLOB_RECURSE layered CONFIGURE_DEPENDS
     ${PROJECT_SOURCE_DIR}/engine/*.h ${PROJECT_SOURCE_DIR}/engine/*.cpp
     ${PROJECT_SOURCE_DIR}/service/*.h ${PROJECT_SOURCE_DIR}/service/*.cpp
     ${PROJECT_SOURCE_DIR}/qtscript/*.h ${PROJECT_SOURCE_DIR}/qtscript/*.cpp
+    ${PROJECT_SOURCE_DIR}/render/*.h ${PROJECT_SOURCE_DIR}/render/*.cpp
     ${PROJECT_SOURCE_DIR}/app/*.h ${PROJECT_SOURCE_DIR}/app/*.cpp)
 set(check_layers ${PROJECT_SOURCE_DIR}/cmake/check_layers.py)
 set(layers_stamp ${CMAKE_BINARY_DIR}/layers.stamp)

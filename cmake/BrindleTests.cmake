@@ -90,6 +90,9 @@ endfunction()
 brindle_gtest(engine_tests tests/engine PARTS 2 LIBRARIES BrindleEngineObjects PkgConfig::Geom2d)
 set_source_files_properties(tests/engine/graph/nodepage_test.cpp PROPERTIES
     COMPILE_DEFINITIONS "BRINDLE_NODE_PAGE=\"${PROJECT_SOURCE_DIR}/docs/nodes.md\"")
+brindle_gtest(render_tests tests/render PARTS 1
+    LIBRARIES BrindleRenderObjects $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}> ${CMAKE_DL_LIBS})
+add_dependencies(render_tests BrindleImageIO)
 brindle_gtest(qtscript_tests tests/qtscript PARTS 1 LIBRARIES BrindleQtScript)
 brindle_gtest(core_tests tests/core PARTS 2
     LIBRARIES BrindleObjectModelCore $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}>)

@@ -13,6 +13,9 @@ import sys
 # The engine's header that a program may include to start it; all others are the engine's own.
 ENGINE_PUBLIC = ("engine/engine.h",)
 
+# What the engine asks of the library that draws, which that one defines.
+ENGINE_SEAM = ("engine/cels/renderlibrary.h",)
+
 # Qt classes that are values: the only ones that the seam between the object model and an engine speaks.
 QT_VALUES = {
     "QtGlobal", "QtTypes", "QAnyStringView", "QBitArray", "QByteArray", "QByteArrayView", "QChar", "QColor", "QDate",
@@ -24,7 +27,7 @@ QT_VALUES = {
 
 # Longest folder first: folder -> (project headers it may include, foreign headers it may not, Qt it may include).
 PYTHON = r"Python\.h|structmember\.h"
-LIBRARIES = r"2geom/.*|Imath/.*|muParser.*\.h"
+LIBRARIES = r"2geom/.*|Imath/.*|muParser.*\.h|OpenColorIO/.*|OpenImageIO/.*|Imf.*\.h|OpenEXR/.*"
 QML = r"Qt(Qml|Quick).*|QJS.*|QQml.*"
 LAYERS = (
     ("core/host/", ("core/host/",), rf"{PYTHON}|{LIBRARIES}", QT_VALUES),
@@ -33,13 +36,16 @@ LAYERS = (
     ("qtscript/", ("qtscript/",), rf"{PYTHON}|{LIBRARIES}", None),
     ("javascript/", ("javascript/", "core/", "qtscript/"), rf"{PYTHON}|{LIBRARIES}", None),
     ("svg/", ("svg/", "core/"), rf"{PYTHON}|{LIBRARIES}", None),
+    ("render/imageio/", ("render/imageio/",), rf"{PYTHON}|Q[A-Z].*", None),
+    ("render/", ("render/", "core/host/") + ENGINE_SEAM, PYTHON, None),
     ("service/", ("service/", "core/"), LIBRARIES, None),
     ("app/", ("app/", "service/", "core/") + ENGINE_PUBLIC, rf"{PYTHON}|{LIBRARIES}", None),
 )
 
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*(?:"([^"]+)"|<([^>]+)>)')
 GENERATED = re.compile(r"(?:^|/)(?:moc_[^/]+\.cpp|[^/]+\.moc)$")
-PROJECT_FOLDERS = ("core/", "engine/", "qtscript/", "javascript/", "svg/", "service/", "app/", "tests/", "bench/")
+PROJECT_FOLDERS = ("core/", "engine/", "qtscript/", "javascript/", "svg/", "render/", "service/", "app/", "tests/",
+                   "bench/")
 
 
 def refusal(root, layer, quoted, angled):

@@ -34,5 +34,6 @@ public:
 
 private:
     QString m_folder;
+    int m_process = 0; ///< The one that made the folder.
     unsigned int m_last = 0;
 };

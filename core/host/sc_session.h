@@ -83,6 +83,8 @@ public:
     virtual CO_CommandManager* commandManager() const = 0;   ///< The open project's, or null.
     virtual TUSceneChangeManager* changeManager() const = 0; ///< That of the open project's first scene, or null.
     virtual SCP_PythonEngine* pythonEngine() const = 0;      ///< Null in a plain interpreter.
+    /// Those of the open project, else those that a new one would have; null where the host has none.
+    virtual CEL_ColorSpaceManager* colorSpaceManager() const { return nullptr; }
     virtual AC_Manager* actionManager() const { return nullptr; } ///< Null where the host has no actions.
 };
 

@@ -86,7 +86,7 @@ void readSettings(const JsonPlace& root, ProjectSettings& settings)
     const JsonPlace space = root.field("colourSpace");
     settings.colorSpace = space.text();
     if (!isAcceptable(settings.colorSpace))
-        space.fail(QStringLiteral("is no colour space"));
+        space.fail(QStringLiteral("is empty"));
     const JsonPlace density = root.field("textureDensity");
     density.requireOnly({"bitmap", "vector"});
     settings.advancedFlags.setPixelPerModelUnitForBitmapLayers(density.field("bitmap").number());

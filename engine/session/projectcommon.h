@@ -59,7 +59,7 @@ private:
     QString m_path;
     ProjectSettings m_settings;
     Metrics m_metrics{m_settings};
-    ColorSpaceManager m_colorSpaces;
+    ColorSpaceManager m_colorSpaces{&m_path};
     ElementManager m_elements{*this};
     ElementFiles m_elementFiles{m_elements};
     PaletteStore m_palettes;

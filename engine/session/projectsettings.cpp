@@ -1,6 +1,5 @@
 #include "engine/session/projectsettings.h"
 
-#include "engine/session/colorspaces.h"
 #include "engine/session/resolutions.h"
 
 #include <cmath>
@@ -50,7 +49,7 @@ bool isAcceptable(const Picture& picture)
 
 bool isAcceptable(const QString& colorSpace)
 {
-    return isColorSpace(colorSpace);
+    return !colorSpace.isEmpty();
 }
 
 bool isAcceptable(const SC_AdvancedFlags& flags)

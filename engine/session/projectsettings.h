@@ -33,7 +33,7 @@ struct ProjectSettings {
 
 /// Whether a project takes a setting.
 bool isAcceptable(const Picture& picture);          ///< 1 to 32768 pixels a side; over 0 and under 180 degrees.
-bool isAcceptable(const QString& colorSpace);       ///< A name of the colour spaces.
+bool isAcceptable(const QString& colorSpace);       ///< A name; the configuration of colours need not have it.
 bool isAcceptable(const SC_AdvancedFlags& flags);   ///< Positive, finite factors.
 bool isAcceptable(const AspectRatio& ratio);        ///< At least 1.
 bool isAcceptable(const FieldChart& chart);         ///< 0.001 to 1000000 fields.

@@ -66,6 +66,12 @@ SC_ProjectCommon* SessionContext::projectCommon() const
     return project ? project->projectCommon() : nullptr;
 }
 
+CEL_ColorSpaceManager* SessionContext::colorSpaceManager() const
+{
+    const SC_ProjectCommon* common = projectCommon();
+    return common ? common->colorSpaceManager() : const_cast<ColorSpaceManager*>(&m_colorSpaces);
+}
+
 CO_CommandManager* SessionContext::commandManager() const
 {
     const SC_ProjectCommon* common = projectCommon();

@@ -3,6 +3,7 @@
 #include "core/host/sc_session.h"
 #include "core/host/scp_pythonengine.h"
 #include "engine/session/actionmanager.h"
+#include "engine/session/colorspaces.h"
 #include "engine/session/projectmanager.h"
 #include "engine/session/projectresponder.h"
 
@@ -24,10 +25,12 @@ public:
     CO_CommandManager* commandManager() const override;
     TUSceneChangeManager* changeManager() const override;
     SCP_PythonEngine* pythonEngine() const override { return m_python.get(); }
+    CEL_ColorSpaceManager* colorSpaceManager() const override;
     AC_Manager* actionManager() const override { return const_cast<ActionManager*>(&m_actions); }
 
 private:
     ProjectManager m_projects;
+    ColorSpaceManager m_colorSpaces; ///< Those without a project.
     std::unique_ptr<SCP_PythonEngine> m_python;
     ProjectResponder m_projectResponder{*this};
     ActionManager m_actions{m_projectResponder};

@@ -50,6 +50,20 @@ private:
     bool m_changes = false;
 };
 
+/// The project's colour space: one that its configuration has when the command is made.
+class ColorSpaceCommand final : public SettingCommand<QString> {
+public:
+    ColorSpaceCommand(SC_ProjectCommon* project, const QString& name)
+        : SettingCommand(project, &ProjectSettings::colorSpace, name),
+          m_isKnown(project && project->colorSpaceManager() && project->colorSpaceManager()->contains(name))
+    {}
+
+    Status execute() override { return m_isKnown ? SettingCommand::execute() : kFail; }
+
+private:
+    bool m_isKnown;
+};
+
 /// A resolution without a name: the values that the current one has already leave that one.
 class ResolutionByValue final : public SettingCommand<Picture> {
 public:
@@ -100,7 +114,7 @@ SetProjectResolutionByValueCmd::SetProjectResolutionByValueCmd(SC_ProjectCommon*
 {}
 
 SetProjectColorSpaceCmd::SetProjectColorSpaceCmd(SC_ProjectCommon* project, const QString& name)
-    : CO_EngineCommand(newSetting(project, &ProjectSettings::colorSpace, name))
+    : CO_EngineCommand(std::make_unique<brindle::engine::ColorSpaceCommand>(project, name))
 {}
 
 SetAdvancedFlagsCmd::SetAdvancedFlagsCmd(SC_ProjectCommon* project, const SC_AdvancedFlags& flags)

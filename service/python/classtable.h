@@ -91,6 +91,8 @@ struct ClassTable {
     std::vector<FormText> constructors;
     ValueState state;
     const char* copyHint = nullptr; ///< How objects are copied that Python can't copy: half a sentence.
+    getbufferproc getBuffer = nullptr; ///< The buffer protocol, where the objects have one.
+    releasebufferproc releaseBuffer = nullptr;
     traverseproc traverse = nullptr; ///< For the garbage collector, where objects of the class hold Python objects.
     inquiry clear = nullptr;
 };
@@ -299,6 +301,14 @@ public:
     Class& copiedBy(const char* hint)
     {
         m_table.copyHint = hint;
+        return *this;
+    }
+
+    /// Gives the objects the buffer protocol.
+    Class& buffer(getbufferproc get, releasebufferproc release)
+    {
+        m_table.getBuffer = get;
+        m_table.releaseBuffer = release;
         return *this;
     }
 

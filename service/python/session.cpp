@@ -92,6 +92,11 @@ void saveWith(const ServiceApplication& application, SaveFunction function, cons
 
 } // namespace
 
+void beginSession()
+{
+    context();
+}
+
 PyObject* createProject(const QString& path, bool discard)
 {
     return enterProject(&SC_ProjectManager::createProject, path, discard ? "" : "brindle.create(path, discard=True)");

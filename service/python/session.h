@@ -14,6 +14,9 @@ PyObject* openProject(const QString& path, bool readOnly, bool discard);
 /// The application whose project is open, or None.
 PyObject* currentApplication();
 
+/// Makes the session where there is none: for what needs one, but no project.
+void beginSession();
+
 /// The project's life from a script's side. Saving and closing give up Python's lock meanwhile.
 void save(const ServiceApplication& application, const QString& path);
 void saveAs(const ServiceApplication& application, const QString& path);

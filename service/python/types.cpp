@@ -168,6 +168,10 @@ void addClass(PyObject* module, const ClassTable& classTable)
         typeSlots.push_back({Py_tp_repr, reinterpret_cast<void*>(&valueRepresentation)});
     if (!base)
         typeSlots.push_back({Py_tp_members, members});
+    if (table.getBuffer) {
+        typeSlots.push_back({Py_bf_getbuffer, reinterpret_cast<void*>(table.getBuffer)});
+        typeSlots.push_back({Py_bf_releasebuffer, reinterpret_cast<void*>(table.releaseBuffer)});
+    }
     if (table.traverse) {
         typeSlots.push_back({Py_tp_traverse, reinterpret_cast<void*>(table.traverse)});
         typeSlots.push_back({Py_tp_clear, reinterpret_cast<void*>(table.clear)});

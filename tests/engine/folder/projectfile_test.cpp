@@ -76,7 +76,7 @@ constexpr ProjectDamage projectDamages[] = {
     {"FovIsText", "60.5", "\"60\"", "is damaged at line 10: resolution.fov is not a number"},
     {"ProjectionOfNoKind", "\"ORTHOGONAL\"", "\"FLAT\"",
      "is damaged at line 11: resolution.projection is not \"PERSPECTIVE\" or \"ORTHOGONAL\""},
-    {"UnknownColourSpace", "\"sRGB\"", "\"srgb\"", "is damaged at line 13: colourSpace is no colour space"},
+    {"NoColourSpace", "\"sRGB\"", "\"\"", "is damaged at line 13: colourSpace is empty"},
     {"DensityIsNegative", "\"vector\": 0.5", "\"vector\": -0.5",
      "is damaged at line 14: textureDensity is not above 0"},
     {"DensityIsUnknown", "\"vector\"", "\"sound\"", "is damaged at line 16: textureDensity.sound is an unknown field"},

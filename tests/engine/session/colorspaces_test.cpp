@@ -1,32 +1,43 @@
 #include "engine/session/colorspaces.h"
 
+#include <QSet>
+
 #include <gtest/gtest.h>
 
-TEST(ColorSpacesTest, TheListHasTheSpacesOfFilmAndWeb)
+namespace {
+
+/// Without a configuration of the machine's.
+class ColorSpacesTest : public testing::Test {
+protected:
+    void SetUp() override { qunsetenv("OCIO"); }
+
+    const brindle::engine::ColorSpaceManager m_manager;
+};
+
+} // namespace
+
+TEST_F(ColorSpacesTest, TheListHasTheSpacesOfFilmAndWeb)
 {
-    const brindle::engine::ColorSpaceManager manager;
-    const QStringList names = manager.colorSpaceNames({});
-    for (const char* name :
-         {"sRGB", "Linear", "Rec.709", "Rec.2020", "DCI-P3", "Display P3", "ACES2065-1", "ACEScg", "ACEScct", "Raw"}) {
+    const QStringList names = m_manager.colorSpaceNames({});
+    for (const char* name : {"sRGB", "Linear", "Rec.709", "Rec.1886", "Rec.2020", "DCI-P3", "Display P3", "ACES2065-1",
+                             "ACEScg", "ACEScct", "Raw"}) {
         EXPECT_TRUE(names.contains(name)) << name;
-        EXPECT_TRUE(manager.contains(name)) << name;
+        EXPECT_TRUE(m_manager.contains(name)) << name;
     }
     EXPECT_EQ(names.first(), "sRGB");
     EXPECT_EQ(QSet<QString>(names.begin(), names.end()).size(), names.size()) << "no name twice";
 }
 
-TEST(ColorSpacesTest, AFilterKeepsTheNamesThatContainIt)
+TEST_F(ColorSpacesTest, AFilterKeepsTheNamesThatContainIt)
 {
-    const brindle::engine::ColorSpaceManager manager;
-    EXPECT_EQ(manager.colorSpaceNames("aces"), QStringList({"ACES2065-1", "ACEScg", "ACEScc", "ACEScct"}));
-    EXPECT_EQ(manager.colorSpaceNames(""), manager.colorSpaceNames({}));
-    EXPECT_TRUE(manager.colorSpaceNames("no such space").isEmpty());
+    EXPECT_EQ(m_manager.colorSpaceNames("aces"), QStringList({"ACES2065-1", "ACEScg", "ACEScc", "ACEScct"}));
+    EXPECT_EQ(m_manager.colorSpaceNames(""), m_manager.colorSpaceNames({}));
+    EXPECT_TRUE(m_manager.colorSpaceNames("no such space").isEmpty());
 }
 
-TEST(ColorSpacesTest, NamesAreComparedExactly)
+TEST_F(ColorSpacesTest, NamesAreComparedExactly)
 {
-    const brindle::engine::ColorSpaceManager manager;
     for (const char* name : {"", "srgb", "sRGB ", "ACES", "Rec.70"})
-        EXPECT_FALSE(manager.contains(name)) << name;
-    EXPECT_FALSE(manager.contains(QString()));
+        EXPECT_FALSE(m_manager.contains(name)) << name;
+    EXPECT_FALSE(m_manager.contains(QString()));
 }
