@@ -18,6 +18,7 @@ class ColumnList;
 class JsonPlace;
 class JsonWriter;
 struct ColumnKind;
+struct FramePaste;
 struct FrameShift;
 
 /// Values that are numbers, one a frame: what an attribute with a number asks of the column that drives it.
@@ -68,7 +69,7 @@ public:
     Column* column() const { return m_column; }
     NumberValues* numbers() const { return m_numbers; }       ///< The linked column's; null without one.
     PositionValues* positions() const { return m_positions; } ///< Likewise.
-    Order order() const { return m_order; }             ///< The place of the present link.
+    Order order() const { return m_order; }                   ///< The place of the present link.
 
     Order link(Column& column);                ///< At the end of the column's links. Cuts the link that was.
     void restore(Column& column, Order order); ///< At the place that the link had. Cuts the link that was.
@@ -143,6 +144,12 @@ public:
     /// Takes what lies on `count` frames behind frame `at`; all else stays where it is. Null when nothing lies there.
     virtual std::unique_ptr<CO_Command> clearFramesCommand(int at, int count) = 0;
 
+    /// Writes frames of a column of the same kind over its own. Null where that has nothing to write.
+    virtual std::unique_ptr<CO_Command> pasteCommand(const Column& source, const FramePaste& paste) = 0;
+
+    /// Keeps `count` frames from `first` on, which become those from 1 on. Where keys beyond them shape the values, the
+    /// first and the last one get keys that hold these. For a column that is in no scene yet.
+    virtual void keepFrames(int first, int count) = 0;
     /// A new column of the kind with the same values, in no scene and without links.
     virtual std::unique_ptr<Column> copy(const QString& name, bool anonymous) const = 0;
     /// The fields of the kind in the file of its scene; the column that reads them is new.

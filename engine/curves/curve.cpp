@@ -147,6 +147,16 @@ Curve::Edit Curve::setRightHandle(double frame, double x, double y, CurveLog& lo
     });
 }
 
+Curve::Edit Curve::replace(double first, double last, const std::vector<CurvePoint>& points, CurveLog& log)
+{
+    const Edit edit = PointCurve::replace(first, last, points, log);
+    if (edit == Edit::Done && !points.empty()) {
+        hold(points.front().frame, log);
+        hold(points.back().frame, log);
+    }
+    return edit;
+}
+
 Curve::Edit Curve::shift(int at, int delta, CurveLog& log)
 {
     const Edit edit = PointCurve::shift(at, delta, log);

@@ -29,6 +29,7 @@ public:
     Edit setRightHandle(double frame, double x, double y, CurveLog& log);
     /// As PointCurve has it; handles that would reach beyond their new neighbours are drawn back.
     Edit shift(int at, int delta, CurveLog& log);
+    Edit replace(double first, double last, const std::vector<CurvePoint>& points, CurveLog& log);
 
 private:
     void hold(double frame, CurveLog& log);

@@ -3,6 +3,7 @@
 #include "core/host/sc_scene.h"
 #include "engine/attributes/attributemeta.h"
 #include "engine/curves/columnkinds.h"
+#include "engine/curves/framepaste.h"
 #include "engine/curves/frameshift.h"
 #include "engine/curves/hostcolumn.h"
 #include "engine/curves/pointcurve.h"
@@ -173,6 +174,8 @@ public:
     /// The frames over which the value is held move along, too.
     std::unique_ptr<CO_Command> shiftFramesCommand(const FrameShift& shift) override;
     std::unique_ptr<CO_Command> clearFramesCommand(int at, int count) override;
+    std::unique_ptr<CO_Command> pasteCommand(const Column& source, const FramePaste& paste) override;
+    void keepFrames(int first, int count) override;
     std::unique_ptr<Column> copy(const QString& name, bool anonymous) const override;
     void write(JsonWriter& json) const override;
     void read(const JsonPlace& place) override;
@@ -202,6 +205,8 @@ private:
             point = Format::shown(*found);
         return found;
     }
+    /// The points on the frames that are pasted, moved to where they are pasted.
+    std::vector<Point> pastedPoints(const CurveT& source, const FramePaste& paste) const;
     /// The first point at a frame or behind it.
     static const Point* firstFrom(const CurveT& curve, double frame)
     {
@@ -337,6 +342,65 @@ void CurveColumn<Host, CurveT, Format>::removeKeyframes(double first, double las
         *command = editCommand([first, last](CurveT& curve, Log& log) {
                        return eraseRange(curve, first, last, log);
                    }).release();
+}
+
+template <typename Host, typename CurveT, typename Format>
+std::vector<typename CurveColumn<Host, CurveT, Format>::Point>
+CurveColumn<Host, CurveT, Format>::pastedPoints(const CurveT& source, const FramePaste& paste) const
+{
+    CurveT whole = source;
+    if (paste.fixesEnds) {
+        Log unrecorded;
+        splice(whole, 1, false, unrecorded);
+        splice(whole, paste.count, false, unrecorded);
+    }
+    const bool isMoved = paste.offsets && !m_curve.points().isEmpty();
+    const double offset = isMoved ? m_curve.evaluate(paste.first()) - whole.evaluate(1) : 0;
+    std::vector<Point> points;
+    whole.points().forEach([&](Point point) {
+        if (point.frame < 1 || point.frame > paste.count)
+            return;
+        point.frame += paste.at - 1;
+        point.shift(paste.at - 1);
+        point.value += offset;
+        points.push_back(point);
+    });
+    return points;
+}
+
+template <typename Host, typename CurveT, typename Format>
+std::unique_ptr<CO_Command> CurveColumn<Host, CurveT, Format>::pasteCommand(const Column& source,
+                                                                            const FramePaste& paste)
+{
+    const auto* own = dynamic_cast<const CurveColumn*>(&source);
+    if (!own || own->m_curve.points().isEmpty())
+        return nullptr;
+    return editCommand([this, paste, points = pastedPoints(own->m_curve, paste)](CurveT& curve, Log& log) {
+        if (paste.fixesEnds && !curve.points().isEmpty()) {
+            if (paste.first() > 1)
+                splice(curve, paste.first() - 1, false, log);
+            splice(curve, paste.last() + 1, false, log);
+        }
+        return curve.replace(paste.first(), paste.last(), points, log);
+    });
+}
+
+template <typename Host, typename CurveT, typename Format>
+void CurveColumn<Host, CurveT, Format>::keepFrames(int first, int count)
+{
+    constexpr int beyondAll = 1'000'000'000;
+    const double last = static_cast<double>(first) + count - 1;
+    Hold::keepFrames(first, count);
+    if (m_curve.points().isEmpty())
+        return;
+    Log unrecorded;
+    if (m_curve.points().first().frame < first)
+        splice(m_curve, first, false, unrecorded);
+    if (m_curve.points().last().frame > last)
+        splice(m_curve, last, false, unrecorded);
+    eraseRange(m_curve, -beyondAll, std::nextafter(first, -beyondAll), unrecorded);
+    eraseRange(m_curve, std::nextafter(last, beyondAll), beyondAll, unrecorded);
+    m_curve.shift(-beyondAll, 1 - first, unrecorded);
 }
 
 template <typename Host, typename CurveT, typename Format>

@@ -323,6 +323,31 @@ struct Expression::Private {
     double read(double source, double at) { return reader->read(static_cast<std::size_t>(source), at); }
 };
 
+QString Expression::renamed(const QString& text, const QHash<QString, QString>& names)
+{
+    // The only texts in an expression are names of columns.
+    QString renamed;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        renamed += text[at];
+        if (text[at] != u'"')
+            continue;
+        QString name;
+        qsizetype end = at + 1;
+        for (; end < text.size() && text[end] != u'"'; ++end) {
+            if (text[end] == u'\\' && end + 1 < text.size())
+                ++end;
+            name += text[end];
+        }
+        name = names.value(name, name);
+        name.replace(u'\\', QLatin1String("\\\\")).replace(u'"', QLatin1String("\\\""));
+        renamed += name;
+        if (end < text.size())
+            renamed += u'"';
+        at = end;
+    }
+    return renamed;
+}
+
 Expression::Expression(const QString& text) : d(std::make_unique<Private>())
 {
     Preparation preparation(text);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 
 #include <memory>
@@ -26,9 +27,9 @@ namespace brindle::engine {
 /// Parsing and evaluation are muParser's. Of the libraries at hand it is the one that Debian packages; it is linked,
 /// costs half a second where it is included, and evaluates from byte code: a formula of two columns takes 40 ns longer
 /// than one of the columns alone. ExprTk is somewhat faster in long formulas, but it isn't packaged, is a header that
-/// takes the compiler about a minute, and has loops, assignments and texts, which a formula must not have. What muParser
-/// lacks, a function that takes a text and one number or two, is prepared here: the names of columns are numbered before
-/// it sees the formula, and names that it doesn't know are told ahead of it, with their place.
+/// takes the compiler about a minute, and has loops, assignments and texts, which a formula must not have. What
+/// muParser lacks, a function that takes a text and one number or two, is prepared here: the names of columns are
+/// numbered before it sees the formula, and names that it doesn't know are told ahead of it, with their place.
 class Expression {
 public:
     /// Why a text is no expression, and the character (from 0) at which that shows.
@@ -60,6 +61,8 @@ public:
     const std::vector<Source>& sources() const; ///< Each column once.
     /// Those of a text, without compiling it; none for a text that is no expression.
     static std::vector<Source> sourcesOf(const QString& text);
+    /// The text with other names of columns, from names to names; all else stays as it is.
+    static QString renamed(const QString& text, const QHash<QString, QString>& names);
     /// The value at a frame, which may be infinite or no number. While it runs, it can't be called again.
     double evaluate(double frame, Reader& reader) const;
 

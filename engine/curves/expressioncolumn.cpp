@@ -264,6 +264,11 @@ std::unique_ptr<CO_Command> ExpressionColumn::setValueCommand(double, double)
     return std::make_unique<RefusedCommand>();
 }
 
+void ExpressionColumn::renameSources(const QHash<QString, QString>& names)
+{
+    keep(Expression::renamed(m_text, names));
+}
+
 std::unique_ptr<Column> ExpressionColumn::copy(const QString& name, bool anonymous) const
 {
     auto made = std::make_unique<ExpressionColumn>(name, anonymous);

@@ -5,6 +5,8 @@
 #include "engine/curves/expression.h"
 #include "engine/curves/hostcolumn.h"
 
+#include <QHash>
+
 namespace brindle::engine {
 
 extern const ColumnKind expressionKind;
@@ -49,6 +51,10 @@ public:
     QStringList sources() const override { return m_sources; }
     std::unique_ptr<CO_Command> shiftFramesCommand(const FrameShift&) override { return nullptr; }
     std::unique_ptr<CO_Command> clearFramesCommand(int, int) override { return nullptr; }
+    std::unique_ptr<CO_Command> pasteCommand(const Column&, const FramePaste&) override { return nullptr; }
+    void keepFrames(int, int) override {} ///< Its values are those of a formula, which stays.
+    /// Lets the formula read columns by other names, from names to names. For a column that is in no scene yet.
+    void renameSources(const QHash<QString, QString>& names);
     std::unique_ptr<Column> copy(const QString& name, bool anonymous) const override;
     void write(JsonWriter& json) const override;
     void read(const JsonPlace& place) override;

@@ -95,6 +95,16 @@ std::unique_ptr<CO_Command> Hold::shiftCommand(Column& column, const FrameShift&
     return steps->size() > 0 ? std::move(steps) : nullptr;
 }
 
+void Hold::keepFrames(int first, int count)
+{
+    const int start = std::max(m_start, first);
+    const int stop = std::min(m_stop, first + count - 1);
+    const bool isHeld = m_step > 1 && start <= stop;
+    m_start = isHeld ? start - first + 1 : 1;
+    m_stop = isHeld ? stop - first + 1 : 1;
+    m_step = isHeld ? m_step : 1;
+}
+
 void Hold::write(JsonWriter& json) const
 {
     json.beginArray(JsonWriter::Inline);

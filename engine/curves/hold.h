@@ -26,6 +26,8 @@ public:
 
     /// The frame whose value a frame shows.
     double shownFrame(double frame) const;
+    /// Keeps the part of the held frames that lies within `count` frames from `first` on; these count from 1 then.
+    void keepFrames(int first, int count);
     /// Moves the held frames along when frames come into the scene or go; null when they stay.
     std::unique_ptr<CO_Command> shiftCommand(Column& column, const FrameShift& shift);
 

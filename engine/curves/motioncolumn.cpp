@@ -270,6 +270,108 @@ std::unique_ptr<CO_Command> MotionColumn<Host>::clearFramesCommand(int at, int c
     return editCommand([begin, count](MotionPath& path, Log& log) { return path.clear(begin, begin + count, log); });
 }
 
+namespace {
+
+/// A keyframe that is written to another path.
+struct PastedKey {
+    double frame;
+    PathPoint point;
+    bool constSegment;
+};
+
+/// Where a path is at a frame, to be there again once keyframes around it came or went.
+struct Pin {
+    double frame;
+    Point3d position;
+};
+
+Pin pinAt(const MotionPath& path, double frame)
+{
+    Pin pin{frame, {}};
+    path.valueAt(frame, pin.position);
+    return pin;
+}
+
+CurveEdit writeKey(MotionPath& path, const PastedKey& key, MotionPath::Log& log)
+{
+    if (path.setKey(key.frame, key.point.position, log) == CurveEdit::Refused)
+        return CurveEdit::Refused;
+    path.setConstSegment(key.frame, key.constSegment, log);
+    return path.setParameters(path.keyAt(key.frame), key.point.tension, key.point.continuity, key.point.bias, log);
+}
+
+} // namespace
+
+template <typename Host>
+std::unique_ptr<CO_Command> MotionColumn<Host>::pasteCommand(const Column& source, const FramePaste& paste)
+{
+    if (&source.kind() != &this->kind())
+        return nullptr;
+    const std::unique_ptr<Column> copied = source.copy(QString(), false);
+    auto& own = static_cast<MotionColumn&>(*copied);
+    if (own.m_path.size() == 0)
+        return nullptr;
+    Log unrecorded;
+    if (paste.fixesEnds) {
+        const Pin last = pinAt(own.m_path, paste.count);
+        own.m_path.addKey(1, unrecorded);
+        own.m_path.setKey(last.frame, last.position, unrecorded);
+    }
+    Point3d offset;
+    Point3d before;
+    Point3d pasted;
+    if (paste.offsets && m_path.valueAt(paste.first(), before) && own.m_path.valueAt(1, pasted))
+        offset = {before.x - pasted.x, before.y - pasted.y, before.z - pasted.z};
+    std::vector<PastedKey> keys;
+    for (const double frame : own.m_path.keyFrames(1, paste.count)) {
+        PathPoint point = own.m_path.points()[static_cast<std::size_t>(own.m_path.keyAt(frame))];
+        point.position = {point.position.x + offset.x, point.position.y + offset.y, point.position.z + offset.z};
+        keys.push_back({frame + paste.at - 1, point, own.m_velocity.curve().points().find(frame)->constSegment});
+    }
+    return editCommand([paste, keys](MotionPath& path, Log& log) {
+        std::vector<Pin> beside;
+        if (paste.fixesEnds && path.size() > 0) {
+            if (paste.first() > 1)
+                beside.push_back(pinAt(path, paste.first() - 1));
+            beside.push_back(pinAt(path, paste.last() + 1));
+        }
+        for (const Pin& pin : beside)
+            path.addKey(pin.frame, log);
+        path.clear(paste.first(), paste.last() + 1.0, log);
+        for (const PastedKey& key : keys) {
+            if (writeKey(path, key, log) == CurveEdit::Refused)
+                return CurveEdit::Refused;
+        }
+        for (const Pin& pin : beside)
+            path.setKey(pin.frame, pin.position, log);
+        return log.empty() ? CurveEdit::Nothing : CurveEdit::Done;
+    });
+}
+
+template <typename Host>
+void MotionColumn<Host>::keepFrames(int first, int count)
+{
+    constexpr int beyondAll = 1'000'000'000;
+    const double last = static_cast<double>(first) + count - 1;
+    static_cast<Hold&>(m_velocity).keepFrames(first, count);
+    const auto& points = m_velocity.curve().points();
+    if (points.isEmpty())
+        return;
+    Log unrecorded;
+    std::vector<Pin> ends;
+    if (points.first().frame < first)
+        ends.push_back(pinAt(m_path, first));
+    if (points.last().frame > last)
+        ends.push_back(pinAt(m_path, last));
+    for (const Pin& pin : ends)
+        m_path.addKey(pin.frame, unrecorded);
+    m_path.clear(-beyondAll, first, unrecorded);
+    m_path.clear(std::nextafter(last, beyondAll), beyondAll, unrecorded);
+    for (const Pin& pin : ends)
+        m_path.setKey(pin.frame, pin.position, unrecorded);
+    m_path.shift(-beyondAll, 1 - first, unrecorded);
+}
+
 template <typename Host>
 std::unique_ptr<Column> MotionColumn<Host>::copy(const QString& name, bool anonymous) const
 {

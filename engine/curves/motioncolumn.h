@@ -75,6 +75,9 @@ public:
     /// The frames over which the value is held move along, too.
     std::unique_ptr<CO_Command> shiftFramesCommand(const FrameShift& shift) override;
     std::unique_ptr<CO_Command> clearFramesCommand(int at, int count) override;
+    /// Writes keyframes alone: control points between them that are none stay behind.
+    std::unique_ptr<CO_Command> pasteCommand(const Column& source, const FramePaste& paste) override;
+    void keepFrames(int first, int count) override;
     std::unique_ptr<Column> copy(const QString& name, bool anonymous) const override;
     void write(JsonWriter& json) const override;
     void read(const JsonPlace& place) override;

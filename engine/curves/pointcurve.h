@@ -2,6 +2,7 @@
 
 #include "engine/curves/framepoints.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <vector>
@@ -45,6 +46,9 @@ public:
     Edit scale(double factor, Log& log);
     /// Makes room for `delta` frames behind frame `at`, or takes the -`delta` frames behind it out with their points.
     Edit shift(int at, int delta, Log& log);
+
+    /// Puts points, whose frames ascend, in place of all that stand from a frame up to another one.
+    Edit replace(double first, double last, const std::vector<Point>& points, Log& log);
 
     /// Puts a point as it is given, in place of one at its frame; false when a number is refused.
     bool put(const Point& point);
@@ -210,6 +214,24 @@ CurveEdit PointCurve<Point>::shift(int at, int delta, Log& log)
         relocate(frame, frame + delta, log);
     }
     return Edit::Done;
+}
+
+template <typename Point>
+CurveEdit PointCurve<Point>::replace(double first, double last, const std::vector<Point>& points, Log& log)
+{
+    const auto canStand = [](const Point& point) { return isFrame(point.frame) && point.isSound(); };
+    if (!std::all_of(points.begin(), points.end(), canStand))
+        return Edit::Refused;
+    std::vector<double> gone;
+    m_points.forEach([&](const Point& point) {
+        if (point.frame >= first && point.frame <= last)
+            gone.push_back(point.frame);
+    });
+    for (const double frame : gone)
+        take(frame, log);
+    for (const Point& point : points)
+        make(point, log);
+    return gone.empty() && points.empty() ? Edit::Nothing : Edit::Done;
 }
 
 template <typename Point>

@@ -3,6 +3,7 @@
 #include "core/host/pr_preference.h"
 #include "core/host/sc_scene.h"
 #include "engine/curves/curvecolumn.h"
+#include "engine/curves/framepaste.h"
 #include "engine/elements/names.h"
 #include "engine/folder/jsonplace.h"
 #include "engine/folder/jsonwriter.h"
@@ -208,6 +209,17 @@ template <typename Host>
 std::unique_ptr<CO_Command> ExposureColumn<Host>::clearFramesCommand(int at, int count)
 {
     return changeCommand(m_exposures.cleared(at, count, sceneLength()));
+}
+
+template <typename Host>
+std::unique_ptr<CO_Command> ExposureColumn<Host>::pasteCommand(const Column& source, const FramePaste& paste)
+{
+    const ExposureSheet* sheet = ExposureSheet::of(source);
+    if (!sheet || paste.last() > Exposures::lastFrame)
+        return nullptr;
+    return editCommand([pasted = sheet->exposures(), paste](const Exposures& exposures) {
+        return exposures.pasted(pasted, paste.first(), paste.count, paste.extends, paste.substitutes);
+    });
 }
 
 template <typename Host>

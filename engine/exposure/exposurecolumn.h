@@ -22,6 +22,7 @@ public:
     virtual ~ExposureSheet() = default;
 
     /// Null for null and for a column of another engine.
+    static const ExposureSheet* of(const Column& column) { return dynamic_cast<const ExposureSheet*>(&column); }
     static ExposureSheet* of(TUSeqTimedValue* column) { return dynamic_cast<ExposureSheet*>(column); }
 
     const Exposures& exposures() const { return m_exposures; }
@@ -82,6 +83,9 @@ public:
     NumberValues* numbers() final { return nullptr; }
     std::unique_ptr<CO_Command> shiftFramesCommand(const FrameShift& shift) final;
     std::unique_ptr<CO_Command> clearFramesCommand(int at, int count) final;
+    /// Drawings are taken by their names.
+    std::unique_ptr<CO_Command> pasteCommand(const Column& source, const FramePaste& paste) final;
+    void keepFrames(int first, int count) final { m_exposures = m_exposures.kept(first, count); }
     void write(JsonWriter& json) const override;
     void read(const JsonPlace& place) override;
 

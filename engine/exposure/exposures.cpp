@@ -267,6 +267,50 @@ Exposures::Change Exposures::filled(std::span<const FrameSpan> ranges) const
     return changeTo(sheet);
 }
 
+Exposures::Change Exposures::pasted(const Exposures& source, int first, int count, bool extends, bool substitutes) const
+{
+    const int end = first + count;
+    Sheet sheet(m_all.size() + source.m_all.size() + 2);
+    sheet.add(std::span(m_all).first(placeFrom(first)));
+    for (int frame = first; frame < end; ++frame) {
+        const bool gives = substitutes || at(frame).isEmpty();
+        const Exposures& shown = gives ? source : *this;
+        const int there = gives ? frame - first + 1 : frame;
+        if (shown.isKey(there))
+            sheet.add(frame, shown.at(there));
+        else
+            sheet.show(frame, shown.at(there));
+    }
+    const std::size_t behind = placeFrom(end);
+    const bool isExposed = behind < m_all.size() && m_all[behind].frame == end;
+    if (!isExposed && !(extends && sheet.showsDrawing()))
+        sheet.show(end, at(end));
+    sheet.add(std::span(m_all).subspan(behind));
+    return changeTo(sheet);
+}
+
+Exposures Exposures::kept(int first, int count) const
+{
+    Sheet sheet(m_all.size() + 2);
+    sheet.show(1, at(first));
+    for (std::size_t place = placeFrom(first + 1); place < m_all.size() && m_all[place].frame < first + count; ++place)
+        sheet.add(m_all[place].frame - first + 1, m_all[place].drawing);
+    sheet.show(count + 1, QString());
+    Exposures kept;
+    kept.m_all = sheet.exposures();
+    return kept;
+}
+
+Exposures Exposures::mapped(const QHash<QString, QString>& names) const
+{
+    Sheet sheet(m_all.size());
+    for (const Exposure& exposure : m_all)
+        sheet.add(exposure.frame, names.value(exposure.drawing, exposure.drawing));
+    Exposures mapped;
+    mapped.m_all = sheet.exposures();
+    return mapped;
+}
+
 Exposures::Change Exposures::without(const QStringList& drawings) const
 {
     Sheet sheet(m_all.size());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -67,6 +68,13 @@ public:
     Change withKeys(std::span<const FrameSpan> ranges) const;
     Change withoutKeys(std::span<const FrameSpan> ranges, bool duplicatesOnly) const;
     Change filled(std::span<const FrameSpan> ranges) const;
+    /// Writes the frames 1 to `count` of other exposures over those from `first` on. `extends`: a drawing that is shown
+    /// last holds on up to the next exposure. `substitutes`: drawings give way, and not only frames that show nothing.
+    Change pasted(const Exposures& source, int first, int count, bool extends, bool substitutes) const;
+    /// The exposures of `count` frames from `first` on, which become those from 1 on; nothing is shown behind them.
+    Exposures kept(int first, int count) const;
+    /// The same exposures of other drawings, from names to names; an empty name shows nothing.
+    Exposures mapped(const QHash<QString, QString>& names) const;
     Change without(const QStringList& drawings) const; ///< Shows nothing where it showed one of these.
     Change renamed(const QString& from, const QString& to) const;
     /// Follows frames of a scene of this length that come in or go. New frames show nothing; with `extends` the

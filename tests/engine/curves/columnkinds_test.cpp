@@ -20,6 +20,7 @@ using brindle::engine::ColumnKind;
 using brindle::engine::columnKinds;
 using brindle::engine::ColumnList;
 using brindle::engine::FolderFailure;
+using brindle::engine::FramePaste;
 using brindle::engine::FrameShift;
 using brindle::engine::HostColumn;
 using brindle::engine::JsonFile;
@@ -51,6 +52,8 @@ public:
     NumberValues* numbers() override { return nullptr; }
     std::unique_ptr<CO_Command> shiftFramesCommand(const FrameShift&) override { return nullptr; }
     std::unique_ptr<CO_Command> clearFramesCommand(int, int) override { return nullptr; }
+    std::unique_ptr<CO_Command> pasteCommand(const Column&, const FramePaste&) override { return nullptr; }
+    void keepFrames(int, int) override {}
     std::unique_ptr<Column> copy(const QString& name, bool anonymous) const override
     {
         auto made = std::make_unique<NameColumn>(name, anonymous);
