@@ -103,18 +103,18 @@ namespace DD_System {
 BRINDLE_HOST_EXPORT DD_DragObject CreateDragObject(SC_SceneCommon* scene, const DD_Selection& dragged,
                                                    DD_DragMode mode);
 
-/// Makes the nodes of a drag object again in a group, behind its sub-nodes and in the order in which they were dragged:
-/// of the same types, with their names (numbered where the group has them), places, local values, ports and, in groups,
-/// all that was in them. Their attributes are linked to the same columns, and they are linked among themselves as they
-/// were. In the group that they were dragged from they are also linked to the nodes that stayed there. What was the
-/// scene's default camera or display when it was dragged is so again where the scene has none any more.
+/// Makes the nodes of a drag object that moves them again in a group, behind its sub-nodes and in the order in which
+/// they were dragged: of the same types, with their names (numbered where the group has them), places, local values,
+/// ports and, in groups, all that was in them. Their attributes are linked to the same columns, and they are linked
+/// among themselves as they were. In the group that they were dragged from they are also linked to the nodes that
+/// stayed there. What was the scene's default camera or display when it was dragged is so again where the scene has
+/// none any more.
 BRINDLE_HOST_EXPORT bool DropDragObjectNewLayer(SC_SessionContext* session, SC_SceneCommon* scene, TUGroup* group,
                                                 const DD_DragObject& dragObject, const DD_DropMode& mode,
                                                 DD_Selection& dropped);
 
-/// The same of an object of copied nodes: columns, elements and palettes come along as the mode says, and the nodes are
-/// selected in `selected`, which held others. All that is dropped is one entry of the undo list. The four numbers are
-/// always 0.
+/// Makes copied nodes in a group, likewise; columns, elements and palettes come along as the mode says. All of it is
+/// one entry of the undo list. `selected` then has the new nodes and no others. The four numbers are always 0.
 BRINDLE_HOST_EXPORT bool DropDragObjectNewLayer(SC_SessionContext* session, SC_SceneCommon* scene, TUGroup* group,
                                                 const DD_DragObject& dragObject, const DD_DropMode& mode,
                                                 DD_Selection& dropped, int, int, int, int, SL_Selection& selected);

@@ -42,7 +42,7 @@ public:
     void drag(const std::vector<Node*>& tops)
     {
         for (const Node* top : tops) {
-            std::unique_ptr<MO_Node> host = copyNode(*top, m_copies);
+            std::unique_ptr<MO_Node> host = copyNode(*top, m_copies, nullptr);
             m_object.tops.push_back({std::move(host), m_copies.at(top)});
         }
         for (Node* top : tops) {
@@ -149,7 +149,7 @@ public:
     bool drop(const DD_DragObject::Private& object)
     {
         for (const auto& top : object.tops) {
-            MO_Node* host = copyNode(*top.node, m_copies).release();
+            MO_Node* host = copyNode(*top.node, m_copies, m_group.scene()).release();
             if (!run(std::make_unique<tu_node::AddSubNodeCmd>(&m_group, host)))
                 return false;
             m_dropped.nodes.push_back(host);
@@ -320,11 +320,6 @@ void DD_SelectionUtil::BuildSelection(TUScene*, const SL_Selection& selection, D
     dragged.data().lost.clear();
 }
 
-int DD_DragObject::numFrames() const
-{
-    return 0;
-}
-
 DD_DragObject DD_System::CreateDragObject(SC_SceneCommon* scene, const DD_Selection& dragged, DD_DragMode)
 {
     const DD_Selection::Private& data = dragged.data();
@@ -344,7 +339,7 @@ bool DD_System::DropDragObjectNewLayer(SC_SessionContext* session, SC_SceneCommo
                                        const DD_DragObject& dragObject, const DD_DropMode& mode, DD_Selection& dropped)
 {
     brindle::engine::Group* group = brindle::engine::groupIn(scene, host);
-    if (!session || !group || !dragObject.isValid() || !mode.makesNodes())
+    if (!session || !group || !dragObject.isValid() || dragObject.data().scene || !mode.makesNodes())
         return false;
     CO_CommandManager& manager = *scene->commandManager();
     CO_CommandAccumScope scope(&manager, QStringLiteral("Drop Nodes"), nullptr, CO_CommandAccumScope::kDefault);

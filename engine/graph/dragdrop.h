@@ -10,6 +10,7 @@
 
 namespace brindle::engine {
 
+class DragScene;
 class SceneGraph;
 
 /// The end of a dragged node's link: at a dragged node, or at one that stays.
@@ -48,6 +49,9 @@ struct DD_DragObject::Private {
         std::unique_ptr<MO_Node> host; ///< A copy, in no scene.
         const brindle::engine::Node* node;
     };
+    /// Of nodes that are copied; null for nodes that are moved, which the rest tells of.
+    std::shared_ptr<const brindle::engine::DragScene> scene;
+
     std::vector<Top> tops; ///< In the order of the selection.
     std::vector<brindle::engine::DraggedLink> links;
     std::vector<brindle::engine::DraggedDrive> drives;

@@ -34,7 +34,7 @@ void copyBackdrops(const Group& from, Group& to)
     }
 }
 
-std::unique_ptr<MO_Node> newNodeLike(const Node& node)
+std::unique_ptr<MO_Node> newNodeLike(const Node& node, SC_SceneCommon* scene)
 {
     const NodePosition& place = node.position();
     bool flag = true;
@@ -42,6 +42,7 @@ std::unique_ptr<MO_Node> newNodeLike(const Node& node)
         node.asGroup() ? static_cast<MO_Node*>(TUGroup::create())
                        : TUGroup::createNode(sharedText(node.type().name), place.x, place.y, place.z, flag, nullptr));
     Node& copy = *engineNode(host.get());
+    copy.setScene(scene);
     copy.setName(node.name());
     copy.setPosition(place);
     copy.setEnabled(node.isEnabled());
@@ -68,11 +69,11 @@ void copyLinks(const Node& node, const NodeCopies& copies)
 
 } // namespace
 
-std::unique_ptr<MO_Node> copyNode(const Node& top, NodeCopies& copies)
+std::unique_ptr<MO_Node> copyNode(const Node& top, NodeCopies& copies, SC_SceneCommon* scene)
 {
     std::unique_ptr<MO_Node> copy;
     forEachFrom(const_cast<Node&>(top), [&](const Node& node) {
-        std::unique_ptr<MO_Node> host = newNodeLike(node);
+        std::unique_ptr<MO_Node> host = newNodeLike(node, scene);
         Node& made = *engineNode(host.get());
         copies[&node] = &made;
         if (&node != &top || !isMultiPort(node)) {
