@@ -17,6 +17,7 @@ constexpr QStringView constantSegmentName = u"SP_CONSTANT_SEGMENT";
 constexpr Default defaults[] = {
     {u"ADVANCED_ENABLE_PERFORMANCE_REPORT", false},
     {u"EXTEND_DRAWING_EXPOSURE", false},
+    {u"LIBRARY_PASTE_CREATE_NEW_DRAWING", false},
     {u"OPENGL_ENABLE_PLAYBACK_CACHE", false},
     {u"RIPPLE_SCENE_MARKERS", true},
     {constantSegmentName, false},
