@@ -21,14 +21,21 @@ bool isRemoved(const QString& place)
 
 DrawingContent::~DrawingContent()
 {
-    m_store.dropped(*this);
+    if (ContentStore* store = *m_store)
+        store->dropped(*this);
+}
+
+const Folder* DrawingContent::folder() const
+{
+    const ContentStore* store = *m_store;
+    return store ? store->folder() : nullptr;
 }
 
 QByteArray DrawingContent::bytes() const
 {
     if (!isOnDisk())
         return m_value ? m_value->bytes() : m_bytes;
-    const Folder* folder = m_store.folder();
+    const Folder* folder = this->folder();
     if (!folder)
         throw FolderFailure{quoted(m_place) + " is missing"};
     bool isMissing = false;
@@ -42,13 +49,13 @@ QString DrawingContent::shownPath() const
 {
     if (!isOnDisk())
         return QStringLiteral("the drawing");
-    const Folder* folder = m_store.folder();
+    const Folder* folder = this->folder();
     return folder ? folder->pathOf(m_place) : m_place;
 }
 
 bool DrawingContent::isThere() const
 {
-    const Folder* folder = m_store.folder();
+    const Folder* folder = this->folder();
     return !isOnDisk() || (folder && folder->kindOf(m_place) == FileKind::File);
 }
 
@@ -56,19 +63,20 @@ ContentStore::ContentStore() : m_process(::getpid()) {}
 
 ContentStore::~ContentStore()
 {
+    *m_self = nullptr;
     clearRemoved();
 }
 
 ContentPointer ContentStore::fromBytes(const QByteArray& bytes)
 {
-    std::shared_ptr<DrawingContent> content(new DrawingContent(*this));
+    std::shared_ptr<DrawingContent> content(new DrawingContent(m_self));
     content->m_bytes = bytes;
     return content;
 }
 
 ContentPointer ContentStore::fromValue(const ContentValuePointer& value)
 {
-    std::shared_ptr<DrawingContent> content(new DrawingContent(*this));
+    std::shared_ptr<DrawingContent> content(new DrawingContent(m_self));
     content->m_value = value;
     return content;
 }
@@ -86,7 +94,7 @@ ContentPointer ContentStore::fromForeignFile(const QString& place)
 
 std::shared_ptr<DrawingContent> ContentStore::make(const QString& place, bool isSaved)
 {
-    std::shared_ptr<DrawingContent> content(new DrawingContent(*this));
+    std::shared_ptr<DrawingContent> content(new DrawingContent(m_self));
     content->m_place = place;
     content->m_isSaved = isSaved;
     m_onDisk.insert(content.get());

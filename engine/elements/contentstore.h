@@ -23,7 +23,7 @@ class FolderTransaction;
 /// the undo list lets go of it, or the project is closed. Files that the store doesn't know stay as they are, and are
 /// in the way where one of its own is to stand.
 ///
-/// It outlives its contents.
+/// Contents that outlive it have no file any more.
 class ContentStore {
 public:
     ContentStore();
@@ -73,6 +73,7 @@ private:
     void dropped(DrawingContent& content);
     bool isOurs() const;
 
+    std::shared_ptr<ContentStore*> m_self = std::make_shared<ContentStore*>(this);
     std::optional<Folder> m_folder;
     bool m_isOwn = false;
     long long m_process;

@@ -8,6 +8,7 @@
 namespace brindle::engine {
 
 class ContentStore;
+class Folder;
 
 /// What a content holds in memory in another form than bytes. It never changes either.
 class ContentValue {
@@ -43,9 +44,11 @@ public:
 private:
     friend class ContentStore;
 
-    explicit DrawingContent(ContentStore& store) : m_store(store) {}
+    explicit DrawingContent(std::shared_ptr<ContentStore*> store) : m_store(std::move(store)) {}
 
-    ContentStore& m_store;
+    const Folder* folder() const; ///< Of the project; null once that is closed.
+
+    std::shared_ptr<ContentStore*> m_store; ///< Null behind it once the store is gone.
     QByteArray m_bytes;
     ContentValuePointer m_value; ///< Instead of bytes; null once it is on disk.
     mutable std::weak_ptr<const ContentValue> m_known;
