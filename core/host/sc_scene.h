@@ -9,6 +9,7 @@
 
 #include <vector>
 
+class CA_CelKey;
 class MO_Node;
 class PIO_Metadatas;
 class SC_SceneCommon;
@@ -42,6 +43,12 @@ public:
     virtual void setNotifyEnabled(bool enabled) = 0;
     virtual void notify() = 0;                       ///< The scene changed.
     virtual void emitNodeChanged(MO_Node* node) = 0; ///< A value of the node changed.
+
+    /// Edits of drawings, in this order: pictures of the drawing are out of date; a drawing changed; views in which a
+    /// person draws may show it at once.
+    virtual void emitDrawingsDirty(const CA_CelKey&) {}
+    virtual void emitDrawingChanged() {}
+    virtual void notifyInteractive() {}
 };
 
 /// A scene of a project, as the project lists it.

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
+class CO_Command;
 class CO_CommandManager;
 
 /// An undoable change of palettes. It is executed once, then undone and executed again in turn, always on the state
@@ -42,6 +43,9 @@ public:
     /// Takes the command and runs it once. False: it was refused, and neither the palettes nor the undo list changed.
     /// An exception of the command leaves this call as itself.
     bool ExecuteCommand(UT_Command* command, const QString& label);
+    /// Takes a command whose work is done already, as its first execute() knows: the first one does nothing. Without an
+    /// undo list it goes.
+    void AddUndo(CO_Command* done, const QString& label);
 
 private:
     CO_CommandManager* m_manager = nullptr;

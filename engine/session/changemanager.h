@@ -32,6 +32,7 @@ public:
     void setNotifyEnabled(bool enabled) override;
     void notify() override;
     void emitNodeChanged(MO_Node* node) override;
+    void emitDrawingChanged() override { notify(); }
 
     std::uint64_t revision() const { return m_revision; }
 

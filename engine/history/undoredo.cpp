@@ -27,3 +27,10 @@ bool UT_UndoRedoManager::ExecuteCommand(UT_Command* command, const QString& labe
         return m_manager->execute(entry.release(), label);
     return entry->execute() == CO_Command::kOk;
 }
+
+void UT_UndoRedoManager::AddUndo(CO_Command* done, const QString& label)
+{
+    std::unique_ptr<CO_Command> step(done);
+    if (m_manager && step)
+        m_manager->execute(step.release(), label);
+}
