@@ -9,6 +9,9 @@
 
 #include <memory>
 
+class DT_Command;
+class TUSceneChangeManager;
+
 namespace OMC {
 
 class DrawingLayerImplShared;
@@ -19,6 +22,8 @@ class DrawingLayerImplShared;
 /// Whoever begins while a session of the same drawing is open joins it; one end closes it for all. Threads are kept
 /// apart by the checks of the wrappers. A session whose project is closed is over, and leaves nothing.
 class BRINDLE_CORE_EXPORT DrawingAccessImpl : public QObject {
+    Q_OBJECT
+
 public:
     /// The one of the process, made at the first use.
     static DrawingAccessImpl& get();
@@ -62,7 +67,9 @@ public:
 private:
     struct Session;
 
-    void close(); ///< Drops the session.
+    void addStep(std::unique_ptr<DT_Command> step); ///< To the undo list.
+    void close();                                   ///< Drops the session.
+    static void tellChanged(TUSceneChangeManager* changes, const CA_DrawingLayerKey& key);
 
     std::unique_ptr<Session> m_session;
     CA_DrawingLayerKey m_key;

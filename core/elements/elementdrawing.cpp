@@ -1,5 +1,7 @@
 #include "core/elements/elementdrawing.h"
 
+#include "core/drawings/celdrawing.h"
+#include "core/drawings/drawing.h"
 #include "core/elements/element.h"
 #include "core/frame/found.h"
 #include "core/frame/undo.h"
@@ -173,6 +175,35 @@ qlonglong ElementDrawing::getLayerId() const
 {
     checked();
     return m_layer;
+}
+
+CA_CelKey ElementDrawing::celKey() const
+{
+    return CA_CelKeyElement(m_elementId, m_drawing, m_layer);
+}
+
+CA_CelPtr ElementDrawing::openedCel() const
+{
+    checked();
+    CA_CelPtr cel = celdrawing::open(celKey());
+    if (!cel)
+        throwInvalid();
+    return cel;
+}
+
+QVariant ElementDrawing::getDrawing() const
+{
+    const auto drawing = celdrawing::of(openedCel());
+    return drawing ? toVariant(new Drawing(drawing.data(), celKey())) : QVariant();
+}
+
+QVariant ElementDrawing::initialize()
+{
+    QVariant drawing = getDrawing();
+    if (drawing.isValid())
+        return drawing;
+    celdrawing::create(celKey());
+    return getDrawing();
 }
 
 Obj ElementDrawing::duplicate(const QString& timing, const QString& layer)

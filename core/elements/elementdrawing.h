@@ -2,6 +2,7 @@
 
 #include "core/elements/elementguard.h"
 #include "core/frame/obj.h"
+#include "core/host/ca_celref.h"
 #include "core/host/em_elementinfo.h"
 
 #include <QString>
@@ -32,6 +33,7 @@ class BRINDLE_CORE_EXPORT ElementDrawing : public BaseObject {
     Q_PROPERTY(int version READ getDrawingVersion WRITE setDrawingVersion)
     Q_PROPERTY(QString layer_name READ getLayerName)
     Q_PROPERTY(qlonglong layer_id READ getLayerId)
+    Q_PROPERTY(QVariant drawing READ getDrawing)
 
 public:
     /// The drawing of a name, in the layer of a name or in the default one. Without such an element or drawing, an
@@ -73,6 +75,11 @@ public:
     virtual void setDrawingVersion(int version);
     virtual QString getLayerName() const; ///< The name of the layer; empty for the default one.
     virtual qlonglong getLayerId() const; ///< The number of the layer; 0 for the default one.
+    /// What the drawing's version shows, as a Drawing; null for one without a file, and for a picture.
+    virtual QVariant getDrawing() const;
+    /// The same; a drawing of an element of vector drawings that has no file gets an empty one, which no undo takes
+    /// away. Null for a picture.
+    virtual QVariant initialize();
 
     /// Copies what the drawing shows into a new drawing of the element, at version 1. An empty name stands for the
     /// number behind the highest one; `layer` is the layer that gets the copy, this one's where there is none of that
@@ -91,6 +98,8 @@ private:
     struct Checked;
 
     Checked checked() const;
+    CA_CelKey celKey() const;
+    CA_CelPtr openedCel() const;
 
     ElementGuard m_guard;
     int m_elementId;
