@@ -52,6 +52,8 @@ const Family family([]() -> std::vector<ClassTable> {
             .method<"contains", Form<&ElementList::contains, "element: Element | int | str">>(),
         Class<ElementDrawing>()
             .property<&ElementDrawing::newElement>("element")
+            .property<&ElementDrawing::getDrawing>("drawing", "Drawing | None")
+            .method<"initialize", Form<&ElementDrawing::initialize, "-> Drawing | None">>()
             .method<"duplicate", Form<&ElementDrawing::duplicate, "timing='', layer='' -> ElementDrawing">>()
             .method<"import_file", Form<&ElementDrawing::importFile, "path: str | PathLike[str]">>(),
         Class<ElementDrawingList>()

@@ -1,0 +1,58 @@
+"""Drawings to work on: their making, and what a test says of them."""
+
+import brindle
+
+STEP = "Drawing Modified with Python"
+NO_SESSION = "No drawing is currently being modified."
+NO_ACCESS = "There is no active drawing access."
+OTHER_DRAWING = "A different drawing is already being modified."
+UNEXPECTED = "An unexpected error has occurred."
+OUT_OF_RANGE = "Index is out of range."
+RED, GREEN = "00000000000000aa", "00000000000000bb"
+
+
+def invalid(index):
+    return f"Invalid argument at index {index}."
+
+
+def new_drawing(app, name="1"):
+    """An empty drawing of the element "Arm". Its making stands in the history no more."""
+    element = app.elements["Arm"] or app.elements.create("Arm")
+    drawing = element.drawings.create(name).initialize()
+    app.project.history.clear()
+    return drawing
+
+
+def line(*points):
+    """An open path of straight lines."""
+    path = brindle.BezierPath()
+    for first, second in zip(points, points[1:]):
+        curve = brindle.Bezier()
+        curve.degree = 1
+        curve[0], curve[1] = first, second
+        path.bezier_append(curve)
+    return path
+
+
+def square(size=10, x=0, y=0):
+    return brindle.BezierPath.create_rectangle(x, y, x + size, y + size)
+
+
+def thick(colour=RED, thickness=4):
+    style = brindle.DrawingVectorLineStyle()
+    style.type, style.colour_id, style.thickness = "THICK_LINESTYLE", colour, thickness
+    return style
+
+
+def box(rectangle):
+    """The sides of a rectangle, rounded to what matters: left, bottom, right, top."""
+    sides = rectangle.x, rectangle.y, rectangle.x + rectangle.width, rectangle.y + rectangle.height
+    return tuple(round(side, 6) for side in sides)
+
+
+def content(drawing):
+    """What the layers of a drawing hold, by art layer: of each its type and the boxes of its strokes."""
+    def layer(each):
+        strokes = each.strokes if isinstance(each, brindle.DrawingVectorLayer) else ()
+        return each.type, tuple((stroke.unique_id, box(stroke.bounding_box)) for stroke in strokes)
+    return [[layer(each) for each in art] for art in drawing]
