@@ -2,6 +2,7 @@
 
 #include "engine/elements/elementmanager.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace brindle::engine {
@@ -39,6 +40,9 @@ CO_Command::Status AddContent::execute()
 
 CO_Command::Status AddContent::unexecute()
 {
+    if (std::any_of(m_elements.begin(), m_elements.end(),
+                    [](const Element* element) { return element->isUnderEdit(); }))
+        return kFail;
     if (!m_nodes.empty())
         m_content.nodes = m_scene.graph().take(*m_group, m_nodes);
     takeColumns(m_columns.size());

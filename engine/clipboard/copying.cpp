@@ -1,8 +1,8 @@
 #include "engine/clipboard/copying.h"
 
+#include "engine/clipboard/extrafiles.h"
 #include "engine/clipboard/palettetransfer.h"
 #include "engine/clipboard/transfer.h"
-#include "engine/folder/folder.h"
 
 namespace brindle::engine {
 
@@ -19,34 +19,6 @@ std::optional<FrameSpan> spanOf(const Scene& scene, const CopyTerms& terms)
     if (first == 1 && count >= length)
         return FrameSpan();
     return FrameSpan{first, count > length - first ? length + 1 : first + count};
-}
-
-/// Takes the files below a folder of the project along, where there is one.
-void copyFiles(const Folder& folder, const QString& place, int element, const QString& shownAs, DragScene& to)
-{
-    if (folder.kindOf(place) != FileKind::Folder)
-        return;
-    for (const QString& name : folder.entries(place)) {
-        const QString file = place + u'/' + name;
-        const QString shown = shownAs + u'/' + name;
-        if (folder.kindOf(file) == FileKind::File)
-            to.files.push_back({element, shown, folder.read(file)});
-        else
-            copyFiles(folder, file, element, shown, to);
-    }
-}
-
-void copyExtraFiles(ElementManager& elements, const std::map<int, int>& ids, const CopyTerms& terms, DragScene& to)
-{
-    const Folder* folder = elements.contents().folder();
-    if (!folder)
-        return;
-    if (terms.modellingFolder)
-        copyFiles(*folder, modellingFolder, -1, modellingFolder, to);
-    if (!terms.scanFiles)
-        return;
-    for (const auto& [source, id] : ids)
-        copyFiles(*folder, elements.find(source)->folder() + u'/' + scanFolder, id, scanFolder, to);
 }
 
 } // namespace
@@ -72,7 +44,7 @@ std::shared_ptr<DragScene> copyContent(Scene& scene, const std::vector<Node*>& n
         drag->origins.emplace(id, source);
     if (!ids.empty())
         copyPalettes(project->palettes(), project->elements(), ids, *drag);
-    copyExtraFiles(project->elements(), ids, terms, *drag);
+    copyExtraFiles(project->elements(), ids, terms.modellingFolder, terms.scanFiles, *drag);
     return drag;
 }
 

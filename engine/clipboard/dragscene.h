@@ -49,11 +49,6 @@ private:
     Scene& m_scene;
 };
 
-/// Folders of files that a project doesn't know and that are copied where that is asked for: in the project's folder,
-/// and in the folders of its elements.
-inline constexpr QLatin1String modellingFolder("modelling");
-inline constexpr QLatin1String scanFolder("scan");
-
 /// The name of the entry in a template's metadata that tells the default camera.
 inline constexpr QLatin1String cameraEntry("defaultCamera");
 

@@ -30,6 +30,8 @@ public:
 
     Status unexecute() override
     {
+        if (m_drawing.isUnderEdit())
+            return kFail;
         m_taken = m_element.drawings().take(m_drawing);
         m_elements.tellChanged();
         return kOk;
@@ -54,11 +56,16 @@ public:
 
     Status execute() override
     {
+        const std::vector<DrawingFile> before = m_drawing.files();
+        const std::vector<DrawingFile> after = m_state->files();
+        const bool isTaken = std::all_of(after.begin(), after.end(), [this](const DrawingFile& file) {
+            return m_drawing.takesContent(file.layer, file.version, file.content);
+        });
+        if (!isTaken || m_drawing.isUnderEdit())
+            return kFail;
         std::swap(m_drawing.version, m_state->version);
         std::swap(m_drawing.type, m_state->type);
         std::swap(m_drawing.scaleFactor, m_state->scaleFactor);
-        const std::vector<DrawingFile> before = m_drawing.files();
-        const std::vector<DrawingFile> after = m_state->files();
         give(before, after, m_drawing);
         give(after, before, *m_state);
         m_elements.tellChanged();
@@ -69,10 +76,15 @@ public:
 private:
     static void give(const std::vector<DrawingFile>& before, const std::vector<DrawingFile>& after, Drawing& drawing)
     {
-        for (const DrawingFile& file : before)
-            drawing.setContent(file.layer, file.version, nullptr);
         for (const DrawingFile& file : after)
             drawing.setContent(file.layer, file.version, file.content);
+        for (const DrawingFile& file : before) {
+            const auto isSame = [&file](const DrawingFile& other) {
+                return other.layer == file.layer && other.version == file.version;
+            };
+            if (std::none_of(after.begin(), after.end(), isSame))
+                drawing.setContent(file.layer, file.version, nullptr);
+        }
     }
 
     ElementManager& m_elements;

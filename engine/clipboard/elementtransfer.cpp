@@ -4,6 +4,17 @@
 
 namespace brindle::engine {
 
+namespace {
+
+/// What is in memory is shared; it never changes.
+ContentPointer copyContent(const DrawingContent& content, ContentStore& contents)
+{
+    const ContentValuePointer value = content.value();
+    return value ? contents.fromValue(value) : contents.fromBytes(content.bytes());
+}
+
+} // namespace
+
 std::unique_ptr<Drawing> copyDrawing(const Drawing& drawing, const QString& name, ContentStore& contents,
                                      const std::unordered_map<EM_LayerId, EM_LayerId>& layers)
 {
@@ -14,7 +25,7 @@ std::unique_ptr<Drawing> copyDrawing(const Drawing& drawing, const QString& name
     for (const DrawingFile& file : drawing.files()) {
         const auto layer = layers.find(file.layer);
         copy->setContent(layer == layers.end() ? file.layer : layer->second, file.version,
-                         contents.fromBytes(file.content->bytes()));
+                         copyContent(*file.content, contents));
     }
     return copy;
 }

@@ -1,5 +1,6 @@
 #include "engine/clipboard/newnodes.h"
 
+#include "engine/clipboard/extrafiles.h"
 #include "engine/clipboard/palettetransfer.h"
 #include "engine/session/projectcommon.h"
 #include "engine/session/scenecommands.h"
@@ -87,7 +88,8 @@ bool finishPaste(Scene& scene, const DragScene& content, const DD_DropMode& mode
         return !command || manager.execute(command.release(), QString());
     };
     ProjectCommon& project = *engineProjectCommon(scene.projectCommon());
-    if (!run(newPalettesCommand(content, project, elements, mode.paletteMode())))
+    if (!run(newExtraFilesCommand(content, project.elements(), elements)) ||
+        !run(newPalettesCommand(content, project, elements, mode.paletteMode())))
         return false;
     if (mode.cameraNameTransfer && !content.camera.isEmpty()) {
         Node* named = camera ? camera : cameraNamed(content.camera, scene.graph().root());

@@ -173,6 +173,11 @@ void ContentStore::keep(FolderTransaction& save, DrawingContent& content, bool i
     m_moves.emplace_back(&content, place);
 }
 
+bool ContentStore::isFree(const QString& place) const
+{
+    return !m_folder || m_places.contains(place) || m_folder->kindOf(place) == FileKind::Nothing;
+}
+
 void ContentStore::requireFree(const Folder& folder, const QString& place, bool isElsewhere) const
 {
     if ((isElsewhere || !m_places.contains(place)) && folder.kindOf(place) != FileKind::Nothing)

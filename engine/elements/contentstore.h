@@ -47,6 +47,9 @@ public:
     /// The same; throws `FolderFailure` where the project isn't on disk, or is open read-only.
     const Folder& requireWritable() const;
 
+    /// Whether nothing stands at a place of the project's folder but what is the project's own.
+    bool isFree(const QString& place) const;
+
     /// A content that a drawing shows, and the place at which its file is to stand. `assign` gives the drawing another
     /// content of the same bytes, where several drawings have shared one and get files of their own.
     struct Shown {

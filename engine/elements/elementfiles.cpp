@@ -22,9 +22,15 @@ void ElementFiles::addTo(FolderTransaction& save, const Folder& folder, bool isE
             Drawing& drawing = element.drawings().at(place);
             for (const DrawingFile& file : drawing.files()) {
                 m_plan.push_back({file.content, element.fileName(drawing, file.layer, file.version)});
-                m_owners.push_back({&drawing, file.layer, file.version});
+                m_owners.push_back([&drawing, layer = file.layer, version = file.version](ContentPointer content) {
+                    drawing.setStanding(layer, version, std::move(content));
+                });
             }
         }
+    }
+    for (const auto& extra : m_elements.extraFiles()) {
+        m_plan.push_back({extra->content, extra->place});
+        m_owners.push_back([extra](ContentPointer content) { extra->content = std::move(content); });
     }
     m_elements.contents().addTo(save, folder, isElsewhere, m_plan);
 
@@ -45,9 +51,8 @@ void ElementFiles::saved(const Folder& folder)
     m_hasFile = !m_elements.elements().empty();
     std::vector<ContentPointer> standing = m_elements.contents().saved(folder, m_plan);
     for (std::size_t place = 0; place < m_owners.size(); ++place) {
-        const Owner& owner = m_owners[place];
         if (standing[place] != m_plan[place].content)
-            owner.drawing->setStanding(owner.layer, owner.version, std::move(standing[place]));
+            m_owners[place](std::move(standing[place]));
     }
     for (const TUElement* entry : m_elements.elements()) {
         const auto& element = static_cast<const Element&>(*entry);

@@ -3,11 +3,11 @@
 #include "engine/elements/contentstore.h"
 #include "engine/folder/projectfiles.h"
 
+#include <functional>
 #include <vector>
 
 namespace brindle::engine {
 
-class Drawing;
 class ElementManager;
 
 /// What a project's elements have in its folder: "elements.json" and the files of the drawings.
@@ -22,12 +22,8 @@ public:
     void saved(const Folder& folder) override;
 
 private:
-    /// Whose content stands at the same place of the plan.
-    struct Owner {
-        Drawing* drawing;
-        long long layer;
-        int version;
-    };
+    /// Gives whose content stands at the same place of the plan another one.
+    using Owner = std::function<void(ContentPointer)>;
 
     ElementManager& m_elements;
     bool m_hasFile = false;    ///< The "elements.json" of the folder is the project's.

@@ -28,6 +28,14 @@ public:
     ~ElementManager() override;
 
     Element* find(int id) const; ///< Null where there is none.
+    /// A file in the project's folder that is saved with the drawings' and belongs to none of them. Commands share it.
+    struct ExtraFile {
+        QString place; ///< "elements/Arm/scan/1.tif".
+        ContentPointer content;
+    };
+    using ExtraFiles = std::vector<std::shared_ptr<ExtraFile>>;
+    ExtraFiles& extraFiles() { return m_extraFiles; }
+
     ContentStore& contents() { return m_contents; }
     const ContentStore& contents() const { return m_contents; }
     const std::vector<const TUElement*>& elements() const { return m_order; }
@@ -85,6 +93,7 @@ private:
 
     ProjectCommon& m_project;
     ContentStore m_contents; ///< Outlives the elements.
+    ExtraFiles m_extraFiles;
     std::map<int, std::unique_ptr<Element>> m_elements;
     std::vector<const TUElement*> m_order; ///< By their ids.
     QMultiHash<QString, Element*> m_byName;

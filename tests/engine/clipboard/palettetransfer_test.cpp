@@ -181,26 +181,3 @@ TEST_F(PaletteTransferTest, PalettesOfElementsAndTexturesGoThroughATemplate)
     open("other");
     EXPECT_EQ(told(), "scene: Skin (Light); element: Wood (Grain)");
 }
-
-TEST_F(PaletteTransferTest, FilesBesideTheProjectGoAlongWhereThatIsAsked)
-{
-    save();
-    ASSERT_TRUE(QDir(path()).mkpath("modelling/sheets") && QDir(path()).mkpath("elements/Hand/scan"));
-    put(path() + "/modelling/sheets/front.png", "front");
-    put(path() + "/elements/Hand/scan/1.tif", "scan");
-    SL_Selection selection(nullptr);
-    std::vector<MO_Node*> nodes;
-    scene().getRootGroup()->getRecursiveSubNodeList(nodes);
-    SL_SelectionUtil::addToSelection(selection, nodes.back());
-    const auto filesOf = [&](bool modelling, bool scans) {
-        UT_Path saved(path("Hand"));
-        const DD_DragObject copied =
-            DD_SystemExternalAPI::CreateDragObjectFromSelection(&scene(), &selection, modelling, scans);
-        EXPECT_TRUE(DD_TplUtil::SaveDragObjectAsNewTemplate(nullptr, DD_DragSceneOld(copied, {}), saved));
-        const Files files = FolderTest::filesOf(saved.ToString());
-        return std::pair(files.value("modelling/sheets/front.png"), files.value("elements/Hand/scan/1.tif"));
-    };
-    EXPECT_EQ(filesOf(false, false), std::pair(QByteArray(), QByteArray()));
-    EXPECT_EQ(filesOf(true, false), std::pair(QByteArray("front"), QByteArray()));
-    EXPECT_EQ(filesOf(true, true), std::pair(QByteArray("front"), QByteArray("scan")));
-}
