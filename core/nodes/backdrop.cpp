@@ -43,7 +43,8 @@ void Backdrop::modify(const Change& change)
     MO_Backdrop& backdrop = target();
     MO_BackdropProperties properties = backdrop.properties();
     change(properties);
-    CO_CommandManager& manager = undo::manager(backdrop.group()->sceneCommon());
+    const TUGroup* group = backdrop.group();
+    CO_CommandManager& manager = undo::manager(group ? group->sceneCommon() : nullptr);
     undo::run(manager, new tu_backdrop::SetPropertiesCmd(&backdrop, properties), tr("Modify Backdrop"),
               tr("Failed to modify backdrop."));
 }
