@@ -3,6 +3,7 @@
 #include "core/bridges/javascript.h"
 #include "core/elements/elementlist.h"
 #include "core/scene/project.h"
+#include "core/scene/scene.h"
 #include "core/scene/scenelist.h"
 #include "core/services/about.h"
 #include "core/services/actions.h"
@@ -42,6 +43,13 @@ OMC::Obj ServiceApplication::getElements() const
 {
     project();
     return new OMC::ElementList;
+}
+
+OMC::Obj ServiceApplication::getClipboard() const
+{
+    const OMC::Obj scene = getScene();
+    const auto* first = OMC::objectIn<OMC::Scene>(scene);
+    return first ? first->getClipboard() : OMC::Obj();
 }
 
 OMC::Obj ServiceApplication::getJavascript() const

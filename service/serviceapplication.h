@@ -17,6 +17,7 @@ class ServiceApplication : public OMC::Application {
     Q_PROPERTY(OMC::Obj scenes READ getScenes)
     Q_PROPERTY(OMC::Obj scene READ getScene)
     Q_PROPERTY(OMC::Obj elements READ getElements)
+    Q_PROPERTY(OMC::Obj clipboard READ getClipboard)
     Q_PROPERTY(OMC::Obj javascript READ getJavascript)
     Q_PROPERTY(OMC::Obj preferences READ getPreferences)
     Q_PROPERTY(OMC::Obj actions READ getActions)
@@ -36,6 +37,7 @@ public:
     OMC::Obj getScene() const;            ///< The project's first scene.
 
     OMC::Obj getElements() const;    ///< The project's elements.
+    OMC::Obj getClipboard() const;   ///< The clipboard of the project's first scene.
     OMC::Obj getJavascript() const;  ///< The Javascript of the application.
     OMC::Obj getPreferences() const; ///< The preferences of the person. On the main thread alone.
     OMC::Obj getActions() const;     ///< The actions of menus and toolbars. On the main thread alone.

@@ -25,9 +25,9 @@ public:
 
     std::string __str__() const override; ///< Required: an empty text.
 
-    bool groups = true;     ///< Groups.
-    bool effects = true;    ///< Nodes that change a picture.
-    bool composites = true; ///< Composites.
+    bool groups = true;     ///< Whether groups take it, with what is in them.
+    bool effects = true;    ///< Whether nodes that change a picture take it.
+    bool composites = true; ///< Whether composites take it.
 };
 
 } // namespace OMC

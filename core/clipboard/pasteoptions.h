@@ -66,29 +66,34 @@ public:
     QString getDeleteMode() const { return QStringLiteral("DELETE_NOTHING"); }
     void setDeleteMode(const QString& mode);
 
-    bool usePasteSpecial = false;          ///< Whether the fields below `extend_scene` count.
-    bool extendScene = false;              ///< Whether the scene grows by what is pasted beyond its end.
-    bool createNewColumn = false;          ///< Whether a paste makes columns of its own.
-    bool addRemoveMotionKeyframe = true;   ///< Whether keys of positions are pasted.
-    bool addRemoveVelocityKeyframe = true; ///< Whether keys of velocities are pasted.
-    bool addRemoveAngleKeyframe = true;    ///< Whether keys of angles are pasted.
-    bool addRemoveSkewKeyframe = true;     ///< Whether keys of skews are pasted.
-    bool addRemoveScalingKeyframe = true;  ///< Whether keys of scales are pasted.
-    bool forceBeginningEndKeyframe = true; ///< Whether the ends of the pasted range get keys.
-    bool offsetKeyframes = false;          ///< Whether pasted values are relative to those that were there.
-    bool replaceExpressionColumns = true;  ///< Whether columns of expressions are replaced.
-    bool tvPreserveName = false;           ///< Whether columns keep their names.
-    bool matchNodeName = true;             ///< Whether nodes are found by their names.
-    bool fullTransfer = true;              ///< Whether everything of a node goes along.
-    bool keyframeMode = true;              ///< Read and printed; a paste doesn't look at it.
-    bool cameraNameTransfer = false;       ///< Whether the name of the default camera goes along.
-    bool pasteFlagA = true;                ///< Goes to the paste as it is; no key reaches it.
-    bool pasteFlagB = true;                ///< Goes to the paste as it is; no key reaches it.
-    int startFrameSrc = 1;                 ///< The first frame that is pasted; 0 stands for the scene's start frame.
-    int numFrameSrc = 0;                   ///< The number of frames; 0 stands for all, and a paste writes it.
-    bool drawingExtendExposure = true;     ///< Whether drawings are held to the end of the range.
-    bool drawingSubstitution = true;       ///< Whether drawings are exchanged by their names.
-    bool actionTemplate = false;           ///< Read and printed; a paste doesn't look at it.
+    bool usePasteSpecial = false; ///< Whether options count at all, besides the frames of the source.
+    bool extendScene = false;     ///< Whether the scene grows by what is pasted beyond its end, which else is left out.
+    /// Whether attributes get new columns for what is pasted, in place of those they have.
+    bool createNewColumn = false;
+    bool addRemoveMotionKeyframe = true;   ///< Whether positions are pasted.
+    bool addRemoveVelocityKeyframe = true; ///< Whether velocities are pasted.
+    bool addRemoveAngleKeyframe = true;    ///< Whether angles and rotations are pasted.
+    bool addRemoveSkewKeyframe = true;     ///< Whether skews are pasted.
+    bool addRemoveScalingKeyframe = true;  ///< Whether scales are pasted.
+    /// Whether the ends of the pasted frames get keys, and so do the frames beside them.
+    bool forceBeginningEndKeyframe = true;
+    bool offsetKeyframes = false;         ///< Whether numbers go on from what the column has at the first frame.
+    bool replaceExpressionColumns = true; ///< Whether a column that computes its values gives way to a new one.
+    bool tvPreserveName = false; ///< Whether columns that the engine named keep their names, where these are free.
+    /// Whether nodes are pasted over those of their names; else they are paired by their types.
+    bool matchNodeName = true;
+    bool fullTransfer = true; ///< Whether values without a column go along, and drawings that no pasted frame shows.
+    bool keyframeMode = true; ///< Read and printed; a paste does not look at it.
+    bool cameraNameTransfer = false; ///< Whether the camera that a template names becomes the default one.
+    bool pasteFlagA = true;          ///< Goes to the paste as it is; no key reaches it.
+    bool pasteFlagB = true;          ///< Goes to the paste as it is; no key reaches it.
+    int startFrameSrc = 1; ///< The first frame of the source that is pasted; 0 stands for the scene's start frame.
+    /// How many frames of the source are pasted; 0 stands for all, and a paste writes the number that it used.
+    int numFrameSrc = 0;
+    bool drawingExtendExposure = true; ///< Whether the last drawing that is pasted holds on up to the next exposure.
+    /// Whether pasted drawings take the place of those that are shown; else they fill empty cells only.
+    bool drawingSubstitution = true;
+    bool actionTemplate = false; ///< Read and printed; a paste does not look at it.
 
 private:
     QString m_columnMode = QStringLiteral("ELEMENT_AS_ELEMENT_AND_TIMING_AS_TIMING");

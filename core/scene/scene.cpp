@@ -1,5 +1,6 @@
 #include "core/scene/scene.h"
 
+#include "core/clipboard/clipboard.h"
 #include "core/columns/columnlist.h"
 #include "core/elements/metadatahandler.h"
 #include "core/frame/finite.h"
@@ -182,6 +183,16 @@ ColumnList* Scene::newColumns() const
 {
     validate();
     return new ColumnList(scene());
+}
+
+Obj Scene::getClipboard() const
+{
+    return Obj(newClipboard());
+}
+
+Clipboard* Scene::newClipboard() const
+{
+    return new Clipboard(&target());
 }
 
 Obj Scene::getCompositions() const

@@ -18,6 +18,7 @@ class TUScene;
 
 namespace OMC {
 
+class Clipboard;
 class ColumnList;
 class FrameOptions;
 class GroupNode;
@@ -54,6 +55,7 @@ class BRINDLE_CORE_EXPORT Scene : public EngineView<TUScene> {
     Q_PROPERTY(QVariant display_name READ getDisplayName WRITE setDisplayName)
     Q_PROPERTY(QVariantList displays READ getDisplays)
     Q_PROPERTY(QStringList display_names READ getDisplayNames)
+    Q_PROPERTY(OMC::Obj clipboard READ getClipboard)
 
 public:
     /// Null gives an object that is invalid at its first call.
@@ -119,6 +121,9 @@ public:
     virtual void setDisplayName(const QVariant& display);
     virtual QVariantList getDisplays() const;    ///< All display nodes.
     virtual QStringList getDisplayNames() const; ///< The names of all display nodes.
+
+    Obj getClipboard() const; ///< What copies nodes of the scene, and pastes into it.
+    Clipboard* newClipboard() const;
 
     /// Inserts frames behind frame `at`, 0 for the very front; what lies behind moves along. False for a negative
     /// count. Without options the preferences "RIPPLE_SCENE_MARKERS" and "EXTEND_DRAWING_EXPOSURE" hold.

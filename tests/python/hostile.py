@@ -104,7 +104,7 @@ def dead_objects(app):
     return [sample for name, sample in samples.items() if name not in KEPT]
 
 
-KEPT = {"application", "locked block", "project", "resolution", "named resolution", "history", "bracket", "scenes",
+KEPT = {"application", "clipboard", "copy object", "locked block", "project", "resolution", "named resolution", "history", "bracket", "scenes",
         "scene", "aspect", "units", "center", "unit converter", "metadata", "metadata pair", "nodes of the scene", "copied nodes", "display",
         "composite", "dynamic in-ports", "palette lists", "palettes", "palette", "solid colour", "gradient", "texture", *support.VALUES}
 

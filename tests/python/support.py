@@ -234,6 +234,8 @@ def samples(app):
         "element": element,
         "drawings": element.drawings,
         "drawing": drawing,
+        "clipboard": app.clipboard,
+        "copy object": app.clipboard.copy(peg),
         "columns": columns,
         "ease column": ease,
         "ease value": ease[1],

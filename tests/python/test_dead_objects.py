@@ -11,9 +11,9 @@ UNEXPECTED = "An unexpected error has occurred."
 # What belongs to the session, or to the person.
 SESSION = {"javascript", "javascript object", "javascript script", "preferences", "preference", "actions", "about", "views",
            "tools", "selection"}
-KEPT_BY_CLOSING = {"application", "enum option", "locked block", *SESSION, *support.VALUES}
+KEPT_BY_CLOSING = {"application", "copy object", "enum option", "locked block", *SESSION, *support.VALUES}
 KEPT = {"project", "resolution", "named resolution", "history", "bracket", "scenes", "aspect", "units", "center",
-        "unit converter", "metadata", "metadata pair", "scene", "columns", "nodes of the scene", "copied nodes",
+        "unit converter", "metadata", "metadata pair", "scene", "clipboard", "columns", "nodes of the scene", "copied nodes",
         "display", "composite", "dynamic in-ports", "palette lists", "palettes", "palette", "solid colour", "gradient",
         "texture", "elements", "element", "drawings", "drawing", *KEPT_BY_CLOSING}
 NODES = {"peg", "camera", "display", "read", "group", "composite", "multi-port in", "multi-port out"}
@@ -36,7 +36,7 @@ ANSWERS = {
     (None, "data"): "View and tool data is not currently supported.",
     ("scene", "metadata"): support.GONE, (None, "metadata"): "<brindle.MetaDataHandler, no longer valid>",
     (None, "subselections"): "<brindle.NodeSubselectionList, no longer valid>",
-    ("backdrop", "str"): "'Backdrop()'",
+    ("backdrop", "str"): "'Backdrop()'", ("clipboard", "str"): "'Clipboard()'",
     ("backdrop", "match"): "Invalid argument at index 0.",
     ("fixed in-ports", "dynamic"): "False", ("fixed out-ports", "dynamic"): "False",
     ("dynamic in-ports", "dynamic"): "True", ("dynamic out-ports", "dynamic"): "True",
@@ -97,6 +97,12 @@ ARGUMENTS = {
 }
 
 OTHER_ARGUMENTS = {("palette", "insert"): (None, 0), ("palettes", "create"): ("Colour", "x"),
+                   ("clipboard", "copy_from_template"): ("x",), ("clipboard", "paste"): (None, "x"),
+                   ("clipboard", "create_selection_template"): ("x", "x"),
+                   ("clipboard", "create_template"): (None, "x", "x"),
+                   ("clipboard", "paste_template"): ("x", 1), ("clipboard", "paste_new_nodes"): (None, "x"),
+                   ("clipboard", "paste_template_into_group"): ("x", 1, "x"),
+                   ("clipboard", "paste_action_template"): ("x", 1, "x"),
                    ("element", "duplicate"): ("x",), ("drawing", "duplicate"): ("x",), ("elements", "contains"): ("x",),
                    ("drawings", "contains"): ("x",),
                    ("columns", "linked_nodes"): ("x",), ("columns", "linked_attributes"): ("x",),

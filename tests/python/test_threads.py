@@ -54,6 +54,56 @@ expect(support.files(folder) == files, "all done again")
 again = brindle.open(folder)
 expect(len(again.scene.nodes) == count, "all on disk")
 """,
+    "threads that edit while templates are pasted": """
+app = brindle.create(folder)
+scene, clipboard = app.scene, app.clipboard
+for index in range(1500):
+    scene.nodes.create("PEG", f"Part{index}").attributes["angle"].set_value(index % 60 + 1, 1.0)
+parts = len(scene.nodes) - 2
+template = os.path.join(os.path.dirname(folder), clipboard.create_template(
+    clipboard.copy([node for node in scene.nodes if node.type == "PEG"]), "Parts", os.path.dirname(folder)))
+app.project.history.clear()
+stop = threading.Event()
+ticks = []
+
+def tick():
+    while not stop.is_set():
+        ticks.append(time.perf_counter())
+
+ticker = threading.Thread(target=guard(tick))
+ticker.start()
+begin = time.perf_counter()
+clipboard.copy_from_template(template)
+length = time.perf_counter() - begin
+stop.set()
+ticker.join()
+within = sum(0.25 < (at - begin) / length < 0.75 for at in ticks)
+expect(within > 10, f"Python stood still while a template of {parts} nodes was read: {within} of {len(ticks)} ticks")
+
+TURNS = 30
+
+def edit(number):
+    for turn in range(TURNS):
+        made = scene.nodes.create("PEG", f"N{number}-{turn}-")
+        made.attributes["angle"].set_value(turn + 1, 2.0)
+
+def paste(number):
+    group = scene.nodes.create("GROUP", f"G{number}")
+    for turn in range(2):
+        clipboard.paste_template_into_group(template, 1, group)
+        expect(len(group.nodes) == parts * (turn + 1), "all parts are there")
+
+threads = [threading.Thread(target=guard(work), args=(number,)) for number in range(2) for work in (edit, paste)]
+for thread in threads:
+    thread.start()
+for thread in threads:
+    thread.join()
+expect(len(scene.nodes) == 2 + parts + 2 * TURNS + 2 * (1 + 2 * parts), f"{len(scene.nodes)} nodes")
+steps = app.project.history.size_executed
+expect(steps == 2 * (2 * TURNS + 3), f"{steps} steps")
+app.project.history.undo(steps)
+expect(len(scene.nodes) == 2 + parts, "all undone")
+""",
     "threads that read while one edits": """
 app = brindle.create(folder)
 nodes = app.scene.nodes

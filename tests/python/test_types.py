@@ -64,6 +64,15 @@ REFUSED = {
 }
 
 
+def test_a_node_says_which_call_copies_it(scene, peg):
+    sentence = ("Python can neither copy nor pickle this PegNode; scene.clipboard.copy(node) copies it, and "
+                "scene.clipboard.paste_new_nodes(copy, group) makes new nodes of the copy.")
+    for attempt in (copy.copy, copy.deepcopy, pickle.dumps):
+        assert support.message_of(attempt, peg, error=TypeError) == sentence
+        assert support.message_of(attempt, scene, error=TypeError) == (
+            "Python can neither copy nor pickle this Scene.")
+
+
 @pytest.mark.parametrize("name", REFUSED)
 def test_it_is_a_type_error(scene, peg, name):
     with pytest.raises(TypeError):

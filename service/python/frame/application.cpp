@@ -38,6 +38,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .property("scenes", "SceneList")
             .property("scene", "Scene")
             .property("elements", "ElementList")
+            .property("clipboard", "Clipboard")
             .property("javascript", "Javascript")
             .property("preferences", "Preferences")
             .property("actions", "Actions")

@@ -48,6 +48,9 @@ const Family family([]() -> std::vector<ClassTable> {
     using namespace OMC;
     return {
         Class<Node>()
+            .copiedBy(
+                "scene.clipboard.copy(node) copies it, and scene.clipboard.paste_new_nodes(copy, group) makes new "
+                "nodes of the copy")
             .property<&Node::newAttributes>("attributes")
             .property<&Node::newPortsIn>("ports_in", "InPortList | MultiInPortList")
             .property<&Node::newPortsOut>("ports_out", "PortList[OutPort] | MultiPortList[OutPort]")

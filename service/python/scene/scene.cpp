@@ -1,7 +1,8 @@
 #include "core/scene/scene.h"
 
-#include "core/elements/metadatahandler.h"
+#include "core/clipboard/clipboard.h"
 #include "core/columns/columnlist.h"
+#include "core/elements/metadatahandler.h"
 #include "core/nodes/groupnode.h"
 #include "core/nodes/nodelist.h"
 #include "core/scene/scenelist.h"
@@ -72,6 +73,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .property("compositions", "CompositionList")
             .property("display", "DisplayNode | None", "NodesLike | None")
             .property("display_name", "str | None", "NodesLike | None")
+            .property<&Scene::newClipboard>("clipboard")
             .property("displays", "list[DisplayNode]")
             .method<"frame_insert", Form<&frameInsert, "at, count, options=None">>()
             .method<"frame_remove", Form<&frameRemove, "at, count, options=None">>(),

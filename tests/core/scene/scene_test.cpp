@@ -56,6 +56,7 @@ std::vector<std::pair<std::string, std::function<void()>>> checkedCalls(OMC::Sce
         {"display_name =", [&] { scene.setDisplayName(QVariant()); }},
         {"displays", [&] { scene.getDisplays(); }},
         {"display_names", [&] { scene.getDisplayNames(); }},
+        {"clipboard", [&] { scene.getClipboard(); }},
         {"frame_insert", [&] { scene.frameInsert(1, 0); }},
         {"top", [&] { scene.getTop(); }},
         {"nodes", [&] { scene.getNodes(); }},
@@ -111,7 +112,8 @@ TEST_F(SceneTest, ThePropertiesStandInTheirOrder)
                                                                               "display",
                                                                               "display_name",
                                                                               "displays",
-                                                                              "display_names"}));
+                                                                              "display_names",
+                                                                              "clipboard"}));
 }
 
 TEST_F(SceneTest, PropertiesAreReadByName)
