@@ -38,7 +38,7 @@ inline constexpr Usage deskUsage = {
     "  --run SCRIPT   Runs a Python script when the window is open.\n"};
 inline constexpr Usage newUsage = {"new", "DIR", "Makes a new project folder.", ""};
 inline constexpr Usage infoUsage = {"info", "DIR",
-                                    "Tells what is in a project, also in one that another process has open.", ""};
+                                    "Tells what is in a project or a template, also in one that another process has open.", ""};
 inline constexpr Usage paletteUsage = {
     "palette", "[--import FILE.gpl] [--out FILE.png] [--export FILE.gpl] FILE",
     "Shows a palette: on a terminal as blocks of its colours, with ids and names.",

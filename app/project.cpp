@@ -1,5 +1,7 @@
 #include "app/arguments.h"
 
+#include "core/host/cm_palettemanager.h"
+#include "core/host/dd_clipboard.h"
 #include "core/host/mo_node.h"
 #include "core/host/sc_resolution.h"
 #include "core/host/sc_scene.h"
@@ -130,6 +132,55 @@ QString sizeLine(const QString& folder)
     return QString("Size: %1 in %2\n").arg(QLocale::c().formattedDataSize(bytes), counted(files, "file"));
 }
 
+QString projectText(const SC_Project& project)
+{
+    const SC_ProjectCommon& common = *project.projectCommon();
+    QString text = QString("Project: %1\n").arg(brindle::engine::shown(project.path())) + resolutionLine(common) +
+                   QString("Colour space: %1\n").arg(common.projectColorSpace());
+    Counts total;
+    for (int index = 0; index < project.sceneCount(); ++index) {
+        if (const auto* scene = dynamic_cast<const TUScene*>(project.sceneAt(index))) {
+            const Counts counts = countsOf(*scene);
+            text += sceneLine(*scene, counts);
+            total.add(counts);
+        }
+    }
+    if (project.sceneCount() > 1)
+        text += QString("All %1 scenes: %2, %3\n")
+                    .arg(QString::number(project.sceneCount()), counted(total.frames, "frame"), contents(total));
+    const QString last = brindle::engine::shown(project.lastChange().simplified());
+    return text + QString("Last change: %1\n").arg(last.isEmpty() ? QString("none") : last);
+}
+
+/// The nodes that a paste makes, a line each, with what they are seen with.
+QString templateText(SC_SessionContext& session, const SC_Project& project)
+{
+    const QString path = brindle::engine::shown(project.path());
+    QString text = QString("Template: %1\n").arg(path);
+    if (const auto* scene = dynamic_cast<const TUScene*>(project.sceneAt(0))) {
+        const Counts counts = countsOf(*scene);
+        text += QString("Frames: %1 at %2 fps\nNodes: %3 in all, %4\n")
+                    .arg(QString::number(counts.frames), QString::number(scene->frameRate().fps()),
+                         QString::number(counts.nodes), counted(counts.columns, "column"));
+        const TUGroup& top = *scene->getRootGroup();
+        for (auto node = top.subNodesBegin(); node != top.subNodesEnd(); ++node)
+            text += QString("  %1 (%2)\n").arg(brindle::engine::shown((*node)->instanceName()), (*node)->typeName());
+    }
+    const auto content = DD_TplUtil::LoadTemplate(&session, project.path(), false);
+    const QString camera = content ? brindle::engine::shown(content->defaultCameraName()) : QString();
+    return text + QString("Default camera: %1\n").arg(camera.isEmpty() ? QString("none") : camera);
+}
+
+QString palettesLine()
+{
+    QStringList names;
+    for (const auto& list : CM_PaletteManager::GetInstance()->paletteLists()) {
+        for (const auto& palette : list->palettes())
+            names.append(brindle::engine::shown(palette->GetName()));
+    }
+    return QString("Palettes: %1\n").arg(names.isEmpty() ? QString("none") : names.join(", "));
+}
+
 } // namespace
 
 int newProject(const QList<QByteArray>& arguments)
@@ -158,22 +209,9 @@ int projectInfo(const QList<QByteArray>& arguments)
     const SC_Project* project = session->projectManager()->openProjectReadOnly(*folder, error);
     if (!project)
         return fail(error, failed);
-    const SC_ProjectCommon& common = *project->projectCommon();
-    QString text = QString("Project: %1\n").arg(brindle::engine::shown(project->path())) + resolutionLine(common) +
-                   QString("Colour space: %1\n").arg(common.projectColorSpace());
-    Counts total;
-    for (int index = 0; index < project->sceneCount(); ++index) {
-        if (const auto* scene = dynamic_cast<const TUScene*>(project->sceneAt(index))) {
-            const Counts counts = countsOf(*scene);
-            text += sceneLine(*scene, counts);
-            total.add(counts);
-        }
-    }
-    if (project->sceneCount() > 1)
-        text += QString("All %1 scenes: %2, %3\n")
-                    .arg(QString::number(project->sceneCount()), counted(total.frames, "frame"), contents(total));
-    const QString last = brindle::engine::shown(project->lastChange().simplified());
-    print(text + QString("Last change: %1\n").arg(last.isEmpty() ? QString("none") : last) + elementsLine(common) +
+    const bool isTemplate = QFileInfo(project->path()).suffix() == "tpl";
+    print((isTemplate ? templateText(*session, *project) : projectText(*project)) +
+          elementsLine(*project->projectCommon()) + (isTemplate ? palettesLine() : QString()) +
           sizeLine(project->path()));
     return done;
 }
