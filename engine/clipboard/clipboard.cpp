@@ -130,11 +130,16 @@ bool DD_TplUtil::SaveDragObjectAsNewTemplate(SC_SessionContext*, const DD_DragSc
     const DragScene* content = contentOf(scene.content());
     if (!content)
         return false;
-    const QString free = freeTemplatePath(path.ToString());
-    if (!writeTemplate(free, *content, scene.defaultCameraName()))
+    try {
+        const QString free = freeTemplatePath(path.ToString());
+        if (!writeTemplate(free, *content, scene.defaultCameraName()))
+            return false;
+        path = UT_Path(free);
+        return true;
+    } catch (const FolderFailure& failure) {
+        logFailure(QStringLiteral("make the template"), failure.reason);
         return false;
-    path = UT_Path(free);
-    return true;
+    }
 }
 
 DD_DragObject DD_SystemExternalAPI::CreateDragObjectFromSelection(SC_SceneCommon* common, const SL_Selection* selection,
