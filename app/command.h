@@ -13,6 +13,7 @@ int newProject(const QList<QByteArray>& arguments);
 int projectInfo(const QList<QByteArray>& arguments);
 int openDesk(const QList<QByteArray>& arguments);
 int showPalette(const QList<QByteArray>& arguments);
+int drawing(const QList<QByteArray>& arguments);
 int preferences(const QList<QByteArray>& arguments);
 
 /// How a command is called, for its help and for who misuses it.
@@ -45,6 +46,11 @@ inline constexpr Usage paletteUsage = {
     "  --import FILE  Makes the palette of a GIMP palette; it must not be there yet.\n"
     "  --out FILE     Draws the palette as a picture instead.\n"
     "  --export FILE  Writes the solid colours, and those of gradients, as a GIMP palette.\n"};
+inline constexpr Usage drawingUsage = {
+    "drawing", "import|export [--palette NAME] FILE.svg PROJECT ELEMENT NAME",
+    "Draws an SVG picture into a new drawing of an element, or writes a drawing as an SVG picture.",
+    "  --palette NAME  Puts the picture's colours into this palette of the project; else one of the picture's name.\n"
+    "                  Element and palette are made where there are none.\n"};
 inline constexpr Usage preferencesUsage = {
     "preferences", "[NAME | --set NAME VALUE | --reset NAME]",
     "Lists the preferences of the person, shows one, sets one, or gives one its default again.",

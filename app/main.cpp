@@ -22,6 +22,7 @@ constexpr Command commands[] = {{runUsage, &runScript},
                                 {newUsage, &newProject},
                                 {infoUsage, &projectInfo},
                                 {paletteUsage, &showPalette, "--out"},
+                                {drawingUsage, &drawing},
                                 {preferencesUsage, &preferences}};
 
 const Command* commandNamed(const QByteArray& name)

@@ -25,4 +25,16 @@ Picture read(const QByteArray& text)
     return picture;
 }
 
+Picture readFile(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw Exception(QStringLiteral("\"%1\" can't be read: %2.").arg(path, file.errorString()));
+    try {
+        return read(file.readAll());
+    } catch (const Exception& failure) {
+        throw Exception(QStringLiteral("\"%1\": %2").arg(path, QString::fromStdString(failure.message())));
+    }
+}
+
 } // namespace OMC::svg

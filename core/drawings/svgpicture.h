@@ -50,5 +50,7 @@ struct Picture {
 ///
 /// Qt's library for SVG does the reading, as far as it is SVG Tiny 1.2; it is loaded with the first picture.
 BRINDLE_CORE_EXPORT Picture read(const QByteArray& text);
+/// The same for a file; throws, with its name, also where that can't be read.
+BRINDLE_CORE_EXPORT Picture readFile(const QString& path);
 
 } // namespace OMC::svg

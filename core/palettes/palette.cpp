@@ -345,6 +345,14 @@ Obj Palette::append(const Obj& colour, bool duplicate)
     return add(colour, {}, duplicate, tr("Append Palette Color"));
 }
 
+void Palette::appendEntries(const std::vector<CM_Palette::Entry>& entries) const
+{
+    validate();
+    if (!entries.empty())
+        run(std::make_unique<OMC_Palette_AddColorCommand>(m_palette, CM_Palette::StoreColorList(entries)),
+            tr("Append Palette Color"));
+}
+
 Obj Palette::insert(const Obj& colour, int index, bool duplicate)
 {
     if (index < 0 || static_cast<std::size_t>(index) > size())

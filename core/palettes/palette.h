@@ -95,7 +95,9 @@ public:
     /// Adds a copy of a colour at the end, under the colour's own id. Where that id is there already it fails, or takes
     /// a new one with `duplicate`. Gives the copy.
     Obj append(const Obj& colour, bool duplicate);
-    Obj insert(const Obj& colour, int index, bool duplicate); ///< The same at an index, which may be the size.
+    void
+    appendEntries(const std::vector<CM_Palette::Entry>& entries) const; ///< Adds entries at the end, under their own ids.
+    Obj insert(const Obj& colour, int index, bool duplicate);     ///< The same at an index, which may be the size.
     /// Moves a colour here from another palette of the same list, to the end.
     void acquire(const Obj& colour);
     /// Puts a copy of a colour in the place of the one at an index, under a new id where the colour is in this palette.
