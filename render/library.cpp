@@ -3,6 +3,7 @@
 #include "render/colour/configuration.h"
 #include "render/images/imagefile.h"
 #include "render/images/newfile.h"
+#include "render/renderer.h"
 
 namespace brindle::render {
 
@@ -56,6 +57,8 @@ public:
     {
         return colourConfiguration(path, error);
     }
+
+    std::unique_ptr<CEL_Renderer> renderer() const override { return std::make_unique<Renderer>(); }
 
 private:
     static QString sentence(const QString& reason) { return reason.endsWith(u'.') ? reason : reason + u'.'; }

@@ -36,3 +36,9 @@ const RenderLibrary* RenderLibrary::find(QString& error)
 }
 
 } // namespace brindle::engine
+
+std::unique_ptr<CEL_Renderer> CEL_Renderer::create(QString& error)
+{
+    const auto* library = brindle::engine::RenderLibrary::find(error);
+    return library ? library->renderer() : nullptr;
+}

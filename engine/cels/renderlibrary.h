@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/host/cel_colorspace.h"
+#include "core/host/cel_renderer.h"
 #include "core/host/celio_manager.h"
 
 #include <memory>
@@ -40,6 +41,8 @@ public:
 
     /// The configuration in a file, or our own for an empty path. Null on failure.
     virtual std::shared_ptr<const ColourConfiguration> configuration(const QString& path, QString& error) const = 0;
+
+    virtual std::unique_ptr<CEL_Renderer> renderer() const = 0;
 };
 
 } // namespace brindle::engine

@@ -322,12 +322,24 @@ private:
 
     void addPartitionAbove(std::span<const Face> faces)
     {
-        QImage above = clearPixels(m_pixels.size());
-        const QRect before = std::exchange(m_drawn, QRect());
-        addPartition(above, faces);
+        const QRect box = boxOf(faces);
+        if (box.isEmpty())
+            return;
+        QtRasteriser above;
+        above.beginLayer(box.size(), m_place * QTransform::fromTranslate(-box.x(), -box.y()));
+        above.addPartition(above.m_pixels, faces);
         QPainter painter(&m_pixels);
-        painter.drawImage(m_drawn.topLeft(), above, m_drawn);
-        m_drawn |= before;
+        painter.drawImage(box.topLeft() + above.m_drawn.topLeft(), above.m_pixels, above.m_drawn);
+        m_drawn |= above.m_drawn.translated(box.topLeft());
+    }
+
+    /// The pixels that faces may reach.
+    QRect boxOf(std::span<const Face> faces) const
+    {
+        QRectF box;
+        for (const Face& face : faces)
+            box |= pathOf(face, m_place).controlPointRect();
+        return box.toAlignedRect().adjusted(-1, -1, 1, 1) & m_pixels.rect();
     }
 
     QImage m_pixels;

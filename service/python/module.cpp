@@ -1,7 +1,9 @@
+#include "core/drawings/svgfile.h"
 #include "service/python/describe.h"
 #include "service/python/enginegate.h"
 #include "service/python/errors.h"
 #include "service/python/interpreter.h"
+#include "service/python/nodes/render.h"
 #include "service/python/operators.h"
 #include "service/python/property.h"
 #include "service/python/session.h"
@@ -65,6 +67,20 @@ PyObject* makeModule()
             "How many objects of the object model are alive, to find what leaks."),
         function<"_rebuild", &rebuildValue, "cls, state -> BaseObject">(
             "Makes a value class's object of its state, for copy and pickle."),
+        function<"import_svg", &OMC::svg::importFile,
+                 "path: str | PathLike[str], art_layer: DrawingVectorArtLayer, palette: Palette -> list[str]">(
+            "Draws an SVG picture into an art layer, above what is there, as one undo entry; its colours and gradients "
+            "go to the end of the palette. The middle of the picture comes to the origin, and its height is that of "
+            "the field chart. Groups become layers, and so does a shape that overlaps one before it in its group. "
+            "Gives a line for each kind of thing in the picture that a drawing can't have."),
+        function<"export_svg", &OMC::svg::exportFile, "path: str | PathLike[str], drawing: Drawing -> list[str]">(
+            "Writes a drawing as an SVG file: a group for each art layer and for each layer in it. Lines of varying "
+            "thickness become areas, texts the outlines of their letters. The file is replaced whole or not at all. "
+            "Gives a line for each kind of thing in the drawing that SVG can't have."),
+        function<"_prepare_rendering", &prepareRendering, "node, frame, size=None -> object">(
+            "A job that draws what a node shows at a frame."),
+        function<"_remarks_of_job", &remarksOfJob, "job -> list[str]">("What the job can't show."),
+        function<"_render_job", &renderJob, "job, threads=1 -> Cel">("The picture of a job."),
         function<"_describe", &describeClasses, "-> list[dict[str, Any]]">("What all classes offer, as plain data."),
         {}};
     static PyModuleDef definition = {PyModuleDef_HEAD_INIT,

@@ -5,6 +5,7 @@
 #include "service/python/enginegate.h"
 #include "service/python/errors.h"
 #include "service/python/interpreter.h"
+#include "service/python/nodes/render.h"
 #include "service/python/wrapper.h"
 
 #include <QFileInfo>
@@ -43,6 +44,7 @@ SC_SessionContext& context()
 
 void dropApplication()
 {
+    forgetPictures();
     if (!session().application || !canEnterInterpreter())
         return;
     const OMC::PythonGILScope python;

@@ -9,5 +9,14 @@
     app.close()
 """
 
+import importlib
+
 from brindle._brindle import *  # noqa: F401,F403
 from brindle._brindle import __version__, _describe, _live_objects  # noqa: F401
+
+
+def __getattr__(name):
+    # What draws pictures is loaded when it is first asked for.
+    if name == "render":
+        return importlib.import_module("brindle.render")
+    raise AttributeError(f"module 'brindle' has no attribute {name!r}")

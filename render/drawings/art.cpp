@@ -1,0 +1,266 @@
+#include "render/drawings/art.h"
+
+#include "core/host/cm_color.h"
+
+#include <QImage>
+
+#include <algorithm>
+#include <cmath>
+
+namespace brindle::render {
+
+namespace {
+
+constexpr double kTolerance = 0.1; ///< Of outlines, in pixels.
+/// Outlines are kept for so many scales; one of the next scale takes the place of the oldest.
+constexpr std::size_t kMostScales = 2;
+
+/// Scales within a factor of sqrt(2) share their outlines, made for the largest of them.
+int bucketOf(double scale)
+{
+    return static_cast<int>(std::ceil(2 * std::log2(scale)));
+}
+
+double scaleOf(const QTransform& place)
+{
+    return std::sqrt(std::abs(place.m11() * place.m22() - place.m12() * place.m21()));
+}
+
+double areaOf(const std::vector<GR_BezierPath2d>& bounds)
+{
+    return bounds.empty() ? 0 : std::abs(bounds.front().GetArea());
+}
+
+bool isHair(const GR_StrokeData& stroke)
+{
+    return stroke.GetLineStyle().GetType() == GR_LineStyle::kHair;
+}
+
+/// The outline of a line that is one pixel wide.
+GR_OutlinePieces hairOutline(GR_StrokeData stroke, double scale)
+{
+    GR_LineStyle style = stroke.GetLineStyle();
+    style.SetType(GR_LineStyle::kThick);
+    style.SetThickness(1 / scale);
+    stroke.SetLineStyle(style);
+    stroke.CopyThicknessBinder(GR_ThicknessBinder());
+    return stroke.GetOutline(kTolerance / scale);
+}
+
+StrokePieces piecesOf(GR_OutlinePieces&& outline)
+{
+    return {std::move(outline.points), std::move(outline.ends)};
+}
+
+} // namespace
+
+Art::Art(const GR_CompositeVectorDrawingObj& drawing, PalettePaints& palettes, QStringList& remarks)
+    : m_box(drawing.GetVisibleWorldBBox()),
+      m_palettes(&palettes)
+{
+    for (int art = 0; art < GR_CompositeVectorDrawingObj::kArtCount; ++art)
+        if (const auto* vectors = dynamic_cast<const GR_VectorDrawingObj*>(drawing.GetArt(art)))
+            addArt(*vectors, remarks);
+    std::erase_if(m_layers, [](const Layer& layer) {
+        return layer.parted.empty() && layer.crossed.empty() && layer.lines.empty();
+    });
+    m_palettes = nullptr;
+}
+
+void Art::addArt(const GR_VectorDrawingObj& art, QStringList& remarks)
+{
+    const UT_Node* node = art.GetRootnode();
+    while ((node = node->GetNextLeaf())) {
+        m_layers.emplace_back();
+        if (const auto* layer = dynamic_cast<const GR_LayerNode*>(node))
+            addStrokes(*layer->GetLayer());
+        else if (const auto* text = dynamic_cast<const GR_TextNode*>(node))
+            addText(*text->GetLayer(), remarks);
+        else if (const auto* bitmap = dynamic_cast<const GR_BitmapNode*>(node))
+            addBitmap(*bitmap->GetLayer());
+    }
+}
+
+void Art::addStrokes(const GR_Layer& layer)
+{
+    Layer& to = m_layers.back();
+    for (const GR_Contour* contour : layer.GetContours()) {
+        const GR_ColorPtr colour = contour->GetFillColor();
+        const PaintPointer paint = colour ? paintFor(*colour) : nullptr;
+        if (!paint)
+            continue;
+        if (std::vector<GR_BezierPath2d> bounds = contour->GetArea(); !bounds.empty())
+            to.parted.push_back({std::move(bounds), paint});
+    }
+    // One area alone has no neighbours to leave a seam with.
+    if (to.parted.size() == 1) {
+        to.crossed.push_back(std::move(to.parted.front()));
+        to.parted.clear();
+    }
+    std::stable_sort(to.crossed.begin(), to.crossed.end(),
+                     [](const Area& left, const Area& right) { return areaOf(left.bounds) > areaOf(right.bounds); });
+    for (auto next = layer.GetStrokeBegin(); next != layer.GetStrokeEnd(); ++next) {
+        const GR_StrokeData& stroke = (*next)->GetStrokeData();
+        if (!stroke.GetLineStyle().IsVisible())
+            continue;
+        if (const PaintPointer paint = linePaintOf(look(stroke.GetLineStyle().GetColorID()))) {
+            to.lines.push_back({stroke, paint});
+            m_hasHair |= isHair(stroke);
+        }
+    }
+}
+
+void Art::addText(const GR_TextLayer& text, QStringList& remarks)
+{
+    const GR_ColorPtr& colour = text.GetData().colour;
+    const PaintPointer paint = colour ? paintFor(*colour) : nullptr;
+    if (!paint)
+        return;
+    try {
+        std::vector<GR_BezierPath2d> outlines = text.GetOutlines();
+        if (!outlines.empty())
+            m_layers.back().crossed.push_back({std::move(outlines), paint});
+    } catch (const std::runtime_error& error) {
+        remarks.append(QString::fromUtf8(error.what()));
+    }
+}
+
+void Art::addBitmap(const GR_BitmapLayer& bitmap)
+{
+    const GR_BitmapLayer::Data& data = bitmap.GetData();
+    if (data.width <= 0 || data.height <= 0)
+        return;
+    const QImage pixels = QImage(reinterpret_cast<const uchar*>(data.pixels.constData()), data.width, data.height,
+                                 4 * data.width, QImage::Format_RGBA8888)
+                              .copy();
+    const Math::Matrix2x3& matrix = data.matrix;
+    const QTransform toDrawing(matrix.xAxis().x, matrix.xAxis().y, matrix.yAxis().x, matrix.yAxis().y,
+                               matrix.origin().x, matrix.origin().y);
+    const QTransform upright(1, 0, 0, -1, 0, data.height);
+    GR_BezierPath2d frame;
+    const double w = data.width;
+    const double h = data.height;
+    for (const Math::Point2d& corner : {Math::Point2d{0, 0}, {w, 0}, {w, h}, {0, h}, {0, 0}})
+        frame.Append(matrix * corner, true);
+    m_layers.back().crossed.push_back(
+        {{frame}, std::make_shared<Paint>(TexturePaint{pixels, false, upright * toDrawing})});
+}
+
+Art::PaintPointer Art::paintFor(const GR_Color& colour)
+{
+    const CM_Palette::Entry texture = colour.HasTexture() ? look(colour.GetTextureID()) : nullptr;
+    return paintOf(colour, look(colour.GetColorID()), texture);
+}
+
+CM_Palette::Entry Art::look(const CM_ColorId_t& id)
+{
+    const CM_Palette::Entry entry = m_palettes->find(id);
+    if (std::none_of(m_looks.begin(), m_looks.end(), [&](const Look& known) { return known.id == id; }))
+        m_looks.push_back(lookOf(id, entry));
+    return entry;
+}
+
+Art::Look Art::lookOf(const CM_ColorId_t& id, const CM_Palette::Entry& entry)
+{
+    Look look{.id = id};
+    if (const auto colour = CM_CastToColor(entry)) {
+        look.type = colour->GetColorType();
+        look.markers = colour->gradientDataCol();
+    } else if (const auto texture = CM_CastToTexture(entry)) {
+        look.bitmap = texture->GetBitmap();
+        look.isTiled = texture->IsTile();
+    }
+    return look;
+}
+
+bool Art::isUpToDate(PalettePaints& palettes) const
+{
+    const auto sameMarker = [](const CM_GradientData& left, const CM_GradientData& right) {
+        return left.position == right.position && left.rgba == right.rgba;
+    };
+    return std::all_of(m_looks.begin(), m_looks.end(), [&](const Look& was) {
+        const Look is = lookOf(was.id, palettes.find(was.id));
+        return is.type == was.type && is.bitmap == was.bitmap && is.isTiled == was.isTiled &&
+               std::equal(is.markers.begin(), is.markers.end(), was.markers.begin(), was.markers.end(), sameMarker);
+    });
+}
+
+std::shared_ptr<const Art::Outlines> Art::outlinesAt(double scale) const
+{
+    const int bucket = bucketOf(scale);
+    const auto find = [&]() -> std::shared_ptr<const Outlines> {
+        for (const Kept& kept : m_kept)
+            if (kept.bucket == bucket)
+                return kept.outlines;
+        return nullptr;
+    };
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (auto known = find())
+            return known;
+    }
+    // Two threads may make them at once; the first one's are kept.
+    const double tolerance = kTolerance / std::exp2(bucket / 2.0);
+    auto outlines = std::make_shared<Outlines>();
+    for (const Layer& layer : m_layers) {
+        std::vector<StrokePieces>& pieces = outlines->emplace_back();
+        for (const Line& line : layer.lines)
+            pieces.push_back(isHair(line.stroke) ? StrokePieces() : piecesOf(line.stroke.GetOutline(tolerance)));
+    }
+    const QMutexLocker lock(&m_mutex);
+    if (auto known = find())
+        return known;
+    if (m_kept.size() == kMostScales)
+        m_kept.erase(m_kept.begin());
+    m_kept.push_back({bucket, outlines});
+    return outlines;
+}
+
+Picture Art::draw(const QSize& size, const QTransform& place) const
+{
+    const double scale = scaleOf(place);
+    if (m_layers.empty() || m_box.isEmpty() || !(scale > 1e-12) || !std::isfinite(scale))
+        return Picture(size);
+    const QRectF units(m_box.minX(), m_box.minY(), m_box.width(), m_box.height());
+    const double margin = m_hasHair ? 2 : 1; // Half a pixel of a hair line, and the edge of what is smoothed.
+    const QRectF reach = place.mapRect(units).adjusted(-margin, -margin, margin, margin) & QRectF({}, QSizeF(size));
+    const QRect box = reach.toAlignedRect() & QRect({}, size);
+    if (box.isEmpty())
+        return Picture(size);
+
+    const std::shared_ptr<const Outlines> outlines = outlinesAt(scale);
+    const auto facesOf = [](const std::vector<Area>& areas) {
+        std::vector<Face> faces;
+        faces.reserve(areas.size());
+        for (const Area& area : areas)
+            faces.push_back({area.bounds, area.paint.get()});
+        return faces;
+    };
+    const std::unique_ptr<Rasteriser> rasteriser = Rasteriser::make();
+    rasteriser->beginLayer(box.size(), place * QTransform::fromTranslate(-box.x(), -box.y()));
+    for (std::size_t i = 0; i < m_layers.size(); ++i) {
+        const Layer& layer = m_layers[i];
+        if (!layer.parted.empty())
+            rasteriser->addFaces(facesOf(layer.parted), Rasteriser::Faces::Partition);
+        if (!layer.crossed.empty())
+            rasteriser->addFaces(facesOf(layer.crossed), Rasteriser::Faces::Over);
+        std::vector<StrokePieces> hairs;
+        hairs.reserve(layer.lines.size());
+        std::vector<Stroke> strokes;
+        for (std::size_t line = 0; line < layer.lines.size(); ++line) {
+            const StrokePieces* pieces = &(*outlines)[i][line];
+            if (isHair(layer.lines[line].stroke))
+                pieces = &hairs.emplace_back(piecesOf(hairOutline(layer.lines[line].stroke, scale)));
+            if (!pieces->isEmpty())
+                strokes.push_back({pieces, layer.lines[line].paint.get()});
+        }
+        if (!strokes.empty())
+            rasteriser->addStrokes(strokes);
+    }
+    const Picture drawn = rasteriser->endLayer();
+    if (drawn.isEmpty())
+        return Picture(size);
+    return Picture(size, box.topLeft() + drawn.box().topLeft(), drawn.pixels());
+}
+
+} // namespace brindle::render

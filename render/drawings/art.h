@@ -1,0 +1,82 @@
+#pragma once
+
+#include "core/host/gr_drawing.h"
+#include "render/drawings/palettepaints.h"
+#include "render/picture.h"
+#include "render/raster/rasteriser.h"
+
+#include <QMutex>
+
+#include <memory>
+#include <vector>
+
+namespace brindle::render {
+
+/// What a vector drawing shows, as values: its areas, lines, texts and pictures, each with its paint, from below to
+/// above. It has no tie to the drawing that it was taken from, and never changes; any thread may draw it.
+class Art {
+public:
+    /// Taken on the thread that may read the drawing. Colours are looked up in the palettes as they are now. A line in
+    /// `remarks` for what can't be shown, as a text without a font.
+    Art(const GR_CompositeVectorDrawingObj& drawing, PalettePaints& palettes, QStringList& remarks);
+    Art(const Art&) = delete;
+    Art& operator=(const Art&) = delete;
+
+    bool isEmpty() const { return m_layers.empty(); }
+
+    /// The drawing in a picture of a size. `place` leads from the drawing's units to pixels, y down.
+    Picture draw(const QSize& size, const QTransform& place) const;
+
+    /// Whether the palettes' entries for its colours look as they did when it was made.
+    bool isUpToDate(PalettePaints& palettes) const;
+
+private:
+    using PaintPointer = std::shared_ptr<const Paint>;
+
+    struct Area {
+        std::vector<GR_BezierPath2d> bounds;
+        PaintPointer paint;
+    };
+    struct Line {
+        GR_StrokeData stroke;
+        PaintPointer paint;
+    };
+    struct Layer {
+        std::vector<Area> parted;  ///< Areas that don't overlap.
+        std::vector<Area> crossed; ///< Those of strokes that cross, the largest first.
+        std::vector<Line> lines;
+    };
+    /// How an entry of a palette looks.
+    struct Look {
+        CM_ColorId_t id;
+        int type = -1; ///< Of a colour; below 0 for none and for a texture.
+        std::vector<CM_GradientData> markers{};
+        std::shared_ptr<const BM_Bitmap> bitmap{};
+        bool isTiled = false;
+    };
+    using Outlines = std::vector<std::vector<StrokePieces>>; ///< By layer and line.
+
+    void addArt(const GR_VectorDrawingObj& art, QStringList& remarks);
+    void addStrokes(const GR_Layer& layer);
+    void addText(const GR_TextLayer& text, QStringList& remarks);
+    void addBitmap(const GR_BitmapLayer& bitmap);
+    PaintPointer paintFor(const GR_Color& colour);
+    CM_Palette::Entry look(const CM_ColorId_t& id);
+    static Look lookOf(const CM_ColorId_t& id, const CM_Palette::Entry& entry);
+    std::shared_ptr<const Outlines> outlinesAt(double scale) const;
+
+    std::vector<Layer> m_layers;
+    std::vector<Look> m_looks;
+    Math::Box2d m_box; ///< Of all that is painted, in the drawing's units.
+    bool m_hasHair = false;
+    PalettePaints* m_palettes; ///< While it is made.
+
+    struct Kept {
+        int bucket;
+        std::shared_ptr<const Outlines> outlines;
+    };
+    mutable QMutex m_mutex;
+    mutable std::vector<Kept> m_kept; ///< Of the scales that were asked for last.
+};
+
+} // namespace brindle::render

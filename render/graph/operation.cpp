@@ -1,0 +1,101 @@
+#include "render/graph/operation.h"
+
+#include "render/operations/blur.h"
+#include "render/operations/shade.h"
+
+#include <QPainter>
+
+#include <functional>
+
+namespace brindle::render {
+
+namespace {
+
+Picture shown(const QSize& size, const QImage& pixels, const QTransform& place)
+{
+    GR_BezierPath2d frame;
+    const double w = pixels.width();
+    const double h = pixels.height();
+    for (const Math::Point2d& corner : {Math::Point2d{0, 0}, {w, 0}, {w, h}, {0, h}, {0, 0}})
+        frame.Append(corner, true);
+    const QRect box = place.mapRect(QRectF(0, 0, w, h)).toAlignedRect().adjusted(-1, -1, 1, 1) & QRect({}, size);
+    if (box.isEmpty())
+        return Picture(size);
+    const Paint paint = TexturePaint{pixels, false, QTransform()};
+    const Face face{{&frame, 1}, &paint};
+    const std::unique_ptr<Rasteriser> rasteriser = Rasteriser::make();
+    rasteriser->beginLayer(box.size(), place * QTransform::fromTranslate(-box.x(), -box.y()));
+    rasteriser->addFaces({&face, 1}, Rasteriser::Faces::Over);
+    const Picture drawn = rasteriser->endLayer();
+    return drawn.isEmpty() ? Picture(size) : Picture(size, box.topLeft() + drawn.box().topLeft(), drawn.pixels());
+}
+
+} // namespace
+
+bool Operation::operator==(const Operation& other) const
+{
+    return kind == other.kind && inputs == other.inputs && art == other.art &&
+           pixels.cacheKey() == other.pixels.cacheKey() && place == other.place && colour == other.colour &&
+           mode == other.mode && isInverted == other.isInverted && across == other.across && down == other.down &&
+           opacity == other.opacity;
+}
+
+std::size_t Operation::hash() const
+{
+    std::size_t hash = static_cast<std::size_t>(kind);
+    const auto add = [&hash](auto value) { hash = hash * 1000003 + std::hash<decltype(value)>()(value); };
+    for (const OperationPtr& input : inputs)
+        add(input.get());
+    add(art.get());
+    add(static_cast<quint64>(colour));
+    for (const double number :
+         {place.m11(), place.m12(), place.m21(), place.m22(), place.dx(), place.dy(), across, down, opacity})
+        add(number);
+    return hash;
+}
+
+Picture Operation::compute(const QSize& size, std::vector<Picture> pictures) const
+{
+    switch (kind) {
+    case Empty:
+        return Picture(size);
+    case Draw:
+        return art->draw(size, place);
+    case Show:
+        return shown(size, pixels, place);
+    case Card:
+        return colourCard(size, colour);
+    case Blend:
+        blend(pictures[0], pictures[1], mode);
+        break;
+    case Cut:
+        cut(pictures[0], pictures[1], isInverted);
+        break;
+    case Blur:
+        blur(pictures[0], across, down);
+        break;
+    case Fade:
+        fade(pictures[0], opacity);
+        break;
+    }
+    return std::move(pictures[0]);
+}
+
+OperationPtr Operations::one(Operation operation)
+{
+    const std::size_t hash = operation.hash();
+    const auto [begin, end] = m_all.equal_range(hash);
+    for (auto known = begin; known != end; ++known)
+        if (OperationPtr same = known->second.lock(); same && *same == operation)
+            return same;
+    auto made = std::make_shared<const Operation>(std::move(operation));
+    m_all.emplace(hash, made);
+    return made;
+}
+
+void Operations::tidy()
+{
+    std::erase_if(m_all, [](const auto& known) { return known.second.expired(); });
+}
+
+} // namespace brindle::render

@@ -1,0 +1,83 @@
+#include "render/renderer.h"
+
+#include "core/host/mo_node.h"
+#include "core/host/sc_resolution.h"
+#include "core/host/sc_scene.h"
+#include "core/host/sc_session.h"
+
+#include <cmath>
+#include <new>
+#include <stdexcept>
+
+namespace brindle::render {
+
+namespace {
+
+class Job final : public CEL_RenderJob {
+public:
+    Job(Plan plan, std::shared_ptr<Evaluator> evaluator) : m_plan(std::move(plan)), m_evaluator(std::move(evaluator)) {}
+
+    CA_CelRef render(int threads, QString& error) const override
+    {
+        try {
+            const Picture picture = m_evaluator->picture(m_plan, threads);
+            return CA_CelRef(new CEL_Cel(picture.area()));
+        } catch (const std::bad_alloc&) {
+            error = QStringLiteral("There is not enough memory for a picture of %1 x %2 pixels.")
+                        .arg(m_plan.size.width())
+                        .arg(m_plan.size.height());
+            return CA_CelRef();
+        }
+    }
+
+    QStringList remarks() const override { return m_plan.remarks; }
+
+private:
+    Plan m_plan;
+    std::shared_ptr<Evaluator> m_evaluator;
+};
+
+bool isSide(int side)
+{
+    return side >= 1 && side <= CEL_Renderer::largestSide;
+}
+
+} // namespace
+
+std::unique_ptr<CEL_RenderJob> Renderer::prepare(MO_Node* node, double frame, const QSize& size, QString& error)
+{
+    const SC_SceneCommon* scene = node ? node->sceneCommon() : nullptr;
+    const SC_SessionContext* session = PLUG_Services::getSessionContext();
+    const SC_ProjectCommon* project = session ? session->projectCommon() : nullptr;
+    if (!scene || !project) {
+        error = QStringLiteral("There is no node to draw.");
+        return nullptr;
+    }
+    if (!node->hasImageOutput()) {
+        error = QStringLiteral("The node \"%1\" shows no picture.").arg(node->qualifiedName());
+        return nullptr;
+    }
+    if (!(frame >= 1 && frame <= scene->getNumberOfFrames())) {
+        error = QStringLiteral("The scene has no frame %1; its frames are 1 to %2.")
+                    .arg(frame)
+                    .arg(scene->getNumberOfFrames());
+        return nullptr;
+    }
+    const SC_Resolution resolution = SC_Resolution::projectResolution(project);
+    const QSize picture = size.isNull() ? QSize(resolution.width(), resolution.height()) : size;
+    if (!isSide(picture.width()) || !isSide(picture.height())) {
+        error = QStringLiteral("A picture can't have %1 x %2 pixels; its sides have 1 to %3.")
+                    .arg(picture.width())
+                    .arg(picture.height())
+                    .arg(largestSide);
+        return nullptr;
+    }
+    try {
+        return std::make_unique<Job>(m_planner.plan(*node, frame, picture, resolution), m_evaluator);
+    } catch (const std::runtime_error& circle) {
+        error = QString::fromUtf8(circle.what());
+        return nullptr;
+    }
+}
+
+} // namespace brindle::render

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "core/host/cel_renderer.h"
+#include "render/graph/evaluator.h"
+#include "render/graph/plan.h"
+
+namespace brindle::render {
+
+/// Plans the picture of a node where the project can be read, and computes it where that suits.
+class Renderer final : public CEL_Renderer {
+public:
+    std::unique_ptr<CEL_RenderJob> prepare(MO_Node* node, double frame, const QSize& size, QString& error) override;
+
+private:
+    Planner m_planner;
+    std::shared_ptr<Evaluator> m_evaluator = std::make_shared<Evaluator>(memoryLimit);
+};
+
+} // namespace brindle::render
