@@ -228,10 +228,12 @@ TEST_F(TemplatesTest, ATemplateIsPastedIntoAGroup)
     animate(hand, "angle", {{1, 0}, {2, 90}});
     const QString saved = save({hand}, "Hand");
     TUGroup* group = addGroup("Group");
-    const auto paste = [&](TUGroup* into) {
-        return DD_SystemExternalAPI::PasteTemplateIntoGroup(&scene(), nullptr, &scene(), into, saved, 4, DD_DropMode(),
-                                                            0);
+    const auto paste = [&](TUGroup* into, int frame = 4, const DD_DropMode& mode = {}) {
+        return DD_SystemExternalAPI::PasteTemplateIntoGroup(&scene(), nullptr, &scene(), into, saved, frame, mode, 0);
     };
+    DD_DropMode extending;
+    extending.extendScene = true;
+    refuses([&] { return paste(group, SceneTiming::maxCount, extending); }); // At the last step of all.
     changes([&] { return paste(group); });
     EXPECT_EQ(shown(node("Top/Group/Hand"), 6), "- - - 1 2 2");
     EXPECT_EQ(keysOf(node("Top/Group/Hand"), "angle"), (std::vector<int>{4, 5}));
