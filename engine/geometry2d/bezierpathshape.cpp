@@ -46,11 +46,16 @@ bool GR_BezierPath2d::IsPolyline() const
 
 Math::Box2d GR_BezierPath2d::GetBox() const
 {
-    Math::Box2d box;
-    if (GetNumBezier() == 0)
-        return GetInnerBox();
-    for (const PlaneCurve& curve : planeCurves(*this))
-        box.AddClosed(tightBox(curve));
+    // Curves whose handles are within what is known already add nothing.
+    Math::Box2d box = GetInnerBox();
+    for (std::size_t index = 1; index < m_onCurve.size(); ++index) {
+        const auto first = m_points.begin() + m_onCurve[index - 1];
+        PlaneCurve curve{m_onCurve[index] - m_onCurve[index - 1]};
+        std::copy_n(first, curve.degree + 1, curve.points.begin());
+        const auto used = curve.used();
+        if (!std::ranges::all_of(used, [&box](const auto& point) { return box.contains(point); }))
+            box.AddClosed(tightBox(curve));
+    }
     return box;
 }
 

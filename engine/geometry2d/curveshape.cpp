@@ -9,14 +9,28 @@ namespace {
 
 constexpr double onTheLine = 1e-12; // of the curve's size
 
-/// Adds the places where one coordinate of the curve turns back.
+/// Adds the places where one coordinate of the curve turns back: the roots of its derivative, which is quadratic at
+/// most. Near a place where the curve turns, an error of the root counts by its square.
 void addTurns(const PlaneCurve& curve, const PlaneCurve& slopes, double Math::Point2d::*coordinate, Math::Box2d& box)
 {
-    std::array<double, GR_Bezier2d::maxDegree> coefficients{};
-    for (unsigned int i = 0; i <= slopes.degree; ++i)
-        coefficients[i] = slopes.points[i].*coordinate;
-    for (const double t : bernsteinRoots({coefficients.data(), slopes.degree + 1}))
-        box.AddClosed(curve.at(t));
+    const auto addAt = [&](double t) {
+        if (t > 0 && t < 1)
+            box.AddClosed(curve.at(t));
+    };
+    const double first = slopes.points[0].*coordinate;
+    const double second = slopes.points[1].*coordinate;
+    if (slopes.degree == 1) {
+        addAt(first / (first - second));
+    } else if (slopes.degree == 2) {
+        const double third = slopes.points[2].*coordinate;
+        const double half = second - first;
+        const double discriminant = second * second - first * third;
+        if (discriminant < 0)
+            return;
+        const double sum = -(half + std::copysign(std::sqrt(discriminant), half));
+        addAt(sum / (first - 2 * second + third));
+        addAt(first / sum);
+    }
 }
 
 /// A place and a weight of Gauss's quadrature on [-1, 1].
@@ -88,12 +102,20 @@ Math::Box2d tightBox(const PlaneCurve& curve)
 {
     requireFinite(curve);
     Math::Box2d box(curve.from(), curve.to());
-    if (std::ranges::all_of(curve.used(), [&box](const auto& point) { return box.contains(point); }))
+    bool isWithinX = true;
+    bool isWithinY = true;
+    for (const Math::Point2d& point : curve.used()) {
+        isWithinX = isWithinX && point.x >= box.minX() && point.x <= box.maxX();
+        isWithinY = isWithinY && point.y >= box.minY() && point.y <= box.maxY();
+    }
+    if (isWithinX && isWithinY)
         return box;
     const UnitFrame frame(curve.used());
     const PlaneCurve slopes = frame.toUnit(curve).derivative();
-    addTurns(curve, slopes, &Math::Point2d::x, box);
-    addTurns(curve, slopes, &Math::Point2d::y, box);
+    if (!isWithinX)
+        addTurns(curve, slopes, &Math::Point2d::x, box);
+    if (!isWithinY)
+        addTurns(curve, slopes, &Math::Point2d::y, box);
     return box;
 }
 
