@@ -289,7 +289,7 @@ bool DrawingVectorStroke::getDegenerate() const
 QVariant DrawingVectorStroke::colourAt(GR_StrokeSide side) const
 {
     const GR_ColorPtr& colour = data().GetColor(static_cast<int>(side));
-    return colour ? toVariant(new DrawingVectorColour(colour)) : QVariant();
+    return toVariant(colour ? new DrawingVectorColour(colour) : nullptr);
 }
 
 void DrawingVectorStroke::setColourAt(GR_StrokeSide side, const QVariant& value)
