@@ -26,6 +26,7 @@ import exposures
 import javascript
 import operations
 import palettes
+import strokes
 from floors import objects
 from measure import Samples, silence
 
@@ -223,6 +224,7 @@ def main():
         columns.measure(samples, root)
         elements.measure(samples, root)
         exposures.measure(samples, root)
+        strokes.measure(samples, root)
         with brindle.create(f"{root}/10") as app:
             create_nodes(app.scene, 10)
             search(app, 10)
