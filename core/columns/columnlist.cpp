@@ -177,11 +177,17 @@ void ColumnList::remove(const QVariant& selector)
             if (!SU_CleanUpCommands::removeColumns(&scene, {column}))
                 errors.append(tr("Failed to remove sound column: %1").arg(name));
             break;
-        case TUTimedValue::kAnnotation:
-        case TUTimedValue::kFileLibrary:
+        default:
             errors.append(tr("Unsupported column : %1").arg(name));
             break;
-        default:
+        case TUTimedValue::kDrawing:
+        case TUTimedValue::k3dPath:
+        case TUTimedValue::kBezier:
+        case TUTimedValue::kEase:
+        case TUTimedValue::kExpression:
+        case TUTimedValue::kTiming:
+        case TUTimedValue::kVeloBased:
+        case TUTimedValue::kQuaternionPath:
             if (const auto nodes = column->linkedNodes(); !nodes.empty())
                 errors.append(tr("Column is still linked : %1 [%2 nodes]").arg(name, QString::number(nodes.size())));
             else if (!SU_CleanUpCommands::removeColumns(&scene, {column}))

@@ -47,7 +47,7 @@ public:
     /// "QUATERNION_PATH", "ANNOTATION" or "FILE_LIBRARY", in any case of letters. Without a name it is anonymous. The
     /// options are read for a drawing column alone, which gets an element of its own: {"scanType": "COLOR",
     /// "GRAY_SCALE" or "BW", "fieldChart": a number, "pixmapFormat": a format's name, "vectorType": a text,
-    /// "createNode": whether a node shows it}. Null where the project has no columns of the type.
+    /// "createNode": whether a node shows it}.
     virtual Obj create(const QString& type, const QString& name, const QVariant& options);
     /// Removes columns, all or none. One that is still linked is refused, and so are those of annotations and
     /// libraries.

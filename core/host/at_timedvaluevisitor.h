@@ -4,6 +4,7 @@
 #include "core/host/tu_easetimedvalue.h"
 #include "core/host/tu_exprtimedvalue.h"
 #include "core/host/tu_seqtimedvalue.h"
+#include "core/host/tu_texttimedvalues.h"
 #include "core/host/tu_timedvalue.h"
 #include "core/host/tu_velobasedtimedvalue.h"
 
@@ -12,6 +13,9 @@ class BRINDLE_HOST_EXPORT AT_TimedValueVisitor {
 public:
     virtual ~AT_TimedValueVisitor() = default;
     virtual void visit(TUTimedValue&) {}
+    virtual void visit(TUSoundTimedValue& column) { visit(static_cast<TUTimedValue&>(column)); }
+    virtual void visit(AT_AnnotationTimedValue& column) { visit(static_cast<TUTimedValue&>(column)); }
+    virtual void visit(AT_FileLibraryTimedValue& column) { visit(static_cast<TUTimedValue&>(column)); }
     virtual void visit(TUExprTimedValue& column) { visit(static_cast<TUTimedValue&>(column)); }
     virtual void visit(AT_FncTimedValue& column) { visit(static_cast<TUTimedValue&>(column)); }
     virtual void visit(TUFnc2DTimedValue& column) { visit(static_cast<AT_FncTimedValue&>(column)); }

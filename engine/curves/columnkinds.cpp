@@ -6,6 +6,7 @@
 #include "engine/curves/motioncolumn.h"
 #include "engine/curves/velocitycolumn.h"
 #include "engine/exposure/exposurecolumn.h"
+#include "engine/exposure/textcolumn.h"
 #include "engine/folder/jsonplace.h"
 
 #include <algorithm>
@@ -14,8 +15,9 @@ namespace brindle::engine {
 
 namespace {
 
-constexpr const ColumnKind* kinds[] = {&drawingKind,    &path3dKind, &bezierKind,   &easeKind,
-                                       &expressionKind, &timingKind, &velocityKind, &quaternionKind};
+constexpr const ColumnKind* kinds[] = {&drawingKind,    &soundKind,      &path3dKind,     &bezierKind,
+                                       &easeKind,       &expressionKind, &timingKind,     &velocityKind,
+                                       &quaternionKind, &annotationKind, &fileLibraryKind};
 
 } // namespace
 

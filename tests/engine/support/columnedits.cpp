@@ -4,6 +4,7 @@
 #include "core/host/em_commands.h"
 #include "core/host/sc_scene.h"
 #include "engine/curves/column.h"
+#include "engine/exposure/textcolumn.h"
 
 #include <limits>
 
@@ -79,25 +80,14 @@ public:
             made = std::make_unique<edit::SpliceCmd>(&column, frame(), true, below(2));
             break;
         case 1:
-            made = std::make_unique<edit::RemovePointCmd>(&column, at);
-            break;
-        case 2:
-            made = std::make_unique<edit::SetPointCmd2>(&column, at, below(3) ? at : frame(), number());
-            break;
-        case 3:
             made = std::make_unique<edit::SetLeftHandleGlobalCmd>(&column, at, at - below(9), number());
             break;
-        case 4:
+        case 2:
             made = std::make_unique<edit::SetRightHandleGlobalCmd>(&column, at, at + below(9), number());
             break;
-        case 5:
-            made = std::make_unique<edit::SetConstSegCmd>(&column, at, below(2));
-            break;
-        case 6:
-            made = std::make_unique<edit::SetContinuityCmd>(&column, at, static_cast<int>(below(4)), 0);
-            break;
         default:
-            visit(static_cast<TUFnc2DTimedValue&>(column));
+            editPoint<edit::RemovePointCmd, edit::SetPointCmd2, edit::SetConstSegCmd, edit::SetContinuityCmd>(column,
+                                                                                                              at);
         }
     }
 
@@ -110,31 +100,20 @@ public:
             made = std::make_unique<edit::SpliceCmd>(&column, frame(), true);
             break;
         case 1:
-            made = std::make_unique<edit::RemovePointCmd>(&column, at);
-            break;
-        case 2:
-            made = std::make_unique<edit::SetPointCmd2>(&column, at, below(3) ? at : frame(), number());
-            break;
-        case 3:
             made = std::make_unique<edit::SetEaseInCmd>(&column, at, number() / 10);
             break;
-        case 4:
+        case 2:
             made = std::make_unique<edit::SetEaseOutCmd>(&column, at, number() / 10);
             break;
-        case 5:
+        case 3:
             made = std::make_unique<edit::SetSlopeInCmd>(&column, at, number());
             break;
-        case 6:
+        case 4:
             made = std::make_unique<edit::SetSlopeOutCmd>(&column, at, number());
             break;
-        case 7:
-            made = std::make_unique<edit::SetConstSegCmd>(&column, at, below(2));
-            break;
-        case 8:
-            made = std::make_unique<edit::SetContinuityCmd>(&column, at, static_cast<int>(below(3)), 0);
-            break;
         default:
-            visit(static_cast<TUFnc2DTimedValue&>(column));
+            editPoint<edit::RemovePointCmd, edit::SetPointCmd2, edit::SetConstSegCmd, edit::SetContinuityCmd>(column,
+                                                                                                              at);
         }
     }
 
@@ -224,9 +203,41 @@ public:
         }
     }
 
+    void visit(TUSoundTimedValue& column) override { writeText(column); }
+    void visit(AT_AnnotationTimedValue& column) override { writeText(column); }
+    void visit(AT_FileLibraryTimedValue& column) override { writeText(column); }
+
     std::unique_ptr<CO_Command> made;
 
 private:
+    /// One of the edits that bezier and ease columns share, or one of those that all curves have.
+    template <typename Remove, typename SetPoint, typename SetConstSegment, typename SetContinuity, typename Column>
+    void editPoint(Column& column, double at)
+    {
+        switch (below(5)) {
+        case 0:
+            made = std::make_unique<Remove>(&column, at);
+            break;
+        case 1:
+            made = std::make_unique<SetPoint>(&column, at, below(3) ? at : frame(), number());
+            break;
+        case 2:
+            made = std::make_unique<SetConstSegment>(&column, at, below(2));
+            break;
+        case 3:
+            made = std::make_unique<SetContinuity>(&column, at, static_cast<int>(below(4)), 0);
+            break;
+        default:
+            visit(static_cast<TUFnc2DTimedValue&>(column));
+        }
+    }
+    void writeText(TUTimedValue& column)
+    {
+        static const QStringList texts{"", "x", "x", "two\nlines", "\U0001F600"};
+        made = brindle::engine::TextCells::of(&column)->writeCommand(
+            static_cast<int>(frame()), static_cast<int>(below(4)), texts[static_cast<int>(below(5))]);
+    }
+
     unsigned int below(unsigned int count) { return static_cast<unsigned int>(m_random() % count); }
     double frame() { return below(4) ? below(60) : below(600) / 10.0 - 5; }
     double number()
