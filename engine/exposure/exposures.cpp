@@ -204,7 +204,7 @@ Exposures::Change Exposures::exposedOnly(int frame, const QStringList& drawings)
         ++frame;
     }
     const std::size_t behind = placeFrom(end);
-    if (behind == m_all.size() || m_all[behind].frame != end)
+    if (end <= lastFrame && (behind == m_all.size() || m_all[behind].frame != end))
         sheet.show(end, at(end));
     sheet.add(std::span(m_all).subspan(behind));
     return changeTo(sheet);
