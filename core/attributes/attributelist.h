@@ -57,9 +57,10 @@ public:
     virtual Obj operator()(const QString& name) const;
 
     /// Adds an attribute to the node, at the level of the list: `name` is its keyword, or a dotted path below the
-    /// level, whose groups are made along with it. Types are told in any case: "BOOL", "INT", "DOUBLE", "STRING",
-    /// "COLOUR", "POSITION_2D", "POSITION_3D", "SCALE_3D", "ROTATION_3D" and "DYNAMIC_GROUP". `parent` is the name that
-    /// people read, the keyword where it is empty. `linkable` lets a column drive it. Fails for a name that is taken.
+    /// level, whose groups are made along with it. Types are told in any case: "BOOL", "INT", "DOUBLE", "DOUBLE_VB",
+    /// "STRING", "COLOUR", "POSITION_2D", "POSITION_3D", "SCALE_3D", "ROTATION_3D" and "DYNAMIC_GROUP". `parent` is the
+    /// name that people read, the keyword where it is empty. `linkable` lets a column drive it. Fails for a name that
+    /// is taken.
     virtual Obj createDynamicAttr(const QString& name, const QString& type, const QString& parent, bool linkable);
     /// Takes an attribute that was added to the node away, with all that is in it: the attribute, its keyword at the
     /// list's level, or a dotted path. Its links to columns are cut.

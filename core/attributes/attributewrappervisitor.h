@@ -35,14 +35,14 @@ struct AttributeWrapperTable {
 };
 using AttributeWrappers = AttributeWrapperTable<
     AttributeWrapper<AT_BoolAttr, BoolAttribute>, AttributeWrapper<AT_IntAttr, IntAttribute>,
-    AttributeWrapper<AT_DoubleAttr, DoubleAttribute>, AttributeWrapper<AT_StringAttr, TextAttribute>,
-    AttributeWrapper<AT_EnumAttrBase, EnumAttribute>, AttributeWrapper<AT_ElementAttr, ElementAttribute>,
-    AttributeWrapper<AT_TimingAttr, TimingAttribute>, AttributeWrapper<AT_DrawingAttr, DrawingAttribute>,
-    AttributeWrapper<AT_ColorAttr, ColourAttribute>, AttributeWrapper<AT_Position2dAttr, Position2DAttribute>,
-    AttributeWrapper<AT_Scale3dAttr, Position3DAttribute>, AttributeWrapper<AT_Rotation3dAttr, Position3DAttribute>,
-    AttributeWrapper<AT_Position3dAttr, Position3DAttribute>, AttributeWrapper<AT_DynGroupAttr, Attribute>,
-    AttributeWrapper<AT_SimpleAttr, Attribute>, AttributeWrapper<AT_ComplexAttr, Attribute>,
-    AttributeWrapper<AT_Attr, Attribute>>;
+    AttributeWrapper<AT_DoubleVbAttr, DoubleAttribute>, AttributeWrapper<AT_DoubleAttr, DoubleAttribute>,
+    AttributeWrapper<AT_StringAttr, TextAttribute>, AttributeWrapper<AT_EnumAttrBase, EnumAttribute>,
+    AttributeWrapper<AT_ElementAttr, ElementAttribute>, AttributeWrapper<AT_TimingAttr, TimingAttribute>,
+    AttributeWrapper<AT_DrawingAttr, DrawingAttribute>, AttributeWrapper<AT_ColorAttr, ColourAttribute>,
+    AttributeWrapper<AT_Position2dAttr, Position2DAttribute>, AttributeWrapper<AT_Scale3dAttr, Position3DAttribute>,
+    AttributeWrapper<AT_Rotation3dAttr, Position3DAttribute>, AttributeWrapper<AT_Position3dAttr, Position3DAttribute>,
+    AttributeWrapper<AT_DynGroupAttr, Attribute>, AttributeWrapper<AT_SimpleAttr, Attribute>,
+    AttributeWrapper<AT_ComplexAttr, Attribute>, AttributeWrapper<AT_Attr, Attribute>>;
 static_assert(std::is_same_v<AttributeWrappers::Kinds, AT_AttrKinds>, "each kind of attribute has its row, in order");
 
 /// The visits of the rows of a table.

@@ -138,6 +138,9 @@ public:
     virtual double step() const = 0;
 };
 
+/// A number that changes at a speed of its own: the column that it is given is a velocity column.
+class BRINDLE_HOST_EXPORT AT_DoubleVbAttr : public AT_DoubleAttr {};
+
 /// One of a list of options; it can't be linked to a column.
 class BRINDLE_HOST_EXPORT AT_EnumAttrBase : public AT_SimpleAttr {
 public:
@@ -252,9 +255,9 @@ struct AT_AttrKindList {
 /// All classes of attributes that a visitor tells apart, each ahead of those that it derives from. An attribute's own
 /// class is one of them.
 using AT_AttrKinds =
-    AT_AttrKindList<AT_BoolAttr, AT_IntAttr, AT_DoubleAttr, AT_StringAttr, AT_EnumAttrBase, AT_ElementAttr,
-                    AT_TimingAttr, AT_DrawingAttr, AT_ColorAttr, AT_Position2dAttr, AT_Scale3dAttr, AT_Rotation3dAttr,
-                    AT_Position3dAttr, AT_DynGroupAttr, AT_SimpleAttr, AT_ComplexAttr, AT_Attr>;
+    AT_AttrKindList<AT_BoolAttr, AT_IntAttr, AT_DoubleVbAttr, AT_DoubleAttr, AT_StringAttr, AT_EnumAttrBase,
+                    AT_ElementAttr, AT_TimingAttr, AT_DrawingAttr, AT_ColorAttr, AT_Position2dAttr, AT_Scale3dAttr,
+                    AT_Rotation3dAttr, AT_Position3dAttr, AT_DynGroupAttr, AT_SimpleAttr, AT_ComplexAttr, AT_Attr>;
 
 /// Called by AT_Attr::accept with the attribute's own class. The visit of a class, unless it is overridden, calls that
 /// of the nearest class of the list that it derives from; the one of AT_Attr does nothing.

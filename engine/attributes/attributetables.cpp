@@ -39,6 +39,18 @@ constexpr AttributeSpec number(Keyword keyword, Title title, double defaultValue
             .step = step};
 }
 
+constexpr AttributeSpec velocityNumber(Keyword keyword, Title title)
+{
+    return {.keyword = keyword,
+            .displayName = title,
+            .typeText = u"DOUBLE_VB",
+            .kind = attributeKind<VelocityAttribute>,
+            .linkable = true,
+            .minimum = -unbounded,
+            .maximum = unbounded,
+            .step = 0.1};
+}
+
 constexpr AttributeSpec bounded(AttributeSpec spec, double minimum, double maximum)
 {
     spec.minimum = minimum;
@@ -193,6 +205,7 @@ constexpr AttributeSpec addedTypes[] = {
     onOff({}, {}, false),
     wholeNumber({}, {}),
     number({}, {}),
+    velocityNumber({}, {}),
     text({}, {}),
     compound<ColourAttribute>({}, {}, u"COLOUR", colourMembers),
     compound<Position2d>({}, {}, u"POSITION_2D", std::span(positionMembers).first<2>()),

@@ -2,6 +2,7 @@
 
 #include "engine/attributes/attributetext.h"
 #include "engine/curves/columnkinds.h"
+#include "engine/curves/velocitycolumn.h"
 
 #include <algorithm>
 #include <bit>
@@ -160,8 +161,9 @@ TUTimedValue* NumberAttribute<Base>::createTimedValue() const
     const SC_SceneCommon* scene = this->sceneCommon();
     if (!scene || !this->meta().isLinkable())
         return nullptr;
+    const ColumnKind& kind = std::is_same_v<Base, AT_DoubleVbAttr> ? velocityKind : numberColumnKind();
     const QString name = TUTimedValue::generateAnonymousName(scene, QString());
-    return Column::asTimedValue(numberColumnKind().make(name, true)).release();
+    return Column::asTimedValue(kind.make(name, true)).release();
 }
 
 template <typename Base>
@@ -182,5 +184,6 @@ CO_Command* NumberAttribute<Base>::setTextCommand(double frame, const QString& t
 template class NumberAttribute<AT_BoolAttr>;
 template class NumberAttribute<AT_IntAttr>;
 template class NumberAttribute<AT_DoubleAttr>;
+template class NumberAttribute<AT_DoubleVbAttr>;
 
 } // namespace brindle::engine

@@ -6,7 +6,7 @@
 
 namespace brindle::engine {
 
-/// An attribute with a number: AT_BoolAttr, AT_IntAttr and AT_DoubleAttr.
+/// An attribute with a number: AT_BoolAttr, AT_IntAttr, AT_DoubleAttr and AT_DoubleVbAttr.
 ///
 /// - A linked column that has keys gives the value at a frame; until it has, and without one, the local value holds.
 ///   An int rounds what the column says, a bool is true for all but 0.
@@ -59,16 +59,20 @@ public:
     int step() const override { return static_cast<int>(meta().spec().step); }
 };
 
-class DoubleAttribute final : public NumberAttribute<AT_DoubleAttr> {
+template <typename Base>
+class RealNumberAttribute final : public NumberAttribute<Base> {
 public:
-    using NumberAttribute::NumberAttribute;
-    double minValue() const override { return meta().spec().minimum; }
-    double maxValue() const override { return meta().spec().maximum; }
-    double step() const override { return meta().spec().step; }
+    using NumberAttribute<Base>::NumberAttribute;
+    double minValue() const override { return this->meta().spec().minimum; }
+    double maxValue() const override { return this->meta().spec().maximum; }
+    double step() const override { return this->meta().spec().step; }
 };
+using DoubleAttribute = RealNumberAttribute<AT_DoubleAttr>;
+using VelocityAttribute = RealNumberAttribute<AT_DoubleVbAttr>;
 
 extern template class NumberAttribute<AT_BoolAttr>;
 extern template class NumberAttribute<AT_IntAttr>;
 extern template class NumberAttribute<AT_DoubleAttr>;
+extern template class NumberAttribute<AT_DoubleVbAttr>;
 
 } // namespace brindle::engine

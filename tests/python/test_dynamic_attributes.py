@@ -7,7 +7,7 @@ import support
 
 CREATE = ["Create Dynamic Attribute"]
 REMOVE = ["Remove Dynamic Attribute"]
-TYPES = ["BOOL", "COLOUR", "DOUBLE", "DYNAMIC_GROUP", "INT", "POSITION_2D", "POSITION_3D", "ROTATION_3D", "SCALE_3D",
+TYPES = ["BOOL", "COLOUR", "DOUBLE", "DOUBLE_VB", "DYNAMIC_GROUP", "INT", "POSITION_2D", "POSITION_3D", "ROTATION_3D", "SCALE_3D",
          "STRING"]
 
 
@@ -208,3 +208,25 @@ def test_a_damaged_file_is_refused_with_the_place(app, folder, peg, added, sente
     with pytest.raises(brindle.Error) as failure:
         brindle.open(folder)
     assert sentence in str(failure.value)
+
+
+def test_a_velocity_number_gets_a_velocity_column(app, folder, peg):
+    attribute = peg.attributes.create_dynamic_attr("speed", "double_vb", "Speed", True)
+    assert isinstance(attribute, brindle.DoubleAttribute) and attribute.type == "DOUBLE_VB"
+    app.project.history.clear()
+    before = support.saved(app, folder)
+    attribute.set_value(5, 2.5)
+    assert type(attribute.column) is brindle.VeloBasedColumn
+    assert labels(app) == ["Set Attribute Value"]
+    attribute.set_value(15, 7.5)
+    attribute.offset_value([5, 15], 1)
+    assert [attribute.value(frame) for frame in (1, 5, 15, 60)] == [2.5, 3.5, 8.5, 7.5]
+    assert 3.5 < attribute.value(10) < 8.5
+    app.project.history.undo(3)
+    assert support.saved(app, folder) == before
+    app.project.history.redo(3)
+    app.save()
+    app.close()
+    with brindle.open(folder) as again:
+        attribute = again.scene.nodes["Top/Peg"].attributes["speed"]
+        assert (attribute.type, attribute.value(15), attribute.column.type) == ("DOUBLE_VB", 8.5, "VELOBASED")

@@ -38,8 +38,8 @@ protected:
 TEST_F(AddedAttributeTest, EveryTypeCanBeAddedBehindTheAttributesOfTheNodesType)
 {
     const QStringList types = AT_AttrFactorySingleton().keys();
-    EXPECT_EQ(types, QStringList({"BOOL", "COLOUR", "DOUBLE", "DYNAMIC_GROUP", "INT", "POSITION_2D", "POSITION_3D",
-                                  "ROTATION_3D", "SCALE_3D", "STRING"}));
+    EXPECT_EQ(types, QStringList({"BOOL", "COLOUR", "DOUBLE", "DOUBLE_VB", "DYNAMIC_GROUP", "INT", "POSITION_2D",
+                                  "POSITION_3D", "ROTATION_3D", "SCALE_3D", "STRING"}));
     const QStringList before = keywords();
     for (const QString& type : types) {
         const QString was = state();
