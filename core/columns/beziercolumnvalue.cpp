@@ -1,108 +1,39 @@
 #include "core/columns/beziercolumnvalue.h"
 
-#include "core/columns/columnedit.h"
-#include "core/columns/continuitywords.h"
-#include "core/frame/finite.h"
-
-#include <cmath>
+#include "core/columns/curvecolumnvalue_p.h"
 
 namespace OMC {
 
 namespace beziercmd = tu_timedvalue::bezier;
 
-std::string BezierColumnValue::__str__() const
-{
-    return tr("BezierColumnValue(\"%1\", %2)").arg(column().getName(), QString::number(frame())).toStdString();
-}
+template <>
+constexpr CurveValueRules curveValueRules<TUBezierTimedValue>{
+    .description = QT_TRANSLATE_NOOP("OMC::BezierColumnValue", "BezierColumnValue(\"%1\", %2)"),
+    .valueLabel = QT_TRANSLATE_NOOP("OMC::BezierColumnValue", "Set Bezier Point "),
+    .keyLabel = QT_TRANSLATE_NOOP("OMC::BezierColumnValue", "Set Bezier Point "),
+    .removalLabel = QT_TRANSLATE_NOOP("OMC::BezierColumnValue", "Remove Bezier Point "),
+    .continuityCount = continuitywords::bezierCount,
+    .continuities = "STRAIGHT, CORNER, SMOOTH"};
 
-double BezierColumnValue::getFrame() const
-{
-    column();
-    return frame();
-}
+template <>
+struct CurveCommands<TUBezierTimedValue> {
+    using Splice = beziercmd::SpliceCmd;
+    using Remove = beziercmd::RemovePointCmd;
+    using SetPoint = beziercmd::SetPointCmd2;
+    using SetConstSegment = beziercmd::SetConstSegCmd;
+    using SetContinuity = beziercmd::SetContinuityCmd;
 
-QVariant BezierColumnValue::getValue() const
-{
-    return column().evaluate(frame());
-}
-
-void BezierColumnValue::setValue(const QVariant& variant)
-{
-    const Place here = place();
-    TUBezierTimedValue& column = here.column;
-    const double value = numberFrom(variant);
-    if (here.isKey && std::abs(value - column.evaluate(frame())) < valueTolerance)
-        return;
-
-    ColumnEdit edit(column, tr("Set Bezier Point ") + column.getDisplayName());
-    if (!here.isKey)
-        edit.run(new beziercmd::SpliceCmd(&column, frame(), true));
-    const double delta = value - pointAt(column, frame()).value;
-    edit.run(new beziercmd::SetPointCmd2(&column, frame(), frame(), value));
-    const BezierCtrlPt point = pointAt(column, frame());
-    if (std::abs(delta) <= valueTolerance)
-        return;
-    edit.run(new beziercmd::SetLeftHandleGlobalCmd(&column, frame(), point.leftX, point.leftY + delta));
-    edit.run(new beziercmd::SetRightHandleGlobalCmd(&column, frame(), point.rightX, point.rightY + delta));
-}
-
-bool BezierColumnValue::getKey() const
-{
-    return place().isKey;
-}
-
-void BezierColumnValue::setKey(bool key)
-{
-    const Place here = place();
-    if (key == here.isKey)
-        return;
-    if (key) {
-        ColumnEdit edit(here.column, tr("Set Bezier Point ") + here.column.getDisplayName());
-        edit.run(new beziercmd::SpliceCmd(&here.column, frame(), true));
-        pointAt(here.column, frame());
-    } else {
-        ColumnEdit edit(here.column, tr("Remove Bezier Point ") + here.column.getDisplayName());
-        edit.run(new beziercmd::RemovePointCmd(&here.column, frame()));
-        BezierCtrlPt point;
-        if (here.column.pointAt(frame(), point))
-            unexpected::fail(unexpected::Error);
+    /// Moves the handles along with their point.
+    static void carryHandles(ColumnEdit& edit, TUBezierTimedValue& column, double frame, double delta)
+    {
+        const BezierCtrlPt point = pointAt(column, frame);
+        edit.run(new beziercmd::SetLeftHandleGlobalCmd(&column, frame, point.leftX, point.leftY + delta));
+        edit.run(new beziercmd::SetRightHandleGlobalCmd(&column, frame, point.rightX, point.rightY + delta));
     }
-}
+};
 
-bool BezierColumnValue::getConstSegment() const
-{
-    const Place here = place();
-    return here.hasPoint && here.point.constSegment;
-}
-
-void BezierColumnValue::setConstSegment(bool constSegment)
-{
-    const Place key = keyPlace();
-    if (constSegment == key.point.constSegment)
-        return;
-    ColumnEdit edit(key.column, tr("Set Constant Segment on ") + key.column.getDisplayName());
-    edit.run(new beziercmd::SetConstSegCmd(&key.column, frame(), constSegment));
-}
-
-QString BezierColumnValue::getContinuity() const
-{
-    const Place here = place();
-    return continuitywords::wordFor(here.hasPoint ? here.point.continuity : -1, continuitywords::bezierCount);
-}
-
-void BezierColumnValue::setContinuity(const QString& continuity)
-{
-    const Place key = keyPlace();
-    const int number = continuitywords::numberFor(continuity, continuitywords::bezierCount);
-    if (number < 0)
-        throw Exception(tr("Invalid continuity value %1. Accepted values are : %2 ")
-                            .arg(continuity, QStringLiteral("STRAIGHT, CORNER, SMOOTH")));
-    if (number == key.point.continuity)
-        return;
-    // Required: the label is the constant segment's.
-    ColumnEdit edit(key.column, tr("Set Constant Segment on ") + key.column.getDisplayName());
-    edit.run(new beziercmd::SetContinuityCmd(&key.column, frame(), number, 0));
-}
+template class CurveColumnValue<BezierColumnValue, TUBezierTimedValue>;
+template class SegmentColumnValue<BezierColumnValue, TUBezierTimedValue>;
 
 double BezierColumnValue::getHandleLeftX() const
 {
@@ -111,7 +42,7 @@ double BezierColumnValue::getHandleLeftX() const
 
 void BezierColumnValue::setHandleLeftX(double x)
 {
-    const Place key = keyPlace();
+    const Place key = segmentPlace();
     requireFinite(x, 0);
     if (x != key.point.leftX)
         setLeftHandle(key, x, key.point.leftY);
@@ -124,7 +55,7 @@ double BezierColumnValue::getHandleLeftY() const
 
 void BezierColumnValue::setHandleLeftY(double y)
 {
-    const Place key = keyPlace();
+    const Place key = segmentPlace();
     requireFinite(y, 0);
     if (y != key.point.leftY)
         setLeftHandle(key, key.point.leftX, y);
@@ -137,7 +68,7 @@ double BezierColumnValue::getHandleRightX() const
 
 void BezierColumnValue::setHandleRightX(double x)
 {
-    const Place key = keyPlace();
+    const Place key = segmentPlace();
     requireFinite(x, 0);
     if (x != key.point.rightX)
         setRightHandle(key, x, key.point.rightY);
@@ -150,26 +81,10 @@ double BezierColumnValue::getHandleRightY() const
 
 void BezierColumnValue::setHandleRightY(double y)
 {
-    const Place key = keyPlace();
+    const Place key = segmentPlace();
     requireFinite(y, 0);
     if (y != key.point.rightY)
         setRightHandle(key, key.point.rightX, y);
-}
-
-Obj BezierColumnValue::getKeyframePrevious() const
-{
-    return previousOf(*this);
-}
-
-Obj BezierColumnValue::getKeyframeNext() const
-{
-    return nextOf(*this);
-}
-
-// Required: the constant segment's text stands for continuity and handles too.
-BezierColumnValue::Place BezierColumnValue::keyPlace() const
-{
-    return FramedValue::keyPlace(tr("Constant Segment can only be set on a keyframe."));
 }
 
 void BezierColumnValue::setLeftHandle(const Place& key, double x, double y)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/columns/framedvalue.h"
+#include "core/columns/curvecolumnvalue.h"
 
 namespace OMC {
 
@@ -8,7 +8,7 @@ namespace OMC {
 /// those of the keyframe before. Setting the value makes a keyframe; the rest is set on keyframes alone.
 ///
 /// Handles are in frames (x) and in the column's values (y). Threads are the column's care.
-class BRINDLE_CORE_EXPORT BezierColumnValue : public FramedValue<TUBezierTimedValue> {
+class BRINDLE_CORE_EXPORT BezierColumnValue : public SegmentColumnValue<BezierColumnValue, TUBezierTimedValue> {
     Q_OBJECT
     BRINDLE_COPYABLE(BezierColumnValue)
     Q_PROPERTY(bool key READ getKey WRITE setKey)
@@ -22,20 +22,7 @@ class BRINDLE_CORE_EXPORT BezierColumnValue : public FramedValue<TUBezierTimedVa
     Q_PROPERTY(OMC::Obj keyframe_next READ getKeyframeNext)
 
 public:
-    using FramedValue::FramedValue;
-
-    std::string __str__() const override;
-
-    double getFrame() const override;
-    QVariant getValue() const override;
-    void setValue(const QVariant& value) override;
-
-    bool getKey() const; ///< Whether a keyframe stands at the frame; writing makes or removes it.
-    void setKey(bool key);
-    bool getConstSegment() const; ///< Whether the value holds up to the next keyframe.
-    void setConstSegment(bool constSegment);
-    QString getContinuity() const; ///< "CORNER", "STRAIGHT", "SMOOTH", or "UNKNOWN" ahead of the first keyframe.
-    void setContinuity(const QString& continuity);
+    using SegmentColumnValue::SegmentColumnValue;
 
     double getHandleLeftX() const; ///< The left handle, in frames; reading fails ahead of the first keyframe.
     void setHandleLeftX(double x);
@@ -48,13 +35,12 @@ public:
     double getHandleRightY() const;
     void setHandleRightY(double y);
 
-    Obj getKeyframePrevious() const; ///< The keyframe at or before the frame, or null.
-    Obj getKeyframeNext() const;     ///< The keyframe behind the frame, or null.
-
 private:
-    Place keyPlace() const;
     void setLeftHandle(const Place& key, double x, double y);
     void setRightHandle(const Place& key, double x, double y);
 };
+
+extern template class CurveColumnValue<BezierColumnValue, TUBezierTimedValue>;
+extern template class SegmentColumnValue<BezierColumnValue, TUBezierTimedValue>;
 
 } // namespace OMC

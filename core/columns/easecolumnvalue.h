@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/columns/framedvalue.h"
+#include "core/columns/curvecolumnvalue.h"
 
 namespace OMC {
 
@@ -8,7 +8,7 @@ namespace OMC {
 /// those of the keyframe before. Setting the value makes a keyframe; the rest is set on keyframes alone.
 ///
 /// Eases are in frames. Threads are the column's care.
-class BRINDLE_CORE_EXPORT EaseColumnValue : public FramedValue<TUEaseTimedValue> {
+class BRINDLE_CORE_EXPORT EaseColumnValue : public SegmentColumnValue<EaseColumnValue, TUEaseTimedValue> {
     Q_OBJECT
     BRINDLE_COPYABLE(EaseColumnValue)
     Q_PROPERTY(bool key READ getKey WRITE setKey)
@@ -22,20 +22,7 @@ class BRINDLE_CORE_EXPORT EaseColumnValue : public FramedValue<TUEaseTimedValue>
     Q_PROPERTY(OMC::Obj keyframe_next READ getKeyframeNext)
 
 public:
-    using FramedValue::FramedValue;
-
-    std::string __str__() const override;
-
-    double getFrame() const override;
-    QVariant getValue() const override;
-    void setValue(const QVariant& value) override;
-
-    bool getKey() const; ///< Whether a keyframe stands at the frame; writing makes or removes it.
-    void setKey(bool key);
-    bool getConstSegment() const; ///< Whether the value holds up to the next keyframe.
-    void setConstSegment(bool constSegment);
-    QString getContinuity() const; ///< "CORNER", "STRAIGHT", or "UNKNOWN" ahead of the first keyframe.
-    void setContinuity(const QString& continuity);
+    using SegmentColumnValue::SegmentColumnValue;
 
     double getEaseIn() const; ///< The ease of the way in, in frames; reading fails ahead of the first keyframe.
     void setEaseIn(double ease);
@@ -48,13 +35,12 @@ public:
     double getEaseOutAngle() const;
     void setEaseOutAngle(double slope);
 
-    Obj getKeyframePrevious() const; ///< The keyframe at or before the frame, or null.
-    Obj getKeyframeNext() const;     ///< The keyframe behind the frame, or null.
-
 private:
-    Place constSegmentPlace() const;
     template <typename Command>
     void setNumber(double number, double EaseCtrlPt::*field, const QString& keyOnly, const QString& label);
 };
+
+extern template class CurveColumnValue<EaseColumnValue, TUEaseTimedValue>;
+extern template class SegmentColumnValue<EaseColumnValue, TUEaseTimedValue>;
 
 } // namespace OMC
