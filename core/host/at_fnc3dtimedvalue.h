@@ -105,8 +105,8 @@ enum Mode {
 };
 
 /// Makes three bezier columns, in no scene yet, with the path's x, y and z from the first frame of its velocity to the
-/// last one; each agrees with the path within 0.01 at every frame of the scene. Their names, which nothing in the
-/// path's scene has, are the path's and the axis ("Flight X"). The caller owns them.
+/// last one, in the scene or out of it; each agrees with the path within 0.01 at every frame. Their names, which
+/// nothing in the path's scene has, are the path's and the axis ("Flight X"). The caller owns them.
 BRINDLE_HOST_EXPORT std::array<TUBezierTimedValue*, 3> convertToSeparate(const AT_Fnc3dTimedValue& path, Mode mode);
 
 } // namespace AT_Fnc3dConverter

@@ -7,18 +7,17 @@ namespace {
 
 using brindle::engine::BezierColumn;
 
-/// The frames over which a path moves, within its scene: at least one.
+/// The frames over which a path moves, from the first keyframe to the last, wherever they lie: at least one frame, and
+/// no more than a million from the first on.
 std::pair<int, int> framesOf(const AT_Fnc3dTimedValue& path)
 {
-    constexpr int mostFrames = 1'000'000; // of a path that is in no scene
-    const SC_SceneCommon* scene = path.sceneCommon();
-    const double count = scene ? std::max(scene->getNumberOfFrames(), 1) : mostFrames;
+    constexpr double mostFrames = 1'000'000;
     const TUVeloBasedTimedValue* velocity = path.velocity();
     if (!velocity || velocity->pointCount() == 0)
         return {1, 1};
-    const double first = std::clamp(std::floor(velocity->point(0).frame), 1.0, count);
-    const double last = std::clamp(std::ceil(velocity->point(velocity->pointCount() - 1).frame), first, count);
-    return {static_cast<int>(first), static_cast<int>(last)};
+    const double first = std::floor(velocity->point(0).frame);
+    const double last = std::ceil(velocity->point(velocity->pointCount() - 1).frame);
+    return {static_cast<int>(first), static_cast<int>(std::min(last, first + mostFrames - 1))};
 }
 
 /// A name that no column of a scene has: the text, with a number where it is taken.

@@ -222,9 +222,11 @@ TEST_F(MotionColumnTest, AThreeColumnConversionAgreesAtEveryFrame)
             const auto number = [&] { return static_cast<double>(random() % 4000) / 100 - 20; };
             run(new edit::AddKeyFrameCmd(path, 10 + key * 37 + round, number(), number(), number()));
         }
+        run(new edit::AddKeyFrameCmd(path, -4.5, 1, 2, 3));
+        run(new edit::AddKeyFrameCmd(path, scene().getNumberOfFrames() + 20, 3, 2, 1));
         for (const auto mode : {AT_Fnc3dConverter::TransformMatrix, AT_Fnc3dConverter::BezierFitter}) {
             const auto columns = AT_Fnc3dConverter::convertToSeparate(*path, mode);
-            for (int frame = 1; frame <= scene().getNumberOfFrames(); ++frame) {
+            for (int frame = -10; frame <= scene().getNumberOfFrames() + 30; ++frame) {
                 const auto value = at(*path, frame);
                 for (std::size_t axis = 0; axis < 3; ++axis)
                     ASSERT_NEAR(columns[axis]->evaluate(frame), value[axis],
