@@ -341,8 +341,9 @@ AT_Attr* Attribute::memberNamed(const AT_ComplexAttr* attribute, QStringView key
 void Attribute::deriveRangeQVariant(SC_SceneCommon* scene, const QVariant& value, int& start, int& end, bool& isRange)
 {
     switch (value.typeId()) {
-    case QMetaType::QVariantList: {
-        const auto& range = *static_cast<const QVariantList*>(value.constData());
+    case QMetaType::QVariantList:
+    case QMetaType::QStringList: {
+        const QVariantList range = value.toList();
         if (range.isEmpty())
             throw Exception(tr("Invalid range specififed."));
         int first = 0;

@@ -145,25 +145,27 @@ void KeyframeableColumn::keyframelistFromVariant(const QVariant& value, QList<do
         else
             errors.append(tr("Invalid argument: ")); // Required: without the value.
     };
-    if (value.typeId() != QMetaType::QVariantList)
+    const auto isList = [](const QVariant& item) {
+        return item.typeId() == QMetaType::QVariantList || item.typeId() == QMetaType::QStringList;
+    };
+    if (!isList(value))
         return addFrame(value);
 
     // Not by recursion: a script decides how deep its lists lie inside each other.
     struct Level {
-        const QVariantList* items;
+        QVariantList items;
         qsizetype next;
     };
-    const auto listIn = [](const QVariant& list) { return static_cast<const QVariantList*>(list.constData()); };
-    std::vector<Level> levels{{listIn(value), 0}};
+    std::vector<Level> levels{{value.toList(), 0}};
     while (!levels.empty()) {
         Level& level = levels.back();
-        if (level.next == level.items->size()) {
+        if (level.next == level.items.size()) {
             levels.pop_back();
             continue;
         }
-        const QVariant& item = level.items->at(level.next++);
-        if (item.typeId() == QMetaType::QVariantList)
-            levels.push_back({listIn(item), 0});
+        const QVariant& item = level.items.at(level.next++);
+        if (isList(item))
+            levels.push_back({item.toList(), 0});
         else
             addFrame(item);
     }

@@ -97,7 +97,9 @@ QVariant Path3DControlPoint::getValue() const
 void Path3DControlPoint::setValue(const QVariant& value)
 {
     validate();
-    m_handle.move(Point3d::valueOf(value), tr("Set 3D Path Point XYZ"));
+    const auto* other = objectFrom<Path3DControlPointValue>(value);
+    m_handle.move(other ? Math::Point3d{other->getX(), other->getY(), other->getZ()} : Point3d::valueOf(value),
+                  tr("Set 3D Path Point XYZ"));
 }
 
 bool Path3DControlPoint::getConstSegment() const

@@ -49,7 +49,7 @@ public:
 
     std::string __str__() const override;
 
-    /// The position, as an object with x, y and z; takes a position in any form.
+    /// The position, as an object with x, y and z; takes a position in any form, that of another point included.
     QVariant getValue() const override;
     void setValue(const QVariant& value) override;
 

@@ -11,6 +11,11 @@ std::string Path3DXYZColumnValue::__str__() const
     return tr("Path3DXYZColumnValue(\"%1\", %2)").arg(column().getName(), QString::number(frame())).toStdString();
 }
 
+bool Path3DXYZColumnValue::filterDir(std::string& name) const
+{
+    return name != "frame" && name != "value" && ColumnValue::filterDir(name);
+}
+
 double Path3DXYZColumnValue::getFrame() const
 {
     column();

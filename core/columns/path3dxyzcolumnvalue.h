@@ -17,6 +17,8 @@ public:
     using FramedValue::FramedValue;
 
     std::string __str__() const override;
+    /// Leaves out the frame and the value: to scripts it is a plain object of three coordinates.
+    bool filterDir(std::string& name) const override;
 
     double getFrame() const override;
     /// The position as a point; takes a position in any form.

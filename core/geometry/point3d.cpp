@@ -1,6 +1,7 @@
 #include "core/geometry/point3d.h"
 
 #include "core/columns/columnvalue.h"
+#include "core/columns/path3dcontrolpoint.h"
 #include "core/geometry/matrix.h"
 #include "core/geometry/point2d.h"
 #include "core/geometry/strictpoint.h"
@@ -26,6 +27,9 @@ Math::Point3d positionOf(const QObject* object)
         return matrix->getMatrix().origin();
     if (const auto coordinates = Point3d::coordinatesOf(object))
         return Math::Point3d() + *coordinates;
+    if (const auto* point = dynamic_cast<const Path3DControlPoint*>(object))
+        return {point->getX(), point->getY(), point->getZ()};
+    // A frame of a path gives its position, and that is a point.
     if (const auto* value = dynamic_cast<const ColumnValue*>(object))
         return Point3d::valueOf(value->getValue());
     if (const auto* node = dynamic_cast<const Node*>(object)) {
@@ -108,6 +112,8 @@ Math::Point3d Point3d::valueOf(const QVariant& value)
         return positionOf(object);
     if (value.typeId() == QMetaType::QVariantList)
         return sumOf(*static_cast<const QVariantList*>(value.constData()));
+    if (value.typeId() == QMetaType::QStringList)
+        return sumOf(value.toList());
     bool isNumber = false;
     const double number = value.toDouble(&isNumber);
     return isNumber ? Math::Point3d{number, number, number} : Math::Point3d();

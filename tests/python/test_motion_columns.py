@@ -360,3 +360,56 @@ def test_a_quaternion_column_is_a_path_of_rotations(make):
     assert [type(point) for point in turn.control_points] == [brindle.Path3DControlPoint] * 2
     turn.remove_point(1)
     assert turn.keyframe_list() == [1]
+
+
+# Paths that drive a position, and paths as positions.
+
+
+def test_a_position_is_where_its_path_is(scene, peg, path, history, state):
+    position = peg.attributes["position"]
+    position.column = path
+    assert position.column == path or position.column.name == path.name
+    for frame in (1, 9, 20, 33, 40, 60):
+        value = position.value(frame)
+        assert (value.x, value.y, value.z) == place(path.get_entry(frame))
+    matrix = peg.matrix(33)
+    moved = scene.unit_converter.to_ogl(position.value(33))
+    assert abs(matrix.origin.x - moved.x) < 1e-9 and abs(matrix.origin.y - moved.y) < 1e-9
+    history.clear()
+    before = state()
+    position.set_value(30, [1, 2, 3])
+    assert path[30].key and place(path.get_entry(30)) == (1, 2, 3)
+    history.undo(1)
+    assert state().saved == before.saved
+    path[20].value = [7, 8, 9]
+    assert place(position.value(20)) == (7, 8, 9)
+    position.column = None
+    assert place(position.value(20)) == (0, 0, 0)
+
+
+def test_a_point_is_read_of_a_path_and_of_its_control_points(path):
+    points = path.control_points.list()
+    point = points[1]
+    for value in (point, path[20], path[20].value):
+        assert brindle.Point3d.from_qvariant(value) == brindle.Point3d(10, 5, -2)
+        assert brindle.Vector3d.from_qvariant(value).y == 5
+    assert brindle.Point2d.from_qvariant(point) == brindle.Point2d(10, 5)
+    path[40].value = point
+    assert place(path[40].value) == (10, 5, -2)
+    points[0].value = points[1].value
+    assert place(path[1].value) == (10, 5, -2)
+
+
+def test_a_place_on_a_path_is_a_plain_object_of_three_coordinates(path):
+    shown = [name for name in dir(path[20].value) if not name.startswith("_")]
+    assert {"x", "y", "z"} <= set(shown) and not {"frame", "value"} & set(shown)
+
+
+def test_a_conversion_covers_the_path_outside_of_the_scene(scene, path):
+    path.create_point(-7, 3, 3, 3)
+    path.create_point(90, -30, 20, 10)
+    for word in ("TRANSFORM_MATRIX", "BEZIER_FITTER"):
+        made = path.convert_to_separate(word)
+        for frame in range(-10, 100):
+            for column, number in zip(made, place(path.get_entry(frame))):
+                assert abs(column.get_entry(frame) - number) <= 0.01, (word, frame)

@@ -160,14 +160,16 @@ const Family family([]() -> std::vector<ClassTable> {
         Class<BezierControlPoint>(),
         Class<EaseControlPoint>(),
         Class<VeloBasedControlPoint>(),
-        Class<Path3DControlPoint>().property("value", "Path3DControlPointValue", "object"),
+        Class<Path3DControlPoint>()
+            .property("value", "Path3DControlPointValue", "object")
+            .method<"set_continuity", Form<&Path3DControlPoint::setContinuity, "continuity">>(),
         Class<Path3DControlPointValue>(),
         Class<ColumnList>()
             .alias("ColumnsLike", "Column | str | int | Sequence[str]", "Columns: one, a name, an index or names.")
             .items("Column")
             .keys<&columnNames>()
             .method<"create", Form<&ColumnList::create, "type, name='', options: dict[str, object] | None=None -> "
-                                                        "Column | None">>()
+                                                        "Column">>()
             .method<"remove", Form<&ColumnList::remove, "selector: ColumnsLike">>()
             .method<"find", Form<&ColumnList::find, "pattern -> list[Column]">>()
             .method<"contains", Form<&ColumnList::contains, "selector: ColumnsLike">>()

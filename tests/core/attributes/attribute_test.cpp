@@ -261,7 +261,7 @@ TEST_F(AttributeTest, AFrameRangeIsReadFromAListAndAFrameFromANumber)
         {12.7, 12, -8, false},
         {"12", -9, -8, false},
         {QVariant(), -9, -8, false},
-        {QStringList{"1", "2"}, -9, -8, false},
+        {QStringList{"1", "2"}, 1, 2, true},
         {QVariantMap(), -9, -8, false},
     };
     for (const auto& row : rows) {
@@ -285,6 +285,7 @@ TEST_F(AttributeTest, AFrameRangeThatIsNoneIsRefused)
         {QVariantList{1.5, 1}, "First range argument is invalid."},
         {QVariantList{qQNaN(), 1}, "First range argument is invalid."},
         {QVariantList{QVariant(), 1}, "First range argument is invalid."},
+        {QStringList{"a", "2"}, "First range argument is invalid."},
         {QVariantList{1, "a"}, "Second range argument is invalid."},
         {QVariantList{1, QVariantList{2}}, "Second range argument is invalid."},
         {QVariantList{1, 5000000000LL}, "Second range argument is invalid."},

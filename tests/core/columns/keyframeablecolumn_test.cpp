@@ -56,7 +56,8 @@ TEST_F(KeyframeableColumnTest, FramesAreReadFromNumbersAndListsOfAnyDepth)
         {"abc", {}, 1},
         {QVariant(), {}, 1},
         {QVariantList{1, "a", QVariantList{"b", 2}}, {1, 2}, 2},
-        {QStringList{"1", "2"}, {}, 1},
+        {QStringList{"1", "x", "2"}, {1, 2}, 1},
+        {QVariantList{QStringList{"4"}, 5}, {4, 5}, 0},
     };
     for (const auto& row : rows) {
         QList<double> frames;

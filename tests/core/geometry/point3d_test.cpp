@@ -216,7 +216,7 @@ TEST_F(Point3dLenientReaderTest, ReadsASingleValue)
         {"a text", QStringLiteral("a"), Point3d()},
         {"nothing", QVariant(), Point3d()},
         {"a map", QVariantMap{{QStringLiteral("x"), 1}}, Point3d()},
-        {"texts", QStringList{QStringLiteral("1"), QStringLiteral("2")}, Point3d()},
+        {"texts", QStringList{QStringLiteral("1"), QStringLiteral("2")}, Point3d(1.0, 2.0, 0.0)},
         {"a QPoint", QPoint(3, 4), Point3d()},
         {"a matrix", QVariant::fromValue(matrixOf(1.0, 2.0, 3.0, 7.0)), Point3d(1.0, 2.0, 3.0)},
         {"a Vector3d", QVariant::fromValue(Vector3d(1.0, 2.0, 3.0)), Point3d(1.0, 2.0, 3.0)},
