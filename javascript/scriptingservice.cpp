@@ -34,6 +34,9 @@ QList<PLUG_ScriptingInterface::Program> ScriptingService::programs() const
 
 QScriptEngine* ScriptingService::engine()
 {
+    // What a broken engine has can't be let go of.
+    if (m_engine && m_engine->isBroken())
+        static_cast<void>(m_engine.release());
     if (!m_engine)
         m_engine = std::make_unique<QScriptEngine>();
     return m_engine.get();
@@ -65,6 +68,8 @@ QScriptValue ScriptingService::run(const QString& text, const QString& fileName,
 
 void ScriptingService::end()
 {
+    if (m_engine && m_engine->isBroken())
+        static_cast<void>(m_engine.release());
     m_engine.reset();
     dropReleased();
 }

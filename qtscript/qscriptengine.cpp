@@ -1,5 +1,7 @@
 #include "qtscript/qscriptengine.h"
 
+#include "qtscript/helpertext.h"
+#include "qtscript/patterns.h"
 #include "qtscript/qscriptengine_p.h"
 #include "qtscript/scriptnames.h"
 
@@ -13,70 +15,6 @@ namespace {
 
 /// Runs inside runs: each has frames of the script engine, and of what a program puts between them, on the stack.
 constexpr int deepestRun = 100;
-
-const QString helperFile = QStringLiteral("qtscript-helpers");
-
-/// The parts of the engine that are written in the language itself.
-///
-/// - scopeOf: the object through which the free names of a script are looked up that runs into an object of its own. It
-///   has the object's own properties, and every name that the engine's global object lacks, so that what is assigned
-///   without a declaration lands in the object. The error of an unknown name tells the place that asked for it, which
-///   is the second line of its stack.
-/// - definitionOn: makes a variable of a script a property of the object.
-/// - functionOf: a function that runs C++.
-///
-/// Some functions of the language go down into arrays natively, without counting the levels: an array that holds itself
-/// would take them to the end of the stack. They are replaced by ones that go through the engine at each level.
-const QString helperText = QStringLiteral(R"((function(global, invoker) {
-    const apply = Reflect.apply, define = Object.defineProperty, isArray = Array.isArray, TypeOf = TypeError;
-    const has = Object.prototype.hasOwnProperty, invoke = invoker.invoke, read = invoker.read;
-    const replace = (object, name, value) => define(object, name, {value, writable: true, configurable: true});
-    const joined = []; // The arrays whose text is being made: inside itself an array has none.
-    for (const name of ['join', 'toLocaleString']) {
-        const native = Array.prototype[name];
-        replace(Array.prototype, name, {[name](separator) {
-            for (let i = 0; i < joined.length; ++i) if (joined[i] === this) return '';
-            joined[joined.length] = this;
-            try { return apply(native, this, arguments) } finally { joined.length = joined.length - 1 }
-        }}[name]);
-    }
-    const textOfObject = Object.prototype.toString;
-    replace(Array.prototype, 'toString', {toString() {
-        return typeof this.join === 'function' ? this.join() : apply(textOfObject, this, []);
-    }}.toString);
-    const flatten = (result, array, depth) => {
-        for (let i = 0; i < array.length; ++i) {
-            if (!(i in array)) continue;
-            if (depth > 0 && isArray(array[i])) flatten(result, array[i], depth - 1);
-            else result[result.length] = array[i];
-        }
-        return result;
-    };
-    replace(Array.prototype, 'flat', {flat(depth = 1) {
-        if (this === null || this === undefined) throw new TypeOf('flat of ' + this);
-        return flatten([], this, +depth || 0);
-    }}.flat);
-    const owns = (object, name) => apply(has, object, [name]);
-    return {
-        scopeOf: object => new Proxy(object, {
-            has: (o, name) => typeof name !== 'symbol' && (owns(o, name) || !(name in global)),
-            get: (o, name) => {
-                if (typeof name === 'symbol') return undefined;
-                if (name in o) return o[name];
-                throw new ReferenceError(name + ' is not defined');
-            },
-            set: (o, name, value) => { o[name] = value; return true },
-        }),
-        definitionOn: object => (name, get, set) =>
-            define(object, name, {get, set, enumerable: true, configurable: true}),
-        defineProperty: (object, name, value, writable, enumerable, configurable) =>
-            define(object, name, {value, writable, enumerable, configurable}),
-        ownNames: object => Object.getOwnPropertyNames(object),
-        defineAccessor: (object, name, getter, set) =>
-            define(object, name, {get() { return read(getter, this) }, set, enumerable: true, configurable: true}),
-        functionOf: f => function() { return invoke(f, this, arguments) },
-    };
-}))");
 
 /// As QJSEngine names the file of a text.
 QString urlOf(const QString& fileName)
@@ -134,6 +72,21 @@ QJSValue ScriptInvoker::invoke(const QVariant& function, const QJSValue& self, c
     return result;
 }
 
+bool ScriptInvoker::isTooDeep(const QString& pattern) const
+{
+    return patterns::isTooDeep(pattern);
+}
+
+QString ScriptInvoker::tooDeep() const
+{
+    return patterns::tooDeep();
+}
+
+bool ScriptInvoker::hasTooDeepLiteral(const QString& program) const
+{
+    return patterns::hasTooDeepLiteral(program);
+}
+
 QJSValue ScriptInvoker::read(int getter, const QVariant& self)
 {
     const QJSValue result = m_engine.d->unwrap(m_getters[static_cast<std::size_t>(getter)](self));
@@ -158,15 +111,17 @@ void ScriptInvoker::goOnThrowing()
 QScriptEngine::Private::Private(QScriptEngine& engine) : self(engine), invoker(engine)
 {
     application.end();
+    stackSize.end();
     QJSEngine::setObjectOwnership(&invoker, QJSEngine::CppOwnership);
     ownGlobal = js.globalObject();
-    const QJSValue helpers = js.evaluate(helperText, helperFile).call({ownGlobal, js.newQObject(&invoker)});
+    const QJSValue helpers = js.evaluate(helperText(), helperFile()).call({ownGlobal, js.newQObject(&invoker)});
     scopeOf = helpers.property(QStringLiteral("scopeOf"));
     definitionOn = helpers.property(QStringLiteral("definitionOn"));
     defineProperty = helpers.property(QStringLiteral("defineProperty"));
     ownNames = helpers.property(QStringLiteral("ownNames"));
     functionOf = helpers.property(QStringLiteral("functionOf"));
     defineAccessor = helpers.property(QStringLiteral("defineAccessor"));
+    textOfSymbol = helpers.property(QStringLiteral("textOfSymbol"));
 }
 
 QJSValue QScriptEngine::Private::unwrap(const QScriptValue& value)
@@ -185,16 +140,32 @@ QJSValue QScriptEngine::Private::thisFor(const QScriptValue& value)
     return object.isObject() ? object : unwrap(self.globalObject());
 }
 
+/// An exception of C++, as that of memory which runs out, tears the engine's own calls down in the middle.
+template <typename Call>
+QJSValue QScriptEngine::Private::run(const Call& call)
+{
+    try {
+        return call();
+    } catch (...) {
+        alive.reset();
+        throw;
+    }
+}
+
 QScriptValue QScriptEngine::Private::evaluate(const QString& program, const QString& fileName, int lineNumber)
 {
+    if (patterns::hasTooDeepLiteral(program))
+        return thrown(js.newErrorObject(QJSValue::RangeError, patterns::tooDeep()));
     QStringList stack;
-    const QJSValue result = js.evaluate(program, fileName, lineNumber, &stack);
+    const QJSValue result = run([&] { return js.evaluate(program, fileName, lineNumber, &stack); });
     return stack.isEmpty() && !result.isError() ? wrap(result) : thrown(result, stack);
 }
 
 QScriptValue QScriptEngine::Private::runInto(const QJSValue& object, const QString& program, const QString& fileName,
                                              int lineNumber)
 {
+    if (patterns::hasTooDeepLiteral(program))
+        return evaluate(program, fileName, lineNumber); // Which refuses it.
     const ScriptNames names(program, fileName, lineNumber);
     if (names.error())
         return evaluate(program, fileName, lineNumber); // Which fails in the same way, in this engine's words.
@@ -230,7 +201,7 @@ QScriptValue QScriptEngine::Private::call(const QJSValue& function, const QJSVal
                                           const QJSValueList& arguments)
 {
     // A managed value, because a plain one doesn't tell a thrown Error from one that is returned.
-    const QJSValue result = QJSManagedValue(function, &js).callWithInstance(object, arguments);
+    const QJSValue result = run([&] { return QJSManagedValue(function, &js).callWithInstance(object, arguments); });
     if (js.hasError())
         return thrown(js.catchError());
     if (js.isInterrupted())
@@ -280,7 +251,7 @@ std::vector<QScriptEngine::Private::Place> QScriptEngine::Private::placesOf(cons
         const qsizetype at = line.indexOf(u'@');
         const qsizetype colon = line.lastIndexOf(u':');
         const QString file = line.mid(at + 1, colon - at - 1);
-        if (at >= 0 && colon > at && file != urlOf(helperFile))
+        if (at >= 0 && colon > at && file != urlOf(helperFile()))
             places.push_back({line.left(at), file, line.mid(colon + 1).toInt()});
     }
     return places;
@@ -307,6 +278,11 @@ QScriptValue QScriptEngine::evaluate(const QString& program, const QString& file
     const QJSValue object = d->unwrap(d->global);
     return object.isObject() ? d->runInto(object, program, fileName, lineNumber)
                              : d->evaluate(program, fileName, lineNumber);
+}
+
+bool QScriptEngine::isBroken() const
+{
+    return !d->alive;
 }
 
 bool QScriptEngine::hasUncaughtException() const

@@ -41,6 +41,10 @@ public:
     /// Runs a text, whose first line has the number `lineNumber` in messages. Gives its last value, or what it threw.
     QScriptValue evaluate(const QString& program, const QString& fileName = QString(), int lineNumber = 1);
 
+    /// Whether an exception of C++ went through a run, as that of memory which runs out. Such an engine is of no more
+    /// use: its values are invalid, and it is not to be destroyed either.
+    bool isBroken() const;
+
     bool hasUncaughtException() const;
     QScriptValue uncaughtException() const;         ///< Invalid when there is none.
     int uncaughtExceptionLineNumber() const;        ///< -1 when it isn't known.

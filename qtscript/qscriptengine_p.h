@@ -3,6 +3,7 @@
 #include "qtscript/qscriptengine.h"
 
 #include "qtscript/applicationscope.h"
+#include "qtscript/stacksizescope.h"
 
 #include <QHash>
 #include <QJSEngine>
@@ -26,6 +27,9 @@ public:
 
     Q_INVOKABLE QJSValue invoke(const QVariant& function, const QJSValue& self, const QJSValue& arguments);
     Q_INVOKABLE QJSValue read(int getter, const QVariant& self);
+    Q_INVOKABLE bool isTooDeep(const QString& pattern) const; ///< As in `patterns`, and the next two.
+    Q_INVOKABLE bool hasTooDeepLiteral(const QString& program) const;
+    Q_INVOKABLE QString tooDeep() const;
 
     int addGetter(QScriptEngine::Getter getter);
 
@@ -65,6 +69,8 @@ struct QScriptEngine::Private {
     QScriptValue evaluate(const QString& program, const QString& fileName, int lineNumber);
     QScriptValue runInto(const QJSValue& object, const QString& program, const QString& fileName, int lineNumber);
     QScriptValue call(const QJSValue& function, const QJSValue& object, const QJSValueList& arguments);
+    template <typename Call>
+    QJSValue run(const Call& call);
     /// Keeps what the last operation threw, if it did.
     void keepThrown();
     QScriptValue thrown(const QJSValue& exception, const QStringList& stack = {});
@@ -85,6 +91,7 @@ struct QScriptEngine::Private {
     QScriptEngine& self;
     ScriptInvoker invoker;        ///< Ahead of the engine, which knows it until the end.
     ApplicationScope application; ///< Until the engine is made.
+    StackSizeScope stackSize;     ///< Likewise.
     QJSEngine js;
     QJSValue scopeOf;
     QJSValue definitionOn;
@@ -92,6 +99,7 @@ struct QScriptEngine::Private {
     QJSValue ownNames;
     QJSValue functionOf;
     QJSValue defineAccessor;
+    QJSValue textOfSymbol;
     QJSValue ownGlobal;
     QScriptValue global; ///< Invalid while scripts run into the engine's own.
 
@@ -102,6 +110,6 @@ struct QScriptEngine::Private {
 
     int depth = 0;
     std::atomic<bool> aborted = false;
-    QHash<QString, QString> fileNames; ///< By URL.
-    std::shared_ptr<void> alive = std::make_shared<char>();
+    QHash<QString, QString> fileNames;                      ///< By URL.
+    std::shared_ptr<void> alive = std::make_shared<char>(); ///< Null once the engine is broken.
 };

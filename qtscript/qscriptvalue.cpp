@@ -33,7 +33,12 @@ double QScriptValue::toInteger() const
 
 QVariant QScriptValue::toVariant() const
 {
-    return !isValid() || m_value.isNull() || m_value.isUndefined() ? QVariant() : m_value.toVariant();
+    if (!isValid() || m_value.isNull() || m_value.isUndefined())
+        return {};
+    // A symbol has no form in a variant, and Qt none to refuse it: its text stands for it.
+    if (engine() && QJSManagedValue(m_value, &m_engine->d->js).isSymbol())
+        return m_engine->d->textOfSymbol.call({m_value}).toString();
+    return m_value.toVariant();
 }
 
 QScriptValue QScriptValue::property(const QString& name) const

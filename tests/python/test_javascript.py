@@ -468,3 +468,22 @@ def test_ten_thousand_conversions_grow_nothing(js):
     grown = int(pathlib.Path("/proc/self/statm").read_text().split()[1]) - before
     assert brindle._live_objects() - live < 1000
     assert grown * 4096 < 20_000_000 or support.SANITIZED
+
+
+def test_memory_that_runs_out_costs_the_scripts_and_not_the_process(tmp_path):
+    code = """
+        import resource, sys, brindle
+        app = brindle.create(sys.argv[1])
+        js = app.javascript
+        kept = js.eval("({n: 1})")
+        resource.setrlimit(resource.RLIMIT_AS, (4 << 30, 4 << 30))
+        for _ in range(2):
+            try:
+                js.eval("(function() { return 'x'.repeat(2 ** 30).repeat(8).length })()")
+            except MemoryError:
+                pass
+            assert js.eval("[1, 2].map(function(x) { return x * 2 }).join()") == "2,4"
+        assert len(kept) == 0 and kept["n"] is None, "it went with its engine"
+        """
+    done = run_alone(code, str(tmp_path / "project"))
+    assert (done.returncode, done.stderr) == (0, "")
