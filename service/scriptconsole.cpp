@@ -90,6 +90,7 @@ ScriptConsole::ScriptConsole(Ref console) : m_console(std::move(console)) {}
 ScriptConsole::~ScriptConsole()
 {
     python::setPrinter({});
+    python::Pulse::setWatcher({});
     const OMC::PythonGILScope python;
     m_console = Ref();
 }
@@ -147,6 +148,11 @@ ScriptConsole::Outcome ScriptConsole::runFile(const QByteArray& path, const QLis
 void ScriptConsole::interrupt()
 {
     python::Pulse::interrupt();
+}
+
+void ScriptConsole::setWatcher(Watcher watcher)
+{
+    python::Pulse::setWatcher(std::move(watcher));
 }
 
 ScriptConsole::Completion ScriptConsole::complete(const QString& line)

@@ -25,6 +25,7 @@ public:
     Outcome runFile(const QByteArray& path, const QList<QByteArray>& arguments) override;
     int exitCode() const override { return m_exitCode; }
     void interrupt() override;
+    void setWatcher(Watcher watcher) override;
     Completion complete(const QString& line) override;
 
 private:

@@ -2,12 +2,15 @@
 
 #include "app/command.h"
 #include "app/desk/dialogs.h"
+#include "app/desk/interrupthelper.h"
 #include "app/desk/mainwindow.h"
 #include "app/desk/scripting.h"
 #include "app/desk/terminalinterrupt.h"
 #include "engine/engine.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QScopeGuard>
 #include <QTimer>
 
 namespace app::desk {
@@ -34,6 +37,9 @@ int work(SC_SessionContext& session, BAPP_ScriptConsole& console, const Options&
     DesktopDialogs dialogs;
     MainWindow window(session, console, dialogs, MainWindow::Files::ofUser(), options.verbose);
     const TerminalInterrupt interrupt([&window] { window.close(); });
+    InterruptHelper helper(QFile::encodeName(QCoreApplication::applicationFilePath()));
+    console.setWatcher([&helper](bool isStuck) { isStuck ? helper.begin() : helper.end(); });
+    const auto unwatched = qScopeGuard([&console] { console.setWatcher({}); });
     window.show();
     if (!options.script.isEmpty())
         QTimer::singleShot(0, &window, [&] { window.runAtStart(options.script); });

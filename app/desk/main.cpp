@@ -1,5 +1,6 @@
 #include "app/arguments.h"
 #include "app/desk/desk.h"
+#include "app/desk/interrupthelper.h"
 
 #include <QApplication>
 
@@ -70,5 +71,5 @@ int main(int count, char** arguments)
     QApplication::setApplicationDisplayName("Brindle");
     // Qt takes on the person's locale for all; numbers in texts and scripts keep their ".".
     std::setlocale(LC_NUMERIC, "C");
-    return app::desk::run(options);
+    return options.interrupter ? app::desk::offerInterrupt() : app::desk::run(options);
 }

@@ -16,6 +16,8 @@ void take(Arguments& arguments, Options& options)
         options.readOnly = true;
     } else if (name == "--verbose") {
         options.verbose = true;
+    } else if (name == "--interrupter") {
+        options.interrupter = true;
     } else if (name == "--run") {
         if (arguments.takeFor("--run needs a script."))
             options.script = QList<QByteArray>{arguments.value()} + arguments.takeRest();
@@ -39,7 +41,7 @@ Options optionsFrom(const QList<QByteArray>& given)
             arguments.misfit();
     }
     options.help = arguments.isHelpAsked();
-    if (options.project.isEmpty())
+    if (options.project.isEmpty() != options.interrupter)
         arguments.misfit();
     if (options.make && options.readOnly)
         arguments.fail("--new and --read-only don't go together.");

@@ -14,8 +14,9 @@ struct Options {
     bool verbose = false;
     QList<QByteArray> script; ///< Run at the start: its path and its own arguments. Empty for none.
 
-    bool help = false; ///< Nothing else counts where it is asked for.
-    QString error;     ///< Why the arguments don't fit; empty when they do.
+    bool interrupter = false; ///< The process is a desk's InterruptHelper, which has no other options.
+    bool help = false;        ///< Nothing else counts where it is asked for.
+    QString error;            ///< Why the arguments don't fit; empty when they do.
 };
 
 /// Reads the arguments behind the program's name. What stands behind --run's script is the script's own.

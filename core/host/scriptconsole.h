@@ -46,6 +46,11 @@ public:
     /// Raises KeyboardInterrupt in what runs; from an event that is handled meanwhile. Nothing while nothing runs.
     virtual void interrupt() = 0;
 
+    /// Gets true when what runs has kept the main thread from its events for a second and more, inside one call of a
+    /// library, and false when that is over. Called on a thread of the console's own.
+    using Watcher = std::function<void(bool isStuck)>;
+    virtual void setWatcher(Watcher watcher) = 0;
+
     struct Completion {
         int start = 0;          ///< The place in the line where the completed word or key begins.
         QStringList candidates; ///< In the order of the alphabet, each the whole word or key.

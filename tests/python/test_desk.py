@@ -1,6 +1,7 @@
 """The application with a window, without anybody in front of it: what it opens, runs, and ends with."""
 
 import os
+import pathlib
 import signal
 import subprocess
 import time
@@ -312,3 +313,42 @@ def wait_for(condition):
     while not condition():
         assert time.monotonic() < end
         time.sleep(0.01)
+
+
+def helpers_of(process):
+    """The processes that it started to offer an interrupt."""
+    found = []
+    for stat in pathlib.Path("/proc").glob("[0-9]*/stat"):
+        try:
+            parent = int(stat.read_text().rpartition(")")[2].split()[1])
+            arguments = (stat.parent / "cmdline").read_bytes()
+        except OSError:
+            continue
+        if parent == process.pid and b"--interrupter" in arguments:
+            found.append(int(stat.parent.name))
+    return found
+
+
+def test_a_script_that_leaves_the_window_no_time_can_be_interrupted_from_a_window_of_its_own(start, project, tmp_path):
+    path = tmp_path / "endless.py"
+    path.write_text("try:\n    app.javascript.eval('while (true);')\n"
+                    "except KeyboardInterrupt:\n    raise SystemExit(7)")
+    process = start(project, "--run", path)
+    end = time.monotonic() + 30
+    while not helpers_of(process) and time.monotonic() < end:
+        time.sleep(0.05)
+    helper, = helpers_of(process)
+    process.send_signal(signal.SIGINT)  # What the helper's button does.
+    assert end_of(process)[0] == 7
+    assert not pathlib.Path(f"/proc/{helper}").exists()
+
+
+def test_a_script_that_lets_events_in_needs_no_window_beside(start, project, tmp_path):
+    path = tmp_path / "long.py"
+    path.write_text("import time\nend = time.monotonic() + 3\nwhile time.monotonic() < end:\n    pass\nraise SystemExit(5)")
+    process = start(project, "--run", path)
+    end = time.monotonic() + 4
+    while process.poll() is None and time.monotonic() < end:
+        assert not helpers_of(process)
+        time.sleep(0.05)
+    assert end_of(process)[0] == 5

@@ -5,7 +5,6 @@
 #include "service/python/errors.h"
 
 #include <QScopeGuard>
-#include <QScopedValueRollback>
 
 #include <chrono>
 #include <csignal>
@@ -17,7 +16,15 @@ namespace {
 /// Longer than a person notices that nothing moves, shorter than it is felt; what is done sooner never waits for
 /// events.
 constexpr auto interval = std::chrono::milliseconds(40);
+/// Longer than a call that a person waits for without wondering.
+constexpr auto patience = std::chrono::milliseconds(1500);
 constexpr int ownSignal = SIGURG;
+
+std::function<void(bool)>& watcherOfNext()
+{
+    static std::function<void(bool)> watcher;
+    return watcher;
+}
 
 PyObject* heard(PyObject*, PyObject*)
 {
@@ -31,10 +38,13 @@ PyObject* heard(PyObject*, PyObject*)
 } // namespace
 
 Pulse* Pulse::s_innermost = nullptr;
-bool Pulse::s_beating = false;
+std::atomic<bool> Pulse::s_beating = false;
 std::atomic<bool> Pulse::s_asked = false;
 
-Pulse::Pulse() : m_outer(s_innermost), m_clock([this] { ask(); })
+Pulse::Pulse()
+    : m_outer(s_innermost),
+      m_watcher(m_outer ? std::function<void(bool)>() : watcherOfNext()),
+      m_clock([this] { ask(); })
 {
     s_innermost = this;
 }
@@ -59,6 +69,11 @@ bool Pulse::install()
     return bool(before);
 }
 
+void Pulse::setWatcher(std::function<void(bool)> watcher)
+{
+    watcherOfNext() = std::move(watcher);
+}
+
 void Pulse::interrupt()
 {
     if (s_innermost)
@@ -68,11 +83,24 @@ void Pulse::interrupt()
 /// The clock's own thread, which never enters the interpreter.
 void Pulse::ask()
 {
+    using Clock = std::chrono::steady_clock;
+    bool isStuck = false;
+    const auto tell = [&](bool stuck) {
+        if (m_watcher && stuck != isStuck)
+            m_watcher(stuck);
+        isStuck = stuck;
+    };
+    Clock::time_point answered = Clock::now();
     std::unique_lock guard(m_mutex);
     while (!m_ended.wait_for(guard, interval, [this] { return m_ends; })) {
-        if (!s_asked.exchange(true))
+        const bool isAnswered = !s_asked.exchange(true);
+        if (isAnswered)
             pthread_kill(m_mainThread, ownSignal);
+        if (isAnswered || s_beating)
+            answered = Clock::now();
+        tell(Clock::now() - answered > patience);
     }
+    tell(false);
 }
 
 /// A signal may arrive when the pulse that sent it is over: it then counts for the outer pulse, or for none.
@@ -86,7 +114,8 @@ void Pulse::beat()
     if (!s_innermost)
         return;
     {
-        const QScopedValueRollback beating(s_beating, true);
+        s_beating = true;
+        const auto isOver = qScopeGuard([] { s_beating = false; });
         BUIAPP_Application::processEventsNoAppLock(true);
     }
     if (!std::exchange(s_innermost->m_interrupted, false))

@@ -3,6 +3,7 @@
 #include <pthread.h>
 #include <atomic>
 #include <condition_variable>
+#include <functional>
 #include <mutex>
 #include <thread>
 
@@ -30,6 +31,10 @@ public:
     /// Handles events, unless that is being done already; for the interpreter. Throws PythonError on an interrupt.
     static void beat();
 
+    /// Of those that are made from now on: gets true, on the pulse's thread, when no events could be handled for long,
+    /// and false when they are again, or the pulse ends. An empty function for nobody.
+    static void setWatcher(std::function<void(bool isStuck)> watcher);
+
     /// Raises KeyboardInterrupt in the script at the next beat; on the main thread. Nothing where none lives.
     static void interrupt();
 
@@ -37,11 +42,12 @@ private:
     void ask();
 
     static Pulse* s_innermost;
-    static bool s_beating;
+    static std::atomic<bool> s_beating;
     static std::atomic<bool> s_asked; ///< A signal is on its way, or being answered.
 
     Pulse* m_outer;
     bool m_interrupted = false;
+    std::function<void(bool)> m_watcher; ///< The outermost pulse's; none in the others.
     pthread_t m_mainThread = pthread_self();
     std::mutex m_mutex;
     std::condition_variable m_ended;

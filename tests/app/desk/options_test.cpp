@@ -28,6 +28,14 @@ TEST(DeskOptionsTest, AProjectAndWhatIsAskedOfItAreRead)
     EXPECT_TRUE(optionsFrom({"--verbose", "walk"}).verbose);
 }
 
+TEST(DeskOptionsTest, TheProcessThatOffersAnInterruptHasNoProject)
+{
+    const Options options = optionsFrom({"--interrupter"});
+    EXPECT_EQ(options.error, "");
+    EXPECT_TRUE(options.interrupter);
+    EXPECT_EQ(optionsFrom({"--interrupter", "walk"}).error, usage);
+}
+
 TEST(DeskOptionsTest, WhatStandsBehindTheScriptIsItsOwn)
 {
     const Options options = optionsFrom({"walk", "--run", "go.py", "--new", "--verbose", "walk", "--run"});
