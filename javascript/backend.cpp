@@ -359,7 +359,7 @@ private:
 
 } // namespace brindle::javascript
 
-/// What the object model looks for when Javascript is first used.
+/// The object model looks for this function when Javascript is first used.
 extern "C" __attribute__((visibility("default"))) OMC::JavascriptBackend* brindleJavascriptBackend()
 {
     static auto* only = new brindle::javascript::Backend;

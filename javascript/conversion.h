@@ -19,7 +19,7 @@ QVariant resultFrom(const QScriptValue& value, const OMC::JavascriptValue& self)
 /// What the object model gets from a script: arrays and objects with all that they hold as lists and maps, objects of
 /// the object model as themselves, functions as JavascriptObjects. Throws for what lies too deep, or in itself.
 QVariant plainFrom(const QScriptValue& value);
-/// What an opaque value of C++ holds; invalid for anything else.
+/// The content of an opaque value of C++; invalid for anything else.
 QVariant variantIn(const QScriptValue& value);
 
 } // namespace brindle::javascript

@@ -87,13 +87,13 @@ brindle::javascript::ScriptingService& service()
 
 } // namespace
 
-/// What the open engine looks for when a session first asks for Javascript.
+/// The open engine looks for this function when a session first asks for Javascript.
 extern "C" __attribute__((visibility("default"))) PLUG_ScriptingInterface* brindleScriptingInterface()
 {
     return &service();
 }
 
-/// What it calls at the end of a session.
+/// The open engine calls this function at the end of a session.
 extern "C" __attribute__((visibility("default"))) void brindleEndScripting()
 {
     service().end();

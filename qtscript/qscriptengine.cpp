@@ -100,7 +100,7 @@ int ScriptInvoker::addGetter(QScriptEngine::Getter getter)
     return static_cast<int>(m_getters.size()) - 1;
 }
 
-/// What went wrong in C++, and was left so, goes on in the script.
+/// Throws in the script the exception that C++ has left behind.
 void ScriptInvoker::goOnThrowing()
 {
     QScriptEngine::Private& engine = *m_engine.d;

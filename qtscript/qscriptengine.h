@@ -77,13 +77,13 @@ public:
     /// The script's form of a value of a meta type: a plain value, an array, an object, or an opaque variant.
     QScriptValue create(int metaType, const void* data);
 
-    /// What a script's call of a function of C++ runs: gets `this` and the arguments, and gives the result. It may use
+    /// Runs when a script calls a function of C++: gets `this` and the arguments, and gives the result. It may use
     /// `throwError`; a C++ exception must not leave it.
     using Function = std::function<QScriptValue(const QScriptValue& self, const QScriptValueList& arguments)>;
     /// A function that runs C++. When no script holds it any more, the garbage collector destroys the function object,
     /// in the middle of a run: its destructor must not use the engine.
     QScriptValue newFunction(Function function);
-    /// What a read of a property runs: gets the value of C++ that `this` holds, invalid for any other object.
+    /// Runs when a script reads a property: gets the value of C++ that `this` holds, invalid for any other object.
     using Getter = std::function<QScriptValue(const QVariant& self)>;
     /// Gives an object, the prototype of opaque values, a property that C++ reads; the engine keeps the getter for
     /// good. An invalid setter makes it read-only, else it is called with the value.

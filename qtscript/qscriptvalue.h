@@ -23,7 +23,7 @@ public:
         ReadOnly = 0x1,
         Undeletable = 0x2,
         SkipInEnumeration = 0x4,
-        KeepExistingFlags = 0x800 ///< Of a property that is there; a new one gets none.
+        KeepExistingFlags = 0x800 ///< Keeps those of a property that is there; a new one gets none.
     };
     Q_DECLARE_FLAGS(PropertyFlags, PropertyFlag)
 
@@ -85,7 +85,7 @@ private:
 
     bool m_hasValue = false;
     QScriptEngine* m_engine = nullptr;
-    std::weak_ptr<void> m_alive; ///< Of the engine.
+    std::weak_ptr<void> m_alive; ///< Expires with the engine.
     QJSValue m_value;
 };
 

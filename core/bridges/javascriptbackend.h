@@ -15,8 +15,8 @@ class QScriptValue;
 
 namespace OMC {
 
-/// What a script threw and nobody caught: the sentence with its place. Where it began as the exception of a function
-/// that the script called, as one of Python, that is the cause, which comes back to Python as itself.
+/// An exception that a script threw and nobody caught: the sentence with its place. Where it began as the exception of
+/// a function that the script called, as one of Python, that is the cause, which comes back to Python as itself.
 class BRINDLE_CORE_EXPORT JavascriptError : public Exception {
 public:
     JavascriptError(const QString& message, std::exception_ptr cause, const QStringList& backtrace)
@@ -34,7 +34,7 @@ private:
     QStringList m_backtrace;
 };
 
-/// How a person interrupts a script that runs. The library that binds the object model to Python installs an object of
+/// Lets a person interrupt a script that runs. The library that binds the object model to Python installs an object of
 /// its own class.
 class BRINDLE_CORE_EXPORT JavascriptInterrupter {
 public:

@@ -7,7 +7,7 @@ JavascriptObject::JavascriptObject(JavascriptValue value, JavascriptValue self)
       m_self(std::move(self))
 {}
 
-/// What nearly every operation begins with.
+/// The check with which nearly every operation begins.
 JavascriptBackend& JavascriptObject::backend() const
 {
     delayedInitialize();

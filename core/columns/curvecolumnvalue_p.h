@@ -14,10 +14,10 @@ namespace OMC {
 /// the labels.
 struct CurveValueRules {
     const char* description;  ///< `__str__`, with the column's name and the frame filled in.
-    const char* valueLabel;   ///< Of a value that is set, with the column's name behind it, as the next two.
-    const char* keyLabel;     ///< Of a keyframe that is made.
-    const char* removalLabel; ///< Of a keyframe that is removed.
-    int continuityCount = 0;  ///< Of continuitywords::words, how many the class has.
+    const char* valueLabel;   ///< For a value that is set; the column's name follows, here and in the next two.
+    const char* keyLabel;     ///< For a keyframe that is made.
+    const char* removalLabel; ///< For a keyframe that is removed.
+    int continuityCount = 0;  ///< The number of continuitywords::words that the class has.
     const char* continuities = "";
 };
 

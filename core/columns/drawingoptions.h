@@ -6,7 +6,7 @@ class TUScene;
 
 namespace OMC {
 
-/// What a script says of the element of a new drawing column.
+/// A script's options for the element of a new drawing column.
 struct DrawingOptions {
     int scanType = 0;
     double fieldChart = 0;

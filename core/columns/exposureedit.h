@@ -8,7 +8,7 @@
 
 #include <functional>
 
-/// What the columns of drawings share in changing what they expose.
+/// The edits of exposures that the columns of drawings share.
 namespace OMC::exposureedit {
 
 /// Throws for a frame that is no finite number.

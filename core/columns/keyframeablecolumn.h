@@ -46,7 +46,7 @@ public:
     /// The last frame of the stretch that holds its values over steps; a value that the engine refuses is left.
     int getHoldStopFrame() const;
     void setHoldStopFrame(int frame);
-    int getHoldStep() const; ///< How many frames a step lasts; a value that the engine refuses is left.
+    int getHoldStep() const; ///< The length of a step in frames; a value that the engine refuses is left.
     void setHoldStep(int step);
 
     int numberOfPoints() const; ///< The number of control points; of a 3D path, those of its velocity.

@@ -21,7 +21,7 @@ public:
 
 private:
     WeakHandle<TUTimedValue> m_path;
-    mutable int m_index; ///< Where it last was.
+    mutable int m_index; ///< The point's last known place.
     unsigned long long m_identity;
 };
 

@@ -11,7 +11,7 @@
 
 namespace OMC {
 
-/// What an operation finds of its drawing.
+/// The engine's objects behind a drawing, as an operation finds them.
 struct ElementDrawing::Checked {
     TUElementMgr& manager;
     EM_ElementInfo& info;

@@ -31,7 +31,7 @@ public:
     ElementDrawing* newItem(const QString& name) const;
     void set(int index, const Obj& object) override; ///< Always refused.
     std::vector<Obj> list() const override;
-    QStringList names() const;                        ///< Of all drawings.
+    QStringList names() const;                        ///< The names of all drawings.
     virtual bool contains(const QString& name) const; ///< Whether there is a drawing of exactly this name.
     virtual Obj operator()(const QString& name) const;
 

@@ -14,7 +14,7 @@ namespace OMC {
 /// that is closed each function throws "Object is no longer valid.", also where another project has such a number.
 class BRINDLE_CORE_EXPORT ElementGuard {
 public:
-    ElementGuard(); ///< Of the open project.
+    ElementGuard(); ///< For the open project.
 
     /// The project and its elements. Throws where the thread may not go on, too.
     SC_ProjectCommon& project() const;

@@ -20,11 +20,11 @@ class BRINDLE_CORE_EXPORT ElementList : public CountedList<ListObj, IterableObj>
     BRINDLE_COPYABLE(ElementList)
 
 public:
-    ElementList() = default; ///< Of the open project.
+    ElementList() = default; ///< The list of the open project.
 
     std::string __str__() const override;
 
-    std::size_t size() const override; ///< How many there are, deleted ones included.
+    std::size_t size() const override; ///< The number of elements, deleted ones included.
     /// The element of a number or of exactly this name; empty when there is none.
     Obj get(int id) const override;
     Obj get(const QString& name) const override;

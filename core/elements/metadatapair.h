@@ -36,7 +36,7 @@ public:
     virtual void setValue(const QVariant& value);
     virtual QString getVersion() const; ///< The version that the creator gave the value; for a scene's metadata only.
     virtual void setVersion(const QString& version);
-    virtual QString getCreator() const; ///< Who wrote the value, as a rule a program; for a scene's metadata only.
+    virtual QString getCreator() const; ///< The writer of the value, as a rule a program; for a scene's metadata only.
     virtual void setCreator(const QString& creator);
     virtual bool getExists() const; ///< Whether there is such an entry.
 

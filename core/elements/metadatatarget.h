@@ -6,7 +6,7 @@
 
 namespace OMC {
 
-/// What a wrapper of metadata belongs to: a node or a scene.
+/// The owner of metadata that a wrapper shows: a node or a scene.
 class BRINDLE_CORE_EXPORT MetaDataTarget {
 public:
     enum Kind : quint32 { Node = 0, Scene = 1 };

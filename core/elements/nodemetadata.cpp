@@ -40,7 +40,7 @@ QString typeWord(const QVariant& value)
     }
 }
 
-/// What an attribute holds as metadata.
+/// The metadata that an attribute holds.
 class ValueReader final : public AT_AttrVisitor {
 public:
     using AT_AttrVisitor::visit;

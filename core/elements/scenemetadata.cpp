@@ -67,7 +67,7 @@ CO_Command* newValueCommand(SC_ProjectCommon* project, PIO_Metadata* metadata, c
 /// The entries of a scene that have a name.
 struct Entries {
     int count = 0;
-    int index = -1; ///< That of the last one.
+    int index = -1; ///< The index of the last one.
     PIO_Metadata* entry = nullptr;
 };
 

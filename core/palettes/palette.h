@@ -55,7 +55,7 @@ public:
     void setType(const QString& type) const;
     bool getLocked() const; ///< Whether this process holds the palette's lock.
     QString getId() const;  ///< Sixteen hexadecimal digits, which no other palette has.
-    /// Where the file lies: "ENVIRONMENT", "JOB", "SCENE", "ELEMENT", "EXTERNAL" or "BACKUP".
+    /// The location of the file: "ENVIRONMENT", "JOB", "SCENE", "ELEMENT", "EXTERNAL" or "BACKUP".
     QString getLocation() const;
     int getElementId() const; ///< The element in whose folder the file lies, or -1.
 

@@ -35,7 +35,7 @@ public:
     QString getName() const; ///< The name, as the person sees it; an empty one becomes "Default".
     virtual void setName(const QString& name);
     QString getBaseType() const; ///< "Colour" or "Texture".
-    QString getId() const;       ///< What drawings are painted with: sixteen hexadecimal digits.
+    QString getId() const;       ///< The id by which drawings name their paint: sixteen hexadecimal digits.
     bool getValid() const;       ///< Whether the colour can be read; never fails.
 
     Obj palette() const;      ///< The palette that holds the colour; fails where none does.
@@ -47,7 +47,7 @@ public:
     UT_Id parentPaletteId() const;                    ///< Names nothing where no palette holds the colour.
     UT_Id parentPaletteListId() const;                ///< Names nothing where no list has the colour's palette.
     SC_ProjectCommon* projectCommon() const;          ///< Null once the project is closed.
-    void setParentPaletteId(const QString& id) const; ///< Where the colour is looked for from now on.
+    void setParentPaletteId(const QString& id) const; ///< Sets the palette in which the colour is looked for.
 
     /// A new wrapper for a colour or a texture; null for null.
     static PaletteBaseColour* wrapperOf(const std::shared_ptr<CM_BaseColorObj>& colour, const UT_Id& palette,

@@ -17,7 +17,7 @@ constexpr double wholeWay = PaletteGradientPosition::wholeWay;
 constexpr double samePlace = std::numeric_limits<double>::epsilon();
 constexpr int mostMarkers = 8;
 
-/// What a place is before anything tells it.
+/// The value of a place that nothing has set.
 constexpr double noPlace = -1.0;
 
 struct TypeName {

@@ -9,7 +9,7 @@
 /// and the name of another one, and tells those who show colours.
 namespace OMC {
 
-/// Where the colour is that a command edits.
+/// The place of the colour that a command edits.
 struct ColourPlace {
     UT_Id palette;
     UT_Id colour;

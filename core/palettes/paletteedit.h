@@ -10,7 +10,7 @@
 
 class SC_ProjectCommon;
 
-/// What the changes of palettes, colours and lists share.
+/// The steps that changes of palettes, colours and lists share.
 namespace OMC::paletteedit {
 
 /// The manager of the palettes.

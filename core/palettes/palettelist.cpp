@@ -23,7 +23,7 @@ namespace {
 
 constexpr unsigned int atTheEnd = std::numeric_limits<unsigned int>::max();
 
-/// Where the palettes of a list lie, below its path.
+/// The folder of a list's palettes, below the list's path.
 const QString library = QStringLiteral("/palette-library");
 
 QString typeNameOf(int type)
@@ -61,7 +61,7 @@ std::shared_ptr<CM_Palette> firstNamed(const CM_PaletteList& list, const QString
 
 } // namespace
 
-/// How `clone` and `duplicate` differ.
+/// The differences between `clone` and `duplicate`.
 struct PaletteList::CopyKind {
     bool keepsIds;
     QString suffix;

@@ -11,7 +11,7 @@
 /// back with it. A move that fails leaves list and files as they were.
 namespace OMC {
 
-/// What the commands with one palette share: putting it on the list at an index, and taking it off, with its files.
+/// The base of the commands with one palette: puts it on the list at an index, and takes it off, with its files.
 class OMC_PaletteList_BaseCommand : public UT_Command {
 protected:
     /// `withFiles` tells whether the files go along.

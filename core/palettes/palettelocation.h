@@ -6,7 +6,7 @@
 
 class SC_ProjectCommon;
 
-/// Where palettes lie: the kinds of folders by name, and the elements' folders.
+/// The folders of palettes: their kinds by name, and the elements' folders.
 namespace OMC::palettelocation {
 
 /// The names of the kinds, as a script writes them in any case of letters. What is no other kind is "BACKUP".

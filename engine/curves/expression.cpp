@@ -71,7 +71,7 @@ constexpr std::pair<const char*, double> constants[] = {{"pi", std::numbers::pi}
 constexpr std::string_view frameName = "frame";
 constexpr std::string_view valueName = "value";
 
-/// What muParser has in place of `value`: functions of a column's number.
+/// The functions that stand for `value` in the text for muParser: they take a column's number.
 constexpr char valueNow[] = "_now";
 constexpr char valueAt[] = "_at";
 
@@ -118,7 +118,7 @@ public:
 
     const std::string& prepared() const { return m_prepared; }
     std::vector<Expression::Source> takeSources() { return std::move(m_sources); }
-    /// Where a character of the prepared text comes from.
+    /// The place in the given text of a character of the prepared one.
     qsizetype placeOf(int at) const
     {
         return at >= 0 && static_cast<std::size_t>(at) < m_places.size() ? m_places[static_cast<std::size_t>(at)]
@@ -283,9 +283,9 @@ private:
 
     const QString& m_text;
     qsizetype m_at = 0;
-    int m_depth = 0; ///< Of the brackets.
+    int m_depth = 0; ///< The depth of the brackets.
     std::string m_prepared;
-    std::vector<qsizetype> m_places; ///< Of each character of the prepared text.
+    std::vector<qsizetype> m_places; ///< The place in the given text of each character of the prepared one.
     std::vector<Expression::Source> m_sources;
 };
 

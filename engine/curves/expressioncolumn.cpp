@@ -46,7 +46,7 @@ private:
     }
 
     ExpressionColumn* m_column;
-    QString m_text; ///< That it gets next.
+    QString m_text; ///< The text that the column gets next.
     bool m_isChange = false;
 };
 

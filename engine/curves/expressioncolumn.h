@@ -78,8 +78,8 @@ private:
     QString m_text;
     QStringList m_sources;
     mutable std::unique_ptr<Expression> m_expression; ///< Null until it is asked for, and for a text that is none.
-    mutable std::vector<NumberValues*> m_numbers;     ///< Of the expression's sources.
-    mutable std::uint64_t m_revision = 0;             ///< That of the readers for which these are; 0 is none.
+    mutable std::vector<NumberValues*> m_numbers;     ///< The numbers of the expression's sources.
+    mutable std::uint64_t m_revision = 0; ///< The readers' revision for which these were looked up; 0 for none.
     mutable bool m_isReady = false;
     mutable QString m_logged; ///< The reason for which the value was 0 last.
 };

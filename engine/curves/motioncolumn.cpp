@@ -279,7 +279,7 @@ struct PastedKey {
     bool constSegment;
 };
 
-/// Where a path is at a frame, to be there again once keyframes around it came or went.
+/// The place of a path at a frame, to which it is brought back once keyframes around it came or went.
 struct Pin {
     double frame;
     Point3d position;

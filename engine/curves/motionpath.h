@@ -11,7 +11,7 @@ namespace brindle::engine {
 struct MotionChange {
     enum Kind { Inserted, Removed, Edited, Velocity };
     Kind kind;
-    int index = 0;                    ///< Of the control point.
+    int index = 0;                    ///< The control point's.
     PathPoint before = {};            ///< As it was.
     VelocityCurve::Log velocity = {}; ///< Changes of the velocity's points.
 };
@@ -37,7 +37,7 @@ public:
     const std::vector<PathPoint>& points() const { return m_points; }
     int size() const { return static_cast<int>(m_points.size()); }
     bool has(int index) const { return index >= 0 && index < size(); }
-    void setPoints(const std::vector<PathPoint>& points); ///< Of a new path; each must be sound.
+    void setPoints(const std::vector<PathPoint>& points); ///< For a new path; each point must be sound.
 
     bool valueAt(double frame, Math::Point3d& position) const; ///< False while there is no control point.
 
@@ -110,7 +110,7 @@ private:
     mutable std::vector<double> m_keyFrames;                  ///< By control point; NaN for one that is no keyframe.
     mutable unsigned long long m_keyFramesOf = 0;             ///< The velocity's changes up to which that was true.
     mutable bool m_hasKeyFrames = false;
-    unsigned long long m_changes = 0; ///< Of the control points.
+    unsigned long long m_changes = 0; ///< Counts the changes of control points.
 
     /// The last frame that was asked for: scripts read the three coordinates one after the other.
     struct Recent {

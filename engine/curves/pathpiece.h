@@ -58,7 +58,7 @@ std::unique_ptr<PathPiece> makePositionPiece(const std::vector<PathPoint>& point
 /// continuity and bias make of the turns on both sides, as a path through positions makes its tangents of the chords.
 std::unique_ptr<PathPiece> makeRotationPiece(const std::vector<PathPoint>& points, int index);
 
-/// What a control point's tension, continuity and bias make of the chords beside it: the tangents with which the path
+/// The tangents that a control point's tension, continuity and bias make of the chords beside it: with these the path
 /// comes to the point and goes on from it.
 struct PathTangents {
     double inOfBefore, inOfAfter;   ///< The parts of the chords in the incoming tangent.

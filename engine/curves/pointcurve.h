@@ -9,7 +9,7 @@
 
 namespace brindle::engine {
 
-/// What an edit of a curve came to.
+/// The outcome of an edit of a curve.
 enum class CurveEdit { Done, Nothing, Refused };
 
 /// One elementary change of a curve's points, with what takes it back.

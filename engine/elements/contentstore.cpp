@@ -239,7 +239,7 @@ void ContentStore::dropped(DrawingContent& content)
     }
 }
 
-/// What waits goes with the project, or with its process; a process that was forked off leaves it.
+/// The files that wait go with the project, or with its process; a process that was forked off leaves them.
 void ContentStore::clearRemoved() const
 {
     if (!isOurs())

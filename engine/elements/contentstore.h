@@ -66,7 +66,7 @@ public:
 private:
     friend class DrawingContent;
 
-    /// Where a content's file is once the save has happened.
+    /// A content, and the place of its file once the save has happened.
     using Move = std::pair<DrawingContent*, QString>;
 
     std::shared_ptr<DrawingContent> make(const QString& place, bool isSaved);
@@ -81,10 +81,10 @@ private:
     bool m_isOwn = false;
     long long m_process;
     std::unordered_set<DrawingContent*> m_onDisk;
-    QSet<QString> m_places;    ///< Of the files that are the project's, also of those that go with the next save.
+    QSet<QString> m_places;    ///< The places of the project's files, those included that go with the next save.
     QSet<QString> m_abandoned; ///< Places among them whose contents nobody holds any more.
     quint64 m_lastRemoved = 0;
-    std::vector<Move> m_moves; ///< Of the save that is under way.
+    std::vector<Move> m_moves; ///< The moves of the save that is under way.
 };
 
 } // namespace brindle::engine

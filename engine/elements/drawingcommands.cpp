@@ -326,7 +326,7 @@ private:
     bool m_addsLayer = false;
     bool m_addsDrawing = false;
     std::unique_ptr<Drawing> m_taken;
-    ContentPointer m_content; ///< Of the copy, while it isn't there; null where there is nothing to copy.
+    ContentPointer m_content; ///< The copy's content while there is no copy; null where there is nothing to copy.
 };
 
 class SetContent final : public OneDrawingCommand {

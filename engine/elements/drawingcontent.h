@@ -37,7 +37,7 @@ public:
     void remember(const ContentValuePointer& value) const { m_known = value; }
     bool isThere() const; ///< Looks for the file of one that is on disk.
     bool isOnDisk() const { return !m_place.isEmpty(); }
-    /// Where the file stands in the project's folder; empty while it is in memory.
+    /// The file's path in the project's folder; empty while the content is in memory.
     const QString& place() const { return m_place; }
     QString shownPath() const; ///< As messages name it: the path of its file, or "the drawing".
 

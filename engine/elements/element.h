@@ -10,7 +10,7 @@ namespace brindle::engine {
 
 class ElementManager;
 
-/// What a person sets of an element.
+/// The fields of an element that a person sets.
 struct ElementFields {
     QString name;
     int scanType = TUElement::kColor;

@@ -10,7 +10,7 @@ namespace brindle::engine {
 
 class ElementManager;
 
-/// What a project's elements have in its folder: "elements.json" and the files of the drawings.
+/// The files of a project's elements in its folder: "elements.json" and those of the drawings.
 class ElementFiles final : public ProjectFiles {
 public:
     explicit ElementFiles(ElementManager& elements) : m_elements(elements) {}
@@ -27,7 +27,7 @@ private:
 
     ElementManager& m_elements;
     bool m_hasFile = false;    ///< The "elements.json" of the folder is the project's.
-    ContentStore::Plan m_plan; ///< Of the save that is under way.
+    ContentStore::Plan m_plan; ///< The plan of the save that is under way.
     std::vector<Owner> m_owners;
 };
 

@@ -49,7 +49,7 @@ public:
     bool isFreeName(const QString& name, const Element* own) const;
     /// Whether no element has a folder of the name, also where capital letters are not told apart.
     bool isFreeFolder(const QString& physicalName) const;
-    /// What `createElement` has made of this id, which the caller owns from now on; null where it made none.
+    /// Gives the caller the element that `createElement` made under this id; null where it made none.
     std::unique_ptr<Element> takeMade(int id);
 
     bool isShown(const Element& element, const QString& drawing) const; ///< By a column of the project.

@@ -29,7 +29,7 @@ public:
     Exposures& exposures() { return m_exposures; }
     virtual Column& column() = 0;
 
-    /// What an edit makes of the present exposures; nothing where it is refused.
+    /// Gives the change that an edit makes to the present exposures; nothing where it is refused.
     using Edit = std::function<std::optional<Exposures::Change>(const Exposures&)>;
     /// The command that makes an edit, which is worked out at its first execution.
     std::unique_ptr<CO_Command> editCommand(Edit edit);

@@ -283,7 +283,7 @@ Exposures::Change Exposures::pasted(const Exposures& source, int first, int coun
     }
     const std::size_t behind = placeFrom(end);
     const bool isExposed = behind < m_all.size() && m_all[behind].frame == end;
-    if (!isExposed && !(extends && sheet.showsDrawing()))
+    if (end <= lastFrame && !isExposed && !(extends && sheet.showsDrawing()))
         sheet.show(end, at(end));
     sheet.add(std::span(m_all).subspan(behind));
     return changeTo(sheet);

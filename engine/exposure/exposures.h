@@ -30,7 +30,7 @@ struct FrameSpan {
 /// no drawing is shown; there is no empty one where none is shown already. Two in a row may show the same drawing: each
 /// is a key exposure.
 ///
-/// What an edit changes is worked out first, and made by `exchange`, which gives the change that takes it back.
+/// An edit is worked out as a Change first; `exchange` makes it, and gives the change that takes it back.
 class Exposures {
 public:
     static constexpr int lastFrame = 1'000'000;
@@ -87,7 +87,7 @@ public:
 private:
     class Sheet;
 
-    std::size_t placeFrom(int frame) const; ///< Of the first exposure at a frame or behind it.
+    std::size_t placeFrom(int frame) const; ///< The place of the first exposure at a frame or behind it.
     Change changeTo(const Sheet& sheet) const;
 
     std::vector<Exposure> m_all;

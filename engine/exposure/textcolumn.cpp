@@ -1,6 +1,7 @@
 #include "engine/exposure/textcolumn.h"
 
 #include "core/host/sc_scene.h"
+#include "engine/curves/framepaste.h"
 #include "engine/curves/frameshift.h"
 #include "engine/exposure/exposurecolumn.h"
 #include "engine/folder/jsonplace.h"
@@ -115,6 +116,34 @@ std::unique_ptr<CO_Command> TextCells::clearCommand(int at, int count)
     for (auto cell = m_cells.upper_bound(at); cell != m_cells.end() && cell->first <= at + count; ++cell)
         change[cell->first] = QString();
     return changeCommand(std::move(change));
+}
+
+std::unique_ptr<CO_Command> TextCells::pasteOf(const Column& source, const FramePaste& paste)
+{
+    const auto* given = dynamic_cast<const TextCells*>(&source);
+    if (!given || paste.first() < 1 || paste.last() > Exposures::lastFrame)
+        return nullptr;
+    Change change;
+    if (paste.substitutes) {
+        for (auto cell = m_cells.lower_bound(paste.first()); cell != m_cells.end() && cell->first <= paste.last();
+             ++cell)
+            change[cell->first] = QString();
+    }
+    for (auto cell = given->m_cells.begin(); cell != given->m_cells.end() && cell->first <= paste.count; ++cell) {
+        const int frame = paste.first() + cell->first - 1;
+        if (paste.substitutes || textAt(frame).isEmpty())
+            change[frame] = cell->second;
+    }
+    std::erase_if(change, [this](const auto& cell) { return textAt(cell.first) == cell.second; });
+    return changeCommand(std::move(change));
+}
+
+void TextCells::keep(int first, int count)
+{
+    std::map<int, QString> kept;
+    for (auto cell = m_cells.lower_bound(first); cell != m_cells.end() && cell->first < first + count; ++cell)
+        kept.emplace_hint(kept.end(), cell->first - first + 1, cell->second);
+    m_cells = std::move(kept);
 }
 
 std::unique_ptr<TUCellMemo> TextCells::rememberCell(int frame)

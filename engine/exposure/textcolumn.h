@@ -31,13 +31,15 @@ public:
     std::unique_ptr<CO_Command> writeCommand(int frame, int count, const QString& text);
 
 protected:
-    /// Of each frame that changes, the text that it gets; null for none.
+    /// The new text of each frame that changes; null for none.
     using Change = std::map<int, QString>;
     class Command;
 
     std::unique_ptr<CO_Command> changeCommand(Change change); ///< Null for a change of nothing.
     std::unique_ptr<CO_Command> shiftCommand(const FrameShift& shift);
-    std::unique_ptr<CO_Command> clearCommand(int at, int count); ///< Of `count` cells behind frame `at`.
+    std::unique_ptr<CO_Command> clearCommand(int at, int count); ///< Empties `count` cells behind frame `at`.
+    std::unique_ptr<CO_Command> pasteOf(const Column& source, const FramePaste& paste);
+    void keep(int first, int count); ///< As Column::keepFrames.
     std::unique_ptr<TUCellMemo> rememberCell(int frame);
     int write(double frame, int count, const QString& text); ///< As Column::setValuesFromXsheet.
     void writeCells(JsonWriter& json) const;
@@ -76,6 +78,11 @@ public:
     NumberValues* numbers() override { return nullptr; }
     std::unique_ptr<CO_Command> shiftFramesCommand(const FrameShift& shift) override { return shiftCommand(shift); }
     std::unique_ptr<CO_Command> clearFramesCommand(int at, int count) override { return clearCommand(at, count); }
+    std::unique_ptr<CO_Command> pasteCommand(const Column& source, const FramePaste& paste) override
+    {
+        return pasteOf(source, paste);
+    }
+    void keepFrames(int first, int count) override { keep(first, count); }
     std::unique_ptr<Column> copy(const QString& name, bool anonymous) const override;
     void write(JsonWriter& json) const override { writeCells(json); }
     void read(const JsonPlace& place) override { readCells(place); }

@@ -37,7 +37,7 @@ private:
     QString m_path;
     QByteArray m_content;
     std::string_view m_rest; ///< Behind the present line.
-    std::string_view m_line; ///< What of the present line has not been taken.
+    std::string_view m_line; ///< The rest of the present line, which has not been taken yet.
     int m_number = 0;
 };
 

@@ -10,11 +10,11 @@
 
 namespace brindle::engine {
 
-/// What is known of a palette's files since they were read or written last.
+/// The state of a palette's files when they were read or written last.
 struct KnownFiles {
     std::optional<Checksum> file; ///< The content on disk; nothing where no file was there.
     qint64 changedAt = 0;         ///< When the file was changed, in nanoseconds since 1970.
-    Checksum text;                ///< What the palette's own text was at that time.
+    Checksum text;                ///< The palette's own text at that time.
     /// The pictures by their textures, and the contents of their files.
     struct Picture {
         std::shared_ptr<const BM_Bitmap> bitmap;
@@ -28,7 +28,7 @@ qint64 changeTime(const QString& path);
 
 } // namespace brindle::engine
 
-/// What a palette of the open engine keeps.
+/// The state of a palette of the open engine.
 class CM_Palette::Private {
 public:
     enum class Content { Unread, Read, Missing, Damaged };
@@ -45,7 +45,7 @@ public:
     bool insert(const Entry& entry, std::size_t index);
     /// Reads the file under the identity that it has itself. Throws `FolderFailure`; false where there is no file.
     bool read();
-    void rememberText(); ///< What it says now counts as unchanged.
+    void rememberText(); ///< From now on, the present text counts as unchanged.
 
     UT_Id id;
     CM_PalettePathFile path;

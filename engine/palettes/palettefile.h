@@ -39,7 +39,8 @@ using TextureSource = std::function<std::shared_ptr<const BM_Bitmap>(const QStri
 QByteArray paletteFileText(const PaletteRecord& palette);
 
 inline constexpr QLatin1String paletteEnding(".plt");
-inline constexpr QLatin1String texturesEnding("_textures"); ///< Of the folder, behind the name of the palette's file.
+inline constexpr QLatin1String
+    texturesEnding("_textures"); ///< Follows the name of the palette's file in the folder's name.
 
 QString textureFileName(const UT_Id& id); ///< In that folder.
 

@@ -28,12 +28,12 @@ bool putBack(const QString& file, const UT_Id& id);
 
 } // namespace palette_files
 
-/// Where a palette is read from: its path, or, as long as nobody has put it back, ".deleted".
+/// The place from which a palette is read: its path or, as long as nobody has put it back, ".deleted".
 class PaletteSource {
 public:
     PaletteSource(const QString& file, const UT_Id& id);
 
-    const QString& path() const { return m_path; } ///< Of the palette's file.
+    const QString& path() const { return m_path; } ///< The path of the palette's file.
     QByteArray read(bool* missing) const;
     QByteArray readTexture(const QString& name, bool* missing) const;
 

@@ -7,7 +7,7 @@
 #include <optional>
 #include <unordered_map>
 
-/// What a palette list of the open engine keeps.
+/// The state of a palette list of the open engine.
 class CM_PaletteList::Private {
 public:
     using Palette = std::shared_ptr<CM_Palette>;

@@ -9,7 +9,7 @@
 
 namespace brindle::engine {
 
-/// What the file of a palette list tells.
+/// The content of the file of a palette list.
 struct PaletteListRecord {
     struct Palette {
         UT_Id id;

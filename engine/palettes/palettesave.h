@@ -22,7 +22,8 @@ class PaletteSave {
 public:
     PaletteSave(FolderTransaction& save, const Folder& folder) : m_save(save), m_folder(folder) {}
 
-    /// What changed. Throws `FolderFailure`, also where another process has the lock of a palette that has changed.
+    /// Adds the palettes that changed. Throws `FolderFailure`, also where another process has the lock of a palette
+    /// that has changed.
     void add(const std::shared_ptr<CM_Palette>& palette);
     /// All of it, for another folder in which the project goes on: as the palette is, or, where it was not read, as it
     /// is on disk. `from` is the path of the project's folder, which the palette lies below.

@@ -44,10 +44,10 @@ public:
     /// The open project's, or null.
     static PaletteStore* current();
     void makeCurrent(); ///< From now on, until it is destroyed or another one is.
-    /// Where a file of the open project is while an interrupted save of it waits to be ended by who may write; the path
-    /// itself for any other.
+    /// The present path of a file of the open project, while an interrupted save waits for a process that may write to
+    /// end it; the path itself for any other file.
     static QString placeOnDisk(const QString& path);
-    /// A palette of the open project, on a list or about to be.
+    /// Takes note of a palette of the open project, which is on a list or will be.
     static void remember(const Palette& palette);
 
     QString path() const { return m_path; }
@@ -64,7 +64,7 @@ public:
     std::vector<ElementFolder> elementFolders() const;
 
     const std::vector<List>& lists(); ///< The project's, and those that elements have by now.
-    /// The same without a look for lists of new elements, for searches.
+    /// The same, without looking for the lists of new elements; for searches.
     const std::vector<List>& knownLists() { return m_lists.empty() ? lists() : m_lists; }
     List listAt(const QString& path, bool create); ///< Null for a folder that is not the project's or an element's.
 
@@ -94,9 +94,9 @@ private:
     const HolderLock* m_lock = nullptr;
     std::function<std::vector<ElementFolder>()> m_elementFolders;
     List m_projectList;
-    QHash<QString, List> m_elementLists; ///< By the element's folder; null where it has no list.
+    QHash<QString, List> m_elementLists; ///< The lists by the elements' folders; null for an element without one.
     std::vector<List> m_lists;
-    std::vector<std::weak_ptr<CM_Palette>> m_known; ///< All that were on a list since the project was opened.
+    std::vector<std::weak_ptr<CM_Palette>> m_known; ///< All palettes that were on a list since the project was opened.
     std::set<quint64> m_claimed;
 
     struct SavedList {
@@ -104,7 +104,7 @@ private:
         std::optional<Checksum> file;
         bool isUnread; ///< The damaged file was copied.
     };
-    std::unique_ptr<PaletteSave> m_save; ///< From `addTo` to `saved`, as the next three.
+    std::unique_ptr<PaletteSave> m_save; ///< Set from `addTo` to `saved`, as are the next three.
     bool m_isElsewhere = false;
     std::vector<SavedList> m_savedLists;
     QStringList m_told;

@@ -9,7 +9,7 @@ namespace brindle::engine {
 
 namespace {
 
-/// How long the event loop waits before it asks whether anybody is left to give the lock back.
+/// The time after which the event loop asks whether anybody is left to give the lock back.
 constexpr auto patience = std::chrono::milliseconds(250);
 
 } // namespace
