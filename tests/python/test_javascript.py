@@ -487,3 +487,29 @@ def test_memory_that_runs_out_costs_the_scripts_and_not_the_process(tmp_path):
         """
     done = run_alone(code, str(tmp_path / "project"))
     assert (done.returncode, done.stderr) == (0, "")
+
+
+def test_values_are_empty_behind_the_end_of_the_session(tmp_path):
+    code = """
+        import atexit, sys
+
+        @atexit.register  # Ahead of the module's own, so it runs behind that.
+        def late():
+            assert (len(kept), kept["n"], list(kept), kept.type) == (0, None, [], "UNKNOWN")
+            for call in (lambda: kept.set("m", 1), lambda: function.call([1]), lambda: js.eval("1"),
+                         lambda: js.load_string("1")):
+                try:
+                    call()
+                except brindle.Error as error:
+                    print(error)
+
+        import brindle
+        app = brindle.create(sys.argv[1])
+        js = app.javascript
+        kept = js.eval("({n: 1})")
+        function = js.eval("(function(x) { return x })")
+        """
+    done = run_alone(code, str(tmp_path / "project"))
+    assert (done.returncode, done.stderr) == (0, "")
+    assert done.stdout.splitlines() == ["Unable to set item in container.", "The current object is not a function.",
+                                        "Object is no longer valid.", "Object is no longer valid."]
