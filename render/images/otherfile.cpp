@@ -6,7 +6,10 @@
 #include <QFile>
 
 #include <dlfcn.h>
+#include <fcntl.h>
+#include <unistd.h>
 #include <array>
+#include <cerrno>
 
 namespace brindle::render {
 
@@ -113,6 +116,25 @@ private:
     std::vector<BrindleImageText> m_rows;
 };
 
+/// Whether there is room for more behind a file that was written. Not all of OpenImageIO's formats notice that a disk
+/// is full: they say that all is well, and the file ends in the middle.
+bool hasRoomLeft(const QByteArray& path, QString& error)
+{
+    const std::vector<char> more(65536);
+    const int file = open(path.constData(), O_WRONLY | O_APPEND | O_CLOEXEC);
+    const off_t size = file < 0 ? 0 : lseek(file, 0, SEEK_END);
+    errno = ENOSPC;
+    const bool hasRoom = file >= 0 && ::write(file, more.data(), more.size()) == ssize_t(more.size());
+    if (!hasRoom)
+        error = qt_error_string(errno);
+    const bool isBack = file >= 0 && ftruncate(file, size) == 0;
+    if (hasRoom && !isBack)
+        error = qt_error_string(errno);
+    if (file >= 0)
+        close(file);
+    return hasRoom && isBack;
+}
+
 class OtherFile final : public ImageFile {
 public:
     bool read(const QString& path, FileContent& content, QString& error) const override
@@ -148,7 +170,7 @@ public:
         if (module().functions->write(QFile::encodeName(path).constData(), &image, compression.constData(), quality,
                                       profile.constData(), std::size_t(profile.size()), texts.rows().data(),
                                       texts.rows().size(), reason.data(), reason.size()))
-            return true;
+            return hasRoomLeft(QFile::encodeName(path), error);
         error = QString::fromUtf8(reason.data());
         return false;
     }
