@@ -184,6 +184,15 @@ NATIVE = (
     Row("length of a cubic curve", "lengthOfCubic", "floorLengthOfCubic", "lib2geom: to 1e-8"),
     Row("box of a cubic curve", "boxOfCubic", "floorBoxOfCubic", "lib2geom: the same"),
     Row("fit a path to 1,000 points", "fitPoints/1000", "floorFitPoints/1000", "lib2geom: the same", most=10 * MS),
+    Row("a picture of 1920 x 1080: 200 shapes of 8 curves", "pictureShapes", "floorShapes", "Qt's painter", aim=60 * MS),
+    Row("a layer of 1,000 faces without a seam", "picturePartition", aim=60 * MS),
+    Row("500 lines of 96 pieces each", "pictureLines", aim=80 * MS),
+    Row("the picture over another one", "pictureBlend/0", aim=15 * MS),
+    Row("multiplied with it", "pictureBlend/1", aim=20 * MS),
+    Row("a blur of radius 8", "pictureBlur", aim=150 * MS),
+    Row("its pixels as 8 bits", "pictureToBytes", aim=15 * MS),
+    Row("a PNG of it", "picturePng", aim=130 * MS),
+    Row("an EXR of halves of it", "pictureExr", aim=250 * MS),
 )
 
 NATIVE_FLOORS = (

@@ -9,7 +9,7 @@ if(bench_found)
     set_target_properties(brindle_bench PROPERTIES AUTOMOC ON)
     target_link_libraries(brindle_bench PRIVATE
         BrindleObjectModelCore $<LINK_ONLY:${BRINDLE_ENGINE_TARGET}> benchmark::benchmark
-        PkgConfig::Imath PkgConfig::Geom2d)
+        BrindleRenderObjects PkgConfig::Imath PkgConfig::Geom2d)
 
     # An extension module on CPython's own API and nothing else, importable from <build>/bench. A module isn't linked with
     # libpython, as the product isn't.

@@ -11,7 +11,7 @@ packages=(
     qt6-base-dev qt6-5compat-dev qt6-declarative-dev qt6-svg-dev libimath-dev libmuparser-dev zlib1g-dev lib2geom-dev libboost-dev
     libopenexr-dev libopencolorio-dev libopenimageio-dev
     python3 python3-dev
-    libgtest-dev libgmock-dev libbenchmark-dev python3-pytest python3-hypothesis python3-mypy
+    libgtest-dev libgmock-dev libbenchmark-dev python3-pytest python3-hypothesis python3-mypy python3-numpy
 )
 case "${1:-}" in
     "") ;;

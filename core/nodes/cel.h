@@ -55,14 +55,13 @@ public:
     /// else the cel stays as it was, without an error.
     virtual void setImageFile(const QString& path);
 
-    /// The path of the data file of a 3D object; fails for any other cel.
-    virtual QString write();
-    /// Writes the picture to a file, in the format that its ending stands for; a 3D object becomes a second name of its
-    /// data file. The log says why it fails.
-    virtual void write(const QString& path);
-    /// The same for the pixels in a format such as "PIXMAP_RGBA8" or "PIXMAP_RGBA16", in any case of letters. Any other
-    /// text writes the pixels as they are. What an option may be, "quality=90", depends on the format of the file.
+    /// Writes the picture to a file, in the format that its ending stands for, whole or not at all; the log says why it
+    /// fails. A format such as "PIXMAP_RGBA8" or "PIXMAP_RGBA16", in any case of letters, says which pixels are
+    /// written; any other text leaves them as they are. What an option may be ("quality=90") depends on the format of
+    /// the file. A 3D object becomes a second name of its data file; without a path, its path is given.
     virtual void write(const QString& path, const QString& format, const QString& writeOption);
+    virtual void write(const QString& path); // The same without a format.
+    virtual QString write();                 // The path of the data file of a 3D object; fails for any other cel.
 
     /// A copy as a temporary file, which goes with the process: a PNG, or the data file of a 3D object.
     virtual QString workingCopy();

@@ -40,45 +40,56 @@ int reachOf(const Reaches& reaches)
     return reaches[0] + reaches[1] + reaches[2];
 }
 
-/// The running mean of `count` values of `width` floats each, from one row to another.
-void meanOf(const float* from, float* to, int count, int stride, int reach)
+/// So many pixels of neighbouring lines are blurred side by side: those of a cache line, where lines run down.
+constexpr int mostLanes = 8 * channelCount;
+
+/// The means of steps of so many values each, from one buffer to another.
+template <int lanes>
+void meanOf(const float* from, float* to, int count, int reach)
 {
     const double share = 1.0 / (2 * reach + 1);
-    for (int c = 0; c < channelCount; ++c) {
-        double sum = 0;
-        for (int i = 0; i < std::min(reach, count); ++i)
-            sum += double(from[i * stride + c]);
-        for (int i = 0; i < count; ++i) {
-            if (i + reach < count)
-                sum += double(from[(i + reach) * stride + c]);
-            if (i - reach > 0)
-                sum -= double(from[(i - reach - 1) * stride + c]);
-            to[i * stride + c] = float(sum * share);
-        }
+    std::array<double, lanes> sums{};
+    const auto add = [&](int step) {
+        for (int lane = 0; lane < lanes; ++lane)
+            sums[lane] += double(from[step * lanes + lane]);
+    };
+    const auto subtract = [&](int step) {
+        for (int lane = 0; lane < lanes; ++lane)
+            sums[lane] -= double(from[step * lanes + lane]);
+    };
+    for (int step = 0; step < std::min(reach, count); ++step)
+        add(step);
+    for (int step = 0; step < count; ++step) {
+        if (step + reach < count)
+            add(step + reach);
+        if (step - reach > 0)
+            subtract(step - reach - 1);
+        for (int lane = 0; lane < lanes; ++lane)
+            to[step * lanes + lane] = float(sums[lane] * share);
     }
 }
 
-/// The means of a line of pixels, which may lie across or down in a picture.
-class Line {
+/// Lines of pixels, which run across or down in a picture.
+class Lines {
 public:
-    explicit Line(int count) : m_now(std::size_t(count) * channelCount), m_next(m_now.size()), m_count(count) {}
+    explicit Lines(int count) : m_now(std::size_t(count) * mostLanes), m_next(m_now.size()), m_count(count) {}
 
+    /// Blurs lines that begin at neighbouring pixels; `step` leads from one pixel of a line to the next.
+    template <int lanes>
     void blur(std::uint16_t* pixels, qsizetype step, const Reaches& reaches)
     {
-        for (int i = 0; i < m_count; ++i) {
-            for (int c = 0; c < channelCount; ++c)
-                m_now[std::size_t(i * channelCount + c)] = float(pixels[i * step + c]);
-        }
+        for (int i = 0; i < m_count; ++i)
+            std::copy_n(pixels + i * step, lanes, &m_now[std::size_t(i * lanes)]);
         for (const int reach : reaches) {
             if (reach == 0)
                 continue;
-            meanOf(m_now.data(), m_next.data(), m_count, channelCount, reach);
+            meanOf<lanes>(m_now.data(), m_next.data(), m_count, reach);
             std::swap(m_now, m_next);
         }
         for (int i = 0; i < m_count; ++i) {
-            const float* const value = &m_now[std::size_t(i * channelCount)];
-            for (int c = 0; c < channelCount; ++c)
-                pixels[i * step + c] = std::uint16_t(std::clamp(value[c], 0.0f, 65535.0f) + 0.5f);
+            const float* const values = &m_now[std::size_t(i * lanes)];
+            for (int lane = 0; lane < lanes; ++lane)
+                pixels[i * step + lane] = std::uint16_t(std::clamp(values[lane], 0.0f, 65535.0f) + 0.5f);
         }
     }
 
@@ -101,14 +112,18 @@ void blur(Picture& picture, double radiusAcross, double radiusDown)
     picture = picture.grown(picture.box().adjusted(-dx, -dy, dx, dy));
     QImage& pixels = picture.pixels();
     if (dx > 0) {
-        Line line(pixels.width());
+        Lines lines(pixels.width());
         for (int y = 0; y < pixels.height(); ++y)
-            line.blur(rowOf(pixels, 0, y), channelCount, across);
+            lines.blur<channelCount>(rowOf(pixels, 0, y), channelCount, across);
     }
     if (dy > 0) {
-        Line line(pixels.height());
-        for (int x = 0; x < pixels.width(); ++x)
-            line.blur(rowOf(pixels, x, 0), pixels.bytesPerLine() / qsizetype(sizeof(std::uint16_t)), down);
+        Lines lines(pixels.height());
+        const qsizetype step = pixels.bytesPerLine() / qsizetype(sizeof(std::uint16_t));
+        int x = 0;
+        for (; x + mostLanes / channelCount <= pixels.width(); x += mostLanes / channelCount)
+            lines.blur<mostLanes>(rowOf(pixels, x, 0), step, down);
+        for (; x < pixels.width(); ++x)
+            lines.blur<channelCount>(rowOf(pixels, x, 0), step, down);
     }
 }
 

@@ -11,7 +11,9 @@ UNEXPECTED = "An unexpected error has occurred."
 # What belongs to the session, or to the person.
 SESSION = {"javascript", "javascript object", "javascript script", "preferences", "preference", "actions", "about", "views",
            "tools", "selection"}
-KEPT_BY_CLOSING = {"application", "copy object", "enum option", "locked block", *SESSION, *support.VALUES}
+# What lies in no project.
+PICTURES = {"cel", "empty cel", "node data"}
+KEPT_BY_CLOSING = {"application", "copy object", "enum option", "locked block", *SESSION, *PICTURES, *support.VALUES}
 KEPT = {"project", "resolution", "named resolution", "history", "bracket", "scenes", "aspect", "units", "center",
         "unit converter", "metadata", "metadata pair", "scene", "clipboard", "columns", "nodes of the scene", "copied nodes",
         "display", "composite", "dynamic in-ports", "palette lists", "palettes", "palette", "solid colour", "gradient",

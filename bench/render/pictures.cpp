@@ -1,0 +1,147 @@
+#include "bench/render/shapes.h"
+#include "engine/cels/renderlibrary.h"
+#include "render/operations/blend.h"
+#include "render/operations/blur.h"
+#include "render/operations/shade.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QTemporaryDir>
+
+#include <stdexcept>
+
+// Pictures of 1920 x 1080 pixels on one thread.
+
+extern "C" const brindle::engine::RenderLibrary* brindleRenderLibrary();
+
+namespace {
+
+using namespace brindle::render;
+
+void pictureShapes(benchmark::State& state)
+{
+    const bench::Shapes shapes;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(shapes.drawn());
+}
+
+/// 40 x 25 cells that share their edges, each added to the others.
+void picturePartition(benchmark::State& state)
+{
+    std::vector<GR_BezierPath2d> paths;
+    std::vector<Paint> paints;
+    std::vector<Face> faces;
+    constexpr double width = 48;
+    constexpr double height = 43.2;
+    for (int cell = 0; cell < 1000; ++cell) {
+        const double x = cell % 40 * width;
+        const double y = cell / 40 * height;
+        GR_BezierPath2d path;
+        for (const Math::Point2d& point :
+             {Math::Point2d{x, y}, {x + width, y}, {x + width, y + height}, {x, y + height}})
+            path.Append(point, true);
+        path.ClosePath();
+        paths.push_back(path);
+        paints.push_back(SolidPaint{QRgba64::fromRgba(quint8(cell), quint8(cell / 4), 90, 255)});
+    }
+    for (std::size_t cell = 0; cell < paths.size(); ++cell)
+        faces.push_back({{&paths[cell], 1}, &paints[cell]});
+    const auto rasteriser = Rasteriser::make();
+    for (auto _ : state) {
+        rasteriser->beginLayer(bench::pictureSize, QTransform());
+        rasteriser->addFaces(faces, Rasteriser::Faces::Partition);
+        benchmark::DoNotOptimize(rasteriser->endLayer());
+    }
+}
+
+/// 500 lines of 96 pieces each.
+void pictureLines(benchmark::State& state)
+{
+    std::mt19937 random(7);
+    const auto between = [&](double least, double most) {
+        return least + (most - least) * double(random()) / double(std::mt19937::max());
+    };
+    std::vector<StrokePieces> lines(500);
+    const Paint black = SolidPaint{QRgba64::fromRgba(20, 20, 20, 255)};
+    std::vector<Stroke> strokes;
+    for (StrokePieces& line : lines) {
+        Math::Point2d at{between(0, 1920), between(0, 1080)};
+        double direction = between(0, 6);
+        for (int piece = 0; piece < 96; ++piece) {
+            direction += between(-0.2, 0.2);
+            const Math::Vector2d way{4 * std::cos(direction), 4 * std::sin(direction)};
+            const Math::Vector2d side{-way.y, way.x};
+            const Math::Point2d next{at.x + way.x, at.y + way.y};
+            const Math::Point2d corners[] = {{at.x - side.x, at.y - side.y},
+                                             {next.x - side.x, next.y - side.y},
+                                             {next.x + side.x, next.y + side.y},
+                                             {at.x + side.x, at.y + side.y}};
+            line.add(corners);
+            at = next;
+        }
+        strokes.push_back({&line, &black});
+    }
+    const auto rasteriser = Rasteriser::make();
+    for (auto _ : state) {
+        rasteriser->beginLayer(bench::pictureSize, QTransform());
+        rasteriser->addStrokes(strokes);
+        benchmark::DoNotOptimize(rasteriser->endLayer());
+    }
+}
+
+void pictureBlend(benchmark::State& state)
+{
+    const Picture above = bench::Shapes().drawn();
+    Picture below = colourCard(bench::pictureSize, QRgba64::fromRgba(200, 100, 50, 255));
+    for (auto _ : state)
+        blend(below, above, BlendMode(state.range(0)));
+}
+
+void pictureBlur(benchmark::State& state)
+{
+    const Picture drawn = bench::Shapes().drawn();
+    for (auto _ : state) {
+        Picture picture = drawn;
+        blur(picture, 8, 8);
+        benchmark::DoNotOptimize(picture.pixels());
+    }
+}
+
+void write(benchmark::State& state, const char* key, CEL_Representation::CelFormat format)
+{
+    const QTemporaryDir folder;
+    const CEL_PixmapPtr picture = bench::Shapes().drawn().area()->converted(format);
+    for (auto _ : state) {
+        QString error;
+        if (!brindleRenderLibrary()->write(*picture, {folder.filePath("p.img"), {}, {}, nullptr, {}}, key, error))
+            throw std::runtime_error(error.toStdString());
+    }
+}
+
+void pictureToBytes(benchmark::State& state)
+{
+    const CEL_PixmapAreaPtr area = bench::Shapes().drawn().area();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(area->converted(CEL_Representation::PIXMAP_RGBA8));
+}
+
+void picturePng(benchmark::State& state)
+{
+    write(state, "PNG", CEL_Representation::PIXMAP_RGBA8);
+}
+
+void pictureExr(benchmark::State& state)
+{
+    write(state, "OPENEXR", CEL_Representation::PIXMAP_RGBA_FLOAT);
+}
+
+BENCHMARK(pictureShapes)->Unit(benchmark::kMillisecond);
+BENCHMARK(picturePartition)->Unit(benchmark::kMillisecond);
+BENCHMARK(pictureLines)->Unit(benchmark::kMillisecond);
+BENCHMARK(pictureBlend)->Unit(benchmark::kMillisecond)->Arg(int(BlendMode::Normal))->Arg(int(BlendMode::Multiply));
+BENCHMARK(pictureBlur)->Unit(benchmark::kMillisecond);
+BENCHMARK(pictureToBytes)->Unit(benchmark::kMillisecond);
+BENCHMARK(picturePng)->Unit(benchmark::kMillisecond);
+BENCHMARK(pictureExr)->Unit(benchmark::kMillisecond);
+
+} // namespace
