@@ -42,7 +42,7 @@ void picturePartition(benchmark::State& state)
             path.Append(point, true);
         path.ClosePath();
         paths.push_back(path);
-        paints.push_back(SolidPaint{QRgba64::fromRgba(quint8(cell), quint8(cell / 4), 90, 255)});
+        paints.emplace_back(SolidPaint{QRgba64::fromRgba(quint8(cell), quint8(cell / 4), 90, 255)});
     }
     for (std::size_t cell = 0; cell < paths.size(); ++cell)
         faces.push_back({{&paths[cell], 1}, &paints[cell]});

@@ -45,7 +45,7 @@ public:
                 path.Append(at(curve + 1, next), true);
             }
             m_paths.push_back(path);
-            m_paints.push_back(brindle::render::SolidPaint{QRgba64::fromRgba(
+            m_paints.emplace_back(brindle::render::SolidPaint{QRgba64::fromRgba(
                 quint8(random() % 256), quint8(random() % 256), quint8(random() % 256), index % 2 ? 156 : 255)});
         }
         for (int index = 0; index < count; ++index)
