@@ -4,7 +4,8 @@
 #include "engine/drawings/livedrawing.h"
 #include "engine/drawings/strokecopies.h"
 
-/// What the operations of an access have in common, in drawingaccess.cpp (layers) and strokeaccess.cpp (strokes).
+/// What the operations of an access have in common, in drawingaccess.cpp (layers), strokeaccess.cpp (strokes) and
+/// strokecutting.cpp.
 class GR_DrawingAccess::Private {
 public:
     using LiveArt = brindle::engine::LiveArt;

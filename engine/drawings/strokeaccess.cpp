@@ -274,9 +274,3 @@ void GR_DrawingAccess::setSharedThicknessPath(const std::vector<GR_VectorStroke*
         d->replace(*line[index].stroke, [&binder](GR_StrokeData& data) { data.CopyThicknessBinder(binder); });
     }
 }
-
-int GR_DrawingAccess::Cut(UT_Node* layer)
-{
-    d->strokeLeaf(layer);
-    throw std::invalid_argument("Strokes can't be cut.");
-}
