@@ -14,6 +14,7 @@ int projectInfo(const QList<QByteArray>& arguments);
 int openDesk(const QList<QByteArray>& arguments);
 int showPalette(const QList<QByteArray>& arguments);
 int drawing(const QList<QByteArray>& arguments);
+int render(const QList<QByteArray>& arguments);
 int preferences(const QList<QByteArray>& arguments);
 
 /// How a command is called, for its help and for who misuses it.
@@ -51,6 +52,19 @@ inline constexpr Usage drawingUsage = {
     "Draws an SVG picture into a new drawing of an element, or writes a drawing as an SVG picture.",
     "  --palette NAME  Puts the picture's colours into this palette of the project; else one of the picture's name.\n"
     "                  Element and palette are made where there are none.\n"};
+inline constexpr Usage renderUsage = {
+    "render",
+    "[--scene S] [--frames 1-60,72] [--node NODE] [--size 1920x1080] [--out 'frames/%04d.png']\n"
+    "                 [--movie FILE.mp4|.gif|.apng] [--threads N] [--resume] PROJECT",
+    "Draws frames of a scene as image files, or as a movie.",
+    "  --scene S       Draws this scene; else the first one.\n"
+    "  --frames LIST   Draws these frames, as 1-60,72; else those from the scene's start to its stop frame.\n"
+    "  --node NODE     Draws what this node shows; else the display, or each WRITE node, where --out is not given.\n"
+    "  --size WxH      Makes pictures of this size in pixels; else of the project's resolution.\n"
+    "  --out PATTERN   Writes a frame there; %04d stands for its number, and the ending for the format.\n"
+    "  --movie FILE    Makes a movie by the program ffmpeg.\n"
+    "  --threads N     Draws so many frames at a time; else one for each processor.\n"
+    "  --resume        Leaves out frames whose pictures are there and whole.\n"};
 inline constexpr Usage preferencesUsage = {
     "preferences", "[NAME | --set NAME VALUE | --reset NAME]",
     "Lists the preferences of the person, shows one, sets one, or gives one its default again.",

@@ -23,6 +23,7 @@ constexpr Command commands[] = {{runUsage, &runScript},
                                 {infoUsage, &projectInfo},
                                 {paletteUsage, &showPalette, "--out"},
                                 {drawingUsage, &drawing},
+                                {renderUsage, &render},
                                 {preferencesUsage, &preferences}};
 
 const Command* commandNamed(const QByteArray& name)

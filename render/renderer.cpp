@@ -64,7 +64,7 @@ std::unique_ptr<CEL_RenderJob> Renderer::prepare(MO_Node* node, double frame, co
         return nullptr;
     }
     const SC_Resolution resolution = SC_Resolution::projectResolution(project);
-    const QSize picture = size.isNull() ? QSize(resolution.width(), resolution.height()) : size;
+    const QSize picture = size == QSize() ? QSize(resolution.width(), resolution.height()) : size;
     if (!isSide(picture.width()) || !isSide(picture.height())) {
         error = QStringLiteral("A picture can't have %1 x %2 pixels; its sides have 1 to %3.")
                     .arg(picture.width())

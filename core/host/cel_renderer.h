@@ -39,9 +39,9 @@ public:
     /// A new one. Null, with one sentence in `error`, where the library that draws can't be loaded.
     static std::unique_ptr<CEL_Renderer> create(QString& error);
 
-    /// What a node of the open project shows at a frame of its scene. An empty size stands for the resolution of the
-    /// project. To be called on a thread that may read the project. Null, with one sentence in `error`, for a node that
-    /// shows no picture or is in no scene, a frame outside of the scene, a side of the picture below 1 or above
-    /// largestSide, and nodes that feed themselves.
+    /// What a node of the open project shows at a frame of its scene. QSize() stands for the resolution of the project.
+    /// To be called on a thread that may read the project. Null, with one sentence in `error`, for a node that shows no
+    /// picture or is in no scene, a frame outside of the scene, a side of the picture below 1 or above largestSide, and
+    /// nodes that feed themselves.
     virtual std::unique_ptr<CEL_RenderJob> prepare(MO_Node* node, double frame, const QSize& size, QString& error) = 0;
 };

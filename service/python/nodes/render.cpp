@@ -31,8 +31,7 @@ QSize sizeOf(const QVariant& size)
     const QSize result(sides.value(0).toInt(&isWidth), sides.value(1).toInt(&isHeight));
     if (sides.size() != 2 || !isWidth || !isHeight)
         throw OMC::Exception(QStringLiteral("The size of a picture is its width and its height in pixels."));
-    // No size stands for the project's; one of nothing is refused.
-    return result.isNull() ? QSize(-1, -1) : result;
+    return result == QSize() ? QSize(0, 0) : result; // QSize() would stand for the project's.
 }
 
 CEL_RenderJob& jobIn(PyObject* capsule)

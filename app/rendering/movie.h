@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QImage>
+#include <QProcess>
+#include <QString>
+
+namespace app {
+
+/// A movie that is written frame by frame, by the program ffmpeg: an ".mp4" file, or an animated ".gif" or ".apng". The
+/// file is there whole or not at all.
+class Movie {
+public:
+    /// Whether a movie can be made at a path: false, with one sentence in `error`, for another ending, and where there
+    /// is no ffmpeg.
+    static bool isPossible(const QString& path, QString& error);
+    /// Starts it; false, with one sentence in `error`, where that fails.
+    bool begin(const QString& path, const QSize& size, double framesPerSecond, QString& error);
+    /// Adds a frame of the movie's size. False, with one sentence in `error`, where that fails.
+    bool add(const QImage& frame, QString& error);
+    /// Ends it. False, with one sentence in `error`, where ffmpeg failed.
+    bool end(QString& error);
+
+    ~Movie(); ///< What isn't ended goes.
+
+private:
+    QString failure();
+
+    QProcess m_ffmpeg;
+    QString m_path;
+    QString m_written;
+};
+
+} // namespace app
