@@ -129,6 +129,10 @@ def samples(app):
     scene.metadata["Sample-Data"] = "text"
     element = app.elements.create("Sample-Element" + "-again" * len(app.elements))
     drawing = element.drawings.create("1")
+    content = drawing.initialize()
+    with brindle.DrawingAccess.editing(content["line"]) as access:
+        layer, text, picture = (access.vector_layer_create(type_) for type_ in ("PEN_LAYER", "TEXT_LAYER", "BITMAP_LAYER"))
+        stroke, = access.stroke_create([{"path": brindle.BezierPath.create_circle(0, 0, 10)}], layer)
     for type_ in ("DRAWING", "TIMING"):
         if columns[f"Sample-{type_}"] is None:
             columns.create(type_, f"Sample-{type_}")
@@ -236,6 +240,19 @@ def samples(app):
         "drawing": drawing,
         "clipboard": app.clipboard,
         "copy object": app.clipboard.copy(peg),
+        "content": content,
+        "art layer": content["line"],
+        "layer of strokes": layer,
+        "text layer": text,
+        "picture layer": picture,
+        "strokes": layer.strokes,
+        "stroke": stroke,
+        "contours": layer.contours,
+        "contour": layer.contours[0],
+        "joints": layer.joints,
+        "joint": layer.joints[0],
+        "drawing access": access,
+        "drawing block": access.editing(content["line"]),
         "columns": columns,
         "ease column": ease,
         "ease value": ease[1],

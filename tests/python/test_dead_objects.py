@@ -13,11 +13,15 @@ SESSION = {"javascript", "javascript object", "javascript script", "preferences"
            "tools", "selection"}
 # What lies in no project.
 PICTURES = {"cel", "empty cel", "node data"}
-KEPT_BY_CLOSING = {"application", "copy object", "enum option", "locked block", *SESSION, *PICTURES, *support.VALUES}
+KEPT_BY_CLOSING = {"application", "copy object", "drawing access", "enum option", "locked block", *SESSION, *PICTURES,
+                   *support.VALUES}
+# What a drawing shows goes with its element; an undo brings that back, and what was not used meanwhile.
+DRAWN = {"content", "art layer", "layer of strokes", "text layer", "picture layer", "strokes", "stroke", "contours",
+         "contour", "joints", "joint", "drawing block"}
 KEPT = {"project", "resolution", "named resolution", "history", "bracket", "scenes", "aspect", "units", "center",
         "unit converter", "metadata", "metadata pair", "scene", "clipboard", "columns", "nodes of the scene", "copied nodes",
         "display", "composite", "dynamic in-ports", "palette lists", "palettes", "palette", "solid colour", "gradient",
-        "texture", "elements", "element", "drawings", "drawing", *KEPT_BY_CLOSING}
+        "texture", "elements", "element", "drawings", "drawing", *DRAWN, *KEPT_BY_CLOSING}
 NODES = {"peg", "camera", "display", "read", "group", "composite", "multi-port in", "multi-port out"}
 HANDLES = {"subselections", "subselection"}
 # Members that still answer after the object is gone, because they don't ask the project.
@@ -54,6 +58,13 @@ ANSWERS = {
     ("palette lists", "get_string_from_location_type"): "'SCENE'",
     ("palette lists", "get_location_type_from_string"): "83",
     (None, "get_string_from_colour_type"): "'solid_colour'", (None, "get_colour_type_from_string"): "0",
+    ("joint", "position"): support.GONE,
+    ("content", "str"): "'Drawing()'", ("art layer", "str"): "'DrawingVectorArtLayer()'",
+    ("layer of strokes", "str"): "'DrawingVectorLayer()'", ("text layer", "str"): "'DrawingTextLayer()'",
+    ("picture layer", "str"): "'DrawingBitmapLayer()'", ("strokes", "str"): "'DrawingVectorStrokeList()'",
+    ("stroke", "str"): "'DrawingVectorStroke()'", ("contours", "str"): "'DrawingVectorContourList()'",
+    ("contour", "str"): "'DrawingVectorContour()'", ("joints", "str"): "'DrawingVectorJointList()'",
+    ("joint", "str"): "'DrawingVectorJoint()'", ("drawing block", "str"): "'DrawingEditing()'",
     ("control points", "get"): "Unable to retrieve item in container.",
     ("control points", "__getitem__"): "Unable to retrieve item in container.",
 }
@@ -68,6 +79,8 @@ LISTS = {
     "subattributes": "Attribute List cannot be set.", "copied attributes": "Attribute List cannot be set.",
     "control points": "Unable to set item in container.", "texture": "Unable to set item in container.",
     "palette lists": "Palette lists cannot be set, object is read only.", "elements": "Unable to set the Element List",
+    "contours": "Unable to set contours -- use Drawing Access instead.",
+    "joints": "Unable to set joints -- use Drawing Access instead.",
     "drawings": "Unable to set a Element Drawing List", "columns": "Column Lists cannot be set.",
 }
 UNTOUCHED = {"objectName", "copy", "valid", "close", "__exit__", "save", "save_as"}

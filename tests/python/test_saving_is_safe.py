@@ -197,7 +197,7 @@ def test_a_disk_that_fills_up_leaves_the_project_and_the_next_save_works(project
             assert message.startswith(f'Cannot save the project: "{folder}/')
             assert message.endswith(": no space left on device.")
             assert support.files(folder) == before and history.list() == labels and app.project.dirty
-            names = [support.LOCK, "elements.json", "palette-library", "project.json", "scenes"]
+            names = [support.LOCK, "elements", "elements.json", "palette-library", "project.json", "scenes"]
             assert sorted(path.name for path in folder.iterdir()) == names
         filler.unlink()
         app.save()
