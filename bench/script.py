@@ -21,6 +21,7 @@ import time
 import brindle
 
 import columns
+import drawings
 import elements
 import exposures
 import javascript
@@ -222,6 +223,7 @@ def main():
         fits()
         palettes.measure(samples, root)
         columns.measure(samples, root)
+        drawings.measure(samples, root)
         elements.measure(samples, root)
         exposures.measure(samples, root)
         strokes.measure(samples, root)
