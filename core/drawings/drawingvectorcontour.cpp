@@ -75,7 +75,14 @@ std::string DrawingVectorContour::__str__() const
 
 bool DrawingVectorContour::operator==(const DrawingVectorContour& other) const
 {
-    return d == other.d || key() == other.key();
+    if (d == other.d)
+        return true;
+    try {
+        const GR_Contour* own = validateContour();
+        return own && own == other.validateContour();
+    } catch (const Exception&) { // What is gone is equal to nothing else.
+        return false;
+    }
 }
 
 // --- Finding the contour --------------------------------------------------------------------------------------------

@@ -42,7 +42,8 @@ public:
 
     std::string __str__() const override;
 
-    bool operator==(const DrawingVectorContour& other) const; ///< Whether both show one contour now.
+    /// Whether both show one contour now. One that is gone is equal to its copies only.
+    bool operator==(const DrawingVectorContour& other) const;
 
     Obj stroke() const;  ///< The stroke that names it.
     Obj layer() const;   ///< The layer that has the contour.

@@ -38,7 +38,14 @@ std::string DrawingVectorJoint::__str__() const
 
 bool DrawingVectorJoint::operator==(const DrawingVectorJoint& other) const
 {
-    return d == other.d || validateJoint() == other.validateJoint();
+    if (d == other.d)
+        return true;
+    try {
+        const GR_Joint& own = validateJoint();
+        return own.GetStrokeAccess().GetStroke() && own == other.validateJoint();
+    } catch (const Exception&) { // What is gone is equal to nothing else.
+        return false;
+    }
 }
 
 // --- Finding the joint ----------------------------------------------------------------------------------------------

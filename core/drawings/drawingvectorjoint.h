@@ -33,7 +33,8 @@ public:
 
     std::string __str__() const override;
 
-    /// Whether both show one joint now, also when they see it from other ends.
+    /// Whether both show one joint now, also when they see it from other ends. One that is gone is equal to its copies
+    /// only.
     bool operator==(const DrawingVectorJoint& other) const;
 
     Obj stroke() const;  ///< The stroke from whose end it is seen.

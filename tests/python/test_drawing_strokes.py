@@ -371,6 +371,17 @@ def test_wrappers_of_an_erased_stroke_are_invalid_until_it_is_back(drawing, laye
     assert stroke in layer.strokes and tail.degree == 1 and contour.degenerate
 
 
+def test_what_is_gone_is_equal_to_its_copies_only(drawing, layer, stroke):
+    other = layer.strokes.add(square(x=100))
+    gone = [(each, twin) for each, twin in (
+        (stroke.tail, other.tail), (stroke.contour_left, other.contour_left), (stroke, other))]
+    with brindle.DrawingAccess.editing(drawing["line"]) as access:
+        access.stroke_erase([stroke, other])
+    assert all(each == each and each != twin for each, twin in gone)
+    drawing["line"].remove(layer)
+    assert all(each == each and each != twin for each, twin in gone)
+
+
 def test_wrappers_of_a_layer_that_is_gone_are_invalid(drawing, layer, stroke, history):
     lists = layer.strokes, layer.contours, layer.joints
     tail, contour = stroke.tail, stroke.contour_left
