@@ -103,22 +103,66 @@ QPainterPath pathOf(const Face& face, const QTransform& place)
     return path;
 }
 
+void addPolygon(QPainterPath& to, std::span<const Math::Point2d> points, const QTransform& place)
+{
+    to.moveTo(inPixels(points.front(), place));
+    for (const Math::Point2d& point : points.subspan(1))
+        to.lineTo(inPixels(point, place));
+    to.closeSubpath();
+}
+
+/// Joins quadrilaterals that follow one another along a line, each beginning with the edge across it that the one
+/// before ended with. That edge runs in both directions and counts for nothing, so the polygon about them covers the
+/// same, with half of the edges.
+class Strip {
+public:
+    Strip(QPainterPath& path, const QTransform& place) : m_path(path), m_place(place) {}
+    void add(std::span<const Math::Point2d> piece)
+    {
+        if (piece.size() != 4) {
+            addPolygon(m_path, piece, m_place);
+            return;
+        }
+        if (m_right.empty() || !(m_right.back() == piece[0]) || !(m_left.back() == piece[3])) {
+            end();
+            m_right.push_back(piece[0]);
+            m_left.push_back(piece[3]);
+        }
+        m_right.push_back(piece[1]);
+        m_left.push_back(piece[2]);
+    }
+
+    void end()
+    {
+        if (m_right.empty())
+            return;
+        m_right.insert(m_right.end(), m_left.rbegin(), m_left.rend());
+        addPolygon(m_path, m_right, m_place);
+        m_right.clear();
+        m_left.clear();
+    }
+
+private:
+    QPainterPath& m_path;
+    const QTransform& m_place;
+    std::vector<Math::Point2d> m_right; ///< The edges along the line.
+    std::vector<Math::Point2d> m_left;
+};
+
 QPainterPath pathOf(const StrokePieces& pieces, const QTransform& place)
 {
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
     path.reserve(int(pieces.points.size() + pieces.ends.size()));
+    Strip strip(path, place);
     int first = 0;
     for (const int end : pieces.ends) {
         const auto piece = std::span(pieces.points).subspan(std::size_t(first), std::size_t(end - first));
         first = end;
-        if (piece.size() < 3 || !std::all_of(piece.begin(), piece.end(), isFinite))
-            continue;
-        path.moveTo(inPixels(piece.front(), place));
-        for (const Math::Point2d& point : piece.subspan(1))
-            path.lineTo(inPixels(point, place));
-        path.closeSubpath();
+        if (piece.size() >= 3 && std::all_of(piece.begin(), piece.end(), isFinite))
+            strip.add(piece);
     }
+    strip.end();
     return path;
 }
 

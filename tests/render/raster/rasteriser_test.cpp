@@ -139,6 +139,28 @@ TEST(RasteriserTest, AStrokeThatCrossesItselfHasNoHole)
     EXPECT_EQ(at(strokeDrawn(pieces), 12, 12), red);
 }
 
+TEST(RasteriserTest, PiecesThatFollowOneAnotherCoverWhatTheyCoverApart)
+{
+    // A ribbon that bends back over itself, once with a piece of three points in between and once with all in one
+    // order.
+    const std::vector<std::vector<Math::Point2d>> ribbon = {
+        {{2, 4}, {20, 4}, {20, 10}, {2, 10}},
+        {{20, 4}, {28, 2}, {30, 16}, {20, 10}},
+        {{28, 2}, {34, 20}, {26, 24}, {30, 16}},
+        {{34, 20}, {8, 22}, {8, 6}, {26, 24}},
+    };
+    const Paint half = SolidPaint{QRgba64::fromRgba(10, 200, 90, 128)};
+    StrokePieces apart = polygons({ribbon[0], ribbon[2], ribbon[1], ribbon[3]});
+    const Picture joined = strokeDrawn(polygons(ribbon), half);
+    const Picture single = strokeDrawn(apart, half);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            for (std::size_t c = 0; c < 4; ++c)
+                EXPECT_NEAR(at(joined, x, y)[c], at(single, x, y)[c], 2 * 257) << x << ' ' << y;
+        }
+    }
+}
+
 TEST(RasteriserTest, GradientsRunFromStopToStop)
 {
     GradientPaint linear;
