@@ -70,7 +70,7 @@ public:
     /// All that a text layer stores: a value. Lengths are in the units of the drawing.
     struct Data {
         QString text;
-        QString font = QStringLiteral("DejaVu Sans"); ///< A family, as Fontconfig names it.
+        QString font = QStringLiteral("DejaVu Sans"); ///< A family, as Fontconfig names it ("DejaVu Sans:bold").
         double size = 100;                            ///< The height of the em square.
         GR_ColorPtr colour;                           ///< Null: no colour. Its matrix is that of the colour.
         Math::Matrix2x3 matrix;

@@ -44,7 +44,8 @@ namespace brindle::engine {
 QByteArray drawingFileBytes(const DrawingValue& drawing);
 
 /// Throws `FolderFailure` with one sentence for anything that isn't a whole file of a version up to the present one;
-/// `path` is how the sentence names it. It takes no more memory than the bytes can stand for.
+/// `path` is how the sentence names it; an empty one stands for bytes of no file. It takes no more memory than the
+/// bytes can stand for.
 DrawingPointer readDrawingFile(const QString& path, const QByteArray& bytes);
 
 inline constexpr int drawingFileVersion = 1;

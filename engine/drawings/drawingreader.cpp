@@ -177,6 +177,26 @@ GR_ThicknessPathPtr readThicknessPath(BodyReader& body)
     return path;
 }
 
+/// Whether the chunks of a PNG have their checksums (ISO/IEC 15948): libpng prints a line of its own for one that has
+/// not.
+bool isWhole(QByteArrayView png)
+{
+    constexpr qsizetype aroundData = 12; // length, name and checksum
+    for (qsizetype chunk = 8; chunk + aroundData <= png.size();) {
+        const qsizetype length = qFromBigEndian<quint32>(png.data() + chunk);
+        if (length > png.size() - chunk - aroundData)
+            return false;
+        const QByteArrayView checked = png.sliced(chunk + 4, length + 4);
+        const Checksum checksum = Checksum::of(QByteArray::fromRawData(checked.data(), checked.size()));
+        if (checksum.crc != qFromBigEndian<quint32>(checked.data() + checked.size()))
+            return false;
+        chunk += aroundData + length;
+        if (checked.startsWith("IEND"))
+            return chunk == png.size();
+    }
+    return false;
+}
+
 /// The picture of a PNG; what it decodes to is held against what its bytes can stand for.
 QByteArray readPixels(QByteArrayView png, GR_BitmapLayer::Data& bitmap)
 {
@@ -185,6 +205,7 @@ QByteArray readPixels(QByteArrayView png, GR_BitmapLayer::Data& bitmap)
     constexpr qsizetype heightPlace = 20;
     constexpr qint64 deflateLimit = 1032; // The most bytes that zlib makes of one.
     expect(png.size() >= headSize && png.first(8) == QByteArrayView("\x89PNG\r\n\x1a\n", 8), "a picture is no PNG");
+    expect(isWhole(png), "a picture is damaged");
     const qint64 width = qFromBigEndian<quint32>(png.data() + widthPlace);
     const qint64 height = qFromBigEndian<quint32>(png.data() + heightPlace);
     expect(width > 0 && width <= largestBitmapSide && height > 0 && height <= largestBitmapSide &&
@@ -370,6 +391,11 @@ private:
     std::unordered_set<quint32> m_strokeIds;
 };
 
+QString nameOf(const QString& path)
+{
+    return path.isEmpty() ? QStringLiteral("its content") : quoted(path);
+}
+
 /// The body of a file whose line, size and checksum are right.
 QByteArrayView bodyOf(const QString& path, const QByteArray& bytes)
 {
@@ -377,12 +403,12 @@ QByteArrayView bodyOf(const QString& path, const QByteArray& bytes)
     constexpr qsizetype longestLine = 32;
     const qsizetype lineEnd = bytes.first(std::min(bytes.size(), longestLine)).indexOf('\n');
     if (!bytes.startsWith(name) || lineEnd < 0)
-        throw FolderFailure{quoted(path) + " is no drawing"};
+        throw FolderFailure{nameOf(path) + " is no drawing"};
     bool isNumber = false;
     const QByteArrayView digits = QByteArrayView(bytes).first(lineEnd).sliced(name.size());
     const int version = digits.toInt(&isNumber);
     if (!isNumber || version < 1 || digits != QByteArray::number(version))
-        throw FolderFailure{quoted(path) + " is no drawing"};
+        throw FolderFailure{nameOf(path) + " is no drawing"};
     if (version > drawingFileVersion)
         throw FolderFailure::ofNewerVersion(path, version, drawingFileVersion);
 
@@ -404,12 +430,12 @@ DrawingPointer readDrawingFile(const QString& path, const QByteArray& bytes)
     try {
         return DrawingReader(bodyOf(path, bytes)).read();
     } catch (const Damage& damage) {
-        throw FolderFailure{quoted(path) + " is damaged: " + QLatin1String(damage.what)};
+        throw FolderFailure{nameOf(path) + " is damaged: " + QLatin1String(damage.what)};
     } catch (const std::invalid_argument& error) { // What no drawing can have; a sentence of its own.
         QString sentence = QString::fromUtf8(error.what());
         sentence.chop(sentence.endsWith(u'.') ? 1 : 0);
         sentence.front() = sentence.front().toLower();
-        throw FolderFailure{quoted(path) + " is damaged: " + sentence};
+        throw FolderFailure{nameOf(path) + " is damaged: " + sentence};
     }
 }
 

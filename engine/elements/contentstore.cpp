@@ -48,7 +48,7 @@ QByteArray DrawingContent::bytes() const
 QString DrawingContent::shownPath() const
 {
     if (!isOnDisk())
-        return QStringLiteral("the drawing");
+        return {};
     const Folder* folder = this->folder();
     return folder ? folder->pathOf(m_place) : m_place;
 }

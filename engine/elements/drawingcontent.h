@@ -39,7 +39,7 @@ public:
     bool isOnDisk() const { return !m_place.isEmpty(); }
     /// The file's path in the project's folder; empty while the content is in memory.
     const QString& place() const { return m_place; }
-    QString shownPath() const; ///< As messages name it: the path of its file, or "the drawing".
+    QString shownPath() const; ///< The path of its file, as messages name it; empty while it is in memory.
 
 private:
     friend class ContentStore;
