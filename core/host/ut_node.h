@@ -7,7 +7,8 @@
 /// A node of the tree that an art layer's content hangs in: the root, or a leaf for each of its layers.
 ///
 /// A leaf keeps its address and its id as long as its drawing lives, also while it is out of the tree because a layer
-/// was removed: no other leaf ever has them.
+/// was removed: no other leaf ever has them. A leaf that was removed in an edit session shows what it held until the
+/// session ends.
 class BRINDLE_HOST_EXPORT UT_Node {
 public:
     UT_Node() = default;

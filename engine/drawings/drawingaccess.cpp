@@ -73,7 +73,7 @@ const LiveLeaf& GR_DrawingAccess::Private::source(const UT_Node* node)
 const engine::LiveStroke& GR_DrawingAccess::Private::source(const GR_VectorStroke* stroke)
 {
     const LiveStroke* found = engine::liveStroke(stroke);
-    if (!found || found->index() >= found->layer().strokes().size())
+    if (!found || !found->layer().leaf().isInTree() || found->index() >= found->layer().strokes().size())
         throw std::invalid_argument("The stroke is in no drawing.");
     return *found;
 }

@@ -29,7 +29,7 @@ LiveDrawing* liveOf(ElementManager& elements, const Named& place)
     Drawing& drawing = *place.drawing;
     if (LiveDrawing* live = drawing.live(place.layer, drawing.version))
         return live;
-    LiveDrawingPointer live(new LiveDrawing(elements.contents(), drawing.content(place.layer)));
+    LiveDrawingPointer live(new LiveDrawing(elements.contents(), elements.history(), drawing.content(place.layer)));
     constexpr double standardChart = 12;
     live->setScale(
         [element = place.element, &drawing] { return element->fieldChart() / standardChart * drawing.scaleFactor; });

@@ -44,11 +44,11 @@ void LiveArt::insert(LiveLeaf& leaf, std::size_t place, const LayerValue& value)
         m_leaves[behind]->shift(behind);
 }
 
-void LiveArt::remove(LiveLeaf& leaf)
+void LiveArt::remove(LiveLeaf& leaf, const LayerPointer& last)
 {
     const std::size_t place = leaf.place();
     m_leaves.erase(m_leaves.begin() + static_cast<std::ptrdiff_t>(place));
-    leaf.leave();
+    leaf.leave(last);
     for (std::size_t behind = place; behind < m_leaves.size(); ++behind)
         m_leaves[behind]->shift(behind);
 }

@@ -23,7 +23,7 @@ public:
     /// Shows the value's layers on these leaves, one each. Leaves that are no longer among them leave the tree.
     void show(const ArtValue& value, std::vector<LiveLeaf*> leaves);
     void insert(LiveLeaf& leaf, std::size_t place, const LayerValue& value);
-    void remove(LiveLeaf& leaf);
+    void remove(LiveLeaf& leaf, const LayerPointer& last);
     void drawingIsGone();
 
     GR_CompositeVectorDrawingObj* GetComposite() const override;

@@ -3,11 +3,13 @@
 #include "core/host/cm_palettemanager.h"
 #include "engine/drawings/drawingcontents.h"
 #include "engine/elements/contentstore.h"
+#include "engine/history/commandmanager.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <stdexcept>
+#include <utility>
 
 namespace brindle::engine {
 
@@ -37,12 +39,13 @@ LiveDrawing::LiveDrawing(GR_ColorDict* dict) : m_value(DrawingValue::blank())
     makeArts();
 }
 
-LiveDrawing::LiveDrawing(ContentStore& store, const ContentPointer& content)
+LiveDrawing::LiveDrawing(ContentStore& store, CommandManager& history, const ContentPointer& content)
     : m_value(drawingValueOf(content)),
       m_store(&store),
       m_content(content),
       m_contentValue(m_value),
-      m_savedContent(content && content->isOnDisk() ? content : nullptr)
+      m_savedContent(content && content->isOnDisk() ? content : nullptr),
+      m_history(&history)
 {
     makeArts();
 }
@@ -66,6 +69,7 @@ void LiveDrawing::drop()
 {
     m_isGone = m_isGone || m_store != nullptr;
     m_store = nullptr;
+    m_history = nullptr;
     m_content.reset();
     m_savedContent.reset();
     m_contentValue.reset();
@@ -158,6 +162,10 @@ void LiveDrawing::setContent(const ContentPointer& content)
 DrawingValue& LiveDrawing::editValue()
 {
     ++m_revision;
+    if (m_sessions > 0 && !m_isEditNoted && m_history) {
+        m_history->noteEdit();
+        m_isEditNoted = true;
+    }
     DrawingValue& value = unshared(m_value);
     value.lastLayerId = m_lastLayerId;
     value.lastStrokeId = m_lastStrokeId;
@@ -190,7 +198,8 @@ LayerPointer LiveDrawing::take(LiveLeaf& leaf)
     const auto place = value.layers.begin() + static_cast<std::ptrdiff_t>(leaf.place());
     LayerPointer taken = std::move(*place);
     value.layers.erase(place);
-    leaf.art()->remove(leaf);
+    leaf.art()->remove(leaf, taken);
+    m_removedLeaves.push_back(&leaf);
     return taken;
 }
 
@@ -202,6 +211,37 @@ quint32 LiveDrawing::newLayerId()
 quint32 LiveDrawing::newStrokeId()
 {
     return nextId(m_lastStrokeId);
+}
+
+// --- Sessions -------------------------------------------------------------------------------------------------------
+
+void LiveDrawing::saved()
+{
+    m_savedContent = m_content;
+    m_isEditNoted = false;
+}
+
+bool LiveDrawing::endEdits(bool differs)
+{
+    m_isEditNoted = false;
+    return m_history && m_history->endEdits(differs);
+}
+
+void LiveDrawing::closeSession()
+{
+    --m_sessions;
+    for (LiveLeaf* leaf : std::exchange(m_removedLeaves, {})) {
+        if (!leaf->isInTree())
+            leaf->forget();
+    }
+    if (std::exchange(m_isEditNoted, false) && m_history)
+        m_history->loseEdits();
+}
+
+void LiveDrawing::stepIsSaved() const
+{
+    if (m_history)
+        m_history->stepIsSaved();
 }
 
 // --- What the host shows --------------------------------------------------------------------------------------------

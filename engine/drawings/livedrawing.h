@@ -13,6 +13,7 @@
 
 namespace brindle::engine {
 
+class CommandManager;
 class ContentStore;
 class LiveDrawing;
 using LiveDrawingPointer = QExplicitlySharedDataPointer<LiveDrawing>;
@@ -31,7 +32,7 @@ public:
     explicit LiveDrawing(GR_ColorDict* dict);
     /// Of an element's drawing, with the value of its content; null is a drawing without a file. Throws
     /// `FolderFailure` where the content can't be read.
-    LiveDrawing(ContentStore& store, const ContentPointer& content);
+    LiveDrawing(ContentStore& store, CommandManager& history, const ContentPointer& content);
     ~LiveDrawing() override;
 
     // --- Its value --------------------------------------------------------------------------------------------------
@@ -56,13 +57,14 @@ public:
     void setContent(const ContentPointer& content);
     /// The content that stands on disk after a save, which has the bytes of the present one.
     void setStanding(const ContentPointer& content) { m_content = content; }
-    void saved() { m_savedContent = m_content; } ///< A save has happened.
+    void saved(); ///< A save has happened.
 
     // --- Edits. What they give is good until the next one; each one makes the revision grow -------------------------
     /// The value of a layer, for changing; the caller tells the leaf's LiveLayer what was changed.
     LayerValue& edit(LiveLeaf& leaf);
     /// Puts a layer at a place of an art layer: a new one, or one that was taken out.
     LiveLeaf& insert(LiveArt& art, std::size_t place, const LayerPointer& layer);
+    /// Its leaf goes on showing it until the session ends.
     LayerPointer take(LiveLeaf& leaf);
     quint32 newLayerId(); ///< std::length_error when all are given.
     quint32 newStrokeId();
@@ -77,7 +79,12 @@ public:
 
     bool isUnderEdit() const { return m_sessions > 0; }
     void openSession() { ++m_sessions; }
-    void closeSession() { --m_sessions; }
+    /// Ends a session whose changes `endEdits` has told the undo list of; others are lost to that.
+    void closeSession();
+    /// Tells the undo list that the changes of the session become a step, or that nothing differs. Gives whether the
+    /// project was saved behind the last of them: then executing the step calls `stepIsSaved`.
+    bool endEdits(bool differs);
+    void stepIsSaved() const;
 
     GR_ColorDict& dict() const { return *m_dict; }
     LiveArt& art(std::size_t index) const { return *m_arts[index]; } ///< Also one that the drawing lacks.
@@ -109,6 +116,7 @@ private:
 
     std::array<QExplicitlySharedDataPointer<LiveArt>, kArtCount> m_arts;
     std::unordered_map<quint32, std::unique_ptr<LiveLeaf>> m_leaves; ///< By the ids of their layers.
+    std::vector<LiveLeaf*> m_removedLeaves;                ///< Of layers that were taken out, until the session ends.
     std::vector<std::unique_ptr<LiveLeaf>> m_formerLeaves; ///< Of layers whose ids other kinds of layers have now.
 
     GR_ColorDict m_ownDict;
@@ -121,7 +129,9 @@ private:
     ContentPointer m_savedContent; ///< That of the project on disk.
     std::function<double()> m_scale;
     std::shared_ptr<LiveDrawing*> m_link = std::make_shared<LiveDrawing*>(this);
+    CommandManager* m_history = nullptr; ///< Null for a drawing of no element.
     int m_sessions = 0;
+    bool m_isEditNoted = false; ///< The undo list knows that the session has changed something since the last save.
     bool m_isGone = false;
 };
 

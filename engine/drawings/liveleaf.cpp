@@ -26,6 +26,7 @@ void LiveLeaf::stand(LiveArt& art, std::size_t place, const LayerValue& value)
 {
     m_art = &art;
     m_place = place;
+    const LayerPointer last = std::move(m_last);
     if (m_value == &value)
         return;
     m_value = &value;
@@ -38,10 +39,11 @@ void LiveLeaf::follow(const LayerValue& value)
     followed();
 }
 
-void LiveLeaf::leave()
+void LiveLeaf::leave(const LayerPointer& last)
 {
     m_art = nullptr;
-    m_value = nullptr;
+    m_last = last;
+    m_value = last.get();
     shown();
 }
 

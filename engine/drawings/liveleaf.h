@@ -31,7 +31,9 @@ public:
     void stand(LiveArt& art, std::size_t place, const LayerValue& value);
     void follow(const LayerValue& value);
     void shift(std::size_t place) { m_place = place; } ///< Others came or went below it.
-    void leave();
+    /// Leaves the tree. What is given is still shown, until `forget` or until it stands somewhere again.
+    void leave(const LayerPointer& last = nullptr);
+    void forget() { leave(); }
 
     virtual UT_Node& node() = 0;
     virtual bool isFor(GR_Layer::LayerType type) const = 0; ///< Whether it can show a layer of this type.
@@ -41,7 +43,7 @@ public:
     virtual double thickness() const { return 0; }
 
 protected:
-    const LayerValue* shownValue() const { return m_value; } ///< Null while it is out of the tree.
+    const LayerValue* shownValue() const { return m_value; } ///< Null where it shows nothing.
     /// Another value is shown, or none.
     virtual void shown() {}
     virtual void followed() {}
@@ -51,6 +53,7 @@ private:
     LiveArt* m_art = nullptr;
     std::size_t m_place = 0;
     const LayerValue* m_value = nullptr;
+    LayerPointer m_last; ///< What it shows out of the tree.
 };
 
 /// The engine's leaf behind a node; null for null, for the root and for those of another engine.

@@ -165,7 +165,8 @@ void GR_DrawingAccess::SetColor(GR_VectorStroke* stroke, const GR_ColorPtr& colo
 void GR_DrawingAccess::SetColor(const GR_Contour* contour, const GR_ColorPtr& colour, bool outside)
 {
     const engine::LiveContour* painted = engine::liveContour(contour);
-    if (!painted || painted->layer().leaf().art()->drawing() != d->art().drawing())
+    const LiveLeaf* leaf = painted ? &painted->layer().leaf() : nullptr;
+    if (!leaf || !leaf->isInTree() || leaf->art()->drawing() != d->art().drawing())
         throw std::invalid_argument("The contour is not in the drawing.");
     engine::requireColour(colour);
     const LiveLayer& layer = painted->layer();

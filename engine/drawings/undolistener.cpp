@@ -15,13 +15,21 @@ namespace {
 /// nothing left to do.
 class DrawingStep final : public CO_Command {
 public:
-    DrawingStep(const LiveDrawing& drawing, LiveDrawing::State before, TUSceneChangeManager* changes)
+    DrawingStep(const LiveDrawing& drawing, LiveDrawing::State before, TUSceneChangeManager* changes, bool isSaved)
         : m_drawing(drawing.link()),
           m_other(std::move(before)),
-          m_changes(changes)
+          m_changes(changes),
+          m_isSaved(isSaved)
     {}
 
-    Status execute() override { return m_isDone ? kOk : exchange(); }
+    Status execute() override
+    {
+        if (!m_isDone)
+            return exchange();
+        if (m_isSaved && *m_drawing)
+            (*m_drawing)->stepIsSaved();
+        return kOk;
+    }
     Status unexecute() override { return m_isDone ? exchange() : kFail; }
 
 private:
@@ -51,6 +59,7 @@ private:
     std::shared_ptr<LiveDrawing*> m_drawing;
     LiveDrawing::State m_other; ///< What the next step gives.
     TUSceneChangeManager* m_changes;
+    bool m_isSaved; ///< What the session has led to is what is on disk.
     bool m_isDone = true;
 };
 
@@ -100,12 +109,16 @@ DT_Command* DT_UndoListener::Release()
     if (!d->session)
         return nullptr;
     LiveDrawing* drawing = d->session->drawing();
-    d->session.reset();
-    if (!drawing)
+    if (!drawing) {
+        d->session.reset();
         return nullptr;
+    }
     const bool isEmpty = haveEqualArts(*d->before.value, *drawing->value());
+    const bool isSaved = drawing->endEdits(!isEmpty);
+    d->session.reset();
     // What came and went leaves the file as it is.
     if (isEmpty && drawing->value() != d->before.value)
         drawing->setArts(d->before);
-    return new SessionCommand(std::make_unique<DrawingStep>(*drawing, std::move(d->before), d->changes), isEmpty);
+    return new SessionCommand(std::make_unique<DrawingStep>(*drawing, std::move(d->before), d->changes, isSaved),
+                              isEmpty);
 }

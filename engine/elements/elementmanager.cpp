@@ -29,6 +29,11 @@ ElementManager::ElementManager(ProjectCommon& project) : m_project(project) {}
 
 ElementManager::~ElementManager() = default;
 
+CommandManager& ElementManager::history() const
+{
+    return m_project.history();
+}
+
 Element* ElementManager::find(int id) const
 {
     const auto found = m_elements.find(id);

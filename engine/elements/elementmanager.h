@@ -18,6 +18,7 @@ class CO_Command;
 namespace brindle::engine {
 
 class Column;
+class CommandManager;
 class ProjectCommon;
 
 /// The elements of a project, which it owns, and which it belongs to. Their files follow when the project is saved
@@ -37,6 +38,7 @@ public:
     ExtraFiles& extraFiles() { return m_extraFiles; }
 
     ContentStore& contents() { return m_contents; }
+    CommandManager& history() const; ///< Of the project.
     const ContentStore& contents() const { return m_contents; }
     const std::vector<const TUElement*>& elements() const { return m_order; }
 

@@ -37,6 +37,7 @@ CommandManager::~CommandManager()
 bool CommandManager::execute(CO_Command* command, const QString& label)
 {
     CommandPointer owned(command);
+    m_isStepSaved = false;
     if (!owned || m_stepping || owned->execute() == CO_Command::kFail)
         return false;
     if (m_scopes.empty()) {
@@ -45,6 +46,8 @@ bool CommandManager::execute(CO_Command* command, const QString& label)
         m_scopes.back().commands.push_back(std::move(owned));
         ++m_pending;
     }
+    if (std::exchange(m_isStepSaved, false))
+        m_saved = current();
     announceSessionChange();
     return true;
 }
@@ -120,6 +123,29 @@ void CommandManager::setClean()
 {
     m_saved = current();
     announceSessionChange();
+}
+
+void CommandManager::noteEdit()
+{
+    ++m_edits;
+    announceSessionChange();
+}
+
+bool CommandManager::endEdits(bool differs)
+{
+    const bool isSaved = !isDirty();
+    m_edits = 0;
+    if (m_saved && m_saved->edits > 0)
+        m_saved.reset();
+    if (isSaved && !differs)
+        m_saved = current();
+    return isSaved;
+}
+
+void CommandManager::loseEdits()
+{
+    m_edits = 0;
+    m_saved.reset();
 }
 
 QString CommandManager::lastChange() const

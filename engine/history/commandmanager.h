@@ -23,7 +23,8 @@ namespace brindle::engine {
 /// says so.
 ///
 /// The project is dirty while its state is another than the saved one: another place on the list, another content of
-/// the open scopes, or any place once the saved one can't be reached again.
+/// the open scopes, edits of a session whose step is on no list yet, or any place once the saved one can't be reached
+/// again.
 ///
 /// An entry whose undo (or redo) fails or throws stays where it is, and ends the call. While entries are undone or
 /// redone, nothing is executed and the list takes no other request.
@@ -52,6 +53,17 @@ public:
     bool isDirty() const override { return m_saved != current(); }
     void setClean() override;
 
+    /// Something was changed by a session whose step comes when it ends, for the first time since it was opened or the
+    /// project was saved.
+    void noteEdit();
+    /// The session has ended. Gives whether its last state is the saved one, for `stepIsSaved`; where nothing differs
+    /// from its beginning there is no step.
+    bool endEdits(bool differs);
+    /// The session went without a step for what differs: the saved state can't be reached any more.
+    void loseEdits();
+    /// To be called when the session's step is executed: the entry that it becomes leads to the saved state.
+    void stepIsSaved() { m_isStepSaved = true; }
+
     /// The label of the change that led to the present state: of an open scope with content, else of the last entry
     /// that is done, also when it left the list at its beginning; of a project that was just opened, what it was given.
     QString lastChange() const;
@@ -76,15 +88,16 @@ private:
         QString label;
         std::vector<CommandPointer> commands;
     };
-    /// A state of the project: how many entries led to it since the project was opened, and how many commands of open
-    /// scopes on top of them.
+    /// A state of the project: how many entries led to it since the project was opened, how many commands of open
+    /// scopes, and how many edits that no command has yet.
     struct Place {
         std::uint64_t entries = 0;
         std::size_t pending = 0;
+        std::size_t edits = 0; ///< Of a session that is open.
         bool operator==(const Place&) const = default;
     };
 
-    Place current() const { return {m_forgotten + m_done, m_pending}; }
+    Place current() const { return {m_forgotten + m_done, m_pending, m_edits}; }
     void push(CommandPointer command, const QString& label);
     void dropRedo();
     void dropBeyondLimit();
@@ -98,6 +111,8 @@ private:
     std::size_t m_maxSize = defaultHistoryMaxSize;
     std::vector<Scope> m_scopes; ///< Outermost first.
     std::size_t m_pending = 0;   ///< Commands of all open scopes.
+    std::size_t m_edits = 0;
+    bool m_isStepSaved = false;
     std::optional<Place> m_saved = Place();
     bool m_stepping = false; ///< Something is being undone or redone.
 };

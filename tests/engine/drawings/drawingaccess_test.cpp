@@ -78,7 +78,8 @@ TEST_F(DrawingAccessTest, ALeafIsTheSameOneWhenItsLayerComesBack)
     const DrawingPointer there = drawing().value();
     access.Erase(leaf);
     EXPECT_EQ(leaf->GetNextLeaf(), nullptr);
-    EXPECT_EQ(strokesOf(leaf).GetStrokeBegin(), strokesOf(leaf).GetStrokeEnd());
+    EXPECT_EQ(strokeIds(leaf), Ids{1}) << "it shows what it held";
+    EXPECT_THROW(access.Erase(strokeAt(leaf, 0)), std::invalid_argument);
     EXPECT_THROW(access.Insert(straightStroke({0, 0}, {1, 0}), leaf), std::invalid_argument);
     drawing().setValue(there);
     EXPECT_EQ(leavesOf(art()), std::vector<UT_Node*>{leaf});

@@ -187,3 +187,51 @@ TEST_F(DrawingContentsTest, TheScaleIsThatOfElementAndDrawing)
     EXPECT_DOUBLE_EQ(drawing().GetImplicitScalingMatrix().yAxis().y, 6.0 / 1200);
     EXPECT_DOUBLE_EQ(drawing().GetImplicitScalingMatrixInverse().xAxis().x, 200);
 }
+
+TEST_F(DrawingContentsTest, AnOpenSessionMakesTheProjectDirty)
+{
+    save();
+    project().history().setClean();
+    const auto isDirty = [this] { return project().history().isDirty(); };
+    {
+        EditSession session(&art());
+        EXPECT_FALSE(isDirty());
+        session.access.CreateLayerAbove(GR_Layer::kPen, nullptr);
+        EXPECT_TRUE(isDirty());
+        session.access.Clear();
+        EXPECT_FALSE(session.end(manager()));
+    }
+    EXPECT_FALSE(isDirty()) << "nothing differs";
+    {
+        EditSession session(&art());
+        session.access.CreateLayerAbove(GR_Layer::kPen, nullptr);
+        save();
+        project().history().setClean();
+        EXPECT_FALSE(isDirty());
+        ASSERT_TRUE(session.end(manager()));
+    }
+    EXPECT_FALSE(isDirty()) << "it was saved behind the last change";
+    undo();
+    EXPECT_TRUE(isDirty());
+    redo();
+    EXPECT_FALSE(isDirty());
+    {
+        EditSession session(&art());
+        session.access.CreateLayerAbove(GR_Layer::kPen, nullptr);
+        save();
+        project().history().setClean();
+        session.access.CreateLayerAbove(GR_Layer::kPen, nullptr);
+        EXPECT_TRUE(isDirty());
+        ASSERT_TRUE(session.end(manager()));
+    }
+    EXPECT_TRUE(isDirty());
+    undo();
+    EXPECT_TRUE(isDirty()) << "the disk has the middle of the session";
+    save();
+    project().history().setClean();
+    {
+        EditSession session(&art());
+        session.access.CreateLayerAbove(GR_Layer::kPen, nullptr);
+    }
+    EXPECT_TRUE(isDirty()) << "a session that is dropped leaves its changes, and no step";
+}

@@ -61,6 +61,7 @@ TEST_F(DrawingSessionTest, AnUndoGivesALayerItsLeafAndItsIdsAgain)
     ASSERT_TRUE(addStroke());
     UT_Node* leaf = leavesOf(art()).front();
     ASSERT_TRUE(edit([&](GR_DrawingAccess& access) { access.Erase(leaf); }));
+    EXPECT_EQ(strokesOf(leaf).GetStrokeBegin(), strokesOf(leaf).GetStrokeEnd()) << "the session has ended";
     undo();
     EXPECT_EQ(leavesOf(art()), std::vector<UT_Node*>{leaf});
     EXPECT_EQ(strokeAt(leaf, 0)->id(), 1u);
