@@ -298,3 +298,17 @@ class TestFiles:
             taken = [name for name in files if (made / name).exists()]
             assert taken == [name for name, goes in zip(files, (model, scan)) if goes]
             assert all((made / name).read_bytes() == files[name] for name in taken)
+
+    def test_a_paste_brings_them_and_its_undo_takes_them_back(self, app, folder, hero, clipboard, files):
+        copy = clipboard.copy(hero, brindle.CopyOptions())
+        app.close()
+        other = folder.with_name("other")
+        with brindle.create(other) as app:
+            before = character.saved(app, other)
+            app.clipboard.paste_new_nodes(copy, "Top")
+            after = character.saved(app, other)
+            assert {name: after.get(name) for name in files} == files
+            app.project.history.undo(1)
+            assert character.saved(app, other) == before
+            app.project.history.redo(1)
+            assert character.saved(app, other) == after
