@@ -224,6 +224,12 @@ void PaletteStore::addTo(FolderTransaction& save, const Folder& folder, bool isE
         lists(); // Elsewhere, all of the project's are needed, also those that nobody has asked for.
     for (const List& list : m_lists)
         addList(save, folder, list, isElsewhere);
+    // The file of a list that was undone together with its element.
+    for (const List& list : isElsewhere ? std::vector<List>() : allLists()) {
+        const CM_PaletteList::Private& own = list->engine();
+        if (own.state == CM_PaletteList::kDeleted && !own.hadFile && own.palettes.empty())
+            addList(save, folder, list, isElsewhere);
+    }
     std::vector<Palette> others;
     for (const Palette& palette : listed()) {
         if (!isInProject(*palette))

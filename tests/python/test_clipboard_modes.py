@@ -273,6 +273,17 @@ class TestPalettes:
         old, new = present.project.palettes
         assert new.id != old.id and [colour.id for colour in new][:1] == ids
 
+    def test_an_undo_takes_the_lists_of_new_elements_back(self, present, copy, folder):
+        other = folder.with_name("other")
+        before = character.saved(present, other)
+        self.paste(present, copy, "COPY_AND_CREATE_NEW_PALETTES_IN_ELEMENT_FOLDER")
+        after = character.saved(present, other)
+        for _ in range(2):
+            present.project.history.undo(1)
+            assert character.saved(present, other) == before
+            present.project.history.redo(1)
+            assert character.saved(present, other) == after
+
     def test_new_ones_lie_in_the_folders_of_new_elements(self, present, copy):
         copied, = self.paste(present, copy, "COPY_AND_CREATE_NEW_PALETTES_IN_ELEMENT_FOLDER")
         element = character.cell_of(copied.nodes["Drawing"]).element
