@@ -97,6 +97,8 @@ QVariant plainAt(const QScriptValue& value, int depth)
 QScriptValue toScript(QScriptEngine& engine, const QVariant& value)
 {
     switch (value.typeId()) {
+    case QMetaType::UnknownType:
+        return engine.undefinedValue();
     case QMetaType::Bool:
         return value.toBool();
     case QMetaType::Int:

@@ -35,6 +35,8 @@ QVariant QScriptValue::toVariant() const
 {
     if (!isValid() || m_value.isNull() || m_value.isUndefined())
         return {};
+    if (m_value.isNumber() || m_value.isString() || m_value.isBool() || m_value.isObject())
+        return m_value.toVariant();
     // A symbol has no form in a variant, and Qt none to refuse it: its text stands for it.
     if (engine() && QJSManagedValue(m_value, &m_engine->d->js).isSymbol())
         return m_engine->d->textOfSymbol.call({m_value}).toString();

@@ -1,5 +1,9 @@
 #include "core/bridges/javascriptobject.h"
 
+#include "core/frame/found.h"
+#include "core/host/plug_scriptinginterface.h"
+#include "core/host/sc_session.h"
+
 namespace OMC {
 
 JavascriptObject::JavascriptObject(JavascriptValue value, JavascriptValue self)
@@ -101,6 +105,7 @@ QString JavascriptObject::getType() const
 QVariant JavascriptObject::call(const QVariant& arguments, const QVariant& self)
 {
     JavascriptBackend& javascript = backend();
+    found(PLUG_Services::getScriptingInterface());
     if (!javascript.isFunction(m_value))
         throw Exception(tr("The current object is not a function."));
     validateThreadLock();

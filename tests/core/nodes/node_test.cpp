@@ -3,6 +3,9 @@
 #include "core/attributes/attributelist.h"
 #include "core/geometry/point2d.h"
 #include "core/geometry/point3d.h"
+#include "core/geometry/rectangles.h"
+#include "core/host/mo_backdrop.h"
+#include "core/host/sc_session.h"
 #include "core/nodes/groupnode.h"
 #include "core/nodes/node_coordinates.h"
 #include "core/scene/scene.h"
@@ -425,6 +428,42 @@ TEST(NodeOfStandInTest, ARefusalIsToldButForTheEnabledFlag)
     EXPECT_EQ(failureOf([&] { node->setEnabled(false); }), "no exception");
     EXPECT_EQ(manager.refusedLabels.join(QLatin1Char('|')),
               QStringLiteral("Rename StandIn to Name|Set X position of StandIn|Enable StandIn"));
+}
+
+/// A node view that draws every node in one box.
+class StandInNetworkView final : public PLUG_NetworkViewInterface {
+public:
+    explicit StandInNetworkView(const TURect& box) : m_box(box) { PLUG_Services::setNetworkViewInterface(this); }
+    ~StandInNetworkView() override { PLUG_Services::setNetworkViewInterface(nullptr); }
+
+    void showNode(MO_Node*) override {}
+    void getNodeRect(const MO_Node*, unsigned int, TURect& rect) const override { rect = m_box; }
+
+private:
+    TURect m_box;
+};
+
+TEST(NodeOfStandInTest, ItsSizeIsThatOfTheNodeViewWhereThereIsOne)
+{
+    StandInNode standIn;
+    const auto node = wrapped(&standIn);
+    EXPECT_EQ(std::pair(node->getWidth(), node->getHeight()), std::pair(80u, 0u));
+    EXPECT_EQ(node->getRect().get() ? OMC::objectIn<OMC::AllocatedRect2D>(node->getRect())->height : 0, 32)
+        << "lower than `height` says, as required";
+    const struct {
+        TURect box;
+        unsigned int width, height;
+    } rows[] = {{{.left = 10, .top = 20, .right = 130.9, .bottom = 65.5}, 120, 45},
+                {{.left = 5, .top = 5, .right = 5, .bottom = 5}, 0, 0},
+                {{.left = 9, .top = 9, .right = -1, .bottom = -1}, 0, 0},
+                {{.left = 0, .top = 0, .right = 1e300, .bottom = qQNaN()}, 0, 0}};
+    for (const auto& [box, width, height] : rows) {
+        const StandInNetworkView view(box);
+        EXPECT_EQ(std::pair(node->getWidth(), node->getHeight()), std::pair(width, height));
+        const Obj handle = node->getRect();
+        const auto& rect = *OMC::objectIn<OMC::AllocatedRect2D>(handle);
+        EXPECT_EQ(std::pair(rect.width, rect.height), std::pair(double(width), double(height)));
+    }
 }
 
 } // namespace

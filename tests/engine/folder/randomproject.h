@@ -33,6 +33,7 @@ private:
     void setValue();
     void linkColumn();
     void addColumn();
+    void changeElements();
     void editColumn();
     void changeScene();
     void changeSettings();
