@@ -2,7 +2,6 @@
 
 #include "core/host/at_dynamicattr.h"
 #include "core/host/cel_colorspace.h"
-#include "core/host/em_commands.h"
 #include "core/host/mo_backdrop.h"
 #include "core/host/pio_metadata.h"
 #include "core/host/sc_advancedflags.h"
@@ -12,7 +11,6 @@
 #include "core/host/tu_timedvalue.h"
 #include "engine/curves/column.h"
 #include "engine/curves/columnkinds.h"
-#include "engine/elements/elementmanager.h"
 #include "tests/engine/support/columnedits.h"
 
 #include <QLocale>
@@ -69,8 +67,7 @@ void RandomProject::change(int steps)
         &RandomProject::editColumn,     &RandomProject::changeScene,    &RandomProject::removeNode,
         &RandomProject::changeSettings, &RandomProject::changeMarkers,  &RandomProject::changeViews,
         &RandomProject::changeScenes,   &RandomProject::changeMetadata, &RandomProject::changeBackdrops,
-        &RandomProject::mark,           &RandomProject::explode,        &RandomProject::addColumn,
-        &RandomProject::changeElements};
+        &RandomProject::mark,           &RandomProject::explode,        &RandomProject::addColumn};
     for (; steps > 0; --steps)
         (this->*all[below(std::size(all))])();
 }
@@ -262,36 +259,6 @@ void RandomProject::addColumn()
     auto made = brindle::engine::Column::asTimedValue(kind->make(name(), below(2)));
     m_project.run(new SC_SceneCmds::AddTimedValueCmd(m_project.scene().sceneCommon(), made.release(), -1, -1));
     editColumn();
-}
-
-void RandomProject::changeElements()
-{
-    auto& elements = *brindle::engine::engineElements(common()->elementManager());
-    const int count = static_cast<int>(elements.elements().size());
-    if (count == 0 || below(3) == 0) {
-        const int id = elements.createElement(name(), below(3), 1 + below(30), 0, TUElement::kNoVector, false).id();
-        if (id >= 0)
-            m_project.run(new EM_Commands::FakeAddElementsCmd(&elements, {id}, true, true, 0));
-        return;
-    }
-    const int id = elements.elements()[static_cast<std::size_t>(below(count))]->id();
-    const auto run = [this](CO_Command* command) {
-        if (command)
-            m_project.run(command);
-    };
-    for (int drawing = 0; drawing < 3; ++drawing)
-        run(EM_Commands::NewDrawingCmd::Create(&elements, id, name(), false, false));
-    const EM_DrawingId drawing = elements.getDrawingId(id, name(), false);
-    if (drawing != EM_InvalidDrawingId) {
-        run(new SetDrawingContentCmd(&elements, CA_CelKeyElement(id, drawing), name().toUtf8()));
-        run(new SetDrawingVersionCmd(&elements, id, drawing, 1 + below(3)));
-        run(new SetDrawingScaleFactorCmd(&elements, id, drawing, 1 + below(5) / 4.0));
-        run(new RenameDrawingCmd(&elements, id, drawing, name()));
-    }
-    run(new ChangeElementOpacity(&elements, id, below(101)));
-    run(RenameElementCmd::BuildCmd(&elements, id, name()));
-    if (below(6) == 0)
-        run(RemoveElementsCmd::BuildCmd(&elements, {id}, below(2), 0));
 }
 
 void RandomProject::editColumn()

@@ -33,7 +33,6 @@ private:
     void setValue();
     void linkColumn();
     void addColumn();
-    void changeElements();
     void editColumn();
     void changeScene();
     void changeSettings();
