@@ -27,7 +27,6 @@ import exposures
 import javascript
 import operations
 import palettes
-import strokes
 from floors import objects
 from measure import Samples, silence
 
@@ -226,7 +225,6 @@ def main():
         drawings.measure(samples, root)
         elements.measure(samples, root)
         exposures.measure(samples, root)
-        strokes.measure(samples, root)
         with brindle.create(f"{root}/10") as app:
             create_nodes(app.scene, 10)
             search(app, 10)

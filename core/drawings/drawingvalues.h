@@ -15,6 +15,11 @@ inline QVariant rectangle(const Math::Box2d& box)
 {
     return QVariant::fromValue(AllocatedRect2D(box.width(), box.height(), box.minX(), box.minY()));
 }
+/// The same, for a caller that takes the object itself.
+inline AllocatedRect2D* newRectangle(const Math::Box2d& box)
+{
+    return new AllocatedRect2D(box.width(), box.height(), box.minX(), box.minY());
+}
 
 /// The matrix of space that acts on x and y as this one does.
 Matrix* newMatrix(const Math::Matrix2x3& matrix);

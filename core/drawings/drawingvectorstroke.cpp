@@ -254,14 +254,29 @@ QVariant DrawingVectorStroke::getBoundingBox() const
     return drawingvalues::rectangle(stroke().GetBox());
 }
 
+AllocatedRect2D* DrawingVectorStroke::newBoundingBox() const
+{
+    return drawingvalues::newRectangle(stroke().GetBox());
+}
+
 QVariant DrawingVectorStroke::getBoundingBoxVisible() const
 {
     return drawingvalues::rectangle(stroke().GetVisibleBox());
 }
 
+AllocatedRect2D* DrawingVectorStroke::newBoundingBoxVisible() const
+{
+    return drawingvalues::newRectangle(stroke().GetVisibleBox());
+}
+
 QVariant DrawingVectorStroke::getBoundingBoxInner() const
 {
     return drawingvalues::rectangle(stroke().GetInnerBox());
+}
+
+AllocatedRect2D* DrawingVectorStroke::newBoundingBoxInner() const
+{
+    return drawingvalues::newRectangle(stroke().GetInnerBox());
 }
 
 Obj DrawingVectorStroke::getTailTangent() const

@@ -12,6 +12,8 @@
 
 namespace OMC {
 
+class AllocatedRect2D;
+
 /// A stroke of a layer: a path of cubic curves from its tail to its head, with a colour at each side, a line style and
 /// a thickness. Left and right are seen along the path, with axes x to the right and y up.
 ///
@@ -73,9 +75,13 @@ public:
     QVariant getBezierPath() const; ///< The path, a BezierPath; takes one, or what it reads, with degree 3.
     void setBezierPath(const QVariant& path);
     QVariant getBoundingBox() const; ///< The smallest rectangle about the curves, without thickness.
-    QVariant
-    getBoundingBoxVisible() const;        ///< The same with thickness and tips; of size 0 for a line that isn't shown.
+    /// The same with thickness and tips; of size 0 for a line that isn't shown.
+    QVariant getBoundingBoxVisible() const;
     QVariant getBoundingBoxInner() const; ///< The smallest rectangle about the points on the curve.
+    /// The boxes, for a caller that takes the object itself.
+    AllocatedRect2D* newBoundingBox() const;
+    AllocatedRect2D* newBoundingBoxVisible() const;
+    AllocatedRect2D* newBoundingBoxInner() const;
     /// The colour at the left side, a DrawingVectorColour; null without one. Takes one, or the id of a colour.
     QVariant getColorLeft() const;
     void setColorLeft(const QVariant& colour);

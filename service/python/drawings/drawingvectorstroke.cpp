@@ -3,6 +3,7 @@
 #include "core/drawings/drawingvectorcontourlist.h"
 #include "core/drawings/drawingvectorjointlist.h"
 #include "core/drawings/drawingvectorstrokelist.h"
+#include "core/geometry/rectangles.h"
 #include "service/python/family.h"
 
 namespace brindle::python {
@@ -33,9 +34,9 @@ const Family family([]() -> std::vector<ClassTable> {
         Class<DrawingVectorStroke>()
             .shownAs<&shownStroke>()
             .property("bezier_path", "BezierPath", "CurveLike")
-            .property("bounding_box", "AllocatedRect2D")
-            .property("bounding_box_visible", "AllocatedRect2D")
-            .property("bounding_box_inner", "AllocatedRect2D")
+            .property<&DrawingVectorStroke::newBoundingBox>("bounding_box")
+            .property<&DrawingVectorStroke::newBoundingBoxVisible>("bounding_box_visible")
+            .property<&DrawingVectorStroke::newBoundingBoxInner>("bounding_box_inner")
             .property<&DrawingVectorStroke::getColorLeft>("colour_left", "DrawingVectorColour | None",
                                                           "VectorColourLike")
             .property<&DrawingVectorStroke::getColorLeft>("color_left", "DrawingVectorColour | None",
@@ -103,12 +104,12 @@ const Family family([]() -> std::vector<ClassTable> {
             .method<"left", Form<&DrawingVectorJoint::left, "-> DrawingVectorJoint">>()
             .method<"right", Form<&DrawingVectorJoint::right, "-> DrawingVectorJoint">>(),
         Class<DrawingVectorStrokeList>()
-            .method<"add",
-                    Form<&DrawingVectorStrokeList::add,
-                         "strokes: DrawingVectorStroke | DrawingVectorStrokeList | CurveLike -> DrawingVectorStroke | "
-                         "list[DrawingVectorStroke]">>(),
-        Class<DrawingVectorContourList>(),
-        Class<DrawingVectorJointList>(),
+            .items("DrawingVectorStroke")
+            .method<"add", Form<&DrawingVectorStrokeList::add,
+                                "strokes: DrawingVectorStroke | DrawingVectorStrokeList | CurveLike -> "
+                                "DrawingVectorStroke | list[DrawingVectorStroke]">>(),
+        Class<DrawingVectorContourList>().items("DrawingVectorContour"),
+        Class<DrawingVectorJointList>().items("DrawingVectorJoint"),
     };
 });
 
