@@ -140,7 +140,9 @@ def stub_accessors(entry):
 
 def stub_operators(module, entry):
     """The special methods that the class has beyond its base classes, or with items of its own."""
-    inherited = set() if entry["items"] else {name for base in module.bases(entry) for name in base["operators"]}
+    inherited = {name for base in module.bases(entry) for name in base["operators"]}
+    if entry["items"]:
+        inherited &= {"__eq__"}
     item = in_stub(module.items(entry)) or "Any"
     key = " | ".join(["int"] * entry["byIndex"] + ["str"] * entry["byKey"])
     found = f"def __getitem__(self, key: {key}) -> {item}: ..."
