@@ -56,6 +56,18 @@ const DrawingVectorArtLayer& artLayerIn(const QVariant& value)
                  [] { return DrawingAccess::tr("Unexpected argument - a valid art-layer was not provided."); });
 }
 
+/// The leaves of layers, all of which have strokes.
+std::vector<UT_Node*> strokeLeaves(const std::vector<const DrawingLayer*>& layers)
+{
+    std::vector<UT_Node*> nodes;
+    for (const DrawingLayer* layer : layers) {
+        nodes.push_back(layer->getNode());
+        if (!dynamic_cast<GR_LayerNode*>(nodes.back()))
+            throw Exception(DrawingAccess::tr("Invalid target layer specified."));
+    }
+    return nodes;
+}
+
 /// Whether results come in a list, as the argument did.
 bool isList(const QVariant& value)
 {
@@ -207,16 +219,23 @@ Obj DrawingAccess::vectorLayersMerge(const QVariant& layers)
 {
     sessiontarget::requireSession();
     const auto merged = sessiontarget::ownLayers(layers);
-    std::vector<UT_Node*> nodes;
-    for (const DrawingLayer* layer : merged) {
-        nodes.push_back(layer->getNode());
-        if (!dynamic_cast<GR_LayerNode*>(nodes.back()))
-            throw Exception(tr("Invalid target layer specified."));
-    }
+    const std::vector<UT_Node*> nodes = strokeLeaves(merged);
     const DrawingLayerImplShared& lowest = *merged.front()->record();
     return drawingedit::run(lowest.drawing(), lowest.key(), [&](GR_DrawingAccess& access) {
         UT_Node* leaf = &found(access.Merge(nodes), &BaseObject::throwUnexpected);
         return Obj(new DrawingVectorLayer(DrawingLayerImplShared::of(lowest.drawing(), leaf, lowest.key()).get()));
+    });
+}
+
+int DrawingAccess::vectorLayerCut(const QVariant& layers)
+{
+    sessiontarget::requireSession();
+    const std::vector<UT_Node*> nodes = strokeLeaves(sessiontarget::ownLayers(layers));
+    return inSession([&](GR_DrawingAccess& access) {
+        int cuts = 0;
+        for (UT_Node* leaf : nodes)
+            cuts += access.Cut(leaf);
+        return cuts;
     });
 }
 

@@ -66,6 +66,10 @@ public:
     virtual void vectorLayerEraseAt(unsigned int index);   ///< Erases the layer at an index.
     /// Brings the strokes of layers together in the lowest one, and gives that.
     virtual Obj vectorLayersMerge(const QVariant& layers);
+    /// Cuts the strokes of layers where they cross or touch others of their layer or themselves: joints are there then,
+    /// and what the strokes enclose are contours. The first piece of a stroke stays that stroke; the ends that are made
+    /// are flat, and tell it by `tail_cut` and `head_cut`. Gives the number of cuts.
+    virtual int vectorLayerCut(const QVariant& layers);
     /// Puts copies of all layers of an art layer (without one, of the art layer under edit) above those of another one.
     virtual void artLayerPaste(const QVariant& target, const QVariant& source);
 

@@ -128,13 +128,14 @@ def test_every_edit_asks_for_a_session_first(access):
             arguments = numbers.get(name) or {"vector_layer_create": ("x",), "vector_layer_create_above": (None, "x"),
                                               "vector_layer_create_under": (None, "x"),
                                               "vector_layers_create": (None,), "vector_layer_erase": (None,),
-                                              "vector_layers_merge": (None,), "stroke_erase": (None,),
+                                              "vector_layers_merge": (None,), "vector_layer_cut": (None,),
+                                              "stroke_erase": (None,),
                                               "stroke_set_color": (None, None, "x"),
                                               "stroke_set_tip_type": (None, "x", "x")}.get(name, (None, None))
             with fails(NO_SESSION):
                 getattr(access, name)(*arguments)
             asked += 1
-    assert asked == 25
+    assert asked == 26
 
 
 def test_a_failed_operation_leaves_the_session_open(session, layer, history):
@@ -279,6 +280,7 @@ def test_what_is_no_reference_is_refused(session, layer, stroke, value):
 def test_what_is_no_layer_is_refused(session, layer, value):
     for call in (lambda: session.vector_layer_copy(value, layer), lambda: session.vector_layer_move(value, layer),
                  lambda: session.vector_layer_erase(value), lambda: session.vector_layers_merge(value),
+                 lambda: session.vector_layer_cut(value),
                  lambda: session.vector_layer_paste_at(0, value)):
         with fails(NO_LAYER):
             call()
@@ -295,7 +297,7 @@ def test_a_layer_of_another_drawing_is_a_source_and_no_target(app, session, laye
     assert box(layer.bounding_box) == (0, 0, 30, 30)
     with fails(NO_TARGET):
         session.vector_layer_copy(layer, theirs)
-    for call in (session.vector_layer_erase, session.vector_layers_merge):
+    for call in (session.vector_layer_erase, session.vector_layers_merge, session.vector_layer_cut):
         with fails(NO_LAYER):
             call(theirs)
 
@@ -337,6 +339,43 @@ def test_layers_are_merged_into_the_lowest(session, art, layer, stroke):
     text = session.vector_layer_create("TEXT_LAYER")
     with fails(NO_LAYER):
         session.vector_layers_merge([merged, text])
+
+
+def test_a_cut_makes_joints_where_strokes_cross(session, art, layer, history):
+    across, up = session.stroke_create([line((0, 0), (10, 0)), line((5, -5), (5, 5))], layer, thick(), "LEFT", GREEN)
+    assert len(layer.joints) == 4
+    assert session.vector_layer_cut(layer) == 2 and len(layer.strokes) == 4
+    assert box(across.bounding_box) == (0, 0, 5, 0) and box(up.bounding_box) == (5, -5, 5, 0)
+    assert (across.tail_cut, across.head_cut, across.tip_type_to) == (False, True, "Flat")
+    (middle,) = [joint for joint in layer.joints if joint.degree > 1]
+    assert (middle.position.x, middle.position.y, middle.degree) == (5, pytest.approx(0), 4)
+    assert session.vector_layer_cut(layer) == 0
+    cut = content([art])
+    assert end(session, history) == [STEP]
+    history.undo()
+    history.redo()
+    assert content([art]) == cut
+
+
+def test_layers_are_cut_each_by_itself(session, drawing, layer):
+    second = session.vector_layer_create("PEN_LAYER")
+    session.stroke_create(line((0, 0), (10, 0)), layer, thick(), "LEFT", GREEN)
+    session.stroke_create(line((5, -5), (5, 5)), second, thick(), "LEFT", GREEN)
+    assert session.vector_layer_cut([layer, second]) == 0
+    for each in (layer, second):
+        session.stroke_create(line((2, -5), (2, 5)), each, thick(), "LEFT", GREEN)
+    session.stroke_create(line((0, 1), (10, 1)), second, thick(), "LEFT", GREEN)
+    assert session.vector_layer_cut([layer, second]) == 6
+    assert [len(each.strokes) for each in (layer, second)] == [4, 7]
+
+
+def test_layers_without_strokes_are_not_cut(session, art, layer):
+    session.stroke_create([line((0, 0), (10, 0)), line((5, -5), (5, 5))], layer, thick(), "LEFT", GREEN)
+    text = session.vector_layer_create("TEXT_LAYER")
+    before = content([art])
+    with fails(NO_LAYER):
+        session.vector_layer_cut([layer, text])
+    assert content([art]) == before
 
 
 def test_art_layers_are_pasted(app, drawing, session, art, layer, stroke):

@@ -65,6 +65,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .method<"vector_layer_erase_at", Form<&DrawingAccess::vectorLayerEraseAt, "index">>()
             .method<"vector_layers_merge",
                     Form<&DrawingAccess::vectorLayersMerge, "layers: LayersLike -> DrawingVectorLayer">>()
+            .method<"vector_layer_cut", Form<&DrawingAccess::vectorLayerCut, "layers: LayersLike">>()
             .method<"art_layer_paste",
                     Form<&DrawingAccess::artLayerPaste,
                          "target: DrawingVectorArtLayer, source: DrawingVectorArtLayer | None=None">>()
