@@ -3,6 +3,7 @@
 #include "render/pixelrows.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace brindle::render {
 
@@ -34,6 +35,59 @@ struct Screen : Normal {
 struct Add {
     static Share colour(Share s, Share d, Share, Share) { return added(s, d); }
     static Share alpha(Share sa, Share da) { return added(sa, da); }
+};
+
+double hardLight(double s, double d, double sa, double da)
+{
+    return 2 * s <= sa ? 2 * s * d : sa * da - 2 * (sa - s) * (da - d);
+}
+
+double overlay(double s, double d, double sa, double da)
+{
+    return hardLight(d, s, da, sa);
+}
+
+double darken(double s, double d, double sa, double da)
+{
+    return std::min(s * da, d * sa);
+}
+
+double lighten(double s, double d, double sa, double da)
+{
+    return std::max(s * da, d * sa);
+}
+
+double difference(double s, double d, double sa, double da)
+{
+    return std::abs(s * da - d * sa);
+}
+
+double exclusion(double s, double d, double sa, double da)
+{
+    return s * da + d * sa - 2 * s * d;
+}
+
+double softLight(double s, double d, double sa, double da)
+{
+    if (sa == 0 || da == 0)
+        return 0;
+    const double source = s / sa;
+    const double backdrop = d / da;
+    if (2 * source <= 1)
+        return sa * da * (backdrop - (1 - 2 * source) * backdrop * (1 - backdrop));
+    const double dodged = backdrop <= 0.25 ? ((16 * backdrop - 12) * backdrop + 4) * backdrop : std::sqrt(backdrop);
+    return sa * da * (backdrop + (2 * source - 1) * (dodged - backdrop));
+}
+
+/// A mode by its mix, on the scale 0 to 1.
+template <double (*mix)(double s, double d, double sa, double da)>
+struct Mixed : Normal {
+    static Share colour(Share s, Share d, Share sa, Share da)
+    {
+        constexpr double one = 1.0 / fullShare;
+        const double both = mix(s * one, d * one, sa * one, da * one);
+        return added(shareOf(both), shareOf(s, fullShare - da) + std::uint32_t(shareOf(d, fullShare - sa)));
+    }
 };
 
 template <typename Mode>
@@ -78,8 +132,22 @@ void blend(Picture& below, const Picture& above, BlendMode mode)
         return blendRows<Multiply>(below, above);
     case BlendMode::Screen:
         return blendRows<Screen>(below, above);
+    case BlendMode::Overlay:
+        return blendRows<Mixed<overlay>>(below, above);
+    case BlendMode::Darken:
+        return blendRows<Mixed<darken>>(below, above);
+    case BlendMode::Lighten:
+        return blendRows<Mixed<lighten>>(below, above);
     case BlendMode::Add:
         return blendRows<Add>(below, above);
+    case BlendMode::Difference:
+        return blendRows<Mixed<difference>>(below, above);
+    case BlendMode::Exclusion:
+        return blendRows<Mixed<exclusion>>(below, above);
+    case BlendMode::SoftLight:
+        return blendRows<Mixed<softLight>>(below, above);
+    case BlendMode::HardLight:
+        return blendRows<Mixed<hardLight>>(below, above);
     }
 }
 

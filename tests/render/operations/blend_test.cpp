@@ -26,6 +26,50 @@ double overAlpha(double sa, double da)
     return sa + da * (1 - sa);
 }
 
+/// A mode by what the two colours become where both pictures are opaque, as the W3C gives it.
+template <double (*both)(double d, double s)>
+double mixed(double s, double d, double sa, double da)
+{
+    const double mix = sa > 0 && da > 0 ? sa * da * both(d / da, s / sa) : 0;
+    return mix + s * (1 - da) + d * (1 - sa);
+}
+
+double hardLight(double d, double s)
+{
+    return s <= 0.5 ? d * 2 * s : d + (2 * s - 1) - d * (2 * s - 1);
+}
+
+double overlay(double d, double s)
+{
+    return hardLight(s, d);
+}
+
+double softLight(double d, double s)
+{
+    const double root = d <= 0.25 ? ((16 * d - 12) * d + 4) * d : std::sqrt(d);
+    return s <= 0.5 ? d - (1 - 2 * s) * d * (1 - d) : d + (2 * s - 1) * (root - d);
+}
+
+double darken(double d, double s)
+{
+    return std::min(d, s);
+}
+
+double lighten(double d, double s)
+{
+    return std::max(d, s);
+}
+
+double difference(double d, double s)
+{
+    return std::abs(d - s);
+}
+
+double exclusion(double d, double s)
+{
+    return d + s - 2 * d * s;
+}
+
 const Mode modes[] = {
     {"Normal", BlendMode::Normal, [](double s, double d, double sa, double) { return s + d * (1 - sa); }, overAlpha},
     {"Multiply", BlendMode::Multiply,
@@ -33,6 +77,13 @@ const Mode modes[] = {
     {"Screen", BlendMode::Screen, [](double s, double d, double, double) { return s + d - s * d; }, overAlpha},
     {"Add", BlendMode::Add, [](double s, double d, double, double) { return std::min(s + d, 1.0); },
      [](double sa, double da) { return std::min(sa + da, 1.0); }},
+    {"Overlay", BlendMode::Overlay, mixed<overlay>, overAlpha},
+    {"Darken", BlendMode::Darken, mixed<darken>, overAlpha},
+    {"Lighten", BlendMode::Lighten, mixed<lighten>, overAlpha},
+    {"Difference", BlendMode::Difference, mixed<difference>, overAlpha},
+    {"Exclusion", BlendMode::Exclusion, mixed<exclusion>, overAlpha},
+    {"SoftLight", BlendMode::SoftLight, mixed<softLight>, overAlpha},
+    {"HardLight", BlendMode::HardLight, mixed<hardLight>, overAlpha},
 };
 
 const Pixel pixelsTried[] = {
