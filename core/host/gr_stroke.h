@@ -188,9 +188,12 @@ public:
     virtual GR_ColorPtr GetOutsideColor() const = 0; ///< Of the stroke's other side.
     /// What its area is painted with: the colour of the first side on the cycle that has one. Null: nothing.
     virtual GR_ColorPtr GetFillColor() const = 0;
-    /// The closed paths that bound its area, by the even-odd rule: its own cycle, and those around what lies within.
-    /// None for one that goes around nothing, or around its strokes from outside.
+    /// The closed paths that bound its area, by the even-odd rule: its own cycle, and those around what lies within,
+    /// without what crosses it. None for one that goes around nothing, or around its strokes from outside.
     virtual std::vector<GR_BezierPath2d> GetArea() const = 0;
+    /// Whether strokes that are connected with its own cross or touch strokes elsewhere than in joints, so that its
+    /// area may overlap others.
+    virtual bool IsCrossed() const = 0;
 
     virtual const GR_Contour* GetParent() const = 0; ///< The smallest one that holds it; null at top level.
     virtual std::vector<const GR_Contour*> GetChildren() const = 0;

@@ -73,10 +73,21 @@ std::vector<GR_BezierPath2d> LiveContour::GetArea() const
     if (!map().isAnticlockwise(m_index))
         return area;
     area.push_back(contourPath(map(), m_index));
-    for (const int child : map().children(m_index))
-        if (map().isOuter(child) && !map().isDegenerate(child))
-            area.push_back(contourPath(map(), child));
+    for (const int child : map().children(m_index)) {
+        if (!map().isOuter(child) || map().isDegenerate(child))
+            continue;
+        GR_BezierPath2d hole = contourPath(map(), child);
+        // What crosses the border of the area is laid over it instead.
+        if (!m_layer.isCrossed(map().componentOf(child)) ||
+            contourIsContaining(map(), m_index, hole, Math::Constants::NonZero))
+            area.push_back(std::move(hole));
+    }
     return area;
+}
+
+bool LiveContour::IsCrossed() const
+{
+    return m_layer.isCrossed(map().componentOf(m_index));
 }
 
 const GR_Contour* LiveContour::GetParent() const

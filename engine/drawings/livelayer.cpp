@@ -1,5 +1,6 @@
 #include "engine/drawings/livelayer.h"
 
+#include "engine/drawings/cutting.h"
 #include "engine/drawings/strokebounds.h"
 
 namespace brindle::engine {
@@ -75,7 +76,7 @@ const LiveLayer::Topology& LiveLayer::topology() const
         strokes().forEach([&read](const StrokePointer& stroke) {
             read.push_back({stroke->id, &stroke->data.GetPath()});
         });
-        auto topology = std::make_unique<Topology>(Topology{PlanarMap(read), {}});
+        auto topology = std::make_unique<Topology>(Topology{PlanarMap(read), {}, {}});
         for (int index = 0; index < topology->map.contourCount(); ++index)
             topology->contours.emplace_back(*this, index);
         m_topology = std::move(topology);
@@ -91,6 +92,14 @@ const PlanarMap& LiveLayer::map() const
 const LiveContour& LiveLayer::contour(int index) const
 {
     return topology().contours[static_cast<std::size_t>(index)];
+}
+
+bool LiveLayer::isCrossed(int component) const
+{
+    const Topology& known = topology();
+    if (!known.crossed)
+        known.crossed = crossedComponents(known.map, JointGrid::defaultReach);
+    return (*known.crossed)[static_cast<std::size_t>(component)];
 }
 
 GR_ColorPtr LiveLayer::paintOf(int contour) const

@@ -75,6 +75,7 @@ public:
     GR_ColorPtr GetOutsideColor() const override;
     GR_ColorPtr GetFillColor() const override;
     std::vector<GR_BezierPath2d> GetArea() const override;
+    bool IsCrossed() const override;
     const GR_Contour* GetParent() const override;
     std::vector<const GR_Contour*> GetChildren() const override;
     std::vector<const GR_VectorStroke*> GetStrokesInside() const override;
@@ -109,6 +110,8 @@ public:
     std::optional<std::size_t> indexOf(quint32 id) const;
     const PlanarMap& map() const;
     const LiveContour& contour(int index) const;
+    /// Whether strokes of a component of the map cross or touch strokes elsewhere than in joints.
+    bool isCrossed(int component) const;
     /// The colour that a contour is painted with: that of the first side on its walk that has one. Null for none.
     GR_ColorPtr paintOf(int contour) const;
     /// A path with its ends on joints of the layer, where these are near, for a stroke that comes or, with `own`, for
@@ -146,6 +149,7 @@ private:
     struct Topology {
         PlanarMap map;
         std::deque<LiveContour> contours;
+        mutable std::optional<std::vector<bool>> crossed; ///< By component, once it was asked for.
     };
     enum class Order { Unknown, Ascending, Any };
 
