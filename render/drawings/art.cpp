@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace brindle::render {
 
@@ -24,11 +25,6 @@ int bucketOf(double scale)
 double scaleOf(const QTransform& place)
 {
     return std::sqrt(std::abs(place.m11() * place.m22() - place.m12() * place.m21()));
-}
-
-double areaOf(const std::vector<GR_BezierPath2d>& bounds)
-{
-    return bounds.empty() ? 0 : std::abs(bounds.front().GetArea());
 }
 
 bool isHair(const GR_StrokeData& stroke)
@@ -61,9 +57,7 @@ Art::Art(const GR_CompositeVectorDrawingObj& drawing, PalettePaints& palettes, Q
     for (int art = 0; art < GR_CompositeVectorDrawingObj::kArtCount; ++art)
         if (const auto* vectors = dynamic_cast<const GR_VectorDrawingObj*>(drawing.GetArt(art)))
             addArt(*vectors, remarks);
-    std::erase_if(m_layers, [](const Layer& layer) {
-        return layer.parted.empty() && layer.crossed.empty() && layer.lines.empty();
-    });
+    std::erase_if(m_layers, [](const Layer& layer) { return layer.groups.empty() && layer.lines.empty(); });
     m_palettes = nullptr;
 }
 
@@ -81,24 +75,84 @@ void Art::addArt(const GR_VectorDrawingObj& art, QStringList& remarks)
     }
 }
 
+/// Areas that don't overlap, in groups of those whose boxes meet; only within a group two may share an edge.
+std::vector<std::vector<Art::Found>> Art::neighbours(std::vector<Found> areas)
+{
+    std::vector<std::size_t> order(areas.size());
+    std::vector<std::size_t> first(areas.size()); // Leads to the first area of the group.
+    std::iota(order.begin(), order.end(), 0);
+    std::iota(first.begin(), first.end(), 0);
+    const auto groupOf = [&first](std::size_t area) {
+        while (first[area] != area)
+            area = first[area] = first[first[area]];
+        return area;
+    };
+    std::sort(order.begin(), order.end(), [&areas](std::size_t left, std::size_t right) {
+        return areas[left].box.minX() < areas[right].box.minX();
+    });
+    std::vector<std::size_t> open; // Those that reach beyond the left side of the next one.
+    for (const std::size_t next : order) {
+        const Math::Box2d& box = areas[next].box;
+        std::erase_if(open, [&](std::size_t area) { return areas[area].box.maxX() < box.minX(); });
+        for (const std::size_t area : open) {
+            if (areas[area].box.minY() > box.maxY() || areas[area].box.maxY() < box.minY())
+                continue;
+            const std::size_t group = groupOf(area);
+            const std::size_t other = groupOf(next);
+            first[std::max(group, other)] = std::min(group, other);
+        }
+        open.push_back(next);
+    }
+    std::vector<std::vector<Found>> groups;
+    std::vector<std::size_t> places(areas.size());
+    for (std::size_t area = 0; area < areas.size(); ++area) {
+        const std::size_t group = groupOf(area);
+        if (group == area) {
+            places[area] = groups.size();
+            groups.emplace_back();
+        }
+        groups[places[group]].push_back(std::move(areas[area]));
+    }
+    return groups;
+}
+
 void Art::addStrokes(const GR_Layer& layer)
 {
     Layer& to = m_layers.back();
+    std::vector<Found> parted;
+    std::vector<Found> crossed;
     for (const GR_Contour* contour : layer.GetContours()) {
         const GR_ColorPtr colour = contour->GetFillColor();
         const PaintPointer paint = colour ? paintFor(*colour) : nullptr;
         if (!paint)
             continue;
-        if (std::vector<GR_BezierPath2d> bounds = contour->GetArea(); !bounds.empty())
-            to.parted.push_back({std::move(bounds), paint});
+        if (std::vector<GR_BezierPath2d> bounds = contour->GetArea(); !bounds.empty()) {
+            const double size = std::abs(bounds.front().GetArea());
+            (contour->IsCrossed() ? crossed : parted).push_back({{std::move(bounds), paint}, contour->GetBox(), size});
+        }
     }
-    // One area alone has no neighbours to leave a seam with.
-    if (to.parted.size() == 1) {
-        to.crossed.push_back(std::move(to.parted.front()));
-        to.parted.clear();
+    std::vector<std::vector<Found>> groups = neighbours(std::move(parted));
+    for (Found& area : crossed)
+        groups.push_back({std::move(area)});
+    // Where areas overlap, a small one must not vanish below a large one.
+    if (!crossed.empty()) {
+        const auto largest = [](const std::vector<Found>& group) {
+            return std::max_element(group.begin(), group.end(),
+                                    [](const Found& left, const Found& right) { return left.size < right.size; })
+                ->size;
+        };
+        std::stable_sort(groups.begin(), groups.end(),
+                         [&](const auto& left, const auto& right) { return largest(left) > largest(right); });
     }
-    std::stable_sort(to.crossed.begin(), to.crossed.end(),
-                     [](const Area& left, const Area& right) { return areaOf(left.bounds) > areaOf(right.bounds); });
+    for (std::vector<Found>& group : groups) {
+        // One area alone has no neighbours to leave a seam with.
+        const bool isAlone = group.size() == 1;
+        const bool joins = isAlone && !to.groups.empty() && to.groups.back().how == Rasteriser::Faces::Over;
+        if (!joins)
+            to.groups.push_back({{}, isAlone ? Rasteriser::Faces::Over : Rasteriser::Faces::Partition});
+        for (Found& area : group)
+            to.groups.back().areas.push_back(std::move(area.area));
+    }
     for (auto next = layer.GetStrokeBegin(); next != layer.GetStrokeEnd(); ++next) {
         const GR_StrokeData& stroke = (*next)->GetStrokeData();
         if (!stroke.GetLineStyle().IsVisible())
@@ -110,6 +164,11 @@ void Art::addStrokes(const GR_Layer& layer)
     }
 }
 
+void Art::addFilled(std::vector<GR_BezierPath2d> bounds, PaintPointer paint)
+{
+    m_layers.back().groups.push_back({{{std::move(bounds), std::move(paint)}}, Rasteriser::Faces::Over});
+}
+
 void Art::addText(const GR_TextLayer& text, QStringList& remarks)
 {
     const GR_ColorPtr& colour = text.GetData().colour;
@@ -119,7 +178,7 @@ void Art::addText(const GR_TextLayer& text, QStringList& remarks)
     try {
         std::vector<GR_BezierPath2d> outlines = text.GetOutlines();
         if (!outlines.empty())
-            m_layers.back().crossed.push_back({std::move(outlines), paint});
+            addFilled(std::move(outlines), paint);
     } catch (const std::runtime_error& error) {
         remarks.append(QString::fromUtf8(error.what()));
     }
@@ -142,8 +201,7 @@ void Art::addBitmap(const GR_BitmapLayer& bitmap)
     const double h = data.height;
     for (const Math::Point2d& corner : {Math::Point2d{0, 0}, {w, 0}, {w, h}, {0, h}, {0, 0}})
         frame.Append(matrix * corner, true);
-    m_layers.back().crossed.push_back(
-        {{frame}, std::make_shared<Paint>(TexturePaint{pixels, false, upright * toDrawing})});
+    addFilled({frame}, std::make_shared<Paint>(TexturePaint{pixels, false, upright * toDrawing}));
 }
 
 Art::PaintPointer Art::paintFor(const GR_Color& colour)
@@ -240,10 +298,8 @@ Picture Art::draw(const QSize& size, const QTransform& place) const
     rasteriser->beginLayer(box.size(), place * QTransform::fromTranslate(-box.x(), -box.y()));
     for (std::size_t i = 0; i < m_layers.size(); ++i) {
         const Layer& layer = m_layers[i];
-        if (!layer.parted.empty())
-            rasteriser->addFaces(facesOf(layer.parted), Rasteriser::Faces::Partition);
-        if (!layer.crossed.empty())
-            rasteriser->addFaces(facesOf(layer.crossed), Rasteriser::Faces::Over);
+        for (const Group& group : layer.groups)
+            rasteriser->addFaces(facesOf(group.areas), group.how);
         std::vector<StrokePieces> hairs;
         hairs.reserve(layer.lines.size());
         std::vector<Stroke> strokes;

@@ -41,9 +41,18 @@ private:
         GR_StrokeData stroke;
         PaintPointer paint;
     };
+    struct Found {
+        Area area;
+        Math::Box2d box;
+        double size; ///< Of what its outer border encloses.
+    };
+    /// Areas that are drawn together.
+    struct Group {
+        std::vector<Area> areas;
+        Rasteriser::Faces how = Rasteriser::Faces::Over;
+    };
     struct Layer {
-        std::vector<Area> parted;  ///< Areas that don't overlap.
-        std::vector<Area> crossed; ///< Those of strokes that cross, the largest first.
+        std::vector<Group> groups;
         std::vector<Line> lines;
     };
     /// How an entry of a palette looks.
@@ -56,8 +65,10 @@ private:
     };
     using Outlines = std::vector<std::vector<StrokePieces>>; ///< By layer and line.
 
+    static std::vector<std::vector<Found>> neighbours(std::vector<Found> areas);
     void addArt(const GR_VectorDrawingObj& art, QStringList& remarks);
     void addStrokes(const GR_Layer& layer);
+    void addFilled(std::vector<GR_BezierPath2d> bounds, PaintPointer paint);
     void addText(const GR_TextLayer& text, QStringList& remarks);
     void addBitmap(const GR_BitmapLayer& bitmap);
     PaintPointer paintFor(const GR_Color& colour);

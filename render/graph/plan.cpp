@@ -342,8 +342,15 @@ private:
         if (!m_view.place(own, toPixels))
             return empty();
 
-        const CA_CelPtr cel = CA_CelCache::insertItemBis(CA_CelKeyElement(element, drawing), CEL_Context(1.0, m_frame));
-        OperationPtr picture = cel ? contentOf(*cel.cel(), drawing, toPixels) : nullptr;
+        OperationPtr picture;
+        try {
+            const CA_CelPtr cel =
+                CA_CelCache::insertItemBis(CA_CelKeyElement(element, drawing), CEL_Context(1.0, m_frame));
+            picture = cel ? contentOf(*cel.cel(), drawing, toPixels) : nullptr;
+        } catch (const std::runtime_error& unreadable) {
+            m_remarks.append(QString::fromUtf8(unreadable.what()));
+            return empty();
+        }
         if (!picture) {
             m_remarks.append(QStringLiteral("The drawing \"%1\" of the node \"%2\" can't be shown.")
                                  .arg(name, node.qualifiedName()));
@@ -354,7 +361,7 @@ private:
         return picture;
     }
 
-    /// Null for a cel without content that can be shown.
+    /// What a cel holds, at its place; one without content shows nothing.
     OperationPtr contentOf(CEL_Cel& cel, EM_DrawingId drawing, const QTransform& toPixels)
     {
         if (const std::shared_ptr<const CELVEC_Brd> vectors = cel.findBestVectorRepresentation()) {
@@ -367,7 +374,7 @@ private:
         }
         const CEL_PixmapPtr pixmap = cel.findBestPixmapRepresentation();
         if (!pixmap || pixmap->height() == 0)
-            return nullptr;
+            return empty();
         // A picture is as high as the field chart.
         const double scale = 2.0 / pixmap->height();
         const QTransform toOgl(scale, 0, 0, -scale, -scale * pixmap->width() / 2, scale * pixmap->height() / 2);

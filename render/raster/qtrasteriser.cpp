@@ -364,13 +364,20 @@ private:
         doublePixels(pixels, m_drawn, alphaOf(faces));
     }
 
+    /// Adds up faces beside the layer, and lays the sum over it.
     void addPartitionAbove(std::span<const Face> faces)
     {
         const QRect box = boxOf(faces);
         if (box.isEmpty())
             return;
+        const qsizetype bytes = qsizetype(box.width()) * box.height() * bytesPerPixel;
+        if (m_room.size() < bytes)
+            m_room = QByteArray(bytes, Qt::Uninitialized);
+        std::memset(m_room.data(), 0, std::size_t(bytes));
         QtRasteriser above;
-        above.beginLayer(box.size(), m_place * QTransform::fromTranslate(-box.x(), -box.y()));
+        above.m_pixels = QImage(reinterpret_cast<uchar*>(m_room.data()), box.width(), box.height(),
+                                qsizetype(box.width()) * bytesPerPixel, m_pixels.format());
+        above.m_place = m_place * QTransform::fromTranslate(-box.x(), -box.y());
         above.addPartition(above.m_pixels, faces);
         QPainter painter(&m_pixels);
         painter.drawImage(box.topLeft() + above.m_drawn.topLeft(), above.m_pixels, above.m_drawn);
@@ -386,6 +393,7 @@ private:
         return box.toAlignedRect().adjusted(-1, -1, 1, 1) & m_pixels.rect();
     }
 
+    QByteArray m_room; ///< For pixels beside the layer, kept from one partition to the next.
     QImage m_pixels;
     QTransform m_place;
     QRect m_drawn; ///< All that isn't empty lies in there.
