@@ -10,13 +10,17 @@ import support
 
 def png(width, height, rgba=(255, 0, 0, 255)):
     """The bytes of a picture of one colour."""
+    return png_of_rows(width, [bytes(rgba) * width] * height)
+
+
+def png_of_rows(width, rows):
+    """The bytes of a picture whose rows have four bytes a pixel."""
     def chunk(kind, content):
         body = kind + content
         return struct.pack(">I", len(content)) + body + struct.pack(">I", zlib.crc32(body))
 
-    rows = (b"\0" + bytes(rgba) * width) * height
-    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 6, 0, 0, 0)) +
-            chunk(b"IDAT", zlib.compress(rows)) + chunk(b"IEND", b""))
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", width, len(rows), 8, 6, 0, 0, 0)) +
+            chunk(b"IDAT", zlib.compress(b"".join(b"\0" + row for row in rows))) + chunk(b"IEND", b""))
 
 
 def files(app, folder):
