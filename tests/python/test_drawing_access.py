@@ -148,7 +148,9 @@ def test_a_failed_operation_leaves_the_session_open(session, layer, history):
 def test_an_erased_layer_is_there_until_the_session_ends(session, art, layer, stroke):
     session.vector_layer_erase(layer)
     assert len(art) == 0 and layer.type == "Vector" and layer.drawing().empty
-    assert box(layer.bounding_box) == (0, 0, 0, 0) and list(layer.strokes) == []
+    assert box(layer.bounding_box) == (0, 0, 10, 10) and len(list(layer.strokes)) == 1, "it shows what it held"
+    with fails(NO_STROKE):
+        session.stroke_erase(layer.strokes[0])
     with fails(NO_TARGET):
         session.stroke_create(square(), layer, thick(), "LEFT", GREEN)
     with fails(NO_LAYER):
