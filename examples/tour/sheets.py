@@ -13,6 +13,7 @@ class Part:
     parent: str | None
     pivot: tuple[float, float]  # in fields, y upwards
     drawing: str | None  # the element that the part shows
+    layer: int  # place from back to front
     depth: int  # levels below the root part
     column: int  # place from left to right in the node view
 
@@ -36,7 +37,8 @@ def read_rig(path: pathlib.Path) -> list[Part]:
     """The parts, each behind its parent."""
     parts: dict[str, Part] = {}
     leaves = 0
-    entries = json.loads(path.read_text())["parts"]
+    rig = json.loads(path.read_text())
+    entries, layers = rig["parts"], rig["back to front"]
     parents = {entry["parent"] for entry in entries}
     for entry in entries:
         parent = parts.get(entry["parent"])
@@ -44,6 +46,7 @@ def read_rig(path: pathlib.Path) -> list[Part]:
             raise SystemExit(f"{path}: {entry['name']} stands ahead of its parent {entry['parent']}")
         x, y = entry["pivot"]
         parts[entry["name"]] = Part(entry["name"], entry["parent"], (x, y), entry["drawing"],
+                                    layers.index(entry["name"]) if entry["drawing"] else -1,
                                     parent.depth + 1 if parent else 0, leaves)
         if entry["name"] not in parents:
             leaves += 1

@@ -11,7 +11,9 @@ import time
 
 import brindle
 
+import character
 import graph_svg
+import pictures
 import sheets
 
 HERE = pathlib.Path(__file__).resolve().parent
@@ -26,7 +28,7 @@ def make_drawings(scene: brindle.Scene, parts: list[sheets.Part],
                   exposures: list[sheets.Exposure]) -> dict[str, brindle.ElementColumn]:
     """A drawing column for each element, which left and right parts share; one that is not on the sheet has one drawing."""
     columns: dict[str, brindle.ElementColumn] = {}
-    for name in dict.fromkeys(part.drawing for part in parts if part.drawing):
+    for name in dict.fromkeys([*(part.drawing for part in parts if part.drawing), "hill"]):
         column = scene.columns.create("DRAWING", name, {"createNode": False})
         assert isinstance(column, brindle.ElementColumn) and column.element
         column.element.vector_type = "PNT"
@@ -43,6 +45,7 @@ def build_rig(scene: brindle.Scene, parts: list[sheets.Part],
     composite = scene.nodes["Top/Composite"].ports_in
     assert isinstance(composite, brindle.MultiInPortList)  # Its ports come and go.
     pegs: dict[str, brindle.Node] = {}
+    reads: dict[int, brindle.Node] = {}
     for part in parts:
         peg = scene.nodes.create("PEG", f"{part.name}-P")
         peg.position = [part.column * 140, part.depth * 90 - 600]
@@ -54,10 +57,35 @@ def build_rig(scene: brindle.Scene, parts: list[sheets.Part],
             read = scene.nodes.create("READ", part.name)
             read.position = [part.column * 140 + 60, part.depth * 90 - 555]
             read.ports_in[0].link(peg)
-            composite.create().link(read)
             read.attributes["drawing.element"].link(columns[part.drawing])
+            # A drawing is made about its joint.
+            read.attributes["position.x"].set_localvalue(part.pivot[0])
+            read.attributes["position.y"].set_localvalue(part.pivot[1])
+            reads[part.layer] = read
         pegs[part.name] = peg
+    set_stage(scene, columns["hill"])
+    for layer in sorted(reads):
+        composite.create().link(reads[layer])
     return pegs
+
+
+def set_stage(scene: brindle.Scene, hill: brindle.ElementColumn) -> None:
+    """The hill behind all else, and a camera that follows Pip over it."""
+    composite = scene.nodes["Top/Composite"].ports_in
+    assert isinstance(composite, brindle.MultiInPortList)
+    back = scene.nodes.create("READ", "Hill")
+    back.position = [-200, -555]
+    back.attributes["drawing.element"].link(hill)
+    back.attributes["position.x"].set_localvalue(4.0)
+    composite.create().link(back)
+    camera = scene.nodes.create("CAMERA", "Camera")
+    camera.position = [-200, 120]
+    camera.attributes["position.y"].set_localvalue(4.9)
+    for axis in ("x", "y"):
+        camera.attributes[f"scale.{axis}"].set_localvalue(0.58)
+    for frame, x in ((1, 1.2), (48, 6.8)):
+        camera.attributes["position.x"].set_value(frame, x)
+    scene.camera = camera
 
 
 def set_keys(pegs: dict[str, brindle.Node], keys: list[sheets.Key]) -> None:
@@ -107,6 +135,7 @@ def main(folder: pathlib.Path) -> None:
 
     history.begin("Walk cycle")
     columns = make_drawings(scene, parts, exposures)
+    character.draw_all(columns, character.make_palette(app.project))
     pegs = build_rig(scene, parts, columns)
     set_keys(pegs, keys)
     history.end()
@@ -137,6 +166,8 @@ def main(folder: pathlib.Path) -> None:
     app = brindle.open(folder / "walk-cycle")
     check(state_of(app.scene) == before, "what was saved is what was there")
     say("saved, closed, opened again: the same scene")
+    for made in pictures.draw_walk(app.scene, folder):
+        say(f"drew {made}")
     app.close()
     print(f"Done in {time.perf_counter() - begin:.2f} s. The node graph: {picture}")
 

@@ -57,13 +57,31 @@ def test_its_parts_show_drawings_and_its_head_blinks(tour):
         tour[1][0].stdout.splitlines())
     with brindle.open(tour[0] / "out" / "walk-cycle") as app:
         reads = {node.name: node.attributes["drawing"] for node in app.scene.nodes if node.type == "READ"}
-        assert len(reads) == 16
+        assert len(reads) == 17
         assert all(drawing.value(frame) for drawing in reads.values() for frame in (1, 48))
         assert {element.vector_type for element in app.elements} == {"PNT"}
         assert reads["Hand-L"].column_name == reads["Hand-R"].column_name == "hand"
         for name, expected in (("Head", ["open", "half", "closed", "closed", "half", "open"]), ("Neck", ["1"] * 6),
                                ("Hand-L", ["relaxed"] * 5 + ["fist"])):
             assert [reads[name].value(frame) for frame in range(8, 14)] == expected
+
+
+@pytest.mark.skipif(not shutil.which("ffmpeg"), reason="ffmpeg is not installed")
+def test_it_leaves_pictures_of_the_walk(tour):
+    sheet = brindle.Cel.read(tour[0] / "out" / "walk.png")
+    assert memoryview(sheet).shape == (810, 1920, 4)
+    shown = brindle.Cel.read(support.ROOT / "docs" / "images" / "walk.png")
+    assert sheet.compare_exr(shown)
+    assert (tour[0] / "out" / "walk.gif").read_bytes().startswith(b"GIF89a")
+
+
+def test_its_pictures_are_painted_all_over_and_pip_walks(tour):
+    with brindle.open(tour[0] / "out" / "walk-cycle") as app:
+        first, later = (brindle.render.cel(app.scene.display, frame, (96, 54)) for frame in (1, 30))
+        assert set(memoryview(first).tobytes()[3::4]) == {255}
+        assert not first.compare_exr(later)
+        head = brindle.render.cel(app.scene.nodes["Top/Head"], 1, (96, 54))
+        assert 0 < head.allocated_rect.width < 30 and head.allocated_rect.height > 8
 
 
 def test_it_runs_in_a_plain_interpreter_too(tour):
