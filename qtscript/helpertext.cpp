@@ -8,6 +8,7 @@ namespace {
 ///   is the second line of its stack.
 /// - definitionOn: makes a variable of a script a property of the object.
 /// - functionOf: a function that runs C++.
+/// - textOfSymbol: the text of a symbol, which C++ has no other form for.
 constexpr char16_t helpers[] = uR"((function(global, invoker, guard) {
     const apply = Reflect.apply, define = Object.defineProperty;
     const has = Object.prototype.hasOwnProperty, invoke = invoker.invoke, read = invoker.read, NativeProxy = Proxy;
@@ -36,7 +37,7 @@ constexpr char16_t helpers[] = uR"((function(global, invoker, guard) {
     };
 }))";
 
-/// Replaces what ends the process in Qt 6.4 by what doesn't:
+/// Replaces functions and classes with which a script can end the process in Qt 6.4:
 ///
 /// - Arrays: some functions go down into arrays natively, without counting the levels, to the end of the stack for one
 ///   that holds itself.
