@@ -6,7 +6,7 @@
 #include <QtEndian>
 
 #include <bit>
-#include <cstring>
+#include <tuple>
 #include <unordered_map>
 
 namespace brindle::engine {
@@ -27,6 +27,21 @@ public:
     }
     void whole(qint64 value) { count(value < 0 ? 2 * quint64(-(value + 1)) + 1 : 2 * quint64(value)); }
     void number(double value) { fixed(std::bit_cast<quint64>(value)); }
+    /// All points of a path, which are most of a drawing, at once.
+    void points(const GR_BezierPath2d& path)
+    {
+        const unsigned int count = path.GetNumPoints();
+        const qsizetype start = m_bytes.size();
+        m_bytes.resize(start + qsizetype(count) * 2 * qsizetype(sizeof(double)));
+        char* place = m_bytes.data() + start;
+        for (unsigned int index = 0; index < count; ++index) {
+            const Math::Point2d& point = path.GetPoint(index);
+            for (const double number : {point.x, point.y}) {
+                qToLittleEndian(std::bit_cast<quint64>(number), place);
+                place += sizeof(double);
+            }
+        }
+    }
     void id(const CM_ColorId_t& id) { fixed(id.value()); }
     void point(const Math::Point2d& point)
     {
@@ -72,15 +87,22 @@ public:
 
     quint64 indexOf(const Value& value)
     {
-        const auto [place, isNew] = m_indices.try_emplace(value, m_values.size());
+        // Neighbours are alike.
+        if (m_last != m_indices.end() && m_last->first == value)
+            return m_last->second;
+        bool isNew = false;
+        std::tie(m_last, isNew) = m_indices.try_emplace(value, m_values.size());
         if (isNew)
-            m_values.push_back(&place->first);
-        return place->second;
+            m_values.push_back(&m_last->first);
+        return m_last->second;
     }
     const std::vector<const Value*>& values() const { return m_values; }
 
 private:
-    std::unordered_map<Value, quint64, std::size_t (*)(const Value&)> m_indices;
+    using Indices = std::unordered_map<Value, quint64, std::size_t (*)(const Value&)>;
+
+    Indices m_indices;
+    typename Indices::iterator m_last = m_indices.end();
     std::vector<const Value*> m_values;
 };
 
@@ -237,8 +259,7 @@ private:
     void write(const GR_BezierPath2d& path)
     {
         m_body.count(path.GetNumBezier());
-        for (unsigned int index = 0; index < path.GetNumPoints(); ++index)
-            m_body.point(path.GetPoint(index));
+        m_body.points(path);
     }
 
     void write(const GR_TextLayer::Data& text)
