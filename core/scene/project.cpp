@@ -1,5 +1,6 @@
 #include "core/scene/project.h"
 
+#include "core/drawings/drawingaccessimpl.h"
 #include "core/frame/found.h"
 #include "core/frame/global.h"
 #include "core/host/co_command.h"
@@ -30,7 +31,7 @@ std::string Project::__str__() const
 bool Project::getDirty() const
 {
     validate();
-    return sessionCommands().isDirty();
+    return sessionCommands().isDirty() || DrawingAccessImpl::get().isUnsaved();
 }
 
 bool Project::getDirtyPreviously() const

@@ -211,6 +211,18 @@ def test_a_session_ends_with_its_project(app, folder, session, layer):
         other.save()
 
 
+def test_what_an_open_session_has_done_is_not_dropped_without_a_word(app, folder, session):
+    app.save()
+    assert not app.project.dirty
+    session.vector_layer_create("PEN_LAYER")
+    assert app.project.dirty
+    with pytest.raises(brindle.Error, match="has unsaved changes"):
+        brindle.create(folder.with_name("other"))
+    app.save()
+    assert not app.project.dirty
+    brindle.create(folder.with_name("other")).close()
+
+
 def test_saving_writes_what_an_open_session_has_done(app, folder, session, layer, stroke):
     app.save()
     app.close()
