@@ -5,11 +5,18 @@ from hypothesis import strategies as st
 from hypothesis.stateful import rule
 
 import support
+from drawings import GREEN, RED, STEP, square, thick
 from undomodel import NAME, UndoModel, pick
 
 INDEX = st.integers(0, 1000)
 SOME_NAMES = st.one_of(NAME, st.lists(st.sampled_from(["1", "2", "a", "A", "x/y", "x_y", "ä", "..", "", "b\n"]), max_size=4))
 FORM = st.sampled_from([("PNG", ""), ("TIFF", "BVG"), ("PNG", "PNT"), ("nope", "")])
+
+
+def new_layer(content):
+    """A layer with a square, as one undo step."""
+    with brindle.DrawingAccess.editing(content["line"]) as access:
+        access.vector_layers_create({"strokes": [{"path": square(), "line_style": thick(), "colour_left": GREEN}]})
 
 
 class ElementMachine(UndoModel):
@@ -21,7 +28,9 @@ class ElementMachine(UndoModel):
         drawings = app.elements.create("Arm", vector_type="").drawings
         for name, picture in zip("12", self.pictures):
             drawings.create(name).import_file(picture)
-        app.elements.create("Line").drawings.create(["1", "A", "a"])
+        for drawing in app.elements.create("Line").drawings.create(["1", "A", "a"]):
+            if drawing.name != "a":
+                new_layer(drawing.initialize())
         app.project.history.clear()
         return app
 
@@ -69,6 +78,33 @@ class ElementMachine(UndoModel):
             self.do("Duplicating Element", lambda: element.duplicate(name))
 
     # Drawings.
+
+    @rule(index=INDEX, what=st.sampled_from(["draw", "move", "clear", "paint", "copy", "fail"]), art=st.integers(0, 3))
+    def draw(self, index, what, art):
+        drawing = self.drawing(index)
+        content = drawing and drawing.drawing
+        if not content:
+            return
+
+        def paint():
+            for stroke in [stroke for layer in content["line"] for stroke in layer.strokes][:1]:
+                stroke.colour_right = GREEN if stroke.colour_right is None else RED
+
+        def fail():
+            with brindle.DrawingAccess.editing(content["line"]):
+                new_layer(content)
+                raise brindle.Error("the block fails")
+
+        self.do(STEP, {"draw": lambda: new_layer(content), "move": lambda: content["line"].translate((1, 0)),
+                       "clear": content["line"].clear, "copy": lambda: content.set(art, content["line"]),
+                       "paint": paint, "fail": fail}[what])
+
+    @rule(index=INDEX, place=st.sampled_from([None, (1, 2), (3, 4)]))
+    def pivot(self, index, place):
+        drawing = self.drawing(index)
+        content = drawing and drawing.drawing
+        if content:
+            self.do("Change Drawing Pivot" if place else "Remove Drawing Pivot", lambda: setattr(content, "pivot", place))
 
     @rule(index=INDEX, names=SOME_NAMES)
     def create_drawings(self, index, names):
