@@ -267,7 +267,13 @@ void LiveDrawing::InfoChanged()
         m_info = m_value->info;
         throw std::invalid_argument("A pivot is finite, and a point quantum finite and not negative.");
     }
-    editValue().info = m_info;
+    // No id is given here, also none that was taken back: an undo of this brings the same file back.
+    const quint32 lastLayerId = m_value->lastLayerId;
+    const quint32 lastStrokeId = m_value->lastStrokeId;
+    DrawingValue& value = editValue();
+    value.info = m_info;
+    value.lastLayerId = lastLayerId;
+    value.lastStrokeId = lastStrokeId;
 }
 
 /// The lists of palettes of the open project, which stay as long as what was given of them.

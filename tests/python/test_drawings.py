@@ -393,6 +393,15 @@ def test_what_is_no_matrix_transforms_nothing(art, history, value):
     assert labels(history) == [STEP] and box(art.bounding_box) == (0, 0, 10, 10)
 
 
+def test_a_pivot_is_undone_to_the_byte_after_strokes_came_and_went(app, folder, drawing, history):
+    with_square(drawing["line"])
+    before = support.saved(app, folder)
+    drawing.pivot = (1, 2)
+    with_square(drawing["line"])
+    history.undo(2)
+    assert support.saved(app, folder) == before
+
+
 # Texts.
 
 
@@ -453,6 +462,12 @@ def test_the_matrix_of_a_text_is_read_and_that_of_its_colour_written(text, histo
         text.colour_matrix = "x"
     with fails("Property is read-only."):
         text.matrix = brindle.Matrix()
+
+
+def test_a_text_has_boxes(text):
+    text.text = "Mm"
+    for rectangle in (text.bounding_box, text.bounding_box_visible, text.bounding_box_linestyle):
+        assert rectangle.width > 0 and rectangle.height > 0
 
 
 def test_a_picture_layer_has_one_box(art):
