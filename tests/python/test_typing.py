@@ -45,7 +45,7 @@ def members(kind):
 def test_stubs_and_examples_pass_mypy(tmp_path):
     environment = {**os.environ, "MYPYPATH": ":".join(
         str(support.ROOT / folder) for folder in ("service/python", "examples/tour", "examples/geometry", "examples/palettes",
-                                            "examples/animation"))}
+                                            "examples/animation", "examples/drawings"))}
     done = subprocess.run([support.PYTHON, "-m", "mypy", "--strict", "--cache-dir", tmp_path,
                            support.ROOT / "service/python/brindle/__init__.pyi", *EXAMPLES],
                           capture_output=True, text=True, cwd=support.ROOT, env=environment)
