@@ -19,7 +19,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 STUBS = ROOT / "service/python/brindle/__init__.pyi"
 REFERENCE = ROOT / "docs/reference.md"
 
-FUNCTIONS = ("create", "open", "application")
+FUNCTIONS = ("create", "open", "application", "import_svg", "export_svg")
 ERRORS = (("Error", "RuntimeError"), ("ArgumentError", "Error, TypeError"))
 SPELLED = {
     "__len__": "`len(x)`",

@@ -11,12 +11,16 @@ A picture shows the field chart through the scene's camera. It is a `Cel`: `nump
 notebook shows it as it is.
 """
 
+from __future__ import annotations
+
 import collections
 import concurrent.futures
 import os
 import warnings
+from collections.abc import Callable, Iterable
 
-from brindle import _brindle
+import brindle
+from brindle import _brindle  # type: ignore[attr-defined]
 
 __all__ = ["RenderWarning", "cel", "frames"]
 
@@ -25,7 +29,8 @@ class RenderWarning(UserWarning):
     """Something that can't be shown, as a texture that is gone; the picture is without it."""
 
 
-def cel(node, frame, size=None, *, threads=None):
+def cel(node: brindle.Node, frame: float, size: tuple[int, int] | None = None, *,
+        threads: int | None = None) -> brindle.Cel:
     """The picture of a node at a frame, as a `Cel`.
 
     `size` is the width and the height in pixels; None stands for the project's resolution. `threads` share the work,
@@ -34,10 +39,12 @@ def cel(node, frame, size=None, *, threads=None):
     """
     job = _brindle._prepare_rendering(node, frame, size)
     _warn(job)
-    return _brindle._render_job(job, threads or os.cpu_count() or 1)
+    picture: brindle.Cel = _brindle._render_job(job, threads or os.cpu_count() or 1)
+    return picture
 
 
-def frames(scene, callback, frames=None, *, node=None, size=None, threads=None):
+def frames(scene: brindle.Scene, callback: Callable[[int, brindle.Cel], object], frames: Iterable[int] | None = None, *,
+           node: brindle.Node | None = None, size: tuple[int, int] | None = None, threads: int | None = None) -> int:
     """Draws frames of a scene, and calls `callback(frame, cel)` for each, in their order.
 
     `frames` are the frames' numbers; None stands for those from the scene's start to its stop frame. `node` is what is
@@ -50,10 +57,10 @@ def frames(scene, callback, frames=None, *, node=None, size=None, threads=None):
     if frames is None:
         frames = range(scene.frame_start, scene.frame_stop + 1)
     threads = threads or os.cpu_count() or 1
-    waiting = collections.deque()
+    waiting: collections.deque[tuple[int, concurrent.futures.Future[brindle.Cel]]] = collections.deque()
     done = 0
     with concurrent.futures.ThreadPoolExecutor(threads, "brindle-render") as pool:
-        def hand_over():
+        def hand_over() -> bool:
             nonlocal done
             frame, picture = waiting.popleft()
             done += 1
@@ -75,6 +82,6 @@ def frames(scene, callback, frames=None, *, node=None, size=None, threads=None):
     return done
 
 
-def _warn(job):
+def _warn(job: object) -> None:
     for remark in _brindle._remarks_of_job(job):
         warnings.warn(remark, RenderWarning, stacklevel=3)
