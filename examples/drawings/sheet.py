@@ -1,5 +1,6 @@
 """Panels that show drawings as the module gives them out: their SVG, with marks at what a script sees of them."""
 
+import math
 import pathlib
 import re
 import sys
@@ -30,6 +31,20 @@ def svg_of(drawing: brindle.Drawing) -> list[str]:
                 element.set(name, re.sub(r"-?[0-9][0-9.]*(e-?[0-9]+)?", lambda found: number(float(found[0])),
                                          element.attrib[name]))
     return [ElementTree.tostring(art, encoding="unicode") for art in root[0]]
+
+
+def at_length(path: brindle.BezierPath, share: float, steps: int = 2000) -> tuple[float, float]:
+    """The point at a share of a path's length, 0 to 1, as thickness keys are placed."""
+    end = path.bezier_count
+    points = [coordinates(path.evaluate(end * step / steps)) for step in range(steps + 1)]
+    left = share * sum(math.dist(a, b) for a, b in zip(points, points[1:]))
+    for (x1, y1), (x2, y2) in zip(points, points[1:]):
+        length = math.dist((x1, y1), (x2, y2))
+        if left <= length:
+            within = left / length if length else 0.0
+            return x1 + (x2 - x1) * within, y1 + (y2 - y1) * within
+        left -= length
+    return x2, y2
 
 
 class Sheet(Panel):
@@ -71,3 +86,17 @@ class Sheet(Panel):
             (self.ring if joint.degree == 1 else self.dot)(joint.position, BLUE if joint.degree == 1 else RED, 4)
             if joint.degree > 1:
                 self.tag(joint.position, str(joint.degree), 0, -12, RED)
+
+    def keys(self, stroke: brindle.DrawingVectorStroke) -> None:
+        """The thickness keys of a stroke, each as a line across it."""
+        path = stroke.bezier_path
+        self.path(path, "#ffffff", 1, dash="4 3")
+        for key in stroke.thickness.path:
+            x, y = at_length(path, key.position)
+            (x1, y1), (x2, y2) = (at_length(path, min(max(key.position + step, 0.0), 1.0)) for step in (-0.01, 0.01))
+            length = math.dist((x1, y1), (x2, y2))
+            left = (y1 - y2) / length, (x2 - x1) / length
+            ends = [(x + left[0] * width, y + left[1] * width) for width in (key.left_thickness, -key.right_thickness)]
+            self.line(ends[0], ends[1], RED, 1)
+            for end in ends:
+                self.dot(end, RED, 3)

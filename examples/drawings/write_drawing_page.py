@@ -9,80 +9,14 @@ import math
 import pathlib
 import sys
 import tempfile
-from collections.abc import Iterable
 
 import brindle
 
-import sheet
+from desk import SOLID, Desk, curve, curves, new_layer, straight, strokes_of
+from sheet import Sheet
 
 from canvas import BLUE, GREEN, GREY, ORANGE, RED, picture
-from sheet import Sheet
 from write_page import IMAGES, bring_up_to_date
-
-SOLID = {"Ink": [52, 58, 70], "Coat": [214, 84, 62], "Leaf": [104, 160, 92], "Shade": [196, 202, 212],
-         "Light": [255, 226, 190], "Sky": [126, 178, 224], "Sand": [240, 200, 120]}
-
-
-class Desk:
-    """Drawings of one element, and the palette that they are painted from."""
-
-    def __init__(self, app: brindle.Application) -> None:
-        element = app.elements.create("Page")
-        assert isinstance(element, brindle.Element)
-        self.drawings = element.drawings
-        palette = app.project.palettes.create("Colour", "Page")
-        palette.clear()
-        self.ids = {name: palette.create_solid_colour(name, channels).id for name, channels in SOLID.items()}
-
-    def drawing(self) -> brindle.Drawing:
-        made = self.drawings.create(str(len(self.drawings) + 1))
-        assert isinstance(made, brindle.ElementDrawing)
-        drawing = made.initialize()
-        assert drawing is not None
-        return drawing
-
-    def line(self, thickness: float = 3, colour: str = "Ink") -> brindle.DrawingVectorLineStyle:
-        style = brindle.DrawingVectorLineStyle()
-        style.type, style.colour_id, style.thickness = "Thick_Linestyle", self.ids[colour], thickness
-        return style
-
-
-def new_layer(access: brindle.DrawingAccess) -> brindle.DrawingVectorLayer:
-    layer = access.vector_layer_create("PEN_LAYER")
-    assert isinstance(layer, brindle.DrawingVectorLayer)
-    return layer
-
-
-def strokes_of(access: brindle.DrawingAccess, layer: brindle.DrawingVectorLayer, paths: list[brindle.BezierPath],
-               style: brindle.DrawingVectorLineStyle | None) -> list[brindle.DrawingVectorStroke]:
-    """New strokes with a line and without paint."""
-    described: list[dict[str, object]] = [{"path": path} for path in paths]
-    if style is not None:
-        for each in described:
-            each["line_style"] = style
-    made = access.stroke_create(described, layer)
-    assert isinstance(made, list)
-    return made
-
-
-def curves(*points: Iterable[float]) -> brindle.BezierPath:
-    """A path of cubic curves: a point, and for each curve its two handles and its end."""
-    path = brindle.BezierPath()
-    for first in range(0, len(points) - 1, 3):
-        path.bezier_append(curve(points[first:first + 4]))
-    return path
-
-
-def curve(points: Iterable[Iterable[float]]) -> brindle.Bezier:
-    made = brindle.Bezier()
-    for index, point in enumerate(points):
-        made[index] = point
-    return made
-
-
-def straight(start: Iterable[float], end: Iterable[float]) -> brindle.BezierPath:
-    (x1, y1), (x2, y2) = start, end
-    return curves((x1, y1), *(((x1 * (3 - i) + x2 * i) / 3, (y1 * (3 - i) + y2 * i) / 3) for i in (1, 2)), (x2, y2))
 
 
 def arts(desk: Desk) -> str:
@@ -230,77 +164,40 @@ WAVE = ((-100, -30), (-50, 80), (40, -90), (100, 30))
 
 
 def keys(desk: Desk) -> str:
-    """Thickness keys; with handles; and one path of keys that two strokes share."""
-    def line(thickness: brindle.DrawingVectorThicknessPath) -> tuple[brindle.Drawing, brindle.DrawingVectorStroke]:
+    """Thickness keys; one whose edges differ; and one path of keys that two strokes share."""
+    even = brindle.DrawingVectorThicknessPath(KEYS)
+    uneven = even.clone()
+    key = uneven[1]
+    key.right_thickness = 2
+    uneven[1] = key
+    panels = []
+    for title, caption, thickness in (
+            ("path = DrawingVectorThicknessPath(\n  [[0, 2], [0.4, 14], [1, 4]])",
+             "A key says how far the edges lie from\nthe path, left and right.", even),
+            ("key.right_thickness = 2", "Left and right are free of each other.", uneven)):
         drawing = desk.drawing()
         with brindle.DrawingAccess.editing(drawing["line"]) as access:
             stroke, = strokes_of(access, new_layer(access), [curves(*WAVE)], desk.line())
             access.stroke_set_thickness(stroke, thickness)
-        return drawing, stroke
-
-    def mark(panel: Sheet, stroke: brindle.DrawingVectorStroke) -> None:
-        path = stroke.bezier_path
-        panel.path(path, "#ffffff", 1, dash="4 3")
-        for key in stroke.thickness.path:
-            place, after = at_length(path, key.position), at_length(path, min(key.position + 0.01, 1.0))
-            before = at_length(path, max(key.position - 0.01, 0.0))
-            x, y = after[0] - before[0], after[1] - before[1]
-            length = (x * x + y * y) ** 0.5
-            x, y = -y / length, x / length
-            ends = ((place[0] + x * key.left_thickness, place[1] + y * key.left_thickness),
-                    (place[0] - x * key.right_thickness, place[1] - y * key.right_thickness))
-            panel.line(*ends, RED, 1)
-            for end in ends:
-                panel.dot(end, RED, 3)
-
-    titles = ("path = DrawingVectorThicknessPath(\n  [[0, 2], [0.4, 14], [1, 4]])",
-              "key.right_thickness = 2", ".stroke_set_thickness(\n  [a, b], path)")
-    drawn = line(brindle.DrawingVectorThicknessPath(KEYS))
-    panel = Sheet(titles[0], "A key says how far the edges lie from\nthe path, left and right.")
-    panel.drawing(drawn[0])
-    mark(panel, drawn[1])
-    panels = [panel]
-
-    uneven = brindle.DrawingVectorThicknessPath(KEYS)
-    key = uneven[1]
-    key.right_thickness = 2
-    uneven[1] = key
-    drawn = line(uneven)
-    panel = Sheet(titles[1], "Left and right are free of each other.")
-    panel.drawing(drawn[0])
-    mark(panel, drawn[1])
-    panels.append(panel)
+        panel = Sheet(title, caption)
+        panel.drawing(drawing)
+        panel.keys(stroke)
+        panels.append(panel)
 
     drawing = desk.drawing()
     with brindle.DrawingAccess.editing(drawing["line"]) as access:
         layer = new_layer(access)
-        first, second = curves(*WAVE).truncate(0, 0.55), curves(*WAVE).truncate(0.55, 1)
-        parts = strokes_of(access, layer, [first, second], desk.line())
-        access.stroke_set_thickness(parts, brindle.DrawingVectorThicknessPath(KEYS))
-    panel = Sheet(titles[2], "Two strokes with one path of keys: each\nhas its part, and both are one line.")
+        parts = strokes_of(access, layer, [curves(*WAVE).truncate(0, 0.55), curves(*WAVE).truncate(0.55, 1)], desk.line())
+        access.stroke_set_thickness(parts, even)
+    panel = Sheet(".stroke_set_thickness(\n  [a, b], path)",
+                  "Two strokes with one path of keys: each\nhas its part, and both are one line.")
     panel.drawing(drawing)
-    for name, part in zip("ab", parts):
+    for name, part, shift in zip("ab", parts, (34, -34)):
         panel.path(part.bezier_path, "#ffffff", 1, dash="4 3")
-        thickness = part.thickness
-        panel.tag(part.bezier_path.evaluate(0.5), f"{name}: {thickness.start_position:.2f} to {thickness.stop_position:.2f}",
-                  0, 34 if name == "a" else -34)
+        start, stop = part.thickness.start_position, part.thickness.stop_position
+        panel.tag(part.bezier_path.evaluate(0.5), f"{name}: {start:.2f} to {stop:.2f}", 0, shift)
     panel.joints(layer)
     return picture(*panels, panel)
-
-
-def at_length(path: brindle.BezierPath, share: float) -> tuple[float, float]:
-    """The point at a share of a path's length, as keys are placed."""
-    steps = 2000
-    points = [path.evaluate(index / steps) for index in range(steps + 1)]
-    lengths = [math.hypot(b.x - a.x, b.y - a.y) for a, b in zip(points, points[1:])]
-    goal = share * sum(lengths)
-    for index, length in enumerate(lengths):
-        if goal <= length or index == steps - 1:
-            a, b = points[index], points[index + 1]
-            within = goal / length if length else 0.0
-            return a.x + (b.x - a.x) * within, a.y + (b.y - a.y) * within
-        goal -= length
-    raise AssertionError
 
 
 def tips(desk: Desk) -> str:
