@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 namespace brindle::render {
 
@@ -59,6 +60,7 @@ Art::Art(const GR_CompositeVectorDrawingObj& drawing, PalettePaints& palettes, Q
             addArt(*vectors, remarks);
     std::erase_if(m_layers, [](const Layer& layer) { return layer.groups.empty() && layer.lines.empty(); });
     m_palettes = nullptr;
+    m_isLight = findLight();
 }
 
 void Art::addArt(const GR_VectorDrawingObj& art, QStringList& remarks)
@@ -274,18 +276,40 @@ std::shared_ptr<const Art::Outlines> Art::outlinesAt(double scale) const
     return outlines;
 }
 
-Picture Art::draw(const QSize& size, const QTransform& place) const
+bool Art::findLight() const
+{
+    constexpr unsigned int mostPoints = 200;
+    constexpr std::size_t mostLines = 4;
+    unsigned int points = 0;
+    std::size_t lines = 0;
+    for (const Layer& layer : m_layers) {
+        lines += layer.lines.size();
+        for (const Group& group : layer.groups) {
+            for (const Area& area : group.areas) {
+                if (std::holds_alternative<TexturePaint>(*area.paint))
+                    return false;
+                for (const GR_BezierPath2d& bound : area.bounds)
+                    points += bound.GetNumPoints();
+            }
+        }
+    }
+    return points <= mostPoints && lines <= mostLines;
+}
+
+/// The pixels of a picture that the drawing may cover.
+QRect Art::reach(const QSize& size, const QTransform& place) const
 {
     const double scale = scaleOf(place);
     if (m_layers.empty() || m_box.isEmpty() || !(scale > 1e-12) || !std::isfinite(scale))
-        return Picture(size);
+        return {};
     const QRectF units(m_box.minX(), m_box.minY(), m_box.width(), m_box.height());
     const double margin = m_hasHair ? 2 : 1; // Half a pixel of a hair line, and the edge of what is smoothed.
-    const QRectF reach = place.mapRect(units).adjusted(-margin, -margin, margin, margin) & QRectF({}, QSizeF(size));
-    const QRect box = reach.toAlignedRect() & QRect({}, size);
-    if (box.isEmpty())
-        return Picture(size);
+    const QRectF covered = place.mapRect(units).adjusted(-margin, -margin, margin, margin) & QRectF({}, QSizeF(size));
+    return covered.toAlignedRect() & QRect({}, size);
+}
 
+void Art::drawOn(Rasteriser& rasteriser, double scale) const
+{
     const std::shared_ptr<const Outlines> outlines = outlinesAt(scale);
     const auto facesOf = [](const std::vector<Area>& areas) {
         std::vector<Face> faces;
@@ -294,12 +318,10 @@ Picture Art::draw(const QSize& size, const QTransform& place) const
             faces.push_back({area.bounds, area.paint.get()});
         return faces;
     };
-    const std::unique_ptr<Rasteriser> rasteriser = Rasteriser::make();
-    rasteriser->beginLayer(box.size(), place * QTransform::fromTranslate(-box.x(), -box.y()));
     for (std::size_t i = 0; i < m_layers.size(); ++i) {
         const Layer& layer = m_layers[i];
         for (const Group& group : layer.groups)
-            rasteriser->addFaces(facesOf(group.areas), group.how);
+            rasteriser.addFaces(facesOf(group.areas), group.how);
         std::vector<StrokePieces> hairs;
         hairs.reserve(layer.lines.size());
         std::vector<Stroke> strokes;
@@ -311,12 +333,39 @@ Picture Art::draw(const QSize& size, const QTransform& place) const
                 strokes.push_back({pieces, layer.lines[line].paint.get()});
         }
         if (!strokes.empty())
-            rasteriser->addStrokes(strokes);
+            rasteriser.addStrokes(strokes);
     }
+}
+
+Picture Art::draw(const QSize& size, const QTransform& place) const
+{
+    const QRect box = reach(size, place);
+    if (box.isEmpty())
+        return Picture(size);
+    const std::unique_ptr<Rasteriser> rasteriser = Rasteriser::make();
+    rasteriser->beginLayer(box.size(), place * QTransform::fromTranslate(-box.x(), -box.y()));
+    drawOn(*rasteriser, scaleOf(place));
     const Picture drawn = rasteriser->endLayer();
     if (drawn.isEmpty())
         return Picture(size);
     return Picture(size, box.topLeft() + drawn.box().topLeft(), drawn.pixels());
+}
+
+Picture Art::drawOver(Picture below, const QTransform& place) const
+{
+    const QSize size = below.size();
+    const QRect box = reach(size, place);
+    if (box.isEmpty())
+        return below;
+    // It grows to the whole picture at once: what comes next finds room there.
+    if (!below.box().contains(box))
+        below = below.grown(QRect({}, size));
+    const QPoint corner = below.box().topLeft();
+    const std::unique_ptr<Rasteriser> rasteriser = Rasteriser::make();
+    rasteriser->beginAbove(std::exchange(below.pixels(), QImage()),
+                           place * QTransform::fromTranslate(-corner.x(), -corner.y()));
+    drawOn(*rasteriser, scaleOf(place));
+    return Picture(size, corner, rasteriser->endLayer().pixels());
 }
 
 } // namespace brindle::render

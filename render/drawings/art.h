@@ -26,6 +26,10 @@ public:
 
     /// The drawing in a picture of a size. `place` leads from the drawing's units to pixels, y down.
     Picture draw(const QSize& size, const QTransform& place) const;
+    /// The same over a picture.
+    Picture drawOver(Picture below, const QTransform& place) const;
+    /// Whether it costs less to draw it than to lay a picture of it over another one.
+    bool isLight() const { return m_isLight; }
 
     /// Whether the palettes' entries for its colours look as they did when it was made.
     bool isUpToDate(PalettePaints& palettes) const;
@@ -76,10 +80,15 @@ private:
     static Look lookOf(const CM_ColorId_t& id, const CM_Palette::Entry& entry);
     std::shared_ptr<const Outlines> outlinesAt(double scale) const;
 
+    QRect reach(const QSize& size, const QTransform& place) const;
+    void drawOn(Rasteriser& rasteriser, double scale) const;
+    bool findLight() const;
+
     std::vector<Layer> m_layers;
     std::vector<Look> m_looks;
     Math::Box2d m_box; ///< Of all that is painted, in the drawing's units.
     bool m_hasHair = false;
+    bool m_isLight = false;
     PalettePaints* m_palettes; ///< While it is made.
 
     struct Kept {

@@ -41,10 +41,12 @@ CM_Palette::Entry PalettePaints::find(const CM_ColorId_t& id)
     if (const auto known = m_found.constFind(id.value()); known != m_found.constEnd())
         return *known;
     CM_Palette::Entry entry;
-    if (const CM_PaletteManager* palettes = CM_PaletteManager::GetInstance())
-        for (const std::shared_ptr<CM_PaletteList>& list : palettes->paletteLists())
-            if (!entry)
-                entry = list->GetColor(id);
+    if (!m_lists) {
+        const CM_PaletteManager* palettes = CM_PaletteManager::GetInstance();
+        m_lists = palettes ? palettes->paletteLists() : std::vector<std::shared_ptr<CM_PaletteList>>();
+    }
+    for (auto list = m_lists->begin(); list != m_lists->end() && !entry; ++list)
+        entry = (*list)->GetColor(id);
     if (!entry)
         m_missing.append(
             QStringLiteral("No palette has the colour %1; nothing is painted with it.").arg(id.AsString()));

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace brindle::render {
@@ -23,6 +24,7 @@ public:
     const QStringList& missing() const { return m_missing; }
 
 private:
+    std::optional<std::vector<std::shared_ptr<CM_PaletteList>>> m_lists; ///< Once an entry was looked for.
     QHash<quint64, CM_Palette::Entry> m_found;
     QStringList m_missing;
 };

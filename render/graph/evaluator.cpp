@@ -59,7 +59,7 @@ Picture Evaluator::picture(const Plan& plan, int threads)
         if (uses[i] == 0)
             continue;
         const Plan::Step& step = plan.steps[i];
-        isKnown[i] = step.isLasting && find(step.operation, pictures[i]);
+        isKnown[i] = step.isKept && find(step.operation, pictures[i]);
         if (isKnown[i])
             continue;
         for (const std::size_t input : step.inputs)
@@ -71,7 +71,7 @@ Picture Evaluator::picture(const Plan& plan, int threads)
     const auto compute = [&](std::size_t i, std::vector<Picture> inputs) {
         const Plan::Step& step = plan.steps[i];
         pictures[i] = step.operation->compute(plan.size, std::move(inputs));
-        if (step.isLasting)
+        if (step.isKept)
             remember(step.operation, pictures[i]);
     };
     shareOut(leaves.size(), threads, [&](std::size_t leaf) { compute(leaves[leaf], {}); });

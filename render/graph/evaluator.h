@@ -8,7 +8,7 @@
 
 namespace brindle::render {
 
-/// Carries out plans, and remembers the pictures of steps that are in one plan after the other. Any thread may ask it.
+/// Carries out plans, and remembers the pictures of steps that plans tell to keep. Any thread may ask it.
 class Evaluator {
 public:
     static constexpr qint64 kDefaultLimit = qint64(256) << 20;

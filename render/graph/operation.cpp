@@ -32,6 +32,18 @@ Picture shown(const QSize& size, const QImage& pixels, const QTransform& place)
 
 } // namespace
 
+Operation::~Operation()
+{
+    std::vector<OperationPtr> open = std::move(inputs);
+    while (!open.empty()) {
+        const OperationPtr last = std::move(open.back());
+        open.pop_back();
+        // It is about to go; held here, its inputs don't go along from within it.
+        if (last.use_count() == 1)
+            open.insert(open.end(), last->inputs.begin(), last->inputs.end());
+    }
+}
+
 bool Operation::operator==(const Operation& other) const
 {
     return kind == other.kind && inputs == other.inputs && art == other.art &&
@@ -60,7 +72,7 @@ Picture Operation::compute(const QSize& size, std::vector<Picture> pictures) con
     case Empty:
         return Picture(size);
     case Draw:
-        return art->draw(size, place);
+        return pictures.empty() ? art->draw(size, place) : art->drawOver(std::move(pictures[0]), place);
     case Show:
         return shown(size, pixels, place);
     case Card:
@@ -88,7 +100,7 @@ OperationPtr Operations::one(Operation operation)
     for (auto known = begin; known != end; ++known)
         if (OperationPtr same = known->second.lock(); same && *same == operation)
             return same;
-    auto made = std::make_shared<const Operation>(std::move(operation));
+    const OperationPtr made = std::make_shared<Operation>(std::move(operation));
     m_all.emplace(hash, made);
     return made;
 }

@@ -24,7 +24,7 @@ class Operation {
 public:
     enum Kind {
         Empty, ///< A picture without content.
-        Draw,  ///< A vector drawing at a place.
+        Draw,  ///< A vector drawing at a place; over the input, where there is one.
         Show,  ///< A picture of pixels at a place.
         Card,  ///< One colour all over.
         Blend, ///< The second input over the first.
@@ -44,6 +44,8 @@ public:
     double across = 0; ///< The radius of a blur in pixels.
     double down = 0;
     double opacity = 1;
+
+    ~Operation(); ///< Chains of steps may be longer than the call stack.
 
     bool operator==(const Operation& other) const;
     std::size_t hash() const;

@@ -47,6 +47,11 @@ bool flagAt(const MO_Node& node, const char* keyword, double frame, bool otherwi
     throw std::runtime_error(QStringLiteral("The node \"%1\" feeds itself.").arg(node.qualifiedName()).toStdString());
 }
 
+bool isLightDrawing(const Operation& operation)
+{
+    return operation.kind == Operation::Draw && operation.inputs.empty() && operation.art->isLight();
+}
+
 /// Where a picture lies: from OpenGL units, as a camera in the origin sees them, to pixels.
 class View {
 public:
@@ -290,7 +295,12 @@ private:
         for (const OperationPtr& input : inputs) {
             if (input->kind == Operation::Empty)
                 continue;
-            result = result ? one({.kind = Operation::Blend, .inputs = {result, input}, .mode = mode}) : input;
+            if (!result)
+                result = input;
+            else if (mode == BlendMode::Normal && isLightDrawing(*input))
+                result = one({.kind = Operation::Draw, .inputs = {result}, .art = input->art, .place = input->place});
+            else
+                result = one({.kind = Operation::Blend, .inputs = {result, input}, .mode = mode});
         }
         return result ? result : empty();
     }
@@ -427,7 +437,15 @@ void Planner::order(const OperationPtr& last, Plan& plan)
         std::vector<std::size_t> inputs;
         for (const OperationPtr& input : step->inputs)
             inputs.push_back(places.at(input.get()));
-        plan.steps.push_back({step, std::move(inputs), m_last.contains(step)});
+        plan.steps.push_back({step, std::move(inputs), false});
+    }
+    // What lasts is worth remembering where a step that changes needs it, and at the end.
+    plan.steps.back().isKept = m_last.contains(last);
+    for (const Plan::Step& step : plan.steps) {
+        if (m_last.contains(step.operation))
+            continue;
+        for (const std::size_t input : step.inputs)
+            plan.steps[input].isKept = m_last.contains(plan.steps[input].operation);
     }
 }
 

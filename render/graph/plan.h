@@ -20,7 +20,7 @@ struct Plan {
     struct Step {
         OperationPtr operation;
         std::vector<std::size_t> inputs; ///< By their places among the steps.
-        bool isLasting;                  ///< It was in the plan before as well, so its picture is worth remembering.
+        bool isKept;                     ///< It was in the plan before as well, and its picture is worth remembering.
     };
 
     QSize size;

@@ -300,6 +300,13 @@ public:
         m_drawn = QRect();
     }
 
+    void beginAbove(QImage pixels, const QTransform& place) override
+    {
+        m_pixels = std::move(pixels);
+        m_place = place;
+        m_drawn = m_pixels.rect();
+    }
+
     void addFaces(std::span<const Face> faces, Faces how) override
     {
         if (how == Faces::Over)

@@ -54,6 +54,8 @@ public:
     /// Begins an empty layer of a picture of a size. `place` leads from the coordinates of faces and strokes to the
     /// picture's. Throws std::bad_alloc where memory doesn't suffice.
     virtual void beginLayer(const QSize& picture, const QTransform& place) = 0;
+    /// Goes on above pixels, in the form that pictures have them; they are the whole of the layer.
+    virtual void beginAbove(QImage pixels, const QTransform& place) = 0;
     virtual void addFaces(std::span<const Face> faces, Faces how) = 0;
     virtual void addStrokes(std::span<const Stroke> strokes) = 0;
     virtual Picture endLayer() = 0;
