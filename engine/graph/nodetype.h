@@ -28,6 +28,7 @@ struct NodeType {
     QStringView name;        ///< "PEG", "READ", ...
     QStringView defaultName; ///< The name of a node that is given none.
     QStringView purpose;     ///< The purpose, in one sentence.
+    QStringView effect = {}; ///< What it does to a picture; empty for a type that no picture shows.
     NodeClass nodeClass = NodeClass::Module;
     MO_PortMode portMode = MO_FixedPorts;
     bool makesInPorts = false;   ///< Has a command of its own for a new in-port (MO_AutoInPortsModule).

@@ -47,6 +47,9 @@ private:
         return high.isEmpty() ? "from " + low : low + " to " + high;
     }
 
+    /// A sentence that goes on behind a colon.
+    static QString lowered(QStringView sentence) { return sentence[0].toLower() + sentence.mid(1).toString(); }
+
     /// The kinds of a node's ports in their order.
     static QString ports(unsigned int count, const std::function<const MO_Port*(unsigned int)>& port, bool grows)
     {
@@ -108,6 +111,11 @@ private:
             << ports(
                    node->nOutPorts(), [node](unsigned int index) { return node->outPort(index); }, type.takesOutPorts())
             << ".\n";
+        if (!type.effect.isEmpty()) {
+            const QString picture = name.toLower().replace('_', '-');
+            out << "\nIn a picture: " << lowered(type.effect) << "\n\n![What a " << name
+                << " node shows](../tests/render/golden/" << picture << ".png)\n";
+        }
         if (node->attrsBegin() == node->attrsEnd())
             return;
         out << "\n| attribute | shown as | kind | unit | range | default | choices | animated |\n"
