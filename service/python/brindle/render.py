@@ -29,7 +29,7 @@ class RenderWarning(UserWarning):
     """Something that can't be shown, as a texture that is gone; the picture is without it."""
 
 
-def cel(node: brindle.Node, frame: float, size: tuple[int, int] | None = None, *,
+def cel(node: brindle.Node | None, frame: float, size: tuple[int, int] | None = None, *,
         threads: int | None = None) -> brindle.Cel:
     """The picture of a node at a frame, as a `Cel`.
 
