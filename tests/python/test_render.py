@@ -218,6 +218,17 @@ def test_a_composite_lays_pictures_in_the_order_of_its_ports(stage, square):
     assert at(pixels(under), 20, 20) == BLUE
 
 
+def test_pictures_in_one_composite_and_in_two_are_alike(stage):
+    """However drawings come together: each over the one before, or one composite over another."""
+    first, second, third = (stage.shape(f"Shape {place}", rectangle(10 * place - 30.4, -20.3, 10 * place + 15, 5 * place),
+                                        80 * place, 200, 40, 100) for place in range(3))
+    one = stage.node("COMPOSITE", "One", first, second, third)
+    upper = stage.node("COMPOSITE", "Upper", second, third)
+    two = stage.node("COMPOSITE", "Two", first, upper)
+    assert (numpy.abs(pixels(one).astype(int) - pixels(two)) <= 1).all()
+    assert box(pixels(one)) == box(pixels(two))
+
+
 MIXES = {
     "NORMAL": (200, 50, 100), "MULTIPLY": (78, 39, 59), "SCREEN": (222, 211, 191), "OVERLAY": (156, 167, 127),
     "DARKEN": (100, 50, 100), "LIGHTEN": (200, 200, 150), "ADD": (255, 250, 250), "DIFFERENCE": (100, 150, 50),
@@ -341,6 +352,24 @@ def test_pictures_are_the_same_bytes_on_any_number_of_threads(stage, square):
     one = series(threads=1)
     assert series(threads=2) == one and series(threads=7) == one
     assert {frame: pixels(both, frame).tobytes() for frame in range(11, 0, -1)} == one
+
+
+def test_a_long_series_takes_no_more_memory(stage, square):
+    peg = stage.nodes.create("PEG", "Peg")
+    square.ports_in[0].link(peg)
+    for frame, value in ((1, 0.0), (60, 360.0)):
+        peg.attributes["angle"].set_value(frame, value)
+    blur = stage.node("BLUR", "Blur", square)
+    blur.attributes["radius"].set_localvalue(20)
+    both = stage.node("COMPOSITE", "Both", stage.card("Card", *BLUE), blur)
+
+    def resident(frames):
+        render.frames(stage.scene, lambda frame, cel: None, frames, node=both, size=(640, 480), threads=2)
+        with open("/proc/self/statm") as file:
+            return int(file.read().split()[1]) * os.sysconf("SC_PAGESIZE") / 2**20
+
+    first = resident(range(1, 29))
+    assert resident(range(29, 61)) - first < 10, "MiB"
 
 
 # --- Series of frames ---------------------------------------------------------------------------------------------------
