@@ -1,5 +1,6 @@
 #include "core/drawings/drawing.h"
 
+#include "core/drawings/drawingaccess.h"
 #include "core/drawings/drawingartlayer.h"
 #include "core/drawings/drawingbitmaplayer.h"
 #include "core/drawings/drawingtextlayer.h"
@@ -67,13 +68,23 @@ TEST_F(DrawingWrapper, ADrawingOfNoElementHasNoPivotToSet)
     EXPECT_TRUE(labels().isEmpty());
 }
 
-TEST_F(DrawingWrapper, ItsThreadsAreCheckedBelowTheWhole)
+TEST_F(DrawingWrapper, MayBeReadOnAnyThreadAsAWholeOnly)
 {
     DrawingVectorArtLayer lines = wrapper();
     lines.add(QStringLiteral("PEN_LAYER"));
     const QVariant layer = lines.get(0);
-    EXPECT_EQ(failureOf([&] { whole.size(); }), passes);
-    EXPECT_EQ(failureOf([&] { in<DrawingLayer>(layer)->getType(); }), passes);
+    const std::vector<std::string> failures = failuresOnOtherThread(
+        {[&] { whole.size(); }, [&] { whole.getBoundingBox(); }, [&] { lines.size(); }, [&] { lines.clear(); },
+         [&] { in<DrawingLayer>(layer)->getType(); }, [&] { DrawingAccess().vectorEndOperations(true); },
+         [&] { DrawingAccess().vectorLayerCreate(QStringLiteral("PEN_LAYER")); },
+         [&] { DrawingAccess().vectorBeginOperations(toVariant(lines.copy())); }});
+    EXPECT_EQ(failures[0], passes);
+    EXPECT_EQ(failures[1], passes);
+    const std::string refused = failures[2];
+    EXPECT_NE(refused, passes);
+    for (std::size_t call = 3; call < failures.size(); ++call)
+        EXPECT_EQ(failures[call], refused) << call;
+    EXPECT_EQ(lines.size(), 1u);
 }
 
 TEST_F(DrawingWrapper, AnArtLayerIsInvalidWhereItsPlaceHoldsAnother)
