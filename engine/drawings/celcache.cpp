@@ -66,8 +66,11 @@ CA_CelPtr pictureIn(const QString& path, const CEL_Context& context)
     std::vector<CEL_RepresentationPtr> representations;
     QString reason;
     QByteArray profile;
-    if (!CELIO_Manager::getInstance()->read(path, modified, context, representations, &reason, &profile))
+    if (!CELIO_Manager::getInstance()->read(path, modified, context, representations, &reason, &profile)) {
+        if (reason.endsWith(u'.'))
+            reason.chop(1); // A reason stands within a sentence.
         throw FolderFailure{reason};
+    }
     CA_CelPtr cel(new CEL_Cel);
     for (const CEL_RepresentationPtr& representation : representations) {
         if (&representation == &representations.front())

@@ -54,6 +54,24 @@ def test_a_picture_has_no_vector_drawing(app):
     assert one.drawing is None and one.initialize() is None
 
 
+def test_a_damaged_file_is_told_in_one_sentence(app, folder, drawing):
+    picture = app.elements.create("Picture", vector_type="").drawings.create("1")
+    source = folder.with_name("source.png")
+    source.write_bytes(support.png())
+    picture.import_file(source)
+    with_square(drawing["line"])
+    app.save()
+    files = [folder / "elements/Picture/1.png", folder / "elements/Arm/1.pnt"]
+    app.close()
+    for file in files:
+        file.write_bytes(file.read_bytes()[:40])
+    with brindle.open(folder) as again:
+        for element in ("Picture", "Arm"):
+            message = support.message_of(lambda: again.elements[element].drawings["1"].drawing)
+            assert message.startswith('Cannot read drawing "1": ') and message.endswith(".")
+            assert not message.endswith("..")
+
+
 def test_what_is_drawn_is_there_when_the_project_is_opened_again(app, folder, drawing):
     with_square(drawing["line"])
     drawing.pivot = (1, 2)
