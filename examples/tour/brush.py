@@ -28,7 +28,8 @@ class Brush:
         The matrix leads from a gradient's own coordinates to those of the drawing.
         """
         path = smooth([*points, points[0]])
-        colour = brindle.DrawingVectorColour.from_qvariant(self._ids[fill])
+        colour = brindle.DrawingVectorColour()
+        colour.colour_id = self._ids[fill]
         if matrix is not None:
             colour.colour_matrix = matrix
         side = "LEFT" if area(points) > 0 else "RIGHT"

@@ -40,8 +40,9 @@ def draw_all(columns: dict[str, brindle.ElementColumn], palette: brindle.Palette
     count = 0
     for name, column in columns.items():
         for drawing in column.drawings or ():
-            art = drawing.initialize()["line"]
-            with brindle.DrawingAccess.editing(art) as access:
+            content = drawing.initialize()
+            assert content  # The elements are of vector drawings.
+            with brindle.DrawingAccess.editing(content["line"]) as access:
                 DRAWINGS[name, drawing.name](Brush(access, palette))
             count += 1
     return count

@@ -13,8 +13,8 @@ import brindle
 
 import character
 import graph_svg
-import pictures
 import sheets
+import walkpictures
 
 HERE = pathlib.Path(__file__).resolve().parent
 DEFAULT_FOLDER = HERE.parent.parent / "build" / "tour"
@@ -166,7 +166,7 @@ def main(folder: pathlib.Path) -> None:
     app = brindle.open(folder / "walk-cycle")
     check(state_of(app.scene) == before, "what was saved is what was there")
     say("saved, closed, opened again: the same scene")
-    for made in pictures.draw_walk(app.scene, folder):
+    for made in walkpictures.draw_walk(app.scene, folder):
         say(f"drew {made}")
     app.close()
     print(f"Done in {time.perf_counter() - begin:.2f} s. The node graph: {picture}")

@@ -15,7 +15,7 @@ SHEET = 4, 3  # frames across and down
 def draw_walk(scene: brindle.Scene, folder: pathlib.Path) -> Iterator[pathlib.Path]:
     """Makes walk.png, frames of the walk side by side, and walk.gif; gives each once it is there."""
     frames: list[bytes] = []
-    render.frames(scene, lambda frame, cel: frames.append(memoryview(cel).tobytes()), size=SIZE)
+    render.frames(scene, lambda frame, cel: frames.append(pixels_of(cel)), size=SIZE)
     ffmpeg = shutil.which("ffmpeg")
     if not ffmpeg:
         print("  no pictures: the program ffmpeg, which puts frames together, isn't installed")
@@ -27,6 +27,11 @@ def draw_walk(scene: brindle.Scene, folder: pathlib.Path) -> Iterator[pathlib.Pa
     run(ffmpeg, frames, ["-filter_complex", "split[a][b];[a]palettegen[p];[b][p]paletteuse", "-loop", "0", walk],
         scene.framerate)
     yield walk
+
+
+def pixels_of(cel: brindle.Cel) -> bytes:
+    """Red, green, blue and alpha of each pixel, row by row."""
+    return memoryview(cel).tobytes()  # type: ignore[arg-type]  # Python 3.11 has no type for what has a buffer.
 
 
 def run(ffmpeg: str, frames: list[bytes], what: list[object], rate: float) -> None:
