@@ -6969,3 +6969,13 @@ def open(path: str | PathLike[str], read_only: bool = False, discard: bool = Fal
 def application() -> Application | None:
     """The application whose project is open, or None."""
     ...
+
+
+def import_svg(path: str | PathLike[str], art_layer: DrawingVectorArtLayer, palette: Palette) -> list[str]:
+    """Draws an SVG picture into an art layer, above what is there, as one undo entry; its colours and gradients go to the end of the palette. The middle of the picture comes to the origin, and its height is that of the field chart. Groups become layers, and so does a shape that overlaps one before it in its group. Gives a line for each kind of thing in the picture that a drawing can't have."""
+    ...
+
+
+def export_svg(path: str | PathLike[str], drawing: Drawing) -> list[str]:
+    """Writes a drawing as an SVG file: a group for each art layer and for each layer in it. Lines of varying thickness become areas, texts the outlines of their letters. The file is replaced whole or not at all. Gives a line for each kind of thing in the drawing that SVG can't have."""
+    ...
