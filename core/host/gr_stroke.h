@@ -23,7 +23,7 @@ enum class GR_StrokeSide : int { Right = 0, Left = 1 };
 
 /// The form that a line has beyond its last point. Other numbers may be read from files of other engines; a line with
 /// such a tip ends flat.
-enum GR_TipType { kRoundTip = 0, kFlatTip = 1, kBevelTip = 2 };
+enum GR_TipType : int { kRoundTip = 0, kFlatTip = 1, kBevelTip = 2 };
 
 /// The ends of a stroke.
 enum class GR_StrokeEnd : int { From = 0, To = 1 };
