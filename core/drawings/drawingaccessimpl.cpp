@@ -201,12 +201,6 @@ void DrawingAccessImpl::setRespectSticky(bool respect)
         m_session->access.SetRespectSticky(respect);
 }
 
-bool DrawingAccessImpl::isUnsaved() const
-{
-    const GR_CompositeVectorDrawingObj* composite = active() ? m_session->drawing->GetComposite() : nullptr;
-    return composite && composite->IsDrawingModified();
-}
-
 quint64 DrawingAccessImpl::sessionNumber() const
 {
     return m_sessionNumber;

@@ -37,9 +37,6 @@ public:
     /// Whether sides of strokes with the eraser colour keep it when the colour of a contour is set.
     bool getRespectSticky() const;
     void setRespectSticky(bool respect);
-    /// Whether the open session has changed its drawing since the project was saved. The undo list doesn't know of it
-    /// yet.
-    bool isUnsaved() const;
     quint64 sessionNumber() const; ///< Tells sessions apart: no later one has the number of this one.
 
     /// Opens a session, or joins the one that is open on the drawing: `created` tells which. Throws "A different

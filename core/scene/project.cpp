@@ -1,6 +1,5 @@
 #include "core/scene/project.h"
 
-#include "core/drawings/drawingaccessimpl.h"
 #include "core/frame/found.h"
 #include "core/frame/global.h"
 #include "core/host/co_command.h"
@@ -31,7 +30,7 @@ std::string Project::__str__() const
 bool Project::getDirty() const
 {
     validate();
-    return sessionCommands().isDirty() || DrawingAccessImpl::get().isUnsaved();
+    return sessionCommands().isDirty();
 }
 
 bool Project::getDirtyPreviously() const

@@ -136,13 +136,6 @@ bool Drawing::isUnderEdit() const
     return std::any_of(m_live.begin(), m_live.end(), [](const Live& live) { return live.drawing->isUnderEdit(); });
 }
 
-bool Drawing::hasUnsavedEdit() const
-{
-    return std::any_of(m_live.begin(), m_live.end(), [](const Live& live) {
-        return live.drawing->isUnderEdit() && live.drawing->IsDrawingModified();
-    });
-}
-
 bool Drawing::isUnderEdit(EM_LayerId layer, int version) const
 {
     const LiveDrawing* shown = live(layer, version);

@@ -60,7 +60,6 @@ public:
     void setGone(bool isGone); ///< It left its element or came back, or its element did.
     bool isUnderEdit() const;  ///< Whether a session is open on one of its live drawings.
     bool isUnderEdit(EM_LayerId layer, int version) const;
-    bool hasUnsavedEdit() const; ///< Whether an open session has changed one of them since the last save.
 
     int version = 1;
     EM_MarkType type = kMarkNone;

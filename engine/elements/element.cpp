@@ -43,15 +43,6 @@ bool Element::isUnderEdit() const
     return false;
 }
 
-bool Element::hasUnsavedEdit() const
-{
-    for (std::size_t place = 0; place < m_drawings.size(); ++place) {
-        if (m_drawings.at(place).hasUnsavedEdit())
-            return true;
-    }
-    return false;
-}
-
 void Element::addLayer(const EM_LayerInfo& layer)
 {
     const auto place = std::upper_bound(m_layers.begin(), m_layers.end(), layer.id,

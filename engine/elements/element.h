@@ -36,9 +36,8 @@ public:
     void setPhysicalName(const QString& name) { m_physicalName = name; }
     DrawingList& drawings() { return m_drawings; }
     const DrawingList& drawings() const { return m_drawings; }
-    bool hasFiles() const;       ///< Whether one of its drawings has a file.
-    bool isUnderEdit() const;    ///< Whether a session is open on one of its drawings.
-    bool hasUnsavedEdit() const; ///< Whether an open session has changed one of them since the last save.
+    bool hasFiles() const;    ///< Whether one of its drawings has a file.
+    bool isUnderEdit() const; ///< Whether a session is open on one of its drawings.
 
     const std::vector<EM_LayerInfo>& layers() const { return m_layers; } ///< Those with names, by their ids.
     void addLayer(const EM_LayerInfo& layer);                            ///< One whose id no other has.

@@ -125,12 +125,6 @@ std::vector<std::unique_ptr<CO_Command>> ElementManager::renameCommands(const El
     return commands;
 }
 
-bool ElementManager::hasUnsavedEdit() const
-{
-    return std::any_of(m_elements.begin(), m_elements.end(),
-                       [](const auto& entry) { return entry.second->hasUnsavedEdit(); });
-}
-
 void ElementManager::tellChanged() const
 {
     for (int place = 0; Scene* scene = m_project.scenes().at(place); ++place)

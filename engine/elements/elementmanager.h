@@ -58,8 +58,7 @@ public:
     /// The commands by which the columns follow a drawing that gets another name.
     std::vector<std::unique_ptr<CO_Command>> renameCommands(const Element& element, const QString& from,
                                                             const QString& to) const;
-    bool hasUnsavedEdit() const; ///< Whether an open session has changed a drawing since the last save.
-    void tellChanged() const;    ///< Tells the scenes that pictures may have changed.
+    void tellChanged() const; ///< Tells the scenes that pictures may have changed.
 
     Iterator elementBegin() const override { return m_order.data(); }
     Iterator elementEnd() const override { return m_order.data() + m_order.size(); }

@@ -38,8 +38,6 @@ public:
     void setReadOnly(bool readOnly);
     SC_ProjectCommon* projectCommon() const override { return const_cast<ProjectCommon*>(&m_common); }
     CommandManager& history() { return m_common.history(); }
-    /// Whether it differs from what was last saved, also by what an open edit session of a drawing has done.
-    bool hasUnsavedChanges() const { return m_common.history().isDirty() || m_common.elements().hasUnsavedEdit(); }
     SC_SceneBase* sceneAt(int index) const override;
     int sceneCount() const override { return m_common.scenes().sceneCount(); }
     QString lastChange() const override { return m_common.history().lastChange(); }

@@ -95,7 +95,7 @@ bool ProjectManager::saveProjectAs(const QString& path, QString& error)
 ProjectFolder ProjectManager::folderAt(const QString& path, const QString& howToDiscard) const
 {
     ProjectFolder folder(path);
-    if (!howToDiscard.isEmpty() && m_project && m_project->hasUnsavedChanges())
+    if (!howToDiscard.isEmpty() && m_project && m_project->history().isDirty())
         folder.refuse(quoted(m_project->path()) +
                       " has unsaved changes; save or close it first, or discard them with " + howToDiscard);
     return folder;
