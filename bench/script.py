@@ -27,6 +27,7 @@ import exposures
 import javascript
 import operations
 import palettes
+import pictures
 from floors import objects
 from measure import Samples, silence
 
@@ -224,6 +225,7 @@ def main():
         columns.measure(samples, root)
         drawings.measure(samples, root)
         elements.measure(samples, root)
+        pictures.measure(samples, root)
         exposures.measure(samples, root)
         with brindle.create(f"{root}/10") as app:
             create_nodes(app.scene, 10)
