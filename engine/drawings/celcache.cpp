@@ -6,10 +6,15 @@
 #include "engine/elements/elementmanager.h"
 #include "engine/folder/folderio.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
+#include <QMutex>
 #include <QTemporaryFile>
 
+#include <algorithm>
 #include <stdexcept>
+#include <vector>
 
 namespace brindle::engine {
 
@@ -82,6 +87,53 @@ CA_CelPtr pictureIn(const QString& path, const CEL_Context& context)
     return cel;
 }
 
+/// Pictures in files that were read last, of at most so many bytes of pixels. A file that was written since is read
+/// anew.
+class KnownPictures {
+public:
+    /// The picture in a file. Throws `FolderFailure`, for one that is gone too.
+    CA_CelPtr in(const QString& path, const CEL_Context& context)
+    {
+        const QFileInfo file(path);
+        const Place place{path, file.lastModified(), file.size()};
+        const QMutexLocker lock(&m_mutex);
+        const auto known = std::find_if(m_pictures.begin(), m_pictures.end(),
+                                        [&place](const Known& picture) { return picture.place == place; });
+        if (known != m_pictures.end() && file.exists()) {
+            std::rotate(m_pictures.begin(), known, known + 1);
+            return m_pictures.front().cel;
+        }
+        CA_CelPtr cel = pictureIn(path, context);
+        const CEL_PixmapPtr pixmap = cel.cel()->findBestPixmapRepresentation();
+        const qsizetype bytes = pixmap ? pixmap->image().sizeInBytes() : 0;
+        m_pictures.insert(m_pictures.begin(), {place, cel, bytes});
+        qsizetype sum = 0;
+        const auto over = std::find_if(m_pictures.begin(), m_pictures.end(),
+                                       [&sum](const Known& picture) { return (sum += picture.bytes) > mostBytes; });
+        m_pictures.erase(over, m_pictures.end());
+        return cel;
+    }
+
+private:
+    static constexpr qsizetype mostBytes = qsizetype(64) << 20;
+
+    struct Place {
+        QString path;
+        QDateTime modified;
+        qint64 size;
+
+        bool operator==(const Place&) const = default;
+    };
+    struct Known {
+        Place place;
+        CA_CelPtr cel;
+        qsizetype bytes;
+    };
+
+    QMutex m_mutex;
+    std::vector<Known> m_pictures; ///< The one that was asked for last first.
+};
+
 /// The picture of a drawing of an element without vector drawings; one that is in memory is read from a file that goes
 /// again. Throws `FolderFailure`.
 CA_CelPtr picture(const NamedDrawing& named, EM_LayerId layer, const CEL_Context& context)
@@ -89,8 +141,10 @@ CA_CelPtr picture(const NamedDrawing& named, EM_LayerId layer, const CEL_Context
     const ContentPointer content = named.drawing->content(layer);
     if (!content)
         return CA_CelPtr(new CEL_Cel);
-    if (content->isOnDisk() && named.elements->contents().folder())
-        return pictureIn(named.elements->contents().folder()->pathOf(content->place()), context);
+    if (content->isOnDisk() && named.elements->contents().folder()) {
+        static KnownPictures known;
+        return known.in(named.elements->contents().folder()->pathOf(content->place()), context);
+    }
     QTemporaryFile file(QDir::tempPath() + QLatin1String("/brindle-XXXXXX.") + named.element->extension());
     const QByteArray bytes = content->bytes();
     if (!file.open() || file.write(bytes) != bytes.size() || !file.flush())
