@@ -278,8 +278,8 @@ std::shared_ptr<const Art::Outlines> Art::outlinesAt(double scale) const
 
 bool Art::findLight() const
 {
-    constexpr unsigned int mostPoints = 200;
-    constexpr std::size_t mostLines = 4;
+    constexpr unsigned int mostPoints = 1000;
+    constexpr std::size_t mostLines = 24;
     unsigned int points = 0;
     std::size_t lines = 0;
     for (const Layer& layer : m_layers) {
