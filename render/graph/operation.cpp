@@ -46,7 +46,7 @@ Operation::~Operation()
 
 bool Operation::operator==(const Operation& other) const
 {
-    return kind == other.kind && inputs == other.inputs && art == other.art &&
+    return kind == other.kind && inputs == other.inputs && size == other.size && art == other.art &&
            pixels.cacheKey() == other.pixels.cacheKey() && place == other.place && colour == other.colour &&
            mode == other.mode && isInverted == other.isInverted && across == other.across && down == other.down &&
            opacity == other.opacity;
@@ -58,6 +58,8 @@ std::size_t Operation::hash() const
     const auto add = [&hash](auto value) { hash = hash * 1000003 + std::hash<decltype(value)>()(value); };
     for (const OperationPtr& input : inputs)
         add(input.get());
+    add(size.width());
+    add(size.height());
     add(art.get());
     add(static_cast<quint64>(colour));
     for (const double number :

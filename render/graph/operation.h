@@ -35,6 +35,7 @@ public:
 
     Kind kind = Empty;
     std::vector<OperationPtr> inputs{};
+    QSize size{}; ///< Of the picture.
     std::shared_ptr<const Art> art{};
     QImage pixels{};
     QTransform place{}; ///< From the units of the drawing, or the pixels of the picture, to the pixels of the result.

@@ -104,6 +104,8 @@ public:
         return result.isInvertible();
     }
 
+    const QSize& size() const { return m_size; }
+
     /// Pixels of this picture in one of the project's resolution.
     double pixelScale() const
     {
@@ -234,8 +236,12 @@ private:
         OperationPtr result;
     };
 
-    OperationPtr empty() { return m_planner.m_operations.one({}); }
-    OperationPtr one(Operation operation) { return m_planner.m_operations.one(std::move(operation)); }
+    OperationPtr empty() { return one({}); }
+    OperationPtr one(Operation operation)
+    {
+        operation.size = m_view.size();
+        return m_planner.m_operations.one(std::move(operation));
+    }
 
     /// The nodes whose pictures a node needs, by its ports; null where nothing is linked.
     std::vector<MO_Node*> sourcesOf(MO_Node& node) const
