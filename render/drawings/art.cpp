@@ -69,7 +69,7 @@ void Art::addArt(const GR_VectorDrawingObj& art, QStringList& remarks)
     while ((node = node->GetNextLeaf())) {
         m_layers.emplace_back();
         if (const auto* layer = dynamic_cast<const GR_LayerNode*>(node))
-            addStrokes(*layer->GetLayer());
+            addStrokes(*layer->GetLayer(), remarks);
         else if (const auto* text = dynamic_cast<const GR_TextNode*>(node))
             addText(*text->GetLayer(), remarks);
         else if (const auto* bitmap = dynamic_cast<const GR_BitmapNode*>(node))
@@ -118,7 +118,7 @@ std::vector<std::vector<Art::Found>> Art::neighbours(std::vector<Found> areas)
     return groups;
 }
 
-void Art::addStrokes(const GR_Layer& layer)
+void Art::addStrokes(const GR_Layer& layer, QStringList& remarks)
 {
     Layer& to = m_layers.back();
     std::vector<Found> parted;
@@ -159,7 +159,11 @@ void Art::addStrokes(const GR_Layer& layer)
         const GR_StrokeData& stroke = (*next)->GetStrokeData();
         if (!stroke.GetLineStyle().IsVisible())
             continue;
-        if (const PaintPointer paint = linePaintOf(look(stroke.GetLineStyle().GetColorID()))) {
+        const CM_Palette::Entry entry = look(stroke.GetLineStyle().GetColorID());
+        if (const auto texture = CM_CastToTexture(entry))
+            remarks.append(QStringLiteral("Lines can't be painted with a texture; those with \"%1\" are left out.")
+                               .arg(texture->GetColorName()));
+        else if (const PaintPointer paint = linePaintOf(entry)) {
             to.lines.push_back({stroke, paint});
             m_hasHair |= isHair(stroke);
         }

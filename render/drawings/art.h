@@ -71,7 +71,7 @@ private:
 
     static std::vector<std::vector<Found>> neighbours(std::vector<Found> areas);
     void addArt(const GR_VectorDrawingObj& art, QStringList& remarks);
-    void addStrokes(const GR_Layer& layer);
+    void addStrokes(const GR_Layer& layer, QStringList& remarks);
     void addFilled(std::vector<GR_BezierPath2d> bounds, PaintPointer paint);
     void addText(const GR_TextLayer& text, QStringList& remarks);
     void addBitmap(const GR_BitmapLayer& bitmap);

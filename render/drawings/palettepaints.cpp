@@ -50,6 +50,9 @@ CM_Palette::Entry PalettePaints::find(const CM_ColorId_t& id)
     if (!entry)
         m_missing.append(
             QStringLiteral("No palette has the colour %1; nothing is painted with it.").arg(id.AsString()));
+    else if (const auto texture = CM_CastToTexture(entry); texture && !texture->GetBitmap())
+        m_missing.append(QStringLiteral("The picture of the texture \"%1\" is gone; nothing is painted with it.")
+                             .arg(texture->GetColorName()));
     m_found.insert(id.value(), entry);
     return entry;
 }

@@ -17,10 +17,11 @@ namespace brindle::render {
 /// it has found once stays.
 class PalettePaints {
 public:
-    /// The entry of an identity in the first palette that has it; null for one that no palette has, which is told.
+    /// The entry of an identity in the first palette that has it; null for one that no palette has. That is told, and
+    /// so is a texture without a picture.
     CM_Palette::Entry find(const CM_ColorId_t& id);
 
-    /// A line for each identity that no palette has.
+    /// A line for each entry that is missing, or has no picture.
     const QStringList& missing() const { return m_missing; }
 
 private:
