@@ -56,7 +56,7 @@ def frames(scene: brindle.Scene, callback: Callable[[int, brindle.Cel], object],
         node = scene.display
     if frames is None:
         frames = range(scene.frame_start, scene.frame_stop + 1)
-    threads = threads or os.cpu_count() or 1
+    threads = max(threads or os.cpu_count() or 1, 1)
     waiting: collections.deque[tuple[int, concurrent.futures.Future[brindle.Cel]]] = collections.deque()
     done = 0
     with concurrent.futures.ThreadPoolExecutor(threads, "brindle-render") as pool:
