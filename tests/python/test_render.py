@@ -124,12 +124,28 @@ def test_a_colour_that_no_palette_has_paints_nothing_and_is_told_once(stage):
         "No palette has the colour 00000000000000aa; nothing is painted with it."]
 
 
-def test_a_texture_paints_and_one_that_is_gone_is_told(stage, tmp_path):
+def test_a_texture_paints_and_one_that_is_gone_is_told(folder, stage, tmp_path):
     (tmp_path / "blue.png").write_bytes(palettes.png(2, 2, BLUE))
     node, drawing = stage.read("Wood")
     wood = stage.palette.create_texture("Wood", str(tmp_path / "blue.png"), -1, True)
     stage.fill(drawing, rectangle(0, 0, 10, 10), wood.id)
     assert at(pixels(node), 5, 5) == BLUE
+    stage.app.save()
+    stage.app.close()
+    (file,) = folder.glob("palette-library/*_textures/*.png")
+    file.unlink()
+    with brindle.open(folder) as app, pytest.warns(render.RenderWarning) as told:
+        assert not pixels(app.scene.nodes["Top/Wood"]).any()
+    assert [str(each.message) for each in told] == [
+        'The picture of the texture "Wood" is gone; nothing is painted with it.']
+
+
+def test_a_line_with_a_texture_is_told(stage):
+    node, drawing = stage.read("Pencil")
+    wood = stage.palette.create_texture("Wood", str(support.ROOT / "tests" / "data" / "texture.png"), -1, True)
+    stage.line(drawing, path((0, 0), (40, 0)), wood.id, 8)
+    with pytest.warns(render.RenderWarning, match='Lines can\'t be painted with a texture; those with "Wood" are left out.'):
+        assert not pixels(node).any()
 
 
 def test_pictures_of_pixels_are_as_high_as_the_field_chart(stage, tmp_path):
@@ -351,6 +367,13 @@ def test_a_picture_follows_each_change_and_its_undo(stage):
     assert (pixels(node) != first).any()
 
 
+def test_a_picture_of_another_size_is_another_picture(stage):
+    card = stage.card("Card", *RED)
+    for size in ((8, 4), (8, 4), (8, 4), (20, 10), (8, 4)):
+        assert pixels(card, size=size).shape == (size[1], size[0], 4)
+        assert (pixels(card, size=size) == RED).all()
+
+
 def test_pictures_are_the_same_bytes_on_any_number_of_threads(stage, square):
     blur = stage.node("BLUR", "Blur", square)
     blur.attributes["radius"].set_localvalue(30)
@@ -410,6 +433,13 @@ def test_a_callback_that_gives_false_or_raises_stops_the_rest(stage):
 
     with pytest.raises(KeyError):
         render.frames(stage.scene, broken, node=card, size=(8, 4))
+
+
+@pytest.mark.parametrize("threads", [-3, 0, None, 1000000])
+def test_any_number_of_threads_will_do(stage, threads):
+    card = stage.card("Card", *RED)
+    assert render.frames(stage.scene, lambda frame, cel: None, [2, 1], node=card, size=(8, 4), threads=threads) == 2
+    assert at(pixels(card, threads=threads), 0, 0) == RED
 
 
 def test_other_threads_run_while_a_picture_is_drawn(stage, square):
