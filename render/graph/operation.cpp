@@ -5,6 +5,7 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <functional>
 
 namespace brindle::render {
@@ -28,6 +29,17 @@ Picture shown(const QSize& size, const QImage& pixels, const QTransform& place)
     rasteriser->addFaces({&face, 1}, Rasteriser::Faces::Over);
     const Picture drawn = rasteriser->endLayer();
     return drawn.isEmpty() ? Picture(size) : Picture(size, box.topLeft() + drawn.box().topLeft(), drawn.pixels());
+}
+
+/// A softened picture. One blur after the other would let it grow without end, so what lies further outside than half
+/// of the picture's size is dropped, and a radius of more than that counts as that.
+Picture blurred(Picture picture, double across, double down)
+{
+    const QSize half = picture.size() / 2;
+    const double most = std::max({half.width(), half.height(), 1});
+    blur(picture, std::min(across, most), std::min(down, most));
+    return picture.cropped(
+        QRect({}, picture.size()).adjusted(-half.width(), -half.height(), half.width(), half.height()));
 }
 
 } // namespace
@@ -86,7 +98,7 @@ Picture Operation::compute(const QSize& size, std::vector<Picture> pictures) con
         cut(pictures[0], pictures[1], isInverted);
         break;
     case Blur:
-        blur(pictures[0], across, down);
+        pictures[0] = blurred(std::move(pictures[0]), across, down);
         break;
     case Fade:
         fade(pictures[0], opacity);
