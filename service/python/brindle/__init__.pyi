@@ -10,6 +10,8 @@ from typing import Any, ClassVar, Generic, Literal, NoReturn, TypeAlias, TypeVar
 
 from typing_extensions import Self
 
+from . import render as render
+
 __version__: str
 
 Item = TypeVar("Item")
