@@ -512,7 +512,7 @@ def test_a_node_that_is_gone(stage):
     stage.app.project.history.undo(len(stage.app.project.history.list()))
     with pytest.raises(brindle.Error) as failure:
         render.cel(card, 1, SIZE)
-    assert str(failure.value) == "There is no node to draw."
+    assert str(failure.value) == support.GONE
 
 
 def test_importing_the_package_loads_no_library_that_draws():

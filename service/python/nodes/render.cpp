@@ -1,12 +1,15 @@
 #include "service/python/nodes/render.h"
 
 #include "core/frame/exception.h"
+#include "core/frame/found.h"
 #include "core/host/cel_renderer.h"
 #include "core/nodes/cel.h"
 #include "core/nodes/node.h"
 #include "service/python/errors.h"
 #include "service/python/values.h"
 
+#include <cmath>
+#include <limits>
 #include <memory>
 
 namespace brindle::python {
@@ -26,11 +29,14 @@ QSize sizeOf(const QVariant& size)
     if (!size.isValid() || size.isNull())
         return {};
     const QVariantList sides = size.toList();
-    bool isWidth = false;
-    bool isHeight = false;
-    const QSize result(sides.value(0).toInt(&isWidth), sides.value(1).toInt(&isHeight));
-    if (sides.size() != 2 || !isWidth || !isHeight)
+    const auto isWhole = [](const QVariant& side) {
+        bool isNumber = false;
+        const double number = side.toDouble(&isNumber);
+        return isNumber && number == std::floor(number) && std::abs(number) <= std::numeric_limits<int>::max();
+    };
+    if (sides.size() != 2 || !isWhole(sides[0]) || !isWhole(sides[1]))
         throw OMC::Exception(QStringLiteral("The size of a picture is its width and its height in pixels."));
+    const QSize result(sides[0].toInt(), sides[1].toInt());
     return result == QSize() ? QSize(0, 0) : result; // QSize() would stand for the project's.
 }
 
@@ -66,7 +72,7 @@ PyObject* prepareRendering(const OMC::Obj& object, double frame, const QVariant&
         renderer() = CEL_Renderer::create(error);
     std::unique_ptr<CEL_RenderJob> job;
     if (renderer())
-        job = renderer()->prepare(node->getNode(), frame, sizeOf(size), error);
+        job = renderer()->prepare(&OMC::found(node->getNode()), frame, sizeOf(size), error);
     if (!job)
         throw OMC::Exception(error);
     PyObject* capsule = PyCapsule_New(
