@@ -73,13 +73,13 @@ std::string DrawingVectorColour::__str__() const
 
 const DrawingVectorColour* DrawingVectorColour::autoColour()
 {
-    static const DrawingVectorColour* const colour = kept(GR_Color::autoId);
+    static const DrawingVectorColour* const colour = kept(GR_Color::autoId());
     return colour;
 }
 
 const DrawingVectorColour* DrawingVectorColour::eraserColour()
 {
-    static const DrawingVectorColour* const colour = kept(GR_Color::eraserId);
+    static const DrawingVectorColour* const colour = kept(GR_Color::eraserId());
     return colour;
 }
 
@@ -107,9 +107,9 @@ GR_ColorPtr DrawingVectorColour::colourFrom(const QVariant& value)
         return nullptr;
     const QString text = value.toString();
     if (text.compare(QLatin1String("ERASER"), Qt::CaseInsensitive) == 0)
-        return GR_Color::CreateWith(GR_Color::eraserId);
+        return GR_Color::CreateWith(GR_Color::eraserId());
     if (text.compare(QLatin1String("AUTO"), Qt::CaseInsensitive) == 0)
-        return GR_Color::CreateWith(GR_Color::autoId);
+        return GR_Color::CreateWith(GR_Color::autoId());
     return text.size() == idLength ? GR_Color::CreateWith(idFrom(text)) : nullptr;
 }
 

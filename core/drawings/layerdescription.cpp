@@ -145,7 +145,7 @@ private:
             path = strokepath::cubic(path);
             const Sides sides = sidesOf(path);
             GR_StrokeData data(path);
-            data.SetColor(GR_Color::CreateWith(GR_Color::autoId),
+            data.SetColor(GR_Color::CreateWith(GR_Color::autoId()),
                           static_cast<int>(isHole ? sides.outside : sides.inside));
             return data;
         };

@@ -22,9 +22,9 @@ class BRINDLE_HOST_EXPORT GR_Color {
 public:
     /// Painting with this identity leaves the choice to the engine: the side takes the colour that the contour there is
     /// painted with already, and none where there is none.
-    static constexpr CM_ColorId_t autoId{0xfffffffffffffffeULL};
+    static constexpr CM_ColorId_t autoId() { return CM_ColorId_t(0xfffffffffffffffeULL); }
     /// Painting with this identity takes the paint away.
-    static constexpr CM_ColorId_t eraserId{0xffffffffffffffffULL};
+    static constexpr CM_ColorId_t eraserId() { return CM_ColorId_t(0xffffffffffffffffULL); }
 
     /// Names no colour.
     GR_Color() = default;

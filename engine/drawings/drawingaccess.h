@@ -37,7 +37,7 @@ public:
     void replace(const LiveStroke& stroke, Change change);
     GR_StrokeData placed(const GR_StrokeData& data, const brindle::engine::LiveLayer& layer,
                          const GR_BezierPath2d* own = nullptr) const;
-    /// Gives each side its colour, and those of GR_Color::autoId the one that the contour there is painted with.
+    /// Gives each side its colour, and those of GR_Color::autoId() the one that the contour there is painted with.
     using Sides = std::vector<std::pair<std::size_t, int>>;
     void paint(LiveLeaf& leaf, const Sides& sides, const GR_ColorPtr& colour);
 

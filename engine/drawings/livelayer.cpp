@@ -107,7 +107,7 @@ GR_ColorPtr LiveLayer::paintOf(int contour) const
     for (const int halfEdge : map().halfEdges(contour)) {
         const auto index = static_cast<std::size_t>(PlanarMap::strokeOf(halfEdge));
         const GR_ColorPtr& colour = strokes().at(index)->data.GetColor(PlanarMap::sideOf(halfEdge));
-        if (colour && colour->GetColorID() != GR_Color::eraserId)
+        if (colour && colour->GetColorID() != GR_Color::eraserId())
             return colour;
     }
     return nullptr;

@@ -86,7 +86,7 @@ void GR_DrawingAccess::Private::paint(LiveLeaf& leaf, const Sides& sides, const 
     for (const auto& [index, side] : sides) {
         const LiveStroke& stroke = layer.stroke(index);
         GR_ColorPtr given = colour;
-        if (isSpecial(colour, GR_Color::autoId)) {
+        if (isSpecial(colour, GR_Color::autoId())) {
             const int halfEdge = stroke.halfEdge(static_cast<GR_StrokeSide>(side));
             given = halfEdge == PlanarMap::none ? nullptr : layer.paintOf(layer.map().contourOf(halfEdge));
         }
@@ -103,7 +103,7 @@ GR_VectorStroke* GR_DrawingAccess::Insert(const GR_StrokeData& data, UT_Node* la
     const StrokePointer record = recordOf(d->drawing().newStrokeId(), d->placed(data, *leaf.strokes()));
     LiveStroke* stroke = d->append(leaf, {record});
     for (const int side : {0, 1}) {
-        if (isSpecial(data.GetColor(side), GR_Color::autoId))
+        if (isSpecial(data.GetColor(side), GR_Color::autoId()))
             d->paint(leaf, {{stroke->index(), side}}, data.GetColor(side));
     }
     return stroke;
@@ -148,7 +148,7 @@ void GR_DrawingAccess::Replace(GR_VectorStroke* stroke, const GR_StrokeData& dat
     const GR_StrokeData placed = d->placed(data, replaced.layer(), &before->data.GetPath());
     d->replace(replaced, [&placed](GR_StrokeData& own) { own = placed; });
     for (const int side : {0, 1}) {
-        if (isSpecial(data.GetColor(side), GR_Color::autoId))
+        if (isSpecial(data.GetColor(side), GR_Color::autoId()))
             d->paint(replaced.layer().leaf(), {{replaced.index(), side}}, data.GetColor(side));
     }
 }
@@ -174,11 +174,11 @@ void GR_DrawingAccess::SetColor(const GR_Contour* contour, const GR_ColorPtr& co
     for (const int halfEdge : layer.map().halfEdges(painted->index())) {
         const auto index = static_cast<std::size_t>(PlanarMap::strokeOf(halfEdge));
         const int side = PlanarMap::sideOf(outside ? PlanarMap::twin(halfEdge) : halfEdge);
-        const bool isSticky = isSpecial(layer.strokes().at(index)->data.GetColor(side), GR_Color::eraserId);
+        const bool isSticky = isSpecial(layer.strokes().at(index)->data.GetColor(side), GR_Color::eraserId());
         if (!d->respectsSticky || !isSticky)
             sides.emplace_back(index, side);
     }
-    d->paint(layer.leaf(), sides, isSpecial(colour, GR_Color::eraserId) ? nullptr : colour);
+    d->paint(layer.leaf(), sides, isSpecial(colour, GR_Color::eraserId()) ? nullptr : colour);
 }
 
 void GR_DrawingAccess::SetColor(const GR_Joint& joint, const GR_ColorPtr& colour, bool outside)
@@ -191,7 +191,7 @@ void GR_DrawingAccess::SetColor(const GR_Joint& joint, const GR_ColorPtr& colour
     const bool isAlong = access.GetExtremity() == GR_StrokeAccess::kTail;
     const int side = isAlong != outside ? 1 : 0;
     d->paint(painted.layer().leaf(), {{painted.index(), side}},
-             isSpecial(colour, GR_Color::eraserId) ? nullptr : colour);
+             isSpecial(colour, GR_Color::eraserId()) ? nullptr : colour);
 }
 
 // --- Lines ----------------------------------------------------------------------------------------------------------

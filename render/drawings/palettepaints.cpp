@@ -36,7 +36,7 @@ std::shared_ptr<const Paint> paintOf(const CM_Texture& texture, const Math::Matr
 
 CM_Palette::Entry PalettePaints::find(const CM_ColorId_t& id)
 {
-    if (!id.IsValid() || id == GR_Color::autoId || id == GR_Color::eraserId)
+    if (!id.IsValid() || id == GR_Color::autoId() || id == GR_Color::eraserId())
         return nullptr;
     if (const auto known = m_found.constFind(id.value()); known != m_found.constEnd())
         return *known;

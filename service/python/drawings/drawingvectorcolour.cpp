@@ -32,12 +32,12 @@ OMC::Obj colourFromVariant(const QVariant& value)
 
 OMC::Obj autoColour()
 {
-    return wrapped(GR_Color::CreateWith(GR_Color::autoId));
+    return wrapped(GR_Color::CreateWith(GR_Color::autoId()));
 }
 
 OMC::Obj eraserColour()
 {
-    return wrapped(GR_Color::CreateWith(GR_Color::eraserId));
+    return wrapped(GR_Color::CreateWith(GR_Color::eraserId()));
 }
 
 void append(QVariantList& state, const Math::Matrix2x3& matrix)
@@ -77,9 +77,9 @@ std::string colourText(const OMC::DrawingVectorColour& colour, const std::string
 {
     const GR_Color& record = *colour.colour();
     QString text = record.GetColorID().AsString();
-    if (record.GetColorID() == GR_Color::autoId)
+    if (record.GetColorID() == GR_Color::autoId())
         text = QStringLiteral("auto");
-    else if (record.GetColorID() == GR_Color::eraserId)
+    else if (record.GetColorID() == GR_Color::eraserId())
         text = QStringLiteral("eraser");
     else if (!record.GetColorID().IsValid())
         text = QStringLiteral("no colour");

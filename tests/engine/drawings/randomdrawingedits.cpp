@@ -13,7 +13,7 @@ GR_ColorPtr RandomDrawingEdits::colour()
     case 0:
         return nullptr;
     case 1:
-        return GR_Color::CreateWith(pick(2) ? GR_Color::autoId : GR_Color::eraserId);
+        return GR_Color::CreateWith(pick(2) ? GR_Color::autoId() : GR_Color::eraserId());
     case 2:
         return GR_Color(CM_ColorId_t(1 + pick(4)), matrix()).CopyWithTexture(CM_ColorId_t(9), matrix());
     default:

@@ -82,18 +82,18 @@ TEST_F(StrokeAccessTest, AColourGoesToTheSidesOfAContour)
     EXPECT_EQ(inside()->GetInsideColor()->GetColorID(), CM_ColorId_t(5));
     access.SetColor(inside(), colourOf(6), true);
     EXPECT_EQ(data(2).GetColor(0)->GetColorID(), CM_ColorId_t(6));
-    access.SetColor(inside(), GR_Color::CreateWith(GR_Color::eraserId), false);
+    access.SetColor(inside(), GR_Color::CreateWith(GR_Color::eraserId()), false);
     EXPECT_EQ(data(2).GetColor(1), nullptr);
 }
 
 TEST_F(StrokeAccessTest, SidesWithTheEraserColourStayWhereThatIsRespected)
 {
     insertSquare(10);
-    access.SetColor(strokeAt(layer, 1), GR_Color::CreateWith(GR_Color::eraserId), 1);
+    access.SetColor(strokeAt(layer, 1), GR_Color::CreateWith(GR_Color::eraserId()), 1);
     access.SetRespectSticky(true);
     access.SetColor(inside(), colourOf(5), false);
     EXPECT_EQ(data(0).GetColor(1)->GetColorID(), CM_ColorId_t(5));
-    EXPECT_EQ(data(1).GetColor(1)->GetColorID(), GR_Color::eraserId);
+    EXPECT_EQ(data(1).GetColor(1)->GetColorID(), GR_Color::eraserId());
     access.SetRespectSticky(false);
     access.SetColor(inside(), colourOf(5), false);
     EXPECT_EQ(data(1).GetColor(1)->GetColorID(), CM_ColorId_t(5));
@@ -103,12 +103,12 @@ TEST_F(StrokeAccessTest, TheAutomaticColourIsThatOfTheContour)
 {
     insertSquare(10);
     access.SetColor(strokeAt(layer, 3), colourOf(8), 1);
-    access.SetColor(strokeAt(layer, 0), GR_Color::CreateWith(GR_Color::autoId), 1);
+    access.SetColor(strokeAt(layer, 0), GR_Color::CreateWith(GR_Color::autoId()), 1);
     EXPECT_EQ(data(0).GetColor(1)->GetColorID(), CM_ColorId_t(8));
-    access.SetColor(strokeAt(layer, 0), GR_Color::CreateWith(GR_Color::autoId), 0);
+    access.SetColor(strokeAt(layer, 0), GR_Color::CreateWith(GR_Color::autoId()), 0);
     EXPECT_EQ(data(0).GetColor(0), nullptr);
     GR_StrokeData diagonal = straightStroke({0, 0}, {5, 5});
-    diagonal.SetColor(GR_Color::CreateWith(GR_Color::autoId), 0);
+    diagonal.SetColor(GR_Color::CreateWith(GR_Color::autoId()), 0);
     EXPECT_EQ(access.Insert(diagonal, layer)->GetStrokeData().GetColor(0)->GetColorID(), CM_ColorId_t(8));
 }
 
