@@ -270,4 +270,5 @@ NATIVE_MEMORY = (
 NATIVE_ON_DISK = {"saveProject", "openProject", "saveScenes", "openScenes"}
 NATIVE_ON_THE_CLOCK = NATIVE_ON_DISK | {"lockAndUnlock", "runOnIdleMain"}
 NATIVE_PER_ITEM = NATIVE_ON_DISK | {"iterateNames", "createAndLink", "undoCreation", "setKeys", "undoKeys",
-                                   "undoBracket", "redoBracket", "floorUndoMacro", "floorRedoMacro"}
+                                   "undoBracket", "redoBracket", "floorUndoMacro", "floorRedoMacro",
+                                   "makeDynamicAttributes", "undoDynamicAttributes"}

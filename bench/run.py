@@ -23,6 +23,7 @@ import rows
 import table
 
 CLOCKS = "Processor time, the loop around an operation taken off; saving, opening and starting on the wall clock."
+SECONDS = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3, "s": 1.0}
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 
 
@@ -60,7 +61,7 @@ def measure_native(build, repetitions=5):
             subject, _, size = name.partition("/")
             items = int(size) if subject in rows.NATIVE_PER_ITEM else 1
             clock = "real_time" if subject in rows.NATIVE_ON_THE_CLOCK else "cpu_time"
-            samples[name].append(entry["bytes"] if "bytes" in entry else entry[clock] * 1e-9 / items)
+            samples[name].append(entry["bytes"] if "bytes" in entry else entry[clock] * SECONDS[entry["time_unit"]] / items)
     return dict(samples)
 
 
