@@ -19,7 +19,7 @@ namespace brindle::render {
 /// | Lighten    | the greater one of s da and d sa                                 |
 /// | Difference | the distance between s da and d sa                               |
 /// | Exclusion  | s da + d sa - 2 s d                                              |
-/// | SoftLight  | sa da B(d / da, s / sa), with the B that is given there              |
+/// | SoftLight  | sa da B(d / da, s / sa), with the B that is given there          |
 /// | HardLight  | 2 s d for 2 s <= sa, else sa da - 2 (sa - s) (da - d)            |
 ///
 /// Add is s + d in colour and in alpha, at most 1. The numbers are those of the attribute `mode` of COMPOSITE nodes.
