@@ -17,19 +17,10 @@ Math::Point2d pointOf(const QPainterPath::Element& element, const QTransform& tr
     return {point.x(), point.y()};
 }
 
-/// The parts of a path, each a chain of curves of degree 3. Parts of a single point are left out.
+/// The parts of a path, each a chain of lines and cubic curves. Parts of a single point are left out.
 std::vector<GR_BezierPath2d> outlinesOf(const QPainterPath& path, const QTransform& transform)
 {
     std::vector<GR_BezierPath2d> outlines;
-    const auto lineTo = [&outlines](const Math::Point2d& to) {
-        GR_BezierPath2d& outline = outlines.back();
-        const Math::Point2d from = outline.GetToPoint();
-        if (from == to)
-            return;
-        outline.Append(from + (to - from) * (1.0 / 3), false);
-        outline.Append(from + (to - from) * (2.0 / 3), false);
-        outline.Append(to, true);
-    };
     for (int i = 0; i < path.elementCount(); ++i) {
         const QPainterPath::Element element = path.elementAt(i);
         const Math::Point2d point = pointOf(element, transform);
@@ -37,7 +28,8 @@ std::vector<GR_BezierPath2d> outlinesOf(const QPainterPath& path, const QTransfo
             outlines.emplace_back();
             outlines.back().Append(point, true);
         } else if (element.isLineTo()) {
-            lineTo(point);
+            if (point != outlines.back().GetToPoint())
+                outlines.back().Append(point, true);
         } else if (element.isCurveTo() && i + 2 < path.elementCount()) {
             outlines.back().Append(point, false);
             outlines.back().Append(pointOf(path.elementAt(i + 1), transform), false);

@@ -247,10 +247,8 @@ private:
         if (const auto known = m_entries.constFind(id.value()); known != m_entries.constEnd())
             return *known;
         std::shared_ptr<CM_Color> entry;
-        if (CM_PaletteManager* palettes = CM_PaletteManager::GetInstance())
-            for (const auto& list : palettes->paletteLists())
-                if (!entry)
-                    entry = CM_CastToColor(list->GetColor(id));
+        for (auto list = m_lists.begin(); list != m_lists.end() && !entry; ++list)
+            entry = CM_CastToColor((*list)->GetColor(id));
         if (!entry)
             note(QStringLiteral("The colour %1, which no palette has, is black.").arg(id.AsString()));
         m_entries.insert(id.value(), entry);
@@ -288,6 +286,7 @@ private:
 
     QXmlStreamWriter m_xml;
     QStringList m_notCarried;
+    const std::vector<std::shared_ptr<CM_PaletteList>> m_lists = CM_PaletteManager::GetInstance()->paletteLists();
     QHash<quint64, std::shared_ptr<CM_Color>> m_entries;
     int m_gradients = 0;
 };

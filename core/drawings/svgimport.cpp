@@ -2,6 +2,7 @@
 
 #include "core/drawings/drawingedit.h"
 #include "core/drawings/drawingvectorartlayer.h"
+#include "core/drawings/strokepath.h"
 #include "core/drawings/svgpicture.h"
 #include "core/frame/found.h"
 #include "core/frame/global.h"
@@ -95,9 +96,9 @@ public:
 
         std::vector<GR_BezierPath2d> closed = shape.outlines;
         for (GR_BezierPath2d& outline : closed)
-            close(outline);
+            outline.ClosePath();
         for (std::size_t i = 0; i < shape.outlines.size(); ++i) {
-            GR_StrokeData stroke(shape.outlines[i]);
+            GR_StrokeData stroke(strokepath::cubic(shape.outlines[i]));
             stroke.SetLineStyle(line);
             stroke.setTipType(GR_StrokeEnd::From, shape.tip);
             stroke.setTipType(GR_StrokeEnd::To, shape.tip);
@@ -109,7 +110,7 @@ public:
                 // The area is closed by a line that isn't drawn.
                 GR_BezierPath2d rest;
                 rest.Append(closed[i].GetBezier(closed[i].GetNumBezier() - 1));
-                stroke.SetPath(rest);
+                stroke.SetPath(strokepath::cubic(rest));
                 stroke.SetLineStyle({});
                 strokes.push_back(stroke);
             }
@@ -130,17 +131,6 @@ private:
         solid.kind = Paint::Solid;
         solid.markers = {{0, paint.markers.front().rgba}};
         return solid;
-    }
-
-    static void close(GR_BezierPath2d& outline)
-    {
-        if (outline.IsClosed())
-            return;
-        const Math::Point2d from = outline.GetToPoint();
-        const Math::Point2d to = outline.GetFromPoint();
-        outline.Append(from + (to - from) * (1.0 / 3), false);
-        outline.Append(from + (to - from) * (2.0 / 3), false);
-        outline.Append(to, true);
     }
 
     /// Sets the colour at the sides at which the shape's area lies.

@@ -1,6 +1,7 @@
 #include "render/drawings/art.h"
 
 #include "core/host/cm_color.h"
+#include "render/raster/placing.h"
 
 #include <QImage>
 
@@ -198,16 +199,9 @@ void Art::addBitmap(const GR_BitmapLayer& bitmap)
     const QImage pixels = QImage(reinterpret_cast<const uchar*>(data.pixels.constData()), data.width, data.height,
                                  4 * data.width, QImage::Format_RGBA8888)
                               .copy();
-    const Math::Matrix2x3& matrix = data.matrix;
-    const QTransform toDrawing(matrix.xAxis().x, matrix.xAxis().y, matrix.yAxis().x, matrix.yAxis().y,
-                               matrix.origin().x, matrix.origin().y);
     const QTransform upright(1, 0, 0, -1, 0, data.height);
-    GR_BezierPath2d frame;
-    const double w = data.width;
-    const double h = data.height;
-    for (const Math::Point2d& corner : {Math::Point2d{0, 0}, {w, 0}, {w, h}, {0, h}, {0, 0}})
-        frame.Append(matrix * corner, true);
-    addFilled({frame}, std::make_shared<Paint>(TexturePaint{pixels, false, upright * toDrawing}));
+    addFilled({rectanglePath(data.width, data.height, data.matrix)},
+              std::make_shared<Paint>(TexturePaint{pixels, false, upright * transformOf(data.matrix)}));
 }
 
 Art::PaintPointer Art::paintFor(const GR_Color& colour)
@@ -343,16 +337,8 @@ void Art::drawOn(Rasteriser& rasteriser, double scale) const
 
 Picture Art::draw(const QSize& size, const QTransform& place) const
 {
-    const QRect box = reach(size, place);
-    if (box.isEmpty())
-        return Picture(size);
-    const std::unique_ptr<Rasteriser> rasteriser = Rasteriser::make();
-    rasteriser->beginLayer(box.size(), place * QTransform::fromTranslate(-box.x(), -box.y()));
-    drawOn(*rasteriser, scaleOf(place));
-    const Picture drawn = rasteriser->endLayer();
-    if (drawn.isEmpty())
-        return Picture(size);
-    return Picture(size, box.topLeft() + drawn.box().topLeft(), drawn.pixels());
+    return drawnInBox(size, reach(size, place), place,
+                      [&](Rasteriser& rasteriser) { drawOn(rasteriser, scaleOf(place)); });
 }
 
 Picture Art::drawOver(Picture below, const QTransform& place) const

@@ -2,6 +2,7 @@
 
 #include "core/host/cm_color.h"
 #include "core/host/cm_palettemanager.h"
+#include "render/raster/placing.h"
 
 #include <QImage>
 
@@ -12,12 +13,6 @@ namespace {
 QRgba64 colourOf(const CM_Rgba& rgba)
 {
     return QRgba64::fromRgba(rgba.red(), rgba.green(), rgba.blue(), rgba.alpha());
-}
-
-QTransform transformOf(const Math::Matrix2x3& matrix)
-{
-    return {matrix.xAxis().x, matrix.xAxis().y,  matrix.yAxis().x,
-            matrix.yAxis().y, matrix.origin().x, matrix.origin().y};
 }
 
 std::shared_ptr<const Paint> paintOf(const CM_Texture& texture, const Math::Matrix2x3& matrix)
@@ -41,10 +36,8 @@ CM_Palette::Entry PalettePaints::find(const CM_ColorId_t& id)
     if (const auto known = m_found.constFind(id.value()); known != m_found.constEnd())
         return *known;
     CM_Palette::Entry entry;
-    if (!m_lists) {
-        const CM_PaletteManager* palettes = CM_PaletteManager::GetInstance();
-        m_lists = palettes ? palettes->paletteLists() : std::vector<std::shared_ptr<CM_PaletteList>>();
-    }
+    if (!m_lists)
+        m_lists = CM_PaletteManager::GetInstance()->paletteLists();
     for (auto list = m_lists->begin(); list != m_lists->end() && !entry; ++list)
         entry = (*list)->GetColor(id);
     if (!entry)

@@ -2,8 +2,7 @@
 
 #include "render/operations/blur.h"
 #include "render/operations/shade.h"
-
-#include <QPainter>
+#include "render/raster/placing.h"
 
 #include <algorithm>
 #include <functional>
@@ -14,21 +13,15 @@ namespace {
 
 Picture shown(const QSize& size, const QImage& pixels, const QTransform& place)
 {
-    GR_BezierPath2d frame;
     const double w = pixels.width();
     const double h = pixels.height();
-    for (const Math::Point2d& corner : {Math::Point2d{0, 0}, {w, 0}, {w, h}, {0, h}, {0, 0}})
-        frame.Append(corner, true);
     const QRect box = place.mapRect(QRectF(0, 0, w, h)).toAlignedRect().adjusted(-1, -1, 1, 1) & QRect({}, size);
-    if (box.isEmpty())
-        return Picture(size);
-    const Paint paint = TexturePaint{pixels, false, QTransform()};
-    const Face face{{&frame, 1}, &paint};
-    const std::unique_ptr<Rasteriser> rasteriser = Rasteriser::make();
-    rasteriser->beginLayer(box.size(), place * QTransform::fromTranslate(-box.x(), -box.y()));
-    rasteriser->addFaces({&face, 1}, Rasteriser::Faces::Over);
-    const Picture drawn = rasteriser->endLayer();
-    return drawn.isEmpty() ? Picture(size) : Picture(size, box.topLeft() + drawn.box().topLeft(), drawn.pixels());
+    return drawnInBox(size, box, place, [&](Rasteriser& rasteriser) {
+        const GR_BezierPath2d frame = rectanglePath(w, h);
+        const Paint paint = TexturePaint{pixels, false, QTransform()};
+        const Face face{{&frame, 1}, &paint};
+        rasteriser.addFaces({&face, 1}, Rasteriser::Faces::Over);
+    });
 }
 
 /// A softened picture. One blur after the other would let it grow without end, so what lies further outside than half

@@ -11,6 +11,7 @@
 #include "core/host/sc_scene.h"
 #include "core/host/sc_session.h"
 #include "core/host/tu_elementmgr.h"
+#include "render/raster/placing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -119,12 +120,6 @@ private:
     Math::Matrix4x4 m_camera;
     bool m_isVisible = true;
 };
-
-QTransform transformOf(const Math::Matrix2x3& matrix)
-{
-    return {matrix.xAxis().x, matrix.xAxis().y,  matrix.yAxis().x,
-            matrix.yAxis().y, matrix.origin().x, matrix.origin().y};
-}
 
 /// The first in-port of a node that isn't for a matte; null where there is none.
 const MO_Port* imagePort(const MO_Node& node)
