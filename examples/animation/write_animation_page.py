@@ -52,6 +52,16 @@ def keys(columns: brindle.ColumnList) -> str:
     return picture(*panels)
 
 
+def by_frame(graph: Graph, column: Any) -> Graph:
+    """The graph with a column's curve, its value at each frame, and its keyframes."""
+    graph.values(column.get_entry)
+    graph.each_frame(column.get_entry)
+    for point in column.control_points:
+        graph.dot((point.frame, point.value), BLUE, 4)
+    graph.legend(KEY, FRAME)
+    return graph
+
+
 def holds(columns: brindle.ColumnList) -> str:
     """Values that stay."""
     constant = "column[1].const_segment = True"
@@ -63,12 +73,7 @@ def holds(columns: brindle.ColumnList) -> str:
             (held, [SWING, held], "Each value lasts four frames,\nfrom frame 5 to frame 20.")):
         column = made(columns, "BEZIER", *steps)
         graph = over_time(title, caption)
-        graph.values(column.get_entry)
-        graph.each_frame(column.get_entry)
-        for point in column.control_points:
-            graph.dot((point.frame, point.value), BLUE, 4)
-        graph.legend(KEY, FRAME)
-        panels.append(graph)
+        panels.append(by_frame(graph, column))
     return picture(*panels)
 
 
@@ -82,12 +87,7 @@ def eases(columns: brindle.ColumnList) -> str:
         code = f"column.create_point(\n  1, 0, 0, 0, {way_out})\ncolumn.create_point(\n  25, 6, {way_in}, 0, 180)"
         column = made(columns, "EASE", code)
         graph = over_time(code, caption, -2)
-        graph.values(column.get_entry)
-        graph.each_frame(column.get_entry)
-        for point in column.control_points:
-            graph.dot((point.frame, point.value), BLUE, 4)
-        graph.legend(KEY, FRAME)
-        panels.append(graph)
+        panels.append(by_frame(graph, column))
     return picture(*panels)
 
 

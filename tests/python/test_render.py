@@ -148,43 +148,37 @@ def test_a_line_with_a_texture_is_told(stage):
         assert not pixels(node).any()
 
 
-def test_pictures_of_pixels_are_as_high_as_the_field_chart(stage, tmp_path):
+@pytest.fixture
+def scan(stage, tmp_path):
+    """A node that shows a red picture of 4 x 4 pixels."""
     (tmp_path / "red.png").write_bytes(palettes.png(4, 4, RED))
     column = stage.scene.columns.create("DRAWING", "Scan", {"createNode": False, "vectorType": ""})
     column.element.drawings.create("1").import_file(str(tmp_path / "red.png"))
     column[1] = "1"
     node = stage.nodes.create("READ", "Scan")
     node.attributes["drawing.element"].link(column)
-    shown = pixels(node)
+    return node
+
+
+def test_pictures_of_pixels_are_as_high_as_the_field_chart(scan):
+    shown = pixels(scan)
     assert box(shown) == (24, 0, 168, 144)
     assert at(shown, 0, 0) == RED
 
 
-def test_a_picture_that_another_program_writes_anew_is_read_anew(folder, stage, tmp_path):
-    (tmp_path / "red.png").write_bytes(palettes.png(4, 4, RED))
-    column = stage.scene.columns.create("DRAWING", "Scan", {"createNode": False, "vectorType": ""})
-    column.element.drawings.create("1").import_file(str(tmp_path / "red.png"))
-    column[1] = "1"
-    node = stage.nodes.create("READ", "Scan")
-    node.attributes["drawing.element"].link(column)
+def test_a_picture_that_another_program_writes_anew_is_read_anew(folder, stage, scan):
     stage.app.save()
-    assert at(pixels(node), 0, 0) == at(pixels(node), 0, 0) == RED
+    assert at(pixels(scan), 0, 0) == at(pixels(scan), 0, 0) == RED
     (file,) = (folder / "elements" / "Scan").iterdir()
     file.write_bytes(palettes.png(6, 6, BLUE))
-    assert at(pixels(node), 0, 0) == BLUE
+    assert at(pixels(scan), 0, 0) == BLUE
     file.unlink()
     with pytest.warns(render.RenderWarning):
-        assert not pixels(node).any()
+        assert not pixels(scan).any()
 
 
-def test_a_picture_whose_file_is_gone_is_told_and_left_out(folder, stage, tmp_path, square):
-    (tmp_path / "red.png").write_bytes(palettes.png(4, 4, RED))
-    column = stage.scene.columns.create("DRAWING", "Scan", {"createNode": False, "vectorType": ""})
-    column.element.drawings.create("1").import_file(str(tmp_path / "red.png"))
-    column[1] = "1"
-    node = stage.nodes.create("READ", "Scan")
-    node.attributes["drawing.element"].link(column)
-    both = stage.node("COMPOSITE", "Both", node, square)
+def test_a_picture_whose_file_is_gone_is_told_and_left_out(folder, stage, square, scan):
+    both = stage.node("COMPOSITE", "Both", scan, square)
     stage.app.save()
     (file,) = (folder / "elements" / "Scan").iterdir()
     file.unlink()
