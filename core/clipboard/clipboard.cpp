@@ -155,6 +155,11 @@ std::string Clipboard::__str__() const
     return "Clipboard()";
 }
 
+bool Clipboard::filterDir(std::string&) const
+{
+    return false;
+}
+
 Obj Clipboard::copy(const QVariant& nodes, const Obj& options) const
 {
     TUScene& scene = target();

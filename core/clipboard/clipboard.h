@@ -27,6 +27,8 @@ public:
     explicit Clipboard(TUScene* scene);
 
     std::string __str__() const override; ///< "Clipboard()".
+    /// Required: no name shows in a listing, so `dir()` of a clipboard is empty.
+    bool filterDir(std::string& name) const override;
 
     /// Copies nodes, and what is in groups among them: the frames that the options tell (CopyOptions, or null), or
     /// `numFrames` frames from `startFrame` on, each the scene's where it is 0. Without options, all frames of the

@@ -369,7 +369,6 @@ void Node::setColour(const QVariant& value)
               tr("Failed to set the node's colour."));
 }
 
-// The colour of an invalid node is invalid itself and says so at its first use.
 QVariant Node::getColour() const
 {
     return toVariant(newColour());
@@ -377,7 +376,7 @@ QVariant Node::getColour() const
 
 Node_Colour* Node::newColour() const
 {
-    return new Node_Colour(getNode());
+    return new Node_Colour(&target());
 }
 
 bool Node::getCacheable() const

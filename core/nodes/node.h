@@ -110,7 +110,7 @@ public:
     virtual void setCached(bool cached);
     virtual bool getLocked() const; ///< Whether people's tools leave the node alone; scripts are not held by it.
     virtual void setLocked(bool locked);
-    /// The colour in the node view: Node_Colour when read, also of an invalid node; takes every form of a colour.
+    /// The colour in the node view: Node_Colour when read; takes every form of a colour.
     virtual void setColour(const QVariant& colour);
     virtual QVariant getColour() const;
     Node_Colour* newColour() const;

@@ -31,8 +31,8 @@ public:
     virtual void setB(int value);
     virtual int getB() const; ///< Blue, likewise.
     /// The colour as "#rrggbb". Takes that and the names of colours; another text takes the node's own colour away.
-    virtual QString getHex() const;
     virtual void setHex(const QString& text);
+    virtual QString getHex() const;
 
     void reset(); ///< Takes the node's own colour away.
 

@@ -49,8 +49,8 @@ class BRINDLE_CORE_EXPORT Scene : public EngineView<TUScene> {
     Q_PROPERTY(std::vector<OMC::Obj> sounds READ getSounds)
     Q_PROPERTY(OMC::Obj top READ getTop)
     Q_PROPERTY(OMC::Obj nodes READ getNodes)
-    Q_PROPERTY(OMC::Obj columns READ getColumns)
     Q_PROPERTY(OMC::Obj compositions READ getCompositions)
+    Q_PROPERTY(OMC::Obj columns READ getColumns)
     Q_PROPERTY(QVariant display READ getDisplay WRITE setDisplay)
     Q_PROPERTY(QVariant display_name READ getDisplayName WRITE setDisplayName)
     Q_PROPERTY(QVariantList displays READ getDisplays)
@@ -109,9 +109,9 @@ public:
     GroupNode* newTop() const;                  ///< The same, for a caller that takes the wrapper itself.
     virtual Obj getNodes() const;               ///< All nodes of the scene, at any depth.
     NodeList* newNodes() const;
-    virtual Obj getColumns() const; ///< The columns of the scene.
-    ColumnList* newColumns() const;
     virtual Obj getCompositions() const; ///< Not supported: reading it always fails.
+    virtual Obj getColumns() const;      ///< The columns of the scene.
+    ColumnList* newColumns() const;
 
     /// The default display, or null; written with a node in any form, or null to unset it.
     virtual QVariant getDisplay() const;

@@ -78,7 +78,8 @@ class TestSentences:
     def test_the_scene_and_the_application_give_it(self, app, scene):
         assert str(app.clipboard) == str(scene.clipboard) == "Clipboard()"
         assert type(app.clipboard) is type(scene.clipboard) is type(app.clipboard.copy()) is brindle.Clipboard
-        assert {"copy", "paste", "create_template"} <= set(dir(app.clipboard))
+        assert dir(app.clipboard) == dir(app.clipboard.copy()) == []
+        assert {"copy", "paste", "create_template"} <= set(dir(brindle.Clipboard))
         with pytest.raises(TypeError, match="got from the project, not made"):
             brindle.Clipboard()
 

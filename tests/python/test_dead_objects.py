@@ -38,7 +38,6 @@ ANSWERS = {
     ("scene", "sounds"): "Sounds are not yet supported in the Python DOM.",
     ("history", "set"): "Unable to set a value in the history.",
     (None, "position"): "<brindle.Node_Coordinates, no longer valid>",
-    **{(node, "colour"): "<brindle.Node_Colour, no longer valid>" for node in NODES},
     (None, "data"): "View and tool data is not currently supported.",
     ("scene", "metadata"): support.GONE, (None, "metadata"): "<brindle.MetaDataHandler, no longer valid>",
     (None, "subselections"): "<brindle.NodeSubselectionList, no longer valid>",

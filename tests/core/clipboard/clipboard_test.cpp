@@ -69,8 +69,12 @@ TEST_F(ClipboardTest, ItHoldsTheSceneAndNothingElse)
     EXPECT_EQ(clipboard.getScene(), scene());
     const std::unique_ptr<Clipboard> other(clipboard.copy());
     EXPECT_EQ(other->getScene(), scene());
-    std::string name = "paste";
-    EXPECT_TRUE(clipboard.filterDir(name));
+}
+
+TEST_F(ClipboardTest, NoNameShowsInAListingOfIt)
+{
+    for (std::string name : {"paste", "objectName", "get_scene", "x"})
+        EXPECT_FALSE(clipboard.filterDir(name)) << name;
 }
 
 TEST_F(ClipboardTest, TheSceneGivesIt)

@@ -355,6 +355,8 @@ std::vector<std::function<void()>> usesOf(Node& node)
         [&] { node.setPosition(QVariant()); },
         [&] { node.getEnabled(); },
         [&] { node.setEnabled(false); },
+        [&] { node.getColour(); },
+        [&] { node.setColour(QStringLiteral("red")); },
         [&] { node.__eq__(Obj()); },
         [&] { (void)node.__str__(); },
     };
