@@ -1,5 +1,6 @@
 #include "app/arguments.h"
 
+#include <QRegularExpression>
 #include <QStringDecoder>
 
 #include <utility>
@@ -11,6 +12,14 @@ namespace {
 QString lineOf(const Usage& usage)
 {
     return QString("Usage: brindle %1 %2").arg(usage.name, usage.arguments);
+}
+
+/// The column at which the texts of a command's options begin.
+int columnOf(const QString& options)
+{
+    static const QRegularExpression ahead(R"(^  \S+(?: \S+)* {2,})");
+    const QRegularExpressionMatch match = ahead.match(options);
+    return match.hasMatch() ? static_cast<int>(match.capturedLength()) : 14;
 }
 
 } // namespace
@@ -65,7 +74,7 @@ void Arguments::refuse()
 
 void Arguments::misfit()
 {
-    fail(lineOf(m_usage));
+    fail(lineOf(m_usage).simplified());
 }
 
 void Arguments::fail(const QString& sentence)
@@ -76,8 +85,10 @@ void Arguments::fail(const QString& sentence)
 
 QString helpOf(const Usage& usage)
 {
+    const int column = columnOf(usage.options);
     return lineOf(usage) + QString("\n\n%1\n\nOptions:\n%2").arg(usage.text, usage.options) +
-           "  -h, --help     Shows this text.\n  --             Ahead of a name that begins with \"-\".\n";
+           QString("  -h, --help").leftJustified(column) + "Shows this text.\n" +
+           QString("  --").leftJustified(column) + "Ahead of a name that begins with \"-\".\n";
 }
 
 } // namespace app

@@ -1,6 +1,7 @@
 """The command line: what it prints, its exit codes, its errors in one line."""
 
 import os
+import re
 import signal
 import subprocess
 
@@ -9,6 +10,7 @@ import pytest
 
 import support
 
+COMMANDS = ("run", "desk", "new", "info", "palette", "drawing", "render", "preferences")
 USAGE_RUN = "brindle: Usage: brindle run [--project DIR [--read-only]] [--verbose] SCRIPT [ARGUMENT...]\n"
 
 
@@ -35,6 +37,8 @@ def run(*arguments, **options):
     (("paint",), 2, 'brindle: There is no command "paint"; brindle --help lists them.\n'),
     (("--paint",), 2, 'brindle: There is no command "--paint"; brindle --help lists them.\n'),
     (("new",), 2, "brindle: Usage: brindle new DIR\n"), (("new", "a", "b"), 2, "brindle: Usage: brindle new DIR\n"),
+    (("render",), 2, "brindle: Usage: brindle render [--scene S] [--frames 1-60,72] [--node NODE] [--size 1920x1080] "
+     "[--out 'frames/%04d.png'] [--movie FILE.mp4|.gif|.apng] [--threads N] [--resume] PROJECT\n"),
     (("info",), 2, "brindle: Usage: brindle info DIR\n"), (("info", "a", "b"), 2, "brindle: Usage: brindle info DIR\n"),
     (("run",), 2, USAGE_RUN), (("run", "--paint", "a.py"), 2, support.no_option("run", "--paint")), (("run", "--"), 2, USAGE_RUN),
     (("run", "-x.py"), 2, support.no_option("run", "-x.py")), (("new", "--paint"), 2, support.no_option("new", "--paint")),
@@ -75,6 +79,14 @@ def test_each_command_has_its_help(tmp_path, arguments, usage, part, name):
     assert (code, error) == (0, "")
     assert text.startswith("Usage: " + usage) and part in text
     assert list(tmp_path.iterdir()) == []
+
+
+@pytest.mark.parametrize("command", COMMANDS)
+def test_the_texts_of_the_options_stand_in_one_column(command):
+    code, text, error = run(command, "--help")
+    options = re.findall(r"^(  -\S*(?: \S+)*? {2,})\S", text.partition("\nOptions:\n")[2], re.MULTILINE)
+    assert (code, error) == (0, "") and len(options) >= 2
+    assert len({len(option) for option in options}) == 1, text
 
 
 @pytest.mark.parametrize("name", ["-walk", "--help", "--", "-"])
