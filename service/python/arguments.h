@@ -188,8 +188,8 @@ private:
         int overflow = 0;
         const long long wide = PyLong_AsLongLongAndOverflow(number, &overflow);
         if (overflow || !std::in_range<Integer>(wide))
-            throwArgument(index, std::is_unsigned_v<Integer> ? "a number from 0 to 4294967295" : "a number of 32 bits",
-                          value);
+            throw Misfit{index, std::is_unsigned_v<Integer> ? "a number from 0 to 4294967295" : "a number of 32 bits",
+                         value};
         return static_cast<Integer>(wide);
     }
 };

@@ -90,7 +90,7 @@ struct ClassTable {
     OMC::BaseObject* (*construct)(const CallArguments& call) = nullptr;
     std::vector<FormText> constructors;
     ValueState state;
-    const char* copyHint = nullptr; ///< How objects are copied that Python can't copy: half a sentence.
+    const char* copyHint = nullptr;    ///< How objects are copied that Python can't copy: half a sentence.
     getbufferproc getBuffer = nullptr; ///< The buffer protocol, where the objects have one.
     releasebufferproc releaseBuffer = nullptr;
     traverseproc traverse = nullptr; ///< For the garbage collector, where objects of the class hold Python objects.
@@ -373,7 +373,7 @@ Class<T>& Class<T>::member(const char* name)
                                        if (!From<Value>::accepts(value)) {
                                            if (PyFloat_Check(value) && !std::isfinite(PyFloat_AS_DOUBLE(value)))
                                                throwNotFinite(static_cast<const char*>(name));
-                                           throwArgument(0, From<Value>::type, value);
+                                           throw Misfit{0, From<Value>::type, value};
                                        }
                                        return convertAndCall([&] { return From<Value>::read(value, 0); },
                                                              [&](const Value& read) {
@@ -459,15 +459,15 @@ void Class<T>::deriveOperators()
     } else if constexpr (requires(const QString& k, const OMC::Obj& v) { self(nullptr).set(k, v); }) {
         operators.setItem = [](PyObject* list, PyObject* key, PyObject* value) {
             if (!From<QString>::accepts(key))
-                throwArgument(0, From<QString>::type, key);
+                throw Misfit{0, From<QString>::type, key};
             if (!From<OMC::Obj>::accepts(value))
-                throwArgument(1, From<OMC::Obj>::type, value);
+                throw Misfit{1, From<OMC::Obj>::type, value};
             assignItem<QString, OMC::Obj>(list, key, value);
         };
     } else if constexpr (requires(const QString& k, const QVariant& v) { self(nullptr).set(k, v); }) {
         operators.setItem = [](PyObject* list, PyObject* key, PyObject* value) {
             if (!From<QString>::accepts(key))
-                throwArgument(0, From<QString>::type, key);
+                throw Misfit{0, From<QString>::type, key};
             assignItem<QString, QVariant>(list, key, value);
         };
     } else if constexpr (requires(int i, const std::string& v) { self(nullptr).set(i, v); }) {

@@ -24,8 +24,8 @@ void raiseSentence(const std::string& sentence)
         PyErr_SetObject(errorType, text.get());
 }
 
-/// Raises what a function of Python raised again, which a script of Javascript called and let go. The places in scripts that it
-/// went through are a note of it.
+/// Raises what a function of Python raised again, which a script of Javascript called and let go. The places in scripts
+/// that it went through are a note of it.
 void raiseCauseOf(const OMC::JavascriptError& error)
 {
     try {
@@ -45,6 +45,21 @@ void raiseCauseOf(const OMC::JavascriptError& error)
     // Without a note it is still the exception.
     PyErr_Clear();
     PyErr_Restore(type, value, traceback);
+}
+
+void raiseMisfit(const Misfit& misfit)
+{
+    const std::string sentence = argumentSentence(misfit.index);
+    const Ref error(PyObject_CallFunction(argumentErrorType, "s", sentence.c_str()));
+    if (!error)
+        return;
+    std::string expected(misfit.expected);
+    if (!misfit.parameter.empty())
+        expected.append(" for ").append(misfit.parameter);
+    const Ref note(PyUnicode_FromFormat("expected %s, not %s", expected.c_str(), Py_TYPE(misfit.got)->tp_name));
+    const Ref done(note ? PyObject_CallMethod(error.get(), "add_note", "O", note.get()) : nullptr);
+    if (done)
+        PyErr_SetObject(argumentErrorType, error.get());
 }
 
 } // namespace
@@ -78,19 +93,6 @@ void throwNotFinite(const char* property)
     throw OMC::Exception(QStringLiteral("The property %1 takes finite numbers only.").arg(property));
 }
 
-void throwArgument(unsigned int index, const char* expected, PyObject* got)
-{
-    const std::string sentence = argumentSentence(index);
-    const Ref error(PyObject_CallFunction(argumentErrorType, "s", sentence.c_str()));
-    if (error) {
-        const Ref note(PyUnicode_FromFormat("expected %s, not %s", expected, Py_TYPE(got)->tp_name));
-        const Ref done(note ? PyObject_CallMethod(error.get(), "add_note", "O", note.get()) : nullptr);
-        if (done)
-            PyErr_SetObject(argumentErrorType, error.get());
-    }
-    throw PythonError{};
-}
-
 void raiseCurrentException() noexcept
 {
     // The end of the interpreter unwinds a thread without an exception object.
@@ -99,6 +101,8 @@ void raiseCurrentException() noexcept
     try {
         throw;
     } catch (const PythonError&) {
+    } catch (const Misfit& misfit) {
+        raiseMisfit(misfit);
     } catch (const ScriptException& exception) {
         exception.raise();
     } catch (const OMC::JavascriptError& error) {

@@ -4,6 +4,7 @@
 
 #include <new>
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 namespace brindle::python {
@@ -23,9 +24,15 @@ std::string argumentSentence(unsigned int index);
 /// Throws the `brindle.Error` of a property that is given a number that isn't finite.
 [[noreturn]] void throwNotFinite(const char* property);
 
-/// Throws `brindle.ArgumentError`, which is a `brindle.Error` and a `TypeError`: "Invalid argument at index %1.", with
-/// a note that says what was expected and what came.
-[[noreturn]] void throwArgument(unsigned int index, const char* expected, PyObject* got);
+/// Thrown for an argument that doesn't fit. It becomes `brindle.ArgumentError`, which is a `brindle.Error` and a
+/// `TypeError`: "Invalid argument at index %1.", with a note that says what was expected, for which parameter, and what
+/// came.
+struct Misfit {
+    unsigned int index;
+    std::string_view expected;
+    PyObject* got;                ///< Borrowed from the call.
+    std::string_view parameter{}; ///< Empty where there is only a place, as for the key of an item.
+};
 
 /// Turns the C++ exception in flight into the Python error that stands for it.
 void raiseCurrentException() noexcept;

@@ -3,6 +3,7 @@
 #include "service/python/arguments.h"
 #include "service/python/enginecall.h"
 
+#include <optional>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -73,8 +74,8 @@ struct CallArguments {
 /// slot is taken.
 bool placeNamed(const CallArguments& call, const Argument* arguments, std::size_t count, PyObject** slots);
 
-/// Raises the TypeError for a call whose arguments fit no form of the method.
-[[noreturn]] void throwArity(const char* method, const CallArguments& call);
+/// Raises the TypeError for a call whose number or names of arguments fit no form of the method.
+[[noreturn]] void throwArity(const char* method, const CallArguments& call, const std::vector<FormText>& forms);
 
 /// Reads the values of one form of a call: `Values` is the tuple of their C++ types.
 template <typename Values, Text Names>
@@ -101,9 +102,21 @@ struct ArgumentReader {
 
     /// Whether all values fit; where they don't, the first that does not.
     static bool accepts(const Slots& slots, unsigned int& misfit) { return acceptsAll(slots, misfit, Indexes{}); }
-    static const char* expected(unsigned int index) { return expectedOf(index, Indexes{}); }
+    static std::string_view expected(unsigned int index) { return expectedOf(index, Indexes{}); }
+    static std::string_view nameAt(unsigned int index)
+    {
+        return index < count ? arguments[index].name : std::string_view();
+    }
     /// Reads the values ahead of the call, without touching the engine.
-    static Values read(const Slots& slots) { return readAll(slots, Indexes{}); }
+    static Values read(const Slots& slots)
+    {
+        try {
+            return readAll(slots, Indexes{});
+        } catch (Misfit& misfit) {
+            misfit.parameter = nameAt(misfit.index);
+            throw;
+        }
+    }
 
     /// The arguments, as a person sees them.
     static FormText describe(std::string result = {}) { return {describeAll(Indexes{}), std::move(result)}; }
@@ -143,11 +156,18 @@ private:
     }
 
     template <std::size_t... I>
-    static const char* expectedOf([[maybe_unused]] unsigned int index, std::index_sequence<I...>)
+    static std::string_view expectedOf([[maybe_unused]] unsigned int index, std::index_sequence<I...>)
     {
-        const char* type = "";
-        ((I == index ? void(type = Reader<I>::type) : void()), ...);
+        std::string_view type;
+        ((I == index ? void(type = typeOf<I>()) : void()), ...);
         return type;
+    }
+
+    /// The type of an argument as its table tells it, or else as its reader does.
+    template <std::size_t I>
+    static constexpr std::string_view typeOf()
+    {
+        return arguments[I].type.empty() ? std::string_view(Reader<I>::type) : arguments[I].type;
     }
 
     template <std::size_t I>
@@ -170,10 +190,7 @@ private:
     template <std::size_t... I>
     static std::vector<ArgumentText> describeAll(std::index_sequence<I...>)
     {
-        [[maybe_unused]] const auto type = [](const Argument& argument, const char* told) {
-            return argument.type.empty() ? std::string(told) : std::string(argument.type);
-        };
-        return {ArgumentText{std::string(arguments[I].name), type(arguments[I], Reader<I>::type),
+        return {ArgumentText{std::string(arguments[I].name), std::string(typeOf<I>()),
                              std::string(arguments[I].fallback)}...};
     }
 };
@@ -236,10 +253,7 @@ auto callFirst(const char* name, const CallArguments& call, Run&& run)
     using Result =
         std::common_type_t<decltype(run.template operator()<Forms>(std::declval<typename Forms::ValueTuple&>()))...>;
     Result result{};
-    bool arranged = false;
-    unsigned int misfit = 0;
-    const char* expected = nullptr;
-    PyObject* got = nullptr;
+    std::optional<Misfit> misfit; // The first form's that takes the call's arguments by their number and names.
     const auto attempt = [&]<typename F>() {
         typename F::Slots slots;
         if (!F::arrange(call, slots))
@@ -250,18 +264,15 @@ auto callFirst(const char* name, const CallArguments& call, Run&& run)
                                     [&](auto& values) { return run.template operator()<F>(values); });
             return true;
         }
-        if (!std::exchange(arranged, true)) {
-            misfit = index;
-            expected = F::expected(index);
-            got = slots[index];
-        }
+        if (!misfit)
+            misfit = Misfit{index, F::expected(index), slots[index], F::nameAt(index)};
         return false;
     };
     if ((attempt.template operator()<Forms>() || ...))
         return result;
-    if (arranged)
-        throwArgument(misfit, expected, got);
-    throwArity(name, call);
+    if (misfit)
+        throw *misfit;
+    throwArity(name, call, {Forms::describe()...});
 }
 
 /// A method of a class as its table keeps it.

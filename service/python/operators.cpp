@@ -45,7 +45,7 @@ PyObject* itemsOf(PyObject* self, PyObject* slice)
     Py_ssize_t stop = 0;
     Py_ssize_t step = 0;
     if (!operators.length || !operators.itemByIndex)
-        throwArgument(0, "an index", slice);
+        throw Misfit{0, "an index", slice};
     if (PySlice_Unpack(slice, &start, &stop, &step) < 0)
         throw PythonError{};
     const Py_ssize_t first = operators.firstIndex;
@@ -73,7 +73,7 @@ PyObject* subscript(PyObject* self, PyObject* key)
                                   [&](int index) { return operators.itemByIndex(heldObject(self), index); });
         if (PySlice_Check(key) && !operators.isNumbered)
             return itemsOf(self, key);
-        throwArgument(0, operators.itemByKey ? "int or str" : "int", key);
+        throw Misfit{0, operators.itemByKey ? "int or str" : "int", key};
     });
 }
 
@@ -84,7 +84,7 @@ void assignSlice(PyObject* self, PyObject* slice, PyObject* values)
     const Py_ssize_t count = PyUnicode_Check(values) ? -1 : PySequence_Size(values);
     if (count < 0) {
         PyErr_Clear();
-        throwArgument(1, "a sequence", values);
+        throw Misfit{1, "a sequence", values};
     }
     Py_ssize_t start = 0;
     Py_ssize_t stop = 0;
@@ -125,7 +125,7 @@ int assignSubscript(PyObject* self, PyObject* key, PyObject* value)
             return 0;
         }
         if (!PyIndex_Check(key) && !PyUnicode_Check(key))
-            throwArgument(0, "an index", key);
+            throw Misfit{0, "an index", key};
         operatorsOf(self).setItem(self, key, value);
         return 0;
     });
@@ -166,7 +166,7 @@ PyObject* call(PyObject* self, PyObject* arguments, PyObject* names)
             throwTypeError("%s takes one argument", Py_TYPE(self)->tp_name);
         PyObject* key = PyTuple_GET_ITEM(arguments, 0);
         if (!PyUnicode_Check(key))
-            throwArgument(0, "str", key);
+            throw Misfit{0, "str", key};
         return convertAndCall([key] { return stringFrom(key); },
                               [self](const QString& text) { return operatorsOf(self).call(heldObject(self), text); });
     });

@@ -142,9 +142,9 @@ PyObject* rebuildValue(PyObject* cls, PyObject* state)
 {
     PyTypeObject* type = PyType_Check(cls) ? reinterpret_cast<PyTypeObject*>(cls) : nullptr;
     if (!type || !PyType_IsSubtype(type, typeFor(&OMC::BaseObject::staticMetaObject).type) || !isValueType(type))
-        throwArgument(0, "a value class", cls);
+        throw Misfit{0, "a value class", cls};
     if (!PyTuple_Check(state))
-        throwArgument(1, "tuple", state);
+        throw Misfit{1, "tuple", state};
     const ClassTable& table = tableOf(type);
     const TypeEntry entry = {type, &table.operators};
     if (table.state.rebuild) {
@@ -153,7 +153,7 @@ PyObject* rebuildValue(PyObject* cls, PyObject* state)
     }
     const std::vector<const Member*> members = membersOf(type);
     if (PyTuple_GET_SIZE(state) != static_cast<Py_ssize_t>(members.size()))
-        throwArgument(1, "a tuple with a number for each member", state);
+        throw Misfit{1, "a tuple with a number for each member", state};
     Ref value(adopt(entry, table.construct({nullptr, 0, nullptr})));
     Py_ssize_t index = 0;
     for (const Member* member : members) {
