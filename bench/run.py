@@ -6,6 +6,7 @@
     ./run bench --python        one side only; or --native
     ./run bench --instructions  counts the processor's instructions instead of the time, in some seconds
     ./run bench --page          measures and counts, and writes the figures into docs/benchmarks.md
+    ./run bench --peers         pictures beside other programs, in ten minutes; with --page into docs/benchmarks.md
 """
 
 import argparse
@@ -21,6 +22,7 @@ import sys
 import instructions
 import rows
 import table
+from peers import command as peers
 
 CLOCKS = "Processor time, the loop around an operation taken off; saving, opening and starting on the wall clock."
 SECONDS = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3, "s": 1.0}
@@ -92,6 +94,17 @@ def write_json(file, on, python, native, counted):
     }, indent=1) + "\n")
 
 
+def measure_peers(options):
+    on = machine()
+    figures = peers.run(options, progress)
+    text = f"{on}\n\n{peers.text(figures, options.build)}"
+    print(text, end="")
+    if options.page:
+        write_page(ROOT / "docs" / "benchmarks.md", {peers.HEADING: text})
+    if options.json:
+        options.json.write_text(json.dumps({"machine": on} | figures, indent=1) + "\n")
+
+
 def main():
     parser = argparse.ArgumentParser(prog="./run bench", description=__doc__.splitlines()[0])
     parser.add_argument("--json", metavar="FILE", type=pathlib.Path, help="write all figures to a file")
@@ -99,8 +112,15 @@ def main():
     parser.add_argument("--native", action="store_true", help="the C++ side only")
     parser.add_argument("--instructions", action="store_true", help="count instructions from Python instead of time")
     parser.add_argument("--page", action="store_true", help="write the figures into docs/benchmarks.md")
+    parser.add_argument("--peers", action="store_true", help="pictures beside other programs, and nothing else")
+    parser.add_argument("--minutes", type=float, default=10, help="with --peers: about how long it may take")
+    parser.add_argument("--scenes", metavar="LIST", help="with --peers: only these scenes, such as shapes,held")
+    parser.add_argument("--tools", metavar="LIST", help="with --peers: only these programs, such as brindle,rsvg")
     parser.add_argument("--build", metavar="DIR", type=pathlib.Path, default=ROOT / "build" / "dev", help="the build")
     options = parser.parse_args()
+    if options.peers:
+        measure_peers(options)
+        return
     every = options.page or not (options.python or options.native or options.instructions)
 
     on = machine()

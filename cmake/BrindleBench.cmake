@@ -3,7 +3,7 @@
 file(GLOB_RECURSE bench_found CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/bench/*.cpp)
 if(bench_found)
     find_package(benchmark REQUIRED)
-    brindle_sources(bench_sources bench EXCLUDE bench/floors/cpython)
+    brindle_sources(bench_sources bench EXCLUDE bench/floors/cpython bench/peers)
     add_executable(brindle_bench EXCLUDE_FROM_ALL ${bench_sources})
     brindle_own_code(brindle_bench)
     set_target_properties(brindle_bench PROPERTIES AUTOMOC ON)
@@ -20,4 +20,11 @@ if(bench_found)
     set_target_properties(brindle_cpython_floors PROPERTIES
         PREFIX "" OUTPUT_NAME cpython_floors LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bench)
     add_dependencies(brindle_bench brindle_cpython_floors)
+
+    # What pictures are compared with beside other programs: Qt's painter alone, and pictures of many samples a pixel.
+    brindle_sources(peers_sources bench/peers)
+    add_executable(brindle_peers EXCLUDE_FROM_ALL ${peers_sources})
+    brindle_compile_flags(brindle_peers)
+    target_include_directories(brindle_peers PRIVATE ${PROJECT_SOURCE_DIR})
+    target_link_libraries(brindle_peers PRIVATE Qt6::Gui)
 endif()
