@@ -27,7 +27,7 @@ QT_VALUES = {
 
 # Longest folder first: folder -> (project headers it may include, foreign headers it may not, Qt it may include).
 PYTHON = r"Python\.h|structmember\.h"
-LIBRARIES = r"2geom/.*|Imath/.*|muParser.*\.h|OpenColorIO/.*|OpenImageIO/.*|Imf.*\.h|OpenEXR/.*"
+LIBRARIES = r"2geom/.*|Imath/.*|muParser.*\.h|OpenColorIO/.*|OpenImageIO/.*|Imf.*\.h|OpenEXR/.*|png\.h"
 QML = r"Qt(Qml|Quick).*|QJS.*|QQml.*"
 LAYERS = (
     ("core/host/", ("core/host/",), rf"{PYTHON}|{LIBRARIES}", QT_VALUES),

@@ -11,7 +11,7 @@ packages=(
     g++ cmake ninja-build ccache pkgconf
     qt6-base-dev qt6-5compat-dev qt6-declarative-dev qt6-svg-dev libimath-dev libmuparser-dev zlib1g-dev
     libharfbuzz-dev libfontconfig-dev fonts-dejavu-core lib2geom-dev libboost-dev
-    libopenexr-dev libopencolorio-dev libopenimageio-dev ffmpeg
+    libpng-dev libopenexr-dev libopencolorio-dev libopenimageio-dev ffmpeg
     python3 python3-dev
     libgtest-dev libgmock-dev libbenchmark-dev python3-pytest python3-hypothesis python3-mypy python3-numpy
 )

@@ -19,9 +19,9 @@ public:
     using Texts = QMap<QString, QString>;
 
     /// `option` has what one format leaves open, as "key=value" separated by commas: "quality=90" (1 to 100),
-    /// "depth=half" or "depth=float", "compression=zip"; a key that the format doesn't know is a failure.
-    /// `colorProfile` is the ICC profile of the colours, empty for none. `texts` go into the file beside the picture
-    /// where its format has room for them. The open engine reads nothing of the last one.
+    /// "depth=half" or "depth=float", "depth=8" or "depth=16" of a PNG, "compression=zip"; a key that the format
+    /// doesn't know is a failure. `colorProfile` is the ICC profile of the colours, empty for none. `texts` go into the
+    /// file beside the picture where its format has room for them. The open engine reads nothing of the last one.
     CELIO_WriteContext(const QString& path, const QString& option, const QByteArray& colorProfile, const Texts* texts,
                        const QVariant&)
         : m_path(path),

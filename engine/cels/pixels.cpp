@@ -1,6 +1,8 @@
 #include "engine/cels/pixels.h"
 
+#include <array>
 #include <cmath>
+#include <cstring>
 
 namespace brindle::engine::pixels {
 
@@ -69,18 +71,27 @@ void multiplyBytes(const Byte* from, Word* to, int width)
     }
 }
 
-/// Colours multiplied by alpha, of 16 bits, into bytes that aren't.
+/// Colours multiplied by alpha, of 16 bits, into bytes that aren't. Drawn pictures have runs of one colour, which is
+/// divided once.
 void divideToBytes(const Word* from, Byte* to, int width)
 {
+    std::uint64_t last = 0;
+    std::array<Byte, channels> bytes{};
     for (int x = 0; x < width; ++x, from += channels, to += channels) {
-        const std::uint32_t alpha = from[3];
-        to[3] = byteOf(alpha);
-        for (int c = 0; c < 3; ++c) {
-            if (alpha == full)
-                to[c] = byteOf(from[c]);
-            else
-                to[c] = to[3] == 0 ? 0 : Byte(std::min((from[c] * 255u + alpha / 2) / alpha, 255u));
+        std::uint64_t pixel;
+        std::memcpy(&pixel, from, sizeof pixel);
+        if (pixel != last) {
+            last = pixel;
+            const std::uint32_t alpha = from[3];
+            bytes[3] = byteOf(alpha);
+            for (int c = 0; c < 3; ++c) {
+                if (alpha == full)
+                    bytes[c] = byteOf(from[c]);
+                else
+                    bytes[c] = bytes[3] == 0 ? 0 : Byte(std::min((from[c] * 255u + alpha / 2) / alpha, 255u));
+            }
         }
+        std::memcpy(to, bytes.data(), bytes.size());
     }
 }
 

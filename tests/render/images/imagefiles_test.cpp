@@ -156,6 +156,19 @@ TEST_F(ImageFilesTest, AnAreaIsWrittenAsTheWholePicture)
     EXPECT_EQ(back->image().copy(5, 0, 19, 8), area.image().copy(0, 3, 19, 8));
 }
 
+TEST_F(ImageFilesTest, APngHasTheDepthThatIsAskedFor)
+{
+    const CEL_PixmapArea area(testWords(), QPoint(-4, 5), QSize(30, 70));
+    ASSERT_TRUE(write(area, path("8.png"), "PNG", "depth=8")) << m_error.toStdString();
+    const CEL_PixmapPtr bytes = read(path("8.png"), "PNG");
+    EXPECT_EQ(bytes->format(), Cel::PIXMAP_RGBA8);
+    EXPECT_EQ(bytes->image(), area.converted(Cel::PIXMAP_RGBA8)->image());
+    ASSERT_TRUE(write(*bytes, path("16.png"), "PNG", "depth=16")) << m_error.toStdString();
+    const CEL_PixmapPtr words = read(path("16.png"), "PNG");
+    EXPECT_EQ(words->format(), Cel::PIXMAP_RGBA16);
+    EXPECT_EQ(words->converted(Cel::PIXMAP_RGBA8)->image(), bytes->image());
+}
+
 TEST_F(ImageFilesTest, MattesAreGreyInPng)
 {
     QImage matte(4, 2, QImage::Format_Alpha8);
@@ -211,7 +224,8 @@ TEST_F(ImageFilesTest, OptionsAreReadStrictly)
     };
     const Row rows[] = {
         {"PNG", "compression=10", "The option compression is a number from 0 to 9, not \"10\"."},
-        {"PNG", "quality=3", "The format has no option \"quality\", only: compression."},
+        {"PNG", "quality=3", "The format has no option \"quality\", only: compression, depth."},
+        {"PNG", "depth=32", "The option depth is one of 8, 16, not \"32\"."},
         {"JPEG", "quality", "The option \"quality\" has no value: write it as key=value."},
         {"JPEG", "quality=0", "The option quality is a number from 1 to 100, not \"0\"."},
         {"OPENEXR", "depth=word", "The option depth is one of half, float, not \"word\"."},
