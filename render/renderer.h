@@ -12,8 +12,9 @@ public:
     std::unique_ptr<CEL_RenderJob> prepare(MO_Node* node, double frame, const QSize& size, QString& error) override;
 
 private:
-    Planner m_planner;
-    std::shared_ptr<Evaluator> m_evaluator = std::make_shared<Evaluator>(memoryLimit);
+    std::shared_ptr<Memory> m_memory = std::make_shared<Memory>(memoryLimit);
+    Planner m_planner{m_memory};
+    std::shared_ptr<Evaluator> m_evaluator = std::make_shared<Evaluator>(m_memory);
 };
 
 } // namespace brindle::render

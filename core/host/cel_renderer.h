@@ -17,8 +17,8 @@ class BRINDLE_HOST_EXPORT CEL_RenderJob {
 public:
     virtual ~CEL_RenderJob() = default;
 
-    /// The picture, as a cel with an area of 16 bits a channel. `threads` share the work, the calling one with them;
-    /// the pixels are the same for any number. No cel, with one sentence in `error`, where memory doesn't suffice.
+    /// The picture, as a cel with an area of 16 bits a channel. So many threads share the work; the pixels are the same
+    /// for any number. No cel, with one sentence in `error`, where memory doesn't suffice.
     virtual CA_CelRef render(int threads, QString& error) const = 0;
     /// A line for each thing that can't be shown, as a texture that is gone: the picture is without it.
     virtual QStringList remarks() const = 0;
@@ -27,8 +27,8 @@ public:
 /// Makes pictures of what nodes show: the field chart through the scene's camera, which the size of the picture spans
 /// from its lower to its upper edge (or from side to side, where the resolution fits the width).
 ///
-/// It remembers what stays the same from one frame to the next, up to `memoryLimit` bytes of pictures, until it is
-/// destroyed. Jobs share that, and outlive it.
+/// It remembers what stays the same from one frame to the next, up to `memoryLimit` bytes of pictures and of outlines
+/// of lines, until it is destroyed. Jobs share that, and outlive it.
 class BRINDLE_HOST_EXPORT CEL_Renderer {
 public:
     static constexpr int largestSide = 32768; ///< Of a picture, in pixels.

@@ -2,6 +2,7 @@
 
 #include "core/host/cm_color.h"
 #include "render/raster/placing.h"
+#include "render/workers.h"
 
 #include <QImage>
 
@@ -15,8 +16,6 @@ namespace brindle::render {
 namespace {
 
 constexpr double kTolerance = 0.1; ///< Of outlines, in pixels.
-/// Outlines are kept for so many scales; one of the next scale takes the place of the oldest.
-constexpr std::size_t kMostScales = 2;
 
 /// Scales within a factor of sqrt(2) share their outlines, made for the largest of them.
 int bucketOf(double scale)
@@ -52,9 +51,11 @@ StrokePieces piecesOf(GR_OutlinePieces&& outline)
 
 } // namespace
 
-Art::Art(const GR_CompositeVectorDrawingObj& drawing, PalettePaints& palettes, QStringList& remarks)
+Art::Art(const GR_CompositeVectorDrawingObj& drawing, PalettePaints& palettes, QStringList& remarks,
+         std::weak_ptr<Memory> memory)
     : m_box(drawing.GetVisibleWorldBBox()),
-      m_palettes(&palettes)
+      m_palettes(&palettes),
+      m_memory(std::move(memory))
 {
     for (int art = 0; art < GR_CompositeVectorDrawingObj::kArtCount; ++art)
         if (const auto* vectors = dynamic_cast<const GR_VectorDrawingObj*>(drawing.GetArt(art)))
@@ -62,6 +63,12 @@ Art::Art(const GR_CompositeVectorDrawingObj& drawing, PalettePaints& palettes, Q
     std::erase_if(m_layers, [](const Layer& layer) { return layer.groups.empty() && layer.lines.empty(); });
     m_palettes = nullptr;
     m_isLight = findLight();
+}
+
+Art::~Art()
+{
+    if (const auto memory = m_memory.lock())
+        memory->forget(this);
 }
 
 void Art::addArt(const GR_VectorDrawingObj& art, QStringList& remarks)
@@ -246,31 +253,23 @@ bool Art::isUpToDate(PalettePaints& palettes) const
 std::shared_ptr<const Art::Outlines> Art::outlinesAt(double scale) const
 {
     const int bucket = bucketOf(scale);
-    const auto find = [&]() -> std::shared_ptr<const Outlines> {
-        for (const Kept& kept : m_kept)
-            if (kept.bucket == bucket)
-                return kept.outlines;
-        return nullptr;
-    };
-    {
-        const QMutexLocker lock(&m_mutex);
-        if (auto known = find())
+    const auto memory = m_memory.lock();
+    if (memory)
+        if (auto known = memory->find<Outlines>(this, bucket))
             return known;
-    }
-    // Two threads may make them at once; the first one's are kept.
+    // Two threads may make them at once; the first one's are remembered.
     const double tolerance = kTolerance / std::exp2(bucket / 2.0);
     auto outlines = std::make_shared<Outlines>();
+    qint64 bytes = 0;
     for (const Layer& layer : m_layers) {
         std::vector<StrokePieces>& pieces = outlines->emplace_back();
-        for (const Line& line : layer.lines)
+        for (const Line& line : layer.lines) {
             pieces.push_back(isHair(line.stroke) ? StrokePieces() : piecesOf(line.stroke.GetOutline(tolerance)));
+            bytes += pieces.back().bytes();
+        }
     }
-    const QMutexLocker lock(&m_mutex);
-    if (auto known = find())
-        return known;
-    if (m_kept.size() == kMostScales)
-        m_kept.erase(m_kept.begin());
-    m_kept.push_back({bucket, outlines});
+    if (memory && bytes > 0)
+        memory->remember(this, bucket, outlines, bytes);
     return outlines;
 }
 
@@ -341,21 +340,41 @@ Picture Art::draw(const QSize& size, const QTransform& place) const
                       [&](Rasteriser& rasteriser) { drawOn(rasteriser, scaleOf(place)); });
 }
 
-Picture Art::drawOver(Picture below, const QTransform& place) const
+Picture Art::drawOver(Picture below, std::span<const PlacedArt> drawings, int threads)
 {
     const QSize size = below.size();
-    const QRect box = reach(size, place);
+    QRect box;
+    std::vector<QRect> reaches;
+    for (const PlacedArt& drawing : drawings)
+        box |= reaches.emplace_back(drawing.art->reach(size, drawing.place));
     if (box.isEmpty())
         return below;
     // It grows to the whole picture at once: what comes next finds room there.
     if (!below.box().contains(box))
         below = below.grown(QRect({}, size));
     const QPoint corner = below.box().topLeft();
-    const std::unique_ptr<Rasteriser> rasteriser = Rasteriser::make();
-    rasteriser->beginAbove(std::exchange(below.pixels(), QImage()),
-                           place * QTransform::fromTranslate(-corner.x(), -corner.y()));
-    drawOn(*rasteriser, scaleOf(place));
-    return Picture(size, corner, rasteriser->endLayer().pixels());
+    const QTransform toPixels = QTransform::fromTranslate(-corner.x(), -corner.y());
+    QImage& pixels = below.pixels();
+    uchar* const bytes = pixels.bits(); // From here on they are this picture's alone.
+
+    constexpr int leastRows = 64;
+    const int parts = std::clamp(threads, 1, std::max(1, box.height() / leastRows));
+    shareOut(static_cast<std::size_t>(parts), threads, [&](std::size_t part) {
+        const int first = box.top() + box.height() * static_cast<int>(part) / parts;
+        const int end = box.top() + box.height() * (static_cast<int>(part) + 1) / parts;
+        const QRect rows(box.left(), first, box.width(), end - first);
+        const std::unique_ptr<Rasteriser> rasteriser = Rasteriser::make();
+        for (std::size_t i = 0; i < drawings.size(); ++i) {
+            if (!reaches[i].intersects(rows))
+                continue;
+            rasteriser->beginAbove(
+                QImage(bytes, pixels.width(), pixels.height(), pixels.bytesPerLine(), pixels.format()),
+                drawings[i].place * toPixels, rows.translated(-corner));
+            drawings[i].art->drawOn(*rasteriser, scaleOf(drawings[i].place));
+            rasteriser->endLayer();
+        }
+    });
+    return below;
 }
 
 } // namespace brindle::render

@@ -2,23 +2,33 @@
 
 #include "core/host/gr_drawing.h"
 #include "render/drawings/palettepaints.h"
+#include "render/memory.h"
 #include "render/picture.h"
 #include "render/raster/rasteriser.h"
 
-#include <QMutex>
-
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace brindle::render {
+
+class Art;
+
+/// A drawing, and the way from its units to pixels, y down.
+struct PlacedArt {
+    const Art* art;
+    QTransform place;
+};
 
 /// What a vector drawing shows, as values: its areas, lines, texts and pictures, each with its paint, from below to
 /// above. It has no tie to the drawing that it was taken from, and never changes; any thread may draw it.
 class Art {
 public:
     /// Taken on the thread that may read the drawing. Colours are looked up in the palettes as they are now. A line in
-    /// `remarks` for what can't be shown, as a text without a font.
-    Art(const GR_CompositeVectorDrawingObj& drawing, PalettePaints& palettes, QStringList& remarks);
+    /// `remarks` for what can't be shown, as a text without a font. The outlines of lines are remembered in `memory`.
+    Art(const GR_CompositeVectorDrawingObj& drawing, PalettePaints& palettes, QStringList& remarks,
+        std::weak_ptr<Memory> memory);
+    ~Art();
     Art(const Art&) = delete;
     Art& operator=(const Art&) = delete;
 
@@ -26,8 +36,9 @@ public:
 
     /// The drawing in a picture of a size. `place` leads from the drawing's units to pixels, y down.
     Picture draw(const QSize& size, const QTransform& place) const;
-    /// The same over a picture.
-    Picture drawOver(Picture below, const QTransform& place) const;
+    /// Drawings over a picture, one after the other. So many threads share the rows of the picture; the bytes are the
+    /// same for any number.
+    static Picture drawOver(Picture below, std::span<const PlacedArt> drawings, int threads);
     /// Whether it costs less to draw it than to lay a picture of it over another one.
     bool isLight() const { return m_isLight; }
 
@@ -89,14 +100,8 @@ private:
     Math::Box2d m_box; ///< Of all that is painted, in the drawing's units.
     bool m_hasHair = false;
     bool m_isLight = false;
-    PalettePaints* m_palettes; ///< While it is made.
-
-    struct Kept {
-        int bucket;
-        std::shared_ptr<const Outlines> outlines;
-    };
-    mutable QMutex m_mutex;
-    mutable std::vector<Kept> m_kept; ///< Of the scales that were asked for last.
+    PalettePaints* m_palettes;      ///< While it is made.
+    std::weak_ptr<Memory> m_memory; ///< It may hold this object.
 };
 
 } // namespace brindle::render

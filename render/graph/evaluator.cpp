@@ -1,125 +1,132 @@
 #include "render/graph/evaluator.h"
 
+#include "render/workers.h"
+
 #include <algorithm>
-#include <atomic>
-#include <exception>
-#include <mutex>
-#include <thread>
 
 namespace brindle::render {
 
-namespace {
+/// The way to the picture of one plan.
+class Evaluator::Run {
+public:
+    Run(Evaluator& evaluator, const Plan& plan, int threads)
+        : m_evaluator(evaluator),
+          m_plan(plan),
+          m_threads(threads),
+          m_states(plan.steps.size())
+    {}
 
-/// Calls a function for each number from 0, on so many threads, the calling one with them. The first exception leaves
-/// this call, once all threads are done.
-template <typename Function>
-void shareOut(std::size_t count, int threads, const Function& function)
-{
-    std::atomic<std::size_t> next = 0;
-    std::exception_ptr failure;
-    std::mutex failureLock;
-    const auto work = [&] {
-        try {
-            for (std::size_t i = next++; i < count; i = next++)
-                function(i);
-        } catch (...) {
-            next = count;
-            const std::lock_guard lock(failureLock);
-            if (!failure)
-                failure = std::current_exception();
-        }
-    };
+    Picture result()
     {
-        std::vector<std::jthread> helpers;
-        const std::size_t most = std::min(count, std::size_t(std::max(threads, 1)));
-        for (std::size_t i = 1; i < most; ++i)
-            helpers.emplace_back(work);
-        work();
+        const std::vector<std::size_t> leaves = findLeaves();
+        shareOut(leaves.size(), m_threads, [&](std::size_t leaf) { compute(leaves[leaf]); });
+        for (std::size_t i = 0; i < m_states.size(); ++i)
+            if (isToDo(i) && !m_plan.steps[i].inputs.empty() && !m_states[i].isDrawnAlong)
+                compute(i);
+        return std::move(m_states.back().picture);
     }
-    if (failure)
-        std::rethrow_exception(failure);
-}
 
-qint64 bytesOf(const Picture& picture)
-{
-    return picture.pixels().sizeInBytes();
-}
+private:
+    struct State {
+        Picture picture{};
+        int uses = 0; ///< By steps that have to be computed.
+        bool isKnown = false;
+        bool isBelowDrawing = false; ///< A drawing is laid over it.
+        /// It lays a drawing over a picture, and the one step that needs it lays another one over that: they are drawn
+        /// one after the other, without a picture in between.
+        bool isDrawnAlong = false;
+    };
 
-} // namespace
+    static bool isDrawnOver(const Plan::Step& step)
+    {
+        return step.operation->kind == Operation::Draw && !step.inputs.empty();
+    }
+
+    bool isToDo(std::size_t i) const { return m_states[i].uses > 0 && !m_states[i].isKnown; }
+
+    /// The steps to compute that need no others. Finds what is known already, and how often the others are used.
+    std::vector<std::size_t> findLeaves()
+    {
+        std::vector<std::size_t> leaves;
+        m_states.back().uses = 1;
+        for (std::size_t i = m_states.size(); i-- > 0;) {
+            const Plan::Step& step = m_plan.steps[i];
+            State& state = m_states[i];
+            state.isKnown = state.uses > 0 && step.isKept && m_evaluator.find(step.operation, state.picture);
+            if (!isToDo(i))
+                continue;
+            for (const std::size_t input : step.inputs) {
+                ++m_states[input].uses;
+                m_states[input].isBelowDrawing = step.operation->kind == Operation::Draw;
+            }
+            if (step.inputs.empty())
+                leaves.push_back(i);
+            state.isDrawnAlong = isDrawnOver(step) && !step.isKept && state.isBelowDrawing && state.uses == 1;
+        }
+        return leaves;
+    }
+
+    void compute(std::size_t i)
+    {
+        const Plan::Step& step = m_plan.steps[i];
+        Picture& picture = m_states[i].picture;
+        if (isDrawnOver(step)) {
+            picture = drawn(i);
+        } else {
+            std::vector<Picture> inputs;
+            for (const std::size_t input : step.inputs)
+                inputs.push_back(taken(input));
+            picture = step.operation->compute(m_plan.size, std::move(inputs));
+        }
+        if (step.isKept)
+            m_evaluator.remember(step.operation, picture);
+    }
+
+    /// The picture of a step with a drawing over another one, and of those that are drawn along with it.
+    Picture drawn(std::size_t i)
+    {
+        std::vector<PlacedArt> drawings;
+        do {
+            const Operation& operation = *m_plan.steps[i].operation;
+            drawings.push_back({operation.art.get(), operation.place});
+            i = m_plan.steps[i].inputs[0];
+        } while (m_states[i].isDrawnAlong);
+        std::reverse(drawings.begin(), drawings.end());
+        return Art::drawOver(taken(i), drawings, m_threads);
+    }
+
+    /// The picture of an input. One that is used for the last time is changed in place.
+    Picture taken(std::size_t input)
+    {
+        State& state = m_states[input];
+        return --state.uses == 0 ? std::move(state.picture) : state.picture;
+    }
+
+    Evaluator& m_evaluator;
+    const Plan& m_plan;
+    int m_threads;
+    std::vector<State> m_states;
+};
 
 Picture Evaluator::picture(const Plan& plan, int threads)
 {
-    const std::size_t count = plan.steps.size();
-    std::vector<Picture> pictures(count);
-    std::vector<int> uses(count, 0); ///< By steps that have to be computed.
-    std::vector<bool> isKnown(count, false);
-    uses.back() = 1;
-    std::vector<std::size_t> leaves;
-    for (std::size_t i = count; i-- > 0;) {
-        if (uses[i] == 0)
-            continue;
-        const Plan::Step& step = plan.steps[i];
-        isKnown[i] = step.isKept && find(step.operation, pictures[i]);
-        if (isKnown[i])
-            continue;
-        for (const std::size_t input : step.inputs)
-            ++uses[input];
-        if (step.inputs.empty())
-            leaves.push_back(i);
-    }
-
-    const auto compute = [&](std::size_t i, std::vector<Picture> inputs) {
-        const Plan::Step& step = plan.steps[i];
-        pictures[i] = step.operation->compute(plan.size, std::move(inputs));
-        if (step.isKept)
-            remember(step.operation, pictures[i]);
-    };
-    shareOut(leaves.size(), threads, [&](std::size_t leaf) { compute(leaves[leaf], {}); });
-    for (std::size_t i = 0; i < count; ++i) {
-        const Plan::Step& step = plan.steps[i];
-        if (uses[i] == 0 || isKnown[i] || step.inputs.empty())
-            continue;
-        std::vector<Picture> inputs;
-        for (const std::size_t input : step.inputs)
-            // What is used for the last time is changed in place.
-            inputs.push_back(--uses[input] == 0 ? std::move(pictures[input]) : pictures[input]);
-        compute(i, std::move(inputs));
-    }
-    return std::move(pictures.back());
-}
-
-qint64 Evaluator::bytes() const
-{
-    const QMutexLocker lock(&m_mutex);
-    return m_bytes;
+    Picture result;
+    onWorker([&] { result = Run(*this, plan, threads).result(); });
+    return result;
 }
 
 bool Evaluator::find(const OperationPtr& operation, Picture& picture)
 {
-    const QMutexLocker lock(&m_mutex);
-    const auto known = m_pictures.find(operation);
-    if (known == m_pictures.end())
-        return false;
-    known->second.lastUse = ++m_uses;
-    picture = known->second.picture;
-    return true;
+    const auto known = m_memory->find<Remembered>(operation.get());
+    if (known)
+        picture = known->picture;
+    return known != nullptr;
 }
 
 void Evaluator::remember(const OperationPtr& operation, const Picture& picture)
 {
-    const QMutexLocker lock(&m_mutex);
-    const auto [place, isNew] = m_pictures.try_emplace(operation, Remembered{picture, ++m_uses});
-    if (!isNew)
-        return;
-    m_bytes += bytesOf(picture);
-    while (m_bytes > m_limit) {
-        const auto oldest =
-            std::min_element(m_pictures.begin(), m_pictures.end(), [](const auto& left, const auto& right) {
-                return left.second.lastUse < right.second.lastUse;
-            });
-        m_bytes -= bytesOf(oldest->second.picture);
-        m_pictures.erase(oldest);
-    }
+    m_memory->remember(operation.get(), 0, std::make_shared<const Remembered>(operation, picture),
+                       picture.pixels().sizeInBytes());
 }
 
 } // namespace brindle::render

@@ -1,41 +1,32 @@
 #pragma once
 
 #include "render/graph/plan.h"
-
-#include <QMutex>
-
-#include <unordered_map>
+#include "render/memory.h"
 
 namespace brindle::render {
 
 /// Carries out plans, and remembers the pictures of steps that plans tell to keep. Any thread may ask it.
 class Evaluator {
 public:
-    static constexpr qint64 kDefaultLimit = qint64(256) << 20;
+    explicit Evaluator(std::shared_ptr<Memory> memory) : m_memory(std::move(memory)) {}
 
-    /// It remembers pictures of at most so many bytes; those that weren't asked for longest go first.
-    explicit Evaluator(qint64 limit = kDefaultLimit) : m_limit(limit) {}
-
-    /// The picture of a plan. Steps that need no others are shared among so many threads, the calling one with them;
-    /// the bytes are the same for any number. Throws std::bad_alloc where memory doesn't suffice.
+    /// The picture of a plan. So many threads (see workers.h) share the steps that need no others, and the rows of
+    /// pictures that drawings are laid over; the bytes are the same for any number. Throws std::bad_alloc where memory
+    /// doesn't suffice.
     Picture picture(const Plan& plan, int threads = 1);
 
-    qint64 bytes() const; ///< Of the pictures that it remembers.
-
 private:
+    /// A picture, with the step whose place in memory is its name.
     struct Remembered {
+        OperationPtr operation;
         Picture picture;
-        quint64 lastUse;
     };
+    class Run;
 
     bool find(const OperationPtr& operation, Picture& picture);
     void remember(const OperationPtr& operation, const Picture& picture);
 
-    qint64 m_limit;
-    mutable QMutex m_mutex;
-    std::unordered_map<OperationPtr, Remembered> m_pictures;
-    qint64 m_bytes = 0;
-    quint64 m_uses = 0;
+    std::shared_ptr<Memory> m_memory;
 };
 
 } // namespace brindle::render

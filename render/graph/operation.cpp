@@ -79,7 +79,11 @@ Picture Operation::compute(const QSize& size, std::vector<Picture> pictures) con
     case Empty:
         return Picture(size);
     case Draw:
-        return pictures.empty() ? art->draw(size, place) : art->drawOver(std::move(pictures[0]), place);
+        if (!pictures.empty()) {
+            const PlacedArt placed{art.get(), place};
+            return Art::drawOver(std::move(pictures[0]), {&placed, 1}, 1);
+        }
+        return art->draw(size, place);
     case Show:
         return shown(size, pixels, place);
     case Card:

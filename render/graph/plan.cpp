@@ -409,7 +409,7 @@ std::shared_ptr<const Art> Planner::artOf(EM_DrawingId id, const GR_CompositeVec
     KnownArt& known = m_art[id];
     if (!known.art || known.drawing != &drawing || known.revision != revision || !known.art->isUpToDate(palettes)) {
         known.remarks.clear();
-        known.art = std::make_shared<const Art>(drawing, palettes, known.remarks);
+        known.art = std::make_shared<const Art>(drawing, palettes, known.remarks, m_memory);
         known.drawing = &drawing;
         known.revision = revision;
     }

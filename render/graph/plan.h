@@ -2,6 +2,7 @@
 
 #include "core/host/em_elementinfo.h"
 #include "render/graph/operation.h"
+#include "render/memory.h"
 
 #include <QStringList>
 
@@ -35,6 +36,9 @@ struct Plan {
 /// z is larger (Math::Matrix4x4::truckFactor); pictures come over each other in the order of ports alone.
 class Planner {
 public:
+    /// The outlines of the drawings that it takes are remembered there.
+    explicit Planner(std::shared_ptr<Memory> memory) : m_memory(std::move(memory)) {}
+
     /// The plan for what a node of a scene shows at a frame, in a picture of this size. The resolution is the
     /// project's, which says how the camera sees. Throws std::runtime_error with one sentence for nodes that feed
     /// themselves.
@@ -54,6 +58,7 @@ private:
         QStringList remarks;
         quint64 lastPlan = 0; ///< The last plan that it was in.
     };
+    std::shared_ptr<Memory> m_memory;
     Operations m_operations;
     std::unordered_map<EM_DrawingId, KnownArt> m_art;
     std::unordered_set<OperationPtr> m_last; ///< The steps of the plan before.

@@ -297,13 +297,15 @@ public:
     {
         m_pixels = clearPixels(picture);
         m_place = place;
+        m_part = m_pixels.rect();
         m_drawn = QRect();
     }
 
-    void beginAbove(QImage pixels, const QTransform& place) override
+    void beginAbove(QImage pixels, const QTransform& place, const QRect& part) override
     {
         m_pixels = std::move(pixels);
         m_place = place;
+        m_part = part & m_pixels.rect();
         m_drawn = m_pixels.rect();
     }
 
@@ -334,8 +336,10 @@ public:
     }
 
 private:
-    static void begin(QPainter& painter, QPainter::CompositionMode mode)
+    void begin(QPainter& painter, QPainter::CompositionMode mode) const
     {
+        if (m_part != m_pixels.rect())
+            painter.setClipRect(m_part);
         painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
         painter.setPen(Qt::NoPen);
         painter.setCompositionMode(mode);
@@ -348,11 +352,11 @@ private:
         if (const auto reach = reachOf(paint, m_place))
             path = path.intersected(*reach);
         const QRectF bounds = path.controlPointRect();
-        if (!bounds.intersects(QRectF(m_pixels.rect())))
+        if (!bounds.intersects(QRectF(m_part)))
             return;
         painter.setBrush(std::visit(BrushMaker{m_place, isHalf}, paint));
         painter.drawPath(path);
-        m_drawn |= bounds.toAlignedRect().adjusted(-1, -1, 1, 1) & m_pixels.rect();
+        m_drawn |= bounds.toAlignedRect().adjusted(-1, -1, 1, 1) & m_part;
     }
 
     void drawFaces(QImage& pixels, std::span<const Face> faces, bool isHalf)
@@ -380,14 +384,17 @@ private:
         const qsizetype bytes = qsizetype(box.width()) * box.height() * bytesPerPixel;
         if (m_room.size() < bytes)
             m_room = QByteArray(bytes, Qt::Uninitialized);
-        std::memset(m_room.data(), 0, std::size_t(bytes));
         QtRasteriser above;
         above.m_pixels = QImage(reinterpret_cast<uchar*>(m_room.data()), box.width(), box.height(),
                                 qsizetype(box.width()) * bytesPerPixel, m_pixels.format());
         above.m_place = m_place * QTransform::fromTranslate(-box.x(), -box.y());
+        above.m_part = m_part.translated(-box.topLeft()) & above.m_pixels.rect();
+        for (int y = above.m_part.top(); y <= above.m_part.bottom(); ++y)
+            std::memset(above.m_pixels.scanLine(y), 0, std::size_t(bytesPerPixel) * std::size_t(box.width()));
         above.addPartition(above.m_pixels, faces);
         QPainter painter(&m_pixels);
-        painter.drawImage(box.topLeft() + above.m_drawn.topLeft(), above.m_pixels, above.m_drawn);
+        if (!above.m_drawn.isEmpty())
+            painter.drawImage(box.topLeft() + above.m_drawn.topLeft(), above.m_pixels, above.m_drawn);
         m_drawn |= above.m_drawn.translated(box.topLeft());
     }
 
@@ -403,6 +410,7 @@ private:
     QByteArray m_room; ///< For pixels beside the layer, kept from one partition to the next.
     QImage m_pixels;
     QTransform m_place;
+    QRect m_part;  ///< Nothing else is touched.
     QRect m_drawn; ///< All that isn't empty lies in there.
 };
 

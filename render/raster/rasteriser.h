@@ -26,6 +26,10 @@ struct StrokePieces {
     void add(std::span<const Math::Point2d> piece);
     void add(const GR_BezierPath2d& polygon); ///< By its points on the curve; the last one may be the first again.
     bool isEmpty() const { return ends.empty(); }
+    qint64 bytes() const ///< In memory.
+    {
+        return qint64(points.capacity() * sizeof(points[0]) + ends.capacity() * sizeof(ends[0]) + sizeof *this);
+    }
 };
 
 /// A line with its paint.
@@ -54,8 +58,9 @@ public:
     /// Begins an empty layer of a picture of a size. `place` leads from the coordinates of faces and strokes to the
     /// picture's. Throws std::bad_alloc where memory doesn't suffice.
     virtual void beginLayer(const QSize& picture, const QTransform& place) = 0;
-    /// Goes on above pixels, in the form that pictures have them; they are the whole of the layer.
-    virtual void beginAbove(QImage pixels, const QTransform& place) = 0;
+    /// Goes on above pixels, in the form that pictures have them; they are the whole of the layer. Nothing outside of a
+    /// part is read or written; in there the bytes are the same for any part.
+    virtual void beginAbove(QImage pixels, const QTransform& place, const QRect& part) = 0;
     virtual void addFaces(std::span<const Face> faces, Faces how) = 0;
     virtual void addStrokes(std::span<const Stroke> strokes) = 0;
     virtual Picture endLayer() = 0;

@@ -60,29 +60,32 @@ TEST(EvaluatorTest, AStepThatSeveralNeedIsNotChangedByOneOfThem)
     blend(expected, one);
     blend(expected, one);
     for (const int threads : {1, 2, 9})
-        EXPECT_EQ(at(Evaluator().picture(planOf(steps), threads), 3, 3), at(expected, 3, 3)) << threads;
+        EXPECT_EQ(at(Evaluator(std::make_shared<Memory>(0)).picture(planOf(steps), threads), 3, 3), at(expected, 3, 3))
+            << threads;
 }
 
 TEST(EvaluatorTest, WhatIsKeptIsRememberedWithinTheLimit)
 {
     Operations all;
     const qint64 bytes = 8 * size.width() * size.height();
-    Evaluator evaluator(2 * bytes);
+    const auto memory = std::make_shared<Memory>(2 * bytes);
+    Evaluator evaluator(memory);
     const OperationPtr first = card(all, 1);
     EXPECT_TRUE(evaluator.picture(planOf({first})).size().isValid());
-    EXPECT_EQ(evaluator.bytes(), 0) << "nothing told to keep it";
+    EXPECT_EQ(memory->bytes(), 0) << "nothing told to keep it";
     for (quint16 red = 1; red < 6; ++red)
         evaluator.picture(planOf({card(all, red)}, true));
-    EXPECT_EQ(evaluator.bytes(), 2 * bytes);
+    EXPECT_EQ(memory->bytes(), 2 * bytes);
     EXPECT_EQ(at(evaluator.picture(planOf({card(all, 5)}, true)), 0, 0), (Pixel{5, 0, 0, 65535}));
 }
 
 TEST(EvaluatorTest, APictureLargerThanTheLimitIsDrawnAndForgotten)
 {
     Operations all;
-    Evaluator evaluator(10);
+    const auto memory = std::make_shared<Memory>(10);
+    Evaluator evaluator(memory);
     EXPECT_EQ(at(evaluator.picture(planOf({card(all, 7)}, true)), 1, 1), (Pixel{7, 0, 0, 65535}));
-    EXPECT_EQ(evaluator.bytes(), 0);
+    EXPECT_EQ(memory->bytes(), 0);
 }
 
 TEST(EvaluatorTest, AChainLongerThanTheCallStackGoes)
