@@ -99,13 +99,17 @@ class Stage:
         return composite
 
 
-def series(samples, name, node, clock=time.process_time, repetitions=3, finish=lambda frame, cel: None, **options):
+def shown(frames, node, **options):
+    render.frames(node.parent_scene(), lambda frame, cel: None, frames, node=node, **options)
+
+
+def series(samples, name, node, clock=time.process_time, repetitions=3, draw=shown, **options):
     """Times frames of a node, each of them drawn for the first time."""
     frames = itertools.count(2)
     render.cel(node, 1, SIZE)
     for _ in range(repetitions):
         with samples.timed(name, FRAMES, clock):
-            render.frames(node.parent_scene(), finish, list(itertools.islice(frames, FRAMES)), node=node, size=SIZE, **options)
+            draw(list(itertools.islice(frames, FRAMES)), node=node, size=SIZE, **options)
 
 
 def measure(samples, root):
@@ -116,8 +120,12 @@ def measure(samples, root):
         node = stage.shapes(chance)
         series(samples, "picture turning shapes", node, threads=1)
         with tempfile.TemporaryDirectory() as folder:
-            series(samples, "picture frames with png", node, time.perf_counter,
-                   finish=lambda frame, cel: cel.write(f"{folder}/{frame}.png"), threads=2)
+            series(samples, "picture files", node, time.perf_counter, threads=2,
+                   draw=lambda frames, **options: render.write(app.scene, f"{folder}/%04d.png", frames, **options))
+            series(samples, "picture deep files", node, time.perf_counter, threads=2,
+                   draw=lambda frames, **options: render.write(app.scene, f"{folder}/%04d.png", frames, depth=16, **options))
+            series(samples, "picture files by callback", node, time.perf_counter, threads=2, draw=lambda frames, **options:
+                   render.frames(app.scene, lambda frame, cel: cel.write(f"{folder}/{frame}.png"), frames, **options))
 
         lines = stage.read("Lines", [{"path": wave(chance), "line_style": stage.thick(chance)} for _ in range(LINES)],
                            [stage.keys(chance) for _ in range(LINES)])

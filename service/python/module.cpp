@@ -81,6 +81,7 @@ PyObject* makeModule()
             "A job that draws what a node shows at a frame."),
         function<"_remarks_of_job", &remarksOfJob, "job -> list[str]">("What the job can't show."),
         function<"_render_job", &renderJob, "job, threads=1 -> Cel">("The picture of a job."),
+        function<"_write_job", &writeJob, "job, path, depth -> None">("Writes the picture of a job as a file."),
         function<"_describe", &describeClasses, "-> list[dict[str, Any]]">("What all classes offer, as plain data."),
         {}};
     static PyModuleDef definition = {PyModuleDef_HEAD_INIT,

@@ -388,6 +388,35 @@ def test_pictures_are_the_same_bytes_on_any_number_of_threads(stage, square):
     assert {frame: pixels(both, frame).tobytes() for frame in range(11, 0, -1)} == one
 
 
+def test_drawings_over_each_other_are_the_same_bytes_on_any_number_of_threads(stage):
+    """Threads share the rows of a picture: areas, cells, lines and gradients go on beyond a row as they would."""
+    nodes = []
+    sky = stage.palette.create_linear_gradient_colour("Sky", [0, 0, 0, 90], 0, [200, 100, 50], 100)
+    shade = brindle.DrawingVectorColour(sky.id)
+    shade.colour_matrix = brindle.Matrix([60 * UNITS, 20, 0, 0, -20, 60 * UNITS, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1])
+    for index in range(9):
+        node, drawing = stage.read(f"Drawing{index}")
+        nodes.append(node)
+        colour = stage.colour(25 * index, 200 - 20 * index, 90, 120 + 15 * index)
+        if index % 3 == 0:
+            stage.cells(drawing, lambda column, row: (-50 + 19.7 * column + row, -43.4 + 17.9 * row - 2 * column), 5, colour)
+        else:
+            stage.fill(drawing, path((-70 + 9 * index, -60.3), (55.1, -50 + index), (61 - 3 * index, 66.7), (-70 + 9 * index, -60.3)),
+                       shade if index % 3 == 1 else colour)
+        stage.line(drawing, path((-90, 7.3 * index - 40), (10, 60 - 9 * index), (90, 5)), colour, 3.3)
+        peg = stage.nodes.create("PEG", f"Peg{index}")
+        node.ports_in[0].link(peg)
+        peg.attributes["angle"].set_localvalue(11.0 * index)
+    all_of_them = stage.node("COMPOSITE", "All", *nodes)
+    one = pixels(all_of_them, size=(768, 576), threads=1)
+    assert len(numpy.unique(one.reshape(-1, 4), axis=0)) > 1000
+    for threads in (2, 3, 8):
+        assert (pixels(all_of_them, size=(768, 576), threads=threads) == one).all()
+    nodes[4].ports_in[0].source_node.attributes["angle"].set_value(2, 45.0)  # The lower ones are remembered then.
+    later = pixels(all_of_them, 2, size=(768, 576), threads=2)
+    assert (later == pixels(all_of_them, 2, size=(768, 576), threads=1)).all() and (later != one).any()
+
+
 def test_a_long_series_takes_no_more_memory(stage, square):
     peg = stage.nodes.create("PEG", "Peg")
     square.ports_in[0].link(peg)
@@ -427,6 +456,37 @@ def test_a_callback_that_gives_false_or_raises_stops_the_rest(stage):
 
     with pytest.raises(KeyError):
         render.frames(stage.scene, broken, node=card, size=(8, 4))
+
+
+@pytest.mark.parametrize("depth", [8, 16])
+def test_frames_are_written_as_files_on_the_threads_that_draw(stage, square, tmp_path, depth):
+    peg = stage.nodes.create("PEG", "Peg")
+    square.ports_in[0].link(peg)
+    for frame, value in ((1, 0.0), (11, 77.0)):
+        peg.attributes["angle"].set_value(frame, value)
+    paths = render.write(stage.scene, tmp_path / "new" / "100%%-%03d.png", (11, 3, 7), node=square, size=SIZE, depth=depth)
+    assert paths == [str(tmp_path / "new" / f"100%-{frame:03}.png") for frame in (11, 3, 7)]
+    for path, frame in zip(paths, (11, 3, 7)):
+        with open(path, "rb") as file:
+            assert file.read(25)[24] == depth
+        assert (numpy.asarray(brindle.Cel.read(path)) == pixels(square, frame)).all()
+
+
+@pytest.mark.parametrize("pattern", ["frame.png", "%d-%d.png", "%s.png", "%04x.png", "%d%", ""])
+def test_a_path_without_a_place_for_the_frame(stage, square, pattern):
+    with pytest.raises(brindle.Error) as failure:
+        render.write(stage.scene, pattern, [1], node=square, size=SIZE)
+    assert str(failure.value) == (f'The path "{pattern}" has no place for the number of a frame, as "frames/%04d.png" has.')
+
+
+def test_a_file_that_cannot_be_written_stops_the_rest(stage, square, tmp_path):
+    for place in range(2, 60):
+        (tmp_path / f"{place}.png").mkdir()
+    with pytest.raises(brindle.Error, match="2.png"):
+        render.write(stage.scene, tmp_path / "%d.png", range(1, 60), node=square, size=SIZE, threads=2)
+    assert (tmp_path / "1.png").is_file()
+    with pytest.raises(brindle.Error, match="A picture has 8 or 16 bits a channel, not 12."):
+        render.write(stage.scene, tmp_path / "%d.png", [1], node=square, size=SIZE, depth=12)
 
 
 @pytest.mark.parametrize("threads", [-3, 0, None, 1000000])

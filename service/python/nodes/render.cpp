@@ -3,10 +3,13 @@
 #include "core/frame/exception.h"
 #include "core/frame/found.h"
 #include "core/host/cel_renderer.h"
+#include "core/host/celio_manager.h"
 #include "core/nodes/cel.h"
 #include "core/nodes/node.h"
 #include "service/python/errors.h"
 #include "service/python/values.h"
+
+#include <QFileInfo>
 
 #include <cmath>
 #include <limits>
@@ -100,6 +103,26 @@ PyObject* renderJob(PyObject* capsule, int threads)
     if (!cel.cel())
         throw OMC::Exception(error);
     return toPython(QVariant::fromValue(OMC::Obj(new OMC::Cel(cel))));
+}
+
+void writeJob(PyObject* capsule, const QString& path, int depth)
+{
+    const CEL_RenderJob& job = jobIn(capsule);
+    QString error;
+    const WithoutPython outside;
+    const CA_CelRef cel = job.render(1, error);
+    if (!cel.cel())
+        throw OMC::Exception(error);
+    const QString suffix = QFileInfo(path).suffix();
+    const CELIO_Handler* handler = CELIO_Manager::getInstance()->findHandler(suffix);
+    const QString format = handler ? handler->formatKey() : QString();
+    CELIO_WriteContext context(path, format == u"PNG" ? QStringLiteral("depth=%1").arg(depth) : QString(),
+                               cel.cel()->impl().colorProfile(), nullptr, QVariant());
+    if (depth == 8 && format != u"PNG" && format != u"OPENEXR" &&
+        cel.cel()->convertTo(CEL_Representation::PIXMAP_RGBA8))
+        context.setFormat(CEL_Representation::PIXMAP_RGBA8);
+    if (!CELIO_Manager::getInstance()->write(cel.cel(), context, suffix, QString()))
+        throw OMC::Exception(QStringLiteral("\"%1\" can't be written.").arg(path));
 }
 
 void forgetPictures()

@@ -13,6 +13,9 @@ namespace brindle::python {
 PyObject* prepareRendering(const OMC::Obj& node, double frame, const QVariant& size);
 PyObject* remarksOfJob(PyObject* job); ///< A list of texts.
 PyObject* renderJob(PyObject* job, int threads);
+/// Draws a job on the calling thread, and writes the picture as a file of so many bits a channel, 8 or 16, where its
+/// format leaves that open.
+void writeJob(PyObject* job, const QString& path, int depth);
 
 /// Lets go of the pictures that were remembered: the project that they show is about to be closed.
 void forgetPictures();
