@@ -4,9 +4,9 @@
     ./run examples/tour/tour.py FOLDER
 """
 
+import argparse
 import pathlib
 import shutil
-import sys
 import time
 
 import brindle
@@ -18,6 +18,7 @@ import walkpictures
 
 HERE = pathlib.Path(__file__).resolve().parent
 DEFAULT_FOLDER = HERE.parent.parent / "build" / "tour"
+MADE = {"walk-cycle", "graph.svg", "walk.png", "walk.gif"}
 
 
 def say(text: str) -> None:
@@ -184,5 +185,19 @@ def check(holds: bool, what: str) -> None:
         raise SystemExit(f"The tour went wrong: not true that {what}.")
 
 
+def belongs_to_somebody(folder: pathlib.Path) -> bool:
+    """Whether there is anything that isn't an earlier tour, which the tour replaces."""
+    if not folder.is_dir():
+        return folder.exists()
+    names = {path.name for path in folder.iterdir()}
+    return bool(names) and not {"graph.svg"} <= names <= MADE
+
+
 if __name__ == "__main__":
-    main(pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else DEFAULT_FOLDER)
+    parser = argparse.ArgumentParser(description="A walk cycle, the way a script makes one.")
+    parser.add_argument("folder", type=pathlib.Path, nargs="?", default=DEFAULT_FOLDER,
+                        help="where to make it, a new or empty folder; build/tour by default")
+    chosen = parser.parse_args().folder
+    if chosen != DEFAULT_FOLDER and belongs_to_somebody(chosen):
+        parser.error(f"{chosen} is not an empty folder")
+    main(chosen)

@@ -84,6 +84,15 @@ def test_its_pictures_are_painted_all_over_and_pip_walks(tour):
         assert 0 < head.allocated_rect.width < 30 and head.allocated_rect.height > 8
 
 
+def test_it_replaces_nothing_but_an_earlier_tour(tour):
+    theirs = tour[0] / "theirs"
+    (theirs / "walk-cycle").mkdir(parents=True)
+    for place in (theirs, TOUR / "tour.py"):
+        done = support.run(support.PYTHON, tour[0] / "scripts" / "tour.py", place)
+        assert done.returncode == 2 and done.stderr.endswith(f"error: {place} is not an empty folder\n")
+    assert (theirs / "walk-cycle").is_dir() and (TOUR / "tour.py").is_file()
+
+
 def test_it_runs_in_a_plain_interpreter_too(tour):
     done = support.run(support.PYTHON, tour[0] / "scripts" / "tour.py", tour[0] / "plain")
     assert (done.returncode, done.stderr) == (0, "")
