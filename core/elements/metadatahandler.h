@@ -17,7 +17,8 @@ class MetaDataPair;
 ///     handler.set("shot", "SQ010_0040");
 ///
 /// Looking a name up always gives a pair, which tells whether it exists. Names of a scene's metadata are compared
-/// without regard to case, those of a node's with.
+/// without regard to case, those of a node's with. A scene's come in the order in which they were made, a node's in the
+/// order of their names.
 class BRINDLE_CORE_EXPORT MetaDataHandler : public FlaggedList<MetaDataView<ListQVar>, IterableQVar> {
     Q_OBJECT
     BRINDLE_COPYABLE(MetaDataHandler)

@@ -8,6 +8,7 @@
 #include "core/host/mo_node.h"
 #include "core/host/sc_scene.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace OMC {
@@ -93,7 +94,7 @@ public:
         return MetaDataPair::tr("%1, %2").arg(QStringLiteral("Node"), m_node.qualifiedName());
     }
     int size() const override { return group() ? static_cast<int>(group()->nAttrs()) : 0; }
-    QString keyAt(int index) const override { return group()->attrsBegin()[index]->meta().keyword(); }
+    QString keyAt(int index) const override { return keys().at(index); }
 
     bool exists(const QString& key) const override { return attribute(key); }
     QString type(const QString& key) const override
@@ -136,6 +137,16 @@ private:
     }
     AT_Attr* attribute(const QString& key) const { return group() ? group()->memberNamed(key) : nullptr; }
 
+    const QStringList& keys() const
+    {
+        if (m_keys.isEmpty() && group()) {
+            std::for_each(group()->attrsBegin(), group()->attrsEnd(),
+                          [this](const AT_Attr* entry) { m_keys.append(entry->meta().keyword()); });
+            m_keys.sort();
+        }
+        return m_keys;
+    }
+
     ValueReader read(const QString& key) const
     {
         ValueReader reader;
@@ -170,6 +181,7 @@ private:
     }
 
     MO_Node& m_node;
+    mutable QStringList m_keys; ///< Read when they are asked for, in the order of their letters.
 };
 
 } // namespace

@@ -146,6 +146,17 @@ def test_a_node_keeps_its_metadata_in_attributes_of_its_own(app, folder, history
         assert again.scene.nodes["Top/Arm"].metadata.map() == values
 
 
+def test_metadata_of_a_node_is_in_the_order_of_its_names(peg):
+    metadata = peg.metadata
+    for key, value in {"b": 1, "a": 2, "B": 3}.items():
+        metadata[key] = value
+    metadata.set(1, "text")
+    assert [pair.key for pair in metadata] == [pair.key for pair in metadata.list()] == ["B", "a", "b"]
+    assert metadata.map() == {"B": 3, "a": "text", "b": 1}
+    assert [metadata[index].key for index in range(3)] == ["B", "a", "b"]
+    assert metadata.create_metadata_pair_at_idx(2).key == "b"
+
+
 def test_a_node_has_no_creators_and_refuses_what_it_cannot_keep(state, peg):
     peg.metadata["shot"] = "x"
     pair = peg.metadata["shot"]
