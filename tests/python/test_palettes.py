@@ -81,6 +81,12 @@ def test_colours_are_shown_as_an_animator_reads_them(palette, picture):
     assert repr(palette) == '<brindle.Palette: "Hero", 4 colours, 1 texture>'
 
 
+def test_a_palette_that_is_not_read_yet_tells_its_content(app, folder, palette):
+    app.save()
+    with brindle.open(folder) as again:
+        assert repr(again.project.palettes["Hero"]) == '<brindle.Palette: "Hero", 3 colours>'
+
+
 @pytest.mark.parametrize("text, type_, written", [
     ("Pencil Texture", 1, "Pencil Texture"), ("pencil texture", 1, "Pencil Texture"), ("COLOUR", 0, "Colour"),
     ("color", 0, "Colour"), ("Color", 0, "Colour"), ("colours", 2, ""), ("", 2, "")])

@@ -60,7 +60,8 @@ QString shownTexture(const OMC::PaletteTexture& texture)
 
 QString shownPalette(const OMC::Palette& palette)
 {
-    return named(palette.getName(), OMC::colourtext::contentOf(*palette.palette()));
+    const QString name = palette.getName(); // Reads the palette's file, where nobody has done that yet.
+    return named(name, OMC::colourtext::contentOf(*palette.palette()));
 }
 
 QVariantList stateOf(const PaletteGradientPosition& position)
