@@ -21,7 +21,7 @@ constexpr quint32 highestId = std::numeric_limits<quint32>::max() / 2;
 quint32 nextId(quint32& last)
 {
     if (last >= highestId)
-        throw std::length_error("the drawing has given all ids of layers or strokes");
+        throw std::length_error("The drawing has given all ids of layers or strokes.");
     return ++last;
 }
 

@@ -103,7 +103,7 @@ void makeKey(std::vector<Key>& keys, double position)
 void requireUsable(const Key& key)
 {
     if (!key.isUsable())
-        throw std::invalid_argument("a thickness key has numbers that are finite and half-widths of 0 or more");
+        throw std::invalid_argument("A thickness key has finite numbers, and thicknesses of 0 or more.");
 }
 
 void requireFinite(const GR_Bezier2d& curve)
@@ -111,7 +111,7 @@ void requireFinite(const GR_Bezier2d& curve)
     for (unsigned int index = 0; index <= curve.GetDegree(); ++index) {
         const Math::Point2d& point = curve.GetPoint(index);
         if (!std::isfinite(point.x) || !std::isfinite(point.y))
-            throw std::invalid_argument("the curve of a tip has finite points");
+            throw std::invalid_argument("The curve of a tip has finite points.");
     }
 }
 
@@ -176,7 +176,7 @@ std::shared_ptr<GR_ThicknessPath> GR_ThicknessPath::CreateWith(const std::vector
 const GR_ThicknessPath::ThicknessKey& GR_ThicknessPath::thicknessKey(int index) const
 {
     if (index < 0 || index >= numThicknessKeys())
-        throw std::out_of_range("no thickness key of this index");
+        throw std::out_of_range("There is no thickness key of this index.");
     return m_keys[static_cast<std::size_t>(index)];
 }
 
@@ -326,7 +326,7 @@ void GR_ThicknessPath::reverse()
 void GR_ThicknessPath::truncate(double from, double to)
 {
     if (!std::isfinite(from) || !std::isfinite(to) || from == to)
-        throw std::invalid_argument("a thickness path is cut at two different positions");
+        throw std::invalid_argument("A thickness path is cut at two different finite positions.");
     if (from > to)
         std::swap(from, to);
     if (m_keys.empty())
@@ -358,7 +358,7 @@ void GR_ThicknessPath::transform(double factor, double offset)
                            }) == keys.end();
     if (!(factor > 0) || !std::isfinite(factor) || !std::isfinite(offset) || !isInOrder ||
         !std::ranges::all_of(keys, &Key::isUsable))
-        throw std::invalid_argument("a thickness path is stretched by a factor above 0");
+        throw std::invalid_argument("A thickness path is stretched by a finite factor above 0.");
     m_keys = std::move(keys);
 }
 

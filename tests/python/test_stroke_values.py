@@ -343,7 +343,7 @@ def test_a_stretch_of_a_path_is_a_new_path():
     assert keys(path.truncate(0.25, 0.5)) == [(0.25, 1, 1), (0.5, 2, 2)]
     assert keys(path.truncate(0.5, 0.25)) == keys(path.truncate(0.25, 0.5))
     assert keys(path) == [(0, 0, 0), (1, 4, 4)]
-    assert message_of(path.truncate, 0.5, 0.5) == "a thickness path is cut at two different positions"
+    assert message_of(path.truncate, 0.5, 0.5) == "A thickness path is cut at two different finite positions."
 
 
 def test_stretching_changes_the_path_itself():
@@ -351,7 +351,7 @@ def test_stretching_changes_the_path_itself():
     path.transform(0.5, 0.25)
     assert keys(path) == [(0.25, 1, 1), (0.75, 4, 4)]
     for factor in (0, -1, 1e-300):
-        assert message_of(path.transform, factor, 1) == "a thickness path is stretched by a factor above 0"
+        assert message_of(path.transform, factor, 1) == "A thickness path is stretched by a finite factor above 0."
     assert keys(path) == [(0.25, 1, 1), (0.75, 4, 4)]
 
 
@@ -381,7 +381,7 @@ def test_tips_by_a_curve(name):
         with pytest.raises(brindle.Error):
             setattr(path, name, value)
     curve[0] = Point2d(math.nan, 0)
-    assert message_of(setattr, path, name, curve) == "the curve of a tip has finite points"
+    assert message_of(setattr, path, name, curve) == "The curve of a tip has finite points."
     assert getattr(path, name) == none
 
 
