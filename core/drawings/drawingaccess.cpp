@@ -68,6 +68,15 @@ std::vector<UT_Node*> strokeLeaves(const std::vector<const DrawingLayer*>& layer
     return nodes;
 }
 
+/// Whether both hold the same: strokes, a text or a picture.
+bool isSameKind(const DrawingLayer& layer, const DrawingLayerImplShared& other)
+{
+    const auto kindOf = [](UT_Node* leaf) {
+        return std::pair(dynamic_cast<GR_LayerNode*>(leaf) != nullptr, dynamic_cast<GR_TextNode*>(leaf) != nullptr);
+    };
+    return kindOf(layer.getNode()) == kindOf(other.getLayer());
+}
+
 /// Whether results come in a list, as the argument did.
 bool isList(const QVariant& value)
 {
@@ -160,6 +169,8 @@ void DrawingAccess::vectorLayerCopy(const QVariant& layers, const QVariant& targ
     sessiontarget::requireSession();
     const auto sources = sessiontarget::sourceLayers(layers);
     const auto place = sessiontarget::layerOrStroke(target);
+    if (!std::ranges::all_of(sources, [&](const DrawingLayer* layer) { return isSameKind(*layer, *place); }))
+        throw Exception(tr("Invalid target layer specified."));
     inSession([&](GR_DrawingAccess& access) {
         for (const DrawingLayer* layer : sources)
             access.Copy(layer->getNode(), place->getLayer());

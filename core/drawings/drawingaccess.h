@@ -73,9 +73,10 @@ public:
     /// Puts copies of all layers of an art layer (without one, of the art layer under edit) above those of another one.
     virtual void artLayerPaste(const QVariant& target, const QVariant& source);
 
-    /// Makes strokes in a layer, or in the layer of a stroke: of a path, or of a list of paths, which gives a list. In
-    /// the list a stroke may also be a map, as in `vector_layers_create`, whose keys go ahead of the other arguments.
-    /// The side that takes the colour is "LEFT" or "RIGHT", in any case of letters.
+    /// Makes strokes in a layer, or in the layer of a stroke: of a path, or of a list of paths, which gives a list. A
+    /// path needs a line style and a colour; the side that takes the colour is "LEFT" or "RIGHT", in any case of
+    /// letters. A stroke may also be a map, as in `vector_layers_create`: its keys go ahead of the other arguments,
+    /// which may be left out, and "type" makes a layer of its own above that layer.
     virtual QVariant strokeCreate(const QVariant& path, const QVariant& target, const QVariant& lineStyle,
                                   const QString& side, const QVariant& colour);
     /// Copies strokes into a layer, or into the layer of a stroke: gives one for a stroke, a list for a list.

@@ -16,6 +16,8 @@
 #include "core/geometry/bezierpath.h"
 
 #include <array>
+#include <cstddef>
+#include <map>
 
 namespace OMC {
 
@@ -93,6 +95,41 @@ void editEach(const std::vector<DrawingVectorStroke>& strokes, Edit&& edit)
     });
 }
 
+/// Strokes to be made, some of them in layers of their own.
+struct NewStrokes {
+    std::vector<GR_StrokeData> data;
+    std::map<std::size_t, GR_Layer::LayerType> ownLayers; ///< By the index in `data`.
+};
+
+struct MadeStroke {
+    DrawingLayerImplShared::Pointer layer;
+    quint32 id;
+};
+
+/// Makes strokes in a layer; each new layer goes above the one before, the first one above that layer.
+std::vector<MadeStroke> insert(GR_DrawingAccess& access, const NewStrokes& strokes, DrawingLayerImplShared& target)
+{
+    std::vector<MadeStroke> made;
+    const auto put = [&](std::size_t from, std::size_t to, DrawingLayerImplShared& layer) {
+        const std::vector<GR_StrokeData> run(strokes.data.begin() + static_cast<std::ptrdiff_t>(from),
+                                             strokes.data.begin() + static_cast<std::ptrdiff_t>(to));
+        if (run.empty())
+            return;
+        for (const quint32 id : access.Insert(run, layer.getLayer()))
+            made.push_back({layer.shared_from_this(), id});
+    };
+    std::size_t next = 0;
+    UT_Node* below = target.getLayer();
+    for (const auto& [index, type] : strokes.ownLayers) {
+        put(next, index, target);
+        below = &found(access.CreateLayerAbove(type, below), &BaseObject::throwUnexpected);
+        put(index, index + 1, *DrawingLayerImplShared::of(target.drawing(), below, target.key()));
+        next = index + 1;
+    }
+    put(next, strokes.data.size(), target);
+    return made;
+}
+
 } // namespace
 
 QVariant DrawingAccess::strokeCreate(const QVariant& path, const QVariant& target, const QVariant& lineStyle,
@@ -108,7 +145,7 @@ QVariant DrawingAccess::strokeCreate(const QVariant& path, const QVariant& targe
         if (!isMap && !read.back())
             throw Exception(tr("Invalid bezier path specified."));
     }
-    const auto layer = sessiontarget::layerOrStroke(target);
+    const auto layer = sessiontarget::layerForStrokes(target);
     // Maps may tell all that the other arguments would.
     const bool isNeeded = std::ranges::any_of(read, [](const auto& each) { return each.has_value(); });
     GR_StrokeData defaults;
@@ -121,23 +158,22 @@ QVariant DrawingAccess::strokeCreate(const QVariant& path, const QVariant& targe
         defaults.SetColor(defaults.GetColor(static_cast<int>(GR_StrokeSide::Right)), static_cast<int>(painted));
         defaults.SetColor(nullptr, static_cast<int>(GR_StrokeSide::Right));
     }
-    std::vector<GR_StrokeData> strokes;
+    NewStrokes strokes;
     for (std::size_t index = 0; index < read.size(); ++index) {
         if (read[index]) {
-            strokes.push_back(defaults);
-            strokes.back().SetPath(*read[index]);
+            strokes.data.push_back(defaults);
+            strokes.data.back().SetPath(*read[index]);
         } else {
             const QVariantMap description = paths[static_cast<qsizetype>(index)].toMap();
-            if (description.contains(QStringLiteral("type")))
-                throw Exception(tr("The description has an unknown key \"%1\".").arg(QStringLiteral("type")));
-            strokes.push_back(layerdescription::strokeData(description, defaults));
+            strokes.data.push_back(layerdescription::strokeData(description, defaults));
+            if (const auto type = layerdescription::layerType(description))
+                strokes.ownLayers[index] = *type;
         }
     }
     return drawingedit::run(layer->drawing(), layer->key(), [&](GR_DrawingAccess& access) -> QVariant {
         QList<QVariant> made;
-        const GR_Layer& strokesOfLayer = layer->strokes();
-        for (const quint32 id : access.Insert(strokes, layer->getLayer()))
-            made.append(toVariant(new DrawingVectorStroke(layer.get(), strokesOfLayer.FindStroke(id))));
+        for (const auto& [record, id] : insert(access, strokes, *layer))
+            made.append(toVariant(new DrawingVectorStroke(record.get(), record->strokes().FindStroke(id))));
         return isMany ? QVariant(made) : made.first();
     });
 }
@@ -146,7 +182,7 @@ QVariant DrawingAccess::strokeCopy(const QVariant& strokes, const QVariant& targ
 {
     sessiontarget::requireSession();
     const auto sources = sessiontarget::sourceStrokes(strokes);
-    const auto layer = sessiontarget::layerOrStroke(target);
+    const auto layer = sessiontarget::layerForStrokes(target);
     return drawingedit::run(layer->drawing(), layer->key(), [&](GR_DrawingAccess& access) -> QVariant {
         QList<QVariant> made;
         for (const DrawingVectorStroke& stroke : sources)
@@ -161,7 +197,7 @@ void DrawingAccess::strokeMove(const QVariant& strokes, const QVariant& target)
 {
     sessiontarget::requireSession();
     const auto moved = sessiontarget::ownStrokes(strokes);
-    const auto layer = sessiontarget::layerOrStroke(target);
+    const auto layer = sessiontarget::layerForStrokes(target);
     drawingedit::run(layer->drawing(), layer->key(), [&](GR_DrawingAccess& access) {
         for (const DrawingVectorStroke& stroke : moved)
             stroke.updateImpl(layer.get(), access.Move(&strokeOf(stroke), layer->getLayer()));

@@ -165,6 +165,11 @@ UT_Node* DrawingLayerImplShared::getLayer() const
     return m_layer;
 }
 
+bool DrawingLayerImplShared::hasStrokes() const
+{
+    return dynamic_cast<GR_LayerNode*>(getLayer());
+}
+
 GR_Layer& DrawingLayerImplShared::strokes() const
 {
     return found(foundAs<GR_LayerNode>(getLayer()).GetLayer());

@@ -41,6 +41,7 @@ public:
     void update() const;
     /// The leaf; throws as `update` does.
     UT_Node* getLayer() const;
+    bool hasStrokes() const; ///< Whether it is a layer of strokes; throws as `update` does.
     /// The layer of strokes; throws as `update` does, and where the leaf has none.
     GR_Layer& strokes() const;
 

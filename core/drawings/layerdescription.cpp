@@ -125,10 +125,8 @@ private:
         }
         const QVariantMap stroke = value.toMap();
         GR_StrokeData data = strokeData(stroke);
-        const auto type = stroke.find(QStringLiteral("type"));
-        Layer& layer = type == stroke.end()
-                           ? currentLayer()
-                           : addLayer(DrawingAccessImpl::layerTypeFromQString(type->toString()), m_under);
+        const auto type = layerType(stroke);
+        Layer& layer = type ? addLayer(*type, m_under) : currentLayer();
         layer.items.emplace_back(std::move(data));
     }
 
@@ -211,6 +209,17 @@ GR_StrokeData strokeData(const QVariantMap& stroke, const GR_StrokeData& default
     if (!hasPath)
         throw Exception(text("Invalid bezier path specified."));
     return data;
+}
+
+std::optional<GR_Layer::LayerType> layerType(const QVariantMap& stroke)
+{
+    const auto entry = stroke.find(QStringLiteral("type"));
+    if (entry == stroke.end())
+        return std::nullopt;
+    const GR_Layer::LayerType type = DrawingAccessImpl::layerTypeFromQString(entry->toString());
+    if (type == GR_Layer::kBitmap || type == GR_Layer::kText)
+        throw Exception(text("A layer of the type \"%1\" has no strokes.").arg(entry->toString()));
+    return type;
 }
 
 std::vector<Layer> layers(const QVariant& description)

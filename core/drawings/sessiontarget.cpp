@@ -47,10 +47,20 @@ DrawingLayerImplShared::Pointer layerOrStroke(const QVariant& value)
     return record;
 }
 
+DrawingLayerImplShared::Pointer layerForStrokes(const QVariant& value)
+{
+    auto record = layerOrStroke(value);
+    if (!record->hasStrokes())
+        refuse("Invalid target layer or stroke specified.");
+    return record;
+}
+
 std::vector<const DrawingLayer*> sourceLayers(const QVariant& value)
 {
     auto layers = DrawingLayer::getDrawingLayerFromQVariant(value);
-    if (layers.empty())
+    const bool areThere = std::ranges::none_of(
+        layers, [](const DrawingLayer* layer) { return DrawingAccessImpl::get().isErased(*layer->record()); });
+    if (layers.empty() || !areThere)
         refuse("Invalid target layer specified.");
     return layers;
 }

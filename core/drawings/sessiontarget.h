@@ -22,6 +22,8 @@ void requireSession();
 
 /// The layer that an argument is, or the layer of the stroke that it is: "Invalid target layer or stroke specified.".
 DrawingLayerImplShared::Pointer layerOrStroke(const QVariant& value);
+/// The same for strokes to go into, which no text and no picture has.
+DrawingLayerImplShared::Pointer layerForStrokes(const QVariant& value);
 /// The layers in an argument that edits may take as sources: "Invalid target layer specified.".
 std::vector<const DrawingLayer*> sourceLayers(const QVariant& value);
 /// Layers of the session's drawing, lowest first: "Invalid target layer specified.".

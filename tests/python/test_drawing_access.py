@@ -316,6 +316,31 @@ def test_a_layer_of_another_drawing_is_a_source_and_no_target(app, session, laye
             call(theirs)
 
 
+def test_strokes_go_into_no_text_and_no_picture(session, art, layer, stroke):
+    others = [session.vector_layer_create(type_) for type_ in ("TEXT_LAYER", "BITMAP_LAYER")]
+    before = content([art])
+    for other in others:
+        for call in (lambda: session.stroke_create(square(), other, thick(), "LEFT", GREEN),
+                     lambda: session.stroke_copy(stroke, other), lambda: session.stroke_move(stroke, other)):
+            with fails(NO_TARGET):
+                call()
+        with fails(NO_LAYER):
+            session.vector_layer_copy([other, layer], other)
+        with fails(NO_LAYER):
+            session.vector_layer_copy([layer, other], layer)
+    assert content([art]) == before
+
+
+def test_an_erased_layer_is_no_source(session, layer, stroke):
+    erased = session.vector_layer_create("PEN_LAYER")
+    session.vector_layer_erase(erased)
+    for call in (lambda: session.vector_layer_copy([layer, erased], layer),
+                 lambda: session.vector_layer_paste_at(0, [layer, erased])):
+        with fails(NO_LAYER):
+            call()
+    assert len(layer.strokes) == 1
+
+
 def test_layers_are_copied_moved_pasted_and_erased(session, art, layer, stroke, history):
     second, third = (session.vector_layer_create("PEN_LAYER") for _ in range(2))
     session.vector_layer_copy([layer, layer], third)
@@ -453,6 +478,8 @@ def test_a_mask_is_painted_between_its_outline_and_its_holes(session, art):
     ({"strokes": [{"path": square(), "colour_left": "0123456789abcde"}]}, NO_COLOUR),
     ({"strokes": [{"path": square(), "colour_right": None}]}, NO_COLOUR),
     ({"strokes": [{"path": square(), "type": "x"}]}, 'Unexpected layer type "x".'),
+    ({"strokes": [{"path": square()}, {"path": square(), "type": "TEXT_LAYER"}]},
+     'A layer of the type "TEXT_LAYER" has no strokes.'),
     ({"strokes": [{"path": square(), "color_left": GREEN}]}, 'The description has an unknown key "color_left".'),
     ({"strokes": [7]}, NO_STROKE), ({"stroke": []}, 'The description has an unknown key "stroke".'),
     ({"reference_layer": 7}, NO_LAYER), ({"masks": [{}]}, NO_PATH), ({"masks": [7]}, "The description of a mask is no map."),
@@ -464,6 +491,14 @@ def test_a_bad_description_makes_nothing(session, art, history, description, sen
     with fails(sentence):
         session.vector_layers_create(description)
     assert len(art) == 0 and end(session, history) == []
+
+
+def test_a_described_stroke_that_is_refused_makes_nothing(session, art, layer):
+    for type_, sentence in (("x", 'Unexpected layer type "x".'),
+                            ("BITMAP_LAYER", 'A layer of the type "BITMAP_LAYER" has no strokes.')):
+        with fails(sentence):
+            session.stroke_create([{"path": square()}, {"path": square(), "type": type_}], layer)
+    assert list(art) == [layer] and len(layer.strokes) == 0
 
 
 # Strokes.
@@ -485,6 +520,19 @@ def test_many_strokes_are_made(session, layer):
     assert [each.colour_right.id for each in made] == [GREEN, GREEN]
     plain, = session.stroke_create([{"path": square(3)}], layer)
     assert plain.colour_left is None and plain.colour_right is None
+
+
+def test_a_described_stroke_may_have_a_layer_of_its_own(session, art, layer, history):
+    top = session.vector_layer_create("PEN_LAYER")
+    made = session.stroke_create([{"path": square(1), "type": "PAINT_LAYER"}, {"path": square(2)},
+                                  {"path": square(3), "type": "PEN_LAYER"}, {"path": square(4)}], layer)
+    assert [box(each.bounding_box)[2] for each in made] == [1, 2, 3, 4]
+    first, second = made[0].layer(), made[2].layer()
+    assert list(art) == [layer, first, second, top]
+    assert list(layer.strokes) == [made[1], made[3]] and list(second.strokes) == [made[2]]
+    single = session.stroke_create({"path": square(5), "type": "BRUSH_LAYER"}, made[2])
+    assert list(art) == [layer, first, second, single.layer(), top]
+    assert end(session, history) == [STEP]
 
 
 @pytest.mark.parametrize("path", [None, 7, "x", [], brindle.BezierPath(), [brindle.BezierPath()],

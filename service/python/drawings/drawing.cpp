@@ -38,8 +38,9 @@ const Family family([]() -> std::vector<ClassTable> {
             .property<&DrawingVectorArtLayer::getPivot>("pivot", "Point2d | None", "object")
             .property("bounding_box", "AllocatedRect2D")
             .property("bounding_box_visible", "AllocatedRect2D")
-            .method<"add", Form<&DrawingVectorArtLayer::add,
-                                "value: str | BaseObject | Sequence[object] -> AnyDrawingLayer">>()
+            .method<
+                "add", Form<&DrawingVectorArtLayer::add, "type: str -> AnyDrawingLayer">,
+                Form<&DrawingVectorArtLayer::add, "source: BaseObject | Sequence[object] -> list[AnyDrawingLayer]">>()
             .method<"remove", Form<&DrawingVectorArtLayer::remove, "value: int | BaseObject | Sequence[object]">>()
             .method<"clear", Form<&DrawingVectorArtLayer::clear>>()
             .method<"find_containing_contour", Form<&DrawingVectorArtLayer::findContainingContour,
