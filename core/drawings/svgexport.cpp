@@ -5,7 +5,6 @@
 #include "core/host/cm_palettemanager.h"
 
 #include <QBuffer>
-#include <QHash>
 #include <QImage>
 #include <QLocale>
 #include <QSaveFile>
@@ -117,6 +116,11 @@ public:
     const QStringList& notCarried() const { return m_notCarried; }
 
 private:
+    struct Fill {
+        QString paint;
+        double opacity = 1;
+    };
+
     void attribute(const char* name, const QString& value) { m_xml.writeAttribute(QString::fromLatin1(name), value); }
 
     void note(const QString& line)
@@ -148,15 +152,14 @@ private:
         for (const GR_Contour* contour : layer.GetContours())
             if (const GR_ColorPtr colour = contour->GetFillColor())
                 if (const std::vector<GR_BezierPath2d> area = contour->GetArea(); !area.empty())
-                    writeArea(area, *colour, "evenodd");
+                    writeArea(area, fillOf(*colour), "evenodd");
         for (auto stroke = layer.GetStrokeBegin(); stroke != layer.GetStrokeEnd(); ++stroke)
             if ((*stroke)->GetStrokeData().GetLineStyle().IsVisible())
                 writeLine(**stroke);
     }
 
-    void writeArea(const std::vector<GR_BezierPath2d>& area, const GR_Color& colour, const char* rule)
+    void writeArea(const std::vector<GR_BezierPath2d>& area, const Fill& fill, const char* rule)
     {
-        const Fill fill = fillOf(colour);
         m_xml.writeEmptyElement(QStringLiteral("path"));
         attribute("d", pathsText(area));
         attribute("fill", fill.paint);
@@ -169,18 +172,17 @@ private:
     {
         const GR_StrokeData& data = stroke.GetStrokeData();
         const GR_LineStyle& style = data.GetLineStyle();
-        const GR_ColorPtr colour = GR_Color::CreateWith(style.GetColorID());
-        if (style.isTextured() || style.isOpacityTextured())
-            note(QStringLiteral("Textures of lines are left out."));
+        const Fill fill = lineFillOf(style.GetColorID());
+        if (style.isOpacityTextured())
+            note(QStringLiteral("Opacity textures of lines are left out."));
         const GR_ThicknessPathPtr& widths = data.GetThicknessBinder().thicknessPath();
         const bool isHair = style.GetType() == GR_LineStyle::kHair;
         const bool sameTips = data.tipType(GR_StrokeEnd::From) == data.tipType(GR_StrokeEnd::To);
         const bool isEven = !widths && (sameTips || data.GetPath().IsClosed());
         if (!isHair && (!isEven || data.tipType(GR_StrokeEnd::From) == kBevelTip)) {
-            writeArea(polygonsOf(data.GetOutline(kTolerance)), *colour, "nonzero");
+            writeArea(polygonsOf(data.GetOutline(kTolerance)), fill, "nonzero");
             return;
         }
-        const Fill fill = fillOf(*colour);
         m_xml.writeEmptyElement(QStringLiteral("path"));
         attribute("d", pathText(data.GetPath()));
         attribute("fill", QStringLiteral("none"));
@@ -199,7 +201,7 @@ private:
     {
         if (const GR_ColorPtr& colour = text.GetData().colour)
             if (const std::vector<GR_BezierPath2d> outlines = text.GetOutlines(); !outlines.empty())
-                writeArea(outlines, *colour, "nonzero");
+                writeArea(outlines, fillOf(*colour), "nonzero");
     }
 
     void writeBitmap(const GR_BitmapLayer& layer)
@@ -222,11 +224,6 @@ private:
         attribute("href", QStringLiteral("data:image/png;base64,") + QString::fromLatin1(png.toBase64()));
     }
 
-    struct Fill {
-        QString paint;
-        double opacity = 1;
-    };
-
     Fill fillOf(const GR_Color& colour)
     {
         if (colour.HasTexture())
@@ -236,7 +233,23 @@ private:
             return {QStringLiteral("#000000"), 1};
         if (entry->GetColorType() != CM_Color::kSolid)
             return {QStringLiteral("url(#%1)").arg(writeGradient(*entry, colour.GetMatrix())), 1};
-        const CM_Rgba rgba = entry->GetColorMarker(0).rgba;
+        return plainFillOf(*entry);
+    }
+
+    /// Gradients follow a line, which none does in SVG.
+    Fill lineFillOf(const CM_ColorId_t& id)
+    {
+        const std::shared_ptr<CM_Color> entry = entryOf(id);
+        if (!entry || entry->Size() == 0)
+            return {QStringLiteral("#000000"), 1};
+        if (entry->GetColorType() != CM_Color::kSolid)
+            note(QStringLiteral("Of a line's gradient \"%1\", the first colour counts.").arg(entry->GetColorName()));
+        return plainFillOf(*entry);
+    }
+
+    static Fill plainFillOf(const CM_Color& colour)
+    {
+        const CM_Rgba rgba = colour.GetColorMarker(0).rgba;
         return {nameOf(rgba), rgba.alpha() / 255.0};
     }
 
@@ -244,15 +257,12 @@ private:
 
     std::shared_ptr<CM_Color> entryOf(const CM_ColorId_t& id)
     {
-        if (const auto known = m_entries.constFind(id.value()); known != m_entries.constEnd())
-            return *known;
-        std::shared_ptr<CM_Color> entry;
-        for (auto list = m_lists.begin(); list != m_lists.end() && !entry; ++list)
-            entry = CM_CastToColor((*list)->GetColor(id));
+        const CM_Palette::Entry entry = CM_PaletteManager::GetInstance()->GetColor(id);
         if (!entry)
             note(QStringLiteral("The colour %1, which no palette has, is black.").arg(id.AsString()));
-        m_entries.insert(id.value(), entry);
-        return entry;
+        else if (CM_CastToTexture(entry))
+            note(QStringLiteral("What is painted with the texture \"%1\" is black.").arg(entry->GetColorName()));
+        return CM_CastToColor(entry);
     }
 
     /// Gives the gradient's name in the file.
@@ -286,8 +296,6 @@ private:
 
     QXmlStreamWriter m_xml;
     QStringList m_notCarried;
-    const std::vector<std::shared_ptr<CM_PaletteList>> m_lists = CM_PaletteManager::GetInstance()->paletteLists();
-    QHash<quint64, std::shared_ptr<CM_Color>> m_entries;
     int m_gradients = 0;
 };
 

@@ -29,8 +29,11 @@ public:
     /// for any other folder.
     std::shared_ptr<CM_PaletteList> GetPaletteListFromPath(const QString& path, bool create);
     std::shared_ptr<CM_Palette> GetPalette(const UT_Id& id) const; ///< On any list.
-    /// The palette that has a colour, and the list that has a palette: the first one. An identity that names nothing
-    /// when none has.
+    /// A colour or texture, of the first palette that has it, in the order of `paletteLists()` and of the palettes on
+    /// each; null where none has it. In constant time, once it was asked for.
+    CM_Palette::Entry GetColor(const UT_Id& id) const;
+    /// The palette that `GetColor()` takes a colour from, and the first list that has a palette. An identity that names
+    /// nothing when none has.
     UT_Id SearchParentPalette(const UT_Id& colour) const;
     UT_Id SearchParentPaletteList(const UT_Id& palette) const;
 

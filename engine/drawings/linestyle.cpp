@@ -28,7 +28,5 @@ bool GR_LineStyle::IsVisible() const
 
 bool GR_LineStyle::isTextured() const
 {
-    const CM_PaletteManager* palettes = m_colorId.IsValid() ? CM_PaletteManager::GetInstance() : nullptr;
-    const auto palette = palettes ? palettes->GetPalette(palettes->SearchParentPalette(m_colorId)) : nullptr;
-    return palette && CM_CastToTexture(palette->GetColorById(m_colorId));
+    return CM_CastToTexture(CM_PaletteManager::GetInstance()->GetColor(m_colorId)) != nullptr;
 }

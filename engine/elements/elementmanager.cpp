@@ -53,6 +53,7 @@ Element& ElementManager::insert(std::unique_ptr<Element> element)
     m_lastId = std::max(m_lastId, added.id());
     m_elements.emplace(added.id(), std::move(element));
     setDrawingsGone(added, false);
+    ++m_revision;
     tellChanged();
     return added;
 }
@@ -64,6 +65,7 @@ std::unique_ptr<Element> ElementManager::take(Element& element)
     m_order.erase(std::find(m_order.begin(), m_order.end(), &element));
     auto node = m_elements.extract(element.id());
     setDrawingsGone(element, true);
+    ++m_revision;
     tellChanged();
     return std::move(node.mapped());
 }
@@ -74,6 +76,7 @@ ElementFields ElementManager::exchangeFields(Element& element, const ElementFiel
     m_byName.remove(before.name, &element);
     element.setFields(fields);
     m_byName.insert(fields.name, &element);
+    ++m_revision;
     tellChanged();
     return before;
 }

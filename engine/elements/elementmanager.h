@@ -41,6 +41,8 @@ public:
     CommandManager& history() const; ///< Of the project.
     const ContentStore& contents() const { return m_contents; }
     const std::vector<const TUElement*>& elements() const { return m_order; }
+    /// Another number once elements came, went or got other fields.
+    quint64 revision() const { return m_revision; }
 
     /// Adds an element whose id no other has. It gets its folder's name when it has none yet.
     Element& insert(std::unique_ptr<Element> element);
@@ -102,6 +104,7 @@ private:
     QSet<QString> m_folders; ///< Physical names, folded.
     std::map<int, std::unique_ptr<Element>> m_made;
     ElementLocks m_locks;
+    quint64 m_revision = 0;
     int m_lastId = 0; ///< The highest id that an element has had.
 };
 

@@ -2,6 +2,7 @@
 
 #include "core/host/msg_scope.h"
 #include "engine/palettes/palettefiles.h"
+#include "engine/palettes/palettestore.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -79,6 +80,7 @@ void CM_Palette::Private::setRecord(PaletteRecord record)
     byId.reserve(entries.size());
     for (const Entry& entry : entries)
         byId.emplace(entry->GetID(), entry);
+    brindle::engine::PaletteStore::placesChanged();
 }
 
 bool CM_Palette::Private::insert(const Entry& entry, std::size_t index)
@@ -86,6 +88,7 @@ bool CM_Palette::Private::insert(const Entry& entry, std::size_t index)
     if (!entry || index > entries.size() || !byId.emplace(entry->GetID(), entry).second)
         return false;
     entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(index), entry);
+    brindle::engine::PaletteStore::placesChanged();
     return true;
 }
 
@@ -273,6 +276,7 @@ bool CM_Palette::RemoveColor(const UT_Id& id)
     const auto place = std::find(d->entries.rbegin(), d->entries.rend(), found->second);
     d->entries.erase(std::next(place).base());
     d->byId.erase(found);
+    brindle::engine::PaletteStore::placesChanged();
     return true;
 }
 

@@ -64,6 +64,7 @@ bool CM_PaletteList::Private::insert(const Palette& palette, std::size_t index)
     palettes.insert(palettes.begin() + static_cast<std::ptrdiff_t>(index), palette);
     byId.emplace(palette->GetID(), palette.get());
     palette->engine().state = CM_Palette::kLive;
+    PaletteStore::placesChanged();
     return true;
 }
 
@@ -198,6 +199,7 @@ bool CM_PaletteList::RemovePalette(const UT_Id& id)
     palette->engine().state = CM_Palette::kDeleted;
     d->palettes.erase(d->palettes.begin() + index);
     d->byId.erase(id);
+    PaletteStore::placesChanged();
     Modify();
     return true;
 }

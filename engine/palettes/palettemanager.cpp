@@ -71,11 +71,11 @@ bool isHeldByOther(const HolderLock& lock, const QString& file, QString* holder)
     }
 }
 
-const std::vector<PaletteStore::List>& knownLists()
+const std::vector<PaletteStore::List>& currentLists()
 {
     static const std::vector<PaletteStore::List> none;
     PaletteStore* store = PaletteStore::current();
-    return store ? store->knownLists() : none;
+    return store ? store->lists() : none;
 }
 
 } // namespace
@@ -96,13 +96,12 @@ CM_PaletteManager* CM_PaletteManager::GetInstance()
 
 std::vector<std::shared_ptr<CM_PaletteList>> CM_PaletteManager::paletteLists() const
 {
-    PaletteStore* store = PaletteStore::current();
-    return store ? store->lists() : std::vector<std::shared_ptr<CM_PaletteList>>();
+    return currentLists();
 }
 
 std::shared_ptr<CM_PaletteList> CM_PaletteManager::GetPaletteList(const UT_Id& id) const
 {
-    for (const auto& list : knownLists()) {
+    for (const auto& list : currentLists()) {
         if (list->GetID() == id)
             return list;
     }
@@ -117,28 +116,30 @@ std::shared_ptr<CM_PaletteList> CM_PaletteManager::GetPaletteListFromPath(const 
 
 std::shared_ptr<CM_Palette> CM_PaletteManager::GetPalette(const UT_Id& id) const
 {
-    for (const auto& list : knownLists()) {
+    for (const auto& list : currentLists()) {
         if (auto palette = list->GetPalette(id))
             return palette;
     }
     return nullptr;
 }
 
+CM_Palette::Entry CM_PaletteManager::GetColor(const UT_Id& id) const
+{
+    PaletteStore* store = PaletteStore::current();
+    const std::shared_ptr<CM_Palette> holder = store ? store->holderOf(id) : nullptr;
+    return holder ? holder->GetColorById(id) : nullptr;
+}
+
 UT_Id CM_PaletteManager::SearchParentPalette(const UT_Id& colour) const
 {
-    for (const auto& list : knownLists()) {
-        for (const auto& palette : list->palettes()) {
-            palette->Load();
-            if (palette->engine().byId.contains(colour))
-                return palette->GetID();
-        }
-    }
-    return UT_Id();
+    PaletteStore* store = PaletteStore::current();
+    const std::shared_ptr<CM_Palette> holder = store ? store->holderOf(colour) : nullptr;
+    return holder ? holder->GetID() : UT_Id();
 }
 
 UT_Id CM_PaletteManager::SearchParentPaletteList(const UT_Id& palette) const
 {
-    for (const auto& list : knownLists()) {
+    for (const auto& list : currentLists()) {
         if (list->engine().byId.contains(palette))
             return list->GetID();
     }
@@ -180,7 +181,7 @@ bool CM_PaletteManager::PaletteExists(const CM_PalettePathI& path) const
     const QString file = path.filename(true);
     if (QFileInfo::exists(file))
         return true;
-    for (const auto& list : knownLists()) {
+    for (const auto& list : currentLists()) {
         if (list->GetPaletteByPath(file))
             return true;
     }

@@ -21,6 +21,7 @@ namespace brindle::engine {
 namespace {
 
 PaletteStore* currentStore = nullptr;
+quint64 placeChanges = 0; ///< So often palettes and colours have come, gone or changed their places.
 
 /// The path of what lay below a folder that has moved.
 QString moved(const QString& path, const QString& from, const QString& to)
@@ -130,6 +131,7 @@ void PaletteStore::setPath(const QString& path)
     for (auto list = m_elementLists.begin(); list != m_elementLists.end(); ++list)
         elementLists.insert(moved(list.key(), before, path), list.value());
     m_elementLists = std::move(elementLists);
+    m_listsRevision.reset();
     for (const List& list : allLists()) {
         list->engine().setFolder(moved(list->GetPath(), before, path));
         for (PaletteListRecord::Palette& entry : list->engine().saved)
@@ -148,11 +150,16 @@ std::vector<PaletteStore::List> PaletteStore::allLists() const
 
 std::vector<PaletteStore::ElementFolder> PaletteStore::elementFolders() const
 {
-    return m_elementFolders ? m_elementFolders() : std::vector<ElementFolder>();
+    return m_elementFolders.list ? m_elementFolders.list() : std::vector<ElementFolder>();
 }
 
 const std::vector<PaletteStore::List>& PaletteStore::lists()
 {
+    const quint64 revision = m_elementFolders.revision ? m_elementFolders.revision() : 0;
+    if (m_listsRevision == revision)
+        return m_lists;
+    m_listsRevision = revision;
+    placesChanged();
     if (!m_projectList)
         m_projectList =
             std::make_shared<CM_PaletteList>(std::make_unique<CM_PaletteList::Private>(m_path, CM_PaletteList::kScene));
@@ -178,6 +185,29 @@ const std::vector<PaletteStore::List>& PaletteStore::lists()
     return m_lists;
 }
 
+PaletteStore::Palette PaletteStore::holderOf(const UT_Id& colour)
+{
+    const std::vector<List>& all = lists();
+    if (m_holdersChange == placeChanges) {
+        if (const auto known = m_holders.constFind(colour.value()); known != m_holders.cend())
+            return known->lock();
+    }
+    Palette holder;
+    for (auto list = all.begin(); list != all.end() && !holder; ++list)
+        (*list)->GetColor(colour, &holder);
+    if (m_holdersChange != placeChanges)
+        m_holders.clear(); // The search itself may have read palettes.
+    m_holdersChange = placeChanges;
+    if (holder)
+        m_holders.insert(colour.value(), holder);
+    return holder;
+}
+
+void PaletteStore::placesChanged()
+{
+    ++placeChanges;
+}
+
 PaletteStore::List PaletteStore::listAt(const QString& path, bool create)
 {
     const QString wanted = QDir::cleanPath(path);
@@ -194,6 +224,7 @@ PaletteStore::List PaletteStore::listAt(const QString& path, bool create)
     for (const ElementFolder& folder : elementFolders()) {
         if (folder.path != wanted)
             continue;
+        m_listsRevision.reset();
         m_elementLists[wanted] = std::make_shared<CM_PaletteList>(
             std::make_unique<CM_PaletteList::Private>(wanted, CM_PaletteList::kElement));
         return find();

@@ -57,15 +57,19 @@ public:
     void setReadOnly(bool isReadOnly) { m_isReadOnly = isReadOnly; }
     /// The lock of the project's folder, which outlives the store.
     void setLock(const HolderLock& lock) { m_lock = &lock; }
-    void setElementFolders(std::function<std::vector<ElementFolder>()> folders)
-    {
-        m_elementFolders = std::move(folders);
-    }
+    struct ElementFolders {
+        std::function<std::vector<ElementFolder>()> list;
+        std::function<quint64()> revision; ///< Another number once the list may differ.
+    };
+    void setElementFolders(ElementFolders folders) { m_elementFolders = std::move(folders); }
     std::vector<ElementFolder> elementFolders() const;
 
-    const std::vector<List>& lists(); ///< The project's, and those that elements have by now.
-    /// The same, without looking for the lists of new elements; for searches.
-    const std::vector<List>& knownLists() { return m_lists.empty() ? lists() : m_lists; }
+    const std::vector<List>& lists(); ///< The project's, and those that elements have by now, by the elements' ids.
+    /// The first palette, in the order of the lists, that has a colour; null where none has. It is remembered until
+    /// palettes or colours come, go or change their places.
+    Palette holderOf(const UT_Id& colour);
+    /// A palette came to a list or went, or a colour to a palette.
+    static void placesChanged();
     List listAt(const QString& path, bool create); ///< Null for a folder that is not the project's or an element's.
 
     void addTo(FolderTransaction& save, const Folder& folder, bool isElsewhere) override;
@@ -92,10 +96,13 @@ private:
     QString m_path;
     bool m_isReadOnly = false;
     const HolderLock* m_lock = nullptr;
-    std::function<std::vector<ElementFolder>()> m_elementFolders;
+    ElementFolders m_elementFolders;
     List m_projectList;
     QHash<QString, List> m_elementLists; ///< The lists by the elements' folders; null for an element without one.
     std::vector<List> m_lists;
+    std::optional<quint64> m_listsRevision;              ///< Of the elements' folders, for these lists.
+    QHash<quint64, std::weak_ptr<CM_Palette>> m_holders; ///< The palettes of colours that were asked for.
+    quint64 m_holdersChange = 0;                         ///< The last change of places that they know of.
     std::vector<std::weak_ptr<CM_Palette>> m_known; ///< All palettes that were on a list since the project was opened.
     std::set<quint64> m_claimed;
 

@@ -23,7 +23,8 @@ Project::Project(const QString& path) : m_common(newId(), path)
 {
     palettes().setPath(path);
     palettes().setLock(m_lock);
-    palettes().setElementFolders([this] { return elementFolders(m_common.elements()); });
+    palettes().setElementFolders(
+        {[this] { return elementFolders(m_common.elements()); }, [this] { return m_common.elements().revision(); }});
 }
 
 Project::~Project() = default;

@@ -167,6 +167,33 @@ TEST_F(PaletteStoreTest, ThePaletteOfAColourAndTheListOfAPaletteAreFound)
     EXPECT_EQ(manager().GetPalette(UT_Id(1)), nullptr);
 }
 
+TEST_F(PaletteStoreTest, AColourIsThatOfTheFirstPaletteThatHasItWhateverCameAndWent)
+{
+    const Palette skin = add("Skin");
+    const Palette cloth = add("Cloth");
+    const auto later = solid("Later");
+    ASSERT_TRUE(cloth->AddColor(later));
+    const UT_Id id = later->GetID();
+    EXPECT_EQ(manager().GetColor(id), later);
+    EXPECT_EQ(manager().SearchParentPalette(id), cloth->GetID());
+    EXPECT_EQ(manager().GetColor(UT_Id(1)), nullptr);
+
+    const CM_Palette::Entry earlier = later->Clone(false); // The same identity, in a palette that stands before.
+    ASSERT_TRUE(skin->InsertColor(earlier, 0));
+    EXPECT_EQ(manager().GetColor(id), earlier);
+    EXPECT_EQ(manager().SearchParentPalette(id), skin->GetID());
+    ASSERT_TRUE(list()->RemovePalette(skin->GetID()));
+    EXPECT_EQ(manager().GetColor(id), later);
+    ASSERT_TRUE(list()->InsertPalette(skin, 0));
+    EXPECT_EQ(manager().GetColor(id), earlier);
+    ASSERT_TRUE(skin->RemoveColor(id));
+    EXPECT_EQ(manager().GetColor(id), later);
+    ASSERT_TRUE(cloth->RemoveColor(id));
+    EXPECT_EQ(manager().GetColor(id), nullptr);
+    close();
+    EXPECT_EQ(manager().GetColor(cloth->GetColorId(0)), nullptr);
+}
+
 TEST_F(PaletteStoreTest, APaletteIsOnDiskOnceItIsSavedAndItsChangesWithTheProject)
 {
     const Palette skin = add("Skin");
