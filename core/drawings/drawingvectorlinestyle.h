@@ -52,11 +52,14 @@ public:
     void setType(const QString& type);
     double getThickness() const; ///< The full width of a line without a thickness path; not negative.
     void setThickness(double thickness);
-    bool getLine() const;               ///< Whether it marks a line: of type stroke, hair or thick.
-    bool getVisible() const;            ///< Whether pictures show the line: of type hair or thick.
-    QVariant getTextureScaling() const; ///< The size of one picture along and across the line, a Vector2d.
+    bool getLine() const;    ///< Whether it marks a line: of type stroke, hair or thick.
+    bool getVisible() const; ///< Whether pictures show the line: of type hair or thick.
+    /// By how many times a picture of the texture is enlarged along and across the line, a Vector2d. At (1, 1) it is as
+    /// wide as the line; tiled, it is as long as its form asks for, else as long as the line. Below 0 it is mirrored.
+    QVariant getTextureScaling() const;
     void setTextureScaling(const QVariant& scaling);
-    QVariant getTextureOffset() const; ///< By how much the texture is moved along and across the line, a Vector2d.
+    QVariant
+    getTextureOffset() const; ///< By how many of its lengths and widths a picture is moved, forwards and to the left.
     void setTextureOffset(const QVariant& offset);
     bool getTextureTiled() const; ///< Whether the texture repeats.
     void setTextureTiled(bool tiled);
@@ -68,7 +71,8 @@ public:
     void setOpacityTextureOffset(const QVariant& offset);
     bool getOpacityTextureTiled() const; ///< Whether the opacity texture repeats.
     void setOpacityTextureTiled(bool tiled);
-    bool getTextureWrapAtTip() const; ///< Whether textures go on over the tips of the line.
+    bool
+    getTextureWrapAtTip() const; ///< Whether textures cover the tips of the line as well; else tips continue its ends.
     void setTextureWrapAtTip(bool wrap);
     bool getOpacityTextured() const; ///< Whether it names an opacity texture.
     bool getTextured() const;        ///< Whether its colour is a texture of a palette of the open project.

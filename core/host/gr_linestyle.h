@@ -7,8 +7,14 @@
 /// How the line of a stroke is drawn: its type, the identity of its colour, its thickness, and how textures lie on it.
 /// A value; who holds a copy owns it. It is equal to another when all fields are.
 ///
-/// A texture runs along the line: its x along the stroke, its y across. Its scaling says how many units of the drawing
-/// one picture covers in each direction; its offset moves it by as many units.
+/// A texture runs along the line: its x along the stroke, and its y across, from the right edge to the left one. With a
+/// scaling of (1, 1), one picture covers the width of the line at each place. One that repeats is as long as its form
+/// asks for where the line is widest; any other one covers the line from its start to its end, and what lies outside of
+/// it is transparent. The scaling makes it so many times as long, from the start, and as wide, about the middle; below
+/// 0 it is mirrored, and at 0 not seen. The offset moves it forwards by so many of its lengths, and to the left by so
+/// many of its widths.
+///
+/// A gradient runs along the line from its start to its end, or, radial, from the middle of the line to both edges.
 class BRINDLE_HOST_EXPORT GR_LineStyle {
 public:
     enum Type {
@@ -60,7 +66,8 @@ public:
     bool isOpacityTextureTiled() const { return m_opacityTexture.tiled; }
     void setOpacityTextureTiled(bool tiled) { m_opacityTexture.tiled = tiled; }
 
-    bool isTextureWrapAtTip() const { return m_wrapAtTip; } ///< Whether textures go on over the tips of the line.
+    /// Whether the line's tips count to its length; else they continue what its ends show.
+    bool isTextureWrapAtTip() const { return m_wrapAtTip; }
     void setTextureWrapAtTip(bool wrap) { m_wrapAtTip = wrap; }
 
     /// Whether the identity of the colour names a texture of a palette of the open project.

@@ -35,6 +35,20 @@ struct GR_OutlinePieces {
     std::vector<int> ends;             ///< Behind the last point of each piece.
 };
 
+/// Straight cuts across a line, in their order along it, and what lies on it between two of them. They go on over the
+/// tips, and turn where the path does.
+struct GR_LineCuts {
+    struct Cut {
+        Math::Point2d right; ///< The edges of the line, as seen along the stroke.
+        Math::Point2d left;
+        double distance;     ///< From the start of the path, along it: below 0, or above its length, on the tips.
+        double overhang = 0; ///< By how much a tip is wider here, on one side.
+    };
+    std::vector<Cut> cuts;
+    double length = 0; ///< Of the path.
+    double width = 0;  ///< The largest one of the line.
+};
+
 /// Everything that a stroke is made of: a value, from which strokes are inserted, and of which they give copies.
 /// Coordinates are those of the drawing's art. Copies share the path, which never changes: it stays where it is while
 /// one of them has it.
@@ -69,6 +83,8 @@ public:
     /// is in units of the drawing, finite and above 0 (else std::invalid_argument). Throws std::domain_error when a
     /// point of the path is not finite.
     GR_OutlinePieces GetOutline(double tolerance) const;
+    /// Where things lie along and across the same area, under the same conditions.
+    GR_LineCuts GetCuts(double tolerance) const;
 
     bool operator==(const GR_StrokeData& other) const;
 

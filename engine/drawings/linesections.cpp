@@ -143,11 +143,13 @@ Math::Vector2d LineSpan::along(double t) const
     return way == Math::Vector2d{} ? m_from : way;
 }
 
-LineSections::LineSections(const LineForm& form) : m_form(form), m_measured(!form.hasConstantWidths())
+LineSections::LineSections(const LineForm& form, bool measured)
+    : m_form(form),
+      m_measured(measured || !form.hasConstantWidths())
 {
     for (unsigned int i = 0; i < form.path->GetNumBezier(); ++i)
         addCurve(planeCurve(form.path->GetBezier(i)));
-    if (m_measured)
+    if (!form.hasConstantWidths())
         cutAtKeys();
     measure();
 }
@@ -228,13 +230,19 @@ void LineSections::cutAtKeys()
     m_spans = std::move(cut);
 }
 
+double LineSections::lengthUntil(int span, double t) const
+{
+    const auto index = static_cast<std::size_t>(span);
+    return m_before[index] + m_spans[index].lengthUntil(t);
+}
+
 LineSection LineSections::at(int span, double t) const
 {
     const auto index = static_cast<std::size_t>(span);
     const LineSpan& on = m_spans[index];
     double share = 0;
     if (m_measured && m_length > 0)
-        share = std::min(1.0, (m_before[index] + on.lengthUntil(t)) / m_length);
+        share = std::min(1.0, lengthUntil(span, t) / m_length);
     return {on.curve().at(t), on.along(t), m_form.widthsAt(share)};
 }
 

@@ -1,5 +1,6 @@
 #include "engine/drawings/outline.h"
 
+#include "engine/drawings/linepieces.h"
 #include "engine/drawings/outlineshape.h"
 
 #include <algorithm>
@@ -92,20 +93,13 @@ std::size_t chordsOfCurve(const PlaneCurve& curve, double tolerance)
     return static_cast<std::size_t>(std::clamp(count, 1.0, most));
 }
 
-bool isNearSegment(const Math::Point2d& point, const Math::Point2d& from, const Math::Point2d& to, double tolerance)
-{
-    const Math::Vector2d way = to - from;
-    const double square = way.dot(way);
-    const double place = square > 0 ? std::clamp((point - from).dot(way) / square, 0.0, 1.0) : 0;
-    return distanceSquared(point, from + way * place) <= tolerance * tolerance;
-}
-
 /// Makes one outline with one tolerance.
 class OutlineMaker {
 public:
     OutlineMaker(const LineForm& form, const LineSections& sections, double tolerance)
         : m_form(form),
           m_sections(sections),
+          m_pieces(sections, tolerance),
           m_tolerance(tolerance),
           m_mostPieces(mostOutlinePieces + 2 * static_cast<std::size_t>(sections.spanCount()))
     {}
@@ -126,7 +120,13 @@ public:
         LineSection last = start;
         for (int span = 0; span < count; ++span) {
             last = m_sections.at(span, 1);
-            addSpan(span, {0, start}, cutAt(span, 0.5), {1, last}, 0);
+            m_pieces.cut(span, start, last, [this](const LineCut& from, const LineCut& to) {
+                m_outline.add(std::array{from.right, to.right, to.left, from.left});
+                m_tooMany = m_outline.pieceCount() > m_mostPieces;
+                return !m_tooMany;
+            });
+            if (m_tooMany)
+                return false;
             if (span + 1 == count)
                 break;
             start = m_sections.at(span + 1, 0);
@@ -141,46 +141,12 @@ public:
             addTip(startTip(m_form, first));
             addTip(endTip(m_form, last));
         }
-        return !m_tooMany;
+        return true;
     }
 
     Outline takeOutline() { return std::move(m_outline); }
 
 private:
-    struct Cut {
-        double t;
-        LineSection section;
-        Math::Point2d left = section.left();
-        Math::Point2d right = section.right();
-    };
-
-    Cut cutAt(int span, double t) const { return {t, m_sections.at(span, t)}; }
-
-    void addSpan(int span, const Cut& from, const Cut& middle, const Cut& to, int depth)
-    {
-        constexpr int deepest = 16;
-        if (m_outline.pieceCount() > m_mostPieces)
-            m_tooMany = true;
-        if (m_tooMany)
-            return;
-        const Cut before = cutAt(span, std::lerp(from.t, middle.t, 0.5));
-        const Cut behind = cutAt(span, std::lerp(middle.t, to.t, 0.5));
-        if (depth == deepest ||
-            (isStraight(from, middle, to) && isStraight(from, before, to) && isStraight(from, behind, to))) {
-            m_outline.add(std::array{from.right, to.right, to.left, from.left});
-            return;
-        }
-        addSpan(span, from, before, middle, depth + 1);
-        addSpan(span, middle, behind, to, depth + 1);
-    }
-
-    bool isStraight(const Cut& from, const Cut& between, const Cut& to) const
-    {
-        return isNearSegment(between.section.place, from.section.place, to.section.place, m_tolerance) &&
-               isNearSegment(between.left, from.left, to.left, m_tolerance) &&
-               isNearSegment(between.right, from.right, to.right, m_tolerance);
-    }
-
     void addCorner(const LineSection& before, const LineSection& behind)
     {
         for (const CornerSector& sector : cornerSectors(before, behind)) {
@@ -215,6 +181,7 @@ private:
 
     const LineForm& m_form;
     const LineSections& m_sections;
+    LinePieces m_pieces;
     double m_tolerance;
     std::size_t m_mostPieces; ///< The bound, and one piece and one corner for each span.
     bool m_tooMany = false;
@@ -308,20 +275,17 @@ void Outline::addTriangles(std::span<const Math::Point2d> polygon)
 
 Outline outlineOf(const LineForm& form, double tolerance)
 {
-    if (!std::isfinite(tolerance) || tolerance <= 0)
-        throw std::invalid_argument("The tolerance of an outline must be a finite number above 0.");
+    Outline outline;
     const LineSections sections(form);
-    if (form.largestHalfWidth() == 0)
-        return {};
-    Math::Box2d box = form.path->GetBox();
-    box.Enlarge(form.largestHalfWidth(), form.largestHalfWidth());
-    const double size = std::max(box.width(), box.height());
-    constexpr double finest = 1e-9; // of the size
-    for (tolerance = std::max(tolerance, finest * size);; tolerance *= 4) {
-        OutlineMaker maker(form, sections, tolerance);
-        if (maker.make() || tolerance > size || !std::isfinite(tolerance))
-            return maker.takeOutline();
-    }
+    withTolerance(form, tolerance, [&](double possible) {
+        if (form.largestHalfWidth() == 0)
+            return true;
+        OutlineMaker maker(form, sections, possible);
+        const bool isMade = maker.make();
+        outline = maker.takeOutline();
+        return isMade;
+    });
+    return outline;
 }
 
 } // namespace brindle::engine

@@ -1,5 +1,6 @@
 #include "engine/drawings/strokebounds.h"
 
+#include "engine/drawings/linecuts.h"
 #include "engine/drawings/outline.h"
 
 namespace brindle::engine {
@@ -33,4 +34,9 @@ GR_OutlinePieces GR_StrokeData::GetOutline(double tolerance) const
         pieces.ends.push_back(static_cast<int>(pieces.points.size()));
     }
     return pieces;
+}
+
+GR_LineCuts GR_StrokeData::GetCuts(double tolerance) const
+{
+    return brindle::engine::lineCuts(brindle::engine::LineForm::of(*this), tolerance);
 }

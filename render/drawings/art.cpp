@@ -33,20 +33,15 @@ bool isHair(const GR_StrokeData& stroke)
     return stroke.GetLineStyle().GetType() == GR_LineStyle::kHair;
 }
 
-/// The outline of a line that is one pixel wide.
-GR_OutlinePieces hairOutline(GR_StrokeData stroke, double scale)
+/// A hair line as one that is a pixel wide.
+GR_StrokeData hairLine(GR_StrokeData stroke, double scale)
 {
     GR_LineStyle style = stroke.GetLineStyle();
     style.SetType(GR_LineStyle::kThick);
     style.SetThickness(1 / scale);
     stroke.SetLineStyle(style);
     stroke.CopyThicknessBinder(GR_ThicknessBinder());
-    return stroke.GetOutline(kTolerance / scale);
-}
-
-StrokePieces piecesOf(GR_OutlinePieces&& outline)
-{
-    return {std::move(outline.points), std::move(outline.ends)};
+    return stroke;
 }
 
 } // namespace
@@ -167,14 +162,20 @@ void Art::addStrokes(const GR_Layer& layer, QStringList& remarks)
         const GR_StrokeData& stroke = (*next)->GetStrokeData();
         if (!stroke.GetLineStyle().IsVisible())
             continue;
-        const CM_Palette::Entry entry = look(stroke.GetLineStyle().GetColorID());
-        if (const auto texture = CM_CastToTexture(entry))
-            remarks.append(QStringLiteral("Lines can't be painted with a texture; those with \"%1\" are left out.")
-                               .arg(texture->GetColorName()));
-        else if (const PaintPointer paint = linePaintOf(entry)) {
-            to.lines.push_back({stroke, paint});
-            m_hasHair |= isHair(stroke);
-        }
+        const GR_LineStyle& style = stroke.GetLineStyle();
+        const CM_Palette::Entry opacity = style.isOpacityTextured() ? look(style.GetOpacityColorID()) : nullptr;
+        if (opacity && !CM_CastToTexture(opacity))
+            remarks.append(QStringLiteral("The colour \"%1\" is no texture; no line is thinned by it.")
+                               .arg(opacity->GetColorName()));
+        const std::optional<LinePaint> paint = m_palettes->linePaint(style, look(style.GetColorID()), opacity);
+        if (!paint)
+            continue;
+        const auto* solid = std::get_if<SolidPaint>(&paint->colour);
+        if (solid && !paint->opacity)
+            to.lines.push_back({stroke, std::make_shared<Paint>(*solid), nullptr});
+        else
+            to.lines.push_back({stroke, nullptr, std::make_shared<LinePaint>(*paint)});
+        m_hasHair |= isHair(stroke);
     }
 }
 
@@ -214,7 +215,7 @@ void Art::addBitmap(const GR_BitmapLayer& bitmap)
 Art::PaintPointer Art::paintFor(const GR_Color& colour)
 {
     const CM_Palette::Entry texture = colour.HasTexture() ? look(colour.GetTextureID()) : nullptr;
-    return paintOf(colour, look(colour.GetColorID()), texture);
+    return m_palettes->areaPaint(colour, look(colour.GetColorID()), texture);
 }
 
 CM_Palette::Entry Art::look(const CM_ColorId_t& id)
@@ -250,6 +251,13 @@ bool Art::isUpToDate(PalettePaints& palettes) const
     });
 }
 
+Art::Outline Art::outlineOf(const Line& line, double tolerance)
+{
+    GR_OutlinePieces pieces = line.stroke.GetOutline(tolerance);
+    return {{std::move(pieces.points), std::move(pieces.ends)},
+            line.along ? line.stroke.GetCuts(tolerance) : GR_LineCuts()};
+}
+
 std::shared_ptr<const Art::Outlines> Art::outlinesAt(double scale) const
 {
     const int bucket = bucketOf(scale);
@@ -262,10 +270,10 @@ std::shared_ptr<const Art::Outlines> Art::outlinesAt(double scale) const
     auto outlines = std::make_shared<Outlines>();
     qint64 bytes = 0;
     for (const Layer& layer : m_layers) {
-        std::vector<StrokePieces>& pieces = outlines->emplace_back();
+        std::vector<Outline>& lines = outlines->emplace_back();
         for (const Line& line : layer.lines) {
-            pieces.push_back(isHair(line.stroke) ? StrokePieces() : piecesOf(line.stroke.GetOutline(tolerance)));
-            bytes += pieces.back().bytes();
+            lines.push_back(isHair(line.stroke) ? Outline() : outlineOf(line, tolerance));
+            bytes += lines.back().bytes();
         }
     }
     if (memory && bytes > 0)
@@ -281,6 +289,8 @@ bool Art::findLight() const
     std::size_t lines = 0;
     for (const Layer& layer : m_layers) {
         lines += layer.lines.size();
+        if (std::any_of(layer.lines.begin(), layer.lines.end(), [](const Line& line) { return line.along != nullptr; }))
+            return false;
         for (const Group& group : layer.groups) {
             for (const Area& area : group.areas) {
                 if (std::holds_alternative<TexturePaint>(*area.paint))
@@ -305,8 +315,10 @@ QRect Art::reach(const QSize& size, const QTransform& place) const
     return covered.toAlignedRect() & QRect({}, size);
 }
 
-void Art::drawOn(Rasteriser& rasteriser, double scale) const
+/// Draws all that lies in a box of the picture; `place` leads to its pixels.
+void Art::drawOn(Rasteriser& rasteriser, const QRect& box, const QTransform& place) const
 {
+    const double scale = scaleOf(place);
     const std::shared_ptr<const Outlines> outlines = outlinesAt(scale);
     const auto facesOf = [](const std::vector<Area>& areas) {
         std::vector<Face> faces;
@@ -319,25 +331,39 @@ void Art::drawOn(Rasteriser& rasteriser, double scale) const
         const Layer& layer = m_layers[i];
         for (const Group& group : layer.groups)
             rasteriser.addFaces(facesOf(group.areas), group.how);
-        std::vector<StrokePieces> hairs;
+        std::vector<Outline> hairs;
         hairs.reserve(layer.lines.size());
         std::vector<Stroke> strokes;
-        for (std::size_t line = 0; line < layer.lines.size(); ++line) {
-            const StrokePieces* pieces = &(*outlines)[i][line];
-            if (isHair(layer.lines[line].stroke))
-                pieces = &hairs.emplace_back(piecesOf(hairOutline(layer.lines[line].stroke, scale)));
-            if (!pieces->isEmpty())
-                strokes.push_back({pieces, layer.lines[line].paint.get()});
+        const auto addStrokes = [&] {
+            if (!strokes.empty())
+                rasteriser.addStrokes(strokes);
+            strokes.clear();
+        };
+        for (std::size_t number = 0; number < layer.lines.size(); ++number) {
+            const Line& line = layer.lines[number];
+            const Outline* outline = &(*outlines)[i][number];
+            if (isHair(line.stroke))
+                outline = &hairs.emplace_back(
+                    outlineOf({hairLine(line.stroke, scale), line.paint, line.along}, kTolerance / scale));
+            if (outline->pieces.isEmpty())
+                continue;
+            if (line.paint) {
+                strokes.push_back({&outline->pieces, line.paint.get()});
+            } else if (auto colours = paintAlong(outline->cuts, *line.along, box, place)) {
+                // Its pixels go before those of the next line are made.
+                const Paint paint = std::move(*colours);
+                strokes.push_back({&outline->pieces, &paint});
+                addStrokes();
+            }
         }
-        if (!strokes.empty())
-            rasteriser.addStrokes(strokes);
+        addStrokes();
     }
 }
 
 Picture Art::draw(const QSize& size, const QTransform& place) const
 {
-    return drawnInBox(size, reach(size, place), place,
-                      [&](Rasteriser& rasteriser) { drawOn(rasteriser, scaleOf(place)); });
+    const QRect box = reach(size, place);
+    return drawnInBox(size, box, place, [&](Rasteriser& rasteriser) { drawOn(rasteriser, box, place); });
 }
 
 Picture Art::drawOver(Picture below, std::span<const PlacedArt> drawings, int threads)
@@ -370,7 +396,7 @@ Picture Art::drawOver(Picture below, std::span<const PlacedArt> drawings, int th
             rasteriser->beginAbove(
                 QImage(bytes, pixels.width(), pixels.height(), pixels.bytesPerLine(), pixels.format()),
                 drawings[i].place * toPixels, rows.translated(-corner));
-            drawings[i].art->drawOn(*rasteriser, scaleOf(drawings[i].place));
+            drawings[i].art->drawOn(*rasteriser, reaches[i] & rows, drawings[i].place);
             rasteriser->endLayer();
         }
     });

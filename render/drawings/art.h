@@ -54,7 +54,8 @@ private:
     };
     struct Line {
         GR_StrokeData stroke;
-        PaintPointer paint;
+        PaintPointer paint;                     ///< Null where its colours follow the line:
+        std::shared_ptr<const LinePaint> along; ///< these then.
     };
     struct Found {
         Area area;
@@ -78,7 +79,17 @@ private:
         std::shared_ptr<const BM_Bitmap> bitmap{};
         bool isTiled = false;
     };
-    using Outlines = std::vector<std::vector<StrokePieces>>; ///< By layer and line.
+    /// The area of a line; its cuts where colours follow it.
+    struct Outline {
+        StrokePieces pieces;
+        GR_LineCuts cuts;
+
+        qint64 bytes() const
+        {
+            return pieces.bytes() + static_cast<qint64>(cuts.cuts.capacity() * sizeof(GR_LineCuts::Cut));
+        }
+    };
+    using Outlines = std::vector<std::vector<Outline>>; ///< By layer and line.
 
     static std::vector<std::vector<Found>> neighbours(std::vector<Found> areas);
     void addArt(const GR_VectorDrawingObj& art, QStringList& remarks);
@@ -89,10 +100,11 @@ private:
     PaintPointer paintFor(const GR_Color& colour);
     CM_Palette::Entry look(const CM_ColorId_t& id);
     static Look lookOf(const CM_ColorId_t& id, const CM_Palette::Entry& entry);
+    static Outline outlineOf(const Line& line, double tolerance);
     std::shared_ptr<const Outlines> outlinesAt(double scale) const;
 
     QRect reach(const QSize& size, const QTransform& place) const;
-    void drawOn(Rasteriser& rasteriser, double scale) const;
+    void drawOn(Rasteriser& rasteriser, const QRect& box, const QTransform& place) const;
     bool findLight() const;
 
     std::vector<Layer> m_layers;

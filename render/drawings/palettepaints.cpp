@@ -4,8 +4,6 @@
 #include "core/host/cm_palettemanager.h"
 #include "render/raster/placing.h"
 
-#include <QImage>
-
 namespace brindle::render {
 
 namespace {
@@ -15,16 +13,24 @@ QRgba64 colourOf(const CM_Rgba& rgba)
     return QRgba64::fromRgba(rgba.red(), rgba.green(), rgba.blue(), rgba.alpha());
 }
 
-std::shared_ptr<const Paint> paintOf(const CM_Texture& texture, const Math::Matrix2x3& matrix)
+GradientPaint gradientOf(const CM_Color& colour)
 {
-    const std::shared_ptr<const BM_Bitmap> bitmap = texture.GetBitmap();
-    QImage picture = bitmap ? QImage::fromData(bitmap->Png(), "PNG") : QImage();
-    if (picture.isNull())
-        return nullptr;
-    // The picture covers the square from (0, 0) to (1, 1), with y up.
-    const QTransform toSquare(1.0 / picture.width(), 0, 0, -1.0 / picture.height(), 0, 1);
-    const bool isTiled = texture.IsTile();
-    return std::make_shared<Paint>(TexturePaint{std::move(picture), isTiled, toSquare * transformOf(matrix)});
+    GradientPaint gradient;
+    gradient.form = colour.GetColorType() == CM_Color::kLinearGradient ? GradientPaint::Linear : GradientPaint::Radial;
+    for (const CM_GradientData& marker : colour.gradientDataCol())
+        gradient.stops.push_back({marker.position, colourOf(marker.rgba)});
+    return gradient;
+}
+
+/// Whether it is the same colour all over.
+bool isPlain(const CM_Color& colour)
+{
+    return colour.GetColorType() == CM_Color::kSolid || colour.Size() < 2;
+}
+
+SolidPaint plainOf(const CM_Color& colour)
+{
+    return {colourOf(colour.Size() > 0 ? colour.GetColorMarker(0).rgba : CM_Rgba(0, 0, 0, 255))};
 }
 
 } // namespace
@@ -35,11 +41,7 @@ CM_Palette::Entry PalettePaints::find(const CM_ColorId_t& id)
         return nullptr;
     if (const auto known = m_found.constFind(id.value()); known != m_found.constEnd())
         return *known;
-    CM_Palette::Entry entry;
-    if (!m_lists)
-        m_lists = CM_PaletteManager::GetInstance()->paletteLists();
-    for (auto list = m_lists->begin(); list != m_lists->end() && !entry; ++list)
-        entry = (*list)->GetColor(id);
+    const CM_Palette::Entry entry = CM_PaletteManager::GetInstance()->GetColor(id);
     if (!entry)
         m_missing.append(
             QStringLiteral("No palette has the colour %1; nothing is painted with it.").arg(id.AsString()));
@@ -50,31 +52,64 @@ CM_Palette::Entry PalettePaints::find(const CM_ColorId_t& id)
     return entry;
 }
 
-std::shared_ptr<const Paint> paintOf(const GR_Color& colour, const CM_Palette::Entry& entry,
-                                     const CM_Palette::Entry& texture)
+QImage PalettePaints::pictureOf(const CM_Texture& texture)
 {
-    if (const auto picture = CM_CastToTexture(texture ? texture : entry))
-        return paintOf(*picture, colour.GetTextureMatrix());
+    const std::shared_ptr<const BM_Bitmap> bitmap = texture.GetBitmap();
+    if (!bitmap)
+        return {};
+    QImage& picture = m_pictures[bitmap.get()];
+    if (picture.isNull())
+        picture = QImage::fromData(bitmap->Png(), "PNG");
+    return picture;
+}
+
+std::shared_ptr<const Paint> PalettePaints::areaPaint(const GR_Color& colour, const CM_Palette::Entry& entry,
+                                                      const CM_Palette::Entry& texture)
+{
+    if (const auto shown = CM_CastToTexture(texture ? texture : entry)) {
+        QImage picture = pictureOf(*shown);
+        if (picture.isNull())
+            return nullptr;
+        // The picture covers the square from (0, 0) to (1, 1), with y up.
+        const QTransform toSquare(1.0 / picture.width(), 0, 0, -1.0 / picture.height(), 0, 1);
+        return std::make_shared<Paint>(
+            TexturePaint{std::move(picture), shown->IsTile(), toSquare * transformOf(colour.GetTextureMatrix())});
+    }
     const std::shared_ptr<CM_Color> known = CM_CastToColor(entry);
     if (!known)
         return nullptr;
-    if (known->GetColorType() == CM_Color::kSolid || known->Size() < 2)
-        return linePaintOf(entry);
-    GradientPaint gradient;
-    gradient.form = known->GetColorType() == CM_Color::kLinearGradient ? GradientPaint::Linear : GradientPaint::Radial;
-    for (const CM_GradientData& marker : known->gradientDataCol())
-        gradient.stops.push_back({marker.position, colourOf(marker.rgba)});
+    if (isPlain(*known))
+        return std::make_shared<Paint>(plainOf(*known));
+    GradientPaint gradient = gradientOf(*known);
     gradient.place = transformOf(colour.GetMatrix());
     return std::make_shared<Paint>(std::move(gradient));
 }
 
-std::shared_ptr<const Paint> linePaintOf(const CM_Palette::Entry& entry)
+std::optional<LinePaint> PalettePaints::linePaint(const GR_LineStyle& style, const CM_Palette::Entry& colour,
+                                                  const CM_Palette::Entry& opacity)
 {
-    const std::shared_ptr<CM_Color> colour = CM_CastToColor(entry);
-    if (!colour)
-        return nullptr;
-    const CM_Rgba rgba = colour->Size() > 0 ? colour->GetColorMarker(0).rgba : CM_Rgba(0, 0, 0, 255);
-    return std::make_shared<Paint>(SolidPaint{colourOf(rgba)});
+    LinePaint paint;
+    paint.coversTips = style.isTextureWrapAtTip();
+    if (const auto texture = CM_CastToTexture(colour)) {
+        const QImage picture = pictureOf(*texture);
+        if (picture.isNull())
+            return std::nullopt;
+        paint.colour =
+            LineTexture{picture, style.getTextureScaling(), style.getTextureOffset(), style.isTextureTiled()};
+    } else if (const auto known = CM_CastToColor(colour)) {
+        if (isPlain(*known))
+            paint.colour = plainOf(*known);
+        else
+            paint.colour = gradientOf(*known);
+    } else {
+        return std::nullopt;
+    }
+    if (const auto texture = CM_CastToTexture(opacity)) {
+        if (const QImage picture = pictureOf(*texture); !picture.isNull())
+            paint.opacity = LineTexture{picture, style.getOpacityTextureScaling(), style.getOpacityTextureOffset(),
+                                        style.isOpacityTextureTiled()};
+    }
+    return paint;
 }
 
 } // namespace brindle::render

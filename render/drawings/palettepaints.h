@@ -1,15 +1,16 @@
 #pragma once
 
-#include "core/host/cm_palettelist.h"
+#include "core/host/cm_palette.h"
 #include "core/host/gr_color.h"
+#include "render/drawings/linepaint.h"
 #include "render/raster/paint.h"
 
 #include <QHash>
+#include <QImage>
 #include <QStringList>
 
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace brindle::render {
 
@@ -21,19 +22,23 @@ public:
     /// so is a texture without a picture.
     CM_Palette::Entry find(const CM_ColorId_t& id);
 
+    /// What an area is painted with, by its colour and the palette's entry for it; none for null.
+    std::shared_ptr<const Paint> areaPaint(const GR_Color& colour, const CM_Palette::Entry& entry,
+                                           const CM_Palette::Entry& texture);
+    /// What a line is painted with, by the palette's entries for its colour and its opacity texture; nothing for a
+    /// colour of null.
+    std::optional<LinePaint> linePaint(const GR_LineStyle& style, const CM_Palette::Entry& colour,
+                                       const CM_Palette::Entry& opacity);
+
     /// A line for each entry that is missing, or has no picture.
     const QStringList& missing() const { return m_missing; }
 
 private:
-    std::optional<std::vector<std::shared_ptr<CM_PaletteList>>> m_lists; ///< Once an entry was looked for.
+    QImage pictureOf(const CM_Texture& texture);
+
     QHash<quint64, CM_Palette::Entry> m_found;
+    QHash<const BM_Bitmap*, QImage> m_pictures; ///< Of textures.
     QStringList m_missing;
 };
-
-/// What an area is painted with, by its colour and the palette's entry for it; none for null.
-std::shared_ptr<const Paint> paintOf(const GR_Color& colour, const CM_Palette::Entry& entry,
-                                     const CM_Palette::Entry& texture);
-/// The same for a line: gradients have no matrix there, and their first colour counts.
-std::shared_ptr<const Paint> linePaintOf(const CM_Palette::Entry& entry);
 
 } // namespace brindle::render

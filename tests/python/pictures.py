@@ -1,8 +1,12 @@
 """Pictures to look at: drawings, nodes that show them, and pixels of what they show."""
 
+import tempfile
+
 import brindle
 import numpy
 from brindle import render
+
+import palettes
 
 # A picture of 192 x 144 pixels spans the field chart of a project from its lower to its upper edge: 12 units of 1200/12
 # of a drawing are 6 pixels high, and the middle of a drawing is the corner of four pixels.
@@ -41,6 +45,13 @@ class Stage:
         """The id of a new colour."""
         return self.palette.create_solid_colour(f"Colour {len(self.palette)}", list(rgba)).id
 
+    def texture(self, name, rows, tiled=False):
+        """The id of a new texture of rows of colours."""
+        with tempfile.NamedTemporaryFile(suffix=".png") as file:
+            file.write(palettes.png_of_rows(len(rows[0]), [bytes(channel for pixel in row for channel in pixel) for row in rows]))
+            file.flush()
+            return self.palette.create_texture(name, file.name, -1, tiled).id
+
     def read(self, name, frames=60):
         """A node with a new drawing on its first frames; gives the node and the drawing."""
         column = self.scene.columns.create("DRAWING", name, {"createNode": False})
@@ -64,10 +75,12 @@ class Stage:
         sides = {"colour_left": paint, "colour_right": paint}
         return self.strokes(drawing, [{"path": shape, "line_style": NO_LINE} | sides], art, layer)
 
-    def line(self, drawing, shape, colour, thickness, art="line", layer=None, kind="THICK_LINESTYLE"):
-        """Adds a stroke with a line whose thickness is in pixels. Gives the layer."""
+    def line(self, drawing, shape, colour, thickness, art="line", layer=None, kind="THICK_LINESTYLE", **styles):
+        """Adds a stroke with a line whose thickness is in pixels, and more properties of its style. Gives the layer."""
         style = brindle.DrawingVectorLineStyle()
         style.type, style.colour_id, style.thickness = kind, colour, UNITS * thickness
+        for name, value in styles.items():
+            setattr(style, name, value)
         return self.strokes(drawing, [{"path": shape, "line_style": style}], art, layer)
 
     def cells(self, drawing, corner, count, paint):

@@ -5,6 +5,7 @@ that fails, the picture, the expected one and their difference, eight times as s
 BRINDLE_WRITE_PAGES=1 writes those in tests/render/golden anew.
 """
 
+import math
 import os
 
 import brindle
@@ -23,23 +24,36 @@ MOST, MOST_PIXELS = 2, 0.01
 MODES = ("NORMAL", "MULTIPLY", "SCREEN", "OVERLAY", "DARKEN", "LIGHTEN", "ADD", "DIFFERENCE", "EXCLUSION", "SOFT_LIGHT",
          "HARD_LIGHT")
 
+# Two courses of bricks, the lower one lighter; and alpha that grows to the right, twice as fast in every second row.
+BRICKS = [[(200, 70 + 20 * row, 40, 255) if (column + row // 4 * 4) % 8 and row % 4 else (250, 240, 220, 255)
+           for column in range(16)] for row in range(8)]
+FADE = [[(0, 0, 0, min(255, 36 * column * (1 + row % 2))) for column in range(8)] for row in range(4)]
 
-def matrix(width, height, x=0, y=0):
-    """From the unit square to a rectangle in pixels."""
-    return brindle.Matrix([UNITS * width, 0, 0, 0, 0, UNITS * height, 0, 0, 0, 0, 1, 0, UNITS * x, UNITS * y, 0, 1])
+
+def matrix(width, height, x=0, y=0, angle=0):
+    """From the unit square to a rectangle in pixels, turned about its lower left corner."""
+    turn = math.radians(angle)
+    right, up = (math.cos(turn), math.sin(turn)), (-math.sin(turn), math.cos(turn))
+    return brindle.Matrix([UNITS * width * right[0], UNITS * width * right[1], 0, 0,
+                           UNITS * height * up[0], UNITS * height * up[1], 0, 0, 0, 0, 1, 0, UNITS * x, UNITS * y, 0, 1])
 
 
 def circle(x, y, radius):
     return brindle.BezierPath.create_circle(UNITS * x, UNITS * y, UNITS * radius)
 
 
+def curve(*points):
+    """One curve from the first point to the last."""
+    made, bezier = brindle.BezierPath(), brindle.Bezier()
+    for place, (x, y) in enumerate(points):
+        bezier[place] = [UNITS * x, UNITS * y]
+    made.bezier_append(bezier)
+    return made
+
+
 def wave():
     """One curve to the right, up and down again."""
-    curve, made = brindle.Bezier(), brindle.BezierPath()
-    for place, (x, y) in enumerate(((-60, -35), (-20, 70), (20, -90), (60, 15))):
-        curve[place] = [UNITS * x, UNITS * y]
-    made.bezier_append(curve)
-    return made
+    return curve((-60, -35), (-20, 70), (20, -90), (60, 15))
 
 
 def figure(stage):
@@ -149,13 +163,35 @@ def gradient(form):
 
 def texture(tiled):
     def make(stage):
-        file = support.ROOT / "tests" / "data" / "texture.png"
-        wood = stage.palette.create_texture("Wood", str(file), -1, tiled)
+        bricks = stage.texture("Bricks", BRICKS, tiled)
         node, drawing = stage.read("Texture")
-        paint = brindle.DrawingVectorColour(wood.id)
-        paint.texture_id = wood.id
-        paint.texture_matrix = matrix(50, 40, -30, -10)
+        paint = brindle.DrawingVectorColour(bricks)
+        paint.texture_id = bricks
+        paint.texture_matrix = matrix(50, 40, -30, -10, 20)
         stage.fill(drawing, circle(0, 0, 60), paint)
+        return node
+    return make
+
+
+def along(colour, **styles):
+    """Lines whose colours follow them: round corners, over themselves, and with a thickness that changes."""
+    def make(stage):
+        ids = {
+            "bricks": stage.texture("Bricks", BRICKS), "fade": stage.texture("Fade", FADE),
+            "dusk": stage.palette.create_linear_gradient_colour("Dusk", [250, 230, 40], 0, [90, 20, 180], 100).id,
+            "tube": stage.palette.create_radial_gradient_colour("Tube", [240, 250, 255], 0, [20, 60, 160, 200], 90).id,
+            "green": stage.colour(30, 90, 60)}
+        if "opacity_colour_id" in styles:
+            styles["opacity_colour_id"] = ids["fade"]
+        node, drawing = stage.read("Lines")
+        layer = None
+        for shape in (path((-75, 55), (-20, 55), (-60, 15), (-75, 30)), curve((0, 5), (130, 85), (-50, 85), (75, 5)),
+                      curve((-70, -45), (-20, 40), (20, -90), (75, -25))):
+            layer = stage.line(drawing, shape, ids[colour], 14, layer=layer, **styles)
+        keys = brindle.DrawingVectorThicknessPath([[0, 3 * UNITS, 3 * UNITS], [0.5, 12 * UNITS, 5 * UNITS],
+                                                   [1, 6 * UNITS, 9 * UNITS]])
+        with brindle.DrawingAccess.editing(drawing["line"]) as access:
+            access.stroke_set_thickness(list(layer.strokes)[2:], keys)
         return node
     return make
 
@@ -190,7 +226,13 @@ PICTURES = {
     **{f"mode-{name.lower()}": mode(name) for name in MODES},
     **{f"tip-{kind}": tip(kind) for kind in ("round", "flat", "bevel")}, "hair": hair,
     "gradient-linear": gradient("linear"), "gradient-radial": gradient("radial"),
-    "texture": texture(False), "texture-tiled": texture(True), "cells": cells, "crossed": crossed,
+    "texture": texture(False), "texture-tiled": texture(True),
+    "line-linear": along("dusk"), "line-radial": along("tube"), "line-texture": along("bricks"),
+    "line-texture-tiled": along("bricks", texture_tiled=True, texture_scaling=[1, 0.5], texture_wrap_at_tip=True),
+    "line-opacity": along("green", opacity_colour_id="fade", texture_wrap_at_tip=True),
+    "line-opacity-tiled": along("dusk", opacity_colour_id="fade", opacity_texture_tiled=True,
+                                opacity_texture_scaling=[3, -1], opacity_texture_offset=[0.5, 0]),
+    "cells": cells, "crossed": crossed,
 }
 
 

@@ -55,8 +55,11 @@ def frames(scene: brindle.Scene, callback: Callable[[int, brindle.Cel], object],
     `frames` are the frames' numbers; None stands for those from the scene's start to its stop frame. `node` is what is
     drawn, by default the scene's display. So many `threads` work on frames side by side, one for each processor by
     default, while the callback handles those before. A callback that gives False, or raises, stops the rest. Gives the
-    number of frames that the callback was called for.
+    number of frames that the callback was called for. Raises `brindle.Error` for a node of another scene, and as
+    `cel` does.
     """
+    if not callable(callback):
+        raise TypeError(f"The callback of frames() can't be called: it is of the type {type(callback).__name__}")
     done = 0
 
     def work(job: object, frame: int) -> brindle.Cel:
@@ -110,6 +113,8 @@ def _series(scene: brindle.Scene, frames: Iterable[int] | None, node: brindle.No
     """Does work on the jobs of frames, on so many threads, and hands its results over in their order until False."""
     if node is None:
         node = scene.display
+    elif node.parent_scene() != scene:
+        raise brindle.Error(f"The node {node.path} isn't in the scene {scene.name}.")
     if frames is None:
         frames = range(scene.frame_start, scene.frame_stop + 1)
     threads = max(threads or os.cpu_count() or 1, 1)
