@@ -3,6 +3,7 @@
 #include "core/host/msg_scope.h"
 #include "core/host/pl_filespec.h"
 #include "engine/cels/renderlibrary.h"
+#include "engine/session/colourfiles.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -52,7 +53,8 @@ QString ColorSpaceManager::configurationFile() const
     const QString named = qEnvironmentVariable("OCIO");
     if (!named.isEmpty())
         return named;
-    const QString own = m_projectFolder ? *m_projectFolder + QStringLiteral("/colour/config.ocio") : QString();
+    const QString own =
+        m_projectFolder ? *m_projectFolder + u'/' + QLatin1String(ColourFiles::configurationName) : QString();
     return !own.isEmpty() && QFileInfo::exists(own) ? own : QString();
 }
 

@@ -26,7 +26,10 @@ public:
     ProjectRecord record() const; ///< The part that is saved beside the scenes.
     std::vector<TUScene*> scenes() const { return m_common.scenes().scenes(); }
     /// What is saved with the scenes.
-    std::vector<ProjectFiles*> files() { return {&m_common.elementFiles(), &m_common.palettes()}; }
+    std::vector<ProjectFiles*> files()
+    {
+        return {&m_common.elementFiles(), &m_common.palettes(), &m_common.colourFiles()};
+    }
     PaletteStore& palettes() { return m_common.palettes(); }
 
     SC_Id id() const override { return m_common.id(); }

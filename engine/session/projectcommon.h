@@ -7,6 +7,7 @@
 #include "engine/history/commandmanager.h"
 #include "engine/palettes/palettestore.h"
 #include "engine/session/colorspaces.h"
+#include "engine/session/colourfiles.h"
 #include "engine/session/metrics.h"
 #include "engine/session/projectsettings.h"
 #include "engine/session/resolutions.h"
@@ -35,6 +36,7 @@ public:
     ElementManager& elements() { return m_elements; }
     const ElementManager& elements() const { return m_elements; }
     ElementFiles& elementFiles() { return m_elementFiles; }
+    ColourFiles& colourFiles() { return m_colourFiles; }
 
     const ProjectSettings& settings() const { return m_settings; }
     /// At once and not undoable: commands call it, with settings that are acceptable.
@@ -62,6 +64,7 @@ private:
     ColorSpaceManager m_colorSpaces{&m_path};
     ElementManager m_elements{*this};
     ElementFiles m_elementFiles{m_elements};
+    ColourFiles m_colourFiles{m_elements.contents()};
     PaletteStore m_palettes;
     DbSceneData m_dbSceneData{m_palettes};
     SceneManager m_scenes;

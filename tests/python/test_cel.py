@@ -320,6 +320,32 @@ def test_the_project_has_its_own_configuration_of_colours(app, folder, picture, 
         assert again.scene.colorspace == "half"
 
 
+def test_a_project_takes_its_configuration_of_colours_along(app, folder, tmp_path):
+    (folder / "colour" / "luts").mkdir(parents=True)
+    table = bytes(range(256)) * 500
+    (folder / "colour/luts/film.cube").write_bytes(table)
+    app.save_as(tmp_path / "without")
+    assert not (tmp_path / "without/colour").exists(), "without a configuration, the folder is somebody else's"
+    app.close()
+
+    (folder / "colour/config.ocio").write_text(CONFIGURATION)
+    with brindle.open(folder) as app:
+        app.save()
+        (tmp_path / "taken" / "colour").mkdir(parents=True)
+        with pytest.raises(brindle.Error, match='colour" is in the way: it is not the project\'s'):
+            app.save_as(tmp_path / "taken")
+        assert [path.name for path in (tmp_path / "taken").iterdir()] == ["colour"]
+        assert not any((tmp_path / "taken/colour").iterdir())
+
+        app.save_as(tmp_path / "copy")
+        assert app.scene.colorspaces == ["plain", "half"]
+        assert (tmp_path / "copy/colour/config.ocio").read_text() == CONFIGURATION
+        assert (tmp_path / "copy/colour/luts/film.cube").read_bytes() == table
+        (tmp_path / "copy/colour/config.ocio").write_text(CONFIGURATION.replace("half", "third"))
+        app.save()
+        assert app.scene.colorspaces == ["plain", "third"], "what is there is only read"
+
+
 def test_threads_read_and_write_side_by_side(tmp_path, picture):
     cel = picture(size=(200, 200))
 
