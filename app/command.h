@@ -39,8 +39,8 @@ inline constexpr Usage deskUsage = {
     "  --verbose      Shows the lines for developers as well.\n"
     "  --run SCRIPT   Runs a Python script when the window is open.\n"};
 inline constexpr Usage newUsage = {"new", "DIR", "Makes a new project folder.", ""};
-inline constexpr Usage infoUsage = {"info", "DIR",
-                                    "Tells what is in a project or a template, also in one that another process has open.", ""};
+inline constexpr Usage infoUsage = {
+    "info", "DIR", "Tells what is in a project or a template, also in one that another process has open.", ""};
 inline constexpr Usage paletteUsage = {
     "palette", "[--import FILE.gpl] [--out FILE.png] [--export FILE.gpl] FILE",
     "Shows a palette: on a terminal as blocks of its colours, with ids and names.",
@@ -55,14 +55,17 @@ inline constexpr Usage drawingUsage = {
 inline constexpr Usage renderUsage = {
     "render",
     "[--scene S] [--frames 1-60,72] [--node NODE] [--size 1920x1080] [--out 'frames/%04d.png']\n"
-    "                 [--movie FILE.mp4|.gif|.apng] [--threads N] [--resume] PROJECT",
+    "                 [--movie FILE.mp4|.gif|.apng] [--depth 16] [--threads N] [--resume] PROJECT",
     "Draws frames of a scene as image files, or as a movie.",
     "  --scene S       Draws this scene; else the first one.\n"
     "  --frames LIST   Draws these frames, as 1-60,72; else those from the scene's start to its stop frame.\n"
-    "  --node NODE     Draws what this node shows; else the display, or each WRITE node, where --out is not given.\n"
+    "  --node NODE     Draws what this node shows; else the WRITE nodes that have a path, where neither --out nor\n"
+    "                  --movie is given, and else the display.\n"
     "  --size WxH      Makes pictures of this size in pixels; else of the project's resolution.\n"
-    "  --out PATTERN   Writes a frame there; %04d stands for its number, and the ending for the format.\n"
+    "  --out PATTERN   Writes a frame there; %04d stands for its number, and the ending for the format. Where WRITE\n"
+    "                  nodes don't say it, frames go to frames/%04d.png.\n"
     "  --movie FILE    Makes a movie by the program ffmpeg.\n"
+    "  --depth BITS    Writes 8 bits a channel, as by default, or 16, where the format has both.\n"
     "  --threads N     Draws so many frames at a time; else one for each processor.\n"
     "  --resume        Leaves out frames whose pictures are there and whole.\n"};
 inline constexpr Usage preferencesUsage = {

@@ -30,21 +30,21 @@ QStringList formOf(const QString& suffix)
 
 } // namespace
 
-bool Movie::isPossible(const QString& path, QString& error)
+bool Movie::isForm(const QString& path)
 {
-    if (formOf(QFileInfo(path).suffix().toLower()).isEmpty())
-        error = QStringLiteral("The movie %1 has to be an \".mp4\", \".gif\" or \".apng\" file.").arg(path);
-    else if (QStandardPaths::findExecutable(kProgram).isEmpty())
-        error = QStringLiteral("Movies need the program ffmpeg, which isn't installed (Debian's package ffmpeg).");
-    else
+    return !formOf(QFileInfo(path).suffix().toLower()).isEmpty();
+}
+
+bool Movie::isPossible(QString& error)
+{
+    if (!QStandardPaths::findExecutable(kProgram).isEmpty())
         return true;
+    error = QStringLiteral("Movies need the program ffmpeg, which isn't installed (Debian's package ffmpeg).");
     return false;
 }
 
 bool Movie::begin(const QString& path, const QSize& size, double framesPerSecond, QString& error)
 {
-    if (!isPossible(path, error))
-        return false;
     m_path = path;
     m_written = path + QStringLiteral(".part");
     QStringList arguments = {"-v",         "error",

@@ -10,9 +10,8 @@ namespace app {
 /// file is there whole or not at all.
 class Movie {
 public:
-    /// Whether a movie can be made at a path: false, with one sentence in `error`, for another ending, and where there
-    /// is no ffmpeg.
-    static bool isPossible(const QString& path, QString& error);
+    static bool isForm(const QString& path); ///< Whether the ending is one of those.
+    static bool isPossible(QString& error);  ///< Whether ffmpeg is there; else one sentence in `error`.
     /// Starts it; false, with one sentence in `error`, where that fails.
     bool begin(const QString& path, const QSize& size, double framesPerSecond, QString& error);
     /// Adds a frame of the movie's size. False, with one sentence in `error`, where that fails.

@@ -50,6 +50,8 @@ void Progress::end()
 
 void Progress::draw() const
 {
+    if (m_total == 0)
+        return;
     const std::size_t filled = m_done * kWidth / m_total;
     const double perFrame = m_done > 0 ? double(m_time.elapsed()) / double(m_done) : 0;
     const auto left = static_cast<qint64>(std::ceil(perFrame * double(m_total - m_done) / 1000));

@@ -1,8 +1,9 @@
 #include "app/arguments.h"
 #include "app/rendering/framelist.h"
 #include "app/rendering/movie.h"
+#include "app/rendering/outputs.h"
 #include "app/rendering/progress.h"
-#include "core/host/at_attr.h"
+#include "app/rendering/stopsignal.h"
 #include "core/host/cel_pixmap.h"
 #include "core/host/cel_renderer.h"
 #include "core/host/celio_manager.h"
@@ -11,12 +12,14 @@
 #include "core/host/sc_session.h"
 #include "engine/engine.h"
 
-#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <deque>
+#include <filesystem>
 #include <future>
 #include <memory>
+#include <optional>
 #include <thread>
 
 namespace app {
@@ -32,14 +35,9 @@ struct Order {
     QString out;
     QString movie;
     QSize size;
+    int depth = 8; ///< Bits of a channel.
     int threads = 0;
     bool resume = false;
-};
-
-/// A node, and where the pictures of its frames go.
-struct Output {
-    MO_Node* node;
-    QString pattern; ///< Empty: nowhere but to the movie.
 };
 
 /// What became of a frame.
@@ -58,52 +56,6 @@ TUScene* sceneOf(const SC_Project& project, const QString& name)
     return nullptr;
 }
 
-/// The place that a WRITE node names, within the project's folder where it isn't absolute.
-QString patternOf(MO_Node& node, const SC_Project& project)
-{
-    const auto* path = dynamic_cast<AT_StringAttr*>(node.findAttributeByKeyword(QStringLiteral("path")));
-    QString pattern = path ? path->localValue() : QString();
-    if (pattern.isEmpty())
-        return {};
-    if (!isFramePattern(pattern))
-        pattern.replace(u'%', QStringLiteral("%%")).append(QStringLiteral("%04d"));
-    if (QFileInfo(pattern).suffix().isEmpty() || pattern.endsWith(QStringLiteral("%04d"))) {
-        const auto* format = dynamic_cast<AT_EnumAttrBase*>(node.findAttributeByKeyword(QStringLiteral("format")));
-        const QString word = format ? format->options().value(format->localValue()) : QStringLiteral("PNG");
-        pattern += u'.' + (word == u"JPEG" ? QStringLiteral("jpg") : word.toLower());
-    }
-    return QDir(project.path()).absoluteFilePath(pattern);
-}
-
-/// What is to be drawn; none, with the reason, where nothing is.
-std::vector<Output> outputsOf(const Order& order, const SC_Project& project, TUScene& scene, QString& error)
-{
-    const SC_SceneCommon& common = *scene.sceneCommon();
-    const bool isToldWhere = !order.out.isEmpty() || !order.movie.isEmpty();
-    if (!order.node.isEmpty() || isToldWhere) {
-        MO_Node* node = order.node.isEmpty() ? static_cast<MO_Node*>(common.defaultDisplay())
-                                             : node_util::getNodeFromQualifiedName_optimized(&common, order.node);
-        if (node)
-            return {{node, isToldWhere ? order.out : QStringLiteral("frames/%04d.png")}};
-        error =
-            order.node.isEmpty()
-                ? QString("The scene \"%1\" has no display that shows it; --node names what to draw.").arg(scene.name())
-                : QString("The scene \"%1\" has no node \"%2\".").arg(scene.name(), order.node);
-        return {};
-    }
-    std::vector<MO_Node*> nodes;
-    scene.getRootGroup()->getRecursiveSubNodeList(nodes);
-    std::vector<Output> outputs;
-    for (MO_Node* node : nodes)
-        if (node->typeName() == u"WRITE" && node->isEnabled())
-            if (const QString pattern = patternOf(*node, project); !pattern.isEmpty())
-                outputs.push_back({node, pattern});
-    if (outputs.empty())
-        error =
-            QString("The scene \"%1\" has no WRITE node with a path; --out says where pictures go.").arg(scene.name());
-    return outputs;
-}
-
 /// Whether the picture of a frame is there already, and can be read.
 bool isThere(const QString& path)
 {
@@ -116,47 +68,67 @@ bool isThere(const QString& path)
     return CELIO_Manager::getInstance()->read(path, modified, CEL_Context(), representations, &error, &profile);
 }
 
+/// What stands in a frame's file beside the picture.
+CELIO_WriteContext::Texts textsOf(const MO_Node& node, const QString& scene, int frame)
+{
+    return {{QStringLiteral("Software"), QStringLiteral("brindle " BRINDLE_VERSION)},
+            {QStringLiteral("Scene"), scene},
+            {QStringLiteral("Node"), node.qualifiedName()},
+            {QStringLiteral("Frame"), QString::number(frame)}};
+}
+
 /// Draws one frame, and writes it where that is asked for. On any thread.
-Result draw(const CEL_RenderJob& job, int frame, const QString& path, bool isForMovie)
+Result draw(const CEL_RenderJob& job, int frame, const QString& path, const CELIO_WriteContext::Texts& texts,
+            const Order& order)
 {
     Result result{frame, {}, {}};
     const CA_CelRef cel = job.render(1, result.error);
     if (!cel.cel())
         return result;
-    if (isForMovie)
+    if (!order.movie.isEmpty())
         if (const auto pixels =
                 std::dynamic_pointer_cast<const CEL_Pixmap>(cel.cel()->convertTo(CEL_Representation::PIXMAP_RGBA8)))
             result.picture = pixels->image();
     if (path.isEmpty())
         return result;
     const QFileInfo file(path);
-    QDir().mkpath(file.absolutePath());
-    const CELIO_WriteContext context(path, QString(), cel.cel()->impl().colorProfile(), nullptr, QVariant());
-    if (!CELIO_Manager::getInstance()->write(cel.cel(), context, file.suffix(), QString()))
-        result.error = QStringLiteral("\"%1\" can't be written.").arg(path);
+    std::error_code reason;
+    std::filesystem::create_directories(QFile::encodeName(file.absolutePath()).toStdString(), reason);
+    if (reason) {
+        result.error = QString("The folder %1 can't be made: %2.")
+                           .arg(file.absolutePath(), QString::fromStdString(reason.message()));
+        return result;
+    }
+    CELIO_WriteContext context(path, QString(), cel.cel()->impl().colorProfile(), &texts, QVariant());
+    context.setFailure(&result.error);
+    context.setDepth(order.depth);
+    CELIO_Manager::getInstance()->write(cel.cel(), context, file.suffix(), QString());
     return result;
 }
 
-/// Draws frames of a node on so many threads, and hands each to `done` in their order.
+/// Draws frames of a node on so many threads, and hands each to `done` in their order, until that gives false.
 template <typename Done>
-void drawFrames(CEL_Renderer& renderer, const Output& output, const std::vector<int>& frames, const Order& order,
-                Progress& progress, const Done& done)
+void drawFrames(CEL_Renderer& renderer, const Output& output, const QString& scene, const std::vector<int>& frames,
+                const Order& order, Progress& progress, const Done& done)
 {
     std::deque<std::future<Result>> waiting;
     QStringList told;
+    bool goesOn = true;
     const auto handOver = [&] {
-        Result result = waiting.front().get();
+        const Result result = waiting.front().get();
         waiting.pop_front();
-        done(std::move(result));
+        goesOn = done(result) && goesOn;
     };
     for (const int frame : frames) {
+        if (!goesOn)
+            break;
         const QString path = output.pattern.isEmpty() ? QString() : framePath(output.pattern, frame);
         QString error;
         std::shared_ptr<CEL_RenderJob> job = renderer.prepare(output.node, frame, order.size, error);
         if (!job) {
             while (!waiting.empty())
                 handOver();
-            done({frame, {}, error});
+            goesOn = done({frame, {}, error}) && goesOn;
             continue;
         }
         for (const QString& remark : job->remarks())
@@ -164,9 +136,8 @@ void drawFrames(CEL_Renderer& renderer, const Output& output, const std::vector<
                 told.append(remark);
                 progress.say(remark);
             }
-        waiting.push_back(std::async(std::launch::async, [job, frame, path, isForMovie = !order.movie.isEmpty()] {
-            return draw(*job, frame, path, isForMovie);
-        }));
+        waiting.push_back(std::async(std::launch::async, [job, frame, path, texts = textsOf(*output.node, scene, frame),
+                                                          &order] { return draw(*job, frame, path, texts, order); }));
         if (waiting.size() >= static_cast<std::size_t>(order.threads))
             handOver();
     }
@@ -184,7 +155,8 @@ int perform(const Order& order)
     TUScene* scene = sceneOf(*project, order.scene);
     if (!scene)
         return fail(QString("The project has no scene \"%1\".").arg(order.scene), misused);
-    const std::vector<Output> outputs = outputsOf(order, *project, *scene, error);
+    const std::vector<Output> outputs =
+        outputsOf({order.node, order.out, !order.movie.isEmpty()}, *project, *scene, error);
     if (outputs.empty())
         return fail(error, misused);
     const SC_SceneCommon& common = *scene->sceneCommon();
@@ -206,31 +178,48 @@ int perform(const Order& order)
                 frameList.push_back(frame);
         total += frameList.size();
     }
-    Movie movie;
-    bool isMovieOpen = false;
+    const StopSignal stop;
+    std::optional<Movie> movie;
+    QString movieError;
+    std::size_t drawn = 0;
     int failures = 0;
     Progress progress(total);
+    if (order.out.isEmpty() && outputs.front().pattern == QLatin1String(defaultPattern))
+        progress.say(QString("The frames go to %1.").arg(outputs.front().pattern));
+    if (total == 0)
+        progress.say(QStringLiteral("All frames are there."));
+    const auto addToMovie = [&](const QImage& picture) {
+        if (!movie)
+            movie.emplace().begin(order.movie, picture.size(), scene->frameRate().fps(), movieError);
+        if (movieError.isEmpty())
+            movie->add(picture, movieError);
+        if (!movieError.isEmpty() && !StopSignal::isGiven()) // Ctrl+C reaches ffmpeg as well.
+            progress.say(movieError);
+    };
+    const auto take = [&](const Result& result) {
+        if (!result.error.isEmpty()) {
+            ++failures;
+            progress.say(QString("Frame %1: %2").arg(result.frame).arg(result.error));
+        } else {
+            ++drawn;
+            if (!order.movie.isEmpty() && movieError.isEmpty())
+                addToMovie(result.picture);
+        }
+        progress.advance();
+        return !StopSignal::isGiven() && (movieError.isEmpty() || !order.out.isEmpty());
+    };
     for (std::size_t i = 0; i < outputs.size(); ++i)
-        drawFrames(*renderer, outputs[i], missing[i], order, progress, [&](Result result) {
-            if (result.error.isEmpty() && !order.movie.isEmpty()) {
-                if (!isMovieOpen)
-                    isMovieOpen = movie.begin(order.movie, result.picture.size(), scene->frameRate().fps(), error);
-                if (isMovieOpen)
-                    movie.add(result.picture, error);
-                result.error = error;
-            }
-            if (!result.error.isEmpty()) {
-                ++failures;
-                progress.say(QString("Frame %1: %2").arg(result.frame).arg(result.error));
-            }
-            progress.advance();
-        });
-    if (isMovieOpen && error.isEmpty() && !movie.end(error))
-        progress.say(error);
+        drawFrames(*renderer, outputs[i], scene->name(), missing[i], order, progress, take);
+    if (StopSignal::isGiven()) {
+        progress.end();
+        return fail(QString("Stopped: %1 of %2 frames are drawn.").arg(drawn).arg(total), StopSignal::exitCode());
+    }
+    if (movie && movieError.isEmpty() && !movie->end(movieError))
+        progress.say(movieError);
     progress.end();
     if (failures > 0)
         return fail(QString("%1 of %2 frames failed.").arg(failures).arg(total), failed);
-    return error.isEmpty() ? done : failed;
+    return movieError.isEmpty() ? done : failed;
 }
 
 /// A size as "1920x1080"; none for another text.
@@ -251,10 +240,11 @@ int render(const QList<QByteArray>& given)
     Order order;
     Arguments arguments(renderUsage, given);
     const auto take = [&arguments](const char* sentence, QString& text) {
-        if (arguments.takeFor(sentence))
-            text = arguments.folder();
+        if (arguments.takeFor(sentence) && (text = arguments.folder()).isEmpty())
+            arguments.fail(sentence);
     };
     QString size;
+    QString depth;
     QString threads;
     while (arguments.next()) {
         const QByteArray& value = arguments.value();
@@ -275,6 +265,8 @@ int render(const QList<QByteArray>& given)
             take("--out needs the pattern of a path, as 'frames/%04d.png'.", order.out);
         } else if (value == "--movie") {
             take("--movie needs the name of an .mp4, .gif or .apng file.", order.movie);
+        } else if (value == "--depth") {
+            take("--depth needs a number of bits, 8 or 16.", depth);
         } else if (value == "--threads") {
             take("--threads needs a number.", threads);
         } else if (value == "--resume") {
@@ -293,6 +285,10 @@ int render(const QList<QByteArray>& given)
         arguments.fail(QString("A picture can't have the size \"%1\"; as 1920x1080, with sides of 1 to %2.")
                            .arg(size)
                            .arg(CEL_Renderer::largestSide));
+    if (depth == u"16")
+        order.depth = 16;
+    else if (!depth.isEmpty() && depth != u"8")
+        arguments.fail(QString("A channel has 8 or 16 bits, not \"%1\".").arg(depth));
     bool isNumber = true;
     order.threads = threads.isEmpty() ? static_cast<int>(std::max(1u, std::thread::hardware_concurrency()))
                                       : threads.toInt(&isNumber);
@@ -301,12 +297,14 @@ int render(const QList<QByteArray>& given)
     if (!order.out.isEmpty() && !isFramePattern(order.out))
         arguments.fail(QString("The path \"%1\" has no place for the number of a frame, as 'frames/%04d.png' has.")
                            .arg(order.out));
+    if (!order.movie.isEmpty() && !Movie::isForm(order.movie))
+        arguments.fail(QString("The movie %1 has to be an \".mp4\", \".gif\" or \".apng\" file.").arg(order.movie));
     if (order.resume && !order.movie.isEmpty())
         arguments.fail(QStringLiteral("A movie takes all frames: --resume and --movie don't go together."));
     if (!arguments.error().isEmpty())
         return fail(arguments.error(), misused);
     QString error;
-    if (!order.movie.isEmpty() && !Movie::isPossible(order.movie, error))
+    if (!order.movie.isEmpty() && !Movie::isPossible(error))
         return fail(error, failed);
     return perform(order);
 }

@@ -39,11 +39,22 @@ public:
     const std::optional<CEL_Representation::CelFormat>& format() const { return m_format; }
     void setFormat(CEL_Representation::CelFormat format) { m_format = format; }
 
+    /// The bits of a channel, 8 or 16, of a format of whole numbers, where neither the option nor the representation
+    /// says it; 0 for those of the pixels.
+    int depth() const { return m_depth; }
+    void setDepth(int bits) { m_depth = bits; }
+
+    /// Where a failure is told, in the place of the log; null for the log.
+    QString* failure() const { return m_failure; }
+    void setFailure(QString* failure) { m_failure = failure; }
+
 private:
     QString m_path;
     QString m_option;
     QByteArray m_colorProfile;
     Texts m_texts;
+    int m_depth = 0;
+    QString* m_failure = nullptr;
     std::optional<CEL_Representation::CelFormat> m_format;
 };
 
@@ -74,7 +85,7 @@ public:
 
     /// Writes a picture in the format that a file's ending stands for, or in the one of this name ("PNG"), where that
     /// isn't empty. The file is there whole or not at all, and one that stood there is replaced. False where that
-    /// fails; the log says why.
+    /// fails; the log, or the context's text for it, says why.
     virtual bool write(CEL_Cel* cel, const CELIO_WriteContext& context, const QString& suffix,
                        const QString& formatKey) = 0;
 };

@@ -167,7 +167,7 @@ constexpr AttributeSpec skew = degrees(u"skew", u"Skew");
 constexpr EnumOption blendModes[] = {{0, u"NORMAL"},    {1, u"MULTIPLY"},   {2, u"SCREEN"},     {3, u"OVERLAY"},
                                      {4, u"DARKEN"},    {5, u"LIGHTEN"},    {6, u"ADD"},        {7, u"DIFFERENCE"},
                                      {8, u"EXCLUSION"}, {9, u"SOFT_LIGHT"}, {10, u"HARD_LIGHT"}};
-constexpr EnumOption imageFormats[] = {{0, u"PNG"}, {1, u"JPEG"}, {2, u"BMP"}, {3, u"PPM"}};
+constexpr EnumOption imageFormats[] = {{0, u"PNG"}, {1, u"JPEG"}, {2, u"BMP"}, {3, u"PPM"}, {4, u"TIFF"}, {5, u"EXR"}};
 
 constexpr AttributeSpec peg[] = {
     position, scale, rotation, angle, skew, pivot, unlinkable(onOff(u"full_transform", u"Full Transform", false))};

@@ -30,13 +30,14 @@ struct Format {
 };
 
 /// The formats by the endings of their files.
-std::array<Format, 13> formats = {{
+std::array<Format, 14> formats = {{
     {{"PNG", true}, {"png"}},
     {{"JPEG", true}, {"jpg", "jpeg"}},
     {{"OPENEXR", true}, {"exr"}},
     {{"TIFF", true}, {"tif", "tiff"}},
     {{"TGA", true}, {"tga"}},
     {{"BMP", true}, {"bmp"}},
+    {{"PPM", true}, {"ppm", "pnm"}},
     {{"PSD", false}, {"psd"}},
     {{"DPX", true}, {"dpx"}},
     {{"HDR", true}, {"hdr"}},
@@ -55,9 +56,20 @@ Handler* handlerOfKey(const QString& key)
     return nullptr;
 }
 
-/// The pixels of a cel that are written: those asked for, else those that the cel is made of.
-CEL_RepresentationPtr writtenOf(CEL_Cel& cel, const CELIO_WriteContext& context)
+/// Whether the depth of a picture is brought to the file's ahead of writing: PNG does it row by row, and the others
+/// here have no whole numbers.
+bool takesBytes(const QString& formatKey)
 {
+    return formatKey != u"PNG" && formatKey != u"OPENEXR" && formatKey != u"HDR";
+}
+
+/// The pixels of a cel that are written: those asked for, else those that the cel is made of.
+CEL_RepresentationPtr writtenOf(CEL_Cel& cel, const CELIO_WriteContext& context, const QString& formatKey)
+{
+    if (context.depth() == 8 && !context.format() && takesBytes(formatKey)) {
+        if (auto bytes = std::dynamic_pointer_cast<const CEL_Pixmap>(cel.convertTo(CEL_Representation::PIXMAP_RGBA8)))
+            return bytes;
+    }
     if (context.format()) {
         if (auto asked = std::dynamic_pointer_cast<const CEL_Pixmap>(cel.findRepresentation(*context.format())))
             return asked;
@@ -105,7 +117,10 @@ public:
         QString reason;
         if (writeFile(*cel, context, suffix, formatKey, reason))
             return true;
-        MSG_Scope(reason, MSG_Scope::kError);
+        if (context.failure())
+            *context.failure() = reason;
+        else
+            MSG_Scope(reason, MSG_Scope::kError);
         return false;
     }
 
@@ -136,7 +151,7 @@ private:
             error = QStringLiteral("%1 is in no format that pictures can be written in.").arg(context.path());
             return false;
         }
-        const CEL_RepresentationPtr written = writtenOf(cel, context);
+        const CEL_RepresentationPtr written = writtenOf(cel, context, handler->formatKey());
         if (!written) {
             error = QStringLiteral("There is no picture to write as %1.").arg(context.path());
             return false;

@@ -138,7 +138,7 @@ public:
     {
         WriteOptions options(context.option(), {"compression", "depth"});
         const int level = options.number("compression", 1, 0, 9);
-        const int bits = options.word("depth", depthsOf(picture)).toInt();
+        const int bits = options.word("depth", depthsOf(picture, context.depth())).toInt();
         error = options.failure();
         const bool hasColours =
             context.colorProfile().isEmpty() || QColorSpace::fromIccProfile(context.colorProfile()).isValid();
@@ -152,11 +152,13 @@ public:
     }
 
 private:
-    /// The bits a channel, those that the picture has itself first.
-    static std::initializer_list<const char*> depthsOf(const CEL_Pixmap& picture)
+    /// The bits a channel, those that are asked for first, or those that the picture has itself.
+    static std::initializer_list<const char*> depthsOf(const CEL_Pixmap& picture, int asked)
     {
         static constexpr std::initializer_list<const char*> shallow = {"8", "16"};
         static constexpr std::initializer_list<const char*> deep = {"16", "8"};
+        if (asked != 0)
+            return asked == 8 ? shallow : deep;
         switch (picture.format()) {
         case Cel::PIXMAP_RGBA8:
         case Cel::PIXMAP_RGBA8_THUMBNAIL:

@@ -136,3 +136,14 @@ def refuse(rig, state):
         assert state() == before
 
     return run
+
+
+@pytest.fixture
+def small_disk(tmp_path):
+    """A file system with room for little more than a project; only root can make one."""
+    folder = tmp_path / "disk"
+    folder.mkdir()
+    if support.run("mount", "-t", "tmpfs", "-o", "size=96k", "none", folder).returncode:
+        pytest.skip("no file system can be mounted here")
+    yield folder
+    support.run("umount", folder)

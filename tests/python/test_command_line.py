@@ -38,7 +38,7 @@ def run(*arguments, **options):
     (("--paint",), 2, 'brindle: There is no command "--paint"; brindle --help lists them.\n'),
     (("new",), 2, "brindle: Usage: brindle new DIR\n"), (("new", "a", "b"), 2, "brindle: Usage: brindle new DIR\n"),
     (("render",), 2, "brindle: Usage: brindle render [--scene S] [--frames 1-60,72] [--node NODE] [--size 1920x1080] "
-     "[--out 'frames/%04d.png'] [--movie FILE.mp4|.gif|.apng] [--threads N] [--resume] PROJECT\n"),
+     "[--out 'frames/%04d.png'] [--movie FILE.mp4|.gif|.apng] [--depth 16] [--threads N] [--resume] PROJECT\n"),
     (("info",), 2, "brindle: Usage: brindle info DIR\n"), (("info", "a", "b"), 2, "brindle: Usage: brindle info DIR\n"),
     (("run",), 2, USAGE_RUN), (("run", "--paint", "a.py"), 2, support.no_option("run", "--paint")), (("run", "--"), 2, USAGE_RUN),
     (("run", "-x.py"), 2, support.no_option("run", "-x.py")), (("new", "--paint"), 2, support.no_option("new", "--paint")),

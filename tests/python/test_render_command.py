@@ -2,7 +2,9 @@
 
 import os
 import shutil
+import signal
 import subprocess
+import time
 
 import brindle
 import pytest
@@ -65,16 +67,61 @@ def test_resuming_draws_what_is_missing_or_broken_alone(render, tmp_path):
     done = render("--out", "f%d.png", "--resume")
     assert done.returncode == 0 and "2 of 2 frames" in done.stderr
     assert (tmp_path / "f1.png").stat().st_mtime_ns == whole
-    assert (tmp_path / "f3.png").read_bytes() == (tmp_path / "f2.png").read_bytes()
+    assert brindle.Cel.read(tmp_path / "f3.png").compare_exr(brindle.Cel.read(tmp_path / "f2.png"))
+    again = render("--out", "f%d.png", "--resume")
+    assert (again.returncode, again.stderr) == (0, "All frames are there.\n")
 
 
 def test_write_nodes_say_where_without_out(render, project, tmp_path):
-    assert "no WRITE node with a path" in render().stderr
+    done = render()
+    assert done.returncode == 0 and done.stderr.startswith("The frames go to frames/%04d.png.\n")
+    assert len(names(tmp_path / "frames")) == 4
     with brindle.open(project) as app:
         app.scene.nodes["Top/Out"].attributes["path"].set_value(1, "frames/final-")
         app.save()
     assert render().returncode == 0
     assert names(project / "frames") == [f"final-{frame:04d}.png" for frame in range(1, 5)]
+
+
+@pytest.mark.parametrize("path, format, file", [
+    ("out/a", "JPEG", "out/a0002.jpg"), ("out/a.%d", "BMP", "out/a.2.bmp"), ("out/a.png", "JPEG", "out/a0002.png"),
+    ("out/a%03d.exr", "PNG", "out/a002.exr"), ("out/50%.v1", "PNG", "out/50%.v10002.png"), ("a", "PPM", "a0002.ppm"),
+    ("a", "TIFF", "a0002.tiff"), ("a", "EXR", "a0002.exr")])
+def test_a_write_node_says_the_form_of_its_files(render, project, path, format, file):
+    with brindle.open(project) as app:
+        attributes = app.scene.nodes["Top/Out"].attributes
+        attributes["path"].set_value(1, path)
+        attributes["format"].set_localvalue(format)
+        app.save()
+    assert render("--frames", 2).returncode == 0
+    pixels = memoryview(brindle.Cel.read(project / file)).tobytes()
+    assert abs(pixels[0] - 255) < 3 and max(pixels[1:3]) < 3
+
+
+def test_write_nodes_that_meet_in_their_files_are_told(render, project):
+    with brindle.open(project) as app:
+        nodes = app.scene.nodes
+        second = nodes.create("WRITE", "Second")
+        second.ports_in[0].link(nodes["Top/Red"])
+        for node in (nodes["Top/Out"], second):
+            node.attributes["path"].set_value(1, "final")
+        app.save()
+    done = render()
+    assert done.returncode == 2 and done.stderr == (
+        f'brindle: The nodes "Top/Out" and "Top/Second" write the same files, "{project}/final%04d.png".\n')
+    with brindle.open(project) as app:
+        app.scene.nodes["Top/Second"].enabled = False
+        app.save()
+    assert render().returncode == 0
+
+
+def test_a_channel_has_8_bits_or_16(render, tmp_path):
+    for depth, arguments in ((8, ()), (8, ("--depth", 8)), (16, ("--depth", 16))):
+        assert render("--out", "f%d.png", "--frames", 1, *arguments).returncode == 0
+        file = (tmp_path / "f1.png").read_bytes()
+        assert file[24] == depth
+        assert all(b"tEXt" + text in file for text in (b"Software\0brindle", b"Scene\0Scene-1", b"Node\0Top/Show",
+                                                       b"Frame\0" + b"1"))
 
 
 def test_pictures_of_one_and_of_two_threads_are_the_same_bytes(render, tmp_path):
@@ -87,8 +134,46 @@ def test_pictures_of_one_and_of_two_threads_are_the_same_bytes(render, tmp_path)
 def test_a_frame_that_fails_is_one_line_and_the_others_go_on(render, tmp_path):
     (tmp_path / "f2.png").mkdir()
     done = render("--out", "f%d.png")
-    assert done.returncode == 1 and done.stderr.count("Frame 2:") == 1 and "1 of 4 frames failed." in done.stderr
+    assert done.returncode == 1 and done.stderr.count("can't be written") == 1
+    assert "Frame 2: The picture f2.png can't be written: It is a folder.\n" in done.stderr
+    assert done.stderr.endswith("brindle: 1 of 4 frames failed.\n")
     assert {"f1.png", "f3.png", "f4.png"} <= set(names(tmp_path))
+
+
+def test_a_disk_that_is_full_is_a_line_a_frame(render, small_disk):
+    filler = small_disk / "filler"
+    filler.write_bytes(b"x" * os.statvfs(small_disk).f_bsize * os.statvfs(small_disk).f_bavail)
+    done = render("--out", f"{small_disk}/f%d.png")
+    assert done.returncode == 1 and names(small_disk) == ["filler"]
+    lines = [line for line in done.stderr.splitlines() if "can't be written" in line]
+    assert lines == [f"Frame {frame}: The picture {small_disk}/f{frame}.png can't be written: No space left on device."
+                     for frame in range(1, 5)]
+    filler.unlink()
+    assert render("--out", f"{small_disk}/f%d.png", "--resume").returncode == 0 and len(names(small_disk)) == 4
+
+
+def test_a_folder_that_cannot_be_made_is_told(render, tmp_path):
+    (tmp_path / "file").write_text("")
+    done = render("--out", "file/%d.png", "--frames", 1)
+    assert done.returncode == 1
+    assert f"Frame 1: The folder {tmp_path}/file can't be made: Not a directory.\n" in done.stderr
+
+
+@pytest.mark.parametrize("number", [signal.SIGINT, signal.SIGTERM])
+def test_a_run_that_is_stopped_leaves_whole_files(project, tmp_path, number):
+    with brindle.open(project) as app:
+        app.scene.frame_count = app.scene.frame_stop = 5000
+        app.save()
+    process = subprocess.Popen([COMMAND, "render", project, "--size", "64x64", "--out", "f%04d.png"], cwd=tmp_path,
+                               stderr=subprocess.PIPE, text=True)
+    while not (tmp_path / "f0001.png").exists():
+        time.sleep(0.001)
+    process.send_signal(number)
+    _, told = process.communicate()
+    assert process.returncode == 128 + number
+    drawn = len(list(tmp_path.glob("f*.png")))
+    assert 0 < drawn < 5000 and told.endswith(f"brindle: Stopped: {drawn} of 5000 frames are drawn.\n")
+    assert len(names(tmp_path)) == drawn, "no file that isn't whole"
 
 
 @needs_ffmpeg
@@ -106,6 +191,16 @@ def test_without_ffmpeg_it_says_so(render, tmp_path):
 
 @pytest.mark.parametrize("arguments, sentence", [
     (("--out", "f.png"), "no place for the number"),
+    (("--out", ""), "--out needs the pattern of a path"),
+    (("--frames", "", "--out", "%d.png"), "--frames needs a list"),
+    (("--out", "f%d.xyz"), '"f%d.xyz" is in no format that pictures can be written in.'),
+    (("--out", "f%d"), '"f%d" is in no format that pictures can be written in.'),
+    (("--out", "f%d.psd"), '"f%d.psd" is in no format that pictures can be written in.'),
+    (("--scene", "", "--out", "%d.png"), "--scene needs the name"),
+    (("--node", "Top"), 'The node "Top" shows no picture.'),
+    (("--out", "%d.png", "--depth", "12"), 'A channel has 8 or 16 bits, not "12".'),
+    (("--movie", "walk.avi"), "The movie walk.avi has to be"),
+    (("--out", "%d.png", "another"), "Usage: brindle render [--scene S]"),
     (("--out", "%s%d.png"), "no place for the number"),
     (("--out", "%d.png", "--frames", "1-5"), "The scene has no frame 5"),
     (("--out", "%d.png", "--frames", "one"), "no list of frames"),

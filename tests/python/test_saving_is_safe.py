@@ -168,17 +168,6 @@ def test_out_of_file_handles_is_a_sentence(project):
     assert support.files(project) == before
 
 
-@pytest.fixture
-def small_disk(tmp_path):
-    """A file system with room for little more than a project; only root can make one."""
-    folder = tmp_path / "disk"
-    folder.mkdir()
-    if support.run("mount", "-t", "tmpfs", "-o", "size=96k", "none", folder).returncode:
-        pytest.skip("no file system can be mounted here")
-    yield folder
-    support.run("umount", folder)
-
-
 def test_a_disk_that_fills_up_leaves_the_project_and_the_next_save_works(project, small_disk):
     folder = small_disk / "project"
     shutil.copytree(project, folder)

@@ -69,7 +69,7 @@ def test_its_parts_show_drawings_and_its_head_blinks(tour):
 @pytest.mark.skipif(not shutil.which("ffmpeg"), reason="ffmpeg is not installed")
 def test_it_leaves_pictures_of_the_walk(tour):
     sheet = brindle.Cel.read(tour[0] / "out" / "walk.png")
-    assert memoryview(sheet).shape == (810, 1920, 4)
+    assert memoryview(sheet).shape == (826, 1944, 4)
     shown = brindle.Cel.read(support.ROOT / "docs" / "images" / "walk.png")
     assert sheet.compare_exr(shown)
     assert (tour[0] / "out" / "walk.gif").read_bytes().startswith(b"GIF89a")

@@ -114,15 +114,11 @@ void writeJob(PyObject* capsule, const QString& path, int depth)
     if (!cel.cel())
         throw OMC::Exception(error);
     const QString suffix = QFileInfo(path).suffix();
-    const CELIO_Handler* handler = CELIO_Manager::getInstance()->findHandler(suffix);
-    const QString format = handler ? handler->formatKey() : QString();
-    CELIO_WriteContext context(path, format == u"PNG" ? QStringLiteral("depth=%1").arg(depth) : QString(),
-                               cel.cel()->impl().colorProfile(), nullptr, QVariant());
-    if (depth == 8 && format != u"PNG" && format != u"OPENEXR" &&
-        cel.cel()->convertTo(CEL_Representation::PIXMAP_RGBA8))
-        context.setFormat(CEL_Representation::PIXMAP_RGBA8);
+    CELIO_WriteContext context(path, QString(), cel.cel()->impl().colorProfile(), nullptr, QVariant());
+    context.setDepth(depth);
+    context.setFailure(&error);
     if (!CELIO_Manager::getInstance()->write(cel.cel(), context, suffix, QString()))
-        throw OMC::Exception(QStringLiteral("\"%1\" can't be written.").arg(path));
+        throw OMC::Exception(error);
 }
 
 void forgetPictures()
