@@ -4,8 +4,13 @@
 #include "core/host/sc_resolution.h"
 #include "core/host/sc_scene.h"
 #include "core/host/sc_session.h"
+#include "render/machinememory.h"
+#include "render/pixelrows.h"
+
+#include <QMutex>
 
 #include <cmath>
+#include <mutex>
 #include <new>
 #include <stdexcept>
 
@@ -13,19 +18,36 @@ namespace brindle::render {
 
 namespace {
 
+/// Pictures of more pixels take the machine's memory into account.
+constexpr qint64 kLarge = qint64(64) << 20;
+
+qint64 pixelsOf(const QSize& size)
+{
+    return qint64(size.width()) * size.height();
+}
+
+QString outOfMemory(const QSize& size)
+{
+    return QStringLiteral("There is not enough memory for a picture of %1 x %2 pixels.")
+        .arg(size.width())
+        .arg(size.height());
+}
+
 class Job final : public CEL_RenderJob {
 public:
     Job(Plan plan, std::shared_ptr<Evaluator> evaluator) : m_plan(std::move(plan)), m_evaluator(std::move(evaluator)) {}
 
     CA_CelRef render(int threads, QString& error) const override
     {
+        // Large ones are made one after the other, whatever number of threads asks for them.
+        static QMutex oneLarge;
+        const std::unique_lock alone =
+            pixelsOf(m_plan.size) > kLarge ? std::unique_lock(oneLarge) : std::unique_lock<QMutex>();
         try {
             const Picture picture = m_evaluator->picture(m_plan, threads);
             return CA_CelRef(new CEL_Cel(picture.area()));
         } catch (const std::bad_alloc&) {
-            error = QStringLiteral("There is not enough memory for a picture of %1 x %2 pixels.")
-                        .arg(m_plan.size.width())
-                        .arg(m_plan.size.height());
+            error = outOfMemory(m_plan.size);
             return CA_CelRef();
         }
     }
@@ -70,6 +92,11 @@ std::unique_ptr<CEL_RenderJob> Renderer::prepare(MO_Node* node, double frame, co
                     .arg(picture.width())
                     .arg(picture.height())
                     .arg(largestSide);
+        return nullptr;
+    }
+    constexpr int picturesAtOnce = 3; // What is composed, what goes onto it, and the result.
+    if (pixelsOf(picture) > kLarge && picturesAtOnce * bytesPerPixel * pixelsOf(picture) > availableMemory()) {
+        error = outOfMemory(picture);
         return nullptr;
     }
     try {
