@@ -1,5 +1,6 @@
 """Draws smooth shapes into drawings: closed outlines with a palette's colours, and lines that swell and taper."""
 
+import math
 from collections.abc import Sequence
 
 import brindle
@@ -43,9 +44,7 @@ class Brush:
     def dot(self, centre: Point, radius: float, fill: str, ink: str = "ink", width: float = 0,
             height: float | None = None) -> None:
         """A filled ellipse."""
-        x, y = centre
-        up = radius if height is None else height
-        self.shape([(x + radius, y), (x, y + up), (x - radius, y), (x, y - up)], fill, ink, width)
+        self.shape(ring(centre, radius, radius if height is None else height), fill, ink, width)
 
     def _stroke(self, path: brindle.BezierPath, ink: str, width: float, pressure: Sequence[tuple[float, float]],
                 colour: brindle.DrawingVectorColour | str = "ERASER", side: str = "LEFT") -> None:
@@ -74,6 +73,12 @@ def smooth(points: Sequence[Point]) -> brindle.BezierPath:
         curve[2] = x1 - (after[0] - x0) / 6, y1 - (after[1] - y0) / 6
         path.bezier_append(curve)
     return path
+
+
+def ring(centre: Point, width: float, height: float) -> list[Point]:
+    """Points around an ellipse, of which a smooth outline looks like one."""
+    turns = [math.tau * i / 8 for i in range(8)]
+    return [(centre[0] + width * math.cos(turn), centre[1] + height * math.sin(turn)) for turn in turns]
 
 
 def area(points: Sequence[Point]) -> float:

@@ -8,14 +8,14 @@ from collections.abc import Callable
 
 import brindle
 
-from brush import EVEN, TAPERING, Brush
+from brush import EVEN, TAPERING, Brush, ring
 
 COLOURS = {
     "ink": "#2b2233", "skin": "#f2b98f", "blush": "#e58f73", "hair": "#6b3a2a", "hair light": "#8a5138",
     "jacket": "#e3a72f", "jacket dark": "#c4851f", "trousers": "#3d5f86", "trousers dark": "#2f4a6d",
     "shoe": "#b5443a", "sole": "#f4efe4", "scarf": "#d9483b", "scarf dark": "#b23530", "white": "#ffffff",
     "far hill": "#a9c98d", "near hill": "#7fae6a", "path": "#e9d8a6", "grass": "#5c8f4e", "trunk": "#7b5a3c",
-    "leaves": "#5e9a57", "leaves light": "#82b973", "cloud": "#fdfdfb",
+    "leaves": "#5e9a57", "leaves light": "#82b973", "cloud": "#fdfdfb", "sun disc": "#fff3bf",
 }
 
 
@@ -158,8 +158,9 @@ def hill(brush: Brush) -> None:
     brush.shape([(-frame[0], -700), (frame[0], -700), (frame[0] + 200, 600), (frame[0], frame[1]), (-frame[0], frame[1]),
                  (-frame[0] - 200, 600)], "sky", width=0, matrix=sky)
     sun = brindle.Matrix()
-    sun.axis_x, sun.axis_y, sun.origin = (330, 0, 0), (0, 330, 0), (900, 880, 0)
-    brush.shape([(1230, 880), (900, 1210), (570, 880), (900, 550)], "sun", width=0, matrix=sun)
+    sun.axis_x, sun.axis_y, sun.origin = (400, 0, 0), (0, 400, 0), (900, 880, 0)
+    brush.shape(ring((900, 880), 420, 420), "sun", width=0, matrix=sun)
+    brush.dot((900, 880), 110, "sun disc")
     for x, y, size in ((-1000, 900, 1.0), (250, 1000, 0.7), (1250, 930, 0.6), (2150, 820, 0.8)):
         brush.shape([(x + size * dx, y + size * dy) for dx, dy in ((-190, 0), (-140, 62), (-50, 70), (10, 120), (90, 78),
                                                                     (170, 56), (190, 2), (0, -22))], "cloud", width=0)
@@ -172,7 +173,7 @@ def hill(brush: Brush) -> None:
     brush.shape([(-2700, -60), (-1400, 10), (0, -14), (1300, 16), (2700, -30), (2700, -190), (1300, -130), (0, -160),
                  (-1400, -120), (-2700, -200)], "path", width=0)
     for x in range(-2400, 2500, 230):
-        y = -250 - 60 * (x // 230 % 3)
+        y = 10 + 20 * (x // 230 % 3)
         for dx, lean in ((-14, -10), (0, 4), (14, 14)):
             brush.line([(x + dx, y), (x + dx + lean / 2, y + 30), (x + dx + lean, y + 52)], "grass", 9, TAPERING)
 

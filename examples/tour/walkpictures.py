@@ -10,6 +10,7 @@ from brindle import render
 
 SIZE = 480, 270
 SHEET = 4, 3  # frames across and down
+GAP = 8  # between them, in pixels
 
 
 def draw_walk(scene: brindle.Scene, folder: pathlib.Path) -> Iterator[pathlib.Path]:
@@ -22,7 +23,7 @@ def draw_walk(scene: brindle.Scene, folder: pathlib.Path) -> Iterator[pathlib.Pa
         return
     shown = frames[::len(frames) // (SHEET[0] * SHEET[1])][:SHEET[0] * SHEET[1]]
     sheet, walk = folder / "walk.png", folder / "walk.gif"
-    run(ffmpeg, shown, ["-vf", f"tile={SHEET[0]}x{SHEET[1]}", "-frames:v", "1", sheet], scene.framerate)
+    run(ffmpeg, shown, ["-vf", f"tile={SHEET[0]}x{SHEET[1]}:padding={GAP}:color=white", "-frames:v", "1", sheet], scene.framerate)
     yield sheet
     run(ffmpeg, frames, ["-filter_complex", "split[a][b];[a]palettegen[p];[b][p]paletteuse", "-loop", "0", walk],
         scene.framerate)
