@@ -32,6 +32,8 @@ def save(given: argparse.Namespace) -> None:
 
 
 def list_library(given: argparse.Namespace) -> None:
+    if not given.library.is_dir():
+        raise SystemExit(f'riglibrary: there is no folder "{given.library}".')
     for path in sorted(given.library.glob("*.tpl")):
         print(path.name)
 

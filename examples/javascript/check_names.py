@@ -26,13 +26,16 @@ def problems(app: brindle.Application, longest: int, exceptions: list[str]) -> l
 
 
 def main() -> int:
-    parser = argparse.ArgumentParser(description="Checks the names of a project's nodes.")
-    parser.add_argument("project")
-    parser.add_argument("--longest", type=int, default=32)
-    parser.add_argument("--except", dest="exceptions", nargs="*", default=[])
+    parser = argparse.ArgumentParser(prog="check_names", description="Checks the names of a project's nodes.")
+    parser.add_argument("project", help="the project's folder")
+    parser.add_argument("--longest", type=int, default=32, metavar="LETTERS", help="for a name; 32 by default")
+    parser.add_argument("--except", dest="exceptions", nargs="*", default=[], metavar="PATH", help="nodes to leave out")
     options = parser.parse_args()
-    with brindle.open(options.project, read_only=True) as app:
-        found = problems(app, options.longest, options.exceptions)
+    try:
+        with brindle.open(options.project, read_only=True) as app:
+            found = problems(app, options.longest, options.exceptions)
+    except brindle.Error as error:
+        raise SystemExit(f"check_names: {error}")
     for path, problem in found:
         print(f"{path} {problem}")
     return 1 if found else 0

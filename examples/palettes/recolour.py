@@ -72,17 +72,21 @@ def recolour(app: brindle.Application, degrees: float, kept: list[str]) -> tuple
 
 
 def main() -> None:
-    parser = argparse.ArgumentParser(description=(__doc__ or "").partition("\n")[0])
-    parser.add_argument("folder", type=pathlib.Path)
-    parser.add_argument("--turn", type=float, default=150, metavar="DEGREES")
-    parser.add_argument("--keep", action="append", default=["Skin", "Eyes", "Cheek"], metavar="NAME")
+    parser = argparse.ArgumentParser(prog="recolour", description=(__doc__ or "").partition("\n")[0])
+    parser.add_argument("folder", type=pathlib.Path, help="where to make the project and the picture")
+    parser.add_argument("--turn", type=float, default=150, metavar="DEGREES", help="how far hues turn; 150 by default")
+    parser.add_argument("--keep", action="append", default=["Skin", "Eyes", "Cheek"], metavar="NAME",
+                        help="a colour that stays, besides skin, eyes and cheeks; may be given several times")
     wanted = parser.parse_args()
-    with brindle.create(wanted.folder / "recoloured") as app:
-        hero, other = recolour(app, wanted.turn, wanted.keep)
-        for one, turned in zip(hero, other):
-            print(f"{one!r} -> {turned!r}")
-        (wanted.folder / "recoloured.svg").write_text(sheet(hero, other))
-        app.save()
+    try:
+        with brindle.create(wanted.folder / "recoloured") as app:
+            hero, other = recolour(app, wanted.turn, wanted.keep)
+            for one, turned in zip(hero, other):
+                print(f"{one!r} -> {turned!r}")
+            (wanted.folder / "recoloured.svg").write_text(sheet(hero, other))
+            app.save()
+    except (brindle.Error, OSError) as error:
+        raise SystemExit(f"recolour: {error}")
     print(f"Made {wanted.folder / 'recoloured'} and {wanted.folder / 'recoloured.svg'}")
 
 

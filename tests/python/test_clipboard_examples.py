@@ -90,6 +90,7 @@ def test_a_library_says_what_it_can_not_do(walk, crowd, tmp_path):
             (("save", walk, "Top/Nobody", tmp_path / "x"), 'there is no node "Top/Nobody" in the scene "Scene-1".'),
             (("save", walk, "Top/Hero", walk / "project.json"),
              f'"{walk}/project.json" is no folder in which a template can be made.'),
+            (("list", tmp_path / "none"), f'there is no folder "{tmp_path}/none".'),
             (("paste", crowd, tmp_path / "none.tpl"), "Failed to paste the template.")):
         code, lines, error = run("riglibrary", *arguments)
         assert (code, lines, error.splitlines()[-1]) == (1, [], f"riglibrary: {message}")

@@ -23,6 +23,9 @@ def test_it_tells_each_problem_and_fails_for_one(tmp_path):
         f"Top/D_{'x' * 30} is longer than 16 letters", "Top/Hand should begin with P_"]
     done = support.run(support.PYTHON, SCRIPT, folder, "--except", "Top/Hand")
     assert (done.returncode, done.stdout, done.stderr) == (0, "", "")
+    done = support.run(support.PYTHON, SCRIPT, tmp_path)
+    assert (done.returncode, done.stdout) == (1, "")
+    assert done.stderr == f'check_names: Cannot open the project: "{tmp_path}" holds no project.\n'
 
 
 def test_the_script_on_the_page_runs():

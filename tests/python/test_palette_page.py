@@ -51,3 +51,6 @@ def test_the_example_recolours_a_character(tmp_path):
             same = one.name in ("Skin", "Eyes", "Cheek", "Hair")
             assert (repr(one) == repr(turned)) == same, one.name
         assert abs((other["Shirt"].h - hero["Shirt"].h) % 360 - 90) < 3
+    again = support.run(support.PYTHON, EXAMPLE, tmp_path)
+    assert (again.returncode, again.stdout) == (1, "")
+    assert again.stderr == f'recolour: Cannot create the project: "{tmp_path}/recoloured" already holds a project.\n'
