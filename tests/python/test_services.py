@@ -3,6 +3,7 @@
 import json
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import textwrap
@@ -283,3 +284,15 @@ def test_views_and_tools_are_empty_and_say_so(app):
     assert message_of(lambda: tools["x"]) == "Unable to retrieve item in container."
     assert message_of(lambda: tools.set("x", app.about)) == "Unable to set views."
     assert str(app.selection) == "BaseSelection()"
+
+
+# --- The page
+
+
+def test_the_script_on_the_page_runs():
+    page = (support.ROOT / "docs" / "services.md").read_text()
+    script, = re.findall(r"```python\n(.*?)```", page, re.DOTALL)
+    done = support.run_python(script)
+    assert (done.returncode, done.stderr) == (0, "")
+    assert done.stdout == ("RIPPLE_SCENE_MARKERS : False\nTEXT SQ010_0040 {'shot': 'SQ010_0040'}\n"
+                           "True ACTION_SUCCESS\nFalse None\n")
