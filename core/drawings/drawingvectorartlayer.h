@@ -41,9 +41,9 @@ public:
 
     /// Adds layers under the top one and gives them: an empty one for the name of a layer type ("PEN_LAYER"); copies of
     /// all layers of an art layer, which go on top; copies of layers; or a layer with a copy of a stroke, for each
-    /// stroke. Lists give lists. Null for anything else.
+    /// stroke. All but a name give a list. Null for anything else.
     virtual QVariant add(const QVariant& value);
-    /// Removes a layer, given as itself or its index, or a stroke of a layer; those in a list too.
+    /// Removes a layer, given as itself or its index, or a stroke of a layer; or the layers or strokes of a list.
     virtual void remove(const QVariant& value);
     virtual void clear(); ///< Removes all layers.
     /// The contours that hold a point: those of the top layer first, in a layer from the innermost outwards.
