@@ -6,7 +6,7 @@
     ./run bench --python        one side only; or --native
     ./run bench --instructions  counts the processor's instructions instead of the time, in some seconds
     ./run bench --page          measures and counts, and writes the figures into docs/benchmarks.md
-    ./run bench --peers         pictures beside other programs, in ten minutes; with --page into docs/benchmarks.md
+    ./run bench --peers         pictures and scripts beside other programs, in ten minutes; with --page into that page
 """
 
 import argparse
@@ -97,10 +97,10 @@ def write_json(file, on, python, native, counted):
 def measure_peers(options):
     on = machine()
     figures = peers.run(options, progress)
-    text = f"{on}\n\n{peers.text(figures, options.build)}"
-    print(text, end="")
+    texts = {heading: f"{on}\n\n{text}" for heading, text in peers.texts(figures, options.build).items()}
+    print("\n".join(texts.values()), end="")
     if options.page:
-        write_page(ROOT / "docs" / "benchmarks.md", {peers.HEADING: text})
+        write_page(ROOT / "docs" / "benchmarks.md", texts)
     if options.json:
         options.json.write_text(json.dumps({"machine": on} | figures, indent=1) + "\n")
 
@@ -112,9 +112,9 @@ def main():
     parser.add_argument("--native", action="store_true", help="the C++ side only")
     parser.add_argument("--instructions", action="store_true", help="count instructions from Python instead of time")
     parser.add_argument("--page", action="store_true", help="write the figures into docs/benchmarks.md")
-    parser.add_argument("--peers", action="store_true", help="pictures beside other programs, and nothing else")
+    parser.add_argument("--peers", action="store_true", help="pictures and scripts beside other programs, and nothing else")
     parser.add_argument("--minutes", type=float, default=10, help="with --peers: about how long it may take")
-    parser.add_argument("--scenes", metavar="LIST", help="with --peers: only these scenes, such as shapes,held")
+    parser.add_argument("--scenes", metavar="LIST", help="with --peers: only these, such as shapes,held or scripts")
     parser.add_argument("--tools", metavar="LIST", help="with --peers: only these programs, such as brindle,rsvg")
     parser.add_argument("--build", metavar="DIR", type=pathlib.Path, default=ROOT / "build" / "dev", help="the build")
     options = parser.parse_args()

@@ -2,7 +2,7 @@
 # Installs what is missing of Debian's packages to build, run and test; done in a moment when nothing is.
 #   scripts/setup.sh                 what ./run and ./test need
 #   scripts/setup.sh --instructions  what ./run bench --instructions counts with as well
-#   scripts/setup.sh --peers         the programs that ./run bench --peers compares with, 1.5 GB; without them it skips them
+#   scripts/setup.sh --peers         the programs that ./run bench --peers compares with; those that aren't there it skips
 #   scripts/setup.sh --develop       that, the formatter and the linter as well
 set -euo pipefail
 PATH=/usr/sbin:/usr/bin:/sbin:/bin:$PATH
@@ -18,7 +18,7 @@ packages=(
 case "${1:-}" in
     "") ;;
     --instructions) packages+=(valgrind) ;;
-    --peers) packages+=(librsvg2-bin python3-cairo synfig inkscape blender) ;;
+    --peers) packages+=(librsvg2-bin python3-cairo synfig inkscape blender freecad-python3 python3-pyqt6) ;;
     --develop) packages+=(valgrind clang-format clang-tidy git) ;;
     *) echo "usage: scripts/setup.sh [--instructions | --peers | --develop]" >&2; exit 2 ;;
 esac

@@ -84,7 +84,7 @@ class Bench:
 
     def __init__(self, stage):
         self.stage = stage
-        self.environment = tools.environment(stage)
+        self.environment = tools.environment(stage.build, stage.folder)
 
     def run(self, record, way, frames):
         tool, stage = record.tool, self.stage

@@ -224,7 +224,7 @@ ALL = {"brindle": Ours(), "rsvg": Rsvg(), "inkscape": Inkscape(), "blender": Ble
        "qt8": Painter(8), "qt16": Painter(16)}
 
 
-def environment(stage):
+def environment(build, folder):
     # Blender looks for its file where PWD says that it is.
-    return dict(os.environ, PYTHONPATH=str(stage.build / "python"), PYTHONDONTWRITEBYTECODE="1", QT_QPA_PLATFORM="offscreen",
-                PWD=str(stage.folder))
+    return dict(os.environ, PYTHONPATH=str(build / "python"), PYTHONDONTWRITEBYTECODE="1", QT_QPA_PLATFORM="offscreen",
+                PWD=str(folder))

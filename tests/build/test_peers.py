@@ -1,8 +1,10 @@
-"""Pictures beside other programs: the scenes in each program's form, the timing, and the table; with programs that are made up."""
+"""The comparison beside other programs: the scenes in each one's form, the timing, and the tables; with programs made up."""
 
+import ast
 import json
 import math
 import pathlib
+import re
 import subprocess
 import sys
 import types
@@ -14,7 +16,7 @@ import pytest
 BENCH = pathlib.Path(__file__).resolve().parents[2] / "bench"
 sys.path.insert(0, str(BENCH))
 
-from peers import blender, command, flat, lines, measure, pictures, scenes, sheet, svg, synfig, tools  # noqa: E402
+from peers import blender, command, flat, lines, measure, pictures, scenes, scripting, sheet, svg, synfig, tools  # noqa: E402
 
 DOT = scenes.Fill(((0, 0), (4, 0), (8, 0), (8, 4), (8, 8), (4, 8), (0, 0)), (10, 20, 30, 51))
 STROKE = scenes.Line(((0, 0), (10, 0), (20, 0), (30, 0)), ((0.0, 1, 2), (1.0, 3, 4)), (0, 0, 0, 255))
@@ -178,9 +180,11 @@ def measure_fakes(monkeypatch, folder):
     monkeypatch.setattr(pictures, "read", lambda content: content)
     monkeypatch.setitem(sys.modules, "peers.ours", types.SimpleNamespace(write=lambda scene, folder: {}))
     told = []
-    options = types.SimpleNamespace(build=folder, scenes=None, tools=None, minutes=1.0)
+    options = types.SimpleNamespace(build=folder, scenes="held", tools=None, minutes=1.0)
     figures = command.run(options, told.append)
-    return figures, command.text(figures, folder), told
+    texts = command.texts(figures, folder)
+    assert list(texts) == [command.PICTURES]
+    return figures, texts[command.PICTURES], told
 
 
 def test_programs_are_measured_in_turn_and_what_has_no_figure_has_a_reason(measured):
@@ -215,3 +219,62 @@ def test_two_threads_are_as_busy_at_the_end_of_a_short_run_as_of_a_long_one():
 def test_an_unknown_scene_is_told():
     with pytest.raises(SystemExit, match="there is no scene sky; there are shapes, lines$"):
         command.chosen("shapes,sky", {"shapes": 1, "lines": 2}, "scene")
+
+
+SCRIPT = f"""
+import sys
+sys.path.insert(0, {str(scripting.SCRIPTS)!r})
+from report import Report
+report = Report()
+report.short({{"number": 5}}, integer="number", write=("number + 1", "pass"))
+with report.long("create", "make ten", 10):
+    pass
+report.write()
+"""
+
+
+def test_scripts_are_run_and_what_can_t_be_has_a_reason(monkeypatch, tmp_path):
+    (tmp_path / "in_good.py").write_text(SCRIPT)
+    (tmp_path / "in_bad.py").write_text("raise SystemExit('no such property')")
+    monkeypatch.setattr(scripting, "SCRIPTS", tmp_path)
+    monkeypatch.setattr(scripting, "PROGRAMS", {
+        "good": scripting.of_python("Good", "import sys", "'3.1'"), "bad": scripting.of_python("Bad", "import sys", "1"),
+        "gone": scripting.of_python("Gone", "import there_is_no_such_module", "1")})
+    found = scripting.measure(["good", "bad", "gone"], None, lambda text: None)
+    good = found["Good"]
+    assert good["version"] == "3.1" and len(good["seconds"]["start"]) == scripting.STARTS
+    assert good["code"] == {"integer": "number", "write": "number + 1", "create": "make ten"}
+    assert all(seconds >= 0 for key in ("integer", "write", "create", "start") for seconds in good["seconds"][key])
+    assert found["Bad"] == {"skipped": "its script failed with exit code 1: no such property"}
+    assert found["Gone"] == {"skipped": "it isn't installed: scripts/setup.sh --peers"}
+
+
+def test_the_table_of_scripts_has_our_aim_and_what_was_done():
+    text = scripting.text({
+        "brindle": {"seconds": {"integer": [17e-9], "open": [0.2]}, "code": {"integer": "scene.frame_count"}, "version": "1.0"},
+        "Other": {"seconds": {"integer": [30e-9]}, "code": {"integer": "node.count"}, "version": "2.0"},
+        "Gone": {"skipped": "it isn't installed"}})
+    told = [line.split() for line in text.splitlines()]
+    assert "read an integer property 17 ns 30 ns 80 ns met".split() in told
+    assert "open them 200 ms - 150 ms ---".split() in told
+    assert "Gone: skipped: it isn't installed" in text and "Gone (" not in text
+    assert "    read an integer property:             node.count" in text.split("Other (2.0):")[1]
+
+
+def keys_of(source):
+    """The operations that a script measures."""
+    for call in ast.walk(ast.parse(source)):
+        match call:
+            case ast.Call(func=ast.Attribute(attr="short"), keywords=operations):
+                yield from (operation.arg for operation in operations)
+            case (ast.Call(func=ast.Attribute(attr="long" | "save"), args=[ast.Constant(key), *_])
+                  | ast.Call(func=ast.Name("write"), args=[_, ast.Constant(key)])):
+                yield key
+
+
+def test_the_scripts_measure_what_the_table_has_and_ours_measures_all_of_it():
+    rows = {key for key, *_ in scripting.ROWS}
+    for name in scripting.PROGRAMS:
+        keys = set(keys_of((scripting.SCRIPTS / f"in_{name}.py").read_text()))
+        assert keys <= rows and len(keys) >= 8
+        assert name != "brindle" or keys == rows - {"start"}
