@@ -247,6 +247,13 @@ def test_completion_of_the_object_model_leaves_out_what_dir_does(console, app):
     assert found == sorted(name for name in dir(app.scene) if not name.startswith("_"))
 
 
+def test_an_object_that_lists_nothing_is_completed_from_its_class(console, app):
+    console.locals["app"] = app
+    assert dir(app.clipboard) == []
+    assert console.completions("app.clipboard.paste") == (
+        14, ["paste", "paste_action_template", "paste_new_nodes", "paste_template", "paste_template_into_group"])
+
+
 def test_prints_reach_the_application_and_nothing_can_be_typed(console):
     console.discard()
     print("out", "\ud800")

@@ -106,6 +106,11 @@ def test_a_star_import_brings_the_public_names_only():
     assert not [name for name in names if name.startswith("_") and name != "__builtins__"]
 
 
+def test_the_part_that_is_loaded_at_its_first_use_is_listed():
+    done = support.run_python("import brindle, sys; print('render' in dir(brindle), 'brindle.render' in sys.modules)")
+    assert (done.returncode, done.stdout) == (0, "True False\n"), done.stderr
+
+
 def test_stubs_and_reference_are_up_to_date():
     done = subprocess.run([support.PYTHON, support.ROOT / "scripts/generate_reference.py", "--check"],
                           capture_output=True, text=True)

@@ -20,3 +20,7 @@ def __getattr__(name):
     if name == "render":
         return importlib.import_module("brindle.render")
     raise AttributeError(f"module 'brindle' has no attribute {name!r}")
+
+
+def __dir__():
+    return sorted({*globals(), "render"})

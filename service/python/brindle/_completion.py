@@ -85,7 +85,9 @@ def _names_after(before, names):
     if not before.endswith("."):
         return [*names, *vars(builtins), *keyword.kwlist]
     try:
-        return dir(_look_up(before[:-1], names))
+        found = _look_up(before[:-1], names)
+        # What lists nothing of itself, as a clipboard, is still of use: its class tells the names.
+        return dir(found) or [name for name in dir(type(found)) if not name.startswith(("get_", "set_"))]
     except BaseException:
         # Whatever an object of the script raises here, nobody asked for it.
         return []
