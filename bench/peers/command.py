@@ -5,10 +5,11 @@ import sys
 import tempfile
 import time
 
-from . import measure, pictures, scenes, scripting, sheet, tools
+from . import flat, measure, pictures, scenes, scripting, sheet, tools
 
 PICTURES = "Pictures beside other programs"
 SCRIPTS = "Scripts beside other programs"
+FINER = 16  # the outlines of lines that all are compared with
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 
 
@@ -50,10 +51,12 @@ def run_pictures(build, keys, used, end, progress):
             folder = pathlib.Path(root) / key
             folder.mkdir()
             progress(f"{key}: {scene.title}")
-            stage = tools.Stage(scene, folder, build.resolve(), ours.write(scene, folder / "project"))
+            ours.write(scene, folder / "project")
+            stage = tools.Stage(scene, folder, build.resolve(), ours.outlines(scene))
             skipped = {tool.name: reason for tool in there if (reason := tool.cannot(scene))}
             records = [measure.Record(tool) for tool in there if tool.name not in skipped]
-            expected = pictures.reference(build / "bin" / "brindle_peers", folder / stage.flat_file(measure.SHOWN), folder)
+            fine = flat.Writer(scene, ours.outlines(scene, FINER)).text([measure.SHOWN])
+            expected = pictures.reference(build / "bin" / "brindle_peers", fine, folder)
             measure.Bench(stage).measure(records, (end - time.monotonic()) / (len(keys) - place),
                                          lambda text: progress(f"  {text}"))
             for record in records:

@@ -12,14 +12,24 @@ UNITS = 2400 / scenes.HEIGHT  # of a drawing, on a pixel's side
 FIELD = scenes.HEIGHT / 24 * 4 / 3, scenes.HEIGHT / 24  # pixels
 
 
-def path(points):
+def path(points, units=UNITS):
     made = brindle.BezierPath()
     for start in range(0, len(points) - 3, 3):
         curve = brindle.Bezier()
         for place, (x, y) in enumerate(points[start:start + 4]):
-            curve[place] = [UNITS * x, -UNITS * y]
+            curve[place] = [units * x, -units * y]
         made.bezier_append(curve)
     return made
+
+
+def draw_line(access, line, colour, units=UNITS):
+    """A line in a layer of its own."""
+    layer = access.vector_layer_create("PEN_LAYER")
+    style = brindle.DrawingVectorLineStyle()
+    style.type, style.colour_id, style.thickness = "THICK_LINESTYLE", colour, 10 * units
+    access.stroke_create([{"path": path(line.points, units), "line_style": style}], layer)
+    access.stroke_set_thickness(layer.strokes[0], brindle.DrawingVectorThicknessPath(
+        [[place, units * left, units * right] for place, left, right in line.keys]))
 
 
 class Stage:
@@ -31,7 +41,6 @@ class Stage:
         app.project.resolution.x, app.project.resolution.y = scenes.SIZE
         self.palette = app.project.palettes.create("Colour", "Paints")
         self.colours = {}
-        self.drawings = {}
         if scene.camera:
             camera = self.nodes.create("CAMERA", "Camera")
             self.move(camera, scene.camera)
@@ -100,13 +109,15 @@ class Stage:
             for art in item.arts:
                 self.draw(access, art)
         column[1] = "1"
-        self.drawings[item.name] = drawing
         node = self.nodes.create("READ", item.name)
         node.attributes["drawing.element"].link(column)
         return node
 
     def draw(self, access, art):
         """An art in a layer of its own."""
+        if isinstance(art, scenes.Line):
+            draw_line(access, art, self.colour(art.colour))
+            return
         layer = access.vector_layer_create("PEN_LAYER")
         style = brindle.DrawingVectorLineStyle()
         match art:
@@ -115,45 +126,47 @@ class Stage:
                 access.stroke_create([{"path": path(points), "line_style": style, "colour_left": colour,
                                        "colour_right": colour}], layer)
             case scenes.Cells(edges, cells):
-                colours = [self.colour(cell.colour) for cell in cells] + [""]
+                colours = [self.colour(cell.colour) for cell in cells]
                 access.stroke_create([
                     {"path": path(points), "line_style": style, **{
                         side: colours[number] for side, number in (("colour_left", left), ("colour_right", right))
                         if number is not None}}
                     for points, left, right in edges], layer)
-            case scenes.Line(points, keys, rgba):
-                style.type, style.colour_id, style.thickness = "THICK_LINESTYLE", self.colour(rgba), 10 * UNITS
-                access.stroke_create([{"path": path(points), "line_style": style}], layer)
-                access.stroke_set_thickness(layer.strokes[0], brindle.DrawingVectorThicknessPath(
-                    [[place, UNITS * left, UNITS * right] for place, left, right in keys]))
 
 
 def write(scene, folder):
-    """Saves the scene as a project in a folder that isn't there yet. Gives the outlines of its lines, by art."""
+    """Saves the scene as a project in a folder that isn't there yet."""
     with brindle.create(folder) as app:
-        stage = Stage(app, scene)
+        Stage(app, scene)
         app.save()
-        return outlines(scene, stage.drawings)
 
 
-def outlines(scene, drawings):
-    """The outline of each line of a scene as SVG has it: polygons of points in pixels, to be filled as one, non-zero."""
-    found = {}
-    for item in scenes.walk(scene.root):
-        if isinstance(item, scenes.Drawing) and any(isinstance(art, scenes.Line) for art in item.arts):
-            with tempfile.NamedTemporaryFile(suffix=".svg") as file:
-                brindle.export_svg(file.name, drawings[item.name])
-                layers = [element for element in ElementTree.parse(file.name).iter() if element.tag.endswith("path")]
-            if len(layers) != len(item.arts):
-                raise ValueError(f"{len(layers)} shapes are written for {len(item.arts)} of {item.name}")
-            found |= {art: polygons(layer.get("d")) for art, layer in zip(item.arts, layers)
-                      if isinstance(art, scenes.Line)}
-    return found
+def outlines(scene, finer=1):
+    """The outline of each line of a scene as SVG has it: polygons of points in pixels, to be filled as one, non-zero.
+
+    They are off by a quarter of a unit of a drawing, a ninth of a pixel, or `finer` by so many times.
+    """
+    found = [art for item in scenes.walk(scene.root) if isinstance(item, scenes.Drawing) for art in item.arts
+             if isinstance(art, scenes.Line)]
+    if not found:
+        return {}
+    units = UNITS * finer
+    with tempfile.TemporaryDirectory(prefix="brindle-peers-") as folder, brindle.create(f"{folder}/lines") as app:
+        colour = app.project.palettes.create("Colour", "Paints").create_solid_colour("Black", [0, 0, 0, 255], -1).id
+        drawing = app.elements.create("Lines").drawings.create("1").initialize()
+        with brindle.DrawingAccess.editing(drawing["line"]) as access:
+            for line in found:
+                draw_line(access, line, colour, units)
+        brindle.export_svg(f"{folder}/lines.svg", drawing)
+        shapes = [element for element in ElementTree.parse(f"{folder}/lines.svg").iter() if element.tag.endswith("path")]
+    if len(shapes) != len(found):
+        raise ValueError(f"{len(shapes)} shapes are written for {len(found)} lines")
+    return {line: polygons(shape.get("d"), units) for line, shape in zip(found, shapes)}
 
 
-def polygons(data):
-    """The polygons of an SVG path without curves, in units of a drawing, as points in pixels."""
+def polygons(data, units):
+    """The polygons of an SVG path without curves, so many units on a pixel's side, as points in pixels."""
     if set(re.findall("[A-Za-z]", data)) - set("MLZe"):
         raise ValueError("an outline has curves")
-    return tuple(tuple((float(x) / UNITS, -float(y) / UNITS) for x, y in re.findall(r"(\S+) ([^\sMLZ]+)", part))
+    return tuple(tuple((float(x) / units, -float(y) / units) for x, y in re.findall(r"(\S+) ([^\sMLZ]+)", part))
                  for part in re.split("[MZ]", data.replace("L", " ")) if part)

@@ -31,10 +31,11 @@ def read(content):
     return pixels
 
 
-def reference(program, scene_file, folder):
-    """The pixels of the last frame of a scene, of 16 x 16 samples each."""
-    file = pathlib.Path(folder) / "reference.raw"
-    subprocess.run([str(program), "reference", str(scene_file), str(file)], check=True)
+def reference(program, flat, folder):
+    """The pixels of the last frame of a scene in its flat form, of 16 x 16 samples each."""
+    told, file = (pathlib.Path(folder) / name for name in ("reference.scene", "reference.raw"))
+    told.write_text(flat)
+    subprocess.run([str(program), "reference", str(told), str(file)], check=True)
     return numpy.fromfile(file, "<f4").reshape(scenes.HEIGHT, scenes.WIDTH, 4)
 
 

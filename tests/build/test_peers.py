@@ -178,7 +178,7 @@ def measure_fakes(monkeypatch, folder):
     monkeypatch.setattr(pictures, "reference", lambda *_: None)
     monkeypatch.setattr(pictures, "compared", lambda *_: pictures.Nearness(63.25, 57.0, None))
     monkeypatch.setattr(pictures, "read", lambda content: content)
-    monkeypatch.setitem(sys.modules, "peers.ours", types.SimpleNamespace(write=lambda scene, folder: {}))
+    monkeypatch.setitem(sys.modules, "peers.ours", types.SimpleNamespace(write=lambda *_: None, outlines=lambda *_: {}))
     told = []
     options = types.SimpleNamespace(build=folder, scenes="held", tools=None, minutes=1.0)
     figures = command.run(options, told.append)
