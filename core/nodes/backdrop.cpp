@@ -18,12 +18,13 @@ QVariant colourObject(const QColor& colour)
                                               static_cast<float>(colour.blue()), static_cast<float>(colour.alpha()))));
 }
 
-QColor colourIn(const QVariant& value)
+/// What a script's value tells of a colour; the rest is as in `present`.
+QColor colourIn(const QVariant& value, const QColor& present)
 {
-    int r = 0;
-    int g = 0;
-    int b = 0;
-    int a = 0;
+    int r = present.red();
+    int g = present.green();
+    int b = present.blue();
+    int a = present.alpha();
     Colour::QVariantToRGBAInt(value, r, g, b, a);
     return QColor(r & 0xFF, g & 0xFF, b & 0xFF, a & 0xFF);
 }
@@ -162,7 +163,9 @@ QVariant Backdrop::getTitleFontColour() const
 
 void Backdrop::setTitleFontColour(const QVariant& colour)
 {
-    modify([&](MO_BackdropProperties& properties) { properties.title.colour = colourIn(colour); });
+    modify([&](MO_BackdropProperties& properties) {
+        properties.title.colour = colourIn(colour, properties.title.colour);
+    });
 }
 
 QString Backdrop::getDescriptionFont() const
@@ -195,7 +198,9 @@ QVariant Backdrop::getDescriptionFontColour() const
 
 void Backdrop::setDescriptionFontColour(const QVariant& colour)
 {
-    modify([&](MO_BackdropProperties& properties) { properties.description.colour = colourIn(colour); });
+    modify([&](MO_BackdropProperties& properties) {
+        properties.description.colour = colourIn(colour, properties.description.colour);
+    });
 }
 
 QVariant Backdrop::getColour() const
@@ -205,7 +210,7 @@ QVariant Backdrop::getColour() const
 
 void Backdrop::setColour(const QVariant& colour)
 {
-    modify([&](MO_BackdropProperties& properties) { properties.colour = colourIn(colour); });
+    modify([&](MO_BackdropProperties& properties) { properties.colour = colourIn(colour, properties.colour); });
 }
 
 void Backdrop::match(const Backdrop& other)

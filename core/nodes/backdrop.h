@@ -67,16 +67,18 @@ public:
     virtual void setTitleFont(const QString& font);
     virtual double getTitleFontSize() const; ///< The size of the title's font in points, above 0.
     virtual void setTitleFontSize(double size);
-    virtual QVariant getTitleFontColour() const; ///< The title's colour; takes every form that Colour takes.
+    /// The title's colour; takes every form that Colour takes, and of a list of three keeps the alpha.
+    virtual QVariant getTitleFontColour() const;
     virtual void setTitleFontColour(const QVariant& colour);
     virtual QString getDescriptionFont() const; ///< The family of the description's font.
     virtual void setDescriptionFont(const QString& font);
     virtual double getDescriptionFontSize() const; ///< The size of the description's font in points, above 0.
     virtual void setDescriptionFontSize(double size);
-    virtual QVariant
-    getDescriptionFontColour() const; ///< The description's colour; takes every form that Colour takes.
+    /// The description's colour; takes every form that Colour takes, and of a list of three keeps the alpha.
+    virtual QVariant getDescriptionFontColour() const;
     virtual void setDescriptionFontColour(const QVariant& colour);
-    virtual QVariant getColour() const; ///< The colour of the rectangle; takes every form that Colour takes.
+    /// The colour of the rectangle; takes every form that Colour takes, and of a list of three keeps the alpha.
+    virtual QVariant getColour() const;
     virtual void setColour(const QVariant& colour);
 
     virtual void match(const Backdrop& other); ///< Takes all properties of another backdrop, as one undo entry.

@@ -83,8 +83,16 @@ def test_each_property_is_one_undo_entry(app, backdrop, saved, name, value):
 def test_colours_take_every_form(backdrop, name):
     for value in (brindle.Colour(1, 2, 3, 4), [1, 2, 3, 4]):
         setattr(backdrop, name, value)
-        colour = getattr(backdrop, name)
-        assert (colour.r, colour.g, colour.b, colour.a) == (1, 2, 3, 4)
+        assert getattr(backdrop, name) == brindle.Colour(1, 2, 3, 4)
+
+
+@pytest.mark.parametrize("name", ["colour", "title_font_colour", "description_font_colour"])
+def test_a_list_of_three_channels_keeps_the_alpha(backdrop, name):
+    setattr(backdrop, name, [1, 2, 3])
+    assert getattr(backdrop, name) == brindle.Colour(1, 2, 3, 255)
+    setattr(backdrop, name, [5, 6, 7, 8])
+    setattr(backdrop, name, [1, 2, 3])
+    assert getattr(backdrop, name) == brindle.Colour(1, 2, 3, 8)
 
 
 def test_match_takes_all_properties_at_once(app, group, backdrop):
