@@ -101,3 +101,25 @@ def test_arguments_that_do_not_fit_are_type_errors(rig, arguments):
     with pytest.raises(TypeError):
         rig["peg"].move_to(*arguments)
     assert rig["peg"].path == "Top/Peg"
+
+
+def test_a_node_stays_in_its_scene_and_its_objects_stay_valid(folder):
+    with brindle.create(folder) as app:
+        app.scene.nodes.create("GROUP", "Body").multi_port_in
+        app.scene.nodes.create("PEG", "Peg")
+        app.save()
+    scenes = folder / "scenes"
+    (scenes / "Two.json").write_text((scenes / "Scene-1.json").read_text().replace("Scene-1", "Two"))
+    project = folder / "project.json"
+    project.write_text(project.read_text().replace('"scenes/Scene-1.json"', '"scenes/Scene-1.json",\n    "scenes/Two.json"'))
+    with brindle.open(folder) as app:
+        one, two = app.scenes
+        peg, body = one.nodes["Top/Peg"], two.nodes["Top/Body"]
+        saved = support.files(folder)
+        peg.move_to(body)
+        assert body.nodes.move(peg) == peg
+        assert support.message_of(body.nodes.move, [peg, one.nodes["Top/Display"]]) == (
+            "Failed to move the nodes to the group.")
+        assert (peg.path, peg.parent_scene(), len(app.project.history)) == ("Top/Peg", one, 0)
+        app.save()
+        assert support.files(folder) == saved
