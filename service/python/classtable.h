@@ -406,6 +406,10 @@ template <typename Key, typename Value>
 void Class<T>::assignItem(PyObject* list, PyObject* key, PyObject* value)
 {
     using Values = std::tuple<Key, Value>;
+    if (!From<Key>::accepts(key))
+        throw Misfit{0, From<Key>::type, key};
+    if (!From<Value>::accepts(value))
+        throw Misfit{1, From<Value>::type, value};
     convertAndCall(
         [&] {
             return Values{From<Key>::read(key, 0), From<Value>::read(value, 1)};
@@ -457,19 +461,9 @@ void Class<T>::deriveOperators()
             assignItem<int, QVariant>(list, key, value);
         };
     } else if constexpr (requires(const QString& k, const OMC::Obj& v) { self(nullptr).set(k, v); }) {
-        operators.setItem = [](PyObject* list, PyObject* key, PyObject* value) {
-            if (!From<QString>::accepts(key))
-                throw Misfit{0, From<QString>::type, key};
-            if (!From<OMC::Obj>::accepts(value))
-                throw Misfit{1, From<OMC::Obj>::type, value};
-            assignItem<QString, OMC::Obj>(list, key, value);
-        };
+        operators.setItem = &assignItem<QString, OMC::Obj>;
     } else if constexpr (requires(const QString& k, const QVariant& v) { self(nullptr).set(k, v); }) {
-        operators.setItem = [](PyObject* list, PyObject* key, PyObject* value) {
-            if (!From<QString>::accepts(key))
-                throw Misfit{0, From<QString>::type, key};
-            assignItem<QString, QVariant>(list, key, value);
-        };
+        operators.setItem = &assignItem<QString, QVariant>;
     } else if constexpr (requires(int i, const std::string& v) { self(nullptr).set(i, v); }) {
         operators.setItem = &assignItem<unsigned int, std::string>;
     }

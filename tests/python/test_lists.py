@@ -73,6 +73,13 @@ def test_a_subscript_of_another_type_is_refused(samples, key):
         samples["nodes of the scene"][key]
 
 
+def test_an_item_that_is_written_by_another_key_is_refused(peg, history):
+    for items, key, value, index in ((peg.attributes, "angle", 5, 0), (brindle.application().scene.nodes, "x", peg, 0),
+                                     (history, "x", "y", 0), (history, 0, 5, 1)):
+        sentence = support.message_of(items.__setitem__, key, value, error=brindle.ArgumentError)
+        assert sentence == f"Invalid argument at index {index}."
+
+
 @pytest.mark.parametrize("name", READ_ONLY)
 def test_a_list_that_cannot_be_written_says_so(samples, state, name):
     before = state()
