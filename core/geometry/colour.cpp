@@ -54,7 +54,9 @@ struct Colour::Hsl {
 };
 
 Colour::Colour(float r, float g, float b, float a)
-    : m_rgba(std::make_unique<CM_Rgba>(channelByte(r, 0), channelByte(g, 1), channelByte(b, 2), channelByte(a, 3)))
+    // Braces keep the order: the first argument that doesn't fit is the one that is told.
+    : m_rgba(std::make_unique<CM_Rgba>(
+          CM_Rgba{channelByte(r, 0), channelByte(g, 1), channelByte(b, 2), channelByte(a, 3)}))
 {}
 
 Colour::Colour(const QVariant& value) : m_rgba(std::make_unique<CM_Rgba>(0, 0, 0, 0))

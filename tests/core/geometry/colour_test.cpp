@@ -132,6 +132,7 @@ TEST(ColourChannelTest, AChannelRefusesWhatIsNotFiniteAndChangesNothing)
             EXPECT_EQ(failureOf([&] { (colour.*set)(bad); }), "Invalid argument at index 0.");
         EXPECT_EQ(colour, Colour(1, 2, 3, 4));
         EXPECT_EQ(failureOf([&] { Colour(bad, 2, 3, 4); }), "Invalid argument at index 0.");
+        EXPECT_EQ(failureOf([&] { Colour(bad, bad, bad, bad); }), "Invalid argument at index 0.");
         EXPECT_EQ(failureOf([&] { Colour(1, bad, 3, 4); }), "Invalid argument at index 1.");
         EXPECT_EQ(failureOf([&] { Colour(1, 2, bad, 4); }), "Invalid argument at index 2.");
         EXPECT_EQ(failureOf([&] { Colour(1, 2, 3, bad); }), "Invalid argument at index 3.");
