@@ -6,7 +6,7 @@ class TUScene;
 
 namespace OMC {
 
-/// The shape of the field chart's units: how wide and high the picture is, measured in them. It is the whole project's.
+/// The sides of the project's aspect ratio (4 x 3), divided by the units of the field chart along them.
 ///
 /// A live view, like the two below: it keeps no value, reads the engine at each call, on whatever thread, and is
 /// invalid once the scene is gone.
@@ -22,10 +22,12 @@ public:
     std::string __str__() const override;
 
     virtual void setX(double x);
-    /// The chart's aspect across, for each unit; what it makes of the chart's units loses its fraction.
+    /// The ratio's width for each unit across. Writing it makes the width a whole number: the value times the units,
+    /// without its fraction.
     virtual double getX() const;
     virtual void setY(double y);
-    /// The chart's aspect up, for each unit; what it makes of the chart's units loses its fraction.
+    /// The ratio's height for each unit up. Writing it makes the height a whole number: the value times the units,
+    /// without its fraction.
     virtual double getY() const;
 };
 

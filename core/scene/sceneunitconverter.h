@@ -25,11 +25,13 @@ public:
     std::string __str__() const override;
 
     /// A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from OpenGL units to fields. A
-    /// Point2d gives a Point2d, a Point3d and all that it is made from a Point3d; vectors fail.
+    /// Point2d gives a Point2d; a Point3d, a list of numbers and points, or a number gives a Point3d. Vectors and other
+    /// objects fail.
     QVariant toField(const QVariant& point);
     double toField(double value, const QString& axis);
     /// A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from fields to OpenGL units. A
-    /// Point2d gives a Point2d, a Point3d and all that it is made from a Point3d; vectors fail.
+    /// Point2d gives a Point2d; a Point3d, a list of numbers and points, or a number gives a Point3d. Vectors and other
+    /// objects fail.
     QVariant toOgl(const QVariant& point);
     double toOgl(double value, const QString& axis);
 

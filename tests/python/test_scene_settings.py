@@ -284,7 +284,7 @@ def test_what_a_point_is_read_from_gives_a_point_in_space(scene, value, point):
 
 @pytest.mark.parametrize("make", [
     lambda s: brindle.Vector3d(1, 2, 3), lambda s: brindle.Vector2d(1, 2), lambda s: s, lambda s: s.units,
-    lambda s: s.unit_converter,
+    lambda s: s.unit_converter, lambda s: s.nodes[0], lambda s: s.nodes[0].position, lambda s: brindle.Matrix([1, 2]),
 ])
 def test_a_vector_and_other_objects_are_no_points(scene, make):
     for convert in (scene.unit_converter.to_field, scene.unit_converter.to_ogl):

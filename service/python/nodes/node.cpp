@@ -55,7 +55,8 @@ const Family family([]() -> std::vector<ClassTable> {
             .property<&Node::newPortsIn>("ports_in", "InPortList | MultiInPortList")
             .property<&Node::newPortsOut>("ports_out", "PortList[OutPort] | MultiPortList[OutPort]")
             .property<&Node::newMetadata>("metadata")
-            .property<&Node::newPosition>("position", "Node_Coordinates", "PointLike")
+            .property<&Node::newPosition>("position", "Node_Coordinates",
+                                          "Point2d | Point3d | Node_Coordinates | Sequence[float] | float")
             .property<&Node::newSubselections>("subselections")
             .property<&Node::newRect>("rect")
             .property<&Node::newColour>("colour", "Node_Colour", "ColourLike")

@@ -13,13 +13,11 @@ const Family family([]() -> std::vector<ClassTable> {
             .method<"to_field", Form<pick<double, const QString&>(&SceneUnitConverter::toField), "value, axis">,
                     Form<pick<const QVariant&>(&SceneUnitConverter::toField), "point: Point2d -> Point2d">,
                     Form<pick<const QVariant&>(&SceneUnitConverter::toField),
-                         "point: Point3d | Matrix | Node | Node_Coordinates | ColumnValue | Sequence[object] | float "
-                         "-> Point3d">>()
+                         "point: Point3d | Sequence[object] | float -> Point3d">>()
             .method<"to_ogl", Form<pick<double, const QString&>(&SceneUnitConverter::toOgl), "value, axis">,
                     Form<pick<const QVariant&>(&SceneUnitConverter::toOgl), "point: Point2d -> Point2d">,
                     Form<pick<const QVariant&>(&SceneUnitConverter::toOgl),
-                         "point: Point3d | Matrix | Node | Node_Coordinates | ColumnValue | Sequence[object] | float "
-                         "-> Point3d">>(),
+                         "point: Point3d | Sequence[object] | float -> Point3d">>(),
     };
 });
 
