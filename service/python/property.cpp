@@ -217,7 +217,8 @@ PyObject* callAccessor(PyObject* callable, PyObject* arguments, PyObject* names)
             throwTypeError("%s() needs an object", accessor->name);
         const Py_ssize_t count = PyTuple_GET_SIZE(arguments) + (names ? PyDict_GET_SIZE(names) : 0);
         if (count != (accessor->setter ? 1 : 0) || PyTuple_GET_SIZE(arguments) != count)
-            throwTypeError("%s() takes %d argument(s), not %zd", accessor->name, int(accessor->setter), count);
+            throwTypeError("%s() takes %s", accessor->name,
+                           accessor->setter ? "one argument, by its place" : "no arguments");
         if (!accessor->setter)
             return accessor->property->read(objectOf(accessor->self), *accessor->property);
         write(accessor->self, *accessor->property, PyTuple_GET_ITEM(arguments, 0));
