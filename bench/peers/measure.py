@@ -16,8 +16,8 @@ TIMED = pathlib.Path(__file__).resolve().parent / "timed.py"
 LONGEST = 300  # seconds of one command
 SHOWN = 3  # the frame whose picture is compared
 # Frames and repetitions, from the most that is worth its time to the least that says something.
-LEVELS = ((100, 5), (100, 3), (50, 5), (50, 3), (30, 3), (20, 3), (10, 3), (10, 2), (5, 3), (5, 2), (3, 2), (3, 1))
-SLOW = 0.25  # of a scene's time: a tool that needs more for the least has what the first runs gave
+LEVELS = ((100, 5), (50, 5), (30, 5), (20, 5), (20, 3), (10, 3), (5, 3), (3, 3), (3, 2), (3, 1))
+SLOW = 2  # times a tool's share of the time: one that needs more for the least has what the first runs gave
 
 
 @dataclass(frozen=True)
@@ -44,6 +44,7 @@ class Record:
     pictures: list = field(default_factory=list)  # checksums of one frame, by runs
     picture: bytes = b""  # that frame's file
     frames: int = SHOWN
+    repetitions: int = 1
     commands: dict = field(default_factory=dict)  # by the way
     failure: str = ""
     nearness: object = None
@@ -123,19 +124,17 @@ class Bench:
         for record in records:
             told(record.tool.name)
             self.attempt(record, ((TWO, 1), (TWO, SHOWN)))
-        quick = [record for record in records if not record.failure and (
-            record.tool.whole or cost(record, *LEVELS[-1]) < SLOW * seconds)]
-        left = seconds - (time.monotonic() - start)
-        frames, repetitions = next((level for level in LEVELS if sum(cost(record, *level) for record in quick) < left),
-                                   LEVELS[-1])
-        told(f"{frames} frames, {repetitions} times; of {len(records) - len(quick)} programs {SHOWN} frames once")
+        well = [record for record in records if not record.failure]
+        share = (seconds - (time.monotonic() - start)) / max(len(well), 1)
+        quick = [record for record in well if record.tool.whole or cost(record, *LEVELS[-1]) < SLOW * share]
         for record in quick:
-            record.frames = frames
+            record.frames, record.repetitions = next((level for level in LEVELS if cost(record, *level) < share), LEVELS[-1])
             record.seconds.clear()  # the first run found no file in memory
             record.processor.clear()
-        for repetition in range(repetitions):
+        for repetition in range(LEVELS[0][1]):
             for record in quick if repetition % 2 == 0 else quick[::-1]:
-                self.attempt(record, runs(record))
+                if repetition < record.repetitions:
+                    self.attempt(record, runs(record))
 
     def attempt(self, record, wanted):
         try:
@@ -155,13 +154,14 @@ def runs(record):
 
 
 def cost(record, frames, repetitions):
-    """What measuring takes at most, from the first runs, in seconds: on one thread it may take twice as long."""
+    """What measuring takes at most, from the first runs, in seconds."""
     first, more = record.seconds[TWO, 1][0], record.seconds[TWO, SHOWN][0]
     each = max((more - first) / (SHOWN - 1), 0.0)
     start = max(first - each, 0.0)
-    whole = 0.0
-    for way, number in ((TWO, 1), *((way, n) for way in record.ways() for n in {shorter(frames), frames})):
-        whole += start + number * each * (1 if way == TWO else 2)
+    whole = first
+    for way in record.ways():
+        # At most one frame a thread is drawn at a time; encoding is about as much as drawing.
+        whole += 2 * start + (frames + shorter(frames)) * each * (2 if way == ONE else 1)
     return repetitions * whole
 
 

@@ -39,7 +39,7 @@ def values(record):
         "bytes": len(record.picture),
         "same": record.same(),
         "frames": record.frames,
-        "repetitions": len(record.seconds.get((measure.TWO, record.frames), ())),
+        "repetitions": record.repetitions,
         "commands": {way_text(record.tool, way): command for way, command in record.commands.items()},
     }
 
