@@ -113,6 +113,14 @@ bool ElementDrawingList::contains(const QString& name) const
     return m_guard.info(m_elementId).hasDrawingName(name);
 }
 
+bool ElementDrawingList::holds(const BaseObject& item) const
+{
+    m_guard.info(m_elementId);
+    const auto* drawing = dynamic_cast<const ElementDrawing*>(&item);
+    return drawing && drawing->elementId() == m_elementId &&
+           !m_guard.manager().getDrawingTiming(m_elementId, drawing->drawingId()).isNull();
+}
+
 QVariant ElementDrawingList::create(const QVariant& names, bool fileExists, bool second)
 {
     TUElementMgr& manager = m_guard.manager();

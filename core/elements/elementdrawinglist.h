@@ -33,6 +33,7 @@ public:
     std::vector<Obj> list() const override;
     QStringList names() const;                        ///< The names of all drawings.
     virtual bool contains(const QString& name) const; ///< Whether there is a drawing of exactly this name.
+    bool holds(const BaseObject& item) const;         ///< Whether an object shows a drawing of the element.
     virtual Obj operator()(const QString& name) const;
 
     /// Makes a drawing, or with a list of names one for each, sorted by name. Gives the drawing, or a list of them for

@@ -173,6 +173,8 @@ public:
     virtual MO_Node* subNode(const QString& name) const = 0; ///< A direct sub-node by its name, or null.
     /// All nodes below the group, depth first, each group ahead of its content; the group itself is left out.
     virtual void getRecursiveSubNodeList(std::vector<MO_Node*>& nodes) const = 0;
+    virtual std::size_t nRecursiveSubNodes() const = 0;             ///< Their number.
+    virtual MO_Node* recursiveSubNode(std::size_t index) const = 0; ///< One of them; null beyond the end.
 
     /// The backdrops, in the order in which they were added.
     virtual const std::vector<std::shared_ptr<MO_Backdrop>>& backdrops() const = 0;

@@ -6,6 +6,8 @@
 #include "core/nodes/node.h"
 #include "core/nodes/nodecollector.h"
 
+#include <algorithm>
+
 namespace OMC {
 
 // A list that no loop goes through is at its end.
@@ -53,8 +55,10 @@ std::size_t NodeList::size() const
 {
     validate();
     switch (m_mode) {
-    case SceneNodes:
-        return engineNodes().size();
+    case SceneNodes: {
+        const TUGroup* root = m_scene.get()->getRootGroup();
+        return root ? root->nRecursiveSubNodes() : 0;
+    }
     case GroupNodes:
         return m_group.get()->nSubNodes();
     case Handles:
@@ -106,6 +110,27 @@ std::vector<Obj> NodeList::list() const
 bool NodeList::contains(const QString& name) const
 {
     return get(name).get() != nullptr;
+}
+
+bool NodeList::holds(const BaseObject& item) const
+{
+    validate();
+    const auto* wrapper = dynamic_cast<const Node*>(&item);
+    const MO_Node* node = wrapper ? wrapper->getNode() : nullptr;
+    if (!node)
+        return false;
+    switch (m_mode) {
+    case SceneNodes:
+        return node->parentGroup() && node->sceneCommon() == m_scene.get()->sceneCommon();
+    case GroupNodes:
+        return node->parentGroup() == m_group.get();
+    case Handles:
+        return std::any_of(m_nodes.begin(), m_nodes.end(),
+                           [node](const WeakHandle<MO_Node>& handle) { return handle.get() == node; });
+    case Unknown:
+        break;
+    }
+    return false;
 }
 
 Obj NodeList::operator()(const QString& name) const
@@ -255,20 +280,15 @@ MO_Node* NodeList::findNode(const QString& name) const
 
 MO_Node* NodeList::nodeAt(int index) const
 {
-    const auto inRange = [index](std::size_t count) {
-        if (index < 0 || static_cast<std::size_t>(index) >= count)
-            throwIndexOutOfRange();
-        return static_cast<std::size_t>(index);
-    };
+    if (index < 0 || static_cast<std::size_t>(index) >= size())
+        throwIndexOutOfRange();
     switch (m_mode) {
-    case SceneNodes: {
-        const std::vector<MO_Node*> nodes = engineNodes();
-        return nodes[inRange(nodes.size())];
-    }
+    case SceneNodes:
+        return m_scene.get()->getRootGroup()->recursiveSubNode(static_cast<std::size_t>(index));
     case GroupNodes:
-        return m_group.get()->subNode(static_cast<unsigned int>(inRange(m_group.get()->nSubNodes())));
+        return m_group.get()->subNode(static_cast<unsigned int>(index));
     case Handles:
-        return m_nodes.at(static_cast<qsizetype>(inRange(static_cast<std::size_t>(m_nodes.size())))).get();
+        return m_nodes.at(index).get();
     case Unknown:
         break;
     }

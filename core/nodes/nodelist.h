@@ -50,6 +50,7 @@ public:
     Node* newItem(const QString& name) const;
     Node* newItem(int index) const;
     virtual bool contains(const QString& name) const; ///< Whether a node of that path or name is there.
+    bool holds(const BaseObject& item) const;         ///< Whether an object shows a node of the list.
     virtual Obj operator()(const QString& name) const;
 
     /// The nodes, except groups, that a filter lets through: a regular expression or a list of them, searched for in

@@ -1,5 +1,7 @@
 #include "engine/graph/group.h"
 
+#include "engine/graph/scenegraph.h"
+
 #include <typeinfo>
 
 namespace brindle::engine {
@@ -30,6 +32,24 @@ void Group::getRecursiveSubNodeList(std::vector<MO_Node*>& nodes) const
     nodes.clear();
     for (std::size_t i = 0; i < m_subNodes.size(); ++i)
         forEachFrom(m_subNodes.at(i), [&nodes](Node& node) { nodes.push_back(&node.host()); });
+}
+
+std::size_t Group::nRecursiveSubNodes() const
+{
+    if (graph() && &graph()->root() == this)
+        return graph()->nodeCount();
+    std::vector<MO_Node*> nodes;
+    getRecursiveSubNodeList(nodes);
+    return nodes.size();
+}
+
+MO_Node* Group::recursiveSubNode(std::size_t index) const
+{
+    if (graph() && &graph()->root() == this)
+        return graph()->nodeAt(index);
+    std::vector<MO_Node*> nodes;
+    getRecursiveSubNodeList(nodes);
+    return index < nodes.size() ? nodes[index] : nullptr;
 }
 
 TUMultiPortIn* Group::getOutMultiPort() const

@@ -27,6 +27,8 @@ public:
     MO_Node* subNode(unsigned int index) const override;
     MO_Node* subNode(const QString& name) const override;
     void getRecursiveSubNodeList(std::vector<MO_Node*>& nodes) const override;
+    std::size_t nRecursiveSubNodes() const override;
+    MO_Node* recursiveSubNode(std::size_t index) const override;
     TUMultiPortIn* getOutMultiPort() const override;
     TUMultiPortOut* getInMultiPort() const override;
 
@@ -44,9 +46,10 @@ const Group* engineGroup(const TUGroup* group);
 /// Those of some nodes that lie in no other one of them, in the same order.
 std::vector<Node*> topNodes(const std::vector<Node*>& nodes);
 
-/// Calls a function for a node and all nodes below it, depth first, each group ahead of its content.
+/// Calls a function for a node and all nodes below it, depth first, each group ahead of its content, for as long as it
+/// gives true.
 template <typename Function>
-void forEachFrom(Node& top, Function function)
+void forEachFromWhile(Node& top, Function function)
 {
     struct Level {
         const SubNodes* nodes;
@@ -54,18 +57,29 @@ void forEachFrom(Node& top, Function function)
     };
     std::vector<Level> levels;
     const auto enter = [&](Node& node) {
-        function(node);
+        const bool goesOn = function(node);
         if (const Group* group = node.asGroup())
             levels.push_back({&group->subNodes(), 0});
+        return goesOn;
     };
-    enter(top);
-    while (!levels.empty()) {
+    bool goesOn = enter(top);
+    while (goesOn && !levels.empty()) {
         Level& level = levels.back();
         if (level.next < level.nodes->size())
-            enter(level.nodes->at(level.next++));
+            goesOn = enter(level.nodes->at(level.next++));
         else
             levels.pop_back();
     }
+}
+
+/// The same for all of them.
+template <typename Function>
+void forEachFrom(Node& top, Function function)
+{
+    forEachFromWhile(top, [&function](Node& node) {
+        function(node);
+        return true;
+    });
 }
 
 } // namespace brindle::engine

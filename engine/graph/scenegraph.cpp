@@ -12,6 +12,7 @@ SceneGraph::SceneGraph(SC_SceneCommon& scene) : m_scene(scene)
     m_root.setScene(&scene);
     m_root.Node::setName(QStringLiteral("Top"));
     enter(m_root);
+    m_nodeCount = 0;
 }
 
 SceneGraph* SceneGraph::of(const SC_SceneCommon* scene)
@@ -20,14 +21,34 @@ SceneGraph* SceneGraph::of(const SC_SceneCommon* scene)
     return root ? root->graph() : nullptr;
 }
 
+MO_Node* SceneGraph::nodeAt(std::size_t place)
+{
+    if (place >= m_nodeCount)
+        return nullptr;
+    if (place >= m_walked.size()) {
+        // Twice as far as the last walk, so that a loop over all places costs two walks; and not to the end, so that
+        // one that removes the first node again and again costs no more.
+        const std::size_t wanted = std::max(place + 1, 2 * m_walked.size());
+        m_walked.clear();
+        forEachFromWhile(m_root, [this, wanted](Node& node) {
+            if (&node != &m_root)
+                m_walked.push_back(&node.host());
+            return m_walked.size() < wanted;
+        });
+    }
+    return m_walked[place];
+}
+
 void SceneGraph::append(Group& group, std::unique_ptr<MO_Node> host, Node& node)
 {
+    m_walked.clear();
     group.subNodes().append(std::move(host), node);
     enter(node);
 }
 
 std::vector<std::unique_ptr<MO_Node>> SceneGraph::take(Group& group, const std::vector<Node*>& nodes)
 {
+    m_walked.clear();
     for (Node* node : nodes)
         leave(*node);
     return group.subNodes().take(nodes);
@@ -35,6 +56,7 @@ std::vector<std::unique_ptr<MO_Node>> SceneGraph::take(Group& group, const std::
 
 void SceneGraph::putBack(Group& group, std::vector<std::unique_ptr<MO_Node>> hosts, const std::vector<Node*>& nodes)
 {
+    m_walked.clear();
     group.subNodes().putBack(std::move(hosts), nodes);
     for (Node* node : nodes)
         enter(*node);
@@ -50,6 +72,7 @@ void SceneGraph::rename(Node& node, const QString& name)
 std::vector<NodeSeat> SceneGraph::move(Group& from, Group& to, const std::vector<Node*>& nodes,
                                        const std::vector<NodeSeat>& seats)
 {
+    m_walked.clear();
     std::vector<NodeSeat> before;
     before.reserve(nodes.size());
     for (const Node* node : nodes) {
@@ -101,6 +124,7 @@ void SceneGraph::enter(Node& top)
     forEachFrom(top, [this](Node& node) {
         node.m_graph = this;
         node.m_scene = &m_scene;
+        ++m_nodeCount;
         countDisplay(node, +1);
     });
 }
@@ -110,6 +134,7 @@ void SceneGraph::leave(Node& top)
     forEachFrom(top, [this](Node& node) {
         countDisplay(node, -1);
         node.m_graph = nullptr;
+        --m_nodeCount;
         node.host().expireWeakPointers();
         if (const Group* group = node.asGroup()) {
             for (const std::shared_ptr<MO_Backdrop>& backdrop : group->backdrops())

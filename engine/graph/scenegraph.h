@@ -28,6 +28,10 @@ public:
 
     SC_SceneCommon& scene() const { return m_scene; }
     Group& root() { return m_root; }
+    std::size_t nodeCount() const { return m_nodeCount; } ///< Without the root.
+    /// The node at a place, from 0, of a walk from the root that gives each group ahead of its content; null beyond the
+    /// end.
+    MO_Node* nodeAt(std::size_t place);
 
     /// Adds a node, which has a free name, behind the group's sub-nodes.
     void append(Group& group, std::unique_ptr<MO_Node> host, Node& node);
@@ -58,6 +62,8 @@ private:
 
     SC_SceneCommon& m_scene;
     QHash<QString, int> m_displays; ///< How many displays have a name.
+    std::size_t m_nodeCount = 0;
+    std::vector<MO_Node*> m_walked; ///< The first nodes of a walk from the root, since nodes last came, went or moved.
     Group m_root;
 };
 

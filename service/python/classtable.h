@@ -57,6 +57,8 @@ struct Operators {
     void (*setSlice)(PyObject* self, Py_ssize_t first, Py_ssize_t step, PyObject* values) = nullptr;
     bool (*contains)(PyObject* self, PyObject* value) = nullptr;
     bool containsTextOnly = false; ///< Other values are looked for by going through the list.
+    /// Whether an object is in the list, of a class that tells it without going through it (`holds`).
+    bool (*holds)(OMC::BaseObject* list, const OMC::BaseObject& item) = nullptr;
     PyObject* (*call)(OMC::BaseObject*, const QString&) = nullptr;
     const char* calledMethod = nullptr; ///< The method that a call of the object stands for, instead of `call`.
     PyObject* (*iterate)(OMC::BaseObject*) = nullptr;
@@ -480,6 +482,8 @@ void Class<T>::deriveOperators()
         !requires(const QVariant& v) { self(nullptr).contains(v); }) {
         operators.contains = &containsItem<QString>;
         operators.containsTextOnly = true;
+        if constexpr (requires(const OMC::BaseObject& item) { self(nullptr).holds(item); })
+            operators.holds = [](OMC::BaseObject* o, const OMC::BaseObject& item) { return self(o).holds(item); };
     } else if constexpr (requires(const QVariant& v) { self(nullptr).contains(v); }) {
         operators.contains = &containsItem<QVariant>;
     } else if constexpr (requires(const OMC::Obj& v) { self(nullptr).contains(v); }) {

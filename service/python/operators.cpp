@@ -153,6 +153,8 @@ int contains(PyObject* self, PyObject* value)
 {
     return guarded([&]() -> int {
         const Operators& operators = operatorsOf(self);
+        if (operators.containsTextOnly && operators.holds && isWrapper(value))
+            return operators.holds(objectOf(self), *heldObject(value));
         if (operators.containsTextOnly && !PyUnicode_Check(value))
             return isAmongItems(self, value);
         return operators.contains(self, value);

@@ -292,3 +292,62 @@ def test_names_that_a_script_keeps_lead_to_their_own_node_each_time(scene):
     for name in names:
         made[name].name = name + "_"
         assert scene.top.nodes[name] is None
+
+
+def test_an_object_is_looked_for_among_the_nodes_that_a_list_shows(app):
+    nodes = app.scene.nodes
+    group, peg = nodes.create("GROUP", "G"), nodes.create("PEG", "P")
+    inner = nodes.create("PEG", group, "I")
+    assert peg in nodes and inner in nodes and group in nodes
+    assert app.scene.top not in nodes
+    assert peg in app.scene.top.nodes and inner not in app.scene.top.nodes
+    assert inner in group.nodes and peg not in group.nodes
+    assert peg.attributes["angle"] not in nodes and None not in nodes and 3 not in nodes
+    nodes.remove(peg)
+    assert peg not in nodes
+    app.project.history.undo()
+    assert nodes["Top/P"] in nodes
+    dead = group.nodes
+    nodes.remove(group)
+    with pytest.raises(brindle.Error):
+        inner in dead
+
+
+def test_an_object_is_looked_for_among_the_drawings_of_an_element(app):
+    arm, leg = app.elements.create("Arm"), app.elements.create("Leg")
+    one, other = arm.drawings.create("1"), leg.drawings.create("1")
+    assert one in arm.drawings and other not in arm.drawings
+    assert arm not in arm.drawings and None not in arm.drawings
+    arm.drawings.remove(one)
+    assert one not in arm.drawings
+    app.project.history.undo()
+    assert one in arm.drawings
+
+
+def test_nodes_by_index_follow_every_change(app):
+    nodes, history = app.scene.nodes, app.project.history
+
+    def agree():
+        listed = [node.path for node in nodes.list()]
+        assert len(nodes) == len(listed)
+        assert [nodes[i].path for i in range(len(nodes))] == listed
+        assert nodes[len(listed) - 1].path == listed[-1]
+        return listed
+
+    groups = [nodes.create("GROUP", f"G{i}") for i in range(3)]
+    for i in range(12):
+        nodes.create("PEG", groups[i % 3], f"P{i}")
+        agree()
+    before = agree()
+    nodes["Top/G0/P3"].move_to(nodes["Top/G2"])
+    moved = agree()
+    nodes.remove("Top/G1")
+    agree()
+    nodes["Top/G2"].name = "A"
+    agree()
+    nodes["Top/A"].explode()
+    agree()
+    history.undo(3)
+    assert agree() == moved
+    history.undo()
+    assert agree() == before

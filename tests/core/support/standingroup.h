@@ -32,6 +32,11 @@ public:
     MO_Node* subNode(unsigned int index) const override { return index < subNodes.size() ? subNodes[index] : nullptr; }
     MO_Node* subNode(const QString&) const override { return nullptr; }
     void getRecursiveSubNodeList(std::vector<MO_Node*>& nodes) const override { nodes = subNodes; }
+    std::size_t nRecursiveSubNodes() const override { return subNodes.size(); }
+    MO_Node* recursiveSubNode(std::size_t index) const override
+    {
+        return index < subNodes.size() ? subNodes[index] : nullptr;
+    }
     const std::vector<std::shared_ptr<MO_Backdrop>>& backdrops() const override { return backdropList; }
     TUMultiPortIn* getOutMultiPort() const override { return nullptr; }
     TUMultiPortOut* getInMultiPort() const override { return nullptr; }

@@ -79,6 +79,9 @@ private:
     {
         std::vector<MO_Node*> nodes;
         m_project.top()->getRecursiveSubNodeList(nodes);
+        EXPECT_EQ(m_project.top()->nRecursiveSubNodes(), nodes.size());
+        const std::size_t place = pick(static_cast<unsigned int>(nodes.size()) + 1);
+        EXPECT_EQ(m_project.top()->recursiveSubNode(place), place < nodes.size() ? nodes[place] : nullptr);
         nodes.push_back(m_project.top());
         return nodes[pick(static_cast<unsigned int>(nodes.size()))];
     }
