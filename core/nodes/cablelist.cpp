@@ -21,22 +21,6 @@ std::string text(const QString& format, const OutPort& port)
     return format.arg(port.getNode()->qualifiedName(), QString::number(port.getIndex())).toStdString();
 }
 
-/// Whether one of the ports is the one that the handle holds, or on the node that it holds. What is gone is nowhere.
-template <typename Ports>
-bool leadsTo(const Ports& ports, const Obj& object, const QString& failure)
-{
-    if (const auto* node = objectIn<Node>(object)) {
-        const MO_Node* target = node->getNode();
-        return target && std::any_of(ports.begin(), ports.end(),
-                                     [target](const MO_Port* port) { return port && port->node() == target; });
-    }
-    if (const auto* port = objectIn<Port>(object)) {
-        const MO_Port* target = port->findPort();
-        return target && std::find(ports.begin(), ports.end(), target) != ports.end();
-    }
-    throw Exception(failure);
-}
-
 template <typename List>
 Obj atText(const List& list, const QString& index)
 {
@@ -92,9 +76,13 @@ std::vector<Obj> CableList::list() const
 
 bool CableList::contains(const Obj& object) const
 {
-    const MO_Port* port = checkedPort();
-    const std::vector<MO_Port*> ends(port->dstPortsBegin(), port->dstPortsEnd());
-    return leadsTo(ends, object, tr("Cable lists can only check for existing nodes or ports."));
+    const MO_Port* source = checkedPort();
+    // Asked from the other end: an out-port may feed thousands of nodes.
+    if (const auto* node = objectIn<Node>(object))
+        return node->getNode() && !m_port->destinationsOn(*node->getNode()).empty();
+    if (const auto* port = objectIn<Port>(object))
+        return port->findPort() && port->findPort()->srcPort() == source;
+    throw Exception(tr("Cable lists can only check for existing nodes or ports."));
 }
 
 Obj CableList::operator()(const QString& index) const
@@ -182,7 +170,17 @@ std::vector<Obj> FlatCableList::list() const
 
 bool FlatCableList::contains(const Obj& object) const
 {
-    return leadsTo(destinations(), object, tr("Cable lists can only check for existing nodes or ports."));
+    const std::vector<MO_Port*> ends = destinations();
+    if (const auto* node = objectIn<Node>(object)) {
+        const MO_Node* target = node->getNode();
+        return target && std::any_of(ends.begin(), ends.end(),
+                                     [target](const MO_Port* port) { return port && port->node() == target; });
+    }
+    if (const auto* port = objectIn<Port>(object)) {
+        const MO_Port* target = port->findPort();
+        return target && std::find(ends.begin(), ends.end(), target) != ends.end();
+    }
+    throw Exception(tr("Cable lists can only check for existing nodes or ports."));
 }
 
 Obj FlatCableList::operator()(const QString& index) const

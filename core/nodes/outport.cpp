@@ -155,6 +155,18 @@ std::vector<MO_Port*> OutPort::destinations() const
     return {port->dstPortsBegin(), port->dstPortsEnd()};
 }
 
+std::vector<MO_Port*> OutPort::destinationsOn(const MO_Node& node) const
+{
+    const MO_Port* own = requiredPort();
+    std::vector<MO_Port*> ports;
+    for (unsigned int place = 0; place < node.nInPorts(); ++place) {
+        MO_Port* port = node.inPort(place);
+        if (port->srcPort() == own)
+            ports.push_back(port);
+    }
+    return ports;
+}
+
 void OutPort::unlinkObject(const QObject* object, CO_CommandManager& manager)
 {
     if (const auto* inPort = dynamic_cast<const InPort*>(object)) {
@@ -167,7 +179,8 @@ void OutPort::unlinkObject(const QObject* object, CO_CommandManager& manager)
         InPort(*inPort).unlink();
     } else if (const auto* node = dynamic_cast<const Node*>(object)) {
         const undo::Scope scope(manager, tr("Unlinking ports."));
-        unlinkIf(destinations(), [target = node->getNode()](const MO_Node& end) { return &end == target; });
+        if (const MO_Node* end = node->getNode())
+            unlinkIf(destinationsOn(*end), [](const MO_Node&) { return true; });
     } else if (const auto* cable = dynamic_cast<const Cable*>(object)) {
         if (cable->getOutPort() != getPort())
             throw Exception(tr("Cable is not attached to this port."));

@@ -42,6 +42,8 @@ public:
     /// Of a group, that of the node inside which feeds the port. Fails for another port than its node's first one.
     Obj transformation(int frame) const;
 
+    std::vector<MO_Port*> destinationsOn(const MO_Node& node) const; ///< Those on one node, in the order of its ports.
+
 private:
     MO_Port* requiredPort() const;
     std::vector<MO_Port*> destinations() const;
