@@ -27,7 +27,8 @@ public:
 
     UT_Id GetID() const { return m_id; }
     const QString& GetColorName() const { return m_name; }
-    void Rename(const QString& name) { m_name = name; }
+    void Rename(const QString& name);
+    static quint64 RenameCount(); ///< How often any entry was renamed, for who remembers names.
 
 protected:
     CM_BaseColorObj(const UT_Id& id, const QString& name) : m_id(id), m_name(name) {}

@@ -51,11 +51,14 @@ public:
     const std::vector<Entry>& colors() const; ///< In their order.
     Entry GetColor(int index) const;          ///< Null beyond the entries.
     Entry GetColorById(const UT_Id& id) const;
+    Entry GetColorByName(const QString& name) const; ///< The first one of that name, or null.
     UT_Id GetColorId(int index) const;
+    int GetColorIndex(const UT_Id& id) const;        ///< -1 when it is not there. Quickest at the end.
     bool AddColor(const Entry& entry);               ///< At the end. False for null, and for an identity that is there.
     bool InsertColor(const Entry& entry, int index); ///< `index` from 0 to the number of entries.
     bool RemoveColor(const UT_Id& id);
-    void AddDefaultColor(); ///< The one that a new palette has: "Default", black.
+    bool MoveColor(int from, int to); ///< To the place that it has then. False for an index beyond the entries.
+    void AddDefaultColor();           ///< The one that a new palette has: "Default", black.
 
     /// Takes name, type and entries of another palette, the entries under their identities or under new ones. Its own
     /// identity and path stay.

@@ -25,7 +25,7 @@ public:
 
     virtual VFS_Path path() const = 0;                      ///< The folder that the file lies in.
     virtual QString filename(bool withExtension) const = 0; ///< The whole path of the file, with or without ".plt".
-    bool isEqual(const CM_PalettePathI& other) const { return filename(true) == other.filename(true); }
+    bool isEqual(const CM_PalettePathI& other) const { return filename(false) == other.filename(false); }
 };
 
 /// A path that is told as text.

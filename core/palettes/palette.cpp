@@ -46,12 +46,6 @@ double positionOf(float percent, unsigned int argument)
     return percent / 100.0;
 }
 
-/// Whether a name is the wanted one. Names of many colours differ at their ends most often, as numbered ones do.
-bool isSame(const QString& name, const QString& wanted)
-{
-    return name.size() == wanted.size() && (name.isEmpty() || name.back() == wanted.back()) && name == wanted;
-}
-
 /// The engine's colour of a colour or texture, as it is now; null for any other object.
 CM_Palette::Entry entryIn(const PaletteBaseColour* colour)
 {
@@ -232,11 +226,8 @@ PaletteBaseColour* Palette::newItem(const QString& idOrName) const
     const CM_Palette& palette = engine();
     if (const CM_Palette::Entry entry = palette.GetColorById(UT_Id::FromString(idOrName)))
         return wrapperOf(entry);
-    const auto& entries = palette.colors();
-    const auto named = std::find_if(entries.begin(), entries.end(), [&](const CM_Palette::Entry& entry) {
-        return isSame(entry->GetColorName(), idOrName);
-    });
-    return named == entries.end() ? nullptr : wrapperOf(*named);
+    const CM_Palette::Entry named = palette.GetColorByName(idOrName);
+    return named ? wrapperOf(named) : nullptr;
 }
 
 Obj Palette::get(int index) const
@@ -445,10 +436,8 @@ void Palette::reorder(const Obj& object, int index)
     const UT_Id id = colour ? UT_Id::FromString(colour->getId()) : UT_Id();
     if (!m_palette->GetColorById(id))
         throw Exception(tr("Unable to find given colour."));
-    int from = 0;
-    while (from < count && m_palette->GetColorId(from) != id)
-        ++from;
-    if (from == count)
+    const int from = m_palette->GetColorIndex(id);
+    if (from < 0)
         throw Exception(tr("Unable to find colour at given index."));
     run(std::make_unique<OMC_Palette_ReorderCommand>(m_palette, from, to), tr("Reorder Palette Color"));
 }

@@ -54,19 +54,29 @@ OMC_Palette_RemoveColorCommand::OMC_Palette_RemoveColorCommand(std::shared_ptr<C
 
 bool OMC_Palette_RemoveColorCommand::Execute()
 {
-    const std::unordered_set<UT_Id> wanted(m_colours.begin(), m_colours.end());
-    m_removed.clear();
-    const std::vector<CM_Palette::Entry>& entries = m_palette->colors();
-    for (std::size_t index = 0; index < entries.size() && m_removed.size() < wanted.size(); ++index) {
-        if (wanted.contains(entries[index]->GetID()))
-            m_removed.push_back({static_cast<int>(index), entries[index]});
-    }
-    if (m_removed.size() != wanted.size())
+    if (!findRemoved())
         return false;
     std::for_each(m_removed.rbegin(), m_removed.rend(),
                   [this](const Removed& removed) { m_palette->RemoveColor(removed.entry->GetID()); });
     notifyOf(*m_palette, m_colours);
     return true;
+}
+
+bool OMC_Palette_RemoveColorCommand::findRemoved()
+{
+    m_removed.clear();
+    if (m_colours.size() == 1) {
+        const int index = m_palette->GetColorIndex(m_colours.front());
+        m_removed.push_back({index, m_palette->GetColor(index)});
+        return index >= 0;
+    }
+    const std::unordered_set<UT_Id> wanted(m_colours.begin(), m_colours.end());
+    const std::vector<CM_Palette::Entry>& entries = m_palette->colors();
+    for (std::size_t index = 0; index < entries.size() && m_removed.size() < wanted.size(); ++index) {
+        if (wanted.contains(entries[index]->GetID()))
+            m_removed.push_back({static_cast<int>(index), entries[index]});
+    }
+    return m_removed.size() == wanted.size();
 }
 
 bool OMC_Palette_RemoveColorCommand::Undo()
@@ -118,22 +128,9 @@ OMC_Palette_ReorderCommand::OMC_Palette_ReorderCommand(std::shared_ptr<CM_Palett
 
 bool OMC_Palette_ReorderCommand::move(int from, int to)
 {
-    std::vector<CM_Palette::Entry> entries = m_palette->colors();
-    const auto count = static_cast<int>(entries.size());
-    if (from < 0 || from >= count || to < 0 || to >= count)
+    if (!m_palette->MoveColor(from, to))
         return false;
-    // Backwards: what is removed is looked for from the end.
-    std::for_each(entries.rbegin(), entries.rend(),
-                  [this](const CM_Palette::Entry& entry) { m_palette->RemoveColor(entry->GetID()); });
-    const UT_Id moved = entries[static_cast<std::size_t>(from)]->GetID();
-    const auto first = entries.begin();
-    if (from < to)
-        std::rotate(first + from, first + from + 1, first + to + 1);
-    else
-        std::rotate(first + to, first + from, first + from + 1);
-    for (const CM_Palette::Entry& entry : entries)
-        m_palette->AddColor(entry);
-    notifyOf(*m_palette, {moved});
+    notifyOf(*m_palette, {m_palette->GetColorId(to)});
     return true;
 }
 
@@ -149,8 +146,7 @@ bool OMC_Palette_MoveCommand::Execute()
     const CM_Palette::Entry entry = m_source->GetColorById(m_colour);
     if (!entry || m_target->GetColorById(m_colour))
         return false;
-    const std::vector<CM_Palette::Entry>& entries = m_source->colors();
-    m_index = static_cast<int>(std::find(entries.begin(), entries.end(), entry) - entries.begin());
+    m_index = m_source->GetColorIndex(m_colour);
     m_source->RemoveColor(m_colour);
     notifyOf(*m_source, {m_colour});
     m_target->AddColor(entry);

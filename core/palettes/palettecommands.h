@@ -40,6 +40,8 @@ private:
         CM_Palette::Entry entry;
     };
 
+    bool findRemoved(); ///< False where one of the colours is not there.
+
     std::shared_ptr<CM_Palette> m_palette;
     std::vector<UT_Id> m_colours;
     std::vector<Removed> m_removed; ///< In the order of the palette.

@@ -26,7 +26,20 @@ CM_Rgba between(const CM_Rgba& one, const CM_Rgba& other, double share)
             channel(one.alpha(), other.alpha())};
 }
 
+quint64 renameCount = 0;
+
 } // namespace
+
+void CM_BaseColorObj::Rename(const QString& name)
+{
+    m_name = name;
+    ++renameCount;
+}
+
+quint64 CM_BaseColorObj::RenameCount()
+{
+    return renameCount;
+}
 
 std::shared_ptr<CM_Color> CM_CastToColor(const std::shared_ptr<CM_BaseColorObj>& entry)
 {

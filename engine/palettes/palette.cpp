@@ -43,6 +43,12 @@ HolderLock lockOf(const CM_PalettePathFile& path)
     return HolderLock(name + QLatin1String(".lock"), name);
 }
 
+/// Whether a name is the wanted one. Names of many colours differ at their ends most often, as numbered ones do.
+bool isSame(const QString& name, const QString& wanted)
+{
+    return name.size() == wanted.size() && (name.isEmpty() || name.back() == wanted.back()) && name == wanted;
+}
+
 void log(const QString& sentence)
 {
     MSG_Scope(sentence, MSG_Scope::kError);
@@ -76,6 +82,7 @@ void CM_Palette::Private::setRecord(PaletteRecord record)
     name = record.name;
     type = record.type;
     entries = std::move(record.entries);
+    forgetNames();
     byId.clear();
     byId.reserve(entries.size());
     for (const Entry& entry : entries)
@@ -89,7 +96,48 @@ bool CM_Palette::Private::insert(const Entry& entry, std::size_t index)
         return false;
     entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(index), entry);
     brindle::engine::PaletteStore::placesChanged();
+    forgetNames();
     return true;
+}
+
+void CM_Palette::Private::remove(std::unordered_map<UT_Id, Entry>::iterator entry)
+{
+    entries.erase(placeOf(entry->second));
+    byId.erase(entry);
+    brindle::engine::PaletteStore::placesChanged();
+    forgetNames();
+}
+
+std::vector<CM_Palette::Entry>::iterator CM_Palette::Private::placeOf(const Entry& entry)
+{
+    // From the end: what is undone was added last.
+    return std::next(std::find(entries.rbegin(), entries.rend(), entry)).base();
+}
+
+CM_Palette::Entry CM_Palette::Private::named(const QString& name) const
+{
+    if (m_renames != CM_BaseColorObj::RenameCount())
+        forgetNames();
+    constexpr int fewWalks = 16; // that cost as much as making the index
+    if (m_walks < fewWalks) {
+        ++m_walks;
+        const auto found = std::find_if(entries.begin(), entries.end(),
+                                        [&](const Entry& entry) { return isSame(entry->GetColorName(), name); });
+        return found == entries.end() ? nullptr : *found;
+    }
+    if (m_firstByName.isEmpty()) {
+        m_firstByName.reserve(static_cast<qsizetype>(entries.size()));
+        std::for_each(entries.rbegin(), entries.rend(),
+                      [this](const Entry& entry) { m_firstByName.insert(entry->GetColorName(), entry); });
+    }
+    return m_firstByName.value(name);
+}
+
+void CM_Palette::Private::forgetNames() const
+{
+    m_firstByName.clear();
+    m_walks = 0;
+    m_renames = CM_BaseColorObj::RenameCount();
 }
 
 void CM_Palette::Private::rememberText()
@@ -251,6 +299,17 @@ CM_Palette::Entry CM_Palette::GetColorById(const UT_Id& id) const
     return found == d->byId.end() ? nullptr : found->second;
 }
 
+CM_Palette::Entry CM_Palette::GetColorByName(const QString& name) const
+{
+    return d->named(name);
+}
+
+int CM_Palette::GetColorIndex(const UT_Id& id) const
+{
+    const auto found = d->byId.find(id);
+    return found == d->byId.end() ? -1 : static_cast<int>(d->placeOf(found->second) - d->entries.begin());
+}
+
 UT_Id CM_Palette::GetColorId(int index) const
 {
     const Entry entry = GetColor(index);
@@ -272,11 +331,21 @@ bool CM_Palette::RemoveColor(const UT_Id& id)
     const auto found = d->byId.find(id);
     if (found == d->byId.end())
         return false;
-    // From the end: what is undone was added last.
-    const auto place = std::find(d->entries.rbegin(), d->entries.rend(), found->second);
-    d->entries.erase(std::next(place).base());
-    d->byId.erase(found);
-    brindle::engine::PaletteStore::placesChanged();
+    d->remove(found);
+    return true;
+}
+
+bool CM_Palette::MoveColor(int from, int to)
+{
+    const auto count = static_cast<int>(d->entries.size());
+    if (from < 0 || from >= count || to < 0 || to >= count)
+        return false;
+    const auto first = d->entries.begin();
+    if (from < to)
+        std::rotate(first + from, first + from + 1, first + to + 1);
+    else
+        std::rotate(first + to, first + from, first + from + 1);
+    d->forgetNames();
     return true;
 }
 

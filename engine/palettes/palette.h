@@ -4,6 +4,8 @@
 #include "engine/folder/holderlock.h"
 #include "engine/palettes/palettefile.h"
 
+#include <QHash>
+
 #include <map>
 #include <optional>
 #include <unordered_map>
@@ -43,6 +45,10 @@ public:
     QByteArray text() const { return brindle::engine::paletteFileText(record()); }
     void setRecord(brindle::engine::PaletteRecord record);
     bool insert(const Entry& entry, std::size_t index);
+    void remove(std::unordered_map<UT_Id, Entry>::iterator entry);
+    std::vector<Entry>::iterator placeOf(const Entry& entry); ///< Of one that is there.
+    Entry named(const QString& name) const;
+    void forgetNames() const; ///< Entries came, went, moved or were renamed.
     /// Reads the file under the identity that it has itself. Throws `FolderFailure`; false where there is no file.
     bool read();
     void rememberText(); ///< From now on, the present text counts as unchanged.
@@ -57,4 +63,9 @@ public:
     std::unordered_map<UT_Id, Entry> byId;
     brindle::engine::HolderLock lock;
     std::optional<brindle::engine::KnownFiles> known; ///< Nothing for a palette that was never on disk.
+
+private:
+    mutable QHash<QString, Entry> m_firstByName; ///< Empty until enough names were looked for since the last change.
+    mutable int m_walks = 0;                     ///< Look-ups since then that went through the entries.
+    mutable quint64 m_renames = 0;               ///< CM_BaseColorObj::RenameCount() then.
 };

@@ -186,3 +186,49 @@ TEST(IdTest, ATextOfSixteenHexadecimalDigitsNamesAnIdentity)
     for (const char* text : {"", "ff", "000000000000000g", "+0000000000000ff", " 00000000000000f", "00000000000000000"})
         EXPECT_FALSE(UT_Id::FromString(text).IsValid()) << text;
 }
+
+TEST_F(PaletteTest, TheFirstColourOfANameIsFoundAfterAnyNumberOfLookUpsAndChanges)
+{
+    const auto agrees = [this] {
+        // Many look-ups in a row are answered in another way than the first ones.
+        for (int round = 0; round < 40; ++round) {
+            for (const char* name : {"a", "b", "c", "d", ""}) {
+                const auto& all = palette.colors();
+                const auto first = std::find_if(all.begin(), all.end(), [&](const CM_Palette::Entry& entry) {
+                    return entry->GetColorName() == QLatin1String(name);
+                });
+                if (palette.GetColorByName(QString(name)) != (first == all.end() ? nullptr : *first))
+                    return false;
+            }
+        }
+        return true;
+    };
+    EXPECT_TRUE(agrees());
+    std::vector<std::shared_ptr<CM_Color>> colours;
+    for (const char* name : {"a", "b", "a", "c"}) {
+        colours.push_back(solid(name));
+        palette.AddColor(colours.back());
+        EXPECT_TRUE(agrees()) << "added";
+    }
+    colours[3]->Rename("b");
+    EXPECT_TRUE(agrees()) << "renamed";
+    EXPECT_TRUE(palette.MoveColor(3, 0));
+    EXPECT_EQ(names(palette), (QStringList{"b", "a", "b", "a"}));
+    EXPECT_TRUE(agrees()) << "moved to the front";
+    EXPECT_TRUE(palette.MoveColor(0, 3));
+    EXPECT_EQ(names(palette), (QStringList{"a", "b", "a", "b"}));
+    EXPECT_TRUE(agrees()) << "moved to the end";
+    for (const int wrong : {-1, 4}) {
+        EXPECT_FALSE(palette.MoveColor(wrong, 0));
+        EXPECT_FALSE(palette.MoveColor(0, wrong));
+    }
+    EXPECT_TRUE(palette.RemoveColor(colours[0]->GetID()));
+    EXPECT_TRUE(agrees()) << "removed";
+    EXPECT_TRUE(palette.InsertColor(colours[0], 0));
+    EXPECT_TRUE(agrees()) << "inserted";
+    EXPECT_EQ(palette.GetColorIndex(colours[3]->GetID()), 3);
+    EXPECT_EQ(palette.GetColorIndex(UT_Id()), -1);
+    const CM_Palette other(CM_PalettePathFile(folder.filePath("Other")));
+    palette.Copy(other, false);
+    EXPECT_TRUE(agrees()) << "copied over";
+}
