@@ -10,10 +10,12 @@
 
 namespace brindle::engine {
 
-/// A list of exposures in the making: it leaves out empty ones that change nothing.
+/// A list of exposures in the making, or of those from a place on: it leaves out empty ones that change nothing.
 class Exposures::Sheet {
 public:
     explicit Sheet(std::size_t size) { m_exposures.reserve(size); }
+    /// The exposures from a place on, ahead of which a drawing is shown, or none.
+    Sheet(std::size_t place, const QString& shown) : m_place(place), m_before(shown) {}
 
     /// Adds an exposure behind the others; a drawing always begins one.
     void add(int frame, const QString& drawing)
@@ -33,11 +35,14 @@ public:
             add(exposure.frame, exposure.drawing);
     }
 
-    bool showsDrawing() const { return !m_exposures.empty() && !m_exposures.back().drawing.isEmpty(); }
-    QString shown() const { return m_exposures.empty() ? QString() : m_exposures.back().drawing; }
+    bool showsDrawing() const { return !shown().isEmpty(); }
+    const QString& shown() const { return m_exposures.empty() ? m_before : m_exposures.back().drawing; }
     const std::vector<Exposure>& exposures() const { return m_exposures; }
+    std::size_t place() const { return m_place; }
 
 private:
+    std::size_t m_place = 0;
+    QString m_before;
     std::vector<Exposure> m_exposures;
 };
 
@@ -47,6 +52,17 @@ bool isWithin(std::span<const FrameSpan> ranges, int frame)
 {
     return std::any_of(ranges.begin(), ranges.end(),
                        [frame](const FrameSpan& range) { return frame >= range.first && frame < range.end; });
+}
+
+/// The frames from the first of all ranges up to the end of all; none without ranges.
+FrameSpan wholeOf(std::span<const FrameSpan> ranges)
+{
+    if (ranges.empty())
+        return {};
+    FrameSpan whole = ranges.front();
+    for (const FrameSpan& range : ranges)
+        whole = {std::min(whole.first, range.first), std::max(whole.end, range.end)};
+    return whole;
 }
 
 /// The frames of all ranges, ascending, each once.
@@ -69,6 +85,12 @@ std::size_t Exposures::placeFrom(int frame) const
     const auto found = std::lower_bound(m_all.begin(), m_all.end(), frame,
                                         [](const Exposure& exposure, int at) { return exposure.frame < at; });
     return static_cast<std::size_t>(found - m_all.begin());
+}
+
+std::size_t Exposures::placeOf(int frame) const
+{
+    const Exposure* exposure = find(frame);
+    return exposure ? static_cast<std::size_t>(exposure - m_all.data()) : 0;
 }
 
 const Exposure* Exposures::find(int frame) const
@@ -194,8 +216,7 @@ Exposures::Change Exposures::exposed(int frame, const QStringList& drawings) con
 Exposures::Change Exposures::exposedOnly(int frame, const QStringList& drawings) const
 {
     const int end = frame + static_cast<int>(drawings.size());
-    Sheet sheet(m_all.size() + static_cast<std::size_t>(drawings.size()));
-    sheet.add(std::span(m_all).first(placeFrom(frame)));
+    Sheet sheet = sheetFrom(placeFrom(frame));
     for (const QString& drawing : drawings) {
         if (isKey(frame) && at(frame) == drawing)
             sheet.add(frame, drawing);
@@ -206,15 +227,16 @@ Exposures::Change Exposures::exposedOnly(int frame, const QStringList& drawings)
     const std::size_t behind = placeFrom(end);
     if (end <= lastFrame && (behind == m_all.size() || m_all[behind].frame != end))
         sheet.show(end, at(end));
-    sheet.add(std::span(m_all).subspan(behind));
-    return changeTo(sheet);
+    return changeTo(std::move(sheet), behind);
 }
 
 Exposures::Change Exposures::withKeys(std::span<const FrameSpan> ranges) const
 {
     const std::vector<int> frames = framesOf(ranges);
-    Sheet sheet(m_all.size() + frames.size());
-    auto present = m_all.begin();
+    if (frames.empty())
+        return {};
+    Sheet sheet = sheetFrom(placeOf(frames.front()));
+    auto present = m_all.begin() + static_cast<std::ptrdiff_t>(sheet.place());
     const auto addUpTo = [&](int frame) {
         for (; present != m_all.end() && present->frame <= frame; ++present)
             sheet.add(present->frame, present->drawing);
@@ -224,27 +246,32 @@ Exposures::Change Exposures::withKeys(std::span<const FrameSpan> ranges) const
         if (sheet.showsDrawing() && sheet.exposures().back().frame != frame)
             sheet.add(frame, sheet.shown());
     }
-    addUpTo(lastFrame);
-    return changeTo(sheet);
+    return changeTo(std::move(sheet), static_cast<std::size_t>(present - m_all.begin()));
 }
 
 Exposures::Change Exposures::withoutKeys(std::span<const FrameSpan> ranges, bool duplicatesOnly) const
 {
-    Sheet sheet(m_all.size());
-    for (const Exposure& exposure : m_all) {
+    const FrameSpan whole = wholeOf(ranges);
+    Sheet sheet = sheetFrom(placeFrom(whole.first));
+    const std::size_t end = placeFrom(whole.end);
+    for (std::size_t place = sheet.place(); place < end; ++place) {
+        const Exposure& exposure = m_all[place];
         const bool isTaken = !exposure.drawing.isEmpty() && isWithin(ranges, exposure.frame) &&
                              (!duplicatesOnly || exposure.drawing == sheet.shown());
         if (!isTaken)
             sheet.add(exposure.frame, exposure.drawing);
     }
-    return changeTo(sheet);
+    return changeTo(std::move(sheet), end);
 }
 
 Exposures::Change Exposures::filled(std::span<const FrameSpan> ranges) const
 {
-    Sheet sheet(m_all.size());
+    const FrameSpan whole = wholeOf(ranges);
+    Sheet sheet = sheetFrom(placeOf(whole.first));
+    const std::size_t last = std::max(placeFrom(whole.end), sheet.place());
+    const auto stop = m_all.begin() + static_cast<std::ptrdiff_t>(last);
     // An empty stretch may be filled in part: it begins anew behind what is filled.
-    for (auto present = m_all.begin(); present != m_all.end(); ++present) {
+    for (auto present = m_all.begin() + static_cast<std::ptrdiff_t>(sheet.place()); present != stop; ++present) {
         if (!present->drawing.isEmpty()) {
             sheet.add(present->frame, present->drawing);
             continue;
@@ -264,14 +291,13 @@ Exposures::Change Exposures::filled(std::span<const FrameSpan> ranges) const
             frame = next;
         }
     }
-    return changeTo(sheet);
+    return changeTo(std::move(sheet), last);
 }
 
 Exposures::Change Exposures::pasted(const Exposures& source, int first, int count, bool extends, bool substitutes) const
 {
     const int end = first + count;
-    Sheet sheet(m_all.size() + source.m_all.size() + 2);
-    sheet.add(std::span(m_all).first(placeFrom(first)));
+    Sheet sheet = sheetFrom(placeFrom(first));
     for (int frame = first; frame < end; ++frame) {
         const bool gives = substitutes || at(frame).isEmpty();
         const Exposures& shown = gives ? source : *this;
@@ -285,8 +311,7 @@ Exposures::Change Exposures::pasted(const Exposures& source, int first, int coun
     const bool isExposed = behind < m_all.size() && m_all[behind].frame == end;
     if (end <= lastFrame && !isExposed && !(extends && sheet.showsDrawing()))
         sheet.show(end, at(end));
-    sheet.add(std::span(m_all).subspan(behind));
-    return changeTo(sheet);
+    return changeTo(std::move(sheet), behind);
 }
 
 Exposures Exposures::kept(int first, int count) const
@@ -316,23 +341,25 @@ Exposures::Change Exposures::without(const QStringList& drawings) const
     Sheet sheet(m_all.size());
     for (const Exposure& exposure : m_all)
         sheet.add(exposure.frame, drawings.contains(exposure.drawing) ? QString() : exposure.drawing);
-    return changeTo(sheet);
+    return changeTo(std::move(sheet), m_all.size());
 }
 
 Exposures::Change Exposures::renamed(const QString& from, const QString& to) const
 {
-    Sheet sheet(m_all.size());
-    for (const Exposure& exposure : m_all)
-        sheet.add(exposure.frame, exposure.drawing == from ? to : exposure.drawing);
-    return changeTo(sheet);
+    const auto isIt = [&from](const Exposure& exposure) { return exposure.drawing == from; };
+    const auto first = std::find_if(m_all.begin(), m_all.end(), isIt);
+    const auto last = std::find_if(m_all.rbegin(), std::make_reverse_iterator(first), isIt).base();
+    Sheet sheet = sheetFrom(static_cast<std::size_t>(first - m_all.begin()));
+    std::for_each(first, last,
+                  [&](const Exposure& exposure) { sheet.add(exposure.frame, isIt(exposure) ? to : exposure.drawing); });
+    return changeTo(std::move(sheet), static_cast<std::size_t>(last - m_all.begin()));
 }
 
 Exposures::Change Exposures::shifted(const FrameShift& shift, int sceneLength, bool extends) const
 {
     const int at = shift.at;
     const int behind = shift.delta < 0 ? at - shift.delta + 1 : at + 1; // the first frame that moves
-    Sheet sheet(m_all.size() + 2);
-    sheet.add(std::span(m_all).first(placeFrom(at + 1)));
+    Sheet sheet = sheetFrom(placeFrom(at + 1));
     if (shift.delta > 0 && !extends)
         sheet.show(at + 1, QString());
     const std::size_t moved = placeFrom(behind);
@@ -343,26 +370,35 @@ Exposures::Change Exposures::shifted(const FrameShift& shift, int sceneLength, b
         if (exposure.frame + shift.delta <= lastFrame)
             sheet.add(exposure.frame + shift.delta, exposure.drawing);
     }
-    return changeTo(sheet);
+    return changeTo(std::move(sheet), m_all.size());
 }
 
 Exposures::Change Exposures::cleared(int at, int count, int sceneLength) const
 {
     const int behind = at + count + 1;
-    Sheet sheet(m_all.size() + 1);
-    sheet.add(std::span(m_all).first(placeFrom(at + 1)));
+    Sheet sheet = sheetFrom(placeFrom(at + 1));
     const std::size_t rest = placeFrom(behind);
     if (behind <= sceneLength && (rest == m_all.size() || m_all[rest].frame != behind))
         sheet.show(behind, this->at(behind));
-    sheet.add(std::span(m_all).subspan(rest));
-    return changeTo(sheet);
+    return changeTo(std::move(sheet), rest);
 }
 
-Exposures::Change Exposures::changeTo(const Sheet& sheet) const
+Exposures::Sheet Exposures::sheetFrom(std::size_t place) const
 {
+    return {place, place > 0 ? m_all[place - 1].drawing : QString()};
+}
+
+Exposures::Change Exposures::changeTo(Sheet sheet, std::size_t end) const
+{
+    // What follows stays, but an empty exposure has nothing to end where nothing is shown any more.
+    if (end < m_all.size() && m_all[end].drawing.isEmpty()) {
+        sheet.add(m_all[end].frame, m_all[end].drawing);
+        ++end;
+    }
     const std::vector<Exposure>& after = sheet.exposures();
-    const auto [here, there] = std::mismatch(m_all.begin(), m_all.end(), after.begin(), after.end());
-    auto lastHere = m_all.end();
+    const auto first = m_all.begin() + static_cast<std::ptrdiff_t>(sheet.place());
+    auto lastHere = m_all.begin() + static_cast<std::ptrdiff_t>(end);
+    const auto [here, there] = std::mismatch(first, lastHere, after.begin(), after.end());
     auto lastThere = after.end();
     while (lastHere != here && lastThere != there && *std::prev(lastHere) == *std::prev(lastThere)) {
         --lastHere;

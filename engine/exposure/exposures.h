@@ -88,7 +88,10 @@ private:
     class Sheet;
 
     std::size_t placeFrom(int frame) const; ///< The place of the first exposure at a frame or behind it.
-    Change changeTo(const Sheet& sheet) const;
+    std::size_t placeOf(int frame) const;   ///< The place of the exposure that a frame lies in; 0 ahead of the first.
+    Sheet sheetFrom(std::size_t place) const;
+    /// Puts a sheet in the place of the exposures from where it begins up to `end`.
+    Change changeTo(Sheet sheet, std::size_t end) const;
 
     std::vector<Exposure> m_all;
 };
