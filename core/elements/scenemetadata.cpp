@@ -138,11 +138,10 @@ private:
     template <typename Call>
     void forEach(const QString& key, Call call) const
     {
-        for (int index = 0; index < size(); ++index) {
-            PIO_Metadata& entry = *m_metadata->metadata(index);
-            if (entry.metaName().compare(key, Qt::CaseInsensitive) == 0)
-                call(index, entry);
-        }
+        if (!m_metadata)
+            return;
+        for (const int index : m_metadata->indexesOf(key))
+            call(index, *m_metadata->metadata(index));
     }
 
     Entries entries(const QString& key) const

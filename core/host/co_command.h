@@ -111,6 +111,7 @@ public:
 
     /// Labels of the entries that can be undone, oldest first; and of those that can be redone, next first.
     virtual QStringList collectExecutedNames() const = 0;
+    virtual QString executedName(int index) const = 0; ///< One of them; `index` below executedHistorySize().
     virtual QStringList collectUnexecutedNames() const = 0;
 
     /// Whether the project differs from what was last saved.

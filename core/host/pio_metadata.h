@@ -7,6 +7,7 @@
 #include <QVariant>
 
 #include <memory>
+#include <vector>
 
 class SC_ProjectCommon;
 class SC_SceneCommon;
@@ -37,6 +38,8 @@ public:
     virtual Iterator end() const = 0;
     int count() const { return static_cast<int>(end() - begin()); }
     PIO_Metadata* metadata(int index) const { return begin()[index].get(); } ///< `index` below count().
+    /// The indexes of those of a name, in any case of letters; ascending.
+    virtual std::vector<int> indexesOf(const QString& name) const = 0;
 };
 
 class BRINDLE_HOST_EXPORT PIO_MetadataFactory {

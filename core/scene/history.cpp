@@ -68,10 +68,10 @@ std::size_t History::getSizeMax() const
 
 QString History::get(const unsigned int& index) const
 {
-    const QStringList names = list();
-    if (index >= static_cast<std::size_t>(names.size()))
+    const CO_CommandManager& commands = manager();
+    if (index >= static_cast<unsigned int>(commands.executedHistorySize()))
         throw Exception(tr("History item out of range."));
-    return names[static_cast<qsizetype>(index)];
+    return commands.executedName(static_cast<int>(index));
 }
 
 void History::set(const unsigned int&, const std::string&)

@@ -23,7 +23,7 @@ public:
         });
         m_hasEntry = !m_scene.defaultCamera();
         if (m_hasEntry)
-            m_scene.metadataList().insert(0, std::make_unique<Metadata>(QString(cameraEntry), Metadata::Value(name)));
+            m_scene.metadataList().prepend(std::make_unique<Metadata>(QString(cameraEntry), Metadata::Value(name)));
     }
     NamedCamera(const NamedCamera&) = delete;
     NamedCamera& operator=(const NamedCamera&) = delete;

@@ -48,6 +48,7 @@ public:
     void setHistoryMaxSize(int size) override;
 
     QStringList collectExecutedNames() const override;
+    QString executedName(int index) const override { return m_entries[static_cast<std::size_t>(index)].label; }
     QStringList collectUnexecutedNames() const override;
 
     bool isDirty() const override { return m_saved != current(); }

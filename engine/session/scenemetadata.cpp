@@ -4,6 +4,7 @@
 #include "engine/folder/jsonwriter.h"
 #include "engine/session/scene.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -79,7 +80,7 @@ public:
     {
         if (!m_list || !dynamic_cast<Metadata*>(m_taken.get()))
             return kFail;
-        m_list->insert(m_list->count(), std::move(m_taken));
+        m_list->append(std::move(m_taken));
         return kOk;
     }
     Status unexecute() override
@@ -106,7 +107,7 @@ public:
     }
     Status unexecute() override
     {
-        m_list->insert(m_index, std::move(m_taken));
+        m_list->putBack(m_index, std::move(m_taken));
         return kOk;
     }
 
@@ -160,9 +161,48 @@ void Metadata::swapContent(Value& value)
         m_list->tellChanged();
 }
 
-void MetadataList::insert(int index, std::unique_ptr<PIO_Metadata> metadata)
+std::vector<int> MetadataList::indexesOf(const QString& name) const
 {
-    static_cast<Metadata&>(*metadata).m_list = this;
+    std::vector<int> indexes;
+    const auto [first, last] = m_byName.equal_range(name.toCaseFolded());
+    for (auto entry = first; entry != last; ++entry) {
+        // Texts that fold to the same one may still differ, as "ss" and a sharp s do.
+        if ((*entry)->m_name.compare(name, Qt::CaseInsensitive) == 0)
+            indexes.push_back(indexOf(**entry));
+    }
+    std::sort(indexes.begin(), indexes.end());
+    return indexes;
+}
+
+std::int64_t MetadataList::orderOf(const std::unique_ptr<PIO_Metadata>& entry)
+{
+    return static_cast<const Metadata&>(*entry).m_order;
+}
+
+int MetadataList::indexOf(const Metadata& entry) const
+{
+    const auto place = std::lower_bound(m_entries.begin(), m_entries.end(), entry.m_order,
+                                        [](const auto& one, std::int64_t order) { return orderOf(one) < order; });
+    return static_cast<int>(place - m_entries.begin());
+}
+
+void MetadataList::append(std::unique_ptr<PIO_Metadata> metadata)
+{
+    static_cast<Metadata&>(*metadata).m_order = m_entries.empty() ? 0 : orderOf(m_entries.back()) + 1;
+    putBack(count(), std::move(metadata));
+}
+
+void MetadataList::prepend(std::unique_ptr<PIO_Metadata> metadata)
+{
+    static_cast<Metadata&>(*metadata).m_order = m_entries.empty() ? 0 : orderOf(m_entries.front()) - 1;
+    putBack(0, std::move(metadata));
+}
+
+void MetadataList::putBack(int index, std::unique_ptr<PIO_Metadata> metadata)
+{
+    auto& entry = static_cast<Metadata&>(*metadata);
+    entry.m_list = this;
+    m_byName.insert(entry.m_name.toCaseFolded(), &entry);
     m_entries.insert(m_entries.begin() + index, std::move(metadata));
     tellChanged();
 }
@@ -172,7 +212,9 @@ std::unique_ptr<PIO_Metadata> MetadataList::take(int index)
     const auto place = m_entries.begin() + index;
     std::unique_ptr<PIO_Metadata> taken = std::move(*place);
     m_entries.erase(place);
-    static_cast<Metadata&>(*taken).m_list = nullptr;
+    auto& entry = static_cast<Metadata&>(*taken);
+    entry.m_list = nullptr;
+    m_byName.remove(entry.m_name.toCaseFolded(), &entry);
     tellChanged();
     return taken;
 }
@@ -218,7 +260,7 @@ void MetadataList::read(const JsonPlace& place)
             metadata->setCreator(creator->text());
         if (const auto version = entry.ifField("version"))
             metadata->setVersion(version->text());
-        insert(count(), std::move(metadata));
+        append(std::move(metadata));
     }
 }
 

@@ -56,6 +56,10 @@ public:
     StandInEntries() : m_entry(std::make_unique<StandInEntry>()) {}
     Iterator begin() const override { return &m_entry; }
     Iterator end() const override { return &m_entry + 1; }
+    std::vector<int> indexesOf(const QString& name) const override
+    {
+        return name.compare(m_entry->metaName(), Qt::CaseInsensitive) == 0 ? std::vector<int>{0} : std::vector<int>();
+    }
     StandInEntry& entry() { return static_cast<StandInEntry&>(*m_entry); }
 
 private:

@@ -19,6 +19,7 @@ public:
     int historyMaxSize() const override { return 0; }
     void setHistoryMaxSize(int) override {}
     QStringList collectExecutedNames() const override { return {}; }
+    QString executedName(int) const override { return {}; }
     QStringList collectUnexecutedNames() const override { return {}; }
     bool isDirty() const override { return false; }
     void setClean() override {}

@@ -60,6 +60,28 @@ TEST_F(SceneMetadataTest, EntriesComeAndGoAtTheirPlaces)
         EXPECT_FALSE(run(new RemoveSceneMetadataCmd(scene().sceneCommon(), index)));
 }
 
+TEST_F(SceneMetadataTest, EntriesAreFoundByNameInAnyCaseOfLetters)
+{
+    const auto indexes = [this](const char* name) { return scene().metadataList().indexesOf(QString(name)); };
+    const std::vector<int> none;
+    EXPECT_EQ(indexes("a"), none);
+    for (const char* name : {"a", "Straße", "A", "b"})
+        ASSERT_TRUE(add(PIO_Metadata::kInt, name));
+    EXPECT_EQ(indexes("a"), (std::vector{0, 2}));
+    EXPECT_EQ(indexes("B"), std::vector{3});
+    EXPECT_EQ(indexes("STRAßE"), std::vector{1});
+    EXPECT_EQ(indexes("strasse"), none) << "folds to the same text";
+    ASSERT_TRUE(run(new RemoveSceneMetadataCmd(scene().sceneCommon(), 0)));
+    EXPECT_EQ(indexes("a"), std::vector{1});
+    EXPECT_EQ(indexes("b"), std::vector{2});
+    undo();
+    EXPECT_EQ(indexes("a"), (std::vector{0, 2}));
+    undo(4);
+    EXPECT_EQ(indexes("a"), none);
+    redo(5);
+    EXPECT_EQ(indexes("a"), std::vector{1});
+}
+
 TEST_F(SceneMetadataTest, AnEntryThatASceneHasIsNotTakenTwice)
 {
     PIO_Metadata* made = add(PIO_Metadata::kBool, "a");
