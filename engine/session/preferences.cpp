@@ -101,6 +101,15 @@ QVariant Preferences::valueOf(const QString& name) const
     return found == m_entries.end() ? QVariant() : found->second->value;
 }
 
+const std::vector<PR_PrefItem*>& Preferences::ordered() const
+{
+    if (m_order.empty()) {
+        for (const auto& [name, entry] : m_entries)
+            m_order.push_back(entry->item.get());
+    }
+    return m_order;
+}
+
 bool Preferences::getBoolValue(const QString& name, bool defaultValue) const
 {
     const QVariant value = valueOf(name);
@@ -140,8 +149,6 @@ void Preferences::set(const QString& name, const QVariant& value)
         made.item = std::make_unique<Item<PR_StringItem, QString>>(made, PR_PrefItem::String);
     }
     m_order.clear();
-    for (const auto& [known, each] : m_entries)
-        m_order.push_back(each->item.get());
     noteChange(name);
 }
 

@@ -25,8 +25,8 @@ public:
     ~Preferences() override;
 
     PR_PrefItem* find(const QString& name) const override;
-    ConstIterator constBegin() const override { return m_order.data(); }
-    ConstIterator constEnd() const override { return m_order.data() + m_order.size(); }
+    ConstIterator constBegin() const override { return ordered().data(); }
+    ConstIterator constEnd() const override { return ordered().data() + ordered().size(); }
 
     void setBoolValue(const QString& name, bool value) override { set(name, value); }
     void setIntValue(const QString& name, int value) override { set(name, value); }
@@ -47,14 +47,15 @@ private:
     struct Entry;
 
     QVariant valueOf(const QString& name) const; ///< Invalid for an unknown name.
+    const std::vector<PR_PrefItem*>& ordered() const;
     void set(const QString& name, const QVariant& value);
     void learn(const PreferenceFile::Values& inFile);
     void noteChange(const QString& name);
 
     PreferenceFile m_file;
     std::map<QString, std::unique_ptr<Entry>> m_entries;
-    std::vector<PR_PrefItem*> m_order;
-    PreferenceFile::Values m_saved; ///< As the file has them.
+    mutable std::vector<PR_PrefItem*> m_order; ///< All by their names; empty until somebody asks.
+    PreferenceFile::Values m_saved;            ///< As the file has them.
     bool m_constantSegment = false;
 };
 
