@@ -14,6 +14,8 @@
 #include <QRegExp>
 
 #include <algorithm>
+#include <iterator>
+#include <unordered_set>
 
 namespace OMC {
 
@@ -260,13 +262,19 @@ void ColumnList::QVariantToTimedValueList(const QVariant& selector, TUScene& sce
             errors.append(tr("Column index is out of range."));
         return;
     }
-    QStringList names = namesIn(selector);
-    for (auto column = scene.timedValuesBegin(); column != scene.timedValuesEnd() && !names.isEmpty(); ++column) {
-        if (names.removeAll((*column)->getName()) > 0)
-            columns.push_back(*column);
+    const QStringList names = namesIn(selector);
+    std::unordered_set<TUTimedValue*> named;
+    for (const QString& name : names) {
+        if (TUTimedValue* column = scene.findTimedValue(name, 0))
+            named.insert(column);
+        else
+            errors.append(tr("Failed to find column by name: %1").arg(name));
     }
-    for (const QString& name : names)
-        errors.append(tr("Failed to find column by name: %1").arg(name));
+    if (named.size() == 1)
+        columns.push_back(*named.begin());
+    else if (!named.empty())
+        std::copy_if(scene.timedValuesBegin(), scene.timedValuesEnd(), std::back_inserter(columns),
+                     [&named](TUTimedValue* column) { return named.contains(column); });
 }
 
 void ColumnList::throwNoMoreItems() const

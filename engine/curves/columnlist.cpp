@@ -76,6 +76,12 @@ TUTimedValue* ColumnList::find(const QString& name) const
     return column ? &column->timedValue() : nullptr;
 }
 
+int ColumnList::placeOf(const TUTimedValue* timedValue) const
+{
+    const Column* column = Column::of(const_cast<TUTimedValue*>(timedValue));
+    return column && column->m_scene == &d->scene ? d->placeOf(*column) : -1;
+}
+
 bool ColumnList::insert(std::unique_ptr<TUTimedValue>& timedValue, int position)
 {
     Column* column = Column::of(timedValue.get());

@@ -24,6 +24,7 @@ public:
     SC_TimedValueListInterface::Iterator begin() const;
     SC_TimedValueListInterface::Iterator end() const;
     TUTimedValue* find(const QString& name) const;
+    int placeOf(const TUTimedValue* column) const; ///< -1 when it is not in the list.
 
     /// Puts a column at a place (-1 is the end); false, and the pointer is left alone, when its name is taken or empty,
     /// the place doesn't exist, or the column isn't one of this engine's.

@@ -254,19 +254,21 @@ bool SU_CleanUpCommands::removeColumns(TUScene* scene, const std::set<TUTimedVal
     if (!own || columns.empty())
         return false;
     // In the order of the scene, from the end forwards, which is the quickest; not in that of the pointers.
-    auto steps = std::make_unique<CO_AndCommand>();
-    std::size_t leaving = 0;
-    for (auto column = own->timedValuesEnd(); column != own->timedValuesBegin() && leaving < columns.size();) {
-        TUTimedValue* candidate = *--column;
-        if (!columns.contains(candidate))
-            continue;
-        ++leaving;
-        for (unsigned int link = 0; link < candidate->getNumLinks(); ++link)
-            steps->add(new tu_tv_socket::UnlinkCmd(candidate->linkedAttr(link)->socket(), 0));
-        steps->add(new brindle::engine::TakeColumn(own->columnList(), *candidate));
+    std::vector<std::pair<int, TUTimedValue*>> leaving;
+    leaving.reserve(columns.size());
+    for (TUTimedValue* column : columns) {
+        leaving.emplace_back(own->columnList().placeOf(column), column);
+        if (leaving.back().first < 0)
+            return false;
     }
-    return leaving == columns.size() &&
-           own->commandManager()->execute(steps.release(), QStringLiteral("Delete Columns"));
+    std::sort(leaving.rbegin(), leaving.rend());
+    auto steps = std::make_unique<CO_AndCommand>();
+    for (const auto& [place, column] : leaving) {
+        for (unsigned int link = 0; link < column->getNumLinks(); ++link)
+            steps->add(new tu_tv_socket::UnlinkCmd(column->linkedAttr(link)->socket(), 0));
+        steps->add(new brindle::engine::TakeColumn(own->columnList(), *column));
+    }
+    return own->commandManager()->execute(steps.release(), QStringLiteral("Delete Columns"));
 }
 
 bool SU_CleanUpCommands::removeNodes(TUScene* scene, const std::set<MO_Node*>& nodes, bool deleteTimedValues)
