@@ -132,15 +132,6 @@ void DrawingLayerImplShared::moveTo(GR_VectorDrawingObj* drawing, const CA_Drawi
     m_seenRevision = -1;
 }
 
-bool DrawingLayerImplShared::isInTree() const
-{
-    for (const UT_Node* leaf = m_drawing->GetRootnode()->GetNextLeaf(); leaf; leaf = leaf->GetNextLeaf()) {
-        if (leaf == m_layer)
-            return true;
-    }
-    return false;
-}
-
 void DrawingLayerImplShared::update() const
 {
     if (!drawingpresence::isThere(m_drawing)) {
@@ -150,7 +141,7 @@ void DrawingLayerImplShared::update() const
     const int revision = m_drawing->GetRevision();
     if (revision == m_seenRevision)
         return;
-    if (!isInTree()) {
+    if (!m_drawing->HasLeaf(m_layer)) {
         if (DrawingAccessImpl::get().isErased(*this))
             return;
         dropDrawing();

@@ -55,7 +55,6 @@ private:
     DrawingLayerImplShared(GR_VectorDrawingObj* drawing, UT_Node* layer, const CA_DrawingLayerKey& key);
 
     void dropDrawing() const;
-    bool isInTree() const;
 
     mutable QExplicitlySharedDataPointer<GR_VectorDrawingObj> m_drawing;
     CA_DrawingLayerKey m_key;

@@ -42,6 +42,8 @@ public:
 
     virtual const UT_Node* GetRootnode() const = 0;
     virtual UT_Node* GetNonConstRootnode() = 0;
+    virtual bool
+    HasLeaf(const UT_Node* leaf) const = 0; ///< Whether a leaf of the composite drawing hangs in this tree.
 
     virtual bool IsEmpty() const = 0; ///< It has no stroke, text or picture; layers without content don't count.
     virtual Math::Box2d GetWorldBBox() const = 0;        ///< Of all layers, without thickness.

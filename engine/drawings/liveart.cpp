@@ -70,6 +70,13 @@ int LiveArt::GetRevision() const
     return m_drawing ? m_drawing->revision() : m_lastRevision;
 }
 
+bool LiveArt::HasLeaf(const UT_Node* node) const
+{
+    // Without the drawing there are no leaves that could be asked.
+    const LiveLeaf* leaf = m_drawing ? liveLeaf(node) : nullptr;
+    return leaf && leaf->art() == this;
+}
+
 bool LiveArt::IsEmpty() const
 {
     return !m_drawing || value().isEmpty();

@@ -30,6 +30,7 @@ public:
     int GetRevision() const override;
     const UT_Node* GetRootnode() const override { return &m_root; }
     UT_Node* GetNonConstRootnode() override { return &m_root; }
+    bool HasLeaf(const UT_Node* leaf) const override;
     bool IsEmpty() const override;
     Math::Box2d GetWorldBBox() const override;
     Math::Box2d GetVisibleWorldBBox() const override;

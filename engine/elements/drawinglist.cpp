@@ -6,6 +6,18 @@
 
 namespace brindle::engine {
 
+namespace {
+
+/// The number that a name is; 0 for none and for one that is no number of a drawing.
+qulonglong numberOf(const QString& name)
+{
+    constexpr qulonglong largest = 1'000'000'000;
+    const qulonglong number = name.toULongLong();
+    return number < largest ? number : 0;
+}
+
+} // namespace
+
 DrawingList::~DrawingList()
 {
     for (const EM_DrawingInfo* drawing : m_map)
@@ -19,13 +31,27 @@ Drawing& DrawingList::at(std::size_t place) const
 
 Drawing* DrawingList::find(EM_DrawingId id) const
 {
-    const auto place =
-        std::lower_bound(m_map.begin(), m_map.end(), id, [](const EM_DrawingInfo* drawing, EM_DrawingId sought) {
-            return static_cast<const Drawing*>(drawing)->id() < sought;
-        });
+    const auto place = placeFor(id);
     if (place == m_map.end() || (*place)->id() != id)
         return nullptr;
     return &at(static_cast<std::size_t>(place - m_map.begin()));
+}
+
+DrawingList::Map::const_iterator DrawingList::placeFor(EM_DrawingId id) const
+{
+    return std::lower_bound(m_map.begin(), m_map.end(), id, [](const EM_DrawingInfo* drawing, EM_DrawingId sought) {
+        return static_cast<const Drawing*>(drawing)->id() < sought;
+    });
+}
+
+qulonglong DrawingList::highestNumber() const
+{
+    if (!m_highestNumber) {
+        m_highestNumber = 0;
+        for (const EM_DrawingInfo* drawing : m_map)
+            m_highestNumber = std::max(*m_highestNumber, numberOf(static_cast<const Drawing*>(drawing)->name()));
+    }
+    return *m_highestNumber;
 }
 
 Drawing& DrawingList::insert(std::unique_ptr<Drawing> drawing)
@@ -47,9 +73,7 @@ Drawing& DrawingList::insert(std::unique_ptr<Drawing> drawing, const QString& st
 std::unique_ptr<Drawing> DrawingList::take(Drawing& drawing)
 {
     leave(drawing);
-    // As a rule it is the last one, which an undo takes back.
-    const auto place = m_map.back() == &drawing ? m_map.end() - 1 : std::find(m_map.begin(), m_map.end(), &drawing);
-    m_map.erase(place);
+    m_map.erase(placeFor(drawing.id()));
     drawing.setGone(true);
     return std::unique_ptr<Drawing>(&drawing);
 }
@@ -72,12 +96,16 @@ void DrawingList::enter(Drawing& drawing, const QString& stem)
     drawing.m_stem = stem.isEmpty() ? safe_names::unique(safe_names::made(drawing.m_name), m_stems) : stem;
     m_stems.insert(safe_names::folded(drawing.m_stem));
     m_byName.insert(drawing.m_name, &drawing);
+    if (m_highestNumber)
+        m_highestNumber = std::max(*m_highestNumber, numberOf(drawing.m_name));
 }
 
 void DrawingList::leave(const Drawing& drawing)
 {
     m_stems.remove(safe_names::folded(drawing.m_stem));
     m_byName.remove(drawing.m_name);
+    if (m_highestNumber == numberOf(drawing.m_name))
+        m_highestNumber.reset();
 }
 
 } // namespace brindle::engine

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 namespace brindle::engine {
 
@@ -25,6 +26,7 @@ public:
     Drawing& at(std::size_t place) const;
     Drawing* find(EM_DrawingId id) const; ///< Null where there is none.
     Drawing* named(const QString& name) const { return m_byName.value(name); }
+    qulonglong highestNumber() const; ///< The highest one below a billion that is a name; 0 for none.
 
     /// Adds a drawing whose name no other one has. One that was in a list before keeps its stem.
     Drawing& insert(std::unique_ptr<Drawing> drawing);
@@ -41,10 +43,13 @@ public:
 private:
     void enter(Drawing& drawing, const QString& stem);
     void leave(const Drawing& drawing);
+    Map::const_iterator placeFor(EM_DrawingId id) const; ///< Of the first that has this id or a higher one.
 
     Map m_map;
     QHash<QString, Drawing*> m_byName;
     QSet<QString> m_stems; ///< As a file system sees them that doesn't tell capital letters apart.
+    /// Nothing from when the drawing of that name went until somebody asks.
+    mutable std::optional<qulonglong> m_highestNumber;
 };
 
 } // namespace brindle::engine

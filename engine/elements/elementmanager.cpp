@@ -286,17 +286,10 @@ double ElementManager::getDrawingScaleFactor(int id, EM_DrawingId drawingId) con
 
 QString ElementManager::nextUnusedNumericTiming(int id) const
 {
-    constexpr qulonglong largest = 1'000'000'000;
-    qulonglong highest = 0;
     const Element* element = find(id);
     if (!element)
         return QString::number(1);
-    for (const EM_DrawingInfo* drawing : element->getMap()) {
-        bool isNumber = false;
-        const qulonglong number = static_cast<const Drawing*>(drawing)->name().toULongLong(&isNumber);
-        if (isNumber && number < largest)
-            highest = std::max(highest, number);
-    }
+    qulonglong highest = element->drawings().highestNumber();
     QString next;
     do {
         next = QString::number(++highest);
