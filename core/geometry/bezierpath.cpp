@@ -71,22 +71,27 @@ std::vector<GR_Bezier2d> readCurves(const QVariant& value)
     return curves;
 }
 
-/// Adds what an argument tells to a path, all of it or nothing.
+/// Adds what an argument tells to a path, all of it or nothing, as `add` does with one piece.
 template <typename Add>
 void addCurves(GR_BezierPath2d& path, const QVariant& value, Add add)
 {
-    GR_BezierPath2d longer = path;
     try {
         if (const auto* other = objectFrom<BezierPath>(value)) {
-            add(longer, other->getBezier());
-        } else {
-            for (const GR_Bezier2d& curve : readCurves(value))
-                add(longer, curve);
+            add(path, other->getBezier());
+            return;
         }
+        const std::vector<GR_Bezier2d> curves = readCurves(value);
+        if (curves.size() == 1) {
+            add(path, curves.front());
+            return;
+        }
+        GR_BezierPath2d longer = path;
+        for (const GR_Bezier2d& curve : curves)
+            add(longer, curve);
+        path = std::move(longer);
     } catch (const std::logic_error&) {
         BaseObject::throwUnexpected();
     }
-    path = std::move(longer);
 }
 
 } // namespace

@@ -152,10 +152,14 @@ void GR_BezierPath2d::Erase(unsigned int first, unsigned int count)
             rest.Append(handles.back(), false);
         handles.clear();
     };
+    auto onCurve = m_onCurve.begin();
     for (std::size_t i = 0; i < m_points.size(); ++i) {
+        const bool isOnCurve = onCurve != m_onCurve.end() && *onCurve == i;
+        if (isOnCurve)
+            ++onCurve;
         if (i >= first && i < end)
             continue;
-        if (!IsOnCurve(static_cast<unsigned int>(i))) {
+        if (!isOnCurve) {
             handles.push_back(m_points[i]);
             continue;
         }
