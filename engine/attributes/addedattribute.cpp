@@ -57,13 +57,13 @@ void AddedLevel::insert(std::unique_ptr<AddedAttribute> attribute, int place)
 
 std::unique_ptr<AddedAttribute> AddedLevel::take(const AT_Attr& attr, int& place)
 {
-    const auto found =
-        std::find_if(m_added.rbegin(), m_added.rend(), [&](const auto& one) { return &one->attr() == &attr; });
-    if (found == m_added.rend())
+    const auto lastAdded = m_attrs.rbegin() + addedCount();
+    const auto found = std::find(m_attrs.rbegin(), lastAdded, &attr);
+    if (found == lastAdded)
         return nullptr;
-    const auto behind = found - m_added.rbegin();
+    const auto behind = found - m_attrs.rbegin();
     place = addedCount() - 1 - static_cast<int>(behind);
-    std::unique_ptr<AddedAttribute> taken = std::move(*found);
+    std::unique_ptr<AddedAttribute> taken = std::move(m_added[static_cast<std::size_t>(place)]);
     m_added.erase(m_added.begin() + place);
     m_attrs.erase(m_attrs.end() - 1 - behind);
     m_byKeyword.remove(taken->meta().keyword());
