@@ -29,8 +29,8 @@ def main():
     def end(*_):
         os.killpg(child, signal.SIGKILL)
 
-    signal.signal(signal.SIGALRM, end)
-    signal.signal(signal.SIGTERM, end)
+    for reason in (signal.SIGALRM, signal.SIGTERM, signal.SIGINT):
+        signal.signal(reason, end)
     signal.setitimer(signal.ITIMER_REAL, float(limit))
     _, status = os.waitpid(child, 0)
     seconds = time.monotonic() - start
