@@ -51,9 +51,9 @@ class Stage:
     def colour(self, chance, alpha=255):
         return self.palette.create_solid_colour("", [chance.randrange(256) for _ in range(3)] + [alpha], -1).id
 
-    def thick(self, chance):
+    def thick(self, chance, colour=None):
         style = brindle.DrawingVectorLineStyle()
-        style.type, style.colour_id, style.thickness = "THICK_LINESTYLE", self.colour(chance), 10 * UNITS
+        style.type, style.colour_id, style.thickness = "THICK_LINESTYLE", colour or self.colour(chance), 10 * UNITS
         return style
 
     def keys(self, chance):
@@ -131,6 +131,11 @@ def measure(samples, root):
                            [stage.keys(chance) for _ in range(LINES)])
         stage.moved(lines, "angle", 0.0, 360.0)
         series(samples, "picture turning lines", lines, threads=1)
+        dusk = stage.palette.create_linear_gradient_colour("Dusk", [250, 230, 40], 0, [90, 20, 180], 100).id
+        ribbons = stage.read("Ribbons", [{"path": wave(chance), "line_style": stage.thick(chance, dusk)} for _ in range(LINES)],
+                             [stage.keys(chance) for _ in range(LINES)])
+        stage.moved(ribbons, "angle", 0.0, 360.0)
+        series(samples, "picture turning gradients", ribbons, threads=1)
 
         places = [(chance.uniform(-700, 700), chance.uniform(-400, 400)) for _ in range(ART)]
         held = stage.read("Held", [

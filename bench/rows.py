@@ -98,6 +98,7 @@ PYTHON = (
     Row("as one of 16 bits", "picture deep files", aim=120 * MS),
     Row("as one of 16 bits by the callback, which one thread calls", "picture files by callback"),
     Row("500 lines of changing thickness that turn", "picture turning lines", aim=80 * MS),
+    Row("the same with a gradient along each line", "picture turning gradients"),
     Row("a held drawing under a moving peg", "picture held drawing", aim=8 * MS),
     Row("the same where nothing moves", "picture nothing moves", aim=1 * MS),
     Row("multiply a matrix by another", "matrix multiply", "floor method call", "C API: method call", most=500 * NS),

@@ -27,11 +27,13 @@ Pixel multiplied(const QRgba64& colour)
     return {times(colour.red()), times(colour.green()), times(colour.blue()), colour.alpha()};
 }
 
+/// `share` from 0 to 1.
 Pixel between(const Pixel& one, const Pixel& other, double share)
 {
+    const auto part = static_cast<float>(share);
     Pixel result;
     for (std::size_t c = 0; c < result.size(); ++c)
-        result[c] = static_cast<std::uint16_t>(std::lerp(double(one[c]), double(other[c]), share) + 0.5);
+        result[c] = static_cast<std::uint16_t>(float(one[c]) + (float(other[c]) - float(one[c])) * part + 0.5f);
     return result;
 }
 
@@ -363,6 +365,13 @@ std::optional<TexturePaint> paintAlong(const GR_LineCuts& line, const LinePaint&
     // How far outside of the line each pixel was when it got its colour.
     std::vector<float> beyond(std::size_t(covered.width()) * std::size_t(covered.height()),
                               std::numeric_limits<float>::infinity());
+    const bool isAffine = back.isAffine();
+    const auto unitsOf = [&](double x, double y) -> Math::Point2d {
+        if (isAffine)
+            return {back.m11() * x + back.m21() * y + back.dx(), back.m12() * x + back.m22() * y + back.dy()};
+        const QPointF point = back.map(QPointF(x, y));
+        return {point.x(), point.y()};
+    };
     const auto paintPart = [&](const GR_LineCuts::Cut& from, const GR_LineCuts::Cut& to) {
         const double around = marginOf(from, to);
         const std::array<QPointF, 4> corners = cornersOf(from, to, place);
@@ -371,14 +380,13 @@ std::optional<TexturePaint> paintAlong(const GR_LineCuts& line, const LinePaint&
         for (int y = rows.top(); y < rows.end(); ++y) {
             const auto [first, end] = rows.columns(y);
             for (int x = first; x < end; ++x) {
-                const QPointF point = back.map(QPointF(x + 0.5, y + 0.5));
-                const Place at = part.placeOf({point.x(), point.y()});
+                const Place at = part.placeOf(unitsOf(x + 0.5, y + 0.5));
                 float& before = beyond[std::size_t(y - covered.top()) * std::size_t(covered.width()) +
                                        std::size_t(x - covered.left())];
                 if (at.beyond > before || at.beyond * scale > around)
                     continue;
                 before = static_cast<float>(at.beyond);
-                const Pixel colour = colours.at(std::lerp(from.distance, to.distance, at.along), at.across);
+                const Pixel colour = colours.at(from.distance + (to.distance - from.distance) * at.along, at.across);
                 std::copy(colour.begin(), colour.end(), rowOf(pixels, x - covered.left(), y - covered.top()));
             }
         }
