@@ -26,7 +26,8 @@ inline bool isNearSegment(const Math::Point2d& point, const Math::Point2d& from,
 }
 
 /// Cuts the spans of a line into pieces whose centre and edges are straight to about a tolerance, in units of the
-/// drawing: pieces are halved while one of three places on them is too far from the chords.
+/// drawing: pieces are halved while one of three places on them is too far from the chords, or while a bend between
+/// these may take an edge further out.
 class LinePieces {
 public:
     LinePieces(const LineSections& sections, double tolerance) : m_sections(sections), m_tolerance(tolerance) {}
@@ -49,10 +50,21 @@ private:
         constexpr int deepest = 16;
         const LineCut before = at(span, std::lerp(from.t, middle.t, 0.5));
         const LineCut behind = at(span, std::lerp(middle.t, to.t, 0.5));
-        if (depth == deepest ||
-            (isStraight(from, middle, to) && isStraight(from, before, to) && isStraight(from, behind, to)))
+        if (depth == deepest || (turnsLittle(from, to) && isStraight(from, middle, to) &&
+                                 isStraight(from, before, to) && isStraight(from, behind, to)))
             return take(from, to);
         return part(span, from, before, middle, depth + 1, take) && part(span, middle, behind, to, depth + 1, take);
+    }
+
+    /// Whether the arc that an edge would make about one place, by the turn of the path from end to end, keeps near its
+    /// chord. Within a span the path turns one way only.
+    bool turnsLittle(const LineCut& from, const LineCut& to) const
+    {
+        const GR_HalfWidths& start = from.section.widths;
+        const GR_HalfWidths& end = to.section.widths;
+        const double widest = std::max({start.left, start.right, end.left, end.right});
+        const double halfTurn = std::sqrt(std::max(0.0, (1 + from.section.along.dot(to.section.along)) / 2));
+        return widest * (1 - halfTurn) <= m_tolerance;
     }
 
     bool isStraight(const LineCut& from, const LineCut& between, const LineCut& to) const

@@ -15,7 +15,7 @@ namespace brindle::render {
 
 namespace {
 
-constexpr double kTolerance = 0.1; ///< Of outlines, in pixels.
+constexpr double kTolerance = 0.05; ///< Of outlines, in pixels.
 
 /// Scales within a factor of sqrt(2) share their outlines, made for the largest of them.
 int bucketOf(double scale)
