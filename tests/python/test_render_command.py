@@ -120,8 +120,8 @@ def test_a_channel_has_8_bits_or_16(render, tmp_path):
         assert render("--out", "f%d.png", "--frames", 1, *arguments).returncode == 0
         file = (tmp_path / "f1.png").read_bytes()
         assert file[24] == depth
-        assert all(b"tEXt" + text in file for text in (b"Software\0brindle", b"Scene\0Scene-1", b"Node\0Top/Show",
-                                                       b"Frame\0" + b"1"))
+        for key, text in ((b"Software", b"brindle"), (b"Scene", b"Scene-1"), (b"Node", b"Top/Show"), (b"Frame", b"1")):
+            assert b"iTXt" + key + 5 * b"\0" + text in file
 
 
 def test_pictures_of_one_and_of_two_threads_are_the_same_bytes(render, tmp_path):
