@@ -25,6 +25,7 @@ import drawings
 import elements
 import exposures
 import javascript
+import lists
 import operations
 import palettes
 import pictures
@@ -223,6 +224,7 @@ def main():
         fits()
         palettes.measure(samples, root)
         columns.measure(samples, root)
+        lists.measure(samples, root)
         drawings.measure(samples, root)
         elements.measure(samples, root)
         pictures.measure(samples, root)
