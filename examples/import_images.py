@@ -49,9 +49,10 @@ def import_images(scene: brindle.Scene, name: str, pixmap_format: str, images: d
                   hold: int) -> brindle.Node:
     """Makes a drawing column of a name with an element of the images, and exposes them; the node that shows it."""
     column = scene.columns.create("DRAWING", name, {"pixmapFormat": pixmap_format})
-    if not isinstance(column, brindle.ElementColumn) or column.drawings is None:
+    if not isinstance(column, brindle.ElementColumn) or column.element is None:
         raise Refused(f'The project can have no column and element "{name}".')
-    drawings = column.drawings
+    column.element.vector_type = ""  # Its drawings are images.
+    drawings = column.element.drawings
     for number, path in images.items():
         drawings.create(str(number))
         drawings[str(number)].import_file(path)

@@ -46,8 +46,9 @@ public:
     /// Makes a column: of type "DRAWING", "SOUND", "3D_PATH", "BEZIER", "EASE", "EXPR", "TIMING", "VELOBASED",
     /// "QUATERNION_PATH", "ANNOTATION" or "FILE_LIBRARY", in any case of letters. Without a name it is anonymous. The
     /// options are read for a drawing column alone, which gets an element of its own: {"scanType": "COLOR",
-    /// "GRAY_SCALE" or "BW", "fieldChart": a number, "pixmapFormat": a format's name, "vectorType": a text,
-    /// "createNode": whether a node shows it}.
+    /// "GRAY_SCALE" or "BW", "fieldChart": a number, "pixmapFormat": a format's name, "vectorType": a text
+    /// that changes nothing, "createNode": whether a node shows it}. The element holds vector drawings, and images once
+    /// its `vector_type` is set to "".
     virtual Obj create(const QString& type, const QString& name, const QVariant& options);
     /// Removes columns, all or none. One that is still linked is refused, and so are those of annotations and
     /// libraries.

@@ -53,13 +53,14 @@ public:
     /// vector type that there is not, and a field chart that is no positive, finite number.
     virtual const TUElement& createElement(const QString& name, int scanType, double fieldChart, int pixmapFormat,
                                            int vectorType, bool useTemporaryFolder) = 0;
-    /// What a new element is like where nothing else is said: in colour, as a PNG, on a chart of 12 fields.
+    /// What a new element is like where nothing else is said: for vector drawings, in colour, as a PNG, on a chart of
+    /// 12 fields.
     virtual void defaults(int& scanType, double& fieldChart, int& pixmapFormat, int& vectorType) const
     {
         scanType = 0;
         fieldChart = 12;
         pixmapFormat = TUPixmapFormatList(TUPixmapFormatList::kPaint).format(QStringLiteral("PNG"));
-        vectorType = 0;
+        vectorType = TUElement::kPnt;
     }
     /// Whether the files of new elements stand in a temporary folder until the project is saved.
     virtual bool useTemporaryFolder() const { return false; }

@@ -23,10 +23,13 @@ bool addElement(Scene& scene, TUTimedValue& column, const TUSceneCreateTimedValu
         return false;
     // Without a name of its own the element has the column's.
     const auto& [name, scanType, fieldChart, pixmapFormat] = request.element();
-    constexpr int noVectors = 0;
+    // A request doesn't say which vectors: those of every new element.
+    TUSceneCreateTimedValueParams::Element defaults;
+    int vectorType = TUElement::kNoVector;
+    elements->defaults(defaults.scanType, defaults.fieldChart, defaults.pixmapFormat, vectorType);
     const int id = elements
                        ->createElement(name.isEmpty() ? column.getName() : name, scanType, fieldChart, pixmapFormat,
-                                       noVectors, elements->useTemporaryFolder())
+                                       vectorType, elements->useTemporaryFolder())
                        .id();
     CO_CommandManager& manager = *scene.commandManager();
     return id >= 0 && manager.execute(new EM_Commands::FakeAddElementsCmd(elements, {id}, true, true, 0), QString()) &&

@@ -34,7 +34,6 @@ def expose(app: brindle.Application, svg: pathlib.Path, name: str, first: int, l
         column = scene.columns.create("DRAWING", name)  # with an element and a node of this name
         if not isinstance(column, brindle.ElementColumn) or column.element is None:
             raise Refused(f'The project can have no column and element "{name}".')
-        column.element.vector_type = "PNT"
         palette = project.palettes.create("Colour", name)
         palette.clear()
         made = column.element.drawings.create("1")

@@ -31,8 +31,7 @@ def make_drawings(scene: brindle.Scene, parts: list[sheets.Part],
     columns: dict[str, brindle.ElementColumn] = {}
     for name in dict.fromkeys([*(part.drawing for part in parts if part.drawing), "hill"]):
         column = scene.columns.create("DRAWING", name, {"createNode": False})
-        assert isinstance(column, brindle.ElementColumn) and column.element
-        column.element.vector_type = "PNT"
+        assert isinstance(column, brindle.ElementColumn)
         columns[name] = column
     changing = {exposure.element for exposure in exposures}
     for exposure in [*exposures, *(sheets.Exposure(name, 1, "1") for name in columns if name not in changing)]:

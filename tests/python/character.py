@@ -35,7 +35,8 @@ def make_character(app, folder, name="Hero", shade=0):
     hand.metadata["Role"] = "left"
     hand.position = [40, 80]
     group.backdrops.create(f"The arm of {name}")
-    column = scene.columns.create("DRAWING", name, {"createNode": False, "vectorType": ""})
+    column = scene.columns.create("DRAWING", name, {"createNode": False})
+    column.element.vector_type = ""
     for frame, pose in POSES:
         column.element.drawings.create(pose).import_file(picture(folder, f"{name}-{pose}", shade + int(pose)))
         column[frame] = pose

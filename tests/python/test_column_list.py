@@ -227,6 +227,16 @@ def test_a_drawing_column_has_an_element_and_a_node(scene, history, state):
     assert scene.columns["Arm"].linked_nodes
 
 
+@pytest.mark.parametrize("options", [None, {"vectorType": "PNT"}, {"vectorType": ""}])
+def test_a_drawing_column_holds_vector_drawings_until_its_element_says_else(scene, options):
+    element = scene.columns.create("DRAWING", "Arm", options).element
+    assert element.vector_type == "PNT"
+    element.vector_type = ""
+    assert element.drawings.create("1").initialize() is None
+    element.vector_type = "PNT"
+    assert element.drawings.create("2").initialize() is not None
+
+
 def test_a_drawing_column_without_a_node(scene):
     nodes = len(scene.nodes)
     assert scene.columns.create("DRAWING", "", {"createNode": False}).anonymous

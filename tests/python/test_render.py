@@ -254,7 +254,8 @@ def test_lines_with_textures_are_the_same_wherever_they_are_cut_off(stage):
 def scan(stage, tmp_path):
     """A node that shows a red picture of 4 x 4 pixels."""
     (tmp_path / "red.png").write_bytes(palettes.png(4, 4, RED))
-    column = stage.scene.columns.create("DRAWING", "Scan", {"createNode": False, "vectorType": ""})
+    column = stage.scene.columns.create("DRAWING", "Scan", {"createNode": False})
+    column.element.vector_type = ""
     column.element.drawings.create("1").import_file(str(tmp_path / "red.png"))
     column[1] = "1"
     node = stage.nodes.create("READ", "Scan")
