@@ -1,5 +1,7 @@
 #include "qtscript/applicationscope.h"
 
+#include <QThreadPool>
+
 #include <clocale>
 
 namespace {
@@ -14,6 +16,8 @@ ApplicationScope::ApplicationScope()
 {
     if (QCoreApplication::instance())
         return;
+    // Qt makes its pool of threads only as long as no application has ended, and others in the process need it.
+    QThreadPool::globalInstance();
     m_locale = std::setlocale(LC_ALL, nullptr);
     m_own.emplace(argumentCount, programArguments);
     std::setlocale(LC_ALL, m_locale.c_str());

@@ -13,14 +13,15 @@ namespace brindle::render {
 
 void onWorker(const std::function<void()>& work)
 {
-    QThreadPool& pool = *QThreadPool::globalInstance();
-    if (pool.contains(QThread::currentThread())) {
+    // Null where a QCoreApplication has ended before anything asked for the pool.
+    QThreadPool* const pool = QThreadPool::globalInstance();
+    if (!pool || pool->contains(QThread::currentThread())) {
         work();
         return;
     }
     QSemaphore done;
     std::exception_ptr failure;
-    pool.start([&] {
+    pool->start([&] {
         try {
             work();
         } catch (...) {
@@ -56,7 +57,8 @@ void shareOut(std::size_t count, int threads, const std::function<void(std::size
         work();
         done.release();
     };
-    while (helpers + 1 < most && QThreadPool::globalInstance()->tryStart(help))
+    QThreadPool* const pool = QThreadPool::globalInstance();
+    while (pool && helpers + 1 < most && pool->tryStart(help))
         ++helpers;
     work();
     done.acquire(helpers);

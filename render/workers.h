@@ -10,7 +10,7 @@
 namespace brindle::render {
 
 /// Calls a function on a thread of the pool, and waits until it has returned; an exception of it leaves this call.
-/// A thread of the pool calls it itself.
+/// A thread of the pool calls it itself, and so does any thread where there is no pool.
 void onWorker(const std::function<void()>& work);
 
 /// Calls a function for each number from 0 to below `count`, on up to so many threads: the calling one, and those of

@@ -698,6 +698,23 @@ def test_a_node_that_is_gone(stage):
     assert str(failure.value) == support.GONE
 
 
+@pytest.mark.parametrize("first", [
+    "app.javascript.eval('1 + 1')",
+    "from PyQt6.QtCore import QCoreApplication; QCoreApplication([])",
+], ids=["a script engine", "an application"])
+def test_pictures_are_drawn_when_qt_has_come_and_gone(folder, first):
+    if "PyQt6" in first:
+        pytest.importorskip("PyQt6")
+    done = support.run_python(f"""if True:
+        import sys, brindle
+        with brindle.create(sys.argv[1]) as app:
+            {first}
+        with brindle.create(sys.argv[1] + "2") as app:
+            print(brindle.render.cel(app.scene.nodes.create("COLOR_CARD", "Card"), 1, (4, 4)))
+        """, folder)
+    assert (done.returncode, done.stdout) == (0, "Cel(4, 4)\n"), done.stderr
+
+
 def test_importing_the_package_loads_no_library_that_draws():
     code = ("import brindle\n"
             "print([line for line in open('/proc/self/maps') if 'Render' in line or 'OpenColorIO' in line\n"
