@@ -14,7 +14,7 @@
 #include "core/scene/scene.h"
 
 #include <optional>
-#include <set>
+#include <vector>
 
 // How a scene looks: the settings of colours and textures, the camera that it is seen through, and its display.
 
@@ -69,7 +69,8 @@ bool isUnset(const QVariant& value)
 template <typename Module>
 Module* firstIn(TUScene* scene, const QVariant& value, const QString& noNode, const QString& otherNode)
 {
-    std::set<MO_Node*> nodes;
+    // In their own order: that of a set of pointers would change from run to run.
+    std::vector<MO_Node*> nodes;
     NodeList(scene, false).nodesFromQVariant(value, nodes);
     if (nodes.empty())
         throw Exception(noNode);

@@ -175,6 +175,13 @@ def test_a_camera_that_is_read_is_the_node(scene, history):
     assert scene.camera_path == "Top/%1 Auge"
 
 
+def test_the_first_of_several_cameras_is_set(scene):
+    cameras = [scene.nodes.create("CAMERA", name) for name in "ABCDEF"]
+    for named in (cameras, cameras[::-1], cameras[3:] + cameras[:3]):
+        scene.camera = ["Top/Display", *named]
+        assert scene.camera == named[0]
+
+
 def test_a_camera_that_goes_is_unset_and_comes_back_by_undo(scene, history):
     eye = scene.nodes.create("CAMERA", "Eye")
     scene.camera = eye
