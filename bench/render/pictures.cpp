@@ -3,6 +3,7 @@
 #include "render/operations/blend.h"
 #include "render/operations/blur.h"
 #include "render/operations/shade.h"
+#include "render/workers.h"
 
 #include <benchmark/benchmark.h>
 
@@ -10,7 +11,7 @@
 
 #include <stdexcept>
 
-// Pictures of 1920 x 1080 pixels on one thread.
+// Pictures of 1920 x 1080 pixels on one thread, of those that frames are drawn on.
 
 extern "C" const brindle::engine::RenderLibrary* brindleRenderLibrary();
 
@@ -18,11 +19,24 @@ namespace {
 
 using namespace brindle::render;
 
+/// Times what a rasteriser draws.
+template <typename Draw>
+void drawn(benchmark::State& state, const Draw& draw)
+{
+    onWorker([&] {
+        const auto rasteriser = Rasteriser::make();
+        for (auto _ : state) {
+            rasteriser->beginLayer(bench::pictureSize, QTransform());
+            draw(*rasteriser);
+            benchmark::DoNotOptimize(rasteriser->endLayer());
+        }
+    });
+}
+
 void pictureShapes(benchmark::State& state)
 {
     const bench::Shapes shapes;
-    for (auto _ : state)
-        benchmark::DoNotOptimize(shapes.drawn());
+    drawn(state, [&](Rasteriser& rasteriser) { rasteriser.addFaces(shapes.faces(), Rasteriser::Faces::Over); });
 }
 
 /// 40 x 25 cells that share their edges, each added to the others.
@@ -46,12 +60,7 @@ void picturePartition(benchmark::State& state)
     }
     for (std::size_t cell = 0; cell < paths.size(); ++cell)
         faces.push_back({{&paths[cell], 1}, &paints[cell]});
-    const auto rasteriser = Rasteriser::make();
-    for (auto _ : state) {
-        rasteriser->beginLayer(bench::pictureSize, QTransform());
-        rasteriser->addFaces(faces, Rasteriser::Faces::Partition);
-        benchmark::DoNotOptimize(rasteriser->endLayer());
-    }
+    drawn(state, [&](Rasteriser& rasteriser) { rasteriser.addFaces(faces, Rasteriser::Faces::Partition); });
 }
 
 /// 500 lines of 96 pieces each, which meet in common edges.
@@ -83,12 +92,7 @@ void pictureLines(benchmark::State& state)
         }
         strokes.push_back({&line, &black});
     }
-    const auto rasteriser = Rasteriser::make();
-    for (auto _ : state) {
-        rasteriser->beginLayer(bench::pictureSize, QTransform());
-        rasteriser->addStrokes(strokes);
-        benchmark::DoNotOptimize(rasteriser->endLayer());
-    }
+    drawn(state, [&](Rasteriser& rasteriser) { rasteriser.addStrokes(strokes); });
 }
 
 void pictureBlend(benchmark::State& state)

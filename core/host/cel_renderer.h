@@ -27,8 +27,8 @@ public:
 /// Makes pictures of what nodes show: the field chart through the scene's camera, which the size of the picture spans
 /// from its lower to its upper edge (or from side to side, where the resolution fits the width).
 ///
-/// It remembers what stays the same from one frame to the next, up to `memoryLimit` bytes of pictures and of outlines
-/// of lines, until it is destroyed. Jobs share that, and outlive it.
+/// It remembers what stays the same from one frame to the next, up to `memoryLimit` bytes of pictures and of drawings
+/// with their outlines, until it is destroyed. Jobs share that, and outlive it.
 class BRINDLE_HOST_EXPORT CEL_Renderer {
 public:
     static constexpr int largestSide = 32768; ///< Of a picture, in pixels.

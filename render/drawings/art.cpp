@@ -80,6 +80,25 @@ void Art::addArt(const GR_VectorDrawingObj& art, QStringList& remarks)
     }
 }
 
+qint64 Art::bytes() const
+{
+    constexpr std::size_t bytesPerPoint = sizeof(Math::Point2d) + sizeof(int);
+    std::size_t bytes = sizeof *this;
+    for (const Layer& layer : m_layers) {
+        bytes += layer.lines.size() * sizeof(Line);
+        for (const Group& group : layer.groups) {
+            for (const Area& area : group.areas) {
+                bytes += sizeof area + area.bounds.size() * sizeof(GR_BezierPath2d);
+                for (const GR_BezierPath2d& bound : area.bounds)
+                    bytes += bound.GetNumPoints() * bytesPerPoint;
+                if (const auto* texture = std::get_if<TexturePaint>(area.paint.get()))
+                    bytes += static_cast<std::size_t>(texture->picture.sizeInBytes());
+            }
+        }
+    }
+    return static_cast<qint64>(bytes);
+}
+
 /// Areas that don't overlap, in groups of those whose boxes meet; only within a group two may share an edge.
 std::vector<std::vector<Art::Found>> Art::neighbours(std::vector<Found> areas)
 {

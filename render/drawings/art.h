@@ -33,6 +33,7 @@ public:
     Art& operator=(const Art&) = delete;
 
     bool isEmpty() const { return m_layers.empty(); }
+    qint64 bytes() const; ///< In memory, without outlines and what the palettes hold.
 
     /// The drawing in a picture of a size. `place` leads from the drawing's units to pixels, y down.
     Picture draw(const QSize& size, const QTransform& place) const;

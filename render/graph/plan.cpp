@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <stdexcept>
 
 namespace brindle::render {
@@ -23,6 +24,8 @@ namespace {
 
 /// A drawing that comes back within so many plans needn't be taken anew.
 constexpr quint64 kPlansKept = 240;
+/// The number by which a drawing itself is remembered; outlines have those of their scales.
+constexpr int kArtItself = std::numeric_limits<int>::max();
 
 template <typename Attribute>
 Attribute* attribute(const MO_Node& node, const char* keyword)
@@ -407,15 +410,31 @@ std::shared_ptr<const Art> Planner::artOf(EM_DrawingId id, const GR_CompositeVec
     const auto* art = dynamic_cast<const GR_VectorDrawingObj*>(drawing.GetArt(GR_CompositeVectorDrawingObj::kLine));
     const int revision = art ? art->GetRevision() : -1;
     KnownArt& known = m_art[id];
-    if (!known.art || known.drawing != &drawing || known.revision != revision || !known.art->isUpToDate(palettes)) {
+    std::shared_ptr<const Art> shown = known.art.lock();
+    if (!shown || known.drawing != &drawing || known.revision != revision || !shown->isUpToDate(palettes)) {
+        m_memory->forget(shown.get());
         known.remarks.clear();
-        known.art = std::make_shared<const Art>(drawing, palettes, known.remarks, m_memory);
+        shown = std::make_shared<const Art>(drawing, palettes, known.remarks, m_memory);
+        known.art = shown;
         known.drawing = &drawing;
         known.revision = revision;
     }
+    if (!m_memory->find<Art>(shown.get(), kArtItself))
+        m_memory->remember(shown.get(), kArtItself, shown, shown->bytes());
     known.lastPlan = m_plans;
     remarks += known.remarks;
-    return known.art;
+    return shown;
+}
+
+void Planner::forgetUnused()
+{
+    std::erase_if(m_art, [this](const auto& drawing) {
+        const KnownArt& known = drawing.second;
+        const bool isUnused = known.lastPlan + kPlansKept < m_plans;
+        if (isUnused)
+            m_memory->forget(known.art.lock().get());
+        return isUnused;
+    });
 }
 
 void Planner::order(const OperationPtr& last, Plan& plan)
@@ -465,7 +484,7 @@ Plan Planner::plan(MO_Node& node, double frame, const QSize& size, const SC_Reso
     for (const Plan::Step& step : plan.steps)
         m_last.insert(step.operation);
     m_operations.tidy();
-    std::erase_if(m_art, [this](const auto& known) { return known.second.lastPlan + kPlansKept < m_plans; });
+    forgetUnused();
     return plan;
 }
 

@@ -36,7 +36,7 @@ struct Plan {
 /// z is larger (Math::Matrix4x4::truckFactor); pictures come over each other in the order of ports alone.
 class Planner {
 public:
-    /// The outlines of the drawings that it takes are remembered there.
+    /// The drawings that it takes are remembered there, and their outlines.
     explicit Planner(std::shared_ptr<Memory> memory) : m_memory(std::move(memory)) {}
 
     /// The plan for what a node of a scene shows at a frame, in a picture of this size. The resolution is the
@@ -50,11 +50,12 @@ private:
     std::shared_ptr<const Art> artOf(EM_DrawingId id, const GR_CompositeVectorDrawingObj& drawing,
                                      PalettePaints& palettes, QStringList& remarks);
     void order(const OperationPtr& last, Plan& plan);
+    void forgetUnused();
 
     struct KnownArt {
         const GR_CompositeVectorDrawingObj* drawing = nullptr; ///< Only to be compared.
         int revision = -1;
-        std::shared_ptr<const Art> art;
+        std::weak_ptr<const Art> art; ///< It is remembered, with all else.
         QStringList remarks;
         quint64 lastPlan = 0; ///< The last plan that it was in.
     };

@@ -81,6 +81,20 @@ print(os.path.exists(folder + "/.brindle-lock"))
 """) == "('Top/mine', 7) ('Scene-1', 7) 2 True\nFalse\n"
 
 
+def test_a_forked_process_draws_pictures_as_the_other_does(forks, folder):
+    """Whatever threads of the other one are missing in it."""
+    assert forks("""
+from brindle import render
+app = brindle.create(folder)
+app.scene.nodes["Top/Composite"].ports_in.create().link(app.scene.nodes.create("COLOR_CARD", "Card"))
+def draw():
+    made = [render.cel(app.scene.nodes["Top/Composite"], frame, (640, 480), threads=2) for frame in range(1, 10)]
+    render.frames(app.scene, lambda frame, cel: made.append(cel), range(1, 20), size=(640, 480), threads=4)
+    return sum(memoryview(cel)[240, 320, 3] for cel in made)
+print(draw(), forked(draw), forked(lambda: forked(draw)), draw())
+""") == "7140 ('7140', 7) (\"('7140', 7)\", 7) 7140\n"
+
+
 def test_a_forked_process_cannot_save_over_the_other(forks, folder):
     text = forks("""
 app = brindle.create(folder)
