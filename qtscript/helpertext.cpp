@@ -40,17 +40,22 @@ constexpr char16_t helpers[] = uR"((function(global, invoker, guard) {
 /// Replaces functions and classes with which a script can end the process in Qt 6.4:
 ///
 /// - Arrays: some functions go down into arrays natively, without counting the levels, to the end of the stack for one
-///   that holds itself.
-/// - RegExp, and the functions of texts that make one: patterns that are too deep (`patterns`) are refused. A literal
-///   in a text that a script gives to `eval` isn't seen: a function in its place would not run in the caller's scope.
+///   that holds itself. `concat` goes on in an array that a getter of it has changed, and gets copies here;
+///   `copyWithin` takes room on the stack of values for each item.
+/// - RegExp, and the functions of texts that make one: patterns that are too deep (`patterns`) are refused, and texts
+///   for Function and `eval` (`evalcalls`) with a literal of one. Only `eval` as a property of the global object isn't
+///   seen: a function in its place would not run in the caller's scope.
 /// - Proxy: a chain of them is gone through natively. Here each has a function of the language for every operation, and
 ///   so counts as a call.
-/// - Generators: one that goes on with another resumes it natively; likewise.
+/// - Generators: one that goes on with another resumes it natively; likewise. So do iterators: a call that spreads one
+///   puts its items on the stack of values, and only a call looks for the end of that.
 /// - WeakMap and WeakSet: Qt's forget to let go of a key that is collected, and compare keys one by one. Here the value
 ///   is in the key, under a symbol; keys that take none, and proxies, are kept in a Map.
 constexpr char16_t guards[] = uR"(((global, invoker) => {
     const apply = Reflect.apply, construct = Reflect.construct, define = Object.defineProperty, isArray = Array.isArray;
     const has = Object.prototype.hasOwnProperty, isExtensible = Object.isExtensible, TextOf = String, TypeOf = TypeError;
+    const ObjectOf = Object, max = Math.max, min = Math.min, truncate = Math.trunc;
+    const MAX_SAFE_INTEGER = Number.MAX_SAFE_INTEGER;
     const NativeMap = Map, NativeProxy = Proxy, NativeRegExp = RegExp, NativeFunction = Function;
     const replace = (object, name, value) => define(object, name, {value, writable: true, configurable: true});
     const isObject = value => value !== null && (typeof value === 'object' || typeof value === 'function');
@@ -87,6 +92,38 @@ constexpr char16_t guards[] = uR"(((global, invoker) => {
         return flatten([], this, +depth || 0);
     }}.flat);
 
+    const concat = Array.prototype.concat, slice = Array.prototype.slice;
+    const copyOf = value => {
+        if (!isArray(value)) return value;
+        const length = value.length, copy = apply(slice, value, []);
+        copy.length = length;
+        return copy;
+    };
+    replace(Array.prototype, 'concat', {concat() {
+        const first = copyOf(this), others = [];
+        for (let i = 0; i < arguments.length; ++i) others[i] = copyOf(arguments[i]);
+        return apply(concat, first, others);
+    }}.concat);
+    replace(Array.prototype, 'copyWithin', {copyWithin(target, start, end) {
+        if (this === null || this === undefined) throw new TypeOf('copyWithin of ' + this);
+        const object = ObjectOf(this), length = min(max(truncate(object.length) || 0, 0), MAX_SAFE_INTEGER);
+        const place = (value, otherwise) => {
+            const at = value === undefined ? otherwise : truncate(value) || 0;
+            return at < 0 ? max(length + at, 0) : min(at, length);
+        };
+        let to = place(target, 0), from = place(start, 0), count = min(place(end, length) - from, length - to), step = 1;
+        if (from < to && to < from + count) {
+            step = -1;
+            from += count - 1;
+            to += count - 1;
+        }
+        for (; count > 0; --count, from += step, to += step) {
+            if (from in object) object[to] = object[from];
+            else delete object[to];
+        }
+        return object;
+    }}.copyWithin);
+
     const patternOf = value => {
         if (value === undefined || value instanceof NativeRegExp) return value;
         const pattern = TextOf(value);
@@ -107,12 +144,20 @@ constexpr char16_t guards[] = uR"(((global, invoker) => {
             return apply(native, this, [isPattern ? value : new CheckedRegExp(value, name === 'matchAll' ? 'g' : '')]);
         }}[name]);
     }
+    const checkedText = text => {
+        if (typeof text !== 'string') return text;
+        if (invoker.hasTooDeepLiteral(text)) throw new RangeError(invoker.tooDeep());
+        return invoker.withCheckedEval(text);
+    };
+    const runGlobally = global.eval;
+    define(global, '$checkedText', {value: checkedText});
+    define(global, '$checkedEval', {value: {eval(text) { return runGlobally(checkedText(text)) }}.eval});
     for (const kind of [function() {}, function*() {}]) {
         const native = kind.constructor;
         const checked = function Function() {
-            for (let i = 0; i < arguments.length; ++i)
-                if (invoker.hasTooDeepLiteral(TextOf(arguments[i]))) throw new RangeError(invoker.tooDeep());
-            return apply(native, this, arguments);
+            const texts = [];
+            for (let i = 0; i < arguments.length; ++i) texts[i] = checkedText(TextOf(arguments[i]));
+            return apply(native, this, texts);
         };
         define(checked, 'prototype', {value: native.prototype, writable: false});
         define(native.prototype, 'constructor', {value: checked, writable: native === NativeFunction, configurable: true});
@@ -144,10 +189,12 @@ constexpr char16_t guards[] = uR"(((global, invoker) => {
     replace(CountedProxy, 'revocable', (target, handler) => apply(revocable, NativeProxy, [target, trapsOf(handler)]));
     replace(global, 'Proxy', CountedProxy);
 
-    const generators = Object.getPrototypeOf(function*() {}).prototype;
-    for (const name of ['next', 'return', 'throw']) {
-        const native = generators[name];
-        replace(generators, name, {[name](value) { return apply(native, this, arguments) }}[name]);
+    const iterators = [[], '', new Map, new Set].map(each => Object.getPrototypeOf(each[Symbol.iterator]()));
+    for (const iterator of [Object.getPrototypeOf(function*() {}).prototype, ...iterators]) {
+        for (const name of ['next', 'return', 'throw']) {
+            const native = iterator[name];
+            if (native) replace(iterator, name, {[name](value) { return apply(native, this, arguments) }}[name]);
+        }
     }
 
     const slot = Symbol('slot'), rest = Symbol('rest');

@@ -1,5 +1,6 @@
 #include "qtscript/qscriptengine.h"
 
+#include "qtscript/evalcalls.h"
 #include "qtscript/helpertext.h"
 #include "qtscript/patterns.h"
 #include "qtscript/qscriptengine_p.h"
@@ -70,6 +71,11 @@ QJSValue ScriptInvoker::invoke(const QVariant& function, const QJSValue& self, c
     const QJSValue result = engine.unwrap((*called)(engine.wrap(self), values));
     goOnThrowing();
     return result;
+}
+
+QString ScriptInvoker::withCheckedEval(const QString& program) const
+{
+    return evalcalls::checked(program);
 }
 
 bool ScriptInvoker::isTooDeep(const QString& pattern) const
@@ -157,7 +163,7 @@ QScriptValue QScriptEngine::Private::evaluate(const QString& program, const QStr
     if (patterns::hasTooDeepLiteral(program))
         return thrown(js.newErrorObject(QJSValue::RangeError, patterns::tooDeep()));
     QStringList stack;
-    const QJSValue result = run([&] { return js.evaluate(program, fileName, lineNumber, &stack); });
+    const QJSValue result = run([&] { return js.evaluate(evalcalls::checked(program), fileName, lineNumber, &stack); });
     return stack.isEmpty() && !result.isError() ? wrap(result) : thrown(result, stack);
 }
 
@@ -187,7 +193,8 @@ QScriptValue QScriptEngine::Private::runInto(const QJSValue& object, const QStri
     const QString directive = isStrict(program) ? QStringLiteral("'use strict';") : QString();
     const QString head = QStringLiteral("(function(%1){with(%1){return function(%2){%3%4();");
     const QString tail = QStringLiteral("\n;function %1(){%2}}}})");
-    const QString text = head.arg(scope, define, directive, start) + program + tail.arg(start, definitions);
+    const QString text =
+        head.arg(scope, define, directive, start) + evalcalls::checked(program) + tail.arg(start, definitions);
     QStringList stack;
     const QJSValue outer = js.evaluate(text, fileName, lineNumber, &stack);
     if (!outer.isCallable())

@@ -27,7 +27,8 @@ public:
 
     Q_INVOKABLE QJSValue invoke(const QVariant& function, const QJSValue& self, const QJSValue& arguments);
     Q_INVOKABLE QJSValue read(int getter, const QVariant& self);
-    Q_INVOKABLE bool isTooDeep(const QString& pattern) const; ///< As in `patterns`, and the next two.
+    Q_INVOKABLE QString withCheckedEval(const QString& program) const; ///< As in `evalcalls`.
+    Q_INVOKABLE bool isTooDeep(const QString& pattern) const;          ///< As in `patterns`, and the next two.
     Q_INVOKABLE bool hasTooDeepLiteral(const QString& program) const;
     Q_INVOKABLE QString tooDeep() const;
 

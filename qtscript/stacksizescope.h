@@ -1,10 +1,14 @@
 #pragma once
 
-/// While it lives, a new QJSEngine gets a larger stack for the values of scripts, which costs memory where it is used
-/// alone. Qt 6.4 doesn't look for the end of that stack where a call spreads an array (`f(...array)`); its own 4 MB end
-/// the process at half a million items.
+#include <array>
+
+/// While it lives, a new QJSEngine gets larger stacks, which cost memory where they are used alone:
 ///
-/// Qt reads the size from the environment, which nobody else may change meanwhile.
+/// - of the values of scripts. Qt 6.4 doesn't look for the end of that stack where a call spreads an array
+///   (`f(...array)`); its own 4 MB end the process at half a million items.
+/// - of the collector of garbage, whose own 2 MB end the process at a chain of some hundred thousand closures.
+///
+/// Qt reads the sizes from the environment, which nobody else may change meanwhile.
 class StackSizeScope {
 public:
     StackSizeScope();
@@ -15,5 +19,5 @@ public:
     void end(); ///< Ahead of the destructor.
 
 private:
-    bool m_isSet; ///< False where the person has set a size.
+    std::array<bool, 2> m_isSet; ///< False where the person has set a size.
 };

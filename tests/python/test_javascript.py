@@ -307,6 +307,21 @@ def test_recursion_ends_in_a_sentence(js):
     assert js.eval("1") == 1
 
 
+def test_a_call_that_spreads_more_than_its_stack_holds_ends_in_a_sentence(tmp_path):
+    done = support.run_python("""
+import brindle, sys
+js = brindle.create(sys.argv[1]).javascript
+for items in ("new Array(2e5)", "new Uint8Array(2e5)", "'a'.repeat(2e5)",
+              "{[Symbol.iterator]: () => ({next: () => ({value: 1, done: false})})}"):
+    try:
+        js.eval(f"Math.max(...{items})")
+    except brindle.Error as error:
+        print(str(error).splitlines()[0].partition(": ")[2])
+print(js.eval("var n = 0; for (var item of new Array(2e5)) ++n; n"))
+""", tmp_path / "project", env={**os.environ, "QV4_JS_MAX_STACK_SIZE": "1048576"})
+    assert done.stdout.splitlines() == ["RangeError: Maximum call stack size exceeded."] * 4 + ["200000"], done.stderr
+
+
 def test_objects_of_the_project_are_themselves(js, scene, peg):
     read = script(js, """
         function name(n) { return n.name }

@@ -24,6 +24,11 @@ TEST_F(GuardTest, AProgramThatGoesTooDeepEndsInASentence)
         {"RegExp('(?:a'.repeat(61) + ')*'.repeat(61))", tooDeep},
         {"'x'.match('(?='.repeat(1e5) + ')'.repeat(1e5))", tooDeep},
         {"'x'.search({toString() { return '('.repeat(1e5) }})", tooDeep},
+        {"eval('/' + '('.repeat(100) + ')'.repeat(100) + '/')", tooDeep},
+        {"(0, eval)('/' + '('.repeat(100) + ')'.repeat(100) + '/')", tooDeep},
+        {"eval(\"eval('/' + '('.repeat(100) + ')'.repeat(100) + '/')\")", tooDeep},
+        {"Function('return eval(arguments[0])')('/' + '('.repeat(100) + ')'.repeat(100) + '/')", tooDeep},
+        {"var run = eval; run('/' + '('.repeat(100) + ')'.repeat(100) + '/')", tooDeep},
         {"Function('return /' + '('.repeat(100) + ')'.repeat(100) + '/')", tooDeep},
         {"Object.getPrototypeOf(function*() {}).constructor('/' + '('.repeat(100) + ')'.repeat(100) + '/')", tooDeep},
         {"var p = {}; for (var i = 0; i < 3e4; ++i) p = new Proxy(p, {}); p.x", tooMany},
@@ -35,6 +40,14 @@ TEST_F(GuardTest, AProgramThatGoesTooDeepEndsInASentence)
         {"function* g(x) { if (x) yield* x; yield 1 } var x; for (var i = 0; i < 3e4; ++i) x = g(x); x.next()",
          tooMany},
         {"Math.max(...new Array(1e6).fill(3))", "3"},
+        {"var a = [1, 2, 3]; Object.defineProperty(a, 1, {get() { a.length = 0; return 7 }, configurable: true});"
+         "a.concat(a).length",
+         "3"},
+        {"[[1, , 3].concat([, 5], 6, [[7]]).length, 1 in [1, , 3].concat([2]), [1, , ].concat([2, , ])]",
+         "7,false,1,,2,"},
+        {"var f; for (let i = 0; i < 5e5; ++i) { let g = f; f = () => g } 'kept'", "kept"},
+        {"[[1, 2, 3, 4, 5].copyWithin(0, 3), [1, 2, 3, 4, 5].copyWithin(1, 0, 3), [1, , 3].copyWithin(-1, -2, -1)]",
+         "4,5,3,4,5,1,1,2,3,5,1,,"},
         {"var w = new WeakMap; for (var i = 0; i < 3e4; ++i) w.set({}, {}); 'kept'", "kept"},
         {"var w = new WeakSet; for (var i = 0; i < 3e4; ++i) w.add({}); 'kept'", "kept"},
     };
@@ -129,4 +142,25 @@ TEST_F(GuardTest, ASymbolComesOutAsItsText)
 TEST_F(GuardTest, TheEnvironmentIsLeftAsItWas)
 {
     EXPECT_FALSE(qEnvironmentVariableIsSet("QV4_JS_MAX_STACK_SIZE"));
+}
+
+TEST_F(GuardTest, EvalRunsInTheScopeOfItsCallerAndGivesWhatItGave)
+{
+    const std::pair<const char*, const char*> rows[] = {
+        {"(function() { var x = 4; eval('x += 1; var y = 7'); return [x, y] })()", "5,7"},
+        {"var x = 1; (function() { var x = 2; return [eval('x'), (0, eval)('x'), eval(3), eval(), eval('x', 'y')] })()",
+         "2,1,3,,2"},
+        {"var run = eval; [run('1 + 1'), typeof eval, {eval: 5}.eval, {eval(a) { return a }}.eval(6)]",
+         "2,function,5,6"},
+        {"eval('var made = 3'); made", "3"},
+        {"`${eval('1' + `${eval(\"'2'\")}`)} eval(` + \"eval(\" + /eval(\\()/.source // eval(\n",
+         "12 eval(eval(eval(\\()"},
+        {"try { eval('(') } catch (error) { error.name }", "SyntaxError"},
+        {"function f(eval) { return eval(2) } f(x => x + 1)", "3"},
+        {"eval /* a */ ( /* b */ '1' /* c */ )", "1"},
+        {"eval(...['8'])", "8"},
+        {"[6 / 2, eval('6') / 2 / 1]", "3,3"},
+    };
+    for (const auto& [program, text] : rows)
+        EXPECT_EQ(textOf(program).toStdString(), text) << program;
 }
