@@ -1,5 +1,6 @@
 #include "engine/elements/contentstore.h"
 
+#include "engine/folder/folderrecovery.h"
 #include "engine/folder/foldertransaction.h"
 
 #include <utility>
@@ -245,7 +246,8 @@ void ContentStore::clearRemoved() const
     if (!isOurs())
         return;
     try {
-        if (m_folder->kindOf(removedFolder) != FileKind::Folder)
+        // A save that failed and could not be taken back may have put a file of the project there.
+        if (m_folder->kindOf(removedFolder) != FileKind::Folder || folder_recovery::isInterrupted(*m_folder))
             return;
         for (const QString& name : m_folder->entries(removedFolder))
             m_folder->remove(removedFolder + u'/' + name);

@@ -5,6 +5,8 @@
 
 #include <QSet>
 
+#include <map>
+
 namespace brindle::engine::folder_recovery {
 
 namespace {
@@ -105,6 +107,14 @@ Found inspect(const Folder& folder)
     return found;
 }
 
+/// The changes of this process that failed and could not be taken back, by folder. Their journals say that they happen,
+/// which those who made them were told they don't.
+std::map<QString, SaveJournal>& failures()
+{
+    static std::map<QString, SaveJournal> failures;
+    return failures;
+}
+
 QString parentOf(const QString& name)
 {
     return name.left(std::max<qsizetype>(name.lastIndexOf(u'/'), 0));
@@ -158,6 +168,24 @@ void requireParents(const Folder& folder, const QString& path)
     }
 }
 
+void moveBack(const Folder& folder, const SaveJournal& journal)
+{
+    for (std::size_t number = 0; number < journal.files.size(); ++number) {
+        const SaveJournal::File& file = journal.files[number];
+        const std::optional<Checksum> now = folder.checksum(file.path);
+        if (now == file.before)
+            continue;
+        if (file.after && now == file.after && folder.kindOf(save_stage::part(number)) == FileKind::Nothing)
+            folder.rename(file.path, save_stage::part(number));
+        if (file.before) {
+            requireParents(folder, file.path);
+            folder.rename(save_stage::kept(number), file.path);
+        } else if (now == file.after)
+            folder.remove(file.path);
+    }
+    syncFolders(folder, journal);
+}
+
 [[noreturn]] void putAside(const Folder& folder, const Found& found)
 {
     QString aside = asideFolder;
@@ -181,8 +209,23 @@ bool isCommitted(const Folder& folder)
     return folder.kindOf(save_stage::journal) == FileKind::File;
 }
 
+void takeBack(const Folder& folder, const SaveJournal& journal)
+{
+    failures().insert_or_assign(folder.path(), journal);
+    moveBack(folder, journal);
+    removeStage(folder);
+    failures().erase(folder.path());
+}
+
 void recover(const Folder& folder)
 {
+    const auto failure = failures().find(folder.path());
+    if (failure != failures().end()) {
+        const SaveJournal journal = failure->second;
+        failures().erase(failure);
+        if (isInterrupted(folder) && canGoBack(folder, journal))
+            takeBack(folder, journal);
+    }
     if (isCommitted(folder)) {
         const Found found = inspect(folder);
         if (!found.damage.isEmpty()) {
@@ -193,6 +236,8 @@ void recover(const Folder& folder)
         for (std::size_t number = 0; number < found.journal.files.size(); ++number) {
             if (!isPartWhole(folder, found.journal, number)) // Its file has been moved before.
                 folder.remove(save_stage::part(number));
+            else if (found.journal.files[number].after)
+                requireParents(folder, found.journal.files[number].path);
         }
         moveForward(folder, found.journal);
     }
@@ -228,24 +273,6 @@ void moveForward(const Folder& folder, const SaveJournal& journal)
             folder.rename(save_stage::part(number), file.path);
     }
     removeEmptied(folder, journal);
-    syncFolders(folder, journal);
-}
-
-void moveBack(const Folder& folder, const SaveJournal& journal)
-{
-    for (std::size_t number = 0; number < journal.files.size(); ++number) {
-        const SaveJournal::File& file = journal.files[number];
-        const std::optional<Checksum> now = folder.checksum(file.path);
-        if (now == file.before)
-            continue;
-        if (file.after && now == file.after && folder.kindOf(save_stage::part(number)) == FileKind::Nothing)
-            folder.rename(file.path, save_stage::part(number));
-        if (file.before) {
-            requireParents(folder, file.path);
-            folder.rename(save_stage::kept(number), file.path);
-        } else if (now == file.after)
-            folder.remove(file.path);
-    }
     syncFolders(folder, journal);
 }
 

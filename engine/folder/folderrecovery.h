@@ -16,8 +16,9 @@ namespace brindle::engine::folder_recovery {
 bool isInterrupted(const Folder& folder); ///< Whether there is anything to end.
 bool isCommitted(const Folder& folder);   ///< Whether the change has happened: a journal is there.
 
-/// Ends what was interrupted. Throws `FolderFailure`: where the remains were put aside, the sentence says so, and the
-/// next call has nothing to do; otherwise the change still waits to be ended.
+/// Ends what was interrupted; a change that failed in this process, and could not be taken back then, goes back. Throws
+/// `FolderFailure`: where the remains were put aside, the sentence says so, and the next call has nothing to do;
+/// otherwise the change still waits to be ended.
 void recover(const Folder& folder);
 
 /// The files that stand elsewhere than at their paths while a change waits to be ended, for who reads the folder and
@@ -26,7 +27,9 @@ QHash<QString, QString> waiting(const Folder& folder);
 
 /// The steps, for the change itself. Forward, a folder goes with the last file that goes from it.
 void moveForward(const Folder& folder, const SaveJournal& journal);
-void moveBack(const Folder& folder, const SaveJournal& journal);
 void removeStage(const Folder& folder);
+
+/// Takes a change back that has failed. Where that fails as well, the next `recover` of this process does it.
+void takeBack(const Folder& folder, const SaveJournal& journal);
 
 } // namespace brindle::engine::folder_recovery

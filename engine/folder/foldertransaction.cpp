@@ -114,20 +114,19 @@ void FolderTransaction::commit()
         m_folder.rename(save_stage::newJournal, save_stage::journal);
         m_folder.sync(save_stage::folder);
     } catch (const FolderFailure&) {
-        attempt([this] { folder_recovery::removeStage(m_folder); });
+        attempt([&] { folder_recovery::takeBack(m_folder, journal); });
         throw;
     }
     try {
         folder_recovery::moveForward(m_folder, journal);
+        m_folder.remove(save_stage::journal);
     } catch (const FolderFailure&) {
-        attempt([&] {
-            folder_recovery::moveBack(m_folder, journal);
-            folder_recovery::removeStage(m_folder);
-        });
+        attempt([&] { folder_recovery::takeBack(m_folder, journal); });
         throw;
     }
     made.keep();
-    folder_recovery::removeStage(m_folder);
+    // The change has happened. What is left of the stage means nothing, and goes with the next change.
+    attempt([this] { folder_recovery::removeStage(m_folder); });
 }
 
 /// The files that change, with what they are and what they will be.

@@ -210,6 +210,29 @@ def test_a_disk_that_is_full_leaves_the_palettes_as_they_are(project, small_disk
         assert palettes.create("Colour", "New").name == "New" and history.list() == ["Create Palette"]
 
 
+@unwatched
+def test_whichever_call_of_a_save_fails_the_old_or_the_new_content_is_whole(tmp_path):
+    library = tmp_path / "failingdisk.so"
+    made = support.run("cc", "-shared", "-fPIC", "-o", library, support.ROOT / "tests/python/failingdisk.c")
+    assert made.returncode == 0, made.stderr
+    done = support.run(support.PYTHON, support.ROOT / "tests/python/failingdisk.py", library, tmp_path,
+                       env={**os.environ, "LD_PRELOAD": str(library)})
+    assert done.returncode == 0, done.stderr
+    assert int(done.stdout.removesuffix(" calls\n")) > 100
+
+
+def test_a_full_disk_keeps_the_drawing_that_was_exported_before(app, small_disk):
+    drawing = support.samples(app)["content"]
+    path = small_disk / "drawing.svg"
+    brindle.export_svg(path, drawing)
+    before = path.read_bytes()
+    filler = small_disk / "filler"
+    filler.write_bytes(b"x" * os.statvfs(small_disk).f_bsize * os.statvfs(small_disk).f_bavail)
+    message = support.message_of(brindle.export_svg, path, drawing)
+    assert message == f'"{path}" can\'t be written: No space left on device.'
+    assert path.read_bytes() == before
+
+
 def test_a_full_disk_lets_a_project_be_opened_read_only(project, small_disk):
     folder = small_disk / "project"
     shutil.copytree(project, folder)

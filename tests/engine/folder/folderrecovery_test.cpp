@@ -128,6 +128,27 @@ private:
 
 } // namespace
 
+TEST_F(FolderRecoveryTest, AChangeThatCouldNotBeTakenBackGoesBackAtTheNextAttempt)
+{
+    interrupt(2);
+    const Folder opened(folder());
+    const QByteArray text = opened.read(QStringLiteral(".brindle-save/journal.json"));
+    const SaveJournal journal = SaveJournal::read(stage("journal.json"), text);
+    QFile::remove(folder() + "/scenes/a.json");
+    QDir().mkpath(folder() + "/scenes/a.json/in the way");
+    EXPECT_THROW(folder_recovery::takeBack(opened, journal), FolderFailure);
+    EXPECT_TRUE(folder_recovery::isCommitted(opened));
+
+    QDir(folder() + "/scenes/a.json").removeRecursively();
+    EXPECT_EQ(recovery(), "");
+    EXPECT_EQ(files(), old());
+    EXPECT_FALSE(folder_recovery::isInterrupted(opened));
+
+    interrupt(2);
+    EXPECT_EQ(recovery(), "") << "which another process left";
+    EXPECT_EQ(files(), changed());
+}
+
 TEST_F(FolderRecoveryTest, WithoutAJournalNothingHasHappened)
 {
     QDir().mkpath(stage());
