@@ -66,7 +66,7 @@ std::shared_ptr<CM_Palette> importedPalette(const Task& task, QString& error)
 bool write(const QString& path, const QByteArray& bytes, QString& error)
 {
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() && file.commit())
         return true;
     error = QString("%1 can't be written: %2.").arg(quoted(path), file.errorString());
     return false;

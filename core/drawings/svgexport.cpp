@@ -314,7 +314,8 @@ QStringList exportFile(const QString& path, const QVariant& drawing)
         fail();
     Writer writer(&file);
     writer.write(source->composite());
-    if (!file.commit())
+    // commit() replaces the file also where its own flush fails.
+    if (!file.flush() || !file.commit())
         fail();
     return writer.notCarried();
 }

@@ -137,7 +137,8 @@ void setAside(const QString& path)
 void write(const QString& path, const QByteArray& content)
 {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush() ||
+        !file.commit()) // commit() replaces the file also where its own flush fails.
         throw FolderFailure{quoted(path) + " cannot be written: " + file.errorString()};
 }
 

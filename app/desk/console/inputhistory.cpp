@@ -97,7 +97,7 @@ void InputHistory::shorten() const
     QSaveFile file(m_file);
     const QByteArray content = m_lines.join(u'\n').toUtf8() + '\n';
     if (!file.open(QIODevice::WriteOnly) || !file.setPermissions(ownersOnly) || file.write(content) != content.size() ||
-        !file.commit())
+        !file.flush() || !file.commit())
         logFailure(m_file, file.errorString());
 }
 
