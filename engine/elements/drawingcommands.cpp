@@ -196,18 +196,18 @@ public:
             return kFail;
         if (m_version == drawing()->version)
             return kNoop;
-        if (!drawing()->hasVersion(m_version)) {
-            const std::vector<DrawingFile> files = drawing()->files();
-            for (const DrawingFile& file : files) {
+        m_isMade = !drawing()->hasVersion(m_version);
+        if (m_isMade) {
+            // Later, an open session may have taken back what it had changed when the version was made.
+            if (m_copied.empty())
+                m_copied = drawing()->files();
+            for (const DrawingFile& file : m_copied) {
                 if (!drawing()->takesContent(file.layer, m_version, file.content))
                     return kFail;
             }
-            for (const DrawingFile& file : files) {
-                if (file.version != drawing()->version)
-                    continue;
+            std::erase_if(m_copied, [this](const DrawingFile& file) { return file.version != drawing()->version; });
+            for (const DrawingFile& file : m_copied)
                 drawing()->setContent(file.layer, m_version, file.content);
-                m_copied.push_back(file.layer);
-            }
         }
         std::swap(drawing()->version, m_version);
         return changed();
@@ -217,19 +217,22 @@ public:
     {
         if (m_version == drawing()->version)
             return kNoop;
-        for (const EM_LayerId layer : m_copied) {
-            if (drawing()->isUnderEdit(layer, drawing()->version))
+        for (const DrawingFile& file : m_copied) {
+            if (m_isMade && drawing()->isUnderEdit(file.layer, drawing()->version))
                 return kFail;
         }
         std::swap(drawing()->version, m_version);
-        for (const EM_LayerId layer : std::exchange(m_copied, {}))
-            drawing()->setContent(layer, m_version, nullptr);
+        if (m_isMade) {
+            for (const DrawingFile& file : m_copied)
+                drawing()->setContent(file.layer, m_version, nullptr);
+        }
         return changed();
     }
 
 private:
-    int m_version; ///< The next one.
-    std::vector<EM_LayerId> m_copied;
+    int m_version;                     ///< The next one.
+    bool m_isMade = false;             ///< The version wasn't there before.
+    std::vector<DrawingFile> m_copied; ///< What the version is made of.
 };
 
 class SetScaleFactor final : public OneDrawingCommand {

@@ -732,3 +732,16 @@ def test_a_block_that_was_not_entered_is_not_left(art):
     with fails("The block was not entered."):
         block.__exit__(None, None, None)
     assert str(block) == "DrawingEditing()"
+
+
+def test_a_version_that_is_made_in_an_open_block_comes_back_as_it_was(app, folder, rig, history):
+    before = support.saved(app, folder)
+    with brindle.DrawingAccess.editing(rig["content"]["line"]) as access:
+        access.vector_layer_create("PEN_LAYER")
+        rig["drawing"].version = 5
+    after = support.saved(app, folder)
+    for _ in range(2):
+        history.undo(2)
+        assert support.saved(app, folder) == before
+        history.redo(2)
+        assert support.saved(app, folder) == after
