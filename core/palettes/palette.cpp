@@ -168,12 +168,14 @@ QString Palette::getId() const
 
 QString Palette::getLocation() const
 {
-    return palettelocation::nameOf(palettelocation::locationOf(engine().GetPath(), *findTarget()));
+    const CM_Palette& palette = engine(); // Which fails ahead of a look at the project.
+    return palettelocation::nameOf(palettelocation::locationOf(palette.GetPath(), *findTarget()));
 }
 
 int Palette::getElementId() const
 {
-    return palettelocation::elementOf(engine(), *findTarget());
+    const CM_Palette& palette = engine();
+    return palettelocation::elementOf(palette, *findTarget());
 }
 
 bool Palette::getLocked() const

@@ -135,7 +135,8 @@ QString PaletteList::getType() const
 
 int PaletteList::getElementId() const
 {
-    return palettelocation::elementOfFolder(engine().GetPath(), *findTarget());
+    const QString folder = engine().GetPath(); // Which fails ahead of a look at the project.
+    return palettelocation::elementOfFolder(folder, *findTarget());
 }
 
 bool PaletteList::getLocked() const
