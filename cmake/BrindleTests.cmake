@@ -10,18 +10,25 @@ include(GoogleTest)
 set(test_environment QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/config)
 set(python_environment ${test_environment} PYTHONPATH=${CMAKE_BINARY_DIR}/python PYTHONDONTWRITEBYTECODE=1)
 if("address" IN_LIST BRINDLE_SANITIZE)
-    # The interpreter isn't sanitized, so the runtimes are loaded before it. It keeps memory until the process ends,
-    # which isn't ours to report.
+    set(runtimes libasan.so libubsan.so libstdc++.so)
+    # The interpreter keeps memory until the process ends, which isn't ours to report.
+    set(interpreter_options ASAN_OPTIONS=detect_leaks=0)
+    list(APPEND python_environment PYTHONMALLOC=malloc ${interpreter_options})
+elseif("thread" IN_LIST BRINDLE_SANITIZE)
+    set(runtimes libtsan.so libstdc++.so)
+    list(APPEND python_environment TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/tsan.suppressions)
+endif()
+if(BRINDLE_SANITIZE)
+    # The interpreter isn't sanitized, so the runtimes are loaded before it.
     set(preload)
-    foreach(runtime libasan.so libubsan.so libstdc++.so)
+    foreach(runtime IN LISTS runtimes)
         execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${runtime}
             OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE)
         file(REAL_PATH ${file} file)
         list(APPEND preload ${file})
     endforeach()
     list(JOIN preload ":" preload)
-    set(interpreter_options ASAN_OPTIONS=detect_leaks=0)
-    list(APPEND python_environment LD_PRELOAD=${preload} PYTHONMALLOC=malloc ${interpreter_options})
+    list(APPEND python_environment LD_PRELOAD=${preload})
 endif()
 if("thread" IN_LIST BRINDLE_SANITIZE)
     list(APPEND test_environment TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/tsan.suppressions)
@@ -153,4 +160,9 @@ list(APPEND python_environment BRINDLE_BIN=${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/bri
 brindle_pytest_parts(python 4 tests/python LABEL quick ENVIRONMENT ${python_environment})
 # In its place with --slow: more examples of all that is tried with random ones.
 brindle_pytest_parts(python_deep 4 tests/python LABEL slow ENVIRONMENT ${python_environment} BRINDLE_TEST_DEEP=1)
+if("thread" IN_LIST BRINDLE_SANITIZE)
+    brindle_pytest(python_threads ENVIRONMENT ${python_environment}
+        FILES tests/python/test_threads.py tests/python/test_batch_threads.py tests/python/test_run_on_main.py
+            tests/python/test_render.py)
+endif()
 brindle_pytest(build_checks FILES tests/build ENVIRONMENT ${test_environment} PYTHONDONTWRITEBYTECODE=1)

@@ -1,10 +1,11 @@
 """Calls everything that a script can reach with everything that a script can pass.
 
-    hostile.py FOLDER REPORT SHARE
+    hostile.py FOLDER REPORT SHARE [MEMBERS]
 
 The project is made in FOLDER. Before each call its text goes to the file REPORT, so that it is known which one ended
-the process. Of the calls with several odd arguments one in SHARE is made. Listed on standard output, a line each: what
-comes out of a call beside the errors of the contract, and calls that failed and changed the undo list.
+the process. Of the calls with several odd arguments one in SHARE is made; of the members one in MEMBERS is called.
+Listed on standard output, a line each: what comes out of a call beside the errors of the contract, and calls that
+failed and changed the undo list.
 """
 
 import contextlib
@@ -110,9 +111,10 @@ KEPT = {"application", "clipboard", "copy object", "locked block", "project", "r
 
 
 class Sweep:
-    def __init__(self, folder, report, share):
+    def __init__(self, folder, report, share, members):
         self.random = random.Random(share)
         self.share = share
+        self.members = members
         self.plain = [*NUMBERS, *TEXTS, *LISTS, *PATTERNS, *OTHERS]
         self.lists = [(value, list(value)) for value in self.plain if isinstance(value, list)]
         self.texts = {id(value): text_of(value) for value in self.plain}
@@ -182,7 +184,7 @@ class Sweep:
             members += [member for member in SPECIAL if any(member in base.__dict__ for base in cls.__mro__[:-1])]
             members += [prefix + m for m in members for prefix in ("get_", "set_") if hasattr(cls, prefix + m)]
             for member in dict.fromkeys(members):
-                if member not in LEFT_OUT:
+                if member not in LEFT_OUT and self.random.randrange(self.members) == 0:
                     self.sweep_member(name, member)
                     self.restore_objects()
         for name, cls in vars(brindle).items():
@@ -227,11 +229,11 @@ def text_of(value):
     return text if len(text) < 80 else text[:77] + "..."
 
 
-def main(folder, report, share):
+def main(folder, report, share, members=1):
     # Standard output is for the findings alone: keyframe_create() tells its frames there.
     sys.stdout = os.fdopen(os.dup(1), "w")
     os.dup2(os.open(os.devnull, os.O_WRONLY), 1)
-    sweep = Sweep(folder, report, share)
+    sweep = Sweep(folder, report, share, members)
     sweep.run()
     sweep.app.close()
     samples = sweep.samples
@@ -244,4 +246,4 @@ def main(folder, report, share):
 
 
 if __name__ == "__main__":
-    main(sys.argv[1], sys.argv[2], int(sys.argv[3]))
+    main(sys.argv[1], sys.argv[2], *map(int, sys.argv[3:]))
