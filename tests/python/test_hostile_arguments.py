@@ -1,6 +1,7 @@
 """Nothing that a script passes ends the process, and a call that fails has changed nothing."""
 
 import os
+import random
 
 import pytest
 
@@ -8,6 +9,8 @@ import support
 
 # One in so many of the calls with several odd arguments; all of them where more examples are asked for.
 SHARE = 1 if os.environ.get("BRINDLE_TEST_EXAMPLES") else 12 if support.DEEP else 60
+# A sanitizer takes a quarter of an hour for all members.
+MEMBERS = 6 if support.SANITIZED else 1
 
 REENTRANT = """
 import brindle, pathlib, sys
@@ -101,11 +104,22 @@ CASES = {
 
 def test_every_call_survives_every_value(folder, tmp_path):
     program = support.ROOT / "tests/python/hostile.py"
-    done = support.run(support.PYTHON, program, folder, tmp_path / "report", SHARE, timeout=1500, cwd=tmp_path)
+    done = support.run(support.PYTHON, program, folder, tmp_path / "report", SHARE, MEMBERS, timeout=1500, cwd=tmp_path)
     last = (tmp_path / "report").read_text(errors="replace").strip()
     assert done.returncode == 0, f"the process ended with {done.returncode} in the call {last}\n{done.stderr[-2000:]}"
     # The map of views, which there is once for all.
     assert done.stdout == "1 objects left\n"
+
+
+def test_random_programs_over_every_class_are_undone_and_redone_to_the_byte(folder, tmp_path):
+    report = tmp_path / "report"
+    seed = random.randrange(10**9) if os.environ.get("BRINDLE_TEST_EXAMPLES") else 1
+    done = support.run(support.PYTHON, support.ROOT / "tests/python/surface.py", folder, report, seed,
+                       200 if support.DEEP else 12, 150, timeout=1500, cwd=tmp_path)
+    last = "\n".join(report.read_text(errors="replace").splitlines()[-5:])
+    assert done.returncode == 0, f"from {seed} on, the process ended with {done.returncode} in the call {last}\n" \
+                                 f"{done.stderr[-2000:]}"
+    assert done.stdout == ""
 
 
 @pytest.mark.parametrize("name", CASES)
