@@ -68,7 +68,7 @@ std::vector<UT_Node*> strokeLeaves(const std::vector<const DrawingLayer*>& layer
     return nodes;
 }
 
-/// Whether both hold the same: strokes, a text or a picture.
+/// Whether both layers are of one kind: of strokes, of a text or of a picture.
 bool isSameKind(const DrawingLayer& layer, const DrawingLayerImplShared& other)
 {
     const auto kindOf = [](UT_Node* leaf) {

@@ -146,7 +146,7 @@ QVariant DrawingAccess::strokeCreate(const QVariant& path, const QVariant& targe
             throw Exception(tr("Invalid bezier path specified."));
     }
     const auto layer = sessiontarget::layerForStrokes(target);
-    // Maps may tell all that the other arguments would.
+    // Where all strokes are maps, the other arguments may be left out.
     const bool isNeeded = std::ranges::any_of(read, [](const auto& each) { return each.has_value(); });
     GR_StrokeData defaults;
     if (isNeeded || colour.isValid())

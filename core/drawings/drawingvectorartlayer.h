@@ -41,7 +41,7 @@ public:
 
     /// Adds layers under the top one and gives them: an empty one for the name of a layer type ("PEN_LAYER"); copies of
     /// all layers of an art layer, which go on top; copies of layers; or a layer with a copy of a stroke, for each
-    /// stroke. All but a name give a list. Null for anything else.
+    /// stroke. A name gives the layer, the others give a list of layers; anything else gives null.
     virtual QVariant add(const QVariant& value);
     /// Removes a layer, given as itself or its index, or a stroke of a layer; or the layers or strokes of a list.
     virtual void remove(const QVariant& value);

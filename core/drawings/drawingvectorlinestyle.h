@@ -54,12 +54,13 @@ public:
     void setThickness(double thickness);
     bool getLine() const;    ///< Whether it marks a line: of type stroke, hair or thick.
     bool getVisible() const; ///< Whether pictures show the line: of type hair or thick.
-    /// By how many times a picture of the texture is enlarged along and across the line, a Vector2d. At (1, 1) it is as
-    /// wide as the line; tiled, it is as long as its form asks for, else as long as the line. Below 0 it is mirrored.
+    /// The factors, a Vector2d, by which a picture of the texture is enlarged along and across the line. At (1, 1) the
+    /// picture is as wide as the line; it is as long as its own proportions make it where the texture is tiled, else as
+    /// long as the line. A factor below 0 mirrors it.
     QVariant getTextureScaling() const;
     void setTextureScaling(const QVariant& scaling);
-    QVariant
-    getTextureOffset() const; ///< By how many of its lengths and widths a picture is moved, forwards and to the left.
+    /// How far the texture is moved along the line and to its left, a Vector2d in lengths and widths of one picture.
+    QVariant getTextureOffset() const;
     void setTextureOffset(const QVariant& offset);
     bool getTextureTiled() const; ///< Whether the texture repeats.
     void setTextureTiled(bool tiled);
@@ -71,8 +72,8 @@ public:
     void setOpacityTextureOffset(const QVariant& offset);
     bool getOpacityTextureTiled() const; ///< Whether the opacity texture repeats.
     void setOpacityTextureTiled(bool tiled);
-    bool
-    getTextureWrapAtTip() const; ///< Whether textures cover the tips of the line as well; else tips continue its ends.
+    /// Whether textures cover the tips of the line as well; otherwise the tips continue what the line's ends show.
+    bool getTextureWrapAtTip() const;
     void setTextureWrapAtTip(bool wrap);
     bool getOpacityTextured() const; ///< Whether it names an opacity texture.
     bool getTextured() const;        ///< Whether its colour is a texture of a palette of the open project.

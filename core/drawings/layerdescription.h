@@ -17,11 +17,11 @@ class DrawingVectorStroke;
 /// What scripts write to describe strokes and layers, as maps. All of a description is read before anything is changed.
 namespace layerdescription {
 
-/// A stroke: "path", "line_style", "colour_left", "colour_right", "type". `defaults` tells what the map leaves out.
-/// Throws the sentence of what can't be read, and for a key that is unknown.
+/// A stroke: "path", "line_style", "colour_left", "colour_right"; "type" is left to `layerType`. `defaults` tells what
+/// the map leaves out. Throws the sentence of what can't be read, and for a key that is unknown.
 GR_StrokeData strokeData(const QVariantMap& stroke, const GR_StrokeData& defaults = {});
-/// The "type" of the new layer that a stroke asks for, if it does. Throws for one that is unknown or can't have
-/// strokes.
+/// The "type" of the new layer that a stroke asks for; nothing where the map has none. Throws for a type that is
+/// unknown or can't have strokes.
 std::optional<GR_Layer::LayerType> layerType(const QVariantMap& stroke);
 
 /// A new stroke, or a copy of one.

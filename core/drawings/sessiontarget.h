@@ -22,7 +22,7 @@ void requireSession();
 
 /// The layer that an argument is, or the layer of the stroke that it is: "Invalid target layer or stroke specified.".
 DrawingLayerImplShared::Pointer layerOrStroke(const QVariant& value);
-/// The same for strokes to go into, which no text and no picture has.
+/// The same for a layer that strokes are put into; refuses layers of texts and pictures too.
 DrawingLayerImplShared::Pointer layerForStrokes(const QVariant& value);
 /// The layers in an argument that edits may take as sources: "Invalid target layer specified.".
 std::vector<const DrawingLayer*> sourceLayers(const QVariant& value);

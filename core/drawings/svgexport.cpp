@@ -236,7 +236,7 @@ private:
         return plainFillOf(*entry);
     }
 
-    /// Gradients follow a line, which none does in SVG.
+    /// SVG has no gradient that follows a line, so a line takes the gradient's first colour.
     Fill lineFillOf(const CM_ColorId_t& id)
     {
         const std::shared_ptr<CM_Color> entry = entryOf(id);

@@ -181,7 +181,7 @@ private:
     }
 
     MO_Node& m_node;
-    mutable QStringList m_keys; ///< Read when they are asked for, in the order of their letters.
+    mutable QStringList m_keys; ///< Sorted; read at the first use.
 };
 
 } // namespace

@@ -71,7 +71,7 @@ std::vector<GR_Bezier2d> readCurves(const QVariant& value)
     return curves;
 }
 
-/// Adds what an argument tells to a path, all of it or nothing, as `add` does with one piece.
+/// Adds the curves of an argument to a path: all of them or none. `add` must add one piece wholly or not at all.
 template <typename Add>
 void addCurves(GR_BezierPath2d& path, const QVariant& value, Add add)
 {

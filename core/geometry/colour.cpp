@@ -54,7 +54,7 @@ struct Colour::Hsl {
 };
 
 Colour::Colour(float r, float g, float b, float a)
-    // Braces keep the order: the first argument that doesn't fit is the one that is told.
+    // Braces evaluate from left to right, so the error names the first argument that doesn't fit.
     : m_rgba(std::make_unique<CM_Rgba>(
           CM_Rgba{channelByte(r, 0), channelByte(g, 1), channelByte(b, 2), channelByte(a, 3)}))
 {}

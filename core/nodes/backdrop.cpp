@@ -18,7 +18,7 @@ QVariant colourObject(const QColor& colour)
                                               static_cast<float>(colour.blue()), static_cast<float>(colour.alpha()))));
 }
 
-/// What a script's value tells of a colour; the rest is as in `present`.
+/// The colour in a script's value; channels that the value leaves out are those of `present`.
 QColor colourIn(const QVariant& value, const QColor& present)
 {
     int r = present.red();

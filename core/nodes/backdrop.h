@@ -67,17 +67,17 @@ public:
     virtual void setTitleFont(const QString& font);
     virtual double getTitleFontSize() const; ///< The size of the title's font in points, above 0.
     virtual void setTitleFontSize(double size);
-    /// The title's colour; takes every form that Colour takes, and of a list of three keeps the alpha.
+    /// The title's colour; takes every form that Colour takes; a list of three channels keeps the alpha.
     virtual QVariant getTitleFontColour() const;
     virtual void setTitleFontColour(const QVariant& colour);
     virtual QString getDescriptionFont() const; ///< The family of the description's font.
     virtual void setDescriptionFont(const QString& font);
     virtual double getDescriptionFontSize() const; ///< The size of the description's font in points, above 0.
     virtual void setDescriptionFontSize(double size);
-    /// The description's colour; takes every form that Colour takes, and of a list of three keeps the alpha.
+    /// The description's colour; takes every form that Colour takes; a list of three channels keeps the alpha.
     virtual QVariant getDescriptionFontColour() const;
     virtual void setDescriptionFontColour(const QVariant& colour);
-    /// The colour of the rectangle; takes every form that Colour takes, and of a list of three keeps the alpha.
+    /// The colour of the rectangle; takes every form that Colour takes; a list of three channels keeps the alpha.
     virtual QVariant getColour() const;
     virtual void setColour(const QVariant& colour);
 

@@ -77,7 +77,7 @@ std::vector<Obj> CableList::list() const
 bool CableList::contains(const Obj& object) const
 {
     const MO_Port* source = checkedPort();
-    // Asked from the other end: an out-port may feed thousands of nodes.
+    // Looks from the other end of the cable, as an out-port may feed thousands of nodes.
     if (const auto* node = objectIn<Node>(object))
         return node->getNode() && !m_port->destinationsOn(*node->getNode()).empty();
     if (const auto* port = objectIn<Port>(object))

@@ -54,8 +54,8 @@ bool entersItself(const DD_Selection& dragged, MO_Node* multiPort, const TUGroup
     return false;
 }
 
-/// Whether the group and all nodes are of a scene: no drop leads to another one.
-bool areOf(const SC_SceneCommon& scene, const TUGroup& group, const std::vector<MO_Node*>& nodes)
+/// Whether the group and all nodes belong to a scene. Nodes can't be moved to another scene.
+bool belongTo(const SC_SceneCommon& scene, const TUGroup& group, const std::vector<MO_Node*>& nodes)
 {
     return group.sceneCommon() == &scene && std::all_of(nodes.begin(), nodes.end(), [&scene](const MO_Node* node) {
                return node->sceneCommon() == &scene;
@@ -115,7 +115,7 @@ std::vector<MO_Node*> moveNodes(const std::vector<MO_Node*>& nodes, SC_SceneComm
         throw Exception(terms.entersItself);
 
     DD_Selection dropped;
-    const bool done = areOf(*scene, group, nodes) && drop(scene, timedValues, group, multiPort, dragged, dropped);
+    const bool done = belongTo(*scene, group, nodes) && drop(scene, timedValues, group, multiPort, dragged, dropped);
     if (!terms.failsSilently && !done)
         throw Exception(terms.failed);
     if (!done || !dropped.hasNodes()) {

@@ -42,7 +42,8 @@ public:
     /// Of a group, that of the node inside which feeds the port. Fails for another port than its node's first one.
     Obj transformation(int frame) const;
 
-    std::vector<MO_Port*> destinationsOn(const MO_Node& node) const; ///< Those on one node, in the order of its ports.
+    /// The ports of one node that this port feeds, in the order of the node's in-ports.
+    std::vector<MO_Port*> destinationsOn(const MO_Node& node) const;
 
 private:
     MO_Port* requiredPort() const;

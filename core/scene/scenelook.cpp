@@ -69,7 +69,7 @@ bool isUnset(const QVariant& value)
 template <typename Module>
 Module* firstIn(TUScene* scene, const QVariant& value, const QString& noNode, const QString& otherNode)
 {
-    // In their own order: that of a set of pointers would change from run to run.
+    // In the order of the value; a set of pointers would order them differently from run to run.
     std::vector<MO_Node*> nodes;
     NodeList(scene, false).nodesFromQVariant(value, nodes);
     if (nodes.empty())
