@@ -57,9 +57,9 @@ void AddedLevel::insert(std::unique_ptr<AddedAttribute> attribute, int place)
 
 std::unique_ptr<AddedAttribute> AddedLevel::take(const AT_Attr& attr, int& place)
 {
-    const auto lastAdded = m_attrs.rbegin() + addedCount();
-    const auto found = std::find(m_attrs.rbegin(), lastAdded, &attr);
-    if (found == lastAdded)
+    const auto addedEnd = m_attrs.rbegin() + addedCount();
+    const auto found = std::find(m_attrs.rbegin(), addedEnd, &attr);
+    if (found == addedEnd)
         return nullptr;
     const auto behind = found - m_attrs.rbegin();
     place = addedCount() - 1 - static_cast<int>(behind);

@@ -56,8 +56,8 @@ Handler* handlerOfKey(const QString& key)
     return nullptr;
 }
 
-/// Whether the depth of a picture is brought to the file's ahead of writing: PNG does it row by row, and the others
-/// here have no whole numbers.
+/// Whether a picture of 8 bits a channel is converted to bytes before it is written. PNG converts row by row itself,
+/// and the two others hold floats.
 bool takesBytes(const QString& formatKey)
 {
     return formatKey != u"PNG" && formatKey != u"OPENEXR" && formatKey != u"HDR";

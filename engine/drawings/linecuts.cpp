@@ -87,7 +87,7 @@ private:
         }
     }
 
-    /// A cut beyond all of a tip; `side` is -1 at the start of the path and 1 at its end.
+    /// Adds a cut where a tip ends; `side` is -1 at the start of the path and 1 at its end.
     void addTip(const GR_BezierPath2d& tip, LineSection section, int side)
     {
         double reach = 0;

@@ -16,6 +16,7 @@ struct LineCut {
     Math::Point2d right = section.right();
 };
 
+/// Whether a point lies no further than `tolerance` from a segment.
 inline bool isNearSegment(const Math::Point2d& point, const Math::Point2d& from, const Math::Point2d& to,
                           double tolerance)
 {
@@ -56,15 +57,15 @@ private:
         return part(span, from, before, middle, depth + 1, take) && part(span, middle, behind, to, depth + 1, take);
     }
 
-    /// Whether the arc that an edge would make about one place, by the turn of the path from end to end, keeps near its
-    /// chord. Within a span the path turns one way only.
+    /// Whether an edge stays within the tolerance of its chord even where the whole turn of the path between two cuts
+    /// happens at one place, so that the edge is an arc. Within a span the path turns one way only.
     bool turnsLittle(const LineCut& from, const LineCut& to) const
     {
         const GR_HalfWidths& start = from.section.widths;
         const GR_HalfWidths& end = to.section.widths;
         const double widest = std::max({start.left, start.right, end.left, end.right});
-        const double halfTurn = std::sqrt(std::max(0.0, (1 + from.section.along.dot(to.section.along)) / 2));
-        return widest * (1 - halfTurn) <= m_tolerance;
+        const double cosHalfTurn = std::sqrt(std::max(0.0, (1 + from.section.along.dot(to.section.along)) / 2));
+        return widest * (1 - cosHalfTurn) <= m_tolerance;
     }
 
     bool isStraight(const LineCut& from, const LineCut& between, const LineCut& to) const
@@ -78,8 +79,8 @@ private:
     double m_tolerance;
 };
 
-/// Calls `make(tolerance)`, with a tolerance four times as large each time it gives false for too many pieces. It is
-/// in units of the drawing, finite and above 0 (else std::invalid_argument).
+/// Calls `make(tolerance)`; where it gives false for too many pieces, again with a tolerance four times as large, until
+/// that exceeds the size of the line. It is in units of the drawing, finite and above 0 (else std::invalid_argument).
 template <typename Make>
 void withTolerance(const LineForm& form, double tolerance, const Make& make)
 {
@@ -89,8 +90,8 @@ void withTolerance(const LineForm& form, double tolerance, const Make& make)
     box.Enlarge(form.largestHalfWidth(), form.largestHalfWidth());
     const double size = std::max(box.width(), box.height());
     constexpr double finest = 1e-9; // of the size
-    for (tolerance = std::max(tolerance, finest * size);
-         !make(tolerance) && tolerance <= size && std::isfinite(tolerance);)
+    tolerance = std::max(tolerance, finest * size);
+    while (!make(tolerance) && tolerance <= size && std::isfinite(tolerance))
         tolerance *= 4;
 }
 

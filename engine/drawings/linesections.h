@@ -65,13 +65,14 @@ private:
 /// The spans of a line, and its section anywhere on them.
 class LineSections {
 public:
-    /// `measured`: lengths will be asked for. Throws std::domain_error when a point of the path is not finite.
+    /// `measured` makes `length` and `lengthUntil` available. Throws std::domain_error when a point of the path is not
+    /// finite.
     explicit LineSections(const LineForm& form, bool measured = false);
 
     int spanCount() const { return static_cast<int>(m_spans.size()); } ///< 0: the path is one place.
     LineSection at(int span, double t) const;                          ///< `t` from 0 to 1 along the span.
-    double length() const { return m_length; }                         ///< Of the path; of one that is measured.
-    double lengthUntil(int span, double t) const;
+    double length() const { return m_length; }                         ///< Of the path, in units of the drawing.
+    double lengthUntil(int span, double t) const;                      ///< From the start of the path.
 
 private:
     void addCurve(const PlaneCurve& curve);

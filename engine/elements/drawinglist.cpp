@@ -8,7 +8,7 @@ namespace brindle::engine {
 
 namespace {
 
-/// The number that a name is; 0 for none and for one that is no number of a drawing.
+/// The number that a name stands for; 0 for a name that is no number, and from a billion on.
 qulonglong numberOf(const QString& name)
 {
     constexpr qulonglong largest = 1'000'000'000;

@@ -26,7 +26,7 @@ public:
     Drawing& at(std::size_t place) const;
     Drawing* find(EM_DrawingId id) const; ///< Null where there is none.
     Drawing* named(const QString& name) const { return m_byName.value(name); }
-    qulonglong highestNumber() const; ///< The highest one below a billion that is a name; 0 for none.
+    qulonglong highestNumber() const; ///< The highest number below a billion that is a drawing's name; or 0.
 
     /// Adds a drawing whose name no other one has. One that was in a list before keeps its stem.
     Drawing& insert(std::unique_ptr<Drawing> drawing);
@@ -48,7 +48,7 @@ private:
     Map m_map;
     QHash<QString, Drawing*> m_byName;
     QSet<QString> m_stems; ///< As a file system sees them that doesn't tell capital letters apart.
-    /// Nothing from when the drawing of that name went until somebody asks.
+    /// Unset when the drawing of that name goes; found anew when it is asked for.
     mutable std::optional<qulonglong> m_highestNumber;
 };
 

@@ -41,7 +41,7 @@ public:
     CommandManager& history() const; ///< Of the project.
     const ContentStore& contents() const { return m_contents; }
     const std::vector<const TUElement*>& elements() const { return m_order; }
-    /// Another number once elements came, went or got other fields.
+    /// A number that changes when elements come, go or get other fields.
     quint64 revision() const { return m_revision; }
 
     /// Adds an element whose id no other has. It gets its folder's name when it has none yet.

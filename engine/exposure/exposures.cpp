@@ -10,11 +10,11 @@
 
 namespace brindle::engine {
 
-/// A list of exposures in the making, or of those from a place on: it leaves out empty ones that change nothing.
+/// A list of exposures in the making, whole or from a place on. It leaves out empty exposures that change nothing.
 class Exposures::Sheet {
 public:
     explicit Sheet(std::size_t size) { m_exposures.reserve(size); }
-    /// The exposures from a place on, ahead of which a drawing is shown, or none.
+    /// The exposures from a place on; `shown` is the drawing shown ahead of it, empty for none.
     Sheet(std::size_t place, const QString& shown) : m_place(place), m_before(shown) {}
 
     /// Adds an exposure behind the others; a drawing always begins one.
@@ -54,7 +54,7 @@ bool isWithin(std::span<const FrameSpan> ranges, int frame)
                        [frame](const FrameSpan& range) { return frame >= range.first && frame < range.end; });
 }
 
-/// The frames from the first of all ranges up to the end of all; none without ranges.
+/// The span from the first frame of all ranges to the last end of them; empty without ranges.
 FrameSpan wholeOf(std::span<const FrameSpan> ranges)
 {
     if (ranges.empty())

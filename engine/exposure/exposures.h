@@ -87,10 +87,10 @@ public:
 private:
     class Sheet;
 
-    std::size_t placeFrom(int frame) const; ///< The place of the first exposure at a frame or behind it.
-    std::size_t placeOf(int frame) const;   ///< The place of the exposure that a frame lies in; 0 ahead of the first.
-    Sheet sheetFrom(std::size_t place) const;
-    /// Puts a sheet in the place of the exposures from where it begins up to `end`.
+    std::size_t placeFrom(int frame) const;   ///< The place of the first exposure at a frame or behind it.
+    std::size_t placeOf(int frame) const;     ///< The place of the exposure that a frame lies in; 0 ahead of the first.
+    Sheet sheetFrom(std::size_t place) const; ///< An empty one that goes on from the exposures ahead of a place.
+    /// The change that replaces the exposures from the sheet's place up to the place `end` by the sheet.
     Change changeTo(Sheet sheet, std::size_t end) const;
 
     std::vector<Exposure> m_all;

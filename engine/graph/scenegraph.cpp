@@ -12,7 +12,7 @@ SceneGraph::SceneGraph(SC_SceneCommon& scene) : m_scene(scene)
     m_root.setScene(&scene);
     m_root.Node::setName(QStringLiteral("Top"));
     enter(m_root);
-    m_nodeCount = 0;
+    m_nodeCount = 0; // The root isn't counted.
 }
 
 SceneGraph* SceneGraph::of(const SC_SceneCommon* scene)

@@ -118,7 +118,7 @@ CM_Palette::Entry CM_Palette::Private::named(const QString& name) const
 {
     if (m_renames != CM_BaseColorObj::RenameCount())
         forgetNames();
-    constexpr int fewWalks = 16; // that cost as much as making the index
+    constexpr int fewWalks = 16; // So many cost about as much as making the index.
     if (m_walks < fewWalks) {
         ++m_walks;
         const auto found = std::find_if(entries.begin(), entries.end(),

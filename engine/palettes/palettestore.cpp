@@ -21,7 +21,7 @@ namespace brindle::engine {
 namespace {
 
 PaletteStore* currentStore = nullptr;
-quint64 placeChanges = 0; ///< So often palettes and colours have come, gone or changed their places.
+quint64 placeChanges = 0; ///< How often palettes and colours came, went or changed places.
 
 /// The path of what lay below a folder that has moved.
 QString moved(const QString& path, const QString& from, const QString& to)

@@ -68,7 +68,7 @@ public:
     /// The first palette, in the order of the lists, that has a colour; null where none has. It is remembered until
     /// palettes or colours come, go or change their places.
     Palette holderOf(const UT_Id& colour);
-    /// A palette came to a list or went, or a colour to a palette.
+    /// To be called after a palette came to a list or left it, or a colour came to a palette or left it.
     static void placesChanged();
     List listAt(const QString& path, bool create); ///< Null for a folder that is not the project's or an element's.
 
@@ -100,7 +100,7 @@ private:
     List m_projectList;
     QHash<QString, List> m_elementLists; ///< The lists by the elements' folders; null for an element without one.
     std::vector<List> m_lists;
-    std::optional<quint64> m_listsRevision;              ///< Of the elements' folders, for these lists.
+    std::optional<quint64> m_listsRevision;              ///< Of the folders that these lists were made for.
     QHash<quint64, std::weak_ptr<CM_Palette>> m_holders; ///< The palettes of colours that were asked for.
     quint64 m_holdersChange = 0;                         ///< The last change of places that they know of.
     std::vector<std::weak_ptr<CM_Palette>> m_known; ///< All palettes that were on a list since the project was opened.

@@ -10,7 +10,7 @@ namespace brindle::engine {
 class ContentStore;
 
 /// The project's own configuration of colours: "colour/config.ocio" in its folder, and what else lies in "colour", as
-/// tables that it names. The project only reads it; where it goes on in another folder, all of it is copied along.
+/// tables that it names. The project only reads it; saving to another folder copies all of it.
 class ColourFiles final : public ProjectFiles {
 public:
     static constexpr const char* configurationName = "colour/config.ocio";

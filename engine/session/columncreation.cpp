@@ -23,7 +23,7 @@ bool addElement(Scene& scene, TUTimedValue& column, const TUSceneCreateTimedValu
         return false;
     // Without a name of its own the element has the column's.
     const auto& [name, scanType, fieldChart, pixmapFormat] = request.element();
-    // A request doesn't say which vectors: those of every new element.
+    // A request has no vector type: the element gets that of every new element.
     TUSceneCreateTimedValueParams::Element defaults;
     int vectorType = TUElement::kNoVector;
     elements->defaults(defaults.scanType, defaults.fieldChart, defaults.pixmapFormat, vectorType);
