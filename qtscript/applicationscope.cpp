@@ -16,7 +16,7 @@ ApplicationScope::ApplicationScope()
 {
     if (QCoreApplication::instance())
         return;
-    // Qt makes its pool of threads only as long as no application has ended, and others in the process need it.
+    // Qt doesn't make its thread pool any more after an application has ended, and others in the process need the pool.
     QThreadPool::globalInstance();
     m_locale = std::setlocale(LC_ALL, nullptr);
     m_own.emplace(argumentCount, programArguments);

@@ -82,7 +82,7 @@ print(os.path.exists(folder + "/.brindle-lock"))
 
 
 def test_a_forked_process_draws_pictures_as_the_other_does(forks, folder):
-    """Whatever threads of the other one are missing in it."""
+    """Although it has none of the threads that the other process had started."""
     assert forks("""
 from brindle import render
 app = brindle.create(folder)

@@ -86,7 +86,7 @@ def _names_after(before, names):
         return [*names, *vars(builtins), *keyword.kwlist]
     try:
         found = _look_up(before[:-1], names)
-        # What lists nothing of itself, as a clipboard, is still of use: its class tells the names.
+        # An object that lists no names, as a clipboard, is completed from its class.
         return dir(found) or [name for name in dir(type(found)) if not name.startswith(("get_", "set_"))]
     except BaseException:
         # Whatever an object of the script raises here, nobody asked for it.

@@ -110,7 +110,10 @@ def write(scene: brindle.Scene, pattern: str | os.PathLike[str], frames: Iterabl
 def _series(scene: brindle.Scene, frames: Iterable[int] | None, node: brindle.Node | None, size: tuple[int, int] | None,
             threads: int | None, work: Callable[[object, int], _Result],
             hand_over: Callable[[int, _Result], bool]) -> None:
-    """Does work on the jobs of frames, on so many threads, and hands its results over in their order until False."""
+    """Calls `work(job, frame)` for each frame on `threads` threads, and `hand_over(frame, result)` in their order.
+
+    Stops when `hand_over` gives False, and when one of them raises.
+    """
     if node is None:
         node = scene.display
     elif node.parent_scene() != scene:
