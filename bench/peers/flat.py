@@ -5,8 +5,9 @@
     frame                                      what follows makes one picture
     draw                                       a new picture, laid onto a pile
     fill 0 1 0 0 1 960 540 255 0 0 156         path, matrix (a b c d e f), colour and alpha, onto the picture that lies on top
-    over | cut | blur 4                        the two upper pictures as one; the upper one by the alpha of that below it;
-                                               by a bell curve of a standard deviation in pixels
+    over                                       lays the picture on top over the one below it: the two become one
+    cut                                        keeps of the picture on top what the alpha of the one below it shows, as one
+    blur 4                                     blurs the picture on top by a bell curve; its standard deviation in pixels
 """
 
 from . import scenes
@@ -83,4 +84,5 @@ class Writer:
 
 
 def plain(item):
+    """Whether fills alone draw it: it has no cut and no blur."""
     return not any(isinstance(part, (scenes.Cut, scenes.Blurred)) for part in scenes.walk(item))

@@ -15,9 +15,9 @@ from . import tools
 TIMED = pathlib.Path(__file__).resolve().parent / "timed.py"
 LONGEST = 300  # seconds of one command
 SHOWN = 3  # the frame whose picture is compared
-# Frames and repetitions, from the most that is worth its time to the least that says something.
+# Frames and repetitions, from the most exact to the quickest.
 LEVELS = ((100, 5), (50, 5), (30, 5), (20, 5), (20, 3), (10, 3), (5, 3), (3, 3), (3, 2), (3, 1))
-SLOW = 2  # times a tool's share of the time: one that needs more for the least has what the first runs gave
+SLOW = 2  # a tool that needs more than so many times its share of the time is left with the figures of its first runs
 
 
 @dataclass(frozen=True)
@@ -57,7 +57,7 @@ class Record:
             yield RASTER
 
     def each(self, way, samples=None):
-        """Seconds a frame: what more frames take longer; None where that wasn't measured."""
+        """Seconds a frame, from the difference of a long and a short run; None where they weren't measured."""
         samples = self.seconds if samples is None else samples
         short, long = (samples.get((way, frames)) for frames in (shorter(self.frames), self.frames))
         if not short or not long:
@@ -75,7 +75,7 @@ class Record:
 
 
 def shorter(frames):
-    """About a tenth; as odd or even, so that two threads are as busy at the end."""
+    """About a tenth of the frames, odd where they are odd, so that two threads are as busy at the end of both runs."""
     short = max(1, frames // 10)
     return short + (frames - short) % 2
 
@@ -129,7 +129,7 @@ class Bench:
         quick = [record for record in well if record.tool.whole or cost(record, *LEVELS[-1]) < SLOW * share]
         for record in quick:
             record.frames, record.repetitions = next((level for level in LEVELS if cost(record, *level) < share), LEVELS[-1])
-            record.seconds.clear()  # the first run found no file in memory
+            record.seconds.clear()  # the first run read its files from the disk
             record.processor.clear()
         for repetition in range(LEVELS[0][1]):
             for record in quick if repetition % 2 == 0 else quick[::-1]:
@@ -154,7 +154,7 @@ def runs(record):
 
 
 def cost(record, frames, repetitions):
-    """What measuring takes at most, from the first runs, in seconds."""
+    """The seconds that measuring takes at most, estimated from the first runs."""
     first, more = record.seconds[TWO, 1][0], record.seconds[TWO, SHOWN][0]
     each = max((more - first) / (SHOWN - 1), 0.0)
     start = max(first - each, 0.0)

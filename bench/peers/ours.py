@@ -96,7 +96,7 @@ class Stage:
                 continue
             node.attributes[name].set_value(1, start)
             last = scenes.MOST_FRAMES
-            end, third = start + (last - 1) * step, (last - 1) / 3  # of the way: a line is straight where handles are so far
+            end, third = start + (last - 1) * step, (last - 1) / 3  # of the way: handles there make the curve a straight line
             column = node.attributes[name].column
             column.create_point(1, start, 1, start, 1 + third, start + third * step)
             column.create_point(last, end, last - third, end - third * step, last, end)
@@ -144,7 +144,7 @@ def write(scene, folder):
 def outlines(scene, finer=1):
     """The outline of each line of a scene as SVG has it: polygons of points in pixels, to be filled as one, non-zero.
 
-    They are off by a quarter of a unit of a drawing, a ninth of a pixel, or `finer` by so many times.
+    Their tolerance is a quarter of a unit of a drawing, a ninth of a pixel, divided by `finer`.
     """
     found = [art for item in scenes.walk(scene.root) if isinstance(item, scenes.Drawing) for art in item.arts
              if isinstance(art, scenes.Line)]
@@ -165,7 +165,7 @@ def outlines(scene, finer=1):
 
 
 def polygons(data, units):
-    """The polygons of an SVG path without curves, so many units on a pixel's side, as points in pixels."""
+    """The polygons of an SVG path without curves as points in pixels; `units` of the path are the side of a pixel."""
     if set(re.findall("[A-Za-z]", data)) - set("MLZe"):
         raise ValueError("an outline has curves")
     return tuple(tuple((float(x) / units, -float(y) / units) for x, y in re.findall(r"(\S+) ([^\sMLZ]+)", part))

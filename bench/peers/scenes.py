@@ -95,10 +95,6 @@ class Scene:
         eye = self.camera
         return Moved(Motion(-eye.x, -eye.y, -eye.dx, -eye.dy), self.root)
 
-    def has(self, kind):
-        """Whether there is such an item or art in it."""
-        return any(isinstance(found, kind) for found in walk(self.root))
-
 
 def walk(item):
     """An item and all that is in it, arts included."""

@@ -11,7 +11,7 @@ from dataclasses import dataclass
 
 import table
 
-from .tools import PYTHON, first_line
+from .tools import NOT_INSTALLED, PYTHON, first_line
 
 SCRIPTS = pathlib.Path(__file__).resolve().parent / "scripts"
 FREECAD = "/usr/lib/freecad-python3/lib"
@@ -24,14 +24,14 @@ NOW = "import time; print(time.monotonic())"
 class Program:
     name: str
     start: tuple  # a command that prints the time of its first line of Python
-    version: tuple  # a command whose first line tells
+    version: tuple  # a command whose first line names it
     blender: bool = False
 
     def missing(self):
         """Why it can't be measured, else an empty text."""
         there = shutil.which(self.start[0]) and (
             self.blender or subprocess.run(self.start, stdin=subprocess.DEVNULL, capture_output=True).returncode == 0)
-        return "" if there else "it isn't installed: scripts/setup.sh --peers"
+        return "" if there else NOT_INSTALLED
 
     def command(self, script, *arguments):
         if self.blender:

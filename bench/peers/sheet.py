@@ -55,7 +55,7 @@ def row(cells):
 
 
 def time(seconds):
-    """Of a machine that is busy a longer run may take less than a short one: that is no figure."""
+    """Text of a duration. On a busy machine a longer run may take less time than a short one, which is no figure."""
     return "-" if seconds is None else table.duration(seconds) if seconds > 0 else "noise"
 
 
@@ -103,5 +103,5 @@ def command_text(about, shorten):
 
 
 def shown(command):
-    """As one types it."""
+    """A command as a person types it."""
     return command[2] if command[:2] == ["sh", "-c"] else shlex.join(command)

@@ -6,9 +6,9 @@ import xml.etree.ElementTree as ElementTree
 from . import lines, scenes
 
 UNIT = 60.0  # pixels on a side of Synfig's unit; its y runs up, and its angles counter-clockwise
-OVER, CUT = 0, 21  # blend methods; the second gives a layer where something lies below it, and nothing of that
+OVER, CUT = 0, 21  # blend methods; CUT shows the layer only where something lies below it, and hides that
 BELL = 3  # a type of blur
-DEVIATION = 0.5  # of such a blur, in its sizes
+DEVIATION = 0.5  # the standard deviation of such a blur of size 1
 
 
 def number(value):

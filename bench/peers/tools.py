@@ -16,6 +16,7 @@ from . import blender, flat, scenes, svg, synfig
 PEERS = pathlib.Path(__file__).resolve().parent
 PYTHON = "/usr/bin/python3"
 SIZE = [str(side) for side in scenes.SIZE]
+NOT_INSTALLED = "it isn't installed: scripts/setup.sh --peers"
 
 
 @dataclass
@@ -61,7 +62,7 @@ class Tool:
 
     def missing(self, build):
         """Why it can't be measured at all, else an empty text."""
-        return "" if shutil.which(self.program) else "it isn't installed: scripts/setup.sh --peers"
+        return "" if shutil.which(self.program) else NOT_INSTALLED
 
     def cannot(self, scene):
         """Why it can't draw a scene, else an empty text."""
@@ -138,9 +139,7 @@ class Blender(Tool):
     note = "Grease Pencil by Workbench; it mixes colours as light; lines are as thick on both sides"
 
     def cannot(self, scene):
-        if scene.has(scenes.Cut) or scene.has(scenes.Blurred):
-            return "Grease Pencil masks and blurs drawings, not pictures of several"
-        return ""
+        return "" if flat.plain(scene.root) else "Grease Pencil masks and blurs drawings, not pictures of several"
 
     def prepare(self, stage, frames):
         if (stage.folder / "scene.blend").exists():
@@ -182,9 +181,7 @@ class Loop(Tool):
     cheap = "frames that nobody writes"
 
     def cannot(self, scene):
-        if scene.has(scenes.Cut) or scene.has(scenes.Blurred):
-            return "a rasteriser alone has no cutter and no blur"
-        return ""
+        return "" if flat.plain(scene.root) else "a rasteriser alone has no cutter and no blur"
 
     def prepare(self, stage, frames):
         stage.flat_file(frames)
@@ -195,7 +192,7 @@ class Cairo(Loop):
 
     def missing(self, build):
         there = subprocess.run([PYTHON, "-c", "import cairo"], stderr=subprocess.DEVNULL).returncode == 0
-        return "" if there else "it isn't installed: scripts/setup.sh --peers"
+        return "" if there else NOT_INSTALLED
 
     def version(self, build):
         return first_line([PYTHON, str(PEERS / "cairo_loop.py"), "--version"])

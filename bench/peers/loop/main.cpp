@@ -8,7 +8,7 @@
 #include <fstream>
 #include <stdexcept>
 
-// What a scene is compared with: the picture as it is told, and Qt's painter alone.
+// Draws a scene for comparison: exactly, and by Qt's painter alone.
 //   brindle_peers reference SCENE FILE                  the scene's last frame, as floats, into a file
 //   brindle_peers qt SCENE 8|16 THREADS [FOLDER]        all frames; as PNG files where there is a folder
 //   brindle_peers --version                             of Qt

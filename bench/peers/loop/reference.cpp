@@ -171,7 +171,8 @@ void cut(Pixels& image, const Pixels& matte)
         image[place] *= matte[place / 4 * 4 + 3];
 }
 
-/// Along lines of so many pixels, of which one begins so many values behind another.
+/// Blurs rows or columns: `lines` of them with `count` pixels each. `line` is the distance between the beginnings of
+/// two of them, `step` that between two pixels in one, both in floats.
 void blurLines(Pixels& pixels, int lines, std::size_t line, int count, std::size_t step,
                const std::vector<float>& weights)
 {

@@ -1,4 +1,4 @@
-"""The same in Blender's Python: objects of a scene, keyframes of one object's action, Blender's own undo."""
+"""A script's operations in Blender's Python: objects of a scene, keyframes of one object's action, Blender's own undo."""
 
 import pathlib
 import sys

@@ -1,4 +1,4 @@
-"""The same in FreeCAD's Python: objects of a document, with its own undo."""
+"""A script's operations in FreeCAD's Python: objects of a document, with its own undo."""
 
 import sys
 

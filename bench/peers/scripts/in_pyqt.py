@@ -1,4 +1,4 @@
-"""The same with PyQt alone: objects with properties, Qt's undo stack; what it has no answer for stays out."""
+"""A script's operations with PyQt alone: objects with properties, Qt's undo stack; what PyQt can't do is left out."""
 
 from PyQt6.QtCore import QCoreApplication, QEasingCurve, QObject, pyqtProperty
 from PyQt6.QtGui import QUndoCommand, QUndoStack
