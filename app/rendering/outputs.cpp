@@ -29,8 +29,9 @@ QString endingOf(MO_Node& node)
     return word == u"JPEG" ? QStringLiteral("jpg") : word.toLower();
 }
 
-/// The place that a WRITE node names, within the project's folder where it isn't absolute. Where it has no place for
-/// the number, that stands at the end, ahead of an ending.
+/// The pattern of the path that a WRITE node names; a relative path lies in the project's folder. A path without a
+/// place for the frame's number gets one at its end, ahead of the ending; a path without an ending gets that of the
+/// format.
 QString patternOf(MO_Node& node, const SC_Project& project)
 {
     const auto* path = dynamic_cast<AT_StringAttr*>(node.findAttributeByKeyword(QStringLiteral("path")));
@@ -57,7 +58,7 @@ std::vector<Output> writeNodesOf(const SC_Project& project, TUScene& scene)
     return outputs;
 }
 
-/// Why these can't be drawn; an empty text where they can.
+/// Why outputs can't be drawn; an empty text where they can.
 QString failureOf(const std::vector<Output>& outputs)
 {
     for (auto output = outputs.begin(); output != outputs.end(); ++output) {
@@ -78,19 +79,19 @@ QString failureOf(const std::vector<Output>& outputs)
 
 } // namespace
 
-std::vector<Output> outputsOf(const Wish& wish, const SC_Project& project, TUScene& scene, QString& error)
+std::vector<Output> outputsOf(const OutputRequest& request, const SC_Project& project, TUScene& scene, QString& error)
 {
     const SC_SceneCommon& common = *scene.sceneCommon();
-    const bool isToldWhere = !wish.out.isEmpty() || wish.isForMovie;
-    const QString pattern = isToldWhere ? wish.out : QString(defaultPattern);
+    const bool isToldWhere = !request.out.isEmpty() || request.isForMovie;
+    const QString pattern = isToldWhere ? request.out : QString(defaultPattern);
     std::vector<Output> outputs;
-    if (wish.node.isEmpty() && !isToldWhere)
+    if (request.node.isEmpty() && !isToldWhere)
         outputs = writeNodesOf(project, scene);
-    if (!wish.node.isEmpty()) {
-        if (MO_Node* node = node_util::getNodeFromQualifiedName_optimized(&common, wish.node))
+    if (!request.node.isEmpty()) {
+        if (MO_Node* node = node_util::getNodeFromQualifiedName_optimized(&common, request.node))
             outputs.push_back({node, pattern});
         else
-            error = QString("The scene \"%1\" has no node \"%2\".").arg(scene.name(), wish.node);
+            error = QString("The scene \"%1\" has no node \"%2\".").arg(scene.name(), request.node);
     } else if (outputs.empty()) {
         if (auto* display = static_cast<MO_Node*>(common.defaultDisplay()))
             outputs.push_back({display, pattern});

@@ -11,24 +11,25 @@ class TUScene;
 
 namespace app {
 
-/// A node, and where the pictures of its frames go.
+/// A node that is drawn, and the files of its frames.
 struct Output {
     MO_Node* node;
-    QString pattern; ///< Of their paths; empty: nowhere but to the movie.
+    QString pattern; ///< Of the files' paths; empty where frames only go into a movie.
 };
 
-/// Where frames go that nothing tells a place for.
+/// The files of frames where neither --out nor a WRITE node gives a path.
 inline constexpr char defaultPattern[] = "frames/%04d.png";
 
-/// What of a scene is to be drawn. Empty texts stand for what isn't told.
-struct Wish {
-    /// By its path; else each WRITE node that has a path, where neither `out` nor a movie is told; else the display.
+/// What the command line asks for; empty texts where it doesn't.
+struct OutputRequest {
+    /// The path of a node. Where it is empty, the WRITE nodes that have a path are drawn, if there are such and neither
+    /// `out` nor a movie is asked for; else the display.
     QString node;
-    QString out;
+    QString out; ///< The pattern of the files' paths.
     bool isForMovie = false;
 };
 
-/// Empty, with one sentence in `error`, where nothing can be drawn as it is told.
-std::vector<Output> outputsOf(const Wish& wish, const SC_Project& project, TUScene& scene, QString& error);
+/// The nodes of a scene that a request asks for. Empty, with one sentence in `error`, where one of them can't be drawn.
+std::vector<Output> outputsOf(const OutputRequest& request, const SC_Project& project, TUScene& scene, QString& error);
 
 } // namespace app

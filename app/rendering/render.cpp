@@ -68,7 +68,7 @@ bool isThere(const QString& path)
     return CELIO_Manager::getInstance()->read(path, modified, CEL_Context(), representations, &error, &profile);
 }
 
-/// What stands in a frame's file beside the picture.
+/// The texts that go into a frame's file beside the picture.
 CELIO_WriteContext::Texts textsOf(const MO_Node& node, const QString& scene, int frame)
 {
     return {{QStringLiteral("Software"), QStringLiteral("brindle " BRINDLE_VERSION)},
@@ -106,7 +106,7 @@ Result draw(const CEL_RenderJob& job, int frame, const QString& path, const CELI
     return result;
 }
 
-/// Draws frames of a node on so many threads, and hands each to `done` in their order, until that gives false.
+/// Draws frames of a node on `order.threads` threads, and hands each to `done` in their order until that gives false.
 template <typename Done>
 void drawFrames(CEL_Renderer& renderer, const Output& output, const QString& scene, const std::vector<int>& frames,
                 const Order& order, Progress& progress, const Done& done)
@@ -145,6 +145,70 @@ void drawFrames(CEL_Renderer& renderer, const Output& output, const QString& sce
         handOver();
 }
 
+/// Takes the results of frames in their order: tells failures, hands pictures to the movie, and counts frames.
+class Receiver {
+public:
+    Receiver(const Order& order, double framesPerSecond, std::size_t total)
+        : m_order(order),
+          m_framesPerSecond(framesPerSecond),
+          m_total(total),
+          m_progress(total)
+    {}
+
+    Progress& progress() { return m_progress; }
+
+    /// False where no more frames are wanted.
+    bool take(const Result& result)
+    {
+        if (!result.error.isEmpty()) {
+            ++m_failures;
+            m_progress.say(QString("Frame %1: %2").arg(result.frame).arg(result.error));
+        } else {
+            ++m_drawn;
+            if (!m_order.movie.isEmpty() && m_movieError.isEmpty())
+                addToMovie(result.picture);
+        }
+        m_progress.advance();
+        return !StopSignal::isGiven() && (m_movieError.isEmpty() || !m_order.out.isEmpty());
+    }
+
+    /// Ends the movie, and gives the exit code.
+    int end()
+    {
+        if (StopSignal::isGiven()) {
+            m_progress.end();
+            return fail(QString("Stopped: %1 of %2 frames are drawn.").arg(m_drawn).arg(m_total),
+                        StopSignal::exitCode());
+        }
+        if (m_movie && m_movieError.isEmpty() && !m_movie->end(m_movieError))
+            m_progress.say(m_movieError);
+        m_progress.end();
+        if (m_failures > 0)
+            return fail(QString("%1 of %2 frames failed.").arg(m_failures).arg(m_total), failed);
+        return m_movieError.isEmpty() ? done : failed;
+    }
+
+private:
+    void addToMovie(const QImage& picture)
+    {
+        if (!m_movie)
+            m_movie.emplace().begin(m_order.movie, picture.size(), m_framesPerSecond, m_movieError);
+        if (m_movieError.isEmpty())
+            m_movie->add(picture, m_movieError);
+        if (!m_movieError.isEmpty() && !StopSignal::isGiven()) // Ctrl+C reaches ffmpeg as well.
+            m_progress.say(m_movieError);
+    }
+
+    const Order& m_order;
+    double m_framesPerSecond;
+    std::size_t m_total;
+    std::size_t m_drawn = 0;
+    int m_failures = 0;
+    Progress m_progress;
+    std::optional<Movie> m_movie;
+    QString m_movieError;
+};
+
 int perform(const Order& order)
 {
     const auto session = SC_SessionContext::create();
@@ -179,47 +243,16 @@ int perform(const Order& order)
         total += frameList.size();
     }
     const StopSignal stop;
-    std::optional<Movie> movie;
-    QString movieError;
-    std::size_t drawn = 0;
-    int failures = 0;
-    Progress progress(total);
+    Receiver receiver(order, scene->frameRate().fps(), total);
+    Progress& progress = receiver.progress();
     if (order.out.isEmpty() && outputs.front().pattern == QLatin1String(defaultPattern))
         progress.say(QString("The frames go to %1.").arg(outputs.front().pattern));
     if (total == 0)
         progress.say(QStringLiteral("All frames are there."));
-    const auto addToMovie = [&](const QImage& picture) {
-        if (!movie)
-            movie.emplace().begin(order.movie, picture.size(), scene->frameRate().fps(), movieError);
-        if (movieError.isEmpty())
-            movie->add(picture, movieError);
-        if (!movieError.isEmpty() && !StopSignal::isGiven()) // Ctrl+C reaches ffmpeg as well.
-            progress.say(movieError);
-    };
-    const auto take = [&](const Result& result) {
-        if (!result.error.isEmpty()) {
-            ++failures;
-            progress.say(QString("Frame %1: %2").arg(result.frame).arg(result.error));
-        } else {
-            ++drawn;
-            if (!order.movie.isEmpty() && movieError.isEmpty())
-                addToMovie(result.picture);
-        }
-        progress.advance();
-        return !StopSignal::isGiven() && (movieError.isEmpty() || !order.out.isEmpty());
-    };
     for (std::size_t i = 0; i < outputs.size(); ++i)
-        drawFrames(*renderer, outputs[i], scene->name(), missing[i], order, progress, take);
-    if (StopSignal::isGiven()) {
-        progress.end();
-        return fail(QString("Stopped: %1 of %2 frames are drawn.").arg(drawn).arg(total), StopSignal::exitCode());
-    }
-    if (movie && movieError.isEmpty() && !movie->end(movieError))
-        progress.say(movieError);
-    progress.end();
-    if (failures > 0)
-        return fail(QString("%1 of %2 frames failed.").arg(failures).arg(total), failed);
-    return movieError.isEmpty() ? done : failed;
+        drawFrames(*renderer, outputs[i], scene->name(), missing[i], order, progress,
+                   [&receiver](const Result& result) { return receiver.take(result); });
+    return receiver.end();
 }
 
 /// A size as "1920x1080"; none for another text.
