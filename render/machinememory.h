@@ -4,9 +4,9 @@
 
 namespace brindle::render {
 
-/// The bytes of memory that the process may still take without harm to others: what the machine has left, or less where
-/// its control group has a limit (a container's). The system itself gives more than there is, and ends a process once
-/// it uses it.
+/// The memory that is left for this process, in bytes: what the machine has available (proc(5), MemAvailable), or less
+/// where the process's control group has a limit, as in a container. Linux grants allocations beyond that, and kills a
+/// process that then uses them.
 qint64 availableMemory();
 
 } // namespace brindle::render

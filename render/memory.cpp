@@ -16,7 +16,7 @@ std::shared_ptr<const void> Memory::valueOf(const Key& key)
 
 void Memory::remember(const void* object, int number, std::shared_ptr<const void> value, qint64 bytes)
 {
-    Entries dropped; // Destroyed without the lock: an object that goes along with its value asks to be forgotten.
+    Entries dropped; // Destroyed after the lock is released: an object among them may call forget().
     const QMutexLocker lock(&m_mutex);
     const auto [place, isNew] = m_places.try_emplace({object, number});
     if (!isNew)

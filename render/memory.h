@@ -9,22 +9,22 @@
 
 namespace brindle::render {
 
-/// What is remembered from one frame to the next, of all kinds together up to a number of bytes: what wasn't asked for
-/// longest goes first. Any thread may ask it.
+/// A cache of what is used again from one frame to the next, of all kinds together. Above a number of bytes, the values
+/// that weren't asked for longest are dropped. Any thread may use it.
 class Memory {
 public:
     explicit Memory(qint64 limit) : m_limit(limit) {}
 
-    /// The value of an object, which has one for each number; null where it isn't remembered.
+    /// The value of an object for a number; null where it isn't remembered.
     template <typename Value>
     std::shared_ptr<const Value> find(const void* object, int number = 0)
     {
         return std::static_pointer_cast<const Value>(valueOf({object, number}));
     }
-    /// Remembers a value of so many bytes; where there is one already, that stays. The object's place in memory is its
-    /// name: the value holds the object, or the object is forgotten when it goes.
+    /// Remembers a value of so many bytes; where there is one already, that stays. The object's address is the key, so
+    /// either the value keeps the object alive, or the object calls forget() when it is destroyed.
     void remember(const void* object, int number, std::shared_ptr<const void> value, qint64 bytes);
-    void forget(const void* object);
+    void forget(const void* object); ///< Drops all values of an object.
 
     qint64 bytes() const; ///< Of all that is remembered.
 

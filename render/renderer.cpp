@@ -18,7 +18,7 @@ namespace brindle::render {
 
 namespace {
 
-/// Pictures of more pixels take the machine's memory into account.
+/// Pictures of more pixels need the machine's memory to suffice, and are drawn one at a time.
 constexpr qint64 kLarge = qint64(64) << 20;
 
 qint64 pixelsOf(const QSize& size)
@@ -39,7 +39,7 @@ public:
 
     CA_CelRef render(int threads, QString& error) const override
     {
-        // Large ones are made one after the other, whatever number of threads asks for them.
+        // Only one thread at a time draws a large picture.
         static QMutex oneLarge;
         const std::unique_lock alone =
             pixelsOf(m_plan.size) > kLarge ? std::unique_lock(oneLarge) : std::unique_lock<QMutex>();

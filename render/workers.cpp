@@ -16,9 +16,9 @@ namespace {
 
 std::atomic<pid_t> poolOwner = getpid();
 
-/// The pool; null where a QCoreApplication has ended before anything asked for it. A process that was forked off has
-/// none of its threads, though the pool counts on them: idle ones are handed what they will never do, and as many more
-/// are allowed.
+/// The pool; null where a QCoreApplication has ended before anything asked for it. A forked process has the pool
+/// without its threads. The pool would wait for them, so each thread that it takes for idle gets an empty task, which
+/// never runs, and as many new threads are allowed.
 QThreadPool* workers()
 {
     QThreadPool* const pool = QThreadPool::globalInstance();
@@ -31,28 +31,29 @@ QThreadPool* workers()
     return pool;
 }
 
-/// Counts work that is done elsewhere. Its lock is one that the thread sanitizer sees, as it doesn't see the pool's.
-class Done {
+/// Counts tasks of the pool that are done. Its mutex also shows the thread sanitizer the order of accesses, which it
+/// doesn't see from the pool's own locks.
+class Completion {
 public:
-    /// What was written before, on the thread that hands work out, is seen by the thread that calls this then.
-    void order() { const std::lock_guard lock(m_mutex); }
+    /// Called before a task is handed out and when it starts: the task sees all that was written before.
+    void synchronise() { const std::lock_guard lock(m_mutex); }
 
-    void tell()
+    void taskIsDone()
     {
         const std::lock_guard lock(m_mutex);
         ++m_count;
-        m_isTold.notify_all();
+        m_changed.notify_all();
     }
 
     void await(int count)
     {
         std::unique_lock lock(m_mutex);
-        m_isTold.wait(lock, [&] { return m_count == count; });
+        m_changed.wait(lock, [&] { return m_count == count; });
     }
 
 private:
     std::mutex m_mutex;
-    std::condition_variable m_isTold;
+    std::condition_variable m_changed;
     int m_count = 0;
 };
 
@@ -65,17 +66,17 @@ void onWorker(const std::function<void()>& work)
         work();
         return;
     }
-    Done done;
+    Completion done;
     std::exception_ptr failure;
-    done.order();
+    done.synchronise();
     pool->start([&] {
-        done.order();
+        done.synchronise();
         try {
             work();
         } catch (...) {
             failure = std::current_exception();
         }
-        done.tell();
+        done.taskIsDone();
     });
     done.await(1);
     if (failure)
@@ -98,13 +99,13 @@ void shareOut(std::size_t count, int threads, const std::function<void(std::size
                 failure = std::current_exception();
         }
     };
-    Done done;
+    Completion done;
     const auto help = [&] {
-        done.order();
+        done.synchronise();
         work();
-        done.tell();
+        done.taskIsDone();
     };
-    done.order();
+    done.synchronise();
     int helpers = 0;
     const int most = static_cast<int>(std::min(count, static_cast<std::size_t>(std::max(threads, 1))));
     QThreadPool* const pool = workers();

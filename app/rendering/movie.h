@@ -10,8 +10,8 @@ namespace app {
 /// file is there whole or not at all.
 class Movie {
 public:
-    static bool isForm(const QString& path); ///< Whether the ending is one of those.
-    static bool isPossible(QString& error);  ///< Whether ffmpeg is there; else one sentence in `error`.
+    static bool isForm(const QString& path); ///< Whether a path has one of those endings.
+    static bool isPossible(QString& error);  ///< Whether ffmpeg is installed; else one sentence in `error`.
     /// Starts it; false, with one sentence in `error`, where that fails.
     bool begin(const QString& path, const QSize& size, double framesPerSecond, QString& error);
     /// Adds a frame of the movie's size. False, with one sentence in `error`, where that fails.

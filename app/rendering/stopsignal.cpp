@@ -18,7 +18,7 @@ void set(void (*handler)(int))
 {
     struct sigaction action = {};
     action.sa_handler = handler;
-    // Reading and writing go on, and a second signal does what it does by default.
+    // System calls are resumed, and a second signal of the kind has its default effect.
     action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
     for (const int signal : kSignals)
         sigaction(signal, &action, nullptr);

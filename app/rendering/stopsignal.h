@@ -2,8 +2,8 @@
 
 namespace app {
 
-/// While it lives, the signals that ask a process to end (SIGINT, as by Ctrl+C, and SIGTERM) are taken note of. The
-/// second one ends the process at once.
+/// While it lives, a first SIGINT (Ctrl+C) or SIGTERM is noted, so that the run can end by itself. A second signal of
+/// the same kind ends the process at once. Only one object at a time.
 class StopSignal {
 public:
     StopSignal();
@@ -11,8 +11,8 @@ public:
     StopSignal& operator=(const StopSignal&) = delete;
     ~StopSignal();
 
-    static bool isGiven();
-    static int exitCode(); ///< What shells give for a process that ended by the signal: 130 or 143.
+    static bool isGiven(); ///< Whether a signal has come.
+    static int exitCode(); ///< As shells give it for a process that the signal ended: 130 or 143.
 };
 
 } // namespace app

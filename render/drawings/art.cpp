@@ -33,7 +33,7 @@ bool isHair(const GR_StrokeData& stroke)
     return stroke.GetLineStyle().GetType() == GR_LineStyle::kHair;
 }
 
-/// A hair line as one that is a pixel wide.
+/// A hair line as a thick line of one pixel; `scale` is pixels a unit.
 GR_StrokeData hairLine(GR_StrokeData stroke, double scale)
 {
     GR_LineStyle style = stroke.GetLineStyle();
@@ -369,7 +369,7 @@ void Art::drawOn(Rasteriser& rasteriser, const QRect& box, const QTransform& pla
             if (line.paint) {
                 strokes.push_back({&outline->pieces, line.paint.get()});
             } else if (auto colours = paintAlong(outline->cuts, *line.along, box, place)) {
-                // Its pixels go before those of the next line are made.
+                // Drawn at once, so that the pixels of only one line are in memory.
                 const Paint paint = std::move(*colours);
                 strokes.push_back({&outline->pieces, &paint});
                 addStrokes();

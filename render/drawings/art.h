@@ -14,7 +14,7 @@ namespace brindle::render {
 
 class Art;
 
-/// A drawing, and the way from its units to pixels, y down.
+/// A drawing, and the transform from its units to pixels, y down.
 struct PlacedArt {
     const Art* art;
     QTransform place;
@@ -33,12 +33,12 @@ public:
     Art& operator=(const Art&) = delete;
 
     bool isEmpty() const { return m_layers.empty(); }
-    qint64 bytes() const; ///< In memory, without outlines and what the palettes hold.
+    qint64 bytes() const; ///< Its size in memory, without outlines and without what the palettes hold.
 
     /// The drawing in a picture of a size. `place` leads from the drawing's units to pixels, y down.
     Picture draw(const QSize& size, const QTransform& place) const;
-    /// Drawings over a picture, one after the other. So many threads share the rows of the picture; the bytes are the
-    /// same for any number.
+    /// Draws drawings over a picture, one after the other. Up to `threads` threads share the rows of the picture; the
+    /// pixels are the same for any number of them.
     static Picture drawOver(Picture below, std::span<const PlacedArt> drawings, int threads);
     /// Whether it costs less to draw it than to lay a picture of it over another one.
     bool isLight() const { return m_isLight; }
@@ -55,8 +55,8 @@ private:
     };
     struct Line {
         GR_StrokeData stroke;
-        PaintPointer paint;                     ///< Null where its colours follow the line:
-        std::shared_ptr<const LinePaint> along; ///< these then.
+        PaintPointer paint;                     ///< Null where `along` is set.
+        std::shared_ptr<const LinePaint> along; ///< Colours that follow the line.
     };
     struct Found {
         Area area;
@@ -80,7 +80,7 @@ private:
         std::shared_ptr<const BM_Bitmap> bitmap{};
         bool isTiled = false;
     };
-    /// The area of a line; its cuts where colours follow it.
+    /// The area that a line covers. It has cuts only where colours follow the line.
     struct Outline {
         StrokePieces pieces;
         GR_LineCuts cuts;
@@ -113,8 +113,8 @@ private:
     Math::Box2d m_box; ///< Of all that is painted, in the drawing's units.
     bool m_hasHair = false;
     bool m_isLight = false;
-    PalettePaints* m_palettes;      ///< While it is made.
-    std::weak_ptr<Memory> m_memory; ///< It may hold this object.
+    PalettePaints* m_palettes;      ///< Used by the constructor only.
+    std::weak_ptr<Memory> m_memory; ///< Weak, because the memory may hold this object.
 };
 
 } // namespace brindle::render

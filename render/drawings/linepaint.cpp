@@ -13,8 +13,8 @@ namespace {
 
 using Pixel = std::array<std::uint16_t, channelCount>;
 
-constexpr double kMargin = 1.5;  ///< So many pixels beyond the edges the colours go on, for edges that are smoothed.
-constexpr double kFarAway = 1e6; ///< In pixels: what lies further out is as good as there.
+constexpr double kMargin = 1.5;  ///< How far colours reach beyond a line's edges, in pixels: smoothed edges need them.
+constexpr double kFarAway = 1e6; ///< The limit of coordinates, in pixels, far outside of any picture.
 
 bool isFinite(const Math::Vector2d& vector)
 {
@@ -27,7 +27,7 @@ Pixel multiplied(const QRgba64& colour)
     return {times(colour.red()), times(colour.green()), times(colour.blue()), colour.alpha()};
 }
 
-/// `share` from 0 to 1.
+/// Mixes two pixels; `share` is that of the other one, 0 to 1.
 Pixel between(const Pixel& one, const Pixel& other, double share)
 {
     const auto part = static_cast<float>(share);
@@ -37,7 +37,7 @@ Pixel between(const Pixel& one, const Pixel& other, double share)
     return result;
 }
 
-/// A gradient in steps so small that none is seen.
+/// The colours of a gradient, in steps too small to be seen.
 class GradientTable {
 public:
     explicit GradientTable(const GradientPaint& gradient) : m_isLinear(gradient.form == GradientPaint::Linear)
@@ -117,7 +117,7 @@ public:
     }
 
 private:
-    /// Between the middles of four pixels.
+    /// The colour between the middles of four pixels, by bilinear interpolation; `x` and `y` are in pixels.
     Pixel smoothed(double x, double y) const
     {
         const double left = std::floor(x);
@@ -223,7 +223,7 @@ public:
 
     Place placeOf(const Math::Point2d& point) const
     {
-        // The way from the right edge to the point is parallel to the way across.
+        // On the right way across, (way - m_side * along) x (m_across + m_turn * along) = 0: a quadratic for `along`.
         const Math::Vector2d way = point - m_corner;
         const double a = -m_side.cross(m_turn);
         const double b = way.cross(m_turn) - m_side.cross(m_across);
@@ -236,7 +236,7 @@ public:
         const double square = b * b - 4 * a * c;
         if (square < 0)
             return best;
-        // Without cancellation; where the edges are parallel, a is 0.
+        // Both roots without cancellation; a is 0 where the edges are parallel.
         const double sum = -0.5 * (b + std::copysign(std::sqrt(square), b));
         if (sum != 0)
             consider(c / sum);
@@ -275,14 +275,14 @@ std::array<QPointF, 4> cornersOf(const GR_LineCuts::Cut& from, const GR_LineCuts
 {
     std::array<QPointF, 4> corners{place.map(pointOf(from.right)), place.map(pointOf(to.right)),
                                    place.map(pointOf(to.left)), place.map(pointOf(from.left))};
-    // In a perspective, what lies in the camera's own plane has no place.
+    // In a perspective, points in the plane of the camera have no place in the picture.
     const auto held = [](double side) { return std::isnan(side) ? 0 : std::clamp(side, -kFarAway, kFarAway); };
     for (QPointF& corner : corners)
         corner = {held(corner.x()), held(corner.y())};
     return corners;
 }
 
-/// The picture's pixels on a unit, about a part of a line.
+/// The pixels a unit of a line is long in the picture, near a point.
 double scaleAt(const QTransform& place, const Math::Point2d& point)
 {
     const QPointF at = pointOf(point);
@@ -292,7 +292,7 @@ double scaleAt(const QTransform& place, const Math::Point2d& point)
     return std::sqrt(std::abs(right.x() * up.y() - right.y() * up.x()));
 }
 
-/// The colours along one line.
+/// The colour at each place of a line, premultiplied.
 class Colours {
 public:
     Colours(const GR_LineCuts& line, const LinePaint& paint, double scale)

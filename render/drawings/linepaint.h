@@ -9,7 +9,7 @@
 
 namespace brindle::render {
 
-/// A texture on a line; how its numbers count stands in GR_LineStyle.
+/// A texture on a line. GR_LineStyle explains scaling, offset and tiling.
 struct LineTexture {
     QImage picture;
     Math::Vector2d scaling{1, 1};
@@ -17,17 +17,18 @@ struct LineTexture {
     bool isTiled = false;
 };
 
-/// What a line is painted with that isn't the same all over: a gradient or texture that follows it, and a texture whose
-/// alpha thins it. Of a gradient, `place` doesn't count.
+/// The paint of a line: one colour, or a gradient or texture that follows it; and a texture whose alpha thins it. The
+/// `place` of a gradient isn't used.
 struct LinePaint {
     std::variant<SolidPaint, GradientPaint, LineTexture> colour;
     std::optional<LineTexture> opacity;
-    bool coversTips = false; ///< Distances count from the ends of the tips.
+    bool coversTips = false; ///< Whether gradients and textures begin and end at the ends of the tips.
 };
 
-/// The colours of a line in a box of the picture, also a little beyond the line's edges, for its outline to be filled
-/// with; nothing where the line doesn't reach the box. Where the line runs over itself, what comes later is above.
-/// `place` leads from the units of the line to the pixels of the picture.
+/// The colours of a line in a box of the picture (in pixels), to fill the line's outline with: they reach a little
+/// beyond its edges. Nothing where the line doesn't reach the box. Where the line runs over itself, its later part is
+/// above. `place` leads from the units of the line to the pixels of the picture. Throws std::bad_alloc where memory
+/// doesn't suffice.
 std::optional<TexturePaint> paintAlong(const GR_LineCuts& line, const LinePaint& paint, const QRect& box,
                                        const QTransform& place);
 

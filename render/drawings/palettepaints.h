@@ -22,11 +22,12 @@ public:
     /// so is a texture without a picture.
     CM_Palette::Entry find(const CM_ColorId_t& id);
 
-    /// What an area is painted with, by its colour and the palette's entry for it; none for null.
+    /// What an area is painted with, by its colour and the palette's entry for it; null where that is
+    /// null or a texture without a picture.
     std::shared_ptr<const Paint> areaPaint(const GR_Color& colour, const CM_Palette::Entry& entry,
                                            const CM_Palette::Entry& texture);
-    /// What a line is painted with, by the palette's entries for its colour and its opacity texture; nothing for a
-    /// colour of null.
+    /// What a line is painted with, by the palette's entries for its colour and its opacity texture; nothing where
+    /// that of the colour is null or a texture without a picture.
     std::optional<LinePaint> linePaint(const GR_LineStyle& style, const CM_Palette::Entry& colour,
                                        const CM_Palette::Entry& opacity);
 
@@ -37,7 +38,7 @@ private:
     QImage pictureOf(const CM_Texture& texture);
 
     QHash<quint64, CM_Palette::Entry> m_found;
-    QHash<const BM_Bitmap*, QImage> m_pictures; ///< Of textures.
+    QHash<const BM_Bitmap*, QImage> m_pictures; ///< The decoded pictures of textures.
     QStringList m_missing;
 };
 

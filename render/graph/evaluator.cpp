@@ -6,7 +6,7 @@
 
 namespace brindle::render {
 
-/// The way to the picture of one plan.
+/// Computes the picture of one plan.
 class Evaluator::Run {
 public:
     Run(Evaluator& evaluator, const Plan& plan, int threads)
@@ -44,7 +44,8 @@ private:
 
     bool isToDo(std::size_t i) const { return m_states[i].uses > 0 && !m_states[i].isKnown; }
 
-    /// The steps to compute that need no others. Finds what is known already, and how often the others are used.
+    /// Fills in the states: which pictures are remembered, and how often each of the others is used. Gives the steps to
+    /// compute that need no others.
     std::vector<std::size_t> findLeaves()
     {
         std::vector<std::size_t> leaves;

@@ -16,7 +16,7 @@ public:
     Picture picture(const Plan& plan, int threads = 1);
 
 private:
-    /// A picture, with the step whose place in memory is its name.
+    /// A picture with its step: the step's address is the key, so the step has to live as long.
     struct Remembered {
         OperationPtr operation;
         Picture picture;

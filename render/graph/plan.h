@@ -36,7 +36,7 @@ struct Plan {
 /// z is larger (Math::Matrix4x4::truckFactor); pictures come over each other in the order of ports alone.
 class Planner {
 public:
-    /// The drawings that it takes are remembered there, and their outlines.
+    /// Drawings and their outlines are remembered in `memory`.
     explicit Planner(std::shared_ptr<Memory> memory) : m_memory(std::move(memory)) {}
 
     /// The plan for what a node of a scene shows at a frame, in a picture of this size. The resolution is the
@@ -55,7 +55,7 @@ private:
     struct KnownArt {
         const GR_CompositeVectorDrawingObj* drawing = nullptr; ///< Only to be compared.
         int revision = -1;
-        std::weak_ptr<const Art> art; ///< It is remembered, with all else.
+        std::weak_ptr<const Art> art; ///< Held by the memory and by plans.
         QStringList remarks;
         quint64 lastPlan = 0; ///< The last plan that it was in.
     };

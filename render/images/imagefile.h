@@ -37,7 +37,7 @@ public:
     static QImage pixelsOf(const CEL_Pixmap& picture, CEL_Representation::CelFormat format);
 };
 
-/// PNG (8 and 16 bits, ICC, texts), read by Qt and written by libpng itself, which takes a third of the time.
+/// PNG (8 and 16 bits, ICC, texts), read by Qt and written by libpng, in a third of the time that Qt takes.
 const ImageFile& pngFile();
 /// JPEG, by Qt.
 const ImageFile& jpegFile();

@@ -57,7 +57,7 @@ public:
         writer.setQuality(quality);
         for (auto text = context.texts().begin(); text != context.texts().end(); ++text)
             writer.setText(text.key(), text.value());
-        // What is still in the file's memory goes to the disk with the flush.
+        // The flush writes what the file has buffered, and can fail as well.
         if (writer.write(image) && file.flush())
             return true;
         error = file.error() != QFileDevice::NoError ? file.errorString() : writer.errorString();

@@ -68,8 +68,7 @@ public:
     }
 
 private:
-    /// libpng leaves this call by a long jump where it fails, so nothing that has to be destroyed stands beside its
-    /// calls.
+    /// libpng leaves this function by longjmp() where it fails, so it has no local objects with destructors.
     bool writeRows(PngRows& rows, int level, const QByteArray& profile, const PngTexts& texts)
     {
         if (setjmp(png_jmpbuf(m_png)))
@@ -98,8 +97,8 @@ private:
         return true;
     }
 
-    /// Above level 1 each row takes the filter that suits it, for which all five are tried. The difference to the row
-    /// above alone takes a third of the time, at nearly the same size of drawn pictures.
+    /// Above level 1 libpng tries all five filters on each row and takes the best one. Level 1 has the difference to
+    /// the row above alone: a third of the time, and nearly the same size for drawn pictures.
     static int filtersOf(int level)
     {
         return level == 0 ? PNG_FILTER_NONE : level == 1 ? PNG_FILTER_UP : PNG_ALL_FILTERS;

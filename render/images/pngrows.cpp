@@ -4,6 +4,7 @@
 #include "render/pixelrows.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace brindle::render {
 
@@ -16,7 +17,7 @@ bool isMatte(const CEL_Pixmap& picture)
     return picture.format() == Cel::PIXMAP_MATTE8 || picture.format() == Cel::PIXMAP_MATTE16;
 }
 
-/// The picture's pixels in a form of which rows are taken.
+/// The picture's pixels in the format that rows are made from.
 QImage pixelsFor(const CEL_Pixmap& picture, int bits)
 {
     if (isMatte(picture))
@@ -92,7 +93,7 @@ const std::uint8_t* PngRows::wordsAt(int y)
 
 const std::uint8_t* PngRows::bytesAt(int y)
 {
-    constexpr int most = 32;
+    constexpr int most = 32; // Rows that are converted at a time.
     if (m_bytes.isNull() || y < m_first || y >= m_first + m_bytes.height()) {
         QImage rows(m_size.width(), std::min(most, m_size.height() - y), QImage::Format_RGBA64_Premultiplied);
         if (rows.isNull())

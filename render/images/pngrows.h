@@ -8,7 +8,7 @@
 namespace brindle::render {
 
 /// The rows of a picture as a PNG file has them, made one after the other: making all of them first would take about as
-/// long as the file's compression. Words are in the order of bytes of this machine.
+/// long as the file's compression. Values of 16 bits are in this machine's byte order.
 class PngRows {
 public:
     /// `bits` a channel, 8 or 16. A matte is grey. Throws std::bad_alloc where memory doesn't suffice.
@@ -17,7 +17,7 @@ public:
     int bits() const { return m_bits; }
     bool isGrey() const { return m_isGrey; }
     const QSize& size() const { return m_size; }
-    /// Good until the next call.
+    /// The bytes of a row, valid until the next call. Throws std::bad_alloc where memory doesn't suffice.
     const std::uint8_t* row(int y);
 
 private:
@@ -27,7 +27,7 @@ private:
 
     int m_bits;
     bool m_isGrey;
-    bool m_isReady; ///< The image's rows are as they go into the file.
+    bool m_isReady; ///< Whether the image has its rows as they go into the file.
     QSize m_size;
     QImage m_image;
     QPoint m_place; ///< Of the image in the picture.

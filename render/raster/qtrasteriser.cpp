@@ -410,7 +410,7 @@ private:
     QByteArray m_room; ///< For pixels beside the layer, kept from one partition to the next.
     QImage m_pixels;
     QTransform m_place;
-    QRect m_part;  ///< Nothing else is touched.
+    QRect m_part;  ///< The only pixels that are read or written.
     QRect m_drawn; ///< All that isn't empty lies in there.
 };
 

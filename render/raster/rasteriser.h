@@ -58,8 +58,8 @@ public:
     /// Begins an empty layer of a picture of a size. `place` leads from the coordinates of faces and strokes to the
     /// picture's. Throws std::bad_alloc where memory doesn't suffice.
     virtual void beginLayer(const QSize& picture, const QTransform& place) = 0;
-    /// Goes on above pixels, in the form that pictures have them; they are the whole of the layer. Nothing outside of a
-    /// part is read or written; in there the bytes are the same for any part.
+    /// Begins a layer with the pixels that are there, in the format of pictures. Nothing outside of `part`, in pixels,
+    /// is read or written; the pixels in it are the same for any part.
     virtual void beginAbove(QImage pixels, const QTransform& place, const QRect& part) = 0;
     virtual void addFaces(std::span<const Face> faces, Faces how) = 0;
     virtual void addStrokes(std::span<const Stroke> strokes) = 0;
