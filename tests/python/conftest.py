@@ -105,6 +105,22 @@ def rig(app):
 
 
 @pytest.fixture
+def stage(app):
+    """A new project whose nodes show drawings."""
+    import pictures  # It needs numpy, which the other tests do without.
+
+    return pictures.Stage(app)
+
+
+@pytest.fixture
+def square(stage):
+    """A red square between 10 and 30 pixels to the right of the middle and above it."""
+    import pictures
+
+    return stage.shape("Square", pictures.rectangle(10, 10, 30, 30), 255, 0, 0, 255)
+
+
+@pytest.fixture
 def edit(app, folder, rig):
     """Runs a change and checks all that every change keeps to: its labels, undo, redo, and what it has done."""
 

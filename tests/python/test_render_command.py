@@ -166,7 +166,7 @@ def test_a_run_that_is_stopped_leaves_whole_files(project, tmp_path, number):
         app.save()
     process = subprocess.Popen([COMMAND, "render", project, "--size", "64x64", "--out", "f%04d.png"], cwd=tmp_path,
                                stderr=subprocess.PIPE, text=True)
-    while not (tmp_path / "f0001.png").exists():
+    while not (tmp_path / "f0001.png").exists() and process.poll() is None:
         time.sleep(0.001)
     process.send_signal(number)
     _, told = process.communicate()
