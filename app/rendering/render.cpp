@@ -266,19 +266,19 @@ QSize sizeOf(const QString& text)
     return sides.size() == 2 && isWidth && isHeight && isSide(size.width()) && isSide(size.height()) ? size : QSize();
 }
 
-} // namespace
+/// Numbers of an order as they are given; empty where they aren't.
+struct Numbers {
+    QString size;
+    QString depth;
+    QString threads;
+};
 
-int render(const QList<QByteArray>& given)
+void read(Arguments& arguments, Order& order, Numbers& numbers)
 {
-    Order order;
-    Arguments arguments(renderUsage, given);
     const auto take = [&arguments](const char* sentence, QString& text) {
         if (arguments.takeFor(sentence) && (text = arguments.folder()).isEmpty())
             arguments.fail(sentence);
     };
-    QString size;
-    QString depth;
-    QString threads;
     while (arguments.next()) {
         const QByteArray& value = arguments.value();
         if (!arguments.isOption()) {
@@ -293,27 +293,28 @@ int render(const QList<QByteArray>& given)
         } else if (value == "--node") {
             take("--node needs the path of a node, as Top/Display.", order.node);
         } else if (value == "--size") {
-            take("--size needs a width and a height in pixels, as 1920x1080.", size);
+            take("--size needs a width and a height in pixels, as 1920x1080.", numbers.size);
         } else if (value == "--out") {
             take("--out needs the pattern of a path, as 'frames/%04d.png'.", order.out);
         } else if (value == "--movie") {
             take("--movie needs the name of an .mp4, .gif or .apng file.", order.movie);
         } else if (value == "--depth") {
-            take("--depth needs a number of bits, 8 or 16.", depth);
+            take("--depth needs a number of bits, 8 or 16.", numbers.depth);
         } else if (value == "--threads") {
-            take("--threads needs a number.", threads);
+            take("--threads needs a number.", numbers.threads);
         } else if (value == "--resume") {
             order.resume = true;
         } else {
             arguments.refuse();
         }
     }
-    if (arguments.isHelpAsked()) {
-        print(helpOf(renderUsage));
-        return done;
-    }
     if (order.project.isEmpty())
         arguments.misfit();
+}
+
+void convert(const Numbers& numbers, Arguments& arguments, Order& order)
+{
+    const auto& [size, depth, threads] = numbers;
     if (!size.isEmpty() && (order.size = sizeOf(size)) == QSize())
         arguments.fail(QString("A picture can't have the size \"%1\"; as 1920x1080, with sides of 1 to %2.")
                            .arg(size)
@@ -327,6 +328,21 @@ int render(const QList<QByteArray>& given)
                                       : threads.toInt(&isNumber);
     if (!isNumber || order.threads < 1 || order.threads > 256)
         arguments.fail(QString("--threads needs a number from 1 to 256, not \"%1\".").arg(threads));
+}
+
+} // namespace
+
+int render(const QList<QByteArray>& given)
+{
+    Order order;
+    Numbers numbers;
+    Arguments arguments(renderUsage, given);
+    read(arguments, order, numbers);
+    if (arguments.isHelpAsked()) {
+        print(helpOf(renderUsage));
+        return done;
+    }
+    convert(numbers, arguments, order);
     if (!order.out.isEmpty() && !isFramePattern(order.out))
         arguments.fail(QString("The path \"%1\" has no place for the number of a frame, as 'frames/%04d.png' has.")
                            .arg(order.out));

@@ -400,7 +400,7 @@ Picture Art::drawOver(Picture below, std::span<const PlacedArt> drawings, int th
     const QPoint corner = below.box().topLeft();
     const QTransform toPixels = QTransform::fromTranslate(-corner.x(), -corner.y());
     QImage& pixels = below.pixels();
-    uchar* const bytes = pixels.bits(); // From here on they are this picture's alone.
+    uchar* const bytes = pixels.bits(); // Detaches: no other picture shares the pixels that threads write now.
 
     constexpr int leastRows = 64;
     const int parts = std::clamp(threads, 1, std::max(1, box.height() / leastRows));

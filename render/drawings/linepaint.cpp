@@ -332,6 +332,25 @@ private:
     std::optional<TextureMap> m_opacity;
 };
 
+/// How far the colours between two cuts reach beyond them, in pixels; `scale` is pixels a unit.
+double marginOf(const GR_LineCuts::Cut& from, const GR_LineCuts::Cut& to, double scale)
+{
+    return kMargin + std::min(std::max(from.overhang, to.overhang) * scale, kFarAway);
+}
+
+/// The box that the colours of a line reach, in pixels.
+QRect reachOf(const GR_LineCuts& line, const QTransform& place, double scale)
+{
+    QRectF reach;
+    double margin = 0;
+    for (std::size_t i = 1; i < line.cuts.size(); ++i) {
+        for (const QPointF& corner : cornersOf(line.cuts[i - 1], line.cuts[i], place))
+            reach |= QRectF(corner, QSizeF(1, 1));
+        margin = std::max(margin, marginOf(line.cuts[i - 1], line.cuts[i], scale));
+    }
+    return reach.adjusted(-margin, -margin, margin, margin).toAlignedRect();
+}
+
 } // namespace
 
 std::optional<TexturePaint> paintAlong(const GR_LineCuts& line, const LinePaint& paint, const QRect& box,
@@ -346,17 +365,7 @@ std::optional<TexturePaint> paintAlong(const GR_LineCuts& line, const LinePaint&
     if (!(scale > 0) || !std::isfinite(scale))
         return std::nullopt;
 
-    const auto marginOf = [scale](const GR_LineCuts::Cut& from, const GR_LineCuts::Cut& to) {
-        return kMargin + std::min(std::max(from.overhang, to.overhang) * scale, kFarAway);
-    };
-    QRectF reach;
-    double margin = 0;
-    for (std::size_t i = 1; i < count; ++i) {
-        for (const QPointF& corner : cornersOf(line.cuts[i - 1], line.cuts[i], place))
-            reach |= QRectF(corner, QSizeF(1, 1));
-        margin = std::max(margin, marginOf(line.cuts[i - 1], line.cuts[i]));
-    }
-    const QRect covered = reach.adjusted(-margin, -margin, margin, margin).toAlignedRect() & box;
+    const QRect covered = reachOf(line, place, scale) & box;
     if (covered.isEmpty())
         return std::nullopt;
 
@@ -373,7 +382,7 @@ std::optional<TexturePaint> paintAlong(const GR_LineCuts& line, const LinePaint&
         return {point.x(), point.y()};
     };
     const auto paintPart = [&](const GR_LineCuts::Cut& from, const GR_LineCuts::Cut& to) {
-        const double around = marginOf(from, to);
+        const double around = marginOf(from, to, scale);
         const std::array<QPointF, 4> corners = cornersOf(from, to, place);
         const Part part(from, to);
         const Rows rows(corners, around, covered);
