@@ -15,7 +15,7 @@ def measure(samples, root):
             for index in range(SIZE):
                 scene.metadata[f"M{index}"] = index
         column = scene.columns.create("BEZIER", "C")
-        for frame in range(SIZE):
+        for frame in range(SIZE):  # An entry of the history each.
             column[frame % 100 + 1] = frame
         middle = SIZE // 2
         samples.in_turn({

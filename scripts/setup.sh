@@ -2,8 +2,8 @@
 # Installs what is missing of Debian's packages to build, run and test; done in a moment when nothing is.
 #   scripts/setup.sh                 what ./run and ./test need
 #   scripts/setup.sh --instructions  what ./run bench --instructions counts with as well
-#   scripts/setup.sh --peers         the programs that ./run bench --peers compares with; those that aren't there it skips
-#   scripts/setup.sh --develop       that, the formatter and the linter as well
+#   scripts/setup.sh --peers         the programs that ./run bench --peers compares with as well; it skips missing ones
+#   scripts/setup.sh --develop       what --instructions installs, the formatter and the linter as well
 set -euo pipefail
 PATH=/usr/sbin:/usr/bin:/sbin:/bin:$PATH
 

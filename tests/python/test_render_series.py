@@ -144,10 +144,10 @@ def test_frames_are_written_as_files_on_the_threads_that_draw(stage, square, tmp
         peg.attributes["angle"].set_value(frame, value)
     paths = render.write(stage.scene, tmp_path / "new" / "100%%-%03d.png", (11, 3, 7), node=square, size=SIZE, depth=depth)
     assert paths == [str(tmp_path / "new" / f"100%-{frame:03}.png") for frame in (11, 3, 7)]
-    for path, frame in zip(paths, (11, 3, 7)):
-        with open(path, "rb") as file:
+    for name, frame in zip(paths, (11, 3, 7)):
+        with open(name, "rb") as file:
             assert file.read(25)[24] == depth
-        assert (numpy.asarray(brindle.Cel.read(path)) == pixels(square, frame)).all()
+        assert (numpy.asarray(brindle.Cel.read(name)) == pixels(square, frame)).all()
 
 
 @pytest.mark.parametrize("pattern", ["frame.png", "%d-%d.png", "%s.png", "%04x.png", "%d%", ""])
