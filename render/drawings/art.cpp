@@ -334,11 +334,43 @@ QRect Art::reach(const QSize& size, const QTransform& place) const
     return covered.toAlignedRect() & QRect({}, size);
 }
 
+/// Draws the lines of a layer that lie in a box of the picture; `place` leads to its pixels.
+void Art::drawLines(Rasteriser& rasteriser, const Layer& layer, std::span<const Outline> outlines, const QRect& box,
+                    const QTransform& place)
+{
+    const double scale = scaleOf(place);
+    std::vector<Outline> hairs;
+    hairs.reserve(layer.lines.size());
+    std::vector<Stroke> strokes;
+    const auto addStrokes = [&] {
+        if (!strokes.empty())
+            rasteriser.addStrokes(strokes);
+        strokes.clear();
+    };
+    for (std::size_t number = 0; number < layer.lines.size(); ++number) {
+        const Line& line = layer.lines[number];
+        const Outline* outline = &outlines[number];
+        if (isHair(line.stroke))
+            outline = &hairs.emplace_back(
+                outlineOf({hairLine(line.stroke, scale), line.paint, line.along}, kTolerance / scale));
+        if (outline->pieces.isEmpty())
+            continue;
+        if (line.paint) {
+            strokes.push_back({&outline->pieces, line.paint.get()});
+        } else if (auto colours = paintAlong(outline->cuts, *line.along, box, place)) {
+            // Drawn at once, so that the pixels of only one line are in memory.
+            const Paint paint = std::move(*colours);
+            strokes.push_back({&outline->pieces, &paint});
+            addStrokes();
+        }
+    }
+    addStrokes();
+}
+
 /// Draws all that lies in a box of the picture; `place` leads to its pixels.
 void Art::drawOn(Rasteriser& rasteriser, const QRect& box, const QTransform& place) const
 {
-    const double scale = scaleOf(place);
-    const std::shared_ptr<const Outlines> outlines = outlinesAt(scale);
+    const std::shared_ptr<const Outlines> outlines = outlinesAt(scaleOf(place));
     const auto facesOf = [](const std::vector<Area>& areas) {
         std::vector<Face> faces;
         faces.reserve(areas.size());
@@ -350,32 +382,7 @@ void Art::drawOn(Rasteriser& rasteriser, const QRect& box, const QTransform& pla
         const Layer& layer = m_layers[i];
         for (const Group& group : layer.groups)
             rasteriser.addFaces(facesOf(group.areas), group.how);
-        std::vector<Outline> hairs;
-        hairs.reserve(layer.lines.size());
-        std::vector<Stroke> strokes;
-        const auto addStrokes = [&] {
-            if (!strokes.empty())
-                rasteriser.addStrokes(strokes);
-            strokes.clear();
-        };
-        for (std::size_t number = 0; number < layer.lines.size(); ++number) {
-            const Line& line = layer.lines[number];
-            const Outline* outline = &(*outlines)[i][number];
-            if (isHair(line.stroke))
-                outline = &hairs.emplace_back(
-                    outlineOf({hairLine(line.stroke, scale), line.paint, line.along}, kTolerance / scale));
-            if (outline->pieces.isEmpty())
-                continue;
-            if (line.paint) {
-                strokes.push_back({&outline->pieces, line.paint.get()});
-            } else if (auto colours = paintAlong(outline->cuts, *line.along, box, place)) {
-                // Drawn at once, so that the pixels of only one line are in memory.
-                const Paint paint = std::move(*colours);
-                strokes.push_back({&outline->pieces, &paint});
-                addStrokes();
-            }
-        }
-        addStrokes();
+        drawLines(rasteriser, layer, (*outlines)[i], box, place);
     }
 }
 

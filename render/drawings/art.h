@@ -105,6 +105,8 @@ private:
     std::shared_ptr<const Outlines> outlinesAt(double scale) const;
 
     QRect reach(const QSize& size, const QTransform& place) const;
+    static void drawLines(Rasteriser& rasteriser, const Layer& layer, std::span<const Outline> outlines,
+                          const QRect& box, const QTransform& place);
     void drawOn(Rasteriser& rasteriser, const QRect& box, const QTransform& place) const;
     bool findLight() const;
 
