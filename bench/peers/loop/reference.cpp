@@ -33,9 +33,23 @@ Point placed(const Fill& fill, Point point)
     return {samples * (a * point.x + c * point.y + e), samples * (b * point.x + d * point.y + f)};
 }
 
+/// Points along a cubic, to its end: chords between them are off by less than a tenth of a sample.
+std::array<Point, 64> pointsOf(Point from, Point first, Point second, Point to)
+{
+    std::array<Point, 64> points;
+    for (std::size_t step = 1; step < points.size(); ++step) {
+        const double t = double(step) / double(points.size());
+        const double s = 1 - t;
+        const double weights[] = {s * s * s, 3 * s * s * t, 3 * s * t * t, t * t * t};
+        points[step - 1] = {weights[0] * from.x + weights[1] * first.x + weights[2] * second.x + weights[3] * to.x,
+                            weights[0] * from.y + weights[1] * first.y + weights[2] * second.y + weights[3] * to.y};
+    }
+    points.back() = to;
+    return points;
+}
+
 Area areaOf(const Path& path, const Fill& fill)
 {
-    constexpr int steps = 64; // a cubic; a chord of it is off by less than a tenth of a sample
     Area area;
     const float alpha = float(fill.colour[3]) / 255.0F;
     for (std::size_t channel = 0; channel < 3; ++channel)
@@ -62,19 +76,8 @@ Area areaOf(const Path& path, const Fill& fill)
             break;
         }
         case Segment::Cubic: {
-            const Point from = at;
-            const Point first = placed(fill, segment.points[0]);
-            const Point second = placed(fill, segment.points[1]);
-            const Point to = placed(fill, segment.points[2]);
-            for (int step = 1; step <= steps; ++step) {
-                const double t = double(step) / steps;
-                const double s = 1 - t;
-                const double weights[] = {s * s * s, 3 * s * s * t, 3 * s * t * t, t * t * t};
-                const Point next =
-                    step == steps
-                        ? to
-                        : Point{weights[0] * from.x + weights[1] * first.x + weights[2] * second.x + weights[3] * to.x,
-                                weights[0] * from.y + weights[1] * first.y + weights[2] * second.y + weights[3] * to.y};
+            const auto& [first, second, end] = segment.points;
+            for (const Point& next : pointsOf(at, placed(fill, first), placed(fill, second), placed(fill, end))) {
                 join(at, next);
                 at = next;
             }
