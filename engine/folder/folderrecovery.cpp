@@ -107,8 +107,8 @@ Found inspect(const Folder& folder)
     return found;
 }
 
-/// The changes of this process that failed and could not be taken back, by folder. Their journals say that they happen,
-/// which those who made them were told they don't.
+/// The changes that failed in this process and could not be taken back, by folder. Their journals on disk say that they
+/// have happened, but their callers were told that they failed.
 std::map<QString, SaveJournal>& failures()
 {
     static std::map<QString, SaveJournal> failures;

@@ -16,8 +16,8 @@ namespace brindle::engine::folder_recovery {
 bool isInterrupted(const Folder& folder); ///< Whether there is anything to end.
 bool isCommitted(const Folder& folder);   ///< Whether the change has happened: a journal is there.
 
-/// Ends what was interrupted; a change that failed in this process, and could not be taken back then, goes back. Throws
-/// `FolderFailure`: where the remains were put aside, the sentence says so, and the next call has nothing to do;
+/// Ends what was interrupted. A change that failed in this process and could not be taken back is taken back now.
+/// Throws `FolderFailure`: where the remains were put aside, the sentence says so, and the next call has nothing to do;
 /// otherwise the change still waits to be ended.
 void recover(const Folder& folder);
 
@@ -25,11 +25,12 @@ void recover(const Folder& folder);
 /// may not change it. A damaged change counts for nothing, and the log says so.
 QHash<QString, QString> waiting(const Folder& folder);
 
-/// The steps, for the change itself. Forward, a folder goes with the last file that goes from it.
+/// Steps of the change itself. `moveForward` also removes each folder that the last file has left.
 void moveForward(const Folder& folder, const SaveJournal& journal);
 void removeStage(const Folder& folder);
 
-/// Takes a change back that has failed. Where that fails as well, the next `recover` of this process does it.
+/// Takes back a change that has failed. Where this fails as well (`FolderFailure`), the next `recover` of this process
+/// does it.
 void takeBack(const Folder& folder, const SaveJournal& journal);
 
 } // namespace brindle::engine::folder_recovery

@@ -113,11 +113,6 @@ void FolderTransaction::commit()
         made.sync();
         m_folder.rename(save_stage::newJournal, save_stage::journal);
         m_folder.sync(save_stage::folder);
-    } catch (const FolderFailure&) {
-        attempt([&] { folder_recovery::takeBack(m_folder, journal); });
-        throw;
-    }
-    try {
         folder_recovery::moveForward(m_folder, journal);
         m_folder.remove(save_stage::journal);
     } catch (const FolderFailure&) {
