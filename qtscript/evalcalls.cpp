@@ -52,7 +52,7 @@ public:
     struct Insertion {
         qsizetype at;
         QString text;
-        qsizetype replaced = 0; ///< So many characters go.
+        qsizetype replaced = 0; ///< The number of characters that the text replaces.
     };
     std::vector<Insertion> insertions() &&
     {
@@ -63,7 +63,7 @@ public:
 private:
     struct Bracket {
         QChar character;       ///< "`" for what stands inside a template.
-        qsizetype evalAt = -1; ///< Behind the bracket of a call of eval.
+        qsizetype evalAt = -1; ///< The place behind the bracket of a call of eval; -1 for other brackets.
     };
 
     QChar at(qsizetype place) const { return place < m_program.size() ? m_program[place] : QChar(); }
@@ -116,7 +116,7 @@ private:
                 m_evalAt = next;
             return;
         }
-        // In other brackets it may be a parameter, or a property that is named by its variable.
+        // Elsewhere the name may be that of a parameter or of a property, not a value.
         const bool isAlone = QStringView(u"=:?&|").contains(m_last) &&
                              (next >= m_program.size() || QStringView(u"),;]}").contains(at(next)));
         const bool isCalled = m_last == u',' && at(next) == u')' && at(behindBlanks(next + 1)) == u'(';
@@ -196,7 +196,7 @@ private:
         return true;
     }
 
-    /// What a brace follows is no call, but the definition of a method.
+    /// Closes a call of eval. A bracket before a brace ends the definition of a method, and no call.
     void close(const Bracket& bracket)
     {
         if (bracket.evalAt < 0 || at(behindBlanks(m_at + 1)) == u'{')
@@ -209,9 +209,9 @@ private:
     qsizetype m_at = 0;
     std::vector<Bracket> m_open;
     std::vector<Insertion> m_insertions;
-    bool m_isBehindValue = false; ///< What comes next goes on with a value.
-    QChar m_last;                 ///< Of the token before: a sign, "a" for a value, "f" for "function", "=" for a word.
-    qsizetype m_evalAt = -1;      ///< The bracket of the call of eval that comes next.
+    bool m_isBehindValue = false; ///< The token before ends a value, so "/" divides it.
+    QChar m_last;                 ///< The token before: a sign, "a" for a value, "f" for "function", "=" for a word.
+    qsizetype m_evalAt = -1;      ///< The opening bracket of the next call of eval.
 };
 
 } // namespace

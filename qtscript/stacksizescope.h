@@ -2,11 +2,11 @@
 
 #include <array>
 
-/// While it lives, a new QJSEngine gets larger stacks, which cost memory where they are used alone:
+/// While it lives, a new QJSEngine gets larger stacks, which cost memory only where they are used:
 ///
-/// - of the values of scripts. Qt 6.4 doesn't look for the end of that stack where a call spreads an array
+/// - that of the values of scripts. Qt 6.4 doesn't look for the end of that stack where a call spreads an array
 ///   (`f(...array)`); its own 4 MB end the process at half a million items.
-/// - of the collector of garbage, whose own 2 MB end the process at a chain of some hundred thousand closures.
+/// - that of the garbage collector, whose own 2 MB end the process at a chain of some hundred thousand closures.
 ///
 /// Qt reads the sizes from the environment, which nobody else may change meanwhile.
 class StackSizeScope {

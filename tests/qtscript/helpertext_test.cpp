@@ -141,7 +141,8 @@ TEST_F(GuardTest, ASymbolComesOutAsItsText)
 
 TEST_F(GuardTest, TheEnvironmentIsLeftAsItWas)
 {
-    EXPECT_FALSE(qEnvironmentVariableIsSet("QV4_JS_MAX_STACK_SIZE"));
+    for (const char* variable : {"QV4_JS_MAX_STACK_SIZE", "QV4_GC_MAX_STACK_SIZE"})
+        EXPECT_FALSE(qEnvironmentVariableIsSet(variable)) << variable;
 }
 
 TEST_F(GuardTest, EvalRunsInTheScopeOfItsCallerAndGivesWhatItGave)
