@@ -1,4 +1,4 @@
-// Put ahead of the C library: from a call on, counted once `fail_from` was called, what writes to a disk fails.
+// Preloaded ahead of the C library: counts the calls that write to a disk, and lets a range of them fail.
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <errno.h>
@@ -11,7 +11,8 @@
 
 static int first, last, code, count;
 
-// The calls with the numbers `from` to `to` fail with `number`; 0 ends it. Gives how many calls there were before.
+// Counts calls anew, from 1, and lets those from `from` to `to` fail with the errno `number`; with `from` 0 it counts
+// none. Gives the number of calls that were counted before.
 int fail_from(int from, int to, int number)
 {
     const int before = count;

@@ -2,8 +2,8 @@
 
     failingdisk.py LIBRARY FOLDER
 
-LIBRARY is failingdisk.c, and ahead of the C library. Listed on standard output: what doesn't hold, and how many calls
-were tried.
+LIBRARY is failingdisk.c, compiled and preloaded ahead of the C library. Listed on standard output: what doesn't hold,
+and how many calls were tried.
 """
 
 import ctypes

@@ -34,7 +34,7 @@ class Stubs:
 
     def __init__(self):
         text = pathlib.Path(brindle.__file__).with_name("__init__.pyi").read_text()
-        self.aliases, self.members, self.bases = {}, {}, {}
+        self.aliases, self.members = {}, {}
         for node in ast.parse(text).body:
             if isinstance(node, ast.AnnAssign) and node.value:
                 self.aliases[node.target.id] = node.value
@@ -113,7 +113,7 @@ NODE, FRAME = (ast.parse(text, mode="eval").body for text in ("Node | None", "in
 class Program:
     def __init__(self, folder, report, stubs, seed):
         self.random, self.stubs, self.folder = random.Random(seed), stubs, pathlib.Path(folder)
-        self.report, self.log, self.depth = report, [], 0
+        self.report, self.at, self.log, self.depth = report, 0, [], 0
         self.is_acting = False
         shutil.rmtree(self.folder, ignore_errors=True)
         self.app = brindle.create(self.folder, discard=True)
@@ -133,10 +133,7 @@ class Program:
 
     def note(self, text):
         self.log.append("  " * self.depth + text)
-        os.pwrite(self.report, (text[:300] + "\n").encode("utf-8", "replace"), self.at)
-        self.at += len((text[:300] + "\n").encode("utf-8", "replace"))
-
-    at = 0
+        self.at += os.pwrite(self.report, (text[:300] + "\n").encode("utf-8", "replace"), self.at)
 
     # Values.
 
@@ -235,7 +232,7 @@ class Program:
         kind, name, parameters = self.pick([member for member in members if member[0] == wanted] or members)
         if name == "clear" and isinstance(target, brindle.History):
             return
-        if name in ("__init__",):
+        if name == "__init__":
             values = [self.value(each) for each in parameters]
             self.attempt(f"{type(target).__name__}", lambda: type(target)(*values), values)
             return
@@ -293,7 +290,7 @@ class Program:
         self.history.cancel()
 
     def check(self):
-        """Whether undoing and redoing all is exact; a text if not."""
+        """Undoes and redoes all; gives a text that tells what is not exact, empty where all is."""
         self.finish()
         done, total = self.history.size_executed, self.history.size_total
         last = self.saved()
@@ -343,7 +340,7 @@ def main(folder, report, seed, programs, steps, each=False):
     sys.stdout = os.fdopen(os.dup(1), "w", buffering=1)
     os.dup2(os.open(os.devnull, os.O_WRONLY), 1)
     os.chdir(pathlib.Path(folder).parent)
-    sys.unraisablehook = lambda _: None  # What the __del__ of a value raises.
+    sys.unraisablehook = lambda _: None  # An Actor may raise in its __del__.
     stubs = Stubs()
     for number in range(seed, seed + programs):
         with open(report, "wb", 0) as file:
@@ -360,8 +357,8 @@ def main(folder, report, seed, programs, steps, each=False):
             program.app.close()
             program.pool.clear()
             gc.collect()
-            for each_ in program.samples.values():
-                repr(each_)
+            for sample in program.samples.values():
+                repr(sample)
             del program
 
 
