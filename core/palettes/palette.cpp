@@ -168,13 +168,13 @@ QString Palette::getId() const
 
 QString Palette::getLocation() const
 {
-    const CM_Palette& palette = engine(); // Which fails ahead of a look at the project.
+    const CM_Palette& palette = engine(); // Throws for a dead palette, whose project can't be looked at.
     return palettelocation::nameOf(palettelocation::locationOf(palette.GetPath(), *findTarget()));
 }
 
 int Palette::getElementId() const
 {
-    const CM_Palette& palette = engine();
+    const CM_Palette& palette = engine(); // Likewise.
     return palettelocation::elementOf(palette, *findTarget());
 }
 

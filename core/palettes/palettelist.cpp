@@ -135,7 +135,7 @@ QString PaletteList::getType() const
 
 int PaletteList::getElementId() const
 {
-    const QString folder = engine().GetPath(); // Which fails ahead of a look at the project.
+    const QString folder = engine().GetPath(); // Throws for a dead list, whose project can't be looked at.
     return palettelocation::elementOfFolder(folder, *findTarget());
 }
 
