@@ -17,8 +17,8 @@ class BRINDLE_HOST_EXPORT CEL_RenderJob {
 public:
     virtual ~CEL_RenderJob() = default;
 
-    /// The picture, as a cel with an area of 16 bits a channel. So many threads share the work; the pixels are the same
-    /// for any number. No cel, with one sentence in `error`, where memory doesn't suffice.
+    /// The picture, as a cel with an area of 16 bits a channel. Up to `threads` threads share the work; the pixels are
+    /// the same for any number. No cel, with one sentence in `error`, where memory doesn't suffice.
     virtual CA_CelRef render(int threads, QString& error) const = 0;
     /// A line for each thing that can't be shown, as a texture that is gone: the picture is without it.
     virtual QStringList remarks() const = 0;
@@ -31,8 +31,8 @@ public:
 /// with their outlines, until it is destroyed. Jobs share that, and outlive it.
 class BRINDLE_HOST_EXPORT CEL_Renderer {
 public:
-    static constexpr int largestSide = 32768; ///< Of a picture, in pixels.
-    static constexpr qint64 memoryLimit = qint64(256) << 20;
+    static constexpr int largestSide = 32768;                ///< Of a picture, in pixels.
+    static constexpr qint64 memoryLimit = qint64(256) << 20; ///< In bytes.
 
     virtual ~CEL_Renderer() = default;
 
@@ -41,7 +41,8 @@ public:
 
     /// What a node of the open project shows at a frame of its scene. QSize() stands for the resolution of the project.
     /// To be called on a thread that may read the project. Null, with one sentence in `error`, for a node that shows no
-    /// picture or is in no scene, a frame outside of the scene, a side of the picture below 1 or above largestSide, and
-    /// nodes that feed themselves.
+    /// picture or is in no scene, a frame outside of the scene, a side of the picture below 1 or above largestSide,
+    /// more than 8192 x 8192 pixels where the machine's memory doesn't suffice for them, and nodes that feed
+    /// themselves.
     virtual std::unique_ptr<CEL_RenderJob> prepare(MO_Node* node, double frame, const QSize& size, QString& error) = 0;
 };
