@@ -104,11 +104,12 @@ def test_what_is_refused_says_so(app, folder, peg):
             call()
         assert str(failure.value) == sentence
     assert (support.saved(app, folder), labels(app)) == (before, [])
+    colour = peg.colour
     app.scene.nodes.remove(peg)
     with pytest.raises(brindle.Error, match="View and tool data is not currently supported."):
         peg.data
     with pytest.raises(brindle.Error, match=r"^Object is no longer valid\.$"):
-        peg.colour.r
+        colour.r
 
 
 def test_versions_and_cacheability_by_type(app, peg):
