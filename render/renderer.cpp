@@ -100,7 +100,7 @@ std::unique_ptr<CEL_RenderJob> Renderer::prepare(MO_Node* node, double frame, co
         return nullptr;
     }
     try {
-        return std::make_unique<Job>(m_planner.plan(*node, frame, picture, resolution), m_evaluator);
+        return std::make_unique<Job>(m_planner.plan(*node, frame, picture, resolution, m_isMeasuring), m_evaluator);
     } catch (const std::runtime_error& circle) {
         error = QString::fromUtf8(circle.what());
         return nullptr;

@@ -39,6 +39,10 @@ public:
     /// A new one. Null, with one sentence in `error`, where the library that draws can't be loaded.
     static std::unique_ptr<CEL_Renderer> create(QString& error);
 
+    /// Whether the pictures that are prepared from now on add what they take to the performance timers of the nodes
+    /// (MO_Node::performanceTimer).
+    virtual void setMeasuring(bool measuring) = 0;
+
     /// What a node of the open project shows at a frame of its scene. QSize() stands for the resolution of the project.
     /// To be called on a thread that may read the project. Null, with one sentence in `error`, for a node that shows no
     /// picture or is in no scene, a frame outside of the scene, a side of the picture below 1 or above largestSide,

@@ -2,6 +2,7 @@
 
 #include "core/host/export.h"
 
+#include <QRect>
 #include <QString>
 #include <QVariant>
 
@@ -20,4 +21,7 @@ public:
     virtual QVariant widget() const = 0;  ///< Holds a QWidget*.
     virtual QVariant toolbar() const = 0; ///< The description of its toolbar.
     virtual QObject* menu() const = 0;    ///< Null where it has none.
+
+    virtual bool isVisible() const { return false; } ///< Whether it is shown, also where another window covers it.
+    virtual QRect geometry() const { return {}; }    ///< In pixels of the screen.
 };

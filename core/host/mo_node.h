@@ -27,6 +27,7 @@ class MO_ModuleVisitor;
 class MO_Node;
 class MO_Port;
 class SC_SceneCommon;
+class TIR_PerformanceTimer;
 class TUGroup;
 class TUScene;
 
@@ -98,6 +99,9 @@ public:
     virtual int outPortId(const MO_Port* port) const = 0;
     virtual bool hasImageOutput() const = 0;
     virtual bool isModeMultiInPort() const = 0;
+
+    /// What the node took when the scene was shown last; null where that isn't measured.
+    virtual std::shared_ptr<TIR_PerformanceTimer> performanceTimer() const { return nullptr; }
 
     using AttrIterator = AT_Attr* const*;
     virtual AT_Attr* findAttributeByKeyword(const QString& keyword) const = 0; ///< One of the top level, or null.

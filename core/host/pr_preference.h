@@ -75,6 +75,15 @@ public:
     virtual bool getBoolValue(const QString& name, bool defaultValue) const = 0;
     virtual QString getStringValue(const QString& name, const QString& defaultValue) const = 0;
 
+    /// While one lives, changes are told to nobody.
+    class BRINDLE_HOST_EXPORT DisableEventsScope {
+    public:
+        DisableEventsScope();
+        DisableEventsScope(const DisableEventsScope&) = delete;
+        DisableEventsScope& operator=(const DisableEventsScope&) = delete;
+        ~DisableEventsScope();
+    };
+
     /// Keeps what was changed, which else is done when a project is saved and when the session ends, and learns what
     /// other processes changed meanwhile. False: the log says why it can't.
     virtual bool save() = 0;
@@ -90,4 +99,8 @@ public:
     static bool getSpConstantSegment();
     /// "LIBRARY_PASTE_CREATE_NEW_DRAWING": a paste makes new drawings also where there are some of the same names.
     static bool getLibraryPasteCreateNewDrawing();
+    /// "OPENGL_ENABLE_PLAYBACK_CACHE": pictures of frames are kept while the scene is played.
+    static bool getOpenGLEnablePlaybackCache();
+    /// "ADVANCED_ENABLE_PERFORMANCE_REPORT": what frames take is averaged.
+    static bool getAdvancedEnablePerformanceReport();
 };

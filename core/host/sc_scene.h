@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <functional>
+#include <memory>
 #include <vector>
 
 class CA_CelKey;
@@ -49,6 +51,14 @@ public:
     virtual void emitDrawingsDirty(const CA_CelKey&) {}
     virtual void emitDrawingChanged() {}
     virtual void notifyInteractive() {}
+
+    /// Views are to show another scene, which they do the next time they are told of a change.
+    virtual void emitCurrentSceneChanged(TUScene*) {}
+    virtual void forceNotify() {}          ///< Tells of all changes that weren't told yet.
+    virtual void viewCacheInvalidated() {} ///< Pictures that views keep are out of date.
+    /// Calls a function whenever the scene is shown at another frame, for as long as the result lives; that may outlive
+    /// the scene.
+    [[nodiscard]] virtual std::shared_ptr<void> onCurrentFrameChanged(std::function<void()>) { return nullptr; }
 };
 
 /// A scene of a project, as the project lists it.

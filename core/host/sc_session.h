@@ -11,8 +11,10 @@ class AC_Manager;
 class CEL_ColorSpaceManager;
 class CO_CommandManager;
 class MO_Node;
+class PLUG_CurrentFrameInterface;
 class PLUG_NetworkViewInterface;
 class PLUG_ScriptingInterface;
+class PLUG_StageInterface;
 class SC_AdvancedFlags;
 class SC_Project;
 class SC_ProjectCommon;
@@ -29,6 +31,7 @@ class TUDbSceneData;
 class TUElementMgr;
 class TUScene;
 class TUSceneChangeManager;
+class UT_FrameRate;
 struct TURect;
 
 /// The way to the host's session from anywhere.
@@ -41,6 +44,9 @@ public:
     static void setSessionContext(SC_SessionContext* session);
     /// The host's Javascript, of the session; null where there is no session, or no Javascript.
     static PLUG_ScriptingInterface* getScriptingInterface();
+    /// What the session shows; null where there is no session, or it shows nothing.
+    static PLUG_StageInterface* getStageInterface();
+    static PLUG_CurrentFrameInterface* getCurrentFrameInterface(); ///< Null where the one above is.
 
     /// The view that draws nodes, or null while there is none. An application that has one installs it here, and takes
     /// it away again before it goes.
@@ -85,7 +91,9 @@ public:
     virtual SCP_PythonEngine* pythonEngine() const = 0;      ///< Null in a plain interpreter.
     /// Those of the open project, else those that a new one would have; null where the host has none.
     virtual CEL_ColorSpaceManager* colorSpaceManager() const { return nullptr; }
-    virtual AC_Manager* actionManager() const { return nullptr; } ///< Null where the host has no actions.
+    virtual AC_Manager* actionManager() const { return nullptr; }  ///< Null where the host has no actions.
+    virtual PLUG_StageInterface* stage() const { return nullptr; } ///< Null where the host shows no scenes.
+    virtual PLUG_CurrentFrameInterface* currentFrames() const { return nullptr; } ///< Null where the host has no stage.
 };
 
 /// Makes, opens, saves and closes project folders. A failure is one sentence in `error` that names the file and, in a
@@ -145,6 +153,7 @@ public:
     /// The database that the project lies in; null for a project in a folder, as all of the open engine's are.
     virtual TUDbAccess* dbAccessPriv() const { return nullptr; }
 
+    virtual UT_FrameRate frameRate() const = 0;          ///< That of the first scene.
     virtual const SC_Resolution* resolution() const = 0; ///< The current one, or null.
     virtual double defaultFov() const = 0; ///< In degrees, over the side of the picture that the resolution fits.
     virtual const SC_SceneMetrics* metrics() const = 0;

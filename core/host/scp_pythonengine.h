@@ -2,11 +2,16 @@
 
 #include "core/host/export.h"
 
+class QString;
+
 /// The host's Python engine: a session that has one runs Python inside the application, under the application's thread
 /// rules. The library that embeds the interpreter tells it how threads leave and enter that (`setThreadStates`).
 class BRINDLE_HOST_EXPORT SCP_PythonEngine {
 public:
     virtual ~SCP_PythonEngine() = default;
+
+    /// Shows a text where the output of scripts goes. On a thread that doesn't run Python.
+    virtual void log(const QString& text);
 
     /// Greater than 0 while the main thread is inside Python code. The main thread writes it, any thread reads it.
     static int& mainThreadState();
@@ -32,6 +37,7 @@ public:
         /// Gives the application's lock back where all script threads that took it have ended. The main thread calls it
         /// while it waits for that lock outside of Python.
         virtual void giveBackLeftLock() {}
+        virtual void write(const QString&) {} ///< Writes a text to Python's standard output.
     };
     /// Not owned, and never taken away again: the library that embeds the interpreter stays loaded. Without one there
     /// is no interpreter to leave.

@@ -14,6 +14,12 @@ public:
     /// The named resolutions, in the table's order.
     virtual std::vector<TUDbResolution::UsaResolutionTable> namedResolutions() const = 0;
 
+    /// The names of the first scene and of its version, its folder, and the project's.
+    virtual QString sceneName() const { return {}; }
+    virtual QString versionName() const { return {}; }
+    virtual QString sceneDir() const { return {}; }
+    virtual QString projectDir() const { return {}; }
+
     /// Where a folder of palettes lies: a CM_LocationType, CM_External where the project knows nothing of it.
     virtual CM_LocationType getLocationRelativeToElement(const QString&) const { return CM_External; }
 };

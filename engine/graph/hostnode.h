@@ -67,6 +67,8 @@ public:
     bool lock() const override { return Node::marks().locked; }
     bool isShowTimelineThumbnails() const override { return Node::marks().thumbnails; }
 
+    std::shared_ptr<TIR_PerformanceTimer> performanceTimer() const override { return Node::performanceTimer(); }
+
     MO_PortMode portMode() const override { return Node::type().portMode; }
     unsigned int nInPorts() const override { return static_cast<unsigned int>(portCount(PortSide::In)); }
     unsigned int nOutPorts() const override { return static_cast<unsigned int>(portCount(PortSide::Out)); }

@@ -1,5 +1,6 @@
 #include "engine/graph/node.h"
 
+#include "core/host/ut_performance.h"
 #include "core/host/sc_scene.h"
 #include "engine/attributes/attributeset.h"
 #include "engine/attributes/attributetable.h"
@@ -198,6 +199,19 @@ Node* Node::facingNode(PortSide side) const
 CO_Command* Node::addInPortCommand(unsigned int index)
 {
     return newInPortCommand(*this, index).release();
+}
+
+const std::shared_ptr<TIR_PerformanceTimer>& Node::performanceTimer() const
+{
+    if (!m_timer)
+        m_timer = std::make_shared<TIR_PerformanceTimer>();
+    return m_timer;
+}
+
+void Node::resetPerformanceTimer() const
+{
+    if (m_timer)
+        m_timer->reset();
 }
 
 AttributeSet& Node::attributes() const

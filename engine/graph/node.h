@@ -101,6 +101,10 @@ public:
     /// The mark that a walk left here, one for walks of each direction.
     std::uint64_t& mark(PortSide direction) const { return m_walkMarks[direction == PortSide::In ? 0 : 1]; }
 
+    /// What the node took when the scene was shown last; made when it is first asked for.
+    const std::shared_ptr<TIR_PerformanceTimer>& performanceTimer() const;
+    void resetPerformanceTimer() const;
+
     /// What the node remembers of its transformations; null while it remembers nothing.
     std::unique_ptr<TransformationMemory>& transformationMemory() const { return m_transformations; }
 
@@ -136,6 +140,7 @@ private:
     mutable std::array<std::uint64_t, 2> m_walkMarks = {}; ///< The walks that came here last, one a direction.
     mutable std::unique_ptr<AttributeSet> m_attributes;
     mutable std::unique_ptr<TransformationMemory> m_transformations;
+    mutable std::shared_ptr<TIR_PerformanceTimer> m_timer;
 };
 
 /// The engine's node behind a host node, or null for null and for a node that is not the engine's.

@@ -37,6 +37,29 @@ void ChangeManager::emitNodeChanged(MO_Node* node)
     tell([node](SceneObserver& observer) { observer.nodeChanged(*node); });
 }
 
+void ChangeManager::forceNotify()
+{
+    if (m_missed.exchange(false) || m_posted.exchange(false))
+        tellSceneChanged();
+}
+
+std::shared_ptr<void> ChangeManager::onCurrentFrameChanged(std::function<void()> call)
+{
+    auto listener = std::make_shared<std::function<void()>>(std::move(call));
+    m_frameListeners.push_back(listener);
+    return listener;
+}
+
+void ChangeManager::announceFrame()
+{
+    std::erase_if(m_frameListeners, [](const auto& listener) { return listener.expired(); });
+    const auto told = m_frameListeners;
+    for (const auto& listener : told) {
+        if (const auto call = listener.lock())
+            (*call)();
+    }
+}
+
 void ChangeManager::addObserver(SceneObserver& observer)
 {
     m_observers.push_back(&observer);
@@ -86,8 +109,8 @@ void ChangeManager::tellLater()
     QMetaObject::invokeMethod(
         m_relay.get(),
         [this] {
-            m_posted = false;
-            tellSceneChanged();
+            if (m_posted.exchange(false))
+                tellSceneChanged();
         },
         Qt::QueuedConnection);
 }

@@ -34,6 +34,12 @@ public:
     void emitNodeChanged(MO_Node* node) override;
     void emitDrawingChanged() override { notify(); }
 
+    void emitCurrentSceneChanged(TUScene*) override { tellSceneChanged(); }
+    void forceNotify() override;
+    void viewCacheInvalidated() override { ++m_revision; }
+    std::shared_ptr<void> onCurrentFrameChanged(std::function<void()> call) override;
+    void announceFrame(); ///< Calls the functions that wait for another frame.
+
     std::uint64_t revision() const { return m_revision; }
 
     void addObserver(SceneObserver& observer);
@@ -51,6 +57,7 @@ private:
     std::atomic<bool> m_observed = false;
     std::uint64_t m_revision = 0;
     std::vector<SceneObserver*> m_observers;
+    std::vector<std::weak_ptr<std::function<void()>>> m_frameListeners;
     std::unique_ptr<QObject> m_relay; ///< Posted notices are dropped with it.
 };
 

@@ -216,6 +216,20 @@ bool PR_CachedPreferences::getSpConstantSegment()
     return brindle::engine::preferencesOfUser().constantSegment();
 }
 
+bool PR_CachedPreferences::getOpenGLEnablePlaybackCache()
+{
+    return tuPref()->getBoolValue(QStringLiteral("OPENGL_ENABLE_PLAYBACK_CACHE"), false);
+}
+
+bool PR_CachedPreferences::getAdvancedEnablePerformanceReport()
+{
+    return tuPref()->getBoolValue(QStringLiteral("ADVANCED_ENABLE_PERFORMANCE_REPORT"), false);
+}
+
+/// Nobody listens to the preferences of the open engine: they are asked where they count.
+PR_Preference::DisableEventsScope::DisableEventsScope() = default;
+PR_Preference::DisableEventsScope::~DisableEventsScope() = default;
+
 bool PR_CachedPreferences::getLibraryPasteCreateNewDrawing()
 {
     return tuPref()->getBoolValue(QStringLiteral("LIBRARY_PASTE_CREATE_NEW_DRAWING"), false);

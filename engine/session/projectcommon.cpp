@@ -10,6 +10,12 @@ SC_Id newId()
     return SC_Id(++last);
 }
 
+UT_FrameRate ProjectCommon::frameRate() const
+{
+    const Scene* first = m_scenes.at(0);
+    return first ? first->frameRate() : UT_FrameRate();
+}
+
 void ProjectCommon::setSettings(const ProjectSettings& settings)
 {
     m_settings = settings;

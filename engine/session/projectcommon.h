@@ -49,6 +49,7 @@ public:
     TUElementMgr* elementManager() const override { return const_cast<ElementManager*>(&m_elements); }
     SL_Selection* getSelection() const override { return const_cast<SL_Selection*>(&m_selection); }
 
+    UT_FrameRate frameRate() const override;
     const SC_Resolution* resolution() const override { return &m_settings.picture.resolution; }
     double defaultFov() const override { return m_settings.picture.fov; }
     const SC_SceneMetrics* metrics() const override { return &m_metrics; }
@@ -66,8 +67,8 @@ private:
     ElementFiles m_elementFiles{m_elements};
     ColourFiles m_colourFiles{m_elements.contents()};
     PaletteStore m_palettes;
-    DbSceneData m_dbSceneData{m_palettes};
     SceneManager m_scenes;
+    DbSceneData m_dbSceneData{m_palettes, m_scenes, m_path};
     SL_Selection m_selection{nullptr};
     CommandManager m_history;
 };

@@ -121,6 +121,7 @@ void ProjectManager::closeProject(const ProjectLock& next)
     const std::unique_ptr<Project> closing = std::move(m_project);
     if (closing)
         closing->palettes().close(next);
+    m_closed();
     announceSessionChange();
 }
 

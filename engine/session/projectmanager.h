@@ -3,11 +3,16 @@
 #include "core/host/sc_session.h"
 #include "engine/session/project.h"
 
+#include <functional>
+
 namespace brindle::engine {
 
 /// Opens and closes projects: one at a time. It belongs to the session. What a failure leaves is as before.
 class ProjectManager final : public SC_ProjectManager {
 public:
+    /// `closed` is called whenever a project has been closed.
+    explicit ProjectManager(std::function<void()> closed) : m_closed(std::move(closed)) {}
+
     SC_Project* createProject(const QString& path, QString& error, const QString& howToDiscard) override;
     SC_Project* openProject(const QString& path, QString& error, const QString& howToDiscard) override;
     SC_Project* openProjectReadOnly(const QString& path, QString& error, const QString& howToDiscard) override;
@@ -24,6 +29,7 @@ private:
     void closeProject(const ProjectLock& next);
     SC_Project* replaceProject(std::unique_ptr<Project> project);
 
+    std::function<void()> m_closed;
     std::unique_ptr<Project> m_project;
 };
 

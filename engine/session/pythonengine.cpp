@@ -26,6 +26,12 @@ void SCP_PythonEngine::giveBackLeftLock()
         states->giveBackLeftLock();
 }
 
+void SCP_PythonEngine::log(const QString& text)
+{
+    if (ThreadStates* states = threadStates.load(std::memory_order_acquire))
+        states->write(text);
+}
+
 SCP_PythonEngine::ThreadStateScope::ThreadStateScope(Waiting waiting)
 {
     ThreadStates* states = threadStates.load(std::memory_order_acquire);

@@ -2,6 +2,8 @@
 
 #include "core/host/sc_session.h"
 #include "engine/session/projectsettings.h"
+#include "engine/session/scene.h"
+#include "engine/session/scenemanager.h"
 
 #include <algorithm>
 
@@ -47,6 +49,12 @@ std::vector<TUDbResolution::UsaResolutionTable> DbSceneData::namedResolutions() 
     for (const NamedResolution& row : namedResolutionTable)
         rows.emplace_back(row.name.toString(), row.width, row.height, row.fps, Picture::standardFov);
     return rows;
+}
+
+QString DbSceneData::sceneName() const
+{
+    const Scene* first = m_scenes.at(0);
+    return first ? first->name() : QString();
 }
 
 } // namespace brindle::engine

@@ -6,6 +6,7 @@
 #include "engine/session/colorspaces.h"
 #include "engine/session/projectmanager.h"
 #include "engine/session/projectresponder.h"
+#include "engine/stage/stage.h"
 
 #include <memory>
 
@@ -27,9 +28,12 @@ public:
     SCP_PythonEngine* pythonEngine() const override { return m_python.get(); }
     CEL_ColorSpaceManager* colorSpaceManager() const override;
     AC_Manager* actionManager() const override { return const_cast<ActionManager*>(&m_actions); }
+    PLUG_StageInterface* stage() const override { return const_cast<Stage*>(&m_stage); }
+    PLUG_CurrentFrameInterface* currentFrames() const override { return const_cast<Stage*>(&m_stage); }
 
 private:
-    ProjectManager m_projects;
+    Stage m_stage{*this};
+    ProjectManager m_projects{[this] { m_stage.projectGone(); }};
     ColorSpaceManager m_colorSpaces; ///< Those without a project.
     std::unique_ptr<SCP_PythonEngine> m_python;
     ProjectResponder m_projectResponder{*this};

@@ -1,5 +1,7 @@
 #include "render/graph/evaluator.h"
 
+#include "core/host/ut_performance.h"
+#include "render/graph/stopwatch.h"
 #include "render/workers.h"
 
 #include <algorithm>
@@ -71,6 +73,7 @@ private:
     {
         const Plan::Step& step = m_plan.steps[i];
         Picture& picture = m_states[i].picture;
+        Stopwatch watch(step.timer != nullptr);
         if (isDrawnOver(step)) {
             picture = drawn(i);
         } else {
@@ -79,6 +82,8 @@ private:
                 inputs.push_back(taken(input));
             picture = step.operation->compute(m_plan.size, std::move(inputs));
         }
+        if (step.timer)
+            step.timer->addRendering(watch.lap());
         if (step.isKept)
             m_evaluator.remember(step.operation, picture);
     }

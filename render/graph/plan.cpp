@@ -11,6 +11,8 @@
 #include "core/host/sc_scene.h"
 #include "core/host/sc_session.h"
 #include "core/host/tu_elementmgr.h"
+#include "core/host/ut_performance.h"
+#include "render/graph/stopwatch.h"
 #include "render/raster/placing.h"
 
 #include <algorithm>
@@ -181,11 +183,13 @@ MO_Node* sourceOf(const MO_Port* in)
 /// The way through the graph for one plan. Chains may be longer than the call stack, so it keeps its own.
 class Planner::Walk {
 public:
-    Walk(Planner& planner, const SC_SceneCommon& scene, const View& view, double frame, QStringList& remarks)
+    Walk(Planner& planner, const SC_SceneCommon& scene, const View& view, double frame, bool isMeasured,
+         QStringList& remarks)
         : m_planner(planner),
           m_scene(scene),
           m_view(view),
           m_frame(frame),
+          m_isMeasured(isMeasured),
           m_remarks(remarks)
     {}
 
@@ -199,7 +203,9 @@ public:
                 m_open.pop_back();
                 continue;
             }
+            Stopwatch watch(m_isMeasured);
             const std::vector<MO_Node*> sources = sourcesOf(node);
+            const qint64 traverseTime = watch.lap();
             if (!state.isUnderWay) {
                 state.isUnderWay = true;
                 bool isWaiting = false;
@@ -220,11 +226,18 @@ public:
             std::vector<OperationPtr> inputs;
             for (MO_Node* source : sources)
                 inputs.push_back(source ? m_states[source].result : empty());
+            m_timer = m_isMeasured ? node.performanceTimer() : nullptr;
+            watch.lap();
             m_states[&node].result = operationOf(node, inputs);
+            if (m_timer)
+                m_timer->addVisit(traverseTime, watch.lap());
             m_open.pop_back();
         }
         return m_states[&root].result;
     }
+
+    /// The timers of the nodes that the steps are for, where they are measured.
+    const Timers& timers() const { return m_timers; }
 
     PalettePaints palettes;
 
@@ -238,7 +251,10 @@ private:
     OperationPtr one(Operation operation)
     {
         operation.size = m_view.size();
-        return m_planner.m_operations.one(std::move(operation));
+        OperationPtr step = m_planner.m_operations.one(std::move(operation));
+        if (m_timer)
+            m_timers.try_emplace(step.get(), m_timer);
+        return step;
     }
 
     /// The nodes whose pictures a node needs, by its ports; null where nothing is linked.
@@ -399,7 +415,10 @@ private:
     const SC_SceneCommon& m_scene;
     const View& m_view;
     double m_frame;
+    bool m_isMeasured;
     QStringList& m_remarks;
+    std::shared_ptr<TIR_PerformanceTimer> m_timer; ///< Of the node whose steps are made.
+    Timers m_timers;
     std::vector<MO_Node*> m_open;
     std::unordered_map<const MO_Node*, State> m_states;
 };
@@ -437,7 +456,7 @@ void Planner::forgetUnused()
     });
 }
 
-void Planner::order(const OperationPtr& last, Plan& plan)
+void Planner::order(const OperationPtr& last, const Timers& timers, Plan& plan)
 {
     constexpr std::size_t kOpen = std::size_t(-1);
     std::unordered_map<const Operation*, std::size_t> places;
@@ -457,7 +476,8 @@ void Planner::order(const OperationPtr& last, Plan& plan)
         std::vector<std::size_t> inputs;
         for (const OperationPtr& input : step->inputs)
             inputs.push_back(places.at(input.get()));
-        plan.steps.push_back({step, std::move(inputs), false});
+        const auto timer = timers.find(step.get());
+        plan.steps.push_back({step, std::move(inputs), false, timer == timers.end() ? nullptr : timer->second});
     }
     // What lasts is worth remembering where a step that changes needs it, and at the end.
     plan.steps.back().isKept = m_last.contains(last);
@@ -469,14 +489,15 @@ void Planner::order(const OperationPtr& last, Plan& plan)
     }
 }
 
-Plan Planner::plan(MO_Node& node, double frame, const QSize& size, const SC_Resolution& resolution)
+Plan Planner::plan(MO_Node& node, double frame, const QSize& size, const SC_Resolution& resolution, bool isMeasured)
 {
     ++m_plans;
     Plan plan{.size = size, .steps = {}, .remarks = {}};
     const SC_SceneCommon& scene = *node.sceneCommon();
     const View view(scene, resolution, frame, size);
-    Walk walk(*this, scene, view, frame, plan.remarks);
-    order(walk.of(node), plan);
+    Walk walk(*this, scene, view, frame, isMeasured, plan.remarks);
+    const OperationPtr last = walk.of(node);
+    order(last, walk.timers(), plan);
     plan.remarks += walk.palettes.missing();
     plan.remarks.removeDuplicates();
 

@@ -12,6 +12,7 @@
 class GR_CompositeVectorDrawingObj;
 class MO_Node;
 class SC_Resolution;
+class TIR_PerformanceTimer;
 
 namespace brindle::render {
 
@@ -22,6 +23,8 @@ struct Plan {
         OperationPtr operation;
         std::vector<std::size_t> inputs; ///< By their places among the steps.
         bool isKept;                     ///< It was in the plan before as well, and its picture is worth remembering.
+        /// Of the node that the step is for; null where nothing is measured.
+        std::shared_ptr<TIR_PerformanceTimer> timer{};
     };
 
     QSize size;
@@ -42,14 +45,17 @@ public:
     /// The plan for what a node of a scene shows at a frame, in a picture of this size. The resolution is the
     /// project's, which says how the camera sees. Throws std::runtime_error with one sentence for nodes that feed
     /// themselves.
-    Plan plan(MO_Node& node, double frame, const QSize& size, const SC_Resolution& resolution);
+    ///
+    /// With `isMeasured`, the nodes on the way have added to their timers what they take, and so will the steps.
+    Plan plan(MO_Node& node, double frame, const QSize& size, const SC_Resolution& resolution, bool isMeasured = false);
 
 private:
     class Walk;
 
     std::shared_ptr<const Art> artOf(EM_DrawingId id, const GR_CompositeVectorDrawingObj& drawing,
                                      PalettePaints& palettes, QStringList& remarks);
-    void order(const OperationPtr& last, Plan& plan);
+    using Timers = std::unordered_map<const Operation*, std::shared_ptr<TIR_PerformanceTimer>>;
+    void order(const OperationPtr& last, const Timers& timers, Plan& plan);
     void forgetUnused();
 
     struct KnownArt {

@@ -107,6 +107,13 @@ public:
         const InterpreterScope inside;
         OMC::ThreadManagerState::giveBackLeftLock();
     }
+    void write(const QString& text) override
+    {
+        if (!canEnterInterpreter())
+            return;
+        const InterpreterScope inside;
+        PySys_FormatStdout("%s", text.toUtf8().constData());
+    }
 
 private:
     struct Left {

@@ -76,6 +76,7 @@ public:
     CO_CommandManager* commandManager() const override { return commands; }
     SC_SceneManager* sceneManager() const override { return scenes; }
     TUDbSceneData* dbSceneData() const override { return sceneData; }
+    UT_FrameRate frameRate() const override { return UT_FrameRate(); }
     const SC_Resolution* resolution() const override { return picture; }
     double defaultFov() const override { return fov; }
     const SC_SceneMetrics* metrics() const override { return measures; }

@@ -126,6 +126,7 @@ public:
     CO_CommandManager* commandManager() const override { return nullptr; }
     SC_SceneManager* sceneManager() const override { return nullptr; }
     TUDbSceneData* dbSceneData() const override { return nullptr; }
+    UT_FrameRate frameRate() const override { return UT_FrameRate(); }
     const SC_Resolution* resolution() const override { return nullptr; }
     double defaultFov() const override { return 0.0; }
     const SC_SceneMetrics* metrics() const override { return nullptr; }
