@@ -1,5 +1,6 @@
 #include "app/desk/mainwindow.h"
 
+#include "app/desk/camerapanel.h"
 #include "app/desk/console/consolepanel.h"
 #include "app/desk/dialogs.h"
 #include "app/desk/logpanel.h"
@@ -19,6 +20,7 @@ namespace {
 
 constexpr int messageTime = 5'000; ///< In milliseconds.
 constexpr int firstLogHeight = 170;
+constexpr int firstCameraWidth = 480;
 
 } // namespace
 
@@ -39,12 +41,14 @@ MainWindow::MainWindow(SC_SessionContext& session, BAPP_ScriptConsole& console, 
       m_run(tr("&Run Script...")),
       m_interrupt(tr("&Interrupt Script")),
       m_log(new LogPanel(showsDebug, this)),
-      m_console(new ConsolePanel(m_scripts, files.history, this))
+      m_console(new ConsolePanel(m_scripts, files.history, this)),
+      m_camera(new CameraPanel(*session.stage(), m_project, this))
 {
     m_run.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
     m_interrupt.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Period));
     setCentralWidget(m_console);
-    addLog();
+    addDock(tr("Camera"), QStringLiteral("camera"), m_camera, Qt::RightDockWidgetArea);
+    addDock(tr("Log"), QStringLiteral("log"), m_log, Qt::BottomDockWidgetArea);
     addMenus();
     addSlots();
     connect(&m_run, &QAction::triggered, this, &MainWindow::runScript);
@@ -59,20 +63,25 @@ MainWindow::MainWindow(SC_SessionContext& session, BAPP_ScriptConsole& console, 
     m_console->setFocus();
 }
 
-/// The console uses what is destroyed ahead of a widget's children.
+/// Console and camera view use what is destroyed ahead of a widget's children.
 MainWindow::~MainWindow()
 {
+    delete m_camera;
     delete m_console;
 }
 
-void MainWindow::addLog()
+/// The place of a dock is kept under its name.
+void MainWindow::addDock(const QString& title, const QString& name, QWidget* panel, Qt::DockWidgetArea area)
 {
-    auto* dock = new QDockWidget(tr("Log"), this);
-    // The name under which its place is kept.
-    dock->setObjectName("log");
-    dock->setWidget(m_log);
-    addDockWidget(Qt::BottomDockWidgetArea, dock);
-    resizeDocks({dock}, {firstLogHeight}, Qt::Vertical);
+    auto* dock = new QDockWidget(title, this);
+    dock->setObjectName(name);
+    dock->setWidget(panel);
+    addDockWidget(area, dock);
+    m_layout.add(*dock);
+    if (area == Qt::BottomDockWidgetArea)
+        resizeDocks({dock}, {firstLogHeight}, Qt::Vertical);
+    else
+        resizeDocks({dock}, {firstCameraWidth}, Qt::Horizontal);
 }
 
 void MainWindow::addMenus()

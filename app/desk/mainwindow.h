@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/desk/layout.h"
 #include "app/desk/menuresponder.h"
 #include "app/desk/openproject.h"
 #include "app/desk/projectactions.h"
@@ -9,12 +10,14 @@
 
 namespace app::desk {
 
+class CameraPanel;
 class ConsolePanel;
 class Dialogs;
 class LogPanel;
 
-/// The window of a session: its project in the title, the script console in the middle, the log in a dock, and the
-/// menus. It belongs to whoever made it, who keeps the session, the interpreter and the dialogs for longer.
+/// The window of a session: its project in the title, the script console in the middle, the camera view and the log
+/// in docks, and the menus. It belongs to whoever made it, who keeps the session, the interpreter and the dialogs for
+/// longer.
 class MainWindow final : public QMainWindow {
     Q_OBJECT
 
@@ -31,6 +34,7 @@ public:
     ~MainWindow() override;
 
     ConsolePanel& console() const { return *m_console; }
+    CameraPanel& camera() const { return *m_camera; }
     LogPanel& log() const { return *m_log; }
     ProjectActions& projectActions() { return m_actions; }
     QAction& runAction() { return m_run; }
@@ -47,7 +51,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void addLog();
+    void addDock(const QString& title, const QString& name, QWidget* panel, Qt::DockWidgetArea area);
     void addMenus();
     void addSlots();
     void runScript();
@@ -64,6 +68,8 @@ private:
     QAction m_interrupt;
     LogPanel* m_log; ///< Ahead of what may write to it.
     ConsolePanel* m_console;
+    CameraPanel* m_camera;
+    Layout m_layout; ///< Of the docks.
     int m_exitCode = 0;
 };
 

@@ -266,7 +266,7 @@ TEST_F(MainWindowTest, TheMenusOfferWhatThereIs)
     }
     EXPECT_EQ(texts, QStringList({"&File > &Save", "&File > Save &As...", "&File > &Run Script...",
                                   "&File > &Interrupt Script", "&File > &Quit", "&Edit > &Undo", "&Edit > &Redo",
-                                  "&View > Log"}));
+                                  "&View > Camera", "&View > Log"}));
     for (const QDockWidget* dock : window->findChildren<QDockWidget*>())
         EXPECT_TRUE(dock->isVisible()) << dock->objectName().toStdString();
 }
