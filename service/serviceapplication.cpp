@@ -2,6 +2,7 @@
 
 #include "core/bridges/javascript.h"
 #include "core/elements/elementlist.h"
+#include "core/metrics/metrics.h"
 #include "core/scene/project.h"
 #include "core/scene/scene.h"
 #include "core/scene/scenelist.h"
@@ -71,6 +72,12 @@ OMC::Obj ServiceApplication::getActions() const
 OMC::Obj ServiceApplication::getAbout() const
 {
     return new OMC::About;
+}
+
+OMC::Obj ServiceApplication::getMetrics() const
+{
+    project();
+    return new OMC::Metrics;
 }
 
 OMC::Obj ServiceApplication::getViews() const

@@ -22,6 +22,7 @@ class ServiceApplication : public OMC::Application {
     Q_PROPERTY(OMC::Obj preferences READ getPreferences)
     Q_PROPERTY(OMC::Obj actions READ getActions)
     Q_PROPERTY(OMC::Obj about READ getAbout)
+    Q_PROPERTY(OMC::Obj metrics READ getMetrics)
     Q_PROPERTY(OMC::Obj views READ getViews)
     Q_PROPERTY(OMC::Obj tools READ getTools)
     Q_PROPERTY(OMC::Obj selection READ getSelection)
@@ -42,6 +43,7 @@ public:
     OMC::Obj getPreferences() const; ///< The preferences of the person. On the main thread alone.
     OMC::Obj getActions() const;     ///< The actions of menus and toolbars. On the main thread alone.
     OMC::Obj getAbout() const;       ///< What the script runs in.
+    OMC::Obj getMetrics() const;     ///< Measures how fast the scene is shown.
     OMC::Obj getViews() const;       ///< The kinds of views, by name.
     OMC::Obj getTools() const;       ///< The tools; there are none yet.
     OMC::Obj getSelection() const;   ///< The selection, which holds nothing yet.

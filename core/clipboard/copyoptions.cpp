@@ -28,10 +28,7 @@ QVariantMap CopyOptions::fields() const
 
 std::string CopyOptions::__str__() const
 {
-    using options::word;
-    const QStringList words = {word(addModellingDir), word(addScanFiles), word(includeDefaultCameraName),
-                               word(startFrameSrc), word(numFrameSrc)};
-    return QStringLiteral("CopyOptions([%1])").arg(words.join(u',')).toStdString();
+    return options::text<CopyOptions>("CopyOptions", *this, copyFields);
 }
 
 } // namespace OMC

@@ -15,11 +15,11 @@
 /// themselves as such a text.
 namespace OMC::options {
 
-/// A field of an object of options: a flag, a whole number, or a text that goes through its setter.
+/// A field of an object of options: a flag, a whole number, a text, or a text that goes through its setter.
 template <typename Options>
 struct Field {
     std::string_view key;
-    std::variant<bool Options::*, int Options::*, void (Options::*)(const QString&)> member;
+    std::variant<bool Options::*, int Options::*, QString Options::*, void (Options::*)(const QString&)> member;
 };
 
 /// The values in a positional text, in lower case, without blanks and double quotes.
@@ -48,6 +48,8 @@ void set(Options& options, const Field<Options>& field, Flag flag, Number number
         options.*(*asFlag) = flag();
     else if (const auto* asNumber = std::get_if<int Options::*>(&field.member))
         options.*(*asNumber) = number();
+    else if (const auto* asText = std::get_if<QString Options::*>(&field.member))
+        options.*(*asText) = text();
     else
         (options.*std::get<void (Options::*)(const QString&)>(field.member))(text());
 }
@@ -81,7 +83,7 @@ void read(Options& options, const QVariant& value, std::span<const Field<Options
     }
 }
 
-/// The flags and numbers among the fields, by their keys.
+/// The fields without a setter, by their keys.
 template <typename Options>
 QVariantMap values(const Options& options, std::span<const Field<Options>> fields)
 {
@@ -92,8 +94,26 @@ QVariantMap values(const Options& options, std::span<const Field<Options>> field
             told.insert(key, options.*(*flag));
         else if (const auto* number = std::get_if<int Options::*>(&field.member))
             told.insert(key, options.*(*number));
+        else if (const auto* text = std::get_if<QString Options::*>(&field.member))
+            told.insert(key, options.*(*text));
     }
     return told;
+}
+
+/// "CopyOptions([True,True,True,1,0])": the name of the class, and the fields without a setter.
+template <typename Options>
+std::string text(const char* name, const Options& options, std::span<const Field<Options>> fields)
+{
+    QStringList words;
+    for (const Field<Options>& field : fields) {
+        if (const auto* flag = std::get_if<bool Options::*>(&field.member))
+            words.append(word(options.*(*flag)));
+        else if (const auto* number = std::get_if<int Options::*>(&field.member))
+            words.append(word(options.*(*number)));
+        else if (const auto* text = std::get_if<QString Options::*>(&field.member))
+            words.append(word(options.*(*text)));
+    }
+    return QStringLiteral("%1([%2])").arg(QLatin1String(name), words.join(u',')).toStdString();
 }
 
 } // namespace OMC::options

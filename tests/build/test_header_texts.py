@@ -160,8 +160,8 @@ def test_no_row_says_what_a_header_says():
     twice = []
     for path in sorted((ROOT / "service/python").glob("*/*.cpp")):
         owner = None
-        for part in re.split(r"(?=\bClass<|\.method<|\.staticMethod<)", path.read_text()):
-            if match := re.match(r"Class<([\w:]+)>", part):
+        for part in re.split(r"(?=\b(?:optionsC|C)lass<|\.method<|\.staticMethod<)", path.read_text()):
+            if match := re.match(r"(?:optionsC|C)lass<([\w:]+)>", part):
                 owner = match[1].rpartition("::")[2]
             elif (match := re.match(r'\.(?:method|staticMethod)<"(\w+)"', part)) and re.search(r'>\(\s*"', part):
                 if said.get(owner, {}).get(match[1]):

@@ -9,8 +9,8 @@ import support
 
 UNEXPECTED = "An unexpected error has occurred."
 # What belongs to the session, or to the person.
-SESSION = {"javascript", "javascript object", "javascript script", "preferences", "preference", "actions", "about", "views",
-           "tools", "selection"}
+SESSION = {"javascript", "javascript object", "javascript script", "preferences", "preference", "actions", "about",
+           "metrics", "views", "tools", "selection"}
 # What lies in no project.
 PICTURES = {"cel", "empty cel", "node data"}
 KEPT_BY_CLOSING = {"application", "copy object", "drawing access", "enum option", "locked block", *SESSION, *PICTURES,

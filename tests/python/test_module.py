@@ -8,6 +8,7 @@ import brindle
 import pytest
 
 import support
+from test_metrics import OPTIONS as METRICS_OPTIONS
 from test_paste_options import FIELDS as OPTIONS
 
 CLASSES = brindle._describe()
@@ -33,6 +34,7 @@ MEMBERS = {
     "Point2d": ("x", "y"), "Point3d": ("x", "y", "z"), "Rect2D": ("width", "height"), "Rect2DI": ("width", "height"),
     "AllocatedRect2D": ("x", "y"), "AllocatedRect2DI": ("x", "y"), "FrameOptions": ("ripple_markers", "extend_exposure"),
     "PaletteGradientPosition": ("position",), **OPTIONS,
+    **{kind.__name__: tuple(fields) for kind, fields in METRICS_OPTIONS.items()},
 }
 
 # Classes that hold nothing yet, and that nothing gives.

@@ -6,27 +6,9 @@
 #include "core/clipboard/pasteoptions.h"
 #include "service/python/enginegate.h"
 #include "service/python/family.h"
+#include "service/python/options.h"
 
 namespace brindle::python {
-
-/// The options of a call: an object, which stays the script's; a dictionary that one is made of; or none. An object of
-/// another class is left to the call, which has a sentence for it.
-template <typename Options>
-struct OptionsArgument {
-    OMC::Obj handle;
-};
-
-template <typename Options>
-struct From<OptionsArgument<Options>> {
-    static constexpr const char* type = "an object of options or a dict";
-    static bool accepts(PyObject* value) { return isWrapper(value) || PyDict_Check(value); }
-    static OptionsArgument<Options> read(PyObject* value, unsigned int)
-    {
-        return {OMC::Obj(isWrapper(value) ? heldObject(value) : new Options(variantFrom(value)))};
-    }
-    static constexpr bool isDefault(std::string_view text) { return text == "None"; }
-    static OptionsArgument<Options> fallback(std::string_view) { return {}; }
-};
 
 namespace {
 

@@ -1,8 +1,7 @@
+#include "service/python/options.h"
 #include "core/clipboard/copyoptions.h"
 #include "core/clipboard/pasteactionoptions.h"
 #include "core/clipboard/pasteoptions.h"
-#include "service/python/family.h"
-#include "service/python/valueprotocol.h"
 
 namespace brindle::python {
 
@@ -11,56 +10,6 @@ namespace {
 using OMC::CopyOptions;
 using OMC::PasteActionOptions;
 using OMC::PasteOptions;
-
-template <typename Options>
-QVariantList stateOf(const Options& options)
-{
-    return {options.fields()};
-}
-
-template <typename Options>
-Options* optionsOf(const QVariantList& state)
-{
-    if (state.size() != 1 || state.first().typeId() != QMetaType::QVariantMap)
-        OMC::BaseObject::throwInvalidArgument(1);
-    return new Options(state.first());
-}
-
-QString written(const QVariant& value)
-{
-    switch (value.typeId()) {
-    case QMetaType::Bool:
-        return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
-    case QMetaType::Int:
-        return QString::number(value.toInt());
-    default:
-        return u'\'' + value.toString() + u'\'';
-    }
-}
-
-/// "CopyOptions({'num_frame_src': 24})": what differs from the defaults.
-template <typename Options>
-std::string textOf(const Options& options, const std::string& type)
-{
-    const QVariantMap defaults = Options().fields();
-    const QVariantMap fields = options.fields();
-    QStringList told;
-    for (auto field = fields.begin(); field != fields.end(); ++field) {
-        if (defaults.value(field.key()) != field.value())
-            told.append(QStringLiteral("'%1': %2").arg(field.key(), written(field.value())));
-    }
-    const QString arguments = told.isEmpty() ? QString() : u'{' + told.join(QStringLiteral(", ")) + u'}';
-    return shortName(type) + QStringLiteral("(%1)").arg(arguments).toStdString();
-}
-
-/// A class of options, which is copied, pickled and shown by its fields.
-template <typename Options>
-Class<Options> optionsClass()
-{
-    Class<Options> table;
-    table.template value<&stateOf<Options>, &optionsOf<Options>, &textOf<Options>>();
-    return table;
-}
 
 const Family family([]() -> std::vector<ClassTable> {
     return {

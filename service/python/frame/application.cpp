@@ -43,6 +43,7 @@ const Family family([]() -> std::vector<ClassTable> {
             .property("preferences", "Preferences")
             .property("actions", "Actions")
             .property("about", "About")
+            .property("metrics", "Metrics")
             .property("views", "ViewMap")
             .property("tools", "ToolList")
             .property("selection", "Selection")

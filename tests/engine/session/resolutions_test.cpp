@@ -1,6 +1,8 @@
 #include "engine/session/resolutions.h"
 
 #include "engine/palettes/palettestore.h"
+#include "engine/session/scene.h"
+#include "engine/session/scenemanager.h"
 
 #include "tests/engine/support/memoryproject.h"
 
@@ -18,6 +20,14 @@ public:
         return {Row("Wide", 300, 100, 12, 60, TUDbResolution::kFitWidth, TUDbResolution::kOrthogonal),
                 Row("Low", 200, 100, 24, 30), Row("Wide", 1, 1, 1, 1)};
     }
+};
+
+/// Those of a project without scenes.
+struct Tables {
+    brindle::engine::PaletteStore palettes;
+    brindle::engine::SceneManager scenes;
+    QString path;
+    brindle::engine::DbSceneData data{palettes, scenes, path};
 };
 
 struct Found {
@@ -47,15 +57,14 @@ TEST(ResolutionsTest, TheTableHasTheCommonFormats)
         {"UHD_8K", 7680, 4320, 24},  {"DCI_2K", 2048, 1080, 24}, {"DCI_4K", 4096, 2160, 24},
         {"FILM_2K", 2048, 1556, 24}, {"PAL", 720, 576, 25},      {"NTSC", 720, 486, 30000.0 / 1001.0},
     };
-    const brindle::engine::PaletteStore palettes;
-    brindle::engine::DbSceneData data(palettes);
+    Tables tables;
     for (const auto& [name, width, height, fps] : formats) {
         const brindle::engine::NamedResolution* row = brindle::engine::findNamedResolution(QString(name));
         ASSERT_TRUE(row) << name;
         EXPECT_EQ(row->width, width) << name;
         EXPECT_EQ(row->height, height) << name;
         EXPECT_EQ(row->fps, fps) << name;
-        const Found found(data, name);
+        const Found found(tables.data, name);
         EXPECT_TRUE(found.is) << name;
         EXPECT_EQ(found.width, width) << name;
         EXPECT_EQ(found.height, height) << name;
@@ -67,10 +76,9 @@ TEST(ResolutionsTest, TheTableHasTheCommonFormats)
 
 TEST(ResolutionsTest, EachRowHasANameOfItsOwn)
 {
-    const brindle::engine::PaletteStore palettes;
-    brindle::engine::DbSceneData data(palettes);
+    Tables tables;
     QSet<QString> names;
-    for (const Row& row : TUDbResolution::getResolutions(data, false)) {
+    for (const Row& row : TUDbResolution::getResolutions(tables.data, false)) {
         EXPECT_FALSE(names.contains(row.name())) << row.name().toStdString();
         names.insert(row.name());
         EXPECT_TRUE(brindle::engine::isAcceptable(brindle::engine::Picture::named(row.name())))
