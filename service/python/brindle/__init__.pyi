@@ -1748,7 +1748,7 @@ class Path3DControlPointValue(BaseObject):
 class ColumnList(ListObj[Column]):
     """The columns of a scene, in the order of the exposure sheet. list["name"] finds a column by its name, in constant time. A loop over a scene without columns fails."""
     def create(self, type: str, name: str = '', options: dict[str, object] | None = None) -> Column:
-        """Makes a column: of type "DRAWING", "SOUND", "3D_PATH", "BEZIER", "EASE", "EXPR", "TIMING", "VELOBASED", "QUATERNION_PATH", "ANNOTATION" or "FILE_LIBRARY", in any case of letters. Without a name it is anonymous. The options are read for a drawing column alone, which gets an element of its own: {"scanType": "COLOR", "GRAY_SCALE" or "BW", "fieldChart": a number, "pixmapFormat": a format's name, "vectorType": a text, "createNode": whether a node shows it}."""
+        """Makes a column: of type "DRAWING", "SOUND", "3D_PATH", "BEZIER", "EASE", "EXPR", "TIMING", "VELOBASED", "QUATERNION_PATH", "ANNOTATION" or "FILE_LIBRARY", in any case of letters. Without a name it is anonymous. The options are read for a drawing column alone, which gets an element of its own: {"scanType": "COLOR", "GRAY_SCALE" or "BW", "fieldChart": a number, "pixmapFormat": a format's name, "vectorType": a text that changes nothing, "createNode": whether a node shows it}. The element holds vector drawings, and images once its `vector_type` is set to ""."""
         ...
     def remove(self, selector: ColumnsLike) -> None:
         """Removes columns, all or none. One that is still linked is refused, and so are those of annotations and libraries."""
@@ -1924,11 +1924,16 @@ class DrawingVectorArtLayer(DrawingArtLayer):
     def empty(self) -> bool:
         """Whether there is no stroke, text or picture; layers without any don't count."""
         ...
-    def add(self, value: str | BaseObject | Sequence[object]) -> AnyDrawingLayer:
-        """Adds layers under the top one and gives them: an empty one for the name of a layer type ("PEN_LAYER"); copies of all layers of an art layer, which go on top; copies of layers; or a layer with a copy of a stroke, for each stroke. Lists give lists. None for anything else."""
+    @overload
+    def add(self, type: str) -> AnyDrawingLayer:
+        """Adds layers under the top one and gives them: an empty one for the name of a layer type ("PEN_LAYER"); copies of all layers of an art layer, which go on top; copies of layers; or a layer with a copy of a stroke, for each stroke. A name gives the layer, the others give a list of layers; anything else gives None."""
+        ...
+    @overload
+    def add(self, source: BaseObject | Sequence[object]) -> _list[AnyDrawingLayer]:
+        """Adds layers under the top one and gives them: an empty one for the name of a layer type ("PEN_LAYER"); copies of all layers of an art layer, which go on top; copies of layers; or a layer with a copy of a stroke, for each stroke. A name gives the layer, the others give a list of layers; anything else gives None."""
         ...
     def remove(self, value: int | BaseObject | Sequence[object]) -> None:
-        """Removes a layer, given as itself or its index, or a stroke of a layer; those in a list too."""
+        """Removes a layer, given as itself or its index, or a stroke of a layer; or the layers or strokes of a list."""
         ...
     def clear(self) -> None:
         """Removes all layers."""
@@ -2184,7 +2189,7 @@ class DrawingAccess(BaseObject):
         """Puts copies of all layers of an art layer (without one, of the art layer under edit) above those of another one."""
         ...
     def stroke_create(self, path: CurveLike | dict[str, object] | Sequence[object], target: LayerOrStroke, line_style: DrawingVectorLineStyle | None = None, side: str = 'LEFT', colour: VectorColourLike | None = None) -> DrawingVectorStroke | _list[DrawingVectorStroke]:
-        """Makes strokes in a layer, or in the layer of a stroke: of a path, or of a list of paths, which gives a list. In the list a stroke may also be a map, as in `vector_layers_create`, whose keys go ahead of the other arguments. The side that takes the colour is "LEFT" or "RIGHT", in any case of letters."""
+        """Makes strokes in a layer, or in the layer of a stroke: of a path, or of a list of paths, which gives a list. A path needs a line style and a colour; the side that takes the colour is "LEFT" or "RIGHT", in any case of letters. A stroke may also be a map, as in `vector_layers_create`: its keys go ahead of the other arguments, which may be left out, and "type" makes a layer of its own above that layer."""
         ...
     def stroke_copy(self, strokes: StrokesLike, target: LayerOrStroke) -> DrawingVectorStroke | _list[DrawingVectorStroke]:
         """Copies strokes into a layer, or into the layer of a stroke: gives one for a stroke, a list for a list."""
@@ -2315,9 +2320,9 @@ class DrawingVectorLineStyle(BaseObject):
         """Whether pictures show the line: of type hair or thick."""
         ...
     texture_scaling: _Property[Vector2d, PointLike]
-    """The size of one picture along and across the line, a Vector2d."""
+    """The factors, a Vector2d, by which a picture of the texture is enlarged along and across the line. At (1, 1) the picture is as wide as the line; it is as long as its own proportions make it where the texture is tiled, else as long as the line. A factor below 0 mirrors it."""
     texture_offset: _Property[Vector2d, PointLike]
-    """By how much the texture is moved along and across the line, a Vector2d."""
+    """How far the texture is moved along the line and to its left, a Vector2d in lengths and widths of one picture."""
     @property
     def texture_tiled(self) -> bool:
         """Whether the texture repeats."""
@@ -2342,7 +2347,7 @@ class DrawingVectorLineStyle(BaseObject):
     def opacity_texture_tiled(self, value: bool) -> None: ...
     @property
     def texture_wrap_at_tip(self) -> bool:
-        """Whether textures go on over the tips of the line."""
+        """Whether textures cover the tips of the line as well; otherwise the tips continue what the line's ends show."""
         ...
     @texture_wrap_at_tip.setter
     def texture_wrap_at_tip(self, value: bool) -> None: ...
@@ -3419,6 +3424,10 @@ class Application(BaseObject):
         """What the script runs in."""
         ...
     @property
+    def metrics(self) -> Metrics:
+        """Measures how fast the scene is shown."""
+        ...
+    @property
     def views(self) -> ViewMap:
         """The kinds of views, by name."""
         ...
@@ -3489,6 +3498,7 @@ class Application(BaseObject):
     def get_preferences(self) -> Preferences: ...
     def get_actions(self) -> Actions: ...
     def get_about(self) -> About: ...
+    def get_metrics(self) -> Metrics: ...
     def get_views(self) -> ViewMap: ...
     def get_tools(self) -> ToolList: ...
     def get_selection(self) -> Selection: ...
@@ -4418,6 +4428,130 @@ class Vector3d(Point3d):
         ...
 
 
+class Metrics(BaseObject):
+    """Measures how fast the open scene is traversed, computed, rendered and played, and writes a report about it."""
+    def generate_performance_report(self, options: ReportOptions | OptionsLike | None = None) -> None:
+        """Tests frames one by one, plays the scene, and writes the ratings and all figures to a CSV file: a rating of 100 means that the scene keeps up with the project's frame rate. Without options, 5 loops over all frames and every tenth frame, into the scene's folder. Needs a visible camera view."""
+        ...
+    def generate_node_visit_data(self, options: NodeVisitOptions | OptionsLike | None = None) -> _list[str]:
+        """How often each node is visited for a frame, and what it takes: lines of lists, those with the most first. Without options, 10 nodes at the current frame."""
+        ...
+    def generate_playback_rendering_time(self, options: PlaybackOptions | OptionsLike | None = None) -> _list[str]:
+        """Plays the scene, and gives the averages over its frames. Without options, once over all frames. Needs a visible camera view."""
+        ...
+    def generate_static_info(self) -> _list[str]:
+        """Facts about the machine, the project and the views, a line each."""
+        ...
+
+
+class NodeVisitOptions(BaseObject):
+    """How a visit of the nodes is measured."""
+    @overload
+    def __init__(self) -> None: ...
+    @overload
+    def __init__(self, value: OptionsLike) -> None: ...
+    @property
+    def frame(self) -> int:
+        """The frame at which nodes are visited; 0 stands for the current one."""
+        ...
+    @frame.setter
+    def frame(self, value: int) -> None: ...
+    @property
+    def top_count(self) -> int:
+        """How many nodes each list shows, those with the most first."""
+        ...
+    @top_count.setter
+    def top_count(self, value: int) -> None: ...
+    @property
+    def cache_enabled(self) -> bool:
+        """Whether pictures that views keep may be used."""
+        ...
+    @cache_enabled.setter
+    def cache_enabled(self, value: bool) -> None: ...
+
+
+class PlaybackOptions(BaseObject):
+    """How a playback is measured."""
+    @overload
+    def __init__(self) -> None: ...
+    @overload
+    def __init__(self, value: OptionsLike) -> None: ...
+    @property
+    def frame_start(self) -> int:
+        """The first frame; 0 stands for the first one that the application plays."""
+        ...
+    @frame_start.setter
+    def frame_start(self, value: int) -> None: ...
+    @property
+    def frame_end(self) -> int:
+        """The last frame; 0 stands for the last one that the application plays."""
+        ...
+    @frame_end.setter
+    def frame_end(self, value: int) -> None: ...
+    @property
+    def loop_count(self) -> int:
+        """How often the frames are played, 1 to 100 times."""
+        ...
+    @loop_count.setter
+    def loop_count(self, value: int) -> None: ...
+    @property
+    def cache_enabled(self) -> bool:
+        """Whether pictures of frames are kept while they are played. The default is the person's preference."""
+        ...
+    @cache_enabled.setter
+    def cache_enabled(self, value: bool) -> None: ...
+
+
+class ReportOptions(BaseObject):
+    """What a performance report measures, and where it is written."""
+    @overload
+    def __init__(self) -> None: ...
+    @overload
+    def __init__(self, value: OptionsLike) -> None: ...
+    @property
+    def frame_start(self) -> int:
+        """The first frame; 0 stands for the first one that the application plays."""
+        ...
+    @frame_start.setter
+    def frame_start(self, value: int) -> None: ...
+    @property
+    def frame_end(self) -> int:
+        """The last frame; 0 stands for the last one that the application plays."""
+        ...
+    @frame_end.setter
+    def frame_end(self, value: int) -> None: ...
+    @property
+    def split_count(self) -> int:
+        """How many frames are tested one by one; 0 stands for every tenth."""
+        ...
+    @split_count.setter
+    def split_count(self, value: int) -> None: ...
+    @property
+    def loop_count(self) -> int:
+        """How often the frames are played; 0 stands for 5 times."""
+        ...
+    @loop_count.setter
+    def loop_count(self, value: int) -> None: ...
+    @property
+    def top_count(self) -> int:
+        """How many nodes each list shows; 0 stands for 5."""
+        ...
+    @top_count.setter
+    def top_count(self, value: int) -> None: ...
+    @property
+    def cache_enabled(self) -> bool:
+        """Whether pictures of frames are kept while they are played. The default is the person's preference."""
+        ...
+    @cache_enabled.setter
+    def cache_enabled(self, value: bool) -> None: ...
+    @property
+    def file_path(self) -> str:
+        """The file; empty for one of its own, by the time, in the folder of the scene."""
+        ...
+    @file_path.setter
+    def file_path(self, value: str) -> None: ...
+
+
 class Cel(BaseObject):
     """A picture: pixels, or a 3D object as the file that it is."""
     def __init__(self) -> None: ...
@@ -4505,7 +4639,7 @@ class Node(BaseObject):
     def type(self) -> str:
         """The kind of node: "PEG", "READ", "COMPOSITE", ..."""
         ...
-    position: _Property[Node_Coordinates, PointLike]
+    position: _Property[Node_Coordinates, Point2d | Point3d | Node_Coordinates | Sequence[float] | float]
     """The place in the node view, y growing downwards: Node_Coordinates when read, also of an invalid node; when written a list of two or three numbers, a point or another node's coordinates. What tells no z keeps the node's; fractions are cut off."""
     @property
     def width(self) -> int:
@@ -4538,7 +4672,7 @@ class Node(BaseObject):
     @locked.setter
     def locked(self, value: bool) -> None: ...
     colour: _Property[Node_Colour, ColourLike]
-    """The colour in the node view: Node_Colour when read, also of an invalid node; takes every form of a colour."""
+    """The colour in the node view: Node_Colour when read; takes every form of a colour."""
     @property
     def cacheable(self) -> bool:
         """Whether the node's pictures can be kept."""
@@ -4602,7 +4736,7 @@ class Node(BaseObject):
     def set_path(self, value: str, /) -> None: ...
     def get_type(self) -> str: ...
     def get_position(self) -> Node_Coordinates: ...
-    def set_position(self, value: PointLike, /) -> None: ...
+    def set_position(self, value: Point2d | Point3d | Node_Coordinates | Sequence[float] | float, /) -> None: ...
     def get_width(self) -> int: ...
     def get_height(self) -> int: ...
     def get_rect(self) -> AllocatedRect2D: ...
@@ -4884,7 +5018,7 @@ class Backdrop(BaseObject):
     @title_font_size.setter
     def title_font_size(self, value: float) -> None: ...
     title_font_colour: _Property[Colour, ColourLike]
-    """The title's colour; takes every form that Colour takes."""
+    """The title's colour; takes every form that Colour takes; a list of three channels keeps the alpha."""
     @property
     def description_font(self) -> str:
         """The family of the description's font."""
@@ -4898,9 +5032,9 @@ class Backdrop(BaseObject):
     @description_font_size.setter
     def description_font_size(self, value: float) -> None: ...
     description_font_colour: _Property[Colour, ColourLike]
-    """The description's colour; takes every form that Colour takes."""
+    """The description's colour; takes every form that Colour takes; a list of three channels keeps the alpha."""
     colour: _Property[Colour, ColourLike]
-    """The colour of the rectangle; takes every form that Colour takes."""
+    """The colour of the rectangle; takes every form that Colour takes; a list of three channels keeps the alpha."""
     def match(self, other: Backdrop) -> None:
         """Takes all properties of another backdrop, as one undo entry."""
         ...
@@ -6198,12 +6332,12 @@ class Scene(BaseObject):
         """All nodes of the scene, at any depth."""
         ...
     @property
-    def columns(self) -> ColumnList:
-        """The columns of the scene."""
-        ...
-    @property
     def compositions(self) -> CompositionList:
         """Not supported: reading it always fails."""
+        ...
+    @property
+    def columns(self) -> ColumnList:
+        """The columns of the scene."""
         ...
     display: _Property[DisplayNode | None, NodesLike | None]
     """The default display, or None; written with a node in any form, or None to unset it."""
@@ -6256,8 +6390,8 @@ class Scene(BaseObject):
     def get_sounds(self) -> _list[Sound]: ...
     def get_top(self) -> GroupNode: ...
     def get_nodes(self) -> NodeList: ...
-    def get_columns(self) -> ColumnList: ...
     def get_compositions(self) -> CompositionList: ...
+    def get_columns(self) -> ColumnList: ...
     def get_display(self) -> DisplayNode | None: ...
     def set_display(self, value: NodesLike | None, /) -> None: ...
     def get_display_name(self) -> str | None: ...
@@ -6287,16 +6421,16 @@ class SceneList(ListObj[Scene]):
 
 
 class SceneAspect(BaseObject):
-    """The shape of the field chart's units: how wide and high the picture is, measured in them. It is the whole project's."""
+    """The sides of the project's aspect ratio (4 x 3), divided by the units of the field chart along them."""
     @property
     def x(self) -> float:
-        """The chart's aspect across, for each unit; what it makes of the chart's units loses its fraction."""
+        """The ratio's width for each unit across. Writing it makes the width a whole number: the value times the units, without its fraction."""
         ...
     @x.setter
     def x(self, value: float) -> None: ...
     @property
     def y(self) -> float:
-        """The chart's aspect up, for each unit; what it makes of the chart's units loses its fraction."""
+        """The ratio's height for each unit up. Writing it makes the height a whole number: the value times the units, without its fraction."""
         ...
     @y.setter
     def y(self, value: float) -> None: ...
@@ -6358,27 +6492,27 @@ class SceneUnitConverter(BaseObject):
     """Converts between the two coordinate systems of a scene: the units of its field chart, in which people think, and OpenGL units, in which the picture is drawn."""
     @overload
     def to_field(self, value: float, axis: str) -> float:
-        """A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from OpenGL units to fields. A Point2d gives a Point2d, a Point3d and all that it is made from a Point3d; vectors fail."""
+        """A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from OpenGL units to fields. A Point2d gives a Point2d; a Point3d, a list of numbers and points, or a number gives a Point3d. Vectors and other objects fail."""
         ...
     @overload
     def to_field(self, point: Point2d) -> Point2d:
-        """A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from OpenGL units to fields. A Point2d gives a Point2d, a Point3d and all that it is made from a Point3d; vectors fail."""
+        """A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from OpenGL units to fields. A Point2d gives a Point2d; a Point3d, a list of numbers and points, or a number gives a Point3d. Vectors and other objects fail."""
         ...
     @overload
-    def to_field(self, point: Point3d | Matrix | Node | Node_Coordinates | ColumnValue | Sequence[object] | float) -> Point3d:
-        """A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from OpenGL units to fields. A Point2d gives a Point2d, a Point3d and all that it is made from a Point3d; vectors fail."""
+    def to_field(self, point: Point3d | Sequence[object] | float) -> Point3d:
+        """A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from OpenGL units to fields. A Point2d gives a Point2d; a Point3d, a list of numbers and points, or a number gives a Point3d. Vectors and other objects fail."""
         ...
     @overload
     def to_ogl(self, value: float, axis: str) -> float:
-        """A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from fields to OpenGL units. A Point2d gives a Point2d, a Point3d and all that it is made from a Point3d; vectors fail."""
+        """A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from fields to OpenGL units. A Point2d gives a Point2d; a Point3d, a list of numbers and points, or a number gives a Point3d. Vectors and other objects fail."""
         ...
     @overload
     def to_ogl(self, point: Point2d) -> Point2d:
-        """A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from fields to OpenGL units. A Point2d gives a Point2d, a Point3d and all that it is made from a Point3d; vectors fail."""
+        """A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from fields to OpenGL units. A Point2d gives a Point2d; a Point3d, a list of numbers and points, or a number gives a Point3d. Vectors and other objects fail."""
         ...
     @overload
-    def to_ogl(self, point: Point3d | Matrix | Node | Node_Coordinates | ColumnValue | Sequence[object] | float) -> Point3d:
-        """A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from fields to OpenGL units. A Point2d gives a Point2d, a Point3d and all that it is made from a Point3d; vectors fail."""
+    def to_ogl(self, point: Point3d | Sequence[object] | float) -> Point3d:
+        """A point, or the coordinate of an axis "x", "y" or "z" in any case of letters, from fields to OpenGL units. A Point2d gives a Point2d; a Point3d, a list of numbers and points, or a number gives a Point3d. Vectors and other objects fail."""
         ...
 
 
