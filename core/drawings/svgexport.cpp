@@ -243,7 +243,8 @@ private:
         if (!entry || entry->Size() == 0)
             return {QStringLiteral("#000000"), 1};
         if (entry->GetColorType() != CM_Color::kSolid)
-            note(QStringLiteral("Of a line's gradient \"%1\", the first colour counts.").arg(entry->GetColorName()));
+            note(QStringLiteral("A line takes the first colour of the gradient \"%1\" alone.")
+                     .arg(entry->GetColorName()));
         return plainFillOf(*entry);
     }
 
@@ -261,7 +262,7 @@ private:
         if (!entry)
             note(QStringLiteral("The colour %1, which no palette has, is black.").arg(id.AsString()));
         else if (CM_CastToTexture(entry))
-            note(QStringLiteral("What is painted with the texture \"%1\" is black.").arg(entry->GetColorName()));
+            note(QStringLiteral("The texture \"%1\" becomes black.").arg(entry->GetColorName()));
         return CM_CastToColor(entry);
     }
 
