@@ -61,15 +61,19 @@ QString ColorSpaceManager::configurationFile() const
 std::shared_ptr<const ColourConfiguration> ColorSpaceManager::configuration() const
 {
     const QString file = configurationFile();
-    const QDateTime time = file.isEmpty() ? QDateTime() : QFileInfo(file).lastModified();
+    const QFileInfo info(file);
+    const QDateTime time = file.isEmpty() ? QDateTime() : info.lastModified();
+    // The clock of a file may stand still between two writes; then mostly the size tells.
+    const qint64 size = file.isEmpty() ? 0 : info.size();
     const std::lock_guard lock(m_mutex);
-    if (m_isLoaded && m_loadedFile == file && m_loadedTime == time)
+    if (m_isLoaded && m_loadedFile == file && m_loadedTime == time && m_loadedSize == size)
         return m_loaded;
     QString error;
     const RenderLibrary* library = RenderLibrary::find(error);
     m_loaded = library ? library->configuration(file, error) : nullptr;
     m_loadedFile = file;
     m_loadedTime = time;
+    m_loadedSize = size;
     m_isLoaded = true;
     if (!m_loaded)
         MSG_Scope(error, MSG_Scope::kError);

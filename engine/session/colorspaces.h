@@ -36,6 +36,7 @@ private:
     mutable std::shared_ptr<const ColourConfiguration> m_loaded; ///< Null where it can't be read.
     mutable QString m_loadedFile;
     mutable QDateTime m_loadedTime;
+    mutable qint64 m_loadedSize = 0;
     mutable bool m_isLoaded = false;
 };
 
