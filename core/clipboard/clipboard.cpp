@@ -8,6 +8,7 @@
 #include "core/columns/columnlist.h"
 #include "core/frame/found.h"
 #include "core/frame/global.h"
+#include "core/frame/optionfields.h"
 #include "core/frame/undo.h"
 #include "core/host/dd_clipboard.h"
 #include "core/host/mo_node.h"
@@ -38,17 +39,10 @@ Frames settled(Frames frames, const TUScene& scene)
             frames.count == 0 ? scene.getNumberOfFrames() : frames.count};
 }
 
-/// The options of class T in a handle; null where it is empty. Another object fails with the sentence.
-template <typename T, typename Sentence>
-T* optionsIn(const Obj& handle, const Sentence& otherClass)
-{
-    return handle.get() ? &found(objectIn<T>(handle), otherClass) : nullptr;
-}
-
 /// The options of a copy. Required: without any, no files go along, unlike with options that nobody changed.
 CopyOptions copyOptions(const Obj& handle)
 {
-    if (const auto* options = optionsIn<CopyOptions>(
+    if (const auto* options = options::in<CopyOptions>(
             handle, [] { return Clipboard::tr("Invalid Copy_Options object provided in options argument."); }))
         return *options;
     CopyOptions none;
@@ -316,7 +310,7 @@ void Clipboard::pasteActionTemplate(const QString& path, int frame, const QVaria
     const DD_DropMode mode = dropMode(read, scene, nullptr, path);
     if (targets.empty() && !makesColumns(read))
         throw Exception(tr("Invalid column specified."));
-    const auto* action = optionsIn<PasteActionOptions>(
+    const auto* action = options::in<PasteActionOptions>(
         actionOptions, [] { return tr("Invalid Paste_Action_Options object provided in options argument."); });
     const CompositionOptions composition = action
                                                ? CompositionOptions(action->groups, action->effects, action->composites)

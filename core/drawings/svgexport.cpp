@@ -229,33 +229,33 @@ private:
         if (colour.HasTexture())
             note(QStringLiteral("Textures of areas are left out."));
         const std::shared_ptr<CM_Color> entry = entryOf(colour.GetColorID());
-        if (!entry || entry->Size() == 0)
-            return {QStringLiteral("#000000"), 1};
-        if (entry->GetColorType() != CM_Color::kSolid)
+        if (entry && entry->GetColorType() != CM_Color::kSolid)
             return {QStringLiteral("url(#%1)").arg(writeGradient(*entry, colour.GetMatrix())), 1};
-        return plainFillOf(*entry);
+        return plainFillOf(entry);
     }
 
     /// SVG has no gradient that follows a line, so a line takes the gradient's first colour.
     Fill lineFillOf(const CM_ColorId_t& id)
     {
         const std::shared_ptr<CM_Color> entry = entryOf(id);
-        if (!entry || entry->Size() == 0)
-            return {QStringLiteral("#000000"), 1};
-        if (entry->GetColorType() != CM_Color::kSolid)
+        if (entry && entry->GetColorType() != CM_Color::kSolid)
             note(QStringLiteral("A line takes the first colour of the gradient \"%1\" alone.")
                      .arg(entry->GetColorName()));
-        return plainFillOf(*entry);
+        return plainFillOf(entry);
     }
 
-    static Fill plainFillOf(const CM_Color& colour)
+    /// Black for no colour.
+    static Fill plainFillOf(const std::shared_ptr<CM_Color>& colour)
     {
-        const CM_Rgba rgba = colour.GetColorMarker(0).rgba;
+        if (!colour)
+            return {QStringLiteral("#000000"), 1};
+        const CM_Rgba rgba = colour->GetColorMarker(0).rgba;
         return {nameOf(rgba), rgba.alpha() / 255.0};
     }
 
     static QString nameOf(const CM_Rgba& rgba) { return QColor(rgba.red(), rgba.green(), rgba.blue()).name(); }
 
+    /// The colour of an identity; null where it can't be told in SVG.
     std::shared_ptr<CM_Color> entryOf(const CM_ColorId_t& id)
     {
         const CM_Palette::Entry entry = CM_PaletteManager::GetInstance()->GetColor(id);
@@ -263,7 +263,8 @@ private:
             note(QStringLiteral("The colour %1, which no palette has, is black.").arg(id.AsString()));
         else if (CM_CastToTexture(entry))
             note(QStringLiteral("The texture \"%1\" becomes black.").arg(entry->GetColorName()));
-        return CM_CastToColor(entry);
+        const std::shared_ptr<CM_Color> colour = CM_CastToColor(entry);
+        return colour && colour->Size() > 0 ? colour : nullptr;
     }
 
     /// Gives the gradient's name in the file.

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "core/frame/baseobject.h"
+#include "core/frame/found.h"
+#include "core/frame/obj.h"
 
 #include <QMap>
 #include <QString>
@@ -9,6 +10,7 @@
 
 #include <span>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
 /// The forms that all objects of options share: they are read from a dictionary or from a positional text, and print
@@ -44,14 +46,18 @@ inline QString word(const QString& text)
 template <typename Options, typename Flag, typename Number, typename Text>
 void set(Options& options, const Field<Options>& field, Flag flag, Number number, Text text)
 {
-    if (const auto* asFlag = std::get_if<bool Options::*>(&field.member))
-        options.*(*asFlag) = flag();
-    else if (const auto* asNumber = std::get_if<int Options::*>(&field.member))
-        options.*(*asNumber) = number();
-    else if (const auto* asText = std::get_if<QString Options::*>(&field.member))
-        options.*(*asText) = text();
-    else
-        (options.*std::get<void (Options::*)(const QString&)>(field.member))(text());
+    std::visit(
+        [&](auto member) {
+            if constexpr (std::is_same_v<decltype(member), bool Options::*>)
+                options.*member = flag();
+            else if constexpr (std::is_same_v<decltype(member), int Options::*>)
+                options.*member = number();
+            else if constexpr (std::is_same_v<decltype(member), QString Options::*>)
+                options.*member = text();
+            else
+                (options.*member)(text());
+        },
+        field.member);
 }
 
 /// Writes the fields that a value tells: a dictionary by its keys in any case of letters, whose unknown keys are passed
@@ -83,20 +89,28 @@ void read(Options& options, const QVariant& value, std::span<const Field<Options
     }
 }
 
+/// Calls a function with each field that has no setter, and with its value.
+template <typename Options, typename Function>
+void forEachValue(const Options& options, std::span<const Field<Options>> fields, Function function)
+{
+    for (const Field<Options>& field : fields) {
+        std::visit(
+            [&](auto member) {
+                if constexpr (std::is_member_object_pointer_v<decltype(member)>)
+                    function(field, options.*member);
+            },
+            field.member);
+    }
+}
+
 /// The fields without a setter, by their keys.
 template <typename Options>
 QVariantMap values(const Options& options, std::span<const Field<Options>> fields)
 {
     QVariantMap told;
-    for (const Field<Options>& field : fields) {
-        const QString key = QString::fromLatin1(field.key.data(), static_cast<qsizetype>(field.key.size()));
-        if (const auto* flag = std::get_if<bool Options::*>(&field.member))
-            told.insert(key, options.*(*flag));
-        else if (const auto* number = std::get_if<int Options::*>(&field.member))
-            told.insert(key, options.*(*number));
-        else if (const auto* text = std::get_if<QString Options::*>(&field.member))
-            told.insert(key, options.*(*text));
-    }
+    forEachValue(options, fields, [&told](const Field<Options>& field, const auto& value) {
+        told.insert(QString::fromLatin1(field.key.data(), static_cast<qsizetype>(field.key.size())), value);
+    });
     return told;
 }
 
@@ -105,15 +119,15 @@ template <typename Options>
 std::string text(const char* name, const Options& options, std::span<const Field<Options>> fields)
 {
     QStringList words;
-    for (const Field<Options>& field : fields) {
-        if (const auto* flag = std::get_if<bool Options::*>(&field.member))
-            words.append(word(options.*(*flag)));
-        else if (const auto* number = std::get_if<int Options::*>(&field.member))
-            words.append(word(options.*(*number)));
-        else if (const auto* text = std::get_if<QString Options::*>(&field.member))
-            words.append(word(options.*(*text)));
-    }
+    forEachValue(options, fields, [&words](const Field<Options>&, const auto& value) { words.append(word(value)); });
     return QStringLiteral("%1([%2])").arg(QLatin1String(name), words.join(u',')).toStdString();
+}
+
+/// The options of a class in a handle; null where it is empty. Another object fails with the sentence (see found.h).
+template <typename Options, typename Sentence>
+Options* in(const Obj& handle, const Sentence& otherClass)
+{
+    return handle.get() ? &found(objectIn<Options>(handle), otherClass) : nullptr;
 }
 
 } // namespace OMC::options

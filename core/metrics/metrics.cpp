@@ -3,6 +3,7 @@
 #include "core/frame/exception.h"
 #include "core/frame/found.h"
 #include "core/frame/global.h"
+#include "core/frame/optionfields.h"
 #include "core/host/lay_view.h"
 #include "core/host/mo_node.h"
 #include "core/host/msg_scope.h"
@@ -21,7 +22,6 @@
 #include "core/metrics/performancereport.h"
 #include "core/metrics/playbackoptions.h"
 #include "core/metrics/reportoptions.h"
-#include "core/nodes/nodelist.h"
 
 #include <QCursor>
 #include <QDateTime>
@@ -65,13 +65,6 @@ TUScene* sceneOf(const PLUG_StageInterface* stage)
 PLUG_PlaybackController* controllerOf(const PLUG_StageInterface* stage)
 {
     return stage ? stage->playbackController() : nullptr;
-}
-
-/// The options of class T in a handle; null where it is empty. Another object fails with the sentence.
-template <typename T, typename Sentence>
-const T* optionsIn(const Obj& handle, const Sentence& otherClass)
-{
-    return handle.get() ? &found(objectIn<const T>(handle), otherClass) : nullptr;
 }
 
 void logLocked(const QString& text)
@@ -212,7 +205,7 @@ QList<QString> Metrics::generateNodeVisitData(const Obj& options)
     const PLUG_CurrentFrameInterface* frames = PLUG_Services::getCurrentFrameInterface();
     d->topCount = 10;
     d->startFrame = frames ? frames->currentFrame(scene.sceneCommon()) : 1;
-    if (const auto* visit = optionsIn<NodeVisitOptions>(
+    if (const auto* visit = options::in<const NodeVisitOptions>(
             options, [] { return QStringLiteral("Invalid NodeVisit_Options object provided in options argument."); })) {
         d->topCount = visit->topCount;
         if (visit->frame != 0)
@@ -245,7 +238,7 @@ void Metrics::calculateNodeVisit()
     Figures<double> compute;
     Figures<double> render;
     std::vector<MO_Node*> nodes;
-    NodeList(scene, false).nodesFromQVariant(QVariant::fromValue(Obj(new NodeList(scene, false))), nodes);
+    scene->getRootGroup()->getRecursiveSubNodeList(nodes);
     for (const MO_Node* node : nodes) {
         const std::shared_ptr<TIR_PerformanceTimer> timer = node->performanceTimer();
         if (!timer || timer->count() == 0)
@@ -283,7 +276,7 @@ QList<QString> Metrics::generatePlaybackRenderingTime(const Obj& options)
     d->stopFrame = d->originalStop = d->playback->stopFrame();
     d->loopsLeft = 1;
     bool keepsPictures = PR_CachedPreferences::getOpenGLEnablePlaybackCache();
-    if (const auto* chosen = optionsIn<PlaybackOptions>(
+    if (const auto* chosen = options::in<const PlaybackOptions>(
             options, [] { return QStringLiteral("Invalid Playback_Options object provided in options argument."); })) {
         if (chosen->frameStart != 0)
             d->startFrame = chosen->frameStart;
@@ -400,7 +393,7 @@ void Metrics::generatePerformanceReport(const Obj& options)
     int topCount = 5;
     qint64 step = 10;
     bool keepsPictures = PR_CachedPreferences::getOpenGLEnablePlaybackCache();
-    if (const auto* chosen = optionsIn<ReportOptions>(
+    if (const auto* chosen = options::in<const ReportOptions>(
             options, [] { return QStringLiteral("Invalid Report_Options object provided in options argument."); })) {
         const auto take = [](int chosenNumber, auto& number) {
             if (chosenNumber != 0)

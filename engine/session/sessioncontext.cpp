@@ -80,8 +80,7 @@ CO_CommandManager* SessionContext::commandManager() const
 
 TUSceneChangeManager* SessionContext::changeManager() const
 {
-    const SC_Project* project = m_projects.project();
-    const auto* scene = project ? dynamic_cast<TUScene*>(project->sceneAt(0)) : nullptr;
+    const TUScene* scene = m_stage.scene();
     return scene ? scene->changeManager() : nullptr;
 }
 

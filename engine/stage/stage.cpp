@@ -12,25 +12,6 @@
 
 namespace brindle::engine {
 
-namespace {
-
-void resetTimers(Group& group)
-{
-    std::vector<Group*> open{&group};
-    while (!open.empty()) {
-        const Group& next = *open.back();
-        open.pop_back();
-        for (std::size_t place = 0; place < next.subNodes().size(); ++place) {
-            const Node& node = next.subNodes().at(place);
-            node.resetPerformanceTimer();
-            if (Group* inside = node.asGroup())
-                open.push_back(inside);
-        }
-    }
-}
-
-} // namespace
-
 TUScene* Stage::scene() const
 {
     const SC_ProjectManager* projects = m_session.projectManager();
@@ -112,7 +93,7 @@ QImage Stage::draw(Scene& scene, int frame, const QSize& size, QString& error)
             return {};
         m_renderer->setMeasuring(true);
     }
-    resetTimers(scene.graph().root());
+    forEachFrom(scene.graph().root(), [](const Node& node) { node.resetPerformanceTimer(); });
     QElapsedTimer clock;
     clock.start();
     const std::unique_ptr<CEL_RenderJob> job = m_renderer->prepare(display, frame, size, error);
