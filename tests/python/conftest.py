@@ -13,6 +13,7 @@ import hypothesis
 import hypothesis.configuration
 import pytest
 
+import drawings
 import support
 
 # Hypothesis writes its database outside the source tree.
@@ -118,6 +119,43 @@ def square(stage):
     import pictures
 
     return stage.shape("Square", pictures.rectangle(10, 10, 30, 30), 255, 0, 0, 255)
+
+
+@pytest.fixture
+def drawing(app):
+    """An empty drawing."""
+    return drawings.new_drawing(app)
+
+
+@pytest.fixture
+def art(drawing):
+    """Its art layer of lines."""
+    return drawing["line"]
+
+
+@pytest.fixture
+def access(app):
+    """A way to edit. A test may leave its session open: the project's end ends it."""
+    return brindle.DrawingAccess()
+
+
+@pytest.fixture
+def session(access, art):
+    """The same, with a session on the art layer of lines."""
+    access.vector_begin_operations(art)
+    return access
+
+
+@pytest.fixture
+def layer(session):
+    """A layer of strokes that the session has made."""
+    return session.vector_layer_create("PEN_LAYER")
+
+
+@pytest.fixture
+def stroke(session, layer):
+    """A square in it."""
+    return session.stroke_create(drawings.square(), layer, drawings.thick(), "LEFT", drawings.GREEN)
 
 
 @pytest.fixture

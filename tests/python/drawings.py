@@ -8,7 +8,14 @@ NO_ACCESS = "There is no active drawing access."
 OTHER_DRAWING = "A different drawing is already being modified."
 UNEXPECTED = "An unexpected error has occurred."
 OUT_OF_RANGE = "Index is out of range."
+NO_ART = "Unexpected argument - a valid art-layer was not provided."
+NO_TARGET = "Invalid target layer or stroke specified."
+NO_LAYER = "Invalid target layer specified."
+NO_STROKE = "Invalid stroke specified."
+NO_PATH = "Invalid bezier path specified."
 RED, GREEN = "00000000000000aa", "00000000000000bb"
+# What is no drawing, layer or stroke.
+NOTHING = (None, 7, "x", [], {}, [None], brindle.Point2d())
 
 
 def invalid(index):
@@ -21,6 +28,12 @@ def new_drawing(app, name="1"):
     drawing = element.drawings.create(name).initialize()
     app.project.history.clear()
     return drawing
+
+
+def end(access, history):
+    """Ends the session; gives the labels of the undo list."""
+    access.vector_end_operations()
+    return history.list()
 
 
 def line(*points):

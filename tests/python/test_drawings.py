@@ -1,28 +1,14 @@
 """Drawings, their art layers and layers, as scripts read them and as lists are changed."""
 
-import re
 import threading
 
 import brindle
 import pytest
 
 import support
-from drawings import (GREEN, OTHER_DRAWING, OUT_OF_RANGE, RED, STEP, UNEXPECTED, box, content, invalid, line, new_drawing,
+from drawings import (GREEN, OTHER_DRAWING, OUT_OF_RANGE, STEP, box, content, invalid, line, new_drawing,
                       square, thick)
-
-
-@pytest.fixture
-def drawing(app):
-    return new_drawing(app)
-
-
-@pytest.fixture
-def art(drawing):
-    return drawing["line"]
-
-
-def fails(sentence):
-    return pytest.raises(brindle.Error, match="^" + re.escape(sentence) + "$")
+from failures import fails
 
 
 def labels(history):

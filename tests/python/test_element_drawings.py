@@ -1,10 +1,10 @@
 """Drawings of an element: made, renamed, versioned, copied, imported, removed; and their files, which follow a save."""
 
-import re
 
 import brindle
 import pytest
 
+from failures import fails
 from support import png
 
 
@@ -27,10 +27,6 @@ def element(app):
 @pytest.fixture
 def drawings(element):
     return element.drawings
-
-
-def fails(sentence):
-    return pytest.raises(brindle.Error, match="^" + re.escape(sentence) + "$")
 
 
 def files(folder):

@@ -1,9 +1,10 @@
 """Elements of a project: made, changed, duplicated, removed, and what a script hears of what can't be."""
 
-import re
 
 import brindle
 import pytest
+
+from failures import fails
 
 FORMATS = "Failed to find a valid file format. \n Valid formats: PNG, JPEG, TIFF, TGA, BMP, EXR "
 SCAN_TYPES = "Only accepted scan-types are : COLOR, GRAY_SCALE, BW"
@@ -26,10 +27,6 @@ def undo(app):
 
 def redo(app):
     app.project.history.redo(1)
-
-
-def fails(sentence):
-    return pytest.raises(brindle.Error, match="^" + re.escape(sentence) + "$")
 
 
 def test_a_new_project_has_no_elements(elements):
